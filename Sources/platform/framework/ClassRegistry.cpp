@@ -1,0 +1,35 @@
+#include "platform/framework/ClassRegistry.h"
+
+#include <string>
+#include <unordered_map>
+
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/TObject.h"
+#include "texts/ZyLocalize.h"
+
+namespace zy {
+namespace {
+
+std::unordered_map<std::string_view, const TClassInfo*>& Registry() {
+  static std::unordered_map<std::string_view, const TClassInfo*> Classes;
+  return Classes;
+}
+
+}  // namespace
+
+bool RegisterClass(const TClassInfo& Info) {
+  Registry()[Info.Name()] = &Info;
+  return true;
+}
+
+const TClassInfo* GetClass(std::string_view ClassName) {
+  const auto Found = Registry().find(ClassName);
+  return Found == Registry().end() ? nullptr : Found->second;
+}
+
+const TClassInfo& FindClass(std::string_view ClassName) {
+  if (const TClassInfo* Info = GetClass(ClassName)) return *Info;
+  throw EClassNotFound(Format(LoadResString(_sClassNotFound), {ClassName}));
+}
+
+}  // namespace zy

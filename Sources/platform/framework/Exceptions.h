@@ -1,0 +1,98 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace zy {
+
+/// Base of every exception that the library throws. Texts are those of the text table, filled with what and where.
+class Exception : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// An operation that the object cannot carry out in its present state.
+class EInvalidOperation : public Exception {
+ public:
+  using Exception::Exception;
+};
+
+/// An index or a value outside its range.
+class ERangeError : public Exception {
+ public:
+  using Exception::Exception;
+};
+
+/// A calculation without a result.
+class EMathError : public Exception {
+ public:
+  using Exception::Exception;
+};
+
+/// A counter that left its range.
+class EOverflow : public EMathError {
+ public:
+  using EMathError::EMathError;
+};
+
+/// A text or a value that cannot be converted to what is asked for.
+class EConvertError : public Exception {
+ public:
+  using Exception::Exception;
+};
+
+/// A failure that comes from outside the library's own rules, such as a write to a read-only vector.
+class EExternal : public Exception {
+ public:
+  using Exception::Exception;
+};
+
+/// A duplicate or malformed component name.
+class EComponentError : public Exception {
+ public:
+  using Exception::Exception;
+};
+
+/// Anything that goes wrong with a stream.
+class EStreamError : public Exception {
+ public:
+  using Exception::Exception;
+};
+
+/// A file that cannot be opened or created.
+class EFileError : public EStreamError {
+ public:
+  using EStreamError::EStreamError;
+};
+
+/// Component streaming: a property that does not exist and the like.
+class EFilerError : public EStreamError {
+ public:
+  using EStreamError::EStreamError;
+};
+
+/// Component streaming: malformed, truncated or mistyped input.
+class EReadError : public EFilerError {
+ public:
+  using EFilerError::EFilerError;
+};
+
+/// Component streaming: a class name that is not registered.
+class EClassNotFound : public EFilerError {
+ public:
+  using EFilerError::EFilerError;
+};
+
+/// A malformed key-value file.
+class EIniFileError : public Exception {
+ public:
+  using Exception::Exception;
+};
+
+/// A malformed XML text, or a node or attribute that is taken to be there and is not.
+class EXMLError : public Exception {
+ public:
+  using Exception::Exception;
+};
+
+}  // namespace zy

@@ -1,0 +1,196 @@
+#include "platform/framework/Reflection.h"
+
+#include <algorithm>
+
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/NumberText.h"
+#include "texts/ZyLocalize.h"
+
+namespace zy {
+
+namespace detail {
+
+void OrdinalOutOfRange(const char* PropName, std::int64_t Value) {
+  throw ERangeError(Format(LoadResString(_sPropOutOfRange), {Value, PropName}));
+}
+
+void WrongObject(const char* PropName, const TPersistent* Value) {
+  throw EConvertError(
+      Format(LoadResString(_sPropWrongObject), {PropName, Value == nullptr ? "nil" : Value->ClassName()}));
+}
+
+}  // namespace detail
+
+bool TPropInfo::IsDefault(const TObject& Instance) const {
+  if (!HasDefault()) return false;
+  if (GetOrd != nullptr) return GetOrd(Instance) == FDefault.AsInteger();
+  if (GetFloat != nullptr) return GetFloat(Instance) == FDefault.AsReal();
+  if (GetStr != nullptr) return GetStr(Instance) == FDefault.AsText();
+  return GetVariant != nullptr && GetVariant(Instance) == FDefault;
+}
+
+TPropInfo TPropInfo::NotStored() && {
+  FStored = [](const TObject&) { return false; };
+  return std::move(*this);
+}
+
+namespace {
+
+[[noreturn]] void WrongKind(const TObject& Instance, const TPropInfo& Info, std::string_view Wanted) {
+  throw EConvertError(Format(LoadResString(_sPropWrongKind), {Instance.ClassName(), Info.Name, Wanted}));
+}
+
+/// The row, when it has the accessor that the typed form needs.
+template <class TAccessor>
+const TPropInfo& Typed(const TObject& Instance, std::string_view PropName, TAccessor TPropInfo::*Accessor,
+                       std::string_view Wanted) {
+  const TPropInfo& Info = FindPropInfo(Instance, PropName);
+  if (Info.*Accessor == nullptr) WrongKind(Instance, Info, Wanted);
+  return Info;
+}
+
+std::size_t IndexOfName(const TPropInfo& Info, std::string_view Name) {
+  const auto& Names = Info.Values->Values;
+  return static_cast<std::size_t>(std::find(Names.begin(), Names.end(), Name) - Names.begin());
+}
+
+std::int64_t OrdinalOfNames(const TPropInfo& Info, std::string_view Names) {
+  std::int64_t Bits = 0;
+  std::string_view Rest = Names.substr(1, Names.size() - 2);
+  while (!Rest.empty()) {
+    const std::string_view Name = Rest.substr(0, Rest.find(','));
+    const std::size_t Index = IndexOfName(Info, Name);
+    if (Index == Info.Values->Values.size())
+      throw EConvertError(Format(LoadResString(_sPropUnknownValue), {Name, Info.Name}));
+    Bits |= std::int64_t{1} << Index;
+    Rest.remove_prefix(std::min(Rest.size(), Name.size() + 1));
+  }
+  return Bits;
+}
+
+}  // namespace
+
+const TPropInfo& FindPropInfo(const TObject& Instance, std::string_view PropName) {
+  if (const TPropInfo* Info = GetPropInfo(Instance, PropName)) return *Info;
+  throw EFilerError(Format(LoadResString(_sPropNotFound), {PropName}));
+}
+
+std::int64_t OrdinalFromText(const TPropInfo& Info, std::string_view Text) {
+  if (Info.Kind == TPropKind::Set && Text.size() >= 2 && Text.front() == '[' && Text.back() == ']')
+    return OrdinalOfNames(Info, Text);
+  if (Info.Kind == TPropKind::Enumeration) {
+    const std::size_t Index = IndexOfName(Info, Text);
+    if (Index < Info.Values->Values.size()) return static_cast<std::int64_t>(Index);
+  }
+  return StrToInt(Text);
+}
+
+TVariant GetPropValue(const TObject& Instance, std::string_view PropName) {
+  const TPropInfo& Info = FindPropInfo(Instance, PropName);
+  if (Info.GetOrd != nullptr) {
+    const std::int64_t Ordinal = Info.GetOrd(Instance);
+    if (Info.Values == &EnumInfo(bool{})) return Ordinal != 0;
+    return static_cast<long long>(Ordinal);
+  }
+  if (Info.GetFloat != nullptr) return Info.GetFloat(Instance);
+  if (Info.GetStr != nullptr) return Info.GetStr(Instance);
+  if (Info.GetVariant != nullptr) return Info.GetVariant(Instance);
+  WrongKind(Instance, Info, "value");
+}
+
+void SetPropValue(TObject& Instance, std::string_view PropName, const TVariant& Value) {
+  const TPropInfo& Info = FindPropInfo(Instance, PropName);
+  if (Info.SetOrd != nullptr) {
+    Info.SetOrd(Instance, Value.IsText() ? OrdinalFromText(Info, Value.AsText()) : Value.AsInteger());
+  } else if (Info.SetFloat != nullptr) {
+    Info.SetFloat(Instance, Value.AsReal());
+  } else if (Info.SetStr != nullptr) {
+    Info.SetStr(Instance, Value.AsText());
+  } else if (Info.SetVariant != nullptr) {
+    Info.SetVariant(Instance, Value);
+  } else {
+    WrongKind(Instance, Info, "value");
+  }
+}
+
+std::int64_t GetOrdProp(const TObject& Instance, std::string_view PropName) {
+  return Typed(Instance, PropName, &TPropInfo::GetOrd, "ordinal").GetOrd(Instance);
+}
+
+void SetOrdProp(TObject& Instance, std::string_view PropName, std::int64_t Value) {
+  Typed(Instance, PropName, &TPropInfo::SetOrd, "ordinal").SetOrd(Instance, Value);
+}
+
+std::int64_t GetInt64Prop(const TObject& Instance, std::string_view PropName) { return GetOrdProp(Instance, PropName); }
+
+void SetInt64Prop(TObject& Instance, std::string_view PropName, std::int64_t Value) {
+  SetOrdProp(Instance, PropName, Value);
+}
+
+double GetFloatProp(const TObject& Instance, std::string_view PropName) {
+  return Typed(Instance, PropName, &TPropInfo::GetFloat, "real").GetFloat(Instance);
+}
+
+void SetFloatProp(TObject& Instance, std::string_view PropName, double Value) {
+  Typed(Instance, PropName, &TPropInfo::SetFloat, "real").SetFloat(Instance, Value);
+}
+
+std::string GetStrProp(const TObject& Instance, std::string_view PropName) {
+  return Typed(Instance, PropName, &TPropInfo::GetStr, "text").GetStr(Instance);
+}
+
+void SetStrProp(TObject& Instance, std::string_view PropName, const std::string& Value) {
+  Typed(Instance, PropName, &TPropInfo::SetStr, "text").SetStr(Instance, Value);
+}
+
+TPersistent* GetObjectProp(TObject& Instance, std::string_view PropName) {
+  return Typed(Instance, PropName, &TPropInfo::GetObject, "object").GetObject(Instance);
+}
+
+void SetObjectProp(TObject& Instance, std::string_view PropName, TPersistent* Value) {
+  Typed(Instance, PropName, &TPropInfo::SetObject, "object").SetObject(Instance, Value);
+}
+
+TVariant GetVariantProp(const TObject& Instance, std::string_view PropName) {
+  return Typed(Instance, PropName, &TPropInfo::GetVariant, "variant").GetVariant(Instance);
+}
+
+void SetVariantProp(TObject& Instance, std::string_view PropName, const TVariant& Value) {
+  Typed(Instance, PropName, &TPropInfo::SetVariant, "variant").SetVariant(Instance, Value);
+}
+
+std::string_view GetEnumProp(const TObject& Instance, std::string_view PropName) {
+  const TPropInfo& Info = FindPropInfo(Instance, PropName);
+  if (Info.Kind != TPropKind::Enumeration) WrongKind(Instance, Info, "enumeration");
+  return Info.Values->Values[static_cast<std::size_t>(Info.GetOrd(Instance))];
+}
+
+void SetEnumProp(TObject& Instance, std::string_view PropName, std::string_view ValueName) {
+  const TPropInfo& Info = FindPropInfo(Instance, PropName);
+  if (Info.Kind != TPropKind::Enumeration) WrongKind(Instance, Info, "enumeration");
+  const std::size_t Index = IndexOfName(Info, ValueName);
+  if (Index == Info.Values->Values.size())
+    throw EConvertError(Format(LoadResString(_sPropUnknownValue), {ValueName, Info.Name}));
+  Info.SetOrd(Instance, static_cast<std::int64_t>(Index));
+}
+
+std::string GetSetProp(const TObject& Instance, std::string_view PropName) {
+  const TPropInfo& Info = FindPropInfo(Instance, PropName);
+  if (Info.Kind != TPropKind::Set) WrongKind(Instance, Info, "set");
+  const std::int64_t Bits = Info.GetOrd(Instance);
+  std::string Text = "[";
+  for (std::size_t Index = 0; Index < Info.Values->Values.size(); ++Index) {
+    if ((Bits >> Index & 1) == 0) continue;
+    if (Text.size() > 1) Text += ',';
+    Text += Info.Values->Values[Index];
+  }
+  return Text + ']';
+}
+
+void SetSetProp(TObject& Instance, std::string_view PropName, std::string_view ValueNames) {
+  const TPropInfo& Info = FindPropInfo(Instance, PropName);
+  if (Info.Kind != TPropKind::Set) WrongKind(Instance, Info, "set");
+  Info.SetOrd(Instance, OrdinalFromText(Info, ValueNames));
+}
+
+}  // namespace zy

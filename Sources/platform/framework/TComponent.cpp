@@ -1,0 +1,168 @@
+#include "platform/framework/TComponent.h"
+
+#include <algorithm>
+
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/TPropInfo.h"
+#include "platform/framework/TRef.h"
+#include "texts/ZyLocalize.h"
+
+namespace zy {
+namespace {
+
+bool IsIdentifier(std::string_view Text) {
+  const auto IsLetter = [](char C) { return (C >= 'a' && C <= 'z') || (C >= 'A' && C <= 'Z') || C == '_'; };
+  const auto IsDigit = [](char C) { return C >= '0' && C <= '9'; };
+  return !Text.empty() && IsLetter(Text.front()) &&
+         std::all_of(Text.begin(), Text.end(), [&](char C) { return IsLetter(C) || IsDigit(C); });
+}
+
+/// Removes the last entry equal to Value; lists of components shrink from their end as a rule.
+template <class T>
+void EraseLast(std::vector<T*>& List, const T* Value) {
+  const auto Place = std::find(List.rbegin(), List.rend(), Value);
+  if (Place != List.rend()) List.erase(std::next(Place).base());
+}
+
+}  // namespace
+
+ZY_PUBLISHED(TComponent, TPersistent, Published<&TComponent::Name, &TComponent::SetName>("Name").NotStored())
+
+TComponent::TComponent(TComponent* Owner) {
+  if (Owner != nullptr) Owner->InsertComponent(this);
+}
+
+TComponent::~TComponent() {
+  Destroying();
+  DestroyComponents();
+  // References and notices that were set up after the announcement.
+  while (!FRefs.empty()) FRefs.back()->Point(nullptr);
+  for (const TNotice& Notice : FNotices) Notice.Component->ReleaseNotice(this, true);
+  if (FOwner != nullptr) FOwner->RemoveComponent(this);
+}
+
+TComponent* TComponent::FindComponent(std::string_view ComponentName) const {
+  const auto Found = FNames.find(ComponentName);
+  return Found == FNames.end() ? nullptr : Found->second;
+}
+
+void TComponent::InsertComponent(TComponent* Component) {
+  if (Component->FOwner == this) return;
+  TestName(Component, Component->FName);
+  if (Component->FOwner != nullptr) Component->FOwner->RemoveComponent(Component);
+  FComponents.push_back(Component);
+  if (!Component->FName.empty()) FNames.emplace(Component->FName, Component);
+  Component->FOwner = this;
+  if (FDesigning) Component->SetDesigning(true);
+  Notification(Component, TOperation::Insert);
+}
+
+void TComponent::RemoveComponent(TComponent* Component) {
+  if (Component->FOwner != this) return;
+  if (!FDestroying) Notification(Component, TOperation::Remove);
+  FNames.erase(Component->FName);
+  EraseLast(FComponents, Component);
+  Component->FOwner = nullptr;
+}
+
+void TComponent::DestroyComponents() {
+  while (!FComponents.empty()) delete FComponents.back();
+}
+
+void TComponent::TestName(TComponent* Component, const std::string& NewName) const {
+  const TComponent* const Holder = FindComponent(NewName);
+  if (!NewName.empty() && Holder != nullptr && Holder != Component)
+    throw EComponentError(Format(LoadResString(_sDuplicateName), {NewName}));
+}
+
+void TComponent::SetName(const std::string& Value) { ChangeName(Value); }
+
+void TComponent::ChangeName(const std::string& Value) {
+  if (Value == FName) return;
+  if (!Value.empty() && !IsIdentifier(Value)) throw EComponentError(Format(LoadResString(_sInvalidName), {Value}));
+  if (FOwner != nullptr) {
+    FOwner->TestName(this, Value);
+    FOwner->FNames.erase(FName);
+  }
+  FName = Value;
+  if (FOwner != nullptr && !FName.empty()) FOwner->FNames.emplace(FName, this);
+}
+
+void TComponent::SetDesigning(bool Value) {
+  FDesigning = Value;
+  for (TComponent* Component : FComponents) Component->SetDesigning(Value);
+}
+
+void TComponent::FreeNotification(TComponent* AComponent) {
+  if (AComponent == nullptr || AComponent == this) return;
+  const auto Enter = [](TComponent* Who, TComponent* Other) {
+    const auto Same = [Other](const TNotice& Notice) { return Notice.Component == Other; };
+    const auto Known = std::find_if(Who->FNotices.begin(), Who->FNotices.end(), Same);
+    if (Known == Who->FNotices.end()) {
+      Who->FNotices.push_back({Other, 1});
+    } else {
+      ++Known->Count;
+    }
+  };
+  Enter(this, AComponent);
+  Enter(AComponent, this);
+}
+
+void TComponent::RemoveFreeNotification(TComponent* AComponent) {
+  if (AComponent == nullptr || AComponent == this) return;
+  ReleaseNotice(AComponent, false);
+  AComponent->ReleaseNotice(this, false);
+}
+
+void TComponent::ReleaseNotice(TComponent* AComponent, bool Entirely) {
+  const auto Same = [AComponent](const TNotice& Notice) { return Notice.Component == AComponent; };
+  const auto Known = std::find_if(FNotices.begin(), FNotices.end(), Same);
+  if (Known == FNotices.end()) return;
+  if (Entirely || --Known->Count == 0) FNotices.erase(Known);
+}
+
+void TComponent::Loaded() { FLoading = false; }
+
+void TComponent::MarkDestroying() {
+  FDestroying = true;
+  for (TComponent* Component : FComponents) Component->MarkDestroying();
+}
+
+void TComponent::Destroying() {
+  if (!FDestroying) MarkDestroying();
+  if (!FRemovalAnnounced) AnnounceRemoval();
+}
+
+void TComponent::AnnounceRemoval() {
+  FRemovalAnnounced = true;
+  while (!FRefs.empty()) {
+    TRefBase* const Ref = FRefs.back();
+    Ref->FHolder.Notification(this, TOperation::Remove);
+    if (!FRefs.empty() && FRefs.back() == Ref) Ref->Point(nullptr);
+  }
+  while (!FNotices.empty()) {
+    TComponent* const Partner = FNotices.back().Component;
+    FNotices.pop_back();
+    Partner->ReleaseNotice(this, true);
+    Partner->Notification(this, TOperation::Remove);
+  }
+}
+
+void TComponent::GetChildren(const std::function<void(TComponent*)>& Proc, TComponent* Root) {
+  if (Root != this) return;
+  for (TComponent* Component : FComponents)
+    if (!Component->HasParent() && !Component->IsSubComponent()) Proc(Component);
+}
+
+void TComponent::SetParentComponent(TComponent*) {}
+
+void TComponent::Notification(TComponent*, TOperation) {}
+
+void TRefBase::Point(TComponent* Target) {
+  if (Target == FTarget) return;
+  if (FTarget != nullptr) EraseLast(FTarget->FRefs, this);
+  FTarget = Target;
+  if (FTarget != nullptr) FTarget->FRefs.push_back(this);
+}
+
+}  // namespace zy

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/framework/TPersistent.h"
+
+namespace zy {
+
+class TReader;
+class TRefBase;
+
+/// What a notification tells of a component.
+enum class TOperation { Insert, Remove };
+
+/// An object with a name and an owner. The owner deletes what it owns, in reverse order of creation; everything else
+/// that points at a component does so through a TRef or after a FreeNotification, and so never dangles.
+///
+/// House rule: the destructor of every class that others can refer to calls Destroying() first, while the object is
+/// still whole.
+class TComponent : public TPersistent {
+  ZY_CLASS(TComponent, TPersistent)
+  /// Owner may be null; then whoever creates the component also deletes it.
+  explicit TComponent(TComponent* Owner = nullptr);
+  ~TComponent() override;
+
+  TComponent* Owner() const { return FOwner; }
+  /// What this component owns, in order of creation.
+  const std::vector<TComponent*>& Components() const { return FComponents; }
+  /// The owned component of exactly this name, null when there is none or Name is empty.
+  TComponent* FindComponent(std::string_view ComponentName) const;
+  /// Takes over Component from its present owner. Throws EComponentError when its name is taken here.
+  void InsertComponent(TComponent* Component);
+  /// Gives up Component, which then has no owner. Nothing when it is not owned here.
+  void RemoveComponent(TComponent* Component);
+  /// Deletes all owned components, the youngest first.
+  void DestroyComponents();
+
+  /// An identifier (letters, digits, underscore; no digit first), unique among what the owner owns, or empty.
+  const std::string& Name() const { return FName; }
+  /// Throws EComponentError for a text that is no identifier or that is taken.
+  virtual void SetName(const std::string& Value);
+
+  bool IsDesigning() const { return FDesigning; }
+  /// From the start of reading until Loaded.
+  bool IsLoading() const { return FLoading; }
+  /// While the component's own values are being read.
+  bool IsReading() const { return FReading; }
+  /// From Destroying on.
+  bool IsDestroying() const { return FDestroying; }
+  /// Marks this component and all that it owns as being designed, or not.
+  void SetDesigning(bool Value);
+
+  /// Marks a component that its owner creates and publishes as one of its properties. It is streamed inside its owner.
+  void SetSubComponent(bool Value) { FSubComponent = Value; }
+  bool IsSubComponent() const { return FSubComponent; }
+
+  /// Asks that AComponent hears of this component's death, and this one of AComponent's. Each call is undone by one
+  /// RemoveFreeNotification.
+  void FreeNotification(TComponent* AComponent);
+  void RemoveFreeNotification(TComponent* AComponent);
+
+  /// Runs once after the component and all references in it have been read.
+  virtual void Loaded();
+
+  /// Marks this component and all that it owns as dying, and tells everyone who asked for it. May be called again.
+  void Destroying();
+
+  /// Calls Proc for each component that is streamed inside this one. By default a root streams what it owns and what
+  /// has no parent of its own.
+  virtual void GetChildren(const std::function<void(TComponent*)>& Proc, TComponent* Root);
+  /// Whether the component lies in another one (a control in its parent) and is streamed there.
+  virtual bool HasParent() const { return false; }
+  /// Puts the component into a parent while a form is read. Nothing for a component without parents.
+  virtual void SetParentComponent(TComponent* Parent);
+
+ protected:
+  /// Hears of components that enter or leave the owned ones, and of the death of components that were asked for.
+  /// An override calls the inherited operation and clears its references through their setters.
+  virtual void Notification(TComponent* AComponent, TOperation Operation);
+  /// For SetName: stores a checked name.
+  void ChangeName(const std::string& Value);
+
+ private:
+  friend class TReader;
+  friend class TRefBase;
+  struct TNotice {
+    TComponent* Component;
+    int Count;
+  };
+
+  void MarkDestroying();
+  void AnnounceRemoval();
+  void ReleaseNotice(TComponent* AComponent, bool Entirely);
+  void TestName(TComponent* Component, const std::string& NewName) const;
+
+  TComponent* FOwner = nullptr;
+  std::string FName;
+  std::vector<TComponent*> FComponents;
+  std::unordered_map<std::string_view, TComponent*> FNames;  // keys are views of the components' own FName
+  std::vector<TNotice> FNotices;
+  std::vector<TRefBase*> FRefs;
+  bool FDesigning = false;
+  bool FLoading = false;
+  bool FReading = false;
+  bool FDestroying = false;
+  bool FRemovalAnnounced = false;
+  bool FSubComponent = false;
+};
+
+}  // namespace zy

@@ -1,0 +1,342 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "platform/framework/ClassRegistry.h"
+#include "platform/framework/EnumInfo.h"
+#include "platform/framework/TObject.h"
+#include "platform/framework/TPersistent.h"
+#include "platform/framework/TVariant.h"
+
+namespace zy {
+
+/// Kinds of published properties.
+enum class TPropKind {
+  Integer,      ///< whole number of up to 32 bits, colours included
+  Char,         ///< one character
+  Enumeration,  ///< ordinal with value names, booleans included
+  Set,          ///< bits of an enumeration's values
+  Float,        ///< single or double
+  String,       ///< UTF-8 text
+  Class,        ///< owned object, string list or component reference
+  Method,       ///< event; listed, but neither streamed nor logged
+  Int64,        ///< 64-bit whole number
+  DynArray,     ///< growing array
+  Variant       ///< TVariant
+};
+
+/// One published property of a class: its name and kind, how it is read and written, when it is stored.
+///
+/// Only the accessors of the property's own kind are set: ordinal ones for Integer, Char, Enumeration, Set and Int64;
+/// float, string, object; and variant ones for DynArray and Variant. Writing runs the property's setter.
+class TPropInfo {
+ public:
+  const char* Name = nullptr;
+  TPropKind Kind = TPropKind::Variant;
+  /// Value names of an Enumeration or a Set, else null.
+  const TEnumInfo* Values = nullptr;
+  /// Declared class of a Class property, else null. A function, since tables may refer to each other.
+  const TClassInfo& (*ObjectClass)() = nullptr;
+  /// A Class property that is part of its object: it is streamed inside it, and a write copies into it.
+  bool IsOwnedObject = false;
+  /// A Class property without a setter: what it shows is made by its object.
+  bool IsReadOnly = false;
+  /// A Float of 32 bits.
+  bool IsSingle = false;
+
+  std::int64_t (*GetOrd)(const TObject&) = nullptr;
+  void (*SetOrd)(TObject&, std::int64_t) = nullptr;
+  double (*GetFloat)(const TObject&) = nullptr;
+  void (*SetFloat)(TObject&, double) = nullptr;
+  std::string (*GetStr)(const TObject&) = nullptr;
+  void (*SetStr)(TObject&, const std::string&) = nullptr;
+  TPersistent* (*GetObject)(TObject&) = nullptr;
+  void (*SetObject)(TObject&, TPersistent*) = nullptr;
+  TVariant (*GetVariant)(const TObject&) = nullptr;
+  void (*SetVariant)(TObject&, const TVariant&) = nullptr;
+
+  /// Values equal to the default are not streamed. A property without one is always streamed.
+  bool HasDefault() const { return !FDefault.IsNull(); }
+  const TVariant& Default() const { return FDefault; }
+  /// Whether the present value equals the default.
+  bool IsDefault(const TObject& Instance) const;
+  /// Whether the property is streamed at all for this object; see StoredIf.
+  bool IsStored(const TObject& Instance) const { return FStored == nullptr || FStored(Instance); }
+
+  void SetDefault(TVariant Value) { FDefault = std::move(Value); }
+  /// Streams the property only while the member function Condition is true.
+  template <auto Condition>
+  TPropInfo StoredIf() &&;
+  /// Never streams the property; another operation of the class does, or it is no part of the stored form.
+  TPropInfo NotStored() &&;
+
+ private:
+  TVariant FDefault;
+  bool (*FStored)(const TObject&) = nullptr;
+};
+
+namespace detail {
+
+[[noreturn]] void OrdinalOutOfRange(const char* PropName, std::int64_t Value);
+[[noreturn]] void WrongObject(const char* PropName, const TPersistent* Value);
+
+template <class>
+struct TGetterOf;
+template <class TClass, class TResult>
+struct TGetterOf<TResult (TClass::*)() const> {
+  using Class = TClass;
+  using Result = TResult;
+};
+template <class TClass, class TResult>
+struct TGetterOf<TResult (TClass::*)()> : TGetterOf<TResult (TClass::*)() const> {};
+
+template <class T>
+struct TIsSet : std::false_type {};
+template <class T>
+struct TIsSet<TSet<T>> : std::true_type {
+  using Element = T;
+};
+template <class T>
+struct TIsArray : std::false_type {};
+template <class T>
+struct TIsArray<std::vector<T>> : std::true_type {};
+template <class T>
+struct TIsEvent : std::false_type {};
+template <class T>
+struct TIsEvent<std::function<T>> : std::true_type {};
+
+template <class T>
+TVariant ToVariant(const T& Value) {
+  if constexpr (TIsArray<T>::value) {
+    TVariant::TArray Elements;
+    Elements.reserve(Value.size());
+    for (const auto& Element : Value) Elements.push_back(ToVariant(Element));
+    return Elements;
+  } else if constexpr (std::is_same_v<T, bool>) {
+    return Value;
+  } else if constexpr (std::is_integral_v<T>) {
+    return static_cast<long long>(Value);
+  } else if constexpr (std::is_floating_point_v<T>) {
+    return static_cast<double>(Value);
+  } else {
+    return Value;
+  }
+}
+
+template <class T>
+T FromVariant(const TVariant& Value, const char* PropName) {
+  if constexpr (TIsArray<T>::value) {
+    T Result;
+    const TVariant::TArray& Elements = Value.AsArray();
+    Result.reserve(Elements.size());
+    for (const TVariant& Element : Elements) Result.push_back(FromVariant<typename T::value_type>(Element, PropName));
+    return Result;
+  } else if constexpr (std::is_same_v<T, TVariant>) {
+    return Value;
+  } else if constexpr (std::is_same_v<T, bool>) {
+    return Value.AsBoolean();
+  } else if constexpr (std::is_integral_v<T>) {
+    const std::int64_t Whole = Value.AsInteger();
+    if (!std::in_range<T>(Whole)) OrdinalOutOfRange(PropName, Whole);
+    return static_cast<T>(Whole);
+  } else if constexpr (std::is_floating_point_v<T>) {
+    return static_cast<T>(Value.AsReal());
+  } else {
+    return Value.AsText();
+  }
+}
+
+template <class T>
+std::int64_t ToOrdinal(const T& Value) {
+  if constexpr (TIsSet<T>::value) {
+    return Value.Bits();
+  } else if constexpr (std::is_same_v<T, char>) {
+    return static_cast<unsigned char>(Value);  // whether char is signed is no matter of ours
+  } else {
+    return static_cast<std::int64_t>(Value);
+  }
+}
+
+template <class T>
+T FromOrdinal(std::int64_t Ordinal, const char* PropName) {
+  if constexpr (TIsSet<T>::value) {
+    const std::size_t Count = EnumInfo(typename TIsSet<T>::Element{}).Values.size();
+    if (Ordinal < 0 || Ordinal >> Count != 0) OrdinalOutOfRange(PropName, Ordinal);
+    return T::FromBits(static_cast<std::uint32_t>(Ordinal));
+  } else if constexpr (std::is_enum_v<T> || std::is_same_v<T, bool>) {
+    if (Ordinal < 0 || std::cmp_greater_equal(Ordinal, EnumInfo(T{}).Values.size()))
+      OrdinalOutOfRange(PropName, Ordinal);
+    return static_cast<T>(Ordinal);
+  } else if constexpr (std::is_same_v<T, char>) {
+    if (Ordinal < 0 || Ordinal > 255) OrdinalOutOfRange(PropName, Ordinal);
+    return static_cast<char>(static_cast<unsigned char>(Ordinal));
+  } else {
+    if (!std::in_range<T>(Ordinal)) OrdinalOutOfRange(PropName, Ordinal);
+    return static_cast<T>(Ordinal);
+  }
+}
+
+/// Builds the table row of one property. One row type per getter and setter, so that every accessor is a plain
+/// function.
+template <auto Getter, auto Setter>
+struct TPropRow {
+  using TGetter = TGetterOf<decltype(Getter)>;
+  using TClass = typename TGetter::Class;
+  using TResult = typename TGetter::Result;
+  using TValue = std::remove_cvref_t<TResult>;
+  using TTarget = std::remove_pointer_t<TValue>;
+  static constexpr bool HasSetter = !std::is_same_v<decltype(Setter), std::nullptr_t>;
+  static constexpr bool IsObject = std::derived_from<TTarget, TPersistent>;
+  static constexpr bool IsReal = std::is_floating_point_v<TValue>;
+  static constexpr bool IsArrayOrVariant = TIsArray<TValue>::value || std::is_same_v<TValue, TVariant>;
+  static constexpr bool IsOrdinal = std::is_integral_v<TValue> || std::is_enum_v<TValue> || TIsSet<TValue>::value;
+
+  inline static const char* PropName = "";
+
+  static const TClass& Const(const TObject& Instance) { return static_cast<const TClass&>(Instance); }
+  static TClass& Mutable(TObject& Instance) { return static_cast<TClass&>(Instance); }
+
+  static constexpr TPropKind Kind() {
+    if constexpr (std::is_enum_v<TValue> || std::is_same_v<TValue, bool>)
+      return TPropKind::Enumeration;
+    else if constexpr (TIsSet<TValue>::value)
+      return TPropKind::Set;
+    else if constexpr (std::is_same_v<TValue, char>)
+      return TPropKind::Char;
+    else if constexpr (std::is_integral_v<TValue>)
+      return sizeof(TValue) > 4 ? TPropKind::Int64 : TPropKind::Integer;
+    else if constexpr (IsReal)
+      return TPropKind::Float;
+    else if constexpr (IsObject)
+      return TPropKind::Class;
+    else if constexpr (TIsEvent<TValue>::value)
+      return TPropKind::Method;
+    else if constexpr (TIsArray<TValue>::value)
+      return TPropKind::DynArray;
+    else if constexpr (std::is_same_v<TValue, TVariant>)
+      return TPropKind::Variant;
+    else
+      return TPropKind::String;
+  }
+
+  static TPersistent* GetObject(TObject& Instance) {
+    if constexpr (std::is_pointer_v<TValue>)
+      return (Mutable(Instance).*Getter)();
+    else
+      return &(Mutable(Instance).*Getter)();
+  }
+
+  static void SetObject(TObject& Instance, TPersistent* Value) {
+    if constexpr (!HasSetter) {
+      TPersistent* const Own = GetObject(Instance);
+      if (Own == nullptr || Value == nullptr) WrongObject(PropName, Value);
+      Own->Assign(Value);
+    } else {
+      auto* const Typed = dynamic_cast<TTarget*>(Value);
+      if (Value != nullptr && Typed == nullptr) WrongObject(PropName, Value);
+      if constexpr (std::is_pointer_v<TValue>) {
+        (Mutable(Instance).*Setter)(Typed);
+      } else {
+        if (Typed == nullptr) WrongObject(PropName, Value);
+        (Mutable(Instance).*Setter)(*Typed);
+      }
+    }
+  }
+
+  static TPropInfo Make(const char* Name) {
+    PropName = Name;
+    TPropInfo Info;
+    Info.Name = Name;
+    Info.Kind = Kind();
+    if constexpr (std::is_enum_v<TValue> || std::is_same_v<TValue, bool>) Info.Values = &EnumInfo(TValue{});
+    if constexpr (TIsSet<TValue>::value) Info.Values = &EnumInfo(typename TIsSet<TValue>::Element{});
+    if constexpr (IsObject) {
+      Info.ObjectClass = &TTarget::StaticClassInfo;
+      Info.IsOwnedObject = !std::is_pointer_v<TValue> || !std::derived_from<TTarget, TComponent>;
+      Info.IsReadOnly = !HasSetter;
+      Info.GetObject = &GetObject;
+      Info.SetObject = &SetObject;
+    } else if constexpr (IsOrdinal) {
+      Info.GetOrd = [](const TObject& Instance) { return ToOrdinal<TValue>((Const(Instance).*Getter)()); };
+      Info.SetOrd = [](TObject& Instance, std::int64_t Value) {
+        (Mutable(Instance).*Setter)(FromOrdinal<TValue>(Value, PropName));
+      };
+    } else if constexpr (IsReal) {
+      Info.IsSingle = sizeof(TValue) == 4;
+      Info.GetFloat = [](const TObject& Instance) { return static_cast<double>((Const(Instance).*Getter)()); };
+      Info.SetFloat = [](TObject& Instance, double Value) { (Mutable(Instance).*Setter)(static_cast<TValue>(Value)); };
+    } else if constexpr (IsArrayOrVariant) {
+      Info.GetVariant = [](const TObject& Instance) { return ToVariant<TValue>((Const(Instance).*Getter)()); };
+      Info.SetVariant = [](TObject& Instance, const TVariant& Value) {
+        (Mutable(Instance).*Setter)(FromVariant<TValue>(Value, PropName));
+      };
+    } else if constexpr (!TIsEvent<TValue>::value) {
+      Info.GetStr = [](const TObject& Instance) { return std::string((Const(Instance).*Getter)()); };
+      Info.SetStr = [](TObject& Instance, const std::string& Value) { (Mutable(Instance).*Setter)(Value); };
+    }
+    return Info;
+  }
+};
+
+template <class T>
+TClassInfo::TFactory FactoryOf() {
+  if constexpr (std::is_constructible_v<T, TComponent*> && std::derived_from<T, TComponent>) {
+    return [](TComponent* Owner) -> TComponent* { return new T(Owner); };
+  } else {
+    return nullptr;
+  }
+}
+
+template <auto Condition>
+bool IsTrue(const TObject& Instance) {
+  using TClass = typename TGetterOf<decltype(Condition)>::Class;
+  return (static_cast<const TClass&>(Instance).*Condition)();
+}
+
+}  // namespace detail
+
+template <auto Condition>
+TPropInfo TPropInfo::StoredIf() && {
+  FStored = &detail::IsTrue<Condition>;
+  return std::move(*this);
+}
+
+/// Row of a property without a default: it is always streamed. Setter may be left out for an owned object, which is
+/// then written by Assign, and for an event.
+template <auto Getter, auto Setter = nullptr>
+TPropInfo Published(const char* Name) {
+  return detail::TPropRow<Getter, Setter>::Make(Name);
+}
+
+/// Row of a property with its default, the value of a new object; equal values are not streamed.
+template <auto Getter, auto Setter>
+TPropInfo Published(const char* Name, typename detail::TPropRow<Getter, Setter>::TValue Default) {
+  TPropInfo Info = detail::TPropRow<Getter, Setter>::Make(Name);
+  using TValue = typename detail::TPropRow<Getter, Setter>::TValue;
+  if constexpr (detail::TPropRow<Getter, Setter>::IsOrdinal) {
+    Info.SetDefault(static_cast<long long>(detail::ToOrdinal<TValue>(Default)));
+  } else {
+    Info.SetDefault(detail::ToVariant(Default));
+  }
+  return Info;
+}
+
+/// Defines the run-time description of a class with its published properties, and registers the class by its name.
+/// Stands once, in the source file of the class, behind ZY_CLASS in the class body.
+#define ZY_PUBLISHED(Class, Base, ...)                                                                            \
+  const ::zy::TClassInfo& Class::StaticClassInfo() {                                                              \
+    static const ::zy::TClassInfo Description(#Class, &Base::StaticClassInfo(), ::zy::detail::FactoryOf<Class>(), \
+                                              {__VA_ARGS__});                                                     \
+    return Description;                                                                                           \
+  }                                                                                                               \
+  [[maybe_unused]] static const bool Class##IsRegistered = ::zy::RegisterClass(Class::StaticClassInfo());
+
+}  // namespace zy

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace zy {
+
+/// A value of one of the kinds that properties, XML attributes and records carry: null, boolean, integer, real, text
+/// or a one-dimensional array of such values.
+///
+/// The `As...` readers convert between kinds where the text or the number allows it and throw EConvertError otherwise.
+class TVariant {
+ public:
+  using TArray = std::vector<TVariant>;
+
+  TVariant() = default;
+  TVariant(bool Value) : FValue(Value) {}
+  TVariant(int Value) : FValue(std::int64_t{Value}) {}
+  TVariant(unsigned Value) : FValue(std::int64_t{Value}) {}
+  TVariant(long Value) : FValue(static_cast<std::int64_t>(Value)) {}
+  TVariant(long long Value) : FValue(static_cast<std::int64_t>(Value)) {}
+  TVariant(double Value) : FValue(Value) {}
+  TVariant(const char* Value) : FValue(std::string(Value)) {}
+  TVariant(std::string_view Value) : FValue(std::string(Value)) {}
+  TVariant(std::string Value) : FValue(std::move(Value)) {}
+  TVariant(TArray Value) : FValue(std::move(Value)) {}
+
+  bool IsNull() const { return std::holds_alternative<std::monostate>(FValue); }
+  bool IsBoolean() const { return std::holds_alternative<bool>(FValue); }
+  bool IsInteger() const { return std::holds_alternative<std::int64_t>(FValue); }
+  bool IsReal() const { return std::holds_alternative<double>(FValue); }
+  bool IsText() const { return std::holds_alternative<std::string>(FValue); }
+  bool IsArray() const { return std::holds_alternative<TArray>(FValue); }
+
+  /// Truth value: of a boolean, of a number that is not 0, of the texts "true", "false" (any case) and of numbers in
+  /// text.
+  bool AsBoolean() const;
+  /// Integer: of a boolean 0 or 1, of a real that is whole, of a decimal text.
+  std::int64_t AsInteger() const;
+  /// Real: of any number, of a text with a decimal point.
+  double AsReal() const;
+  /// Text: booleans as "true" and "false", numbers as the shortest text that reads back; null as an empty text.
+  std::string AsText() const;
+  /// The elements. Throws EConvertError when this is no array.
+  const TArray& AsArray() const;
+
+  bool operator==(const TVariant&) const = default;
+
+ private:
+  std::variant<std::monostate, bool, std::int64_t, double, std::string, TArray> FValue;
+};
+
+}  // namespace zy

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace zy {
+
+class TStream;
+
+/// All bytes from the stream's position to its end.
+std::string ReadToEnd(TStream& Stream);
+
+/// Gives a file new content in one step: the content goes into a temporary file in the same folder, which then takes
+/// the place of the old one and keeps its permissions. A symbolic link stays and its target is replaced. Throws
+/// EFileError, with the old file whole and no temporary file left, when any step fails.
+void SaveWholeFile(const std::filesystem::path& FileName, std::string_view Content);
+
+}  // namespace zy

@@ -1,0 +1,71 @@
+// Rows of the platform layer, behind the chart rows of the text table. Same form as ZyTextRows.inl.
+
+// ---- Components and streams ----
+
+ZY_TEXT(_sCannotAssign, "Cannot assign a %s to a %s")
+ZY_TEXT(_sClassNotFound, "Class %s not found")
+ZY_TEXT(_sDuplicateName, "A component named %s already exists")
+ZY_TEXT(_sInvalidName, "\"%s\" is not a valid component name")
+ZY_TEXT(_sReadBeyondEnd, "Stream read error: %d bytes wanted, %d left")
+ZY_TEXT(_sInvalidNumber, "\"%s\" is not a valid number")
+ZY_TEXT(_sCannotOpenFile, "Cannot open file \"%s\"")
+
+// ---- Language files: file, line, content ----
+
+ZY_TEXT(_sLanguageRow, "%s, line %d: \"%s\" is not a row of the form symbol = text")
+ZY_TEXT(_sLanguageSymbol, "%s, line %d: \"%s\" begins with an unknown symbol")
+ZY_TEXT(_sLanguageTwice, "%s, line %d: \"%s\" gives a symbol a second text")
+ZY_TEXT(_sLanguageUtf8, "%s, line %d: \"%s\" is not valid UTF-8")
+ZY_TEXT(_sLanguageUnreadable, "%s: read error behind line %d")
+
+// ---- Properties and values ----
+
+ZY_TEXT(_sPropOutOfRange, "%d is out of range for property \"%s\"")
+ZY_TEXT(_sPropUnknownValue, "\"%s\" is no value of property \"%s\"")
+ZY_TEXT(_sPropWrongKind, "Property \"%s.%s\" has no %s value")
+ZY_TEXT(_sPropWrongObject, "Property \"%s\" cannot take an object of class %s")
+ZY_TEXT(_sVariantConversion, "Cannot convert %s to %s")
+
+// ---- Files and component streams ----
+
+ZY_TEXT(_sCannotWriteFile, "Cannot write file \"%s\"")
+ZY_TEXT(_sSeekFailed, "Stream seek error: no position %d")
+ZY_TEXT(_sTextTooLong, "A text of %d bytes is too long for a stream")
+ZY_TEXT(_sUnknownTag, "Unknown value tag %d at position %d")
+ZY_TEXT(_sMistypedValue, "Invalid value: %s found, %s wanted")
+ZY_TEXT(_sStreamTooDeep, "Values lie more than %d levels deep")
+ZY_TEXT(_sNotAForm, "The stream does not begin with a component")
+ZY_TEXT(_sOtherClassStored, "A %s is stored, which is no %s")
+ZY_TEXT(_sPropNotInClass, "Class %s has no property \"%s\"")
+
+// ---- Key-value files: source, line, reason ----
+
+ZY_TEXT(_sIniSyntax, "%s, line %d: %s")
+ZY_TEXT(_sIniOpenSection, "the section name does not end with a bracket")
+ZY_TEXT(_sIniNoEqualSign, "neither a section nor a key with a value")
+ZY_TEXT(_sIniNoSection, "a key stands before the first section")
+ZY_TEXT(_sIniBadName, "\"%s\" cannot be the name of a section or a key")
+ZY_TEXT(_sIniOpenQuote, "the quoted value does not end with a quote")
+ZY_TEXT(_sIniBadEscape, "the quoted value has a malformed escape")
+ZY_TEXT(_sIniNoUtf8, "not valid UTF-8")
+ZY_TEXT(_sIniNulCharacter, "a character with the code 0")
+ZY_TEXT(_sIniMistyped, "\"%s\" is no value for key \"%s\" in section \"%s\"")
+
+// ---- XML: source, line, column, reason ----
+
+ZY_TEXT(_sXmlSyntax, "%s, line %d, column %d: %s")
+ZY_TEXT(_sXmlBadCharacter, "a character that XML does not allow")
+ZY_TEXT(_sXmlBadName, "\"%s\" is no XML name")
+ZY_TEXT(_sXmlBadText, "\"%s\" cannot hold this text: it has characters that XML does not allow")
+ZY_TEXT(_sXmlBadReference, "a malformed or unknown reference")
+ZY_TEXT(_sXmlMisplaced, "\"%s\" may not stand here")
+ZY_TEXT(_sXmlAttributeTwice, "attribute \"%s\" stands twice")
+ZY_TEXT(_sXmlDocType, "document type declarations are not allowed")
+ZY_TEXT(_sXmlTextOutside, "text outside the root element")
+ZY_TEXT(_sXmlNoRoot, "there is no root element")
+ZY_TEXT(_sXmlSecondRoot, "there is a second root element")
+ZY_TEXT(_sXmlTooDeep, "elements are nested more than %d levels deep")
+ZY_TEXT(_sXmlNullNode, "There is no XML node to work on")
+ZY_TEXT(_sXmlNoAttribute, "Node \"%s\" has no attribute \"%s\"")
+ZY_TEXT(_sXmlNoChildAt, "Node \"%s\" has no child node at index %d")
+ZY_TEXT(_sXmlNotChild, "Node \"%s\" is no child of node \"%s\"")

@@ -1,0 +1,352 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+
+#include "framework/Bytes.h"
+#include "framework/SampleComponent.h"
+#include "platform/framework/Application.h"
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/TPropInfo.h"
+#include "platform/framework/TReader.h"
+#include "platform/framework/TWriter.h"
+
+namespace zy::testing {
+namespace {
+
+using namespace std::string_literals;
+
+/// A sample that has its part from the start, as a component that publishes one does.
+class TSampleWithPart : public TSample {
+  ZY_CLASS(TSampleWithPart, TSample)
+  explicit TSampleWithPart(TComponent* Owner = nullptr) : TSample(Owner) { MakePart(); }
+};
+ZY_PUBLISHED(TSampleWithPart, TSample)
+
+/// Refuses every reference.
+class TStubbornSample : public TSample {
+  ZY_CLASS(TStubbornSample, TSample)
+  using TSample::TSample;
+  ~TStubbornSample() override { ++Deaths; }
+  TSample* Friend() const { return nullptr; }
+  void SetFriend(TSample*) { throw EInvalidOperation("no"); }
+  inline static int Deaths = 0;
+};
+ZY_PUBLISHED(TStubbornSample, TSample, Published<&TStubbornSample::Friend, &TStubbornSample::SetFriend>("Friend"))
+
+template <class T = TSample>
+T* AddTo(TComponent& Owner, const char* Name) {
+  auto* const Sample = new T(&Owner);
+  Sample->SetName(Name);
+  return Sample;
+}
+
+/// A root with every kind of property set, a part, two children that refer to each other, to the part and to the root.
+std::unique_ptr<TSampleWithPart> FullTree() {
+  auto Root = std::make_unique<TSampleWithPart>();
+  Root->SetName("Root");
+  Root->SetWhole(-2'000'000'000);
+  Root->SetSmall(-128);
+  Root->SetLetter('\xFF');
+  Root->SetSwitch(true);
+  Root->SetShade(TShade::Dark);
+  Root->SetShades({TShade::Light, TShade::Dark});
+  Root->SetSingle(-0.1f);
+  Root->SetReal(std::numeric_limits<double>::denorm_min());
+  Root->SetText("n\xC3\xA4h\n");
+  Root->Lines().SetText("one\n\nthree\n");
+  Root->Style().SetWidth(2.5f);
+  Root->Style().SetColor(0x80FFFFFF);
+  Root->SetBig(std::numeric_limits<std::int64_t>::min());
+  Root->SetNumbers({1, -2.5, 1e300});
+  Root->SetAny(TVariant::TArray{true, 1, 2.5, "x", TVariant(), TVariant::TArray{}});
+  Root->Extra = 77;
+  Root->Part()->SetText(std::string(300, 'p'));
+  Root->Part()->Extra = 5;
+  auto* const First = AddTo(*Root, "First");
+  auto* const Second = AddTo<TSampleWithPart>(*Root, "Second");
+  First->SetLink(Second);  // forward, to a component that does not exist yet when it is read
+  Second->SetLink(First);
+  Second->Part()->SetLink(Root.get());
+  Root->SetLink(Second->Part());
+  Root->Part()->SetLink(Root->Part());
+  return Root;
+}
+
+TComponent* ReadBytes(const std::string& Bytes, TComponent* Instance) {
+  TMemoryStream Stream(AsBytes(Bytes));
+  TReader Reader(Stream, 16);
+  return Reader.ReadRootComponent(Instance);
+}
+
+std::string MessageOf(const std::string& Bytes) {
+  TSample Root;
+  try {
+    ReadBytes(Bytes, &Root);
+  } catch (const Exception& Error) {
+    return Error.what();
+  }
+  return {};
+}
+
+void ExpectSettled(const TComponent& Component) {
+  EXPECT_FALSE(Component.IsLoading()) << Component.Name();
+  EXPECT_FALSE(Component.IsReading()) << Component.Name();
+  for (const TComponent* Owned : Component.Components()) ExpectSettled(*Owned);
+}
+
+TEST(Streaming, AWholeTreeComesBackByteForByte) {
+  const auto Root = FullTree();
+  const std::string Bytes = BytesOf(*Root);
+  const std::unique_ptr<TComponent> Copy(ReadBytes(Bytes, nullptr));
+  ASSERT_NE(Copy, nullptr);
+  EXPECT_EQ(BytesOf(*Copy), Bytes);
+  auto& Read = dynamic_cast<TSampleWithPart&>(*Copy);
+  EXPECT_EQ(Read.Any(), Root->Any());
+  EXPECT_EQ(Read.Lines().Text(), "one\n\nthree\n");
+  EXPECT_EQ(Read.Extra, 77);
+  EXPECT_EQ(Read.Part()->Extra, 5);
+  auto* const First = dynamic_cast<TSample*>(Read.FindComponent("First"));
+  auto* const Second = dynamic_cast<TSample*>(Read.FindComponent("Second"));
+  ASSERT_TRUE(First != nullptr && Second != nullptr);
+  EXPECT_EQ(First->Link(), Second);
+  EXPECT_EQ(Second->Link(), First);
+  EXPECT_EQ(Second->Part()->Link(), &Read);
+  EXPECT_EQ(Read.Link(), Second->Part());
+  EXPECT_EQ(Read.Part()->Link(), Read.Part());
+  for (const TSample* Sample : {static_cast<TSample*>(&Read), Read.Part(), First, Second, Second->Part()})
+    EXPECT_EQ(Sample->LoadedCount, 1) << Sample->Name();
+  ExpectSettled(Read);
+}
+
+TEST(Streaming, ABareComponentHasTheseBytes) {
+  TSample Sample;
+  Sample.SetName("S");
+  Sample.SetShade(TShade::Middle);
+  const auto Text = [](const std::string& Value) { return "\x07"s + static_cast<char>(Value.size()) + Value; };
+  const std::string Expected = "ZYF1" + Text("TSample") + Text("S") + Text("Shade") + "\x0B\x06\x00\x00\x00"s +
+                               "Middle" + Text("Real") + "\x06"s + std::string(8, '\0') + Text("Style.Color") +
+                               "\x05\x00\x00\x00\xFF\x00\x00\x00\x00"s + Text("Link") + "\x0E" + Text("Numbers") +
+                               "\x0F\x00\x00\x00\x00"s + Text("Any") + "\0\0\0"s;
+  EXPECT_EQ(BytesOf(Sample), Expected);
+}
+
+TEST(Streaming, FillsAnExistingRootInPlace) {
+  const std::string Bytes = BytesOf(*FullTree());
+  TSampleWithPart Root;
+  auto* const First = AddTo(Root, "First");
+  auto* const Own = AddTo(Root, "Own");
+  First->SetWhole(3);  // a default in the stream: stays
+  EXPECT_EQ(ReadBytes(Bytes, &Root), &Root);
+  EXPECT_EQ(Root.FindComponent("First"), First);
+  EXPECT_EQ(Root.FindComponent("Own"), Own);
+  EXPECT_EQ(Own->LoadedCount, 0);
+  EXPECT_EQ(First->Whole(), 3);
+  EXPECT_EQ(Root.Name(), "Root");
+  EXPECT_EQ(Root.Components().size(), 4u);
+  ReadBytes(Bytes, &Root);
+  EXPECT_EQ(Root.Components().size(), 4u);
+  EXPECT_EQ(Root.LoadedCount, 2);
+}
+
+TEST(Streaming, DefaultsAreWrittenOnRequestAndThenComeBack) {
+  TSampleWithPart Plain;
+  TMemoryStream Stream;
+  TWriter Writer(Stream);
+  Writer.SetWritesDefaults(true);
+  Writer.WriteRootComponent(Plain);
+  Writer.FlushBuffer();
+  const auto Changed = FullTree();
+  Changed->DestroyComponents();
+  Changed->MakePart();
+  Changed->SetBig(0);  // not stored when it is 0
+  const std::string Name = Changed->Name();
+  ReadBytes(AsText(Stream), Changed.get());
+  EXPECT_EQ(Changed->Name(), Name);
+  Changed->SetName("");
+  EXPECT_EQ(BytesOf(*Changed), BytesOf(Plain));
+}
+
+TEST(Streaming, ReferencesLeadOutsideOrToNull) {
+  TDataModule Module;
+  Module.SetName("Module");
+  auto* const Outside = AddTo(Module, "Outside");
+  std::string Bytes;
+  {
+    TSample Root, Nameless;
+    Root.SetLink(Outside);
+    AddTo(Root, "Child")->SetLink(&Nameless);
+    Bytes = BytesOf(Root);
+  }
+  const auto LinkAfterRead = [&Bytes] {
+    TSample Root;
+    Root.SetLink(&Root);
+    AddTo(Root, "Child")->SetLink(&Root);
+    ReadBytes(Bytes, &Root);
+    EXPECT_EQ(dynamic_cast<TSample*>(Root.FindComponent("Child"))->Link(), nullptr) << "it had no name to be found by";
+    return Root.Link();
+  };
+  EXPECT_EQ(LinkAfterRead(), Outside);
+  Outside->SetName("Other");
+  EXPECT_EQ(LinkAfterRead(), nullptr);
+  auto* const Foreign = new TComponent(&Module);
+  Foreign->SetName("Outside");
+  EXPECT_EQ(LinkAfterRead(), nullptr) << "a component of another class does not fit";
+}
+
+/// Bytes of a root of class TSample with these bytes for properties and children.
+std::string Root(const std::string& Rest) { return "ZYF1\x07\x07TSample\x07\x01S" + Rest; }
+
+TEST(Streaming, ErrorsNameWhatIsWrong) {
+  const auto Property = [](const std::string& Name, const std::string& Value) {
+    return Root("\x07"s + static_cast<char>(Name.size()) + Name + Value);
+  };
+  const std::string Integer = "\x02\x01", Text = "\x07\x01x";
+  const std::pair<std::string, const char*> Rows[] = {
+      {"ZYF2\x07\x07TSample", "component"},
+      {"ZYF1\x07\x05TNone\x07\x01S", "TNone"},
+      {"ZYF1\x07\x0BTComponentX\x07\x01S", "TComponentX"},
+      {"ZYF1\x07\x0BTStringList\x07\x01S", "TStringList"},
+      {Root("\0\x07\x05TNone\x07\x01"s + "C"), "TNone"},
+      {Root("\0\x07\x0BTStringList\x07\x01"s + "C"), "TStringList"},  // a class that is no component
+      {"ZYF1\x07\x07TSample\x07\x02S!", "S!"},
+      {Property("Nothing", Integer), "TSample has no property \"Nothing\""},
+      {Property("Style.Nothing", Integer), "Style.Nothing"},
+      {Property("Part.Whole", Integer), "Part.Whole"},
+      {Property("Link.Whole", Integer), "Link.Whole"},  // never through a reference
+      {Property("Whole", Text), "integer"},
+      {Property("Small", "\x03\x80\x00"s), "Small"},
+      {Property("Shade", "\x0B\x04\0\0\0Pink"s), "Pink"},
+      {Property("Shade", "\x02\x03"), "Shade"},
+      {Property("Shades", "\x02\x08"), "Shades"},
+      {Property("Real", Text), "real"},
+      {Property("Text", Integer), "text"},
+      {Property("Link", Integer), "name"},
+      {Property("Style", Integer), "part"},
+      {Property("Numbers", Text), "array"},
+      {Property("Lines.Strings", "\x01\x02\x01\0"s), "text"},
+      {Property("Extra", Text), "integer"}};
+  for (const auto& [Bytes, Expected] : Rows) {
+    const std::string Message = MessageOf(Bytes);
+    EXPECT_NE(Message.find(Expected), std::string::npos) << Expected << " in: " << Message;
+  }
+  EXPECT_THROW(ReadBytes(Rows[1].first, nullptr), EClassNotFound);
+  EXPECT_EQ(MessageOf(Root("\0\0"s)), "");
+}
+
+TEST(Streaming, AComponentNeverLiesInItselfNorHasTwoRecords) {
+  const std::string Child =
+      "\x07\x07TSample\x07\x01"
+      "C\0"s;
+  EXPECT_NE(MessageOf(Root("\0"s + Child + Child + "\0\0\0"s)).find("C"), std::string::npos);
+  EXPECT_NE(MessageOf(Root("\0"s + Child + "\0"s + Child + "\0\0"s)).find("C"), std::string::npos);
+  std::string Deep = Root("\0"s);
+  for (int Level = 0; Level < 50'000; ++Level) Deep += "\x07\x07TSample\x07\0\0"s;
+  EXPECT_NE(MessageOf(Deep), "");
+}
+
+TEST(Streaming, ListsTellOfChangesAfterAFailedReadAsBefore) {
+  TSample Sample;
+  EXPECT_THROW(ReadBytes(Root("\x07\x0DLines.Strings\x01\x02\x01\0"s), &Sample), EReadError);
+  int Changes = 0;
+  Sample.Lines().OnChange = [&Changes](TObject*) { ++Changes; };
+  Sample.Lines().Add("x");
+  EXPECT_EQ(Changes, 1);
+}
+
+/// Reads bytes that may be bad into a filled root and into a new one; either way all ends well.
+bool ReadsOrFailsCleanly(const std::string& Bytes) {
+  bool Success = true;
+  TSampleWithPart Existing;
+  auto* const First = AddTo(Existing, "First");
+  try {
+    ReadBytes(Bytes, &Existing);
+  } catch (const Exception&) {
+    Success = false;
+    EXPECT_EQ(Existing.Components().size(), 2u) << "what the failed read created is gone";
+  }
+  EXPECT_EQ(Existing.Components()[1], First);
+  ExpectSettled(Existing);
+  EXPECT_LE(Existing.LoadedCount, 1);
+  EXPECT_LE(First->LoadedCount, 1);
+  const std::string Stored = BytesOf(Existing);  // still usable: written, read and written again
+  TSampleWithPart Again;
+  ReadBytes(Stored, &Again);
+  EXPECT_EQ(BytesOf(Again), Stored);
+  try {
+    const std::unique_ptr<TComponent> New(ReadBytes(Bytes, nullptr));
+    ExpectSettled(*New);
+  } catch (const Exception&) {
+  }
+  return Success;
+}
+
+TEST(Streaming, TruncationAtEveryPlaceEndsInAnErrorAndAUsableObject) {
+  const std::string Bytes = BytesOf(*FullTree());
+  for (std::size_t Length = 0; Length < Bytes.size(); ++Length)
+    EXPECT_FALSE(ReadsOrFailsCleanly(Bytes.substr(0, Length))) << Length;
+  EXPECT_TRUE(ReadsOrFailsCleanly(Bytes));
+}
+
+TEST(Streaming, OneWrongByteAnywhereNeverLeavesABrokenObject) {
+  const std::string Bytes = BytesOf(*FullTree());
+  for (std::size_t Place = 0; Place < Bytes.size(); ++Place) {
+    for (const char Flip : {'\x01', '\x20', '\x80', '\xFF'}) {
+      SCOPED_TRACE(Place);
+      std::string Bad = Bytes;
+      Bad[Place] = static_cast<char>(Bad[Place] ^ Flip);
+      ReadsOrFailsCleanly(Bad);
+      if (::testing::Test::HasFailure()) return;
+    }
+  }
+}
+
+TEST(Streaming, WhatAFailedReadCreatedIsDeleted) {
+  // The setter fails at the fix-up, when all has been read.
+  const std::string Stubborn =
+      "\x07\x0FTStubbornSample\x07\x01"
+      "C\x07\x06"
+      "Friend\x0B\x01\0\0\0C\0\0"s;
+  TStubbornSample::Deaths = 0;
+  EXPECT_THROW(ReadBytes("ZYF1" + Stubborn, nullptr), EInvalidOperation);
+  EXPECT_EQ(TStubbornSample::Deaths, 1);
+  TSample Target;
+  EXPECT_THROW(ReadBytes(Root("\0"s + Stubborn + "\0"s), &Target), EInvalidOperation);
+  EXPECT_EQ(TStubbornSample::Deaths, 2);
+  EXPECT_TRUE(Target.Components().empty());
+  ExpectSettled(Target);
+}
+
+TEST(Streaming, SeveralComponentsShareOneRoundOfReferences) {
+  TSample Root;
+  auto* const First = AddTo(Root, "First");
+  auto* const Second = AddTo(Root, "Second");
+  First->SetLink(Second);
+  Second->SetLink(First);
+  TMemoryStream Stream;
+  {
+    TWriter Writer(Stream);
+    Writer.SetRoot(&Root);
+    Writer.WriteComponent(*First);
+    Writer.WriteComponent(*Second);
+  }
+  TSample Other;
+  Stream.SetPosition(0);
+  TReader Reader(Stream);
+  Reader.SetRoot(&Other);
+  Reader.BeginReferences();
+  auto* const NewFirst = dynamic_cast<TSample*>(Reader.ReadComponent(nullptr));
+  EXPECT_EQ(NewFirst->Link(), nullptr);
+  EXPECT_TRUE(NewFirst->IsLoading());
+  auto* const NewSecond = dynamic_cast<TSample*>(Reader.ReadComponent(nullptr));
+  EXPECT_EQ(NewFirst->LoadedCount, 0);
+  Reader.FixupReferences();
+  Reader.EndReferences();
+  EXPECT_EQ(NewFirst->Link(), NewSecond);
+  EXPECT_EQ(NewSecond->Link(), NewFirst);
+  EXPECT_EQ(NewFirst->LoadedCount, 1);
+  ExpectSettled(Other);
+}
+
+}  // namespace
+}  // namespace zy::testing
