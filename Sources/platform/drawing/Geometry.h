@@ -1,0 +1,28 @@
+#pragma once
+
+namespace zy {
+
+/// A place in pixels, x to the right and y down.
+struct PointF {
+  float X = 0;
+  float Y = 0;
+  bool operator==(const PointF&) const = default;
+};
+
+/// An extent in pixels.
+struct SizeF {
+  float Width = 0;
+  float Height = 0;
+  bool operator==(const SizeF&) const = default;
+};
+
+/// A rectangle in pixels, given by its top left corner and its extent.
+struct RectF {
+  float X = 0;
+  float Y = 0;
+  float Width = 0;
+  float Height = 0;
+  bool operator==(const RectF&) const = default;
+};
+
+}  // namespace zy

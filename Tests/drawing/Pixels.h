@@ -1,0 +1,52 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+
+#include "platform/drawing/Bitmap.h"
+
+namespace zy {
+
+/// Alpha of the stored pixels of a row from column From on: '#' full, '.' none, '+' between.
+inline std::string RowText(const Bitmap& Picture, int Row, int From, int Count) {
+  std::string Result;
+  for (int Column = From; Column < From + Count; ++Column) {
+    const ARGB Alpha = Picture.GetPixel(Column, Row) >> 24;
+    Result += Alpha == 255 ? '#' : Alpha == 0 ? '.' : '+';
+  }
+  return Result;
+}
+
+/// The same down a column.
+inline std::string ColumnText(const Bitmap& Picture, int Column, int From, int Count) {
+  std::string Result;
+  for (int Row = From; Row < From + Count; ++Row) Result += RowText(Picture, Row, Column, 1);
+  return Result;
+}
+
+/// A text with each character repeated: what a row looks like with that many stored pixels for each logical one.
+inline std::string Stretched(const std::string& Text, int Ratio) {
+  std::string Result;
+  for (const char Character : Text) Result.append(static_cast<std::size_t>(Ratio), Character);
+  return Result;
+}
+
+/// The box of stored pixels that are not transparent; empty with Right < Left.
+struct TInkBox {
+  int Left, Top, Right, Bottom;
+};
+inline TInkBox InkBox(const Bitmap& Picture) {
+  TInkBox Box{Picture.GetStoredWidth(), Picture.GetStoredHeight(), -1, -1};
+  for (int Row = 0; Row < Picture.GetStoredHeight(); ++Row) {
+    for (int Column = 0; Column < Picture.GetStoredWidth(); ++Column) {
+      if (Picture.GetPixel(Column, Row) >> 24 == 0) continue;
+      Box.Left = std::min(Box.Left, Column);
+      Box.Right = std::max(Box.Right, Column);
+      Box.Top = std::min(Box.Top, Row);
+      Box.Bottom = std::max(Box.Bottom, Row);
+    }
+  }
+  return Box;
+}
+
+}  // namespace zy
