@@ -1,0 +1,27 @@
+# The chart library: graph, axes, series, annotations, undo and persistence refer to each other and so are one target.
+zy_add_library(
+  zy_charts
+  SOURCES
+    annotations/ZyFont.cpp
+    annotations/ZyRichCaption.cpp
+    axes/ZyAxis.cpp
+    axes/ZyAxisLayout.cpp
+    axes/ZyAxisPaint.cpp
+    axes/ZyAxisRanging.cpp
+    axes/ZyAxisTicks.cpp
+    graph/ZyCustomGraph.cpp
+    graph/ZyGraph2D.cpp
+    graph/ZyRegisterClasses.cpp
+    graph/ZyStringFunctions.cpp
+    graph/ZyStyles.cpp
+    persistence/ZyIO.cpp
+    series/ZyDoubleVector.cpp
+    series/ZyLineSeries.cpp
+    series/ZySeries.cpp
+    series/ZySeriesPoints.cpp
+    undo/ZyUndoList.cpp
+    undo/ZyUndoLog.cpp
+    undo/ZyUndoStack.cpp
+  LINK zy_controls zy_drawing zy_framework zy_numerics zy_texts)
+set_target_properties(zy_charts PROPERTIES EXPORT_NAME Charts)
+add_library(Zyphos::Charts ALIAS zy_charts)

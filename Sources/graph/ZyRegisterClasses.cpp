@@ -1,0 +1,17 @@
+#include "graph/ZyRegisterClasses.h"
+
+#include "graph/ZyGraph2D.h"
+#include "platform/framework/ClassRegistry.h"
+#include "series/ZyLineSeries.h"
+#include "undo/ZyUndoStack.h"
+
+namespace zy {
+
+void RegisterChartClasses() {
+  const TClassInfo* const Classes[] = {&TZyAxis::StaticClassInfo(), &TZyDoubleVector::StaticClassInfo(),
+                                       &TZyGraph2D::StaticClassInfo(), &TZyLineSeries::StaticClassInfo(),
+                                       &TZyUndoStack::StaticClassInfo()};
+  for (const TClassInfo* Info : Classes) RegisterClass(*Info);
+}
+
+}  // namespace zy

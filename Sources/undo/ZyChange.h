@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string_view>
+#include <utility>
+
+#include "texts/ZyLocalize.h"
+#include "undo/ZyUndoStack.h"
+
+namespace zy {
+
+/// The protocol of every published setter, in one place: nothing on an equal value; else the old value goes to the
+/// object's undo stack under its label, the new one is stored, and After runs.
+///
+/// TOwner has `TZyUndoStack* UndoStack() const`. Returns whether the value changed. A setter that must do more spells
+/// its steps out.
+template <class TOwner, class TField, class TValue, class TAfterClass>
+bool Change(TOwner* Owner, TField& Field, TValue&& Value, TZyText Label, std::string_view PropName,
+            void (TAfterClass::*After)()) {
+  if (Field == Value) return false;
+  if (TZyUndoStack* const Stack = Owner->UndoStack()) Stack->PushProperty(Owner, LoadResString(Label), PropName);
+  Field = std::forward<TValue>(Value);
+  (Owner->*After)();
+  return true;
+}
+
+}  // namespace zy

@@ -1,0 +1,149 @@
+// Every published setter of the chart against the undo stack: whatever the user changes, undo brings it back.
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+
+#include "framework/SampleComponent.h"
+#include "graph/ZyGraph2D.h"
+#include "platform/controls/TForm.h"
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/Reflection.h"
+#include "series/ZyLineSeries.h"
+#include "undo/ZyUndoStack.h"
+
+namespace zy {
+namespace {
+
+/// What is set without undo: places and names, what the designer sets once, and the one look without a step.
+const std::set<std::string_view> NotUndone = {"Name",   "Left",    "Top",           "Width",
+                                              "Height", "Visible", "SmoothingMode", "AutoUpdate"};
+
+/// A form with a chart of two series, all of which push to one stack.
+class ZyChartUndoTest : public ::testing::Test {
+ protected:
+  ZyChartUndoTest() {
+    Form.SetName("Form");
+    auto* const Graph = new TZyGraph2D(&Form);
+    Graph->SetName("Graph");
+    Graph->SetParent(&Form);
+    Graph->TestPrimaryAxis();
+    for (const char* Name : {"Series1", "Series2"}) {
+      auto* const X = new TZyDoubleVector(&Form);
+      auto* const Y = new TZyDoubleVector(&Form);
+      X->SetName(std::string(Name) + "X");
+      Y->SetName(std::string(Name) + "Y");
+      X->AddRange({1, 2, 3, 4});
+      Y->AddRange({10, 30, 20, 40});
+      auto* const Series = new TZyLineSeries(&Form);
+      Series->SetName(Name);
+      Series->SetXData(X);
+      Series->SetYData(Y);
+      Series->SetXAxis(Graph->PrimaryXAxis());
+      Series->SetYAxis(Graph->PrimaryYAxis());
+    }
+    Stack.SetLimit(0);
+    Graph->SetUndoStack(&Stack);
+    for (TComponent* Component : Form.Components())
+      if (dynamic_cast<TZyGraph2D*>(Component) != nullptr || dynamic_cast<TZyAxis*>(Component) != nullptr ||
+          dynamic_cast<TZySeries*>(Component) != nullptr)
+        Collect(*Component);
+  }
+
+  /// Notes the object and the settings that it owns, fonts left out: their setters push nothing yet.
+  void Collect(TPersistent& Object) {
+    Objects.push_back(&Object);
+    for (const TPropInfo* Info : Object.ClassInfo().Properties())
+      if (Info->IsOwnedObject && Info->ObjectClass().InheritsFrom(TZySimpleLineSettings::StaticClassInfo()))
+        Collect(*Info->GetObject(Object));
+  }
+
+  static std::string Text(TComponent& Root) { return testing::BytesOf(Root); }
+
+  TForm Form;
+  TZyUndoStack Stack{&Form};
+  std::vector<TPersistent*> Objects;
+};
+
+/// Writes some value of the property's kind through its setter. False for kinds that the walk leaves alone.
+bool SetAtRandom(TPersistent& Object, const TPropInfo& Info, TComponent& Root, std::mt19937& Random) {
+  const auto Roll = [&Random](std::size_t Count) { return static_cast<std::int64_t>(Random() % Count); };
+  switch (Info.Kind) {
+    case TPropKind::Enumeration:
+      Info.SetOrd(Object, Roll(Info.Values->Values.size()));
+      return true;
+    case TPropKind::Integer:
+      Info.SetOrd(Object, Roll(2000));
+      return true;
+    case TPropKind::Float:
+      Info.SetFloat(Object, static_cast<double>(Roll(4000) - 1000) / 16);
+      return true;
+    case TPropKind::String:
+      Info.SetStr(Object, "text " + std::to_string(Roll(100)));
+      return true;
+    case TPropKind::Class: {
+      if (Info.IsOwnedObject) return false;
+      std::vector<TPersistent*> Fitting{nullptr};
+      for (TComponent* Component : Root.Components())
+        if (Component->ClassInfo().InheritsFrom(Info.ObjectClass())) Fitting.push_back(Component);
+      Info.SetObject(Object, Fitting[static_cast<std::size_t>(Roll(Fitting.size()))]);
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+TEST_F(ZyChartUndoTest, EverySetterPushesOneStepThatUndoReverts) {
+  std::mt19937 Random(5);
+  int Tried = 0;
+  for (TPersistent* Object : Objects) {
+    for (const TPropInfo* Info : Object->ClassInfo().Properties()) {
+      if (NotUndone.contains(Info->Name) || Info->IsOwnedObject) continue;
+      const std::string Before = Text(Form);
+      for (int Attempt = 0; Attempt < 20 && Text(Form) == Before; ++Attempt)
+        if (!SetAtRandom(*Object, *Info, Form, Random)) break;
+      if (Text(Form) == Before) continue;
+      ++Tried;
+      const std::string After = Text(Form);
+      ASSERT_EQ(Stack.UndoList().Count(), 1) << Object->ClassName() << '.' << Info->Name;
+      EXPECT_FALSE(Stack.UndoList().Get(0).empty());
+      Stack.Undo();
+      EXPECT_EQ(Text(Form), Before) << Object->ClassName() << '.' << Info->Name;
+      Stack.Redo();
+      EXPECT_EQ(Text(Form), After) << Object->ClassName() << '.' << Info->Name;
+      Stack.Undo();
+      Stack.Clear();
+    }
+  }
+  EXPECT_GT(Tried, 60);
+}
+
+TEST_F(ZyChartUndoTest, ARandomWalkComesBackToTheFirstBytesInGroupsToo) {
+  const std::string Before = Text(Form);
+  std::mt19937 Random(3);
+  int Level = 0;
+  for (int Call = 0; Call < 10000; ++Call) {
+    if (Random() % 10 == 0 && Level < 4) Stack.StartGroup("group"), ++Level;
+    TPersistent& Object = *Objects[Random() % Objects.size()];
+    const auto& Properties = Object.ClassInfo().Properties();
+    const TPropInfo& Info = *Properties[Random() % Properties.size()];
+    if (!NotUndone.contains(Info.Name)) SetAtRandom(Object, Info, Form, Random);
+    if (Random() % 8 == 0 && Level > 0) Stack.StopGroup(), --Level;
+  }
+  while (Level-- > 0) Stack.StopGroup();
+  const std::string After = Text(Form);
+  ASSERT_NE(After, Before);
+  const int Steps = Stack.UndoList().Count();
+  while (Stack.CanUndo()) Stack.Undo(std::min(Stack.UndoList().Count() - 1, static_cast<int>(Random() % 50)));
+  EXPECT_EQ(Text(Form), Before);
+  EXPECT_EQ(Stack.RedoList().Count(), Steps);
+  Stack.Redo(Steps - 1);
+  EXPECT_EQ(Text(Form), After);
+  Stack.Undo(Steps - 1);
+  EXPECT_EQ(Text(Form), Before);
+}
+
+}  // namespace
+}  // namespace zy

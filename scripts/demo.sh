@@ -1,0 +1,7 @@
+#!/usr/bin/env bash
+# Builds the examples and runs them: pictures go to out/, windows open where there is a display.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/build.sh release examples
+mkdir -p out
+build/release/Examples/first_chart
