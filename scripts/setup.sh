@@ -5,8 +5,8 @@ set -euo pipefail
 
 Packages=(
   g++ cmake ninja-build ccache pkg-config
-  qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libqt6sql6-sqlite libgl-dev
-  libpugixml-dev libgtest-dev libbenchmark-dev
+  qt6-base-dev qt6-image-formats-plugins libqt6sql6-sqlite libgl-dev
+  libpugixml-dev libgif-dev libgtest-dev libbenchmark-dev
   fonts-liberation fonts-dejavu-core xvfb
   "$@"
 )

@@ -69,3 +69,24 @@ ZY_TEXT(_sXmlNullNode, "There is no XML node to work on")
 ZY_TEXT(_sXmlNoAttribute, "Node \"%s\" has no attribute \"%s\"")
 ZY_TEXT(_sXmlNoChildAt, "Node \"%s\" has no child node at index %d")
 ZY_TEXT(_sXmlNotChild, "Node \"%s\" is no child of node \"%s\"")
+
+// ---- Drawing ----
+
+ZY_TEXT(_sPictureSize, "A picture cannot have a side of %d pixels")
+ZY_TEXT(_sNoPixel, "The picture has no pixel at %d, %d")
+ZY_TEXT(_sNoPicture, "%s holds no picture")
+ZY_TEXT(_sCannotEncode, "Cannot write %s as \"%s\": %s")
+ZY_TEXT(_sUnknownFormat, "the format is unknown")
+ZY_TEXT(_sRecordingSize, "A recording needs a page of some extent")
+ZY_TEXT(_sResolution, "Resolution out of range")
+ZY_TEXT(_sFontSize, "A font cannot have the size %s")
+ZY_TEXT(_sNoHatchStyle, "There is no hatch style %d")
+ZY_TEXT(_sGradientPositions, "Gradient positions must ascend from 0 to 1, one for each colour")
+ZY_TEXT(_sGradientPoints, "A path gradient needs two points at least")
+ZY_TEXT(_sGradientColors, "A path gradient needs one surround colour at least")
+
+// ---- Controls ----
+
+ZY_TEXT(_sControlInItself, "Control \"%s\" cannot lie inside itself")
+ZY_TEXT(_sWidgetNeedsApplication, "A widget needs an application object: \"%s\"")
+ZY_TEXT(_sApplicationWithoutWidgets, "The program's application object is one without widgets")

@@ -5,6 +5,7 @@
 
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 namespace {
@@ -50,7 +51,7 @@ TApplication::~TApplication() {
 void TApplication::Start(int& ArgCount, char** Args) {
   if (QCoreApplication::instance() != nullptr) {
     if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
-      throw EInvalidOperation("The program's application object is one without widgets");
+      throw EInvalidOperation(LoadResString(_sApplicationWithoutWidgets));
     return;
   }
   const bool Offscreen = LacksDisplay(ArgCount, Args);

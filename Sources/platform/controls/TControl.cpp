@@ -5,6 +5,7 @@
 #include "platform/controls/TWinControl.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 
@@ -24,7 +25,7 @@ TControl::~TControl() {
 void TControl::SetParent(TWinControl* Value) {
   if (Value == FParent) return;
   for (const TControl* Outer = Value; Outer != nullptr; Outer = Outer->FParent)
-    if (Outer == this) throw EInvalidOperation("A control cannot lie inside itself: " + Name());
+    if (Outer == this) throw EInvalidOperation(Format(LoadResString(_sControlInItself), {Name()}));
   if (FParent != nullptr) FParent->RemoveControl(this);
   if (Value != nullptr) Value->InsertControl(this);
 }

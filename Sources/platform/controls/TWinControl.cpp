@@ -1,7 +1,8 @@
 #include "platform/controls/TWinControl.h"
 
 #include <QApplication>
-#include <QEvent>
+#include <QImage>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QWidget>
 #include <exception>
@@ -11,6 +12,7 @@
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 namespace {
@@ -113,7 +115,7 @@ void TWinControl::RemoveControl(TControl* Control) {
 QWidget* TWinControl::Widget() {
   if (FWidget != nullptr) return FWidget;
   if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
-    throw EInvalidOperation("A widget needs an application object: " + Name());
+    throw EInvalidOperation(Format(LoadResString(_sWidgetNeedsApplication), {Name()}));
   QWidget* const Outer = Parent() == nullptr ? nullptr : Parent()->Widget();
   if (FWidget != nullptr) return FWidget;  // the parent's widget came with all that lies in it
   FWidget = CreateWidget();
@@ -139,12 +141,9 @@ void TWinControl::DestroyWidget() {
 
 bool TWinControl::WidgetEvent(QEvent& Event) {
   switch (Event.type()) {
-    case QEvent::Paint: {
-      QPainter Painter(FWidget);
-      Graphics Canvas(Painter);
-      PaintTo(Canvas);
+    case QEvent::Paint:
+      PaintWidget(static_cast<QPaintEvent&>(Event).rect());
       return true;
-    }
     case QEvent::Resize:
     case QEvent::Move: {
       const QRect Given = FWidget->geometry();
@@ -154,6 +153,23 @@ bool TWinControl::WidgetEvent(QEvent& Event) {
     default:
       return false;
   }
+}
+
+/// Paints into a picture first, which Graphics can draw on faster than on a widget, and shows it in one step.
+void TWinControl::PaintWidget(const QRect& Exposed) {
+  const qreal Ratio = FWidget->devicePixelRatioF();
+  const QSize Stored = (QSizeF(Exposed.size()) * Ratio).toSize().expandedTo(QSize(1, 1));
+  if (FPicture == nullptr || FPicture->size() != Stored)
+    FPicture = std::make_unique<QImage>(Stored, QImage::Format_ARGB32_Premultiplied);
+  FPicture->setDevicePixelRatio(Ratio);
+  FPicture->fill(0);
+  {
+    QPainter Painter(FPicture.get());
+    Painter.translate(-Exposed.topLeft());
+    Graphics Canvas(Painter);
+    PaintTo(Canvas);
+  }
+  QPainter(FWidget).drawImage(Exposed.topLeft(), *FPicture);
 }
 
 void TWinControl::PaintTo(Graphics& Canvas) {

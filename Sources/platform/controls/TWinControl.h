@@ -7,6 +7,8 @@
 #include "platform/controls/TControl.h"
 
 class QEvent;
+class QImage;
+class QRect;
 class QWidget;
 
 namespace zy {
@@ -62,10 +64,12 @@ class TWinControl : public TControl {
   void InvalidateBox(int Left, int Top, int Width, int Height);
   void RepaintBox(int Left, int Top, int Width, int Height);
   void DestroyWidget();
+  void PaintWidget(const QRect& Exposed);
 
   std::vector<TControl*> FControls;
   QWidget* FWidget = nullptr;  // the link clears it when the widget dies
   std::unique_ptr<TWidgetLink> FLink;
+  std::unique_ptr<QImage> FPicture;  // of the part that was painted last
 };
 
 }  // namespace zy

@@ -3,12 +3,16 @@
 #include <QBuffer>
 #include <QImage>
 #include <QImageWriter>
+#include <QPainter>
 #include <cmath>
 #include <new>
 #include <string>
 
+#include "platform/drawing/GifEncoder.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
+#include "platform/framework/WholeFile.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 namespace {
@@ -18,7 +22,7 @@ int StoredExtent(int Extent, float PixelRatio) {
   constexpr int Largest = 32767;
   const float Stored = std::round(static_cast<float>(Extent) * PixelRatio);
   if (Extent < 1 || !(Stored >= 1 && Stored <= Largest))
-    throw ERangeError("Picture size out of range: " + std::to_string(Extent));
+    throw ERangeError(Format(LoadResString(_sPictureSize), {Extent}));
   return static_cast<int>(Stored);
 }
 
@@ -35,6 +39,34 @@ Bitmap::Bitmap(int Width, int Height, float PixelRatio)
   FImage->fill(0);
 }
 
+Bitmap::Bitmap(const QImage& Picture)
+    : FWidth(static_cast<int>(std::round(Picture.deviceIndependentSize().width()))),
+      FHeight(static_cast<int>(std::round(Picture.deviceIndependentSize().height()))),
+      FPixelRatio(static_cast<float>(Picture.devicePixelRatio())),
+      FImage(std::make_unique<QImage>(Picture.convertToFormat(QImage::Format_ARGB32_Premultiplied))) {}
+
+Bitmap Bitmap::Clone() const { return Bitmap(*FImage); }
+
+namespace {
+
+/// Source names where the bytes come from.
+QImage Decoded(const std::string& Bytes, std::string_view Source) {
+  QImage Picture;
+  if (!Picture.loadFromData(reinterpret_cast<const uchar*>(Bytes.data()), static_cast<int>(Bytes.size())))
+    throw EStreamError(Format(LoadResString(_sNoPicture), {Source}));
+  Picture.setDevicePixelRatio(1);
+  return Picture;
+}
+
+}  // namespace
+
+Bitmap Bitmap::Load(TStream& Stream) { return Bitmap(Decoded(ReadToEnd(Stream), "The stream")); }
+
+Bitmap Bitmap::Load(const std::filesystem::path& FileName) {
+  TFileStream File(FileName, fmOpenRead | fmShareDenyWrite);
+  return Bitmap(Decoded(ReadToEnd(File), FileName.string()));
+}
+
 Bitmap::~Bitmap() = default;
 Bitmap::Bitmap(Bitmap&& Other) noexcept = default;
 Bitmap& Bitmap::operator=(Bitmap&& Other) noexcept = default;
@@ -44,28 +76,54 @@ int Bitmap::GetStoredWidth() const { return FImage->width(); }
 int Bitmap::GetStoredHeight() const { return FImage->height(); }
 
 ARGB Bitmap::GetPixel(int X, int Y) const {
-  if (!FImage->valid(X, Y)) throw ERangeError("No pixel at " + std::to_string(X) + ", " + std::to_string(Y));
-  return FImage->pixel(X, Y);
+  if (!FImage->valid(X, Y)) throw ERangeError(Format(LoadResString(_sNoPixel), {X, Y}));
+  return FImage->pixelColor(X, Y).rgba();
 }
 
-// Encoded in memory first: a failure leaves the stream as it was.
-void Bitmap::Save(TStream& Stream, std::string_view Format) const {
+namespace {
+
+QImage OnWhite(const QImage& Picture) {
+  QImage Result(Picture.size(), QImage::Format_RGB32);
+  Result.setDevicePixelRatio(Picture.devicePixelRatio());
+  Result.fill(Qt::white);
+  QPainter(&Result).drawImage(0, 0, Picture);
+  return Result;
+}
+
+/// Target names where the bytes go.
+std::string Encoded(const QImage& Picture, std::string_view FormatName, std::string_view Target) {
+  QByteArray Name = QByteArray(FormatName.data(), static_cast<qsizetype>(FormatName.size())).toLower();
+  if (Name == "tif") Name = "tiff";
+  const auto Fail = [&](const std::string& Reason) {
+    throw EStreamError(Format(LoadResString(_sCannotEncode), {Target, FormatName, Reason}));
+  };
+  if (Name == "gif") {
+    try {
+      return EncodeGif(Picture).toStdString();
+    } catch (const EStreamError& Error) {
+      Fail(Error.what());
+    }
+  }
+  if (!QImageWriter::supportedImageFormats().contains(Name)) Fail(LoadResString(_sUnknownFormat));
   QBuffer Buffer;
   Buffer.open(QIODevice::WriteOnly);
-  QImageWriter Writer(&Buffer, QByteArray(Format.data(), static_cast<qsizetype>(Format.size())).toLower());
-  if (!Writer.write(*FImage))
-    throw EStreamError("Cannot write a picture as \"" + std::string(Format) +
-                       "\": " + Writer.errorString().toStdString());
-  Stream.WriteBuffer(Buffer.data().constData(), static_cast<std::size_t>(Buffer.data().size()));
+  QImageWriter Writer(&Buffer, Name);
+  const bool HasGround = Name == "bmp" || Name == "jpg" || Name == "jpeg";
+  if (!Writer.write(HasGround ? OnWhite(Picture) : Picture)) Fail(Writer.errorString().toStdString());
+  return Buffer.data().toStdString();
+}
+
+}  // namespace
+
+// Encoded in memory first: a failure leaves the stream as it was, and an old file whole.
+void Bitmap::Save(TStream& Stream, std::string_view FormatName) const {
+  const std::string Bytes = Encoded(*FImage, FormatName, "a stream");
+  Stream.WriteBuffer(Bytes.data(), Bytes.size());
 }
 
 void Bitmap::Save(const std::filesystem::path& FileName) const {
   const std::string Extension = FileName.extension().string();
-  TMemoryStream Encoded;  // an unknown format must not leave an empty file behind
-  Save(Encoded, Extension.empty() ? std::string_view() : std::string_view(Extension).substr(1));
-  TFileStream File(FileName, fmCreate);
-  File.WriteBuffer(Encoded.Bytes().data(), Encoded.Bytes().size());
-  File.Flush();
+  SaveWholeFile(FileName, Encoded(*FImage, Extension.empty() ? Extension : Extension.substr(1), FileName.string()));
 }
 
 }  // namespace zy

@@ -22,6 +22,13 @@ class Bitmap {
   Bitmap(Bitmap&& Other) noexcept;
   Bitmap& operator=(Bitmap&& Other) noexcept;
 
+  /// An independent picture of the same content; shares memory until one of them is drawn on.
+  Bitmap Clone() const;
+  /// A picture from a file or a stream of any format that the toolkit reads; pixel ratio 1. Throws EStreamError for
+  /// what is no picture.
+  static Bitmap Load(TStream& Stream);
+  static Bitmap Load(const std::filesystem::path& FileName);
+
   /// Logical pixels.
   int GetWidth() const { return FWidth; }
   int GetHeight() const { return FHeight; }
@@ -32,11 +39,12 @@ class Bitmap {
   /// Colour of a stored pixel, not premultiplied. Throws ERangeError outside the picture.
   ARGB GetPixel(int X, int Y) const;
 
-  /// Writes the picture to Stream, encoded as Format: "PNG" and what else the toolkit writes. Throws EStreamError, with
-  /// nothing written, for an unknown format.
-  void Save(TStream& Stream, std::string_view Format) const;
-  /// Writes a file in the format that its extension names. Throws EFileError when it cannot be created and EStreamError
-  /// as above.
+  /// Writes the picture to Stream, encoded as FormatName: "BMP", "GIF", "JPEG", "PNG" or "TIFF", in any case of
+  /// letters, and what else the toolkit writes. JPEG and BMP have no transparency and get a white ground; GIF has 256
+  /// colours, one of them transparent. Throws EStreamError, with nothing written, for an unknown format.
+  void Save(TStream& Stream, std::string_view FormatName) const;
+  /// Writes a file in the format that its extension names. Throws EFileError when it cannot be written and EStreamError
+  /// as above, both with the file's name and with an old file whole.
   void Save(const std::filesystem::path& FileName) const;
 
   /// The toolkit's picture, for Graphics.
@@ -44,6 +52,8 @@ class Bitmap {
   const QImage& ToQt() const { return *FImage; }
 
  private:
+  explicit Bitmap(const QImage& Picture);
+
   int FWidth;
   int FHeight;
   float FPixelRatio;

@@ -7,20 +7,18 @@
 
 #include "platform/drawing/QtText.h"
 #include "platform/framework/Exceptions.h"
+#include "platform/framework/NumberText.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
-namespace {
-
-constexpr double PixelsPerPoint = 96.0 / 72.0;
-
-}  // namespace
 
 // The toolkit knows fonts of whole pixel sizes only. The nearest one is taken, laid out with unhinted advances, so that
 // widths are proportional to the size, and the remaining factor is left to the transform.
 Font::Font(std::string_view FamilyName, float Size, TFontStyles Style)
     : FFamilyName(FamilyName), FSize(Size), FStyle(Style) {
-  if (!(Size > 0 && Size <= MaxSize)) throw ERangeError("Font size out of range: " + std::to_string(Size));
-  const double Pixels = Size * PixelsPerPoint;
+  if (!(Size > 0 && Size <= MaxSize))
+    throw ERangeError(Format(LoadResString(_sFontSize), {FloatToStr(static_cast<double>(Size))}));
+  const double Pixels = static_cast<double>(Size) * (96.0 / 72.0);
   const int WholePixels = std::max(1, static_cast<int>(std::lround(Pixels)));
   FQtScale = Pixels / WholePixels;
   QFont Result(ToQString(FamilyName));

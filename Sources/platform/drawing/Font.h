@@ -27,10 +27,13 @@ class Font {
   Font(std::string_view FamilyName, float Size, TFontStyles Style = {});
 
   static constexpr float MaxSize = 10000;
+  static constexpr float PixelsPerPoint = 96.0f / 72.0f;
 
   const std::string& GetFamilyName() const { return FFamilyName; }
   float GetSize() const { return FSize; }
   TFontStyles GetStyle() const { return FStyle; }
+  /// Whether texts look as meant; see FontFamily::IsAvailable.
+  bool IsAvailable() const;
   /// Distance of the base lines of two text lines.
   float GetHeight() const;
   /// Height above the base line.

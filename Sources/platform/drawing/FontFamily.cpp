@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QStringList>
 
 #include "platform/drawing/QtText.h"
 
@@ -51,6 +52,25 @@ bool FontFamily::IsAvailable() const {
         Shown.compare(QLatin1String(Twin.Substitute), Qt::CaseInsensitive) == 0)
       return true;
   return false;
+}
+
+bool Font::IsAvailable() const { return FontFamily(FFamilyName).IsAvailable(); }
+
+bool FontFamily::IsStyleAvailable(TFontStyles Style) const {
+  if (!IsAvailable()) return false;
+  const QString Shown = QFontInfo(QFont(ToQString(FFamilyName))).family();
+  const bool Bold = Style.Contains(TFontStyle::Bold), Italic = Style.Contains(TFontStyle::Italic);
+  for (const QString& Face : QFontDatabase::styles(Shown))
+    if ((QFontDatabase::weight(Shown, Face) >= QFont::DemiBold) == Bold && QFontDatabase::italic(Shown, Face) == Italic)
+      return true;
+  return false;
+}
+
+std::vector<FontFamily> InstalledFontCollection::GetFamilies() const {
+  std::vector<FontFamily> Result;
+  for (const QString& Family : QFontDatabase::families())
+    if (!QFontDatabase::isPrivateFamily(Family)) Result.emplace_back(Family.toStdString());
+  return Result;
 }
 
 }  // namespace zy

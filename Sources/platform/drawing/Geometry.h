@@ -25,4 +25,15 @@ struct RectF {
   bool operator==(const RectF&) const = default;
 };
 
+/// A rectangle in whole pixels by its edges; Right and Bottom lie behind the last pixel.
+struct TRect {
+  int Left = 0;
+  int Top = 0;
+  int Right = 0;
+  int Bottom = 0;
+  int Width() const { return Right - Left; }
+  int Height() const { return Bottom - Top; }
+  bool operator==(const TRect&) const = default;
+};
+
 }  // namespace zy

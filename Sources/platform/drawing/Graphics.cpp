@@ -1,198 +1,211 @@
 #include "platform/drawing/Graphics.h"
 
-#include <QImage>
-#include <QPainter>
-#include <QPen>
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 
 #include "platform/drawing/Bitmap.h"
-#include "platform/drawing/Brush.h"
 #include "platform/drawing/Font.h"
-#include "platform/drawing/Pen.h"
-#include "platform/drawing/QtText.h"
+#include "platform/drawing/Metafile.h"
+#include "platform/drawing/PainterBackend.h"
+#include "platform/drawing/QtGeometry.h"
 
 namespace zy {
 namespace {
 
-bool AreFinite(std::initializer_list<float> Values) {
-  return std::all_of(Values.begin(), Values.end(), [](float Value) { return std::isfinite(Value); });
+bool IsFinite(const RectF& Rect) { return AreFinite({Rect.X, Rect.Y, Rect.Width, Rect.Height}); }
+
+TShape BoxShape(TShape::TKind Kind, const RectF& Rect, float StartAngle = 0, float SweepAngle = 0) {
+  TShape Shape;
+  Shape.Kind = Kind;
+  Shape.Rect = Rect;
+  Shape.StartAngle = StartAngle;
+  Shape.SweepAngle = SweepAngle;
+  return Shape;
 }
 
-QTransform ToQt(const Matrix& Source) {
-  const auto& [M11, M12, M21, M22, Dx, Dy] = Source.Elements();
-  return {M11, M12, M21, M22, Dx, Dy};
+TShape PointShape(TShape::TKind Kind, std::span<const PointF> Points, FillMode Mode = FillModeAlternate) {
+  TShape Shape;
+  Shape.Kind = Kind;
+  Shape.Points = Points;
+  Shape.Mode = Mode;
+  return Shape;
 }
 
-Matrix FromQt(const QTransform& Source) {
-  return {Source.m11(), Source.m12(), Source.m21(), Source.m22(), Source.dx(), Source.dy()};
+TShape PathShape(const GraphicsPath& Path) {
+  TShape Shape;
+  Shape.Kind = TShape::Path;
+  Shape.Outline = &Path;
+  return Shape;
 }
 
-QRectF ToQt(const RectF& Source) { return {Source.X, Source.Y, Source.Width, Source.Height}; }
-
-/// The points for the toolkit; empty when one of them is not finite.
-QPolygonF ToQt(std::span<const PointF> Points) {
-  QPolygonF Result;
-  Result.reserve(static_cast<qsizetype>(Points.size()));
-  for (const PointF& Point : Points) {
-    if (!AreFinite({Point.X, Point.Y})) return {};
-    Result.append({Point.X, Point.Y});
-  }
-  return Result;
-}
-
-/// End moved half a pixel away from Before, along the axis on which the line steps from pixel to pixel, so that the
-/// pixel at the end is covered in full.
-QPointF WithWholePixel(const QPointF& End, const QPointF& Before) {
-  const QPointF Way = End - Before;
-  const double Longest = std::max(std::abs(Way.x()), std::abs(Way.y()));
-  return Longest > 0 ? End + Way * (0.5 / Longest) : End;
+float PaddingOf(const StringFormat& Format, const Font& Font) {
+  return Format.Padding() * Font.GetSize() * Font::PixelsPerPoint;
 }
 
 }  // namespace
 
-Graphics::Graphics(Bitmap& Target)
-    : FOwnPainter(std::make_unique<QPainter>(&Target.ToQt())), FPainter(FOwnPainter.get()) {
-  Begin();
+GraphicsPath TShape::AsPath() const {
+  GraphicsPath Result;
+  switch (Kind) {
+    case Lines:
+      Result.AddLines(Points);
+      break;
+    case Polygon:
+      Result.AddPolygon(Points);
+      Result.SetFillMode(Mode);
+      break;
+    case Rectangle:
+      Result.AddRectangle(Rect);
+      break;
+    case Ellipse:
+      Result.AddEllipse(Rect);
+      break;
+    case Pie:
+      Result.AddPie(Rect, StartAngle, SweepAngle);
+      break;
+    case Path:
+      return *Outline;
+  }
+  return Result;
 }
 
-Graphics::Graphics(QPainter& Target) : FPainter(&Target) { Begin(); }
+Graphics::Graphics(Bitmap& Target) : FBackend(std::make_unique<TPainterBackend>(Target)) {}
 
-Graphics::~Graphics() { FPainter->restore(); }
+Graphics::Graphics(QPainter& Target) : FBackend(std::make_unique<TPainterBackend>(Target)) {}
 
-// The painter as it came stays on its own stack throughout: its clip cannot be widened, only gone back to.
-void Graphics::Begin() {
-  FPainter->save();
-  FBase = FromQt(FPainter->worldTransform());
-  SetSmoothingMode(SmoothingModeNone);
-}
+Graphics::Graphics(Metafile& Target) : FBackend(Target.Recorder()) {}
 
-void Graphics::UseGrid(TGrid Grid) {
-  if (FGrid == Grid) return;
-  FGrid = Grid;
-  const double Offset = Grid == TGrid::Centers ? 0.5 : 0.0;
-  FPainter->setWorldTransform(ToQt(FTransform) * QTransform::fromTranslate(Offset, Offset) * ToQt(FBase));
-}
+Graphics::Graphics(std::unique_ptr<TGraphicsBackend> Backend) : FBackend(std::move(Backend)) {}
+
+Graphics::~Graphics() = default;
 
 void Graphics::DrawLine(const Pen& Pen, float X1, float Y1, float X2, float Y2) {
   const PointF Ends[] = {{X1, Y1}, {X2, Y2}};
-  Graphics::DrawLines(Pen, Ends);
+  DrawLines(Pen, Ends);
 }
 
 void Graphics::DrawLines(const Pen& Pen, std::span<const PointF> Points) {
-  QPolygonF Line = ToQt(Points);
-  if (Line.size() < 2) return;
-  if (FSmoothingMode == SmoothingModeNone && Line.front() != Line.back()) {
-    const QPointF First = WithWholePixel(Line[0], Line[1]);
-    Line.back() = WithWholePixel(Line.back(), Line[Line.size() - 2]);
-    Line.front() = First;
-  }
-  UseGrid(TGrid::Centers);
-  FPainter->setPen(Pen.ToQt());
-  FPainter->drawPolyline(Line);
+  if (Points.size() >= 2 && AreFinite(Points)) Draw(Pen, PointShape(TShape::Lines, Points));
+}
+
+void Graphics::DrawPolygon(const Pen& Pen, std::span<const PointF> Points) {
+  if (Points.size() >= 2 && AreFinite(Points)) Draw(Pen, PointShape(TShape::Polygon, Points));
 }
 
 void Graphics::DrawRectangle(const Pen& Pen, float X, float Y, float Width, float Height) {
-  if (!AreFinite({X, Y, Width, Height}) || Width < 0 || Height < 0) return;
-  UseGrid(TGrid::Centers);
-  QPen Outline = Pen.ToQt();
-  // The toolkit's short cut for thin lines leaves a quarter out of each corner; what is wider by a hair is joined.
-  constexpr double BarelyWide = 1.0001;
-  if (FSmoothingMode != SmoothingModeNone) Outline.setWidthF(std::max(Outline.widthF(), BarelyWide));
-  FPainter->setPen(Outline);
-  FPainter->setBrush(Qt::NoBrush);
-  FPainter->drawRect(QRectF(X, Y, Width, Height));
+  const RectF Rect{X, Y, Width, Height};
+  if (IsFinite(Rect) && Width >= 0 && Height >= 0) Draw(Pen, BoxShape(TShape::Rectangle, Rect));
+}
+
+void Graphics::DrawEllipse(const Pen& Pen, const RectF& Rect) {
+  if (IsFinite(Rect)) Draw(Pen, BoxShape(TShape::Ellipse, Rect));
+}
+
+void Graphics::DrawPie(const Pen& Pen, const RectF& Rect, float StartAngle, float SweepAngle) {
+  if (IsFinite(Rect) && AreFinite({StartAngle, SweepAngle}))
+    Draw(Pen, BoxShape(TShape::Pie, Rect, StartAngle, SweepAngle));
+}
+
+void Graphics::DrawPath(const Pen& Pen, const GraphicsPath& Path) {
+  if (!Path.IsEmpty()) Draw(Pen, PathShape(Path));
 }
 
 void Graphics::FillRectangle(const Brush& Brush, float X, float Y, float Width, float Height) {
-  if (!AreFinite({X, Y, Width, Height}) || !(Width > 0) || !(Height > 0)) return;
-  UseGrid(TGrid::Corners);
-  FPainter->fillRect(QRectF(X, Y, Width, Height), Brush.ToQt());
+  const RectF Rect{X, Y, Width, Height};
+  if (IsFinite(Rect) && Width > 0 && Height > 0) Fill(Brush, BoxShape(TShape::Rectangle, Rect));
 }
 
-void Graphics::FillPolygon(const Brush& Brush, std::span<const PointF> Points) {
-  const QPolygonF Polygon = ToQt(Points);
-  if (Polygon.size() < 3) return;
-  UseGrid(TGrid::Centers);
-  FPainter->setPen(Qt::NoPen);
-  FPainter->setBrush(Brush.ToQt());
-  FPainter->drawPolygon(Polygon, Qt::OddEvenFill);
+void Graphics::FillEllipse(const Brush& Brush, const RectF& Rect) {
+  if (IsFinite(Rect)) Fill(Brush, BoxShape(TShape::Ellipse, Rect));
 }
 
-void Graphics::DrawString(std::string_view Text, const Font& Font, const Brush& Brush, float X, float Y) {
-  if (!AreFinite({X, Y})) return;
-  const bool WholePixels = FTextRenderingHint == TextRenderingHintSingleBitPerPixelGridFit ||
-                           FTextRenderingHint == TextRenderingHintSingleBitPerPixel;
-  QFont Face = Font.ToQt();
-  // Coloured subpixels would make texts differ between a widget and a picture.
-  Face.setStyleStrategy(WholePixels ? QFont::NoAntialias : QFont::NoSubpixelAntialias);
-  UseGrid(TGrid::Corners);
-  FPainter->setFont(Face);
-  FPainter->setPen(QPen(Brush.ToQt(), 0));
-  const double Scale = Font.QtScale();
-  if (Scale != 1) FPainter->scale(Scale, Scale);
-  double BaseLine = Y + Font.GetAscent();
-  ForEachLine(Text, [&](std::string_view Line) {
-    FPainter->drawText(QPointF(X, BaseLine) / Scale, ToQString(Line));
-    BaseLine += Font.GetHeight();
-  });
-  if (Scale != 1) FGrid = TGrid::Unset;
+void Graphics::FillPie(const Brush& Brush, const RectF& Rect, float StartAngle, float SweepAngle) {
+  if (IsFinite(Rect) && AreFinite({StartAngle, SweepAngle}))
+    Fill(Brush, BoxShape(TShape::Pie, Rect, StartAngle, SweepAngle));
 }
 
-SizeF Graphics::MeasureString(std::string_view Text, const Font& Font) const { return Font.MeasureString(Text); }
-
-void Graphics::Clear(ARGB Color) {
-  FPainter->save();
-  FPainter->resetTransform();
-  FPainter->setCompositionMode(QPainter::CompositionMode_Source);
-  FPainter->fillRect(FPainter->window(), QColor::fromRgba(Color));
-  FPainter->restore();
+void Graphics::FillPolygon(const Brush& Brush, std::span<const PointF> Points, FillMode Mode) {
+  if (Points.size() >= 3 && AreFinite(Points)) Fill(Brush, PointShape(TShape::Polygon, Points, Mode));
 }
+
+void Graphics::FillPath(const Brush& Brush, const GraphicsPath& Path) {
+  if (!Path.IsEmpty()) Fill(Brush, PathShape(Path));
+}
+
+void Graphics::DrawImage(const Bitmap& Picture, float X, float Y) {
+  DrawImage(Picture, {X, Y, static_cast<float>(Picture.GetWidth()), static_cast<float>(Picture.GetHeight())});
+}
+
+void Graphics::DrawImage(const Bitmap& Picture, const RectF& To) {
+  DrawImage(Picture, To, {0, 0, static_cast<float>(Picture.GetWidth()), static_cast<float>(Picture.GetHeight())});
+}
+
+void Graphics::DrawImage(const Bitmap& Picture, const RectF& To, const RectF& From) {
+  if (IsFinite(To) && IsFinite(From) && To.Width > 0 && To.Height > 0 && From.Width > 0 && From.Height > 0)
+    FBackend->DrawImage(FState, Picture, To, From);
+}
+
+void Graphics::DrawImage(const Metafile& Recording, const RectF& To) {
+  if (IsFinite(To) && To.Width > 0 && To.Height > 0) Recording.PlayTo(*this, To);
+}
+
+bool TGraphicsBackend::DrawStamps(const TDrawState&, std::string_view, const RectF&, std::span<const PointF>,
+                                  const std::function<void(Graphics&)>&) {
+  return false;
+}
+
+void Graphics::DrawStamps(std::string_view Look, const RectF& Extent, std::span<const PointF> Points,
+                          const std::function<void(Graphics&)>& Paint) {
+  if (FBackend->DrawStamps(FState, Look, Extent, Points, Paint)) return;
+  const Matrix Saved = FState.Transform;
+  for (const PointF& Point : Points) {
+    if (!AreFinite({Point.X, Point.Y})) continue;
+    TranslateTransform(Point.X, Point.Y);
+    Paint(*this);
+    FState.Transform = Saved;
+  }
+}
+
+void Graphics::DrawString(std::string_view Text, const Font& Font, const Brush& Brush, float X, float Y,
+                          const StringFormat& Format) {
+  if (!Text.empty() && AreFinite({X, Y}))
+    FBackend->DrawString(FState, Text, Font, Brush, {X + PaddingOf(Format, Font), Y});
+}
+
+SizeF Graphics::MeasureString(std::string_view Text, const Font& Font, const StringFormat& Format) const {
+  SizeF Size = Font.MeasureString(Text);
+  if (!Text.empty()) Size.Width += 2 * PaddingOf(Format, Font);
+  return Size;
+}
+
+void Graphics::Clear(ARGB Color) { FBackend->Clear(FState, Color); }
 
 void Graphics::SetClip(const RectF& Rect, CombineMode Mode) {
-  if (Mode == CombineModeReplace) FClip = Region();
-  FClip.Intersect(Rect, FTransform);
-  ApplyClip();
+  if (Mode == CombineModeReplace) FState.Clip = Region();
+  FState.Clip.Intersect(Rect, FState.Transform);
 }
 
-void Graphics::SetClip(const Region& Clip) {
-  FClip = Clip;
-  ApplyClip();
+void Graphics::SetClip(const GraphicsPath& Path, CombineMode Mode) {
+  if (Mode == CombineModeReplace) FState.Clip = Region();
+  FState.Clip.Intersect(Path, FState.Transform);
 }
 
-void Graphics::ResetClip() { SetClip(Region()); }
+void Graphics::SetClip(const Region& Clip) { FState.Clip = Clip; }
 
-void Graphics::ApplyClip() {
-  FPainter->restore();
-  FPainter->save();
-  const QTransform Base = ToQt(FBase);
-  for (const Region::TPart& Part : FClip.Parts()) {
-    FPainter->setWorldTransform(ToQt(Part.Transform) * Base);
-    FPainter->setClipRect(ToQt(Part.Rect), Qt::IntersectClip);
-  }
-  FGrid = TGrid::Unset;
-  SetSmoothingMode(FSmoothingMode);
+void Graphics::ExcludeClip(const RectF& Rect) {
+  if (IsFinite(Rect)) FState.Clip.Exclude(Rect, FState.Transform);
 }
 
-void Graphics::SetTransform(const Matrix& Transform) {
-  FTransform = Transform;
-  FGrid = TGrid::Unset;
-}
+void Graphics::ExcludeClip(const Region& Shape) { FState.Clip.Exclude(Shape, FState.Transform); }
 
-void Graphics::TranslateTransform(float Dx, float Dy, MatrixOrder Order) {
-  FTransform.Translate(Dx, Dy, Order);
-  FGrid = TGrid::Unset;
-}
+void Graphics::ResetClip() { FState.Clip = Region(); }
 
-void Graphics::RotateTransform(float Angle, MatrixOrder Order) {
-  FTransform.Rotate(Angle, Order);
-  FGrid = TGrid::Unset;
-}
+void Graphics::TranslateTransform(float Dx, float Dy, MatrixOrder Order) { FState.Transform.Translate(Dx, Dy, Order); }
 
-void Graphics::SetSmoothingMode(SmoothingMode Value) {
-  FSmoothingMode = Value;
-  FPainter->setRenderHint(QPainter::Antialiasing, Value != SmoothingModeNone);
+void Graphics::RotateTransform(float Angle, MatrixOrder Order) { FState.Transform.Rotate(Angle, Order); }
+
+void Graphics::MultiplyTransform(const Matrix& Transform, MatrixOrder Order) {
+  FState.Transform.Multiply(Transform, Order);
 }
 
 }  // namespace zy

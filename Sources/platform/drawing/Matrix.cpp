@@ -50,6 +50,18 @@ void Matrix::Multiply(const Matrix& Other, MatrixOrder Order) {
 
 void Matrix::Translate(float Dx, float Dy, MatrixOrder Order) { Multiply(Translation(Dx, Dy), Order); }
 
+void Matrix::Scale(float X, float Y, MatrixOrder Order) { Multiply({X, 0, 0, Y, 0, 0}, Order); }
+
+void Matrix::Shear(float X, float Y, MatrixOrder Order) { Multiply({1, Y, X, 1, 0, 0}, Order); }
+
+double Matrix::UniformScale() const {
+  const auto& [M11, M12, M21, M22, Dx, Dy] = FElements;
+  constexpr double Tolerance = 1e-6;
+  const double A = M11 * M11 + M12 * M12, B = M21 * M21 + M22 * M22, Mixed = M11 * M21 + M12 * M22;
+  if (!(A > 0) || !(std::fabs(A - B) <= Tolerance * A) || !(std::fabs(Mixed) <= Tolerance * A)) return 0;
+  return std::sqrt(A);
+}
+
 void Matrix::Rotate(float Angle, MatrixOrder Order) { Multiply(Rotation(Angle), Order); }
 
 void Matrix::RotateAt(float Angle, PointF Center, MatrixOrder Order) {

@@ -24,12 +24,19 @@ class Matrix {
   /// Whether it is a translation or nothing at all.
   bool IsTranslation() const;
   PointF TransformPoint(PointF Point) const;
+  /// The factor by which it enlarges every length, 0 when different directions are treated differently.
+  double UniformScale() const;
+  /// A copy, for callers that keep one by pointer.
+  Matrix Clone() const { return *this; }
 
   void Translate(float Dx, float Dy, MatrixOrder Order = MatrixOrderPrepend);
   /// Rotates about the origin.
   void Rotate(float Angle, MatrixOrder Order = MatrixOrderPrepend);
   /// Rotates about Center.
   void RotateAt(float Angle, PointF Center, MatrixOrder Order = MatrixOrderPrepend);
+  void Scale(float X, float Y, MatrixOrder Order = MatrixOrderPrepend);
+  /// Moves x by X times y, and y by Y times x.
+  void Shear(float X, float Y, MatrixOrder Order = MatrixOrderPrepend);
   void Multiply(const Matrix& Other, MatrixOrder Order = MatrixOrderPrepend);
 
  private:

@@ -4,30 +4,69 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/drawing/Brush.h"
+
 namespace zy {
 namespace {
 
-QList<qreal> PatternOf(TDashStyle Style, const std::vector<float>& Custom) {
-  switch (Style) {
-    case DashStyleDash:
-      return {3, 1};
-    case DashStyleDot:
-      return {1, 1};
-    case DashStyleDashDot:
-      return {3, 1, 1, 1};
-    case DashStyleDashDotDot:
-      return {3, 1, 1, 1, 1, 1};
-    case DashStyleCustom:
-      return QList<qreal>(Custom.begin(), Custom.end());
-    case DashStyleSolid:
+/// The ends that are shapes of their own; null for those that a line itself can have.
+std::shared_ptr<const CustomLineCap> ShapeOf(LineCap Cap) {
+  GraphicsPath Shape;
+  switch (Cap) {
+    case LineCapTriangle: {
+      const PointF Points[] = {{-0.5f, 0}, {0.5f, 0}, {0, 0.5f}};
+      Shape.AddPolygon(Points);
       break;
+    }
+    case LineCapSquareAnchor:
+      Shape.AddRectangle({-0.75f, -0.75f, 1.5f, 1.5f});
+      break;
+    case LineCapRoundAnchor:
+      Shape.AddEllipse({-1, -1, 2, 2});
+      break;
+    case LineCapDiamondAnchor: {
+      const PointF Points[] = {{-1, 0}, {0, 1}, {1, 0}, {0, -1}};
+      Shape.AddPolygon(Points);
+      break;
+    }
+    case LineCapArrowAnchor: {
+      const PointF Points[] = {{-1, -1.732f}, {1, -1.732f}, {0, 0}};
+      Shape.AddPolygon(Points);
+      return std::make_shared<const CustomLineCap>(&Shape, nullptr, LineCapFlat, 1.0f);
+    }
+    default:
+      return nullptr;
   }
-  return {};
+  return std::make_shared<const CustomLineCap>(&Shape, nullptr);
+}
+
+Qt::PenCapStyle AsQt(LineCap Cap) {
+  return Cap == LineCapSquare ? Qt::SquareCap : Cap == LineCapRound ? Qt::RoundCap : Qt::FlatCap;
 }
 
 }  // namespace
 
-Pen::Pen(ARGB Color, float Width) : FColor(Color), FWidth(Width) {}
+CustomLineCap::CustomLineCap(const GraphicsPath* FillPath, const GraphicsPath* StrokePath, LineCap BaseCap,
+                             float BaseInset)
+    : FFillPath(FillPath == nullptr ? GraphicsPath() : *FillPath),
+      FStrokePath(StrokePath == nullptr ? GraphicsPath() : *StrokePath),
+      FBaseCap(BaseCap),
+      FBaseInset(BaseInset) {}
+
+Pen::Pen(ARGB Color, float Width) : FBrush(std::make_shared<const SolidBrush>(Color)), FWidth(Width) {}
+
+Pen::Pen(const Brush& Fill, float Width) : FBrush(Fill.Clone()), FWidth(Width) {}
+
+ARGB Pen::GetColor() const {
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(FBrush.get());
+  return Solid == nullptr ? 0 : Solid->GetColor();
+}
+
+void Pen::SetColor(ARGB Value) { FBrush = std::make_shared<const SolidBrush>(Value); }
+
+void Pen::SetBrush(const Brush& Value) { FBrush = Value.Clone(); }
+
+float Pen::EffectiveWidth() const { return std::isfinite(FWidth) ? std::max(FWidth, 1.0f) : 1.0f; }
 
 void Pen::SetDashPattern(std::span<const float> Pattern) {
   FDashPattern.clear();
@@ -38,13 +77,55 @@ void Pen::SetDashPattern(std::span<const float> Pattern) {
   FDashStyle = DashStyleCustom;
 }
 
+std::vector<float> Pen::DashPattern() const {
+  switch (FDashStyle) {
+    case DashStyleDash:
+      return {3, 1};
+    case DashStyleDot:
+      return {1, 1};
+    case DashStyleDashDot:
+      return {3, 1, 1, 1};
+    case DashStyleDashDotDot:
+      return {3, 1, 1, 1, 1, 1};
+    case DashStyleCustom:
+      return FDashPattern;
+    case DashStyleSolid:
+      break;
+  }
+  return {};
+}
+
+void Pen::SetStartCap(LineCap Value) {
+  FStartCap = Value;
+  FStartShape = ShapeOf(Value);
+}
+
+void Pen::SetEndCap(LineCap Value) {
+  FEndCap = Value;
+  FEndShape = ShapeOf(Value);
+}
+
+void Pen::SetCustomStartCap(const CustomLineCap& Value) {
+  FStartCap = LineCapCustom;
+  FStartShape = std::make_shared<const CustomLineCap>(Value);
+}
+
+void Pen::SetCustomEndCap(const CustomLineCap& Value) {
+  FEndCap = LineCapCustom;
+  FEndShape = std::make_shared<const CustomLineCap>(Value);
+}
+
 QPen Pen::ToQt() const {
-  // Not cosmetic: the width follows the transform and the screen's pixel ratio.
-  const qreal Width = std::isfinite(FWidth) ? std::max(FWidth, 1.0f) : 1.0f;
-  QPen Result(QColor::fromRgba(FColor), Width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+  // Not cosmetic: the width follows the transform and the screen's pixel ratio. The toolkit knows one cap for both
+  // ends.
+  const Qt::PenJoinStyle Join = FLineJoin == LineJoinMiter   ? Qt::MiterJoin
+                                : FLineJoin == LineJoinBevel ? Qt::BevelJoin
+                                                             : Qt::RoundJoin;
+  QPen Result(FBrush->ToQt(), EffectiveWidth(), Qt::SolidLine, AsQt(FEndShape ? FEndShape->GetBaseCap() : FEndCap),
+              Join);
   Result.setMiterLimit(FMiterLimit);
-  if (const QList<qreal> Pattern = PatternOf(FDashStyle, FDashPattern); !Pattern.isEmpty())
-    Result.setDashPattern(Pattern);
+  if (const std::vector<float> Pattern = DashPattern(); !Pattern.empty())
+    Result.setDashPattern(QList<qreal>(Pattern.begin(), Pattern.end()));
   return Result;
 }
 

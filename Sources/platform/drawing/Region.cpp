@@ -3,33 +3,65 @@
 #include <algorithm>
 
 namespace zy {
-namespace {
 
-/// What lies in both; without extent when they do not meet.
-RectF Overlap(const RectF& A, const RectF& B) {
-  const float Left = std::max(A.X, B.X);
-  const float Top = std::max(A.Y, B.Y);
-  const float Right = std::min(A.X + A.Width, B.X + B.Width);
-  const float Bottom = std::min(A.Y + A.Height, B.Y + B.Height);
-  return {Left, Top, std::max(Right - Left, 0.0f), std::max(Bottom - Top, 0.0f)};
+bool Region::TPart::operator==(const TPart& Other) const {
+  const auto Same = [](const auto& A, const auto& B) { return A == B || (A != nullptr && B != nullptr && *A == *B); };
+  return IsExcluded == Other.IsExcluded && IsRect == Other.IsRect && Rect == Other.Rect &&
+         Transform == Other.Transform && Same(Path, Other.Path) && Same(Nested, Other.Nested);
 }
 
-}  // namespace
+std::span<const Region::TPart> Region::Parts() const {
+  if (FParts == nullptr) return {};
+  return {FParts->data(), FCount};
+}
 
-void Region::Intersect(const RectF& Rect, const Matrix& Transform) {
-  TPart Part{Rect, Transform};
-  if (Transform.IsTranslation()) {
-    const PointF Corner = Transform.TransformPoint({Rect.X, Rect.Y});
-    Part = {{Corner.X, Corner.Y, Rect.Width, Rect.Height}, Matrix()};
+bool Region::operator==(const Region& Other) const {
+  if (FCount != Other.FCount) return false;
+  return FParts == Other.FParts || std::equal(Parts().begin(), Parts().end(), Other.Parts().begin());
+}
+
+void Region::Add(TPart Part) {
+  // Only the region that has all of the list may lengthen it; any other begins a list of its own.
+  const bool IsEnd = FParts != nullptr && FParts->size() == FCount;
+  if (!IsEnd) FParts = std::make_shared<std::vector<TPart>>(Parts().begin(), Parts().end());
+  FParts->push_back(std::move(Part));
+  ++FCount;
+}
+
+void Region::Intersect(const RectF& Rect, const Matrix& Transform) { Add({false, true, Rect, {}, {}, Transform}); }
+
+void Region::Intersect(const GraphicsPath& Path, const Matrix& Transform) {
+  Add({false, false, {}, std::make_shared<const GraphicsPath>(Path), {}, Transform});
+}
+
+void Region::Intersect(const Region& Other) {
+  const std::vector<TPart> Cuts(Other.Parts().begin(), Other.Parts().end());  // Other may be this region
+  for (const TPart& Part : Cuts) Add(Part);
+}
+
+void Region::Exclude(const RectF& Rect, const Matrix& Transform) { Add({true, true, Rect, {}, {}, Transform}); }
+
+void Region::Exclude(const GraphicsPath& Path, const Matrix& Transform) {
+  Add({true, false, {}, std::make_shared<const GraphicsPath>(Path), {}, Transform});
+}
+
+void Region::Exclude(const Region& Other, const Matrix& Transform) {
+  if (Other.FCount == 1 && !Other.Parts().front().IsExcluded && Other.Parts().front().Nested == nullptr) {
+    TPart Part = Other.Parts().front();
+    Part.IsExcluded = true;
+    Part.Transform.Multiply(Transform, MatrixOrderAppend);
+    return Add(std::move(Part));
   }
-  // Rectangles of one transform make one rectangle, so that nested clips do not pile up.
-  for (TPart& Known : FParts) {
-    if (Known.Transform == Part.Transform) {
-      Known.Rect = Overlap(Known.Rect, Part.Rect);
-      return;
-    }
+  Add({true, false, {}, {}, std::make_shared<const Region>(Other), Transform});
+}
+
+Region Region::Transformed(const Matrix& Transform) const {
+  Region Result;
+  for (TPart Part : Parts()) {
+    Part.Transform.Multiply(Transform, MatrixOrderAppend);
+    Result.Add(std::move(Part));
   }
-  FParts.push_back(Part);
+  return Result;
 }
 
 }  // namespace zy

@@ -1,0 +1,25 @@
+#pragma once
+
+// Colours along a gradient; for the sources of this folder.
+
+#include <QBrush>
+#include <span>
+#include <vector>
+
+#include "platform/drawing/Brush.h"
+
+namespace zy {
+
+/// Tested stops; see LinearGradientBrush::SetInterpolationColors. Throws ERangeError.
+std::vector<TGradientStop> MakeStops(std::span<const ARGB> Colors, std::span<const float> Positions);
+
+/// Colour at a position from 0 to 1. Channels are interpolated apart, alpha included.
+ARGB ColorAt(std::span<const TGradientStop> Stops, float Position);
+
+/// The colour that lies at Part, from 0 to 1, of the way from one to another.
+ARGB Mix(ARGB From, ARGB To, float Part);
+
+/// The toolkit's stops, squeezed into 0 to Scale.
+QGradientStops AsQt(std::span<const TGradientStop> Stops, double Scale);
+
+}  // namespace zy

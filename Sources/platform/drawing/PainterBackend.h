@@ -1,0 +1,75 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/drawing/ClipMask.h"
+#include "platform/drawing/GraphicsBackend.h"
+
+class QBrush;
+class QImage;
+class QPainter;
+class QTransform;
+
+namespace zy {
+
+/// Draws through a painter of the toolkit, and past it where the painter is slow: long and wide lines, big polygons and
+/// everything under a clip of many shapes go through TZyRaster when the painter paints on a picture.
+class TPainterBackend : public TGraphicsBackend {
+ public:
+  explicit TPainterBackend(Bitmap& Target);
+  explicit TPainterBackend(QPainter& Target);
+  ~TPainterBackend() override;
+
+  void Draw(const TDrawState& State, const Pen& Pen, const TShape& Shape) override;
+  void Fill(const TDrawState& State, const Brush& Brush, const TShape& Shape) override;
+  void DrawImage(const TDrawState& State, const Bitmap& Picture, const RectF& To, const RectF& From) override;
+  void DrawString(const TDrawState& State, std::string_view Text, const Font& Font, const Brush& Brush,
+                  PointF Origin) override;
+  void Clear(const TDrawState& State, ARGB Color) override;
+  bool DrawStamps(const TDrawState& State, std::string_view Look, const RectF& Extent, std::span<const PointF> Points,
+                  const std::function<void(Graphics&)>& Paint) override;
+  QPainter* GetHDC(const TDrawState& State) override;
+  void ReleaseHDC() override;
+
+ private:
+  /// What integer coordinates are: centres of pixels for shapes, corners for boxes of pixels.
+  enum class TGrid { Centers, Corners };
+
+  void Begin();
+  void Prepare(const TDrawState& State);
+  void ApplyClip(const Region& Clip);
+  void ApplyVectorClip(const Region& Clip);
+  QTransform WorldTransform(const TDrawState& State, TGrid Grid) const;
+  Matrix DeviceTransform(const TDrawState& State, TGrid Grid) const;
+  TRasterClip RasterClip() const;
+
+  void DrawPlain(const TDrawState& State, const Pen& Pen, const TShape& Shape);
+  bool StrokeByRaster(const TDrawState& State, const Pen& Pen, const TShape& Shape);
+  bool FillByRaster(const TDrawState& State, const Brush& Brush, const TShape& Shape);
+  bool FillByPicture(const TDrawState& State, const Brush& Brush, const TShape& Shape);
+  template <class TPaint>
+  void PaintWithPainter(const TDrawState& State, TGrid Grid, const TPaint& Paint);
+  void PaintLayer(const TDrawState& State, TGrid Grid, const std::function<void(QPainter&)>& Paint);
+  QBrush BrushOf(const TDrawState& State, TGrid Grid, const Brush& Brush) const;
+  void ClearThroughMask(ARGB Color);
+  std::unique_ptr<TRasterPaint> PaintOf(const TDrawState& State, TGrid Grid, const Brush& Brush, TRasterRect Box);
+
+  std::unique_ptr<QPainter> FOwnPainter;
+  QPainter* FPainter;
+  QImage* FImage = nullptr;  // what the painter paints on, when it is a picture that can be written directly
+  std::unique_ptr<QTransform> FBase, FDeviceBase;  // the painter's transform as it came; the same to stored pixels
+  TRasterRect FOuterBox;                           // what the painter's own clip leaves of the picture
+  // What the painter is set to.
+  Region FClip;
+  Matrix FTransform;
+  TGrid FGrid = TGrid::Centers;
+  bool FHasTransform = false;
+  SmoothingMode FSmoothing = SmoothingModeNone;
+  bool FHasMask = false;
+  TRasterRect FClipBox;
+  TClipMask FMask;
+};
+
+}  // namespace zy

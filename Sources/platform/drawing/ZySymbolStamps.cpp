@@ -1,0 +1,104 @@
+#include "platform/drawing/ZySymbolStamps.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/drawing/ZyRasterBlend.h"
+
+namespace zy {
+namespace {
+
+constexpr float LargestExtent = 2048;
+
+/// The box around the pixels that are not transparent, in a picture of Width columns.
+TRasterRect InkOf(const std::vector<std::uint32_t>& Pixels, int Width, int Height) {
+  TRasterRect Ink{Width, Height, 0, 0};
+  for (int Y = 0; Y < Height; ++Y) {
+    for (int X = 0; X < Width; ++X) {
+      if (Pixels[static_cast<std::size_t>(Y) * static_cast<std::size_t>(Width) + static_cast<std::size_t>(X)] == 0)
+        continue;
+      Ink = {std::min(Ink.Left, X), std::min(Ink.Top, Y), std::max(Ink.Right, X + 1), Y + 1};
+    }
+  }
+  return Ink;
+}
+
+}  // namespace
+
+TZySymbolStamps::TZySymbolStamps(std::size_t Capacity) : FCapacity(std::max<std::size_t>(Capacity, 1)) {}
+
+TZySymbolStamps::TLook& TZySymbolStamps::LookOf(std::string_view Key) {
+  const auto Found = std::find_if(FLooks.begin(), FLooks.end(), [&](const TLook& Look) { return Look.Key == Key; });
+  if (Found != FLooks.end()) {
+    FLooks.splice(FLooks.begin(), FLooks, Found);
+  } else {
+    if (FLooks.size() >= FCapacity) FLooks.pop_back();
+    FLooks.emplace_front().Key = Key;
+  }
+  return FLooks.front();
+}
+
+void TZySymbolStamps::Draw(const TRasterTarget& Target, const TRasterClip& Clip, std::string_view Look,
+                           const RectF& Extent, std::span<const PointF> Places, const TPaintSymbol& PaintSymbol) {
+  TRasterClip Within = Clip;
+  Within.Box = Intersection(Clip.Box, {0, 0, Target.Width, Target.Height});
+  const bool Usable = std::isfinite(Extent.X) && std::isfinite(Extent.Y) && Extent.Width > 0 && Extent.Height > 0 &&
+                      std::abs(Extent.X) <= LargestExtent && std::abs(Extent.Y) <= LargestExtent;
+  if (Within.Box.IsEmpty() || !Usable) return;
+  TLook& Used = LookOf(Look);
+  // Anything farther out cannot show; what is left fits whole numbers.
+  const auto Shows = [](float Place, int Low, int High) {
+    return Place > static_cast<float>(Low) - 2 * LargestExtent - 2 &&
+           Place < static_cast<float>(High) + LargestExtent + 2;
+  };
+  for (const PointF& Place : Places) {
+    if (!Shows(Place.X, Within.Box.Left, Within.Box.Right) || !Shows(Place.Y, Within.Box.Top, Within.Box.Bottom))
+      continue;
+    const int X = static_cast<int>(std::floor(Place.X * 4 + 0.5f));
+    const int Y = static_cast<int>(std::floor(Place.Y * 4 + 0.5f));
+    TStamp& Stamp = Used.Stamps[(Y & 3) * 4 + (X & 3)];
+    if (!Stamp.Made) Make(Stamp, Extent, {static_cast<float>(X & 3) / 4, static_cast<float>(Y & 3) / 4}, PaintSymbol);
+    Blit(Target, Within, Stamp, X >> 2, Y >> 2);
+  }
+}
+
+/// Paints a stamp for anchors with this fraction of a pixel, and trims it.
+void TZySymbolStamps::Make(TStamp& Stamp, const RectF& Extent, PointF Fraction, const TPaintSymbol& PaintSymbol) {
+  const auto Low = [](float Start) { return static_cast<int>(std::floor(Start)); };
+  const auto High = [](float Start, float Size, float Part) {
+    return static_cast<int>(std::ceil(Start + std::min(Size, LargestExtent) + Part));
+  };
+  const TRasterRect Box{Low(Extent.X), Low(Extent.Y), High(Extent.X, Extent.Width, Fraction.X),
+                        High(Extent.Y, Extent.Height, Fraction.Y)};
+  const int Width = Box.Right - Box.Left;
+  const int Height = Box.Bottom - Box.Top;
+  std::vector<std::uint32_t> Pixels(static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height));
+  PaintSymbol({Pixels.data(), Width, Width, Height},
+              {Fraction.X - static_cast<float>(Box.Left), Fraction.Y - static_cast<float>(Box.Top)});
+  const TRasterRect Ink = InkOf(Pixels, Width, Height);
+  Stamp.Made = true;
+  Stamp.Box = {Box.Left + Ink.Left, Box.Top + Ink.Top, Box.Left + Ink.Right, Box.Top + Ink.Bottom};
+  if (Ink.IsEmpty()) return;
+  for (int Y = Ink.Top; Y < Ink.Bottom; ++Y) {
+    const auto Row = Pixels.begin() + static_cast<std::ptrdiff_t>(Y) * Width;
+    Stamp.Pixels.insert(Stamp.Pixels.end(), Row + Ink.Left, Row + Ink.Right);
+  }
+}
+
+void TZySymbolStamps::Blit(const TRasterTarget& Target, const TRasterClip& Clip, const TStamp& Stamp, int X, int Y) {
+  const TRasterRect At{X + Stamp.Box.Left, Y + Stamp.Box.Top, X + Stamp.Box.Right, Y + Stamp.Box.Bottom};
+  const TRasterRect Shown = Intersection(At, Clip.Box);
+  if (Shown.IsEmpty()) return;
+  const std::ptrdiff_t Stride = At.Right - At.Left;
+  const int Count = Shown.Right - Shown.Left;
+  const std::uint32_t* Colors = Stamp.Pixels.data() + (Shown.Top - At.Top) * Stride + (Shown.Left - At.Left);
+  std::uint32_t* Pixels = Target.Pixels + Shown.Top * Target.Stride + Shown.Left;
+  for (int Row = Shown.Top; Row < Shown.Bottom; ++Row, Colors += Stride, Pixels += Target.Stride) {
+    if (Clip.Mask != nullptr)
+      BlendColors(Pixels, Clip.Mask + Row * Clip.MaskStride + Shown.Left, Count, Colors);
+    else
+      BlendOver(Pixels, Colors, Count);
+  }
+}
+
+}  // namespace zy

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <list>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/drawing/ZyRaster.h"
+
+namespace zy {
+
+/// Draws many small symbols of one look by painting the look once and blitting it.
+///
+/// A symbol's place is rounded to quarters of a device pixel, so a look is painted at most 16 times; each such stamp is
+/// made when a place first needs it. The looks used last are kept.
+class TZySymbolStamps {
+ public:
+  /// Paints the symbol about Anchor into Stamp, whose pixels are transparent. Coordinates as in TZyRaster: corners of
+  /// pixels at integers.
+  using TPaintSymbol = std::function<void(const TRasterTarget& Stamp, PointF Anchor)>;
+
+  /// Capacity is the number of looks that are kept.
+  explicit TZySymbolStamps(std::size_t Capacity = 32);
+
+  /// Draws a symbol at each of Places (device pixels), over what is there and in this order. Look names everything that
+  /// decides the symbol's pixels (shape, size, colours, pixel ratio), in any bytes. Extent is the box around the
+  /// anchor, in device pixels, that the symbol stays within, so its X and Y are as a rule negative; it belongs to the
+  /// look and is cut to 2048 pixels. Places that are not finite are left out.
+  void Draw(const TRasterTarget& Target, const TRasterClip& Clip, std::string_view Look, const RectF& Extent,
+            std::span<const PointF> Places, const TPaintSymbol& PaintSymbol);
+  /// Forgets all looks.
+  void Clear() { FLooks.clear(); }
+
+ private:
+  struct TStamp {
+    TRasterRect Box;  // of what was painted, relative to the anchor's whole pixel
+    std::vector<std::uint32_t> Pixels;
+    bool Made = false;
+  };
+  struct TLook {
+    std::string Key;
+    TStamp Stamps[16];
+  };
+
+  TLook& LookOf(std::string_view Key);
+  static void Make(TStamp& Stamp, const RectF& Extent, PointF Fraction, const TPaintSymbol& PaintSymbol);
+  static void Blit(const TRasterTarget& Target, const TRasterClip& Clip, const TStamp& Stamp, int X, int Y);
+
+  std::size_t FCapacity;
+  std::list<TLook> FLooks;  // the one used last comes first
+};
+
+}  // namespace zy

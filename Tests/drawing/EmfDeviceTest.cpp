@@ -1,0 +1,723 @@
+#include "platform/drawing/EmfDevice.h"
+
+#include <gtest/gtest.h>
+
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <map>
+#include <span>
+#include <string>
+
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/TStream.h"
+
+namespace zy {
+namespace {
+
+// Record numbers and offsets: Microsoft's open specification [MS-EMF], section 2.3.
+enum TRecordType : std::uint32_t {
+  Header = 1,
+  Polygon = 3,
+  Polyline = 4,
+  PolyBezierTo = 5,
+  PolyLineTo = 6,
+  Eof = 14,
+  SetPolyFillMode = 19,
+  SetTextColor = 24,
+  MoveTo = 27,
+  IntersectClipRect = 30,
+  SaveDc = 33,
+  RestoreDc = 34,
+  SelectObject = 37,
+  CreateBrush = 39,
+  DeleteObject = 40,
+  SetMiterLimit = 58,
+  BeginPath = 59,
+  EndPath = 60,
+  CloseFigure = 61,
+  FillPath = 62,
+  StrokeAndFillPath = 63,
+  StrokePath = 64,
+  SelectClipPath = 67,
+  StretchDiBits = 81,
+  CreateFont = 82,
+  ExtTextOut = 84,
+  CreatePen = 95,
+  AlphaBlend = 114,
+};
+
+using TBytes = std::vector<std::byte>;
+using TInts = std::vector<std::int32_t>;
+
+struct TRecord {
+  std::uint32_t Type;
+  std::span<const std::byte> Bytes;
+
+  template <typename T = std::int32_t>
+  T At(std::size_t Offset) const {
+    T Result{};
+    if (Offset + sizeof(T) > Bytes.size()) {
+      ADD_FAILURE() << "Record " << Type << " has no byte " << Offset;
+    } else {
+      std::memcpy(&Result, Bytes.data() + Offset, sizeof(T));
+    }
+    return Result;
+  }
+  TInts Ints(std::size_t Offset, std::size_t Count) const {
+    TInts Result;
+    for (std::size_t Index = 0; Index < Count; ++Index) Result.push_back(At(Offset + 4 * Index));
+    return Result;
+  }
+  /// Coordinates of a record with bounds, a count and points.
+  TInts Points() const { return Ints(28, 2 * At<std::uint32_t>(24)); }
+};
+
+std::vector<TRecord> RecordsOf(std::span<const std::byte> File) {
+  std::vector<TRecord> Result;
+  while (!File.empty()) {
+    std::uint32_t Start[2] = {};
+    if (File.size() >= sizeof Start) std::memcpy(Start, File.data(), sizeof Start);
+    if (Start[1] < 8 || Start[1] % 4 != 0 || Start[1] > File.size()) {
+      ADD_FAILURE() << "Record " << Result.size() << " of type " << Start[0] << " has " << Start[1] << " bytes";
+      break;
+    }
+    Result.push_back({Start[0], File.first(Start[1])});
+    File = File.subspan(Start[1]);
+  }
+  return Result;
+}
+
+void ExpectWithin(const TRecord& Record, std::size_t PlaceOfOffset, std::size_t PlaceOfSize) {
+  EXPECT_LE(std::uint64_t{Record.At<std::uint32_t>(PlaceOfOffset)} + Record.At<std::uint32_t>(PlaceOfSize),
+            Record.Bytes.size());
+}
+
+/// Plays the objects and levels of the file.
+class TObjectCheck {
+ public:
+  void Take(const TRecord& Record) {
+    const std::uint32_t Handle = Record.Bytes.size() > 8 ? Record.At<std::uint32_t>(8) : 0;
+    switch (Record.Type) {
+      case CreatePen:
+      case CreateBrush:
+      case CreateFont:
+        EXPECT_GT(Handle, 0u);
+        EXPECT_TRUE(FAlive.emplace(Handle, Record.Type).second) << "handle made twice: " << Handle;
+        Largest = std::max(Largest, Handle);
+        break;
+      case SelectObject:
+        if (Handle >> 31 == 0) {
+          ASSERT_TRUE(FAlive.contains(Handle)) << "selected before it was made: " << Handle;
+          FSelected.back()[FAlive[Handle]] = Handle;
+        } else {
+          FSelected.back()[Handle == 0x80000005 ? CreateBrush : Handle == 0x80000008 ? CreatePen : CreateFont] = 0;
+        }
+        break;
+      case DeleteObject:
+        EXPECT_EQ(FAlive.erase(Handle), 1u) << "deleted but not there: " << Handle;
+        for (const auto& Level : FSelected) {
+          for (const auto& [Kind, Selected] : Level) EXPECT_NE(Selected, Handle) << "deleted while it is in use";
+        }
+        break;
+      case SaveDc:
+        FSelected.push_back(FSelected.back());
+        break;
+      case RestoreDc:
+        EXPECT_EQ(Record.At(8), -1);
+        ASSERT_GT(FSelected.size(), 1u);
+        FSelected.pop_back();
+        break;
+      default:
+        break;
+    }
+  }
+  void Finish() const {
+    EXPECT_TRUE(FAlive.empty());
+    EXPECT_EQ(FSelected.size(), 1u);
+  }
+  std::uint32_t Selected(std::uint32_t Kind) { return FSelected.back()[Kind]; }
+  std::uint32_t Largest = 0;
+
+ private:
+  std::map<std::uint32_t, std::uint32_t> FAlive;
+  std::vector<std::map<std::uint32_t, std::uint32_t>> FSelected{1};
+};
+
+void ExpectWellFormed(const TBytes& File) {
+  const std::vector<TRecord> Records = RecordsOf(File);
+  ASSERT_GE(Records.size(), 2u);
+  const TRecord& First = Records.front();
+  ASSERT_EQ(First.Type, Header);
+  EXPECT_EQ(First.At(40), 0x464D4520);
+  EXPECT_EQ(First.At<std::uint32_t>(48), File.size());
+  EXPECT_EQ(First.At<std::uint32_t>(52), Records.size());
+  EXPECT_EQ(Records.back().Type, Eof);
+  EXPECT_EQ(Records.back().At<std::uint32_t>(16), Records.back().Bytes.size());
+  TObjectCheck Objects;
+  bool IsInPath = false;
+  for (const TRecord& Record : Records) {
+    Objects.Take(Record);
+    if (Record.Type == BeginPath || Record.Type == EndPath) {
+      EXPECT_EQ(IsInPath, Record.Type == EndPath);
+      IsInPath = Record.Type == BeginPath;
+    }
+    if (Record.Type >= Polygon && Record.Type <= PolyLineTo) {
+      EXPECT_EQ(Record.Bytes.size(), 28 + 8 * std::uint64_t{Record.At<std::uint32_t>(24)});
+    } else if (Record.Type == StretchDiBits) {
+      ExpectWithin(Record, 48, 52);
+      ExpectWithin(Record, 56, 60);
+    } else if (Record.Type == AlphaBlend) {
+      ExpectWithin(Record, 84, 88);
+      ExpectWithin(Record, 92, 96);
+    } else if (Record.Type == ExtTextOut) {
+      EXPECT_LE(Record.At<std::uint32_t>(48) + 2 * Record.At<std::uint32_t>(44), Record.At<std::uint32_t>(72));
+      EXPECT_LE(Record.At<std::uint32_t>(72) + 4 * Record.At<std::uint32_t>(44), Record.Bytes.size());
+    }
+  }
+  EXPECT_FALSE(IsInPath);
+  Objects.Finish();
+  EXPECT_EQ(First.At<std::uint16_t>(56), Objects.Largest + 1);
+}
+
+class EmfDevice : public testing::Test {
+ protected:
+  using TPaint = std::function<void(QPainter&)>;
+
+  void Paint(const TPaint& Paint) {
+    QPainter Painter(&Device);
+    Paint(Painter);
+    Painter.end();
+    File = Device.Bytes();
+    ExpectWellFormed(File);
+  }
+  std::vector<TRecord> All(std::uint32_t Type) const {
+    std::vector<TRecord> Result = RecordsOf(File);
+    std::erase_if(Result, [Type](const TRecord& Record) { return Record.Type != Type; });
+    return Result;
+  }
+  TRecord Only(std::uint32_t Type) const {
+    const std::vector<TRecord> Found = All(Type);
+    EXPECT_EQ(Found.size(), 1u) << "records of type " << Type;
+    return Found.empty() ? TRecord{Type, {}} : Found.front();
+  }
+  std::size_t Count(std::uint32_t Type) const { return All(Type).size(); }
+  std::size_t CountOfShapes() const {
+    std::size_t Result = 0;
+    for (const auto Type :
+         {Polygon, Polyline, FillPath, StrokePath, StrokeAndFillPath, AlphaBlend, StretchDiBits, ExtTextOut})
+      Result += Count(Type);
+    return Result;
+  }
+
+  TEmfDevice Device{QSizeF(200, 100)};
+  TBytes File;
+};
+
+QPen PenOf(const QColor& Color, double Width, Qt::PenStyle Style = Qt::SolidLine) {
+  return QPen(Color, Width, Style, Qt::FlatCap, Qt::MiterJoin);
+}
+
+TEST_F(EmfDevice, TellsItsExtent) {
+  struct {
+    QSizeF Pixels;
+    double DotsPerInch;
+    TInts Bounds, Frame;  // frame in hundredths of a millimetre
+    std::int32_t DevicePixels;
+  } const Cases[] = {{{800, 600}, 96, {0, 0, 799, 599}, {0, 0, 21167, 15875}, 9600},
+                     {{72, 36}, 72, {0, 0, 71, 35}, {0, 0, 2540, 1270}, 7200},
+                     {{0.5, 10.25}, 300, {0, 0, 0, 10}, {0, 0, 4, 87}, 30000}};
+  for (const auto& Case : Cases) {
+    const TBytes Empty = TEmfDevice(Case.Pixels, Case.DotsPerInch).Bytes();
+    ExpectWellFormed(Empty);
+    const TRecord First = RecordsOf(Empty).front();
+    EXPECT_EQ(First.Ints(8, 4), Case.Bounds);
+    EXPECT_EQ(First.Ints(24, 4), Case.Frame);
+    EXPECT_EQ(First.Ints(72, 4), (TInts{Case.DevicePixels, Case.DevicePixels, 2540, 2540}));
+  }
+  constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+  for (const QSizeF& Bad : {QSizeF(0, 5), QSizeF(5, -1), QSizeF(NaN, 5), QSizeF(5, 2e6)})
+    EXPECT_THROW(TEmfDevice{Bad}, ERangeError);
+  EXPECT_THROW(TEmfDevice(QSizeF(5, 5), 0), ERangeError);
+}
+
+TEST_F(EmfDevice, LinesAreInSixteenthsOfAPixel) {
+  Paint([](QPainter& Painter) {
+    Painter.setPen(PenOf(QColor(0x12, 0x34, 0x56), 2.25));
+    Painter.drawLine(QPointF(1.0625, 2), QPointF(-3.5, 50.25));
+  });
+  EXPECT_EQ(Only(Polyline).Points(), (TInts{17, 32, -56, 804}));
+  const TRecord Pen = Only(CreatePen);
+  // Style, width, brush style, colour as blue, green, red; no hatch, no dashes.
+  EXPECT_EQ(Pen.Ints(28, 6), (TInts{0x10000 | 0x200 | 0x2000, 36, 0, 0x563412, 0, 0}));
+}
+
+TEST_F(EmfDevice, PensKeepTheirLook) {
+  struct {
+    Qt::PenCapStyle Cap;
+    Qt::PenJoinStyle Join;
+    std::vector<double> Dashes;
+    std::int32_t Style;
+  } const Cases[] = {{Qt::FlatCap, Qt::BevelJoin, {}, 0x11200},
+                     {Qt::SquareCap, Qt::RoundJoin, {}, 0x10100},
+                     {Qt::RoundCap, Qt::MiterJoin, {}, 0x12000},
+                     {Qt::FlatCap, Qt::RoundJoin, {3, 1}, 0x10201},
+                     {Qt::FlatCap, Qt::RoundJoin, {1, 1}, 0x10202},
+                     {Qt::FlatCap, Qt::RoundJoin, {3, 1, 1, 1}, 0x10203},
+                     {Qt::FlatCap, Qt::RoundJoin, {3, 1, 1, 1, 1, 1}, 0x10204}};
+  for (const auto& Case : Cases) {
+    QPen Pen(Qt::black, 3, Qt::SolidLine, Case.Cap, Case.Join);
+    if (!Case.Dashes.empty()) Pen.setDashPattern(QList<qreal>(Case.Dashes.begin(), Case.Dashes.end()));
+    Paint([&](QPainter& Painter) {
+      Painter.setPen(Pen);
+      Painter.drawLine(0, 0, 50, 50);
+    });
+    EXPECT_EQ(Only(CreatePen).At(28), Case.Style);
+  }
+  // The limit of SVG is that of the format.
+  QPen Mitred(Qt::black, 3, Qt::SolidLine, Qt::FlatCap, Qt::SvgMiterJoin);
+  Mitred.setMiterLimit(7);
+  Paint([&](QPainter& Painter) {
+    Painter.setPen(Mitred);
+    Painter.drawLine(0, 0, 9, 9);
+  });
+  EXPECT_EQ(Only(SetMiterLimit).At(8), 7);
+}
+
+TEST_F(EmfDevice, OtherDashesAreLinesOfTheirOwn) {
+  QPen Pen = PenOf(Qt::black, 2);
+  Pen.setDashPattern({5, 2, 1, 2});
+  Pen.setDashOffset(6);
+  Paint([&](QPainter& Painter) {
+    Painter.setPen(Pen);
+    Painter.drawLine(0, 10, 25, 10);
+  });
+  // Twelve pixels into 10 on, 4 off, 2 on, 4 off: 2 of a gap, then 2 on, 4 off, 10 on, 4 off and 2 on from 22.
+  TInts Ends;
+  for (const TRecord& Record : RecordsOf(File)) {
+    if (Record.Type == MoveTo) Ends.push_back(Record.At(8));
+    if (Record.Type == PolyLineTo) Ends.push_back(Record.Points()[0]);
+  }
+  EXPECT_EQ(Ends, (TInts{2 * 16, 4 * 16, 8 * 16, 18 * 16, 22 * 16, 24 * 16}));
+  EXPECT_EQ(Only(CreatePen).At(28), 0x12200);
+}
+
+TEST_F(EmfDevice, TransformsAreInTheCoordinates) {
+  Paint([](QPainter& Painter) {
+    Painter.translate(10, 20);
+    Painter.rotate(90);
+    Painter.scale(2, 2);
+    Painter.setPen(PenOf(Qt::black, 1.5));
+    Painter.drawLine(0, 0, 5, 1);
+  });
+  EXPECT_EQ(Only(Polyline).Points(), (TInts{160, 320, 128, 480}));
+  EXPECT_EQ(Only(CreatePen).At(32), 48);
+  // A pen that is wider one way than the other is an area.
+  Paint([](QPainter& Painter) {
+    Painter.scale(2, 10);
+    Painter.setPen(PenOf(Qt::black, 1));
+    Painter.drawLine(0, 5, 50, 5);
+  });
+  EXPECT_EQ(Count(Polyline) + Count(CreatePen), 0u);
+  TInts Corners = Only(Polygon).Points();
+  std::sort(Corners.begin(), Corners.end());
+  EXPECT_EQ(Corners, (TInts{0, 0, 45 * 16, 45 * 16, 55 * 16, 55 * 16, 100 * 16, 100 * 16}));
+}
+
+TEST_F(EmfDevice, AreasKeepCurvesAndFillModes) {
+  QPainterPath Leaf(QPointF(1, 1));
+  Leaf.cubicTo(2, 3, 4, 5, 6, 7);
+  Leaf.lineTo(8, 1);
+  Leaf.closeSubpath();
+  Paint([&](QPainter& Painter) { Painter.fillPath(Leaf, QColor(255, 0, 128)); });
+  EXPECT_EQ(Only(PolyBezierTo).Points(), (TInts{32, 48, 64, 80, 96, 112}));
+  EXPECT_EQ(Only(CreateBrush).Ints(12, 3), (TInts{0, 0x8000FF, 0}));
+  EXPECT_EQ(Count(FillPath) + Count(CloseFigure), 2u);
+
+  const QPolygonF Bow{{0, 0}, {9, 9}, {9, 0}, {0, 9}};
+  Paint([&](QPainter& Painter) {
+    Painter.setPen(PenOf(Qt::red, 1));
+    Painter.setBrush(Qt::blue);
+    Painter.drawPolygon(Bow, Qt::WindingFill);
+    Painter.drawPolygon(Bow, Qt::OddEvenFill);
+  });
+  std::string Order;
+  for (const TRecord& Record : RecordsOf(File)) {
+    if (Record.Type == SetPolyFillMode) Order += std::to_string(Record.At(8));
+    if (Record.Type == Polygon) Order += 'P';
+  }
+  EXPECT_EQ(Order, "12P1P");
+  EXPECT_EQ(All(Polygon)[0].Points(), (TInts{0, 0, 144, 144, 144, 0, 0, 144}));
+  // An open outline keeps its open side, though the area is closed.
+  QPainterPath Open(QPointF(0, 0));
+  Open.quadTo(5, 9, 9, 0);
+  Paint([&](QPainter& Painter) {
+    Painter.setBrush(Qt::blue);
+    Painter.drawPath(Open);
+  });
+  EXPECT_EQ(Count(FillPath), 1u);
+  EXPECT_EQ(Count(StrokePath), 1u);
+  EXPECT_EQ(Count(StrokeAndFillPath) + Count(CloseFigure), 0u);
+}
+
+TEST_F(EmfDevice, MakesEachLookOnce) {
+  Paint([](QPainter& Painter) {
+    for (int Index = 0; Index < 100; ++Index) {
+      Painter.setPen(PenOf(Index % 2 ? Qt::red : Qt::blue, 1));
+      Painter.drawLine(0, Index, 100, Index);
+      Painter.fillRect(QRectF(100, Index, 10, 1), Index % 2 ? Qt::green : Qt::black);
+    }
+  });
+  EXPECT_EQ(Count(CreatePen), 2u);
+  EXPECT_EQ(Count(CreateBrush), 2u);
+  Paint([](QPainter& Painter) {
+    Painter.setPen(PenOf(Qt::red, 1));
+    for (QRgb Color = 0; Color < 70'000; ++Color) {
+      Painter.setBrush(QColor(Color | 0xFF000000));
+      Painter.drawRect(1, 1, 5, 5);
+    }
+  });
+  EXPECT_EQ(Count(CreateBrush), 70'000u);
+  EXPECT_LT(RecordsOf(File)[0].At<std::uint16_t>(56), 2000);
+  TObjectCheck Objects;
+  for (const TRecord& Record : RecordsOf(File)) {
+    Objects.Take(Record);
+    if (Record.Type == Polygon) {
+      ASSERT_TRUE(Objects.Selected(CreatePen) != 0 && Objects.Selected(CreateBrush) != 0);
+    }
+  }
+}
+
+TEST_F(EmfDevice, HoldsEverythingTogether) {
+  Paint([](QPainter& Painter) {
+    for (int Index = 0; Index < 60; ++Index) {
+      const QColor Color = QColor::fromHsv(6 * Index, 255, 200, Index % 3 ? 255 : 120);
+      QLinearGradient Gradient(0, 0, 200, 50);
+      Gradient.setColorAt(0, Qt::white);
+      Gradient.setColorAt(1, Color);
+      Painter.save();
+      if (Index % 4 == 0) Painter.setClipRect(QRectF(0, 0, 100 + Index, 90));
+      Painter.rotate(Index);
+      Painter.setBrush(Gradient);
+      Painter.setPen(PenOf(Color, 1 + Index % 5, Index % 2 ? Qt::SolidLine : Qt::DashLine));
+      Painter.drawEllipse(QRectF(10, 10, 150, 30));
+      Painter.fillRect(QRectF(20, 0, 30, 30), QBrush(Color, Qt::CrossPattern));
+      Painter.drawText(QPointF(30, 20), QString::number(Index));
+      Painter.restore();
+    }
+  });
+  EXPECT_GT(Count(CreateBrush), 2000u);  // so the table has been emptied in between
+  EXPECT_EQ(Count(ExtTextOut), 40u);
+}
+
+TEST_F(EmfDevice, TextsStayTexts) {
+  const QString Text = QString::fromUtf8("Wäy €");
+  QFont Font("Arial");
+  Font.setPixelSize(20);
+  Font.setBold(true);
+  Font.setItalic(true);
+  const double Width = QFontMetricsF(Font, &Device).horizontalAdvance(Text);
+  Paint([&](QPainter& Painter) {
+    Painter.setFont(Font);
+    Painter.setPen(QColor(1, 2, 3));
+    Painter.translate(50, 60);
+    Painter.rotate(-30);
+    Painter.scale(1.5, 1.5);
+    Painter.drawText(QPointF(0, 0), Text);
+  });
+  const TRecord Face = Only(CreateFont);
+  EXPECT_EQ(Face.Ints(12, 5), (TInts{-20 * 3 / 2 * 16, 0, 300, 300, 700}));
+  EXPECT_EQ(Face.At<std::uint8_t>(32), 1);  // italic
+  const std::u16string Family = u"Arial";
+  EXPECT_EQ(std::memcmp(Face.Bytes.data() + 40, Family.c_str(), 2 * (Family.size() + 1)), 0);
+  const TRecord Line = Only(ExtTextOut);
+  EXPECT_EQ(Line.Ints(36, 4), (TInts{50 * 16, 60 * 16, 5, 76}));
+  EXPECT_EQ(std::memcmp(Line.Bytes.data() + 76, Text.utf16(), 10), 0);
+  const TInts Advances = Line.Ints(Line.At<std::uint32_t>(72), 5);
+  int Sum = 0;
+  for (const std::int32_t Advance : Advances) Sum += Advance;
+  EXPECT_NEAR(Sum, Width * 1.5 * 16, 1.5 * 16);
+  EXPECT_GT(Advances[0], Advances[4]);  // W is wider than the currency sign
+  EXPECT_EQ(All(SetTextColor).back().At(8), 0x030201);
+
+  QFont InPoints("Arial");
+  InPoints.setPointSizeF(12);
+  Paint([&](QPainter& Painter) {
+    Painter.setFont(InPoints);
+    Painter.drawText(QPointF(0, 20), "Size");
+  });
+  EXPECT_EQ(Only(CreateFont).At(12), -16 * 16);  // 12 pt are 16 px at 96 dpi
+}
+
+TEST_F(EmfDevice, TextsThatTheFormatLacksAreOutlines) {
+  struct {
+    const char* Name;
+    TPaint Prepare;
+  } const Cases[] = {{"sheared", [](QPainter& Painter) { Painter.shear(0.5, 0); }},
+                     {"mirrored", [](QPainter& Painter) { Painter.scale(-1, 1); }},
+                     {"stretched", [](QPainter& Painter) { Painter.scale(1, 2); }}};
+  for (const auto& Case : Cases) {
+    SCOPED_TRACE(Case.Name);
+    Paint([&](QPainter& Painter) {
+      Painter.translate(100, 20);
+      Case.Prepare(Painter);
+      Painter.drawText(QPointF(0, 10), "Outline");
+    });
+    EXPECT_EQ(Count(ExtTextOut), 0u);
+    EXPECT_EQ(Count(FillPath), 1u);
+  }
+}
+
+/// The toolkit hands out such texts in parts, one for each font.
+TEST_F(EmfDevice, WritesATextOfSeveralFontsOnce) {
+  const QString Mixed = QString::fromUtf8("ab 漢字 cd");
+  Paint([&](QPainter& Painter) {
+    Painter.setFont(QFont("Arial"));
+    Painter.drawText(QPointF(0, 20), Mixed);
+    Painter.drawText(QPointF(0, 50), Mixed);
+  });
+  QString Written;
+  for (const TRecord& Record : All(ExtTextOut)) {
+    const auto* Units = reinterpret_cast<const char16_t*>(Record.Bytes.data() + 76);
+    Written += QString::fromUtf16(Units, Record.At(44));
+  }
+  EXPECT_EQ(Written.toStdString(), (Mixed + Mixed).toStdString());
+}
+
+TEST_F(EmfDevice, TranslucentAreasAreBlended) {
+  Paint([](QPainter& Painter) { Painter.fillRect(QRectF(10, 20, 30, 40), QColor(255, 0, 100, 51)); });
+  const TRecord Blend = Only(AlphaBlend);
+  EXPECT_EQ(Blend.Ints(24, 5), (TInts{160, 320, 480, 640, 0x01FF0000}));
+  // One pixel, multiplied by its alpha of a fifth: blue, green, red, alpha.
+  EXPECT_EQ(Blend.At(Blend.At<std::uint32_t>(92)), 0x33330014);
+  EXPECT_EQ(CountOfShapes(), 1u);
+
+  Paint([](QPainter& Painter) {
+    Painter.setOpacity(0.5);
+    Painter.setBrush(Qt::red);
+    Painter.setPen(Qt::NoPen);
+    Painter.drawEllipse(QRectF(10, 20, 30, 40));
+  });
+  EXPECT_EQ(Count(SelectClipPath), 1u);
+  EXPECT_EQ(Count(AlphaBlend), 1u);
+
+  Paint([](QPainter& Painter) {
+    Painter.setBrush(QColor(1, 2, 3, 0));
+    Painter.setPen(QPen(QColor(1, 2, 3, 0), 5));
+    Painter.drawEllipse(QRectF(10, 20, 30, 40));
+    Painter.drawText(QPointF(5, 20), "Nothing");
+    Painter.setOpacity(0);
+    Painter.fillRect(QRect(1, 1, 50, 50), Qt::red);
+    Painter.drawImage(1, 1, QImage(5, 5, QImage::Format_RGB32));
+  });
+  EXPECT_EQ(CountOfShapes(), 0u);
+}
+
+TEST_F(EmfDevice, LinearGradientsAreStrips) {
+  QLinearGradient Gradient(20, 0, 120, 0);
+  Gradient.setColorAt(0, QColor(0, 0, 0));
+  Gradient.setColorAt(1, QColor(0, 0, 50));
+  Paint([&](QPainter& Painter) { Painter.fillRect(QRectF(10, 10, 99.5, 30), Gradient); });
+  EXPECT_EQ(Only(IntersectClipRect).Ints(8, 4), (TInts{160, 160, 1752, 640}));
+  const std::vector<TRecord> Strips = All(Polygon);
+  // Black until 20, then a step for each shade up to 0.895 of the way.
+  ASSERT_EQ(Strips.size(), 46u);
+  EXPECT_EQ(Strips.front().Points()[0], 160);
+  EXPECT_EQ(Strips[1].Points()[0], 320);
+  EXPECT_EQ(Strips[2].Points()[0], 352);
+  EXPECT_NEAR(All(CreateBrush).back().At<std::uint8_t>(18), 0.895 * 50, 1);
+  EXPECT_EQ(Count(StretchDiBits) + Count(AlphaBlend), 0u);
+
+  // Turned by the painter: an edge of each strip runs across the turned gradient.
+  Gradient.setSpread(QGradient::ReflectSpread);
+  Paint([&](QPainter& Painter) {
+    Painter.rotate(45);
+    Painter.fillRect(QRectF(10, -10, 150, 20), Gradient);
+  });
+  EXPECT_EQ(Count(SelectClipPath), 1u);
+  EXPECT_GT(Count(Polygon), 50u);
+  const TInts Strip = All(Polygon)[20].Points();
+  EXPECT_NEAR(Strip[6] - Strip[0], -(Strip[7] - Strip[1]), 2);
+}
+
+TEST_F(EmfDevice, OtherBrushesComeThrough) {
+  QRadialGradient Radial(50, 50, 20);
+  Radial.setColorAt(0, Qt::white);
+  Radial.setColorAt(1, Qt::black);
+  Paint([&](QPainter& Painter) { Painter.fillRect(QRectF(0, 0, 100, 100), Radial); });
+  EXPECT_EQ(Count(Polygon), 1u);    // the ground
+  EXPECT_EQ(Count(FillPath), 20u);  // one for each pixel of the radius
+  const TInts Largest = All(MoveTo).front().Ints(8, 2);
+  EXPECT_EQ(Largest, (TInts{70 * 16, 50 * 16}));
+
+  QImage Tile(2, 2, QImage::Format_ARGB32_Premultiplied);
+  Tile.fill(Qt::red);
+  Tile.setPixelColor(0, 0, Qt::blue);
+  Paint([&](QPainter& Painter) { Painter.fillRect(QRect(4, 4, 4, 3), QBrush(Tile)); });
+  const TRecord Pattern = Only(StretchDiBits);
+  EXPECT_EQ(Pattern.Ints(24, 6), (TInts{64, 64, 0, 0, 4, 3}));
+  EXPECT_EQ(Pattern.At<std::uint16_t>(80 + 14), 1);  // two colours, one bit for each pixel
+  const std::uint32_t Bits = Pattern.At<std::uint32_t>(56);
+  // The lowest row first; a set bit is the colour that comes second.
+  EXPECT_EQ(Pattern.At(120), 0x0000FF);
+  EXPECT_EQ(Pattern.At(124), 0xFF0000);
+  EXPECT_EQ(Pattern.At<std::uint8_t>(Bits), 0x50);
+  EXPECT_EQ(Pattern.At<std::uint8_t>(Bits + 4), 0xF0);
+  EXPECT_EQ(Pattern.At<std::uint8_t>(Bits + 8), 0x50);
+
+  QConicalGradient Conical(50, 50, 0);
+  Paint([&](QPainter& Painter) {
+    Painter.setBrush(Conical);
+    Painter.drawEllipse(QRectF(20, 20, 60, 60));
+  });
+  EXPECT_EQ(Count(SelectClipPath), 1u);
+  EXPECT_EQ(Only(StretchDiBits).Ints(40, 2), (TInts{120, 120}));
+}
+
+TEST_F(EmfDevice, PicturesComeThrough) {
+  QImage Opaque(3, 2, QImage::Format_RGB32);
+  for (int Index = 0; Index < 6; ++Index) Opaque.setPixel(Index % 3, Index / 3, qRgb(Index, 10, 20));
+  Paint([&](QPainter& Painter) { Painter.drawImage(QRectF(10, 20, 30.5, 40), Opaque); });
+  const TRecord Copied = Only(StretchDiBits);
+  EXPECT_EQ(Copied.Ints(24, 2), (TInts{160, 320}));
+  EXPECT_EQ(Copied.Ints(72, 2), (TInts{488, 640}));
+  // Six colours in a table of eight bits; the second row is stored first.
+  const std::uint32_t Bits = Copied.At<std::uint32_t>(56);
+  const std::uint8_t Index = Copied.At<std::uint8_t>(Bits + 1);
+  EXPECT_EQ(Copied.At(120 + 4u * Index), 0x040A14);
+
+  QImage Clear(1, 1, QImage::Format_ARGB32);
+  Clear.fill(qRgba(200, 100, 0, 102));
+  Paint([&](QPainter& Painter) { Painter.drawImage(QPointF(5, 6), Clear); });
+  EXPECT_EQ(Only(AlphaBlend).Ints(24, 4), (TInts{80, 96, 16, 16}));
+  EXPECT_EQ(Only(AlphaBlend).At(Only(AlphaBlend).At<std::uint32_t>(92)), 0x66502800);  // times 0.4
+  Paint([&](QPainter& Painter) {
+    Painter.rotate(10);
+    Painter.drawImage(QRectF(20, 20, 30, 30), Opaque);
+  });
+  EXPECT_EQ(Count(AlphaBlend), 1u);
+}
+
+TEST_F(EmfDevice, ClipsNestAndEnd) {
+  Paint([](QPainter& Painter) {
+    const QRect Dot(50, 50, 1, 1);
+    Painter.save();
+    Painter.setClipRect(QRectF(10.5, 10, 80, 80));
+    Painter.fillRect(Dot, Qt::black);
+    QPainterPath Round;
+    Round.addEllipse(QRectF(0, 0, 90, 90));
+    Painter.setClipPath(Round, Qt::IntersectClip);
+    Painter.fillRect(Dot, Qt::black);
+    Painter.restore();
+    Painter.fillRect(Dot, Qt::black);
+    Painter.setClipRect(QRect(500, 500, 5, 5));
+    Painter.fillRect(Dot, Qt::black);
+  });
+  std::string Order;
+  for (const TRecord& Record : RecordsOf(File)) {
+    if (Record.Type == SaveDc) Order += '(';
+    if (Record.Type == RestoreDc) Order += ')';
+    if (Record.Type == IntersectClipRect) Order += 'R';
+    if (Record.Type == SelectClipPath) Order += 'P';
+    if (Record.Type == Polygon) Order += '.';
+  }
+  // A painter may begin with clips that it does not use.
+  while (Order.starts_with("()")) Order.erase(0, 2);
+  EXPECT_EQ(Order, "(R.)(RP.)(.)()");
+  EXPECT_EQ(All(IntersectClipRect)[0].Ints(8, 4), (TInts{168, 160, 1448, 1440}));
+}
+
+TEST_F(EmfDevice, SurvivesBadCoordinates) {
+  constexpr double Infinity = std::numeric_limits<double>::infinity();
+  constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+  for (const double Bad : {NaN, Infinity, -Infinity, 1e9, -1e300}) {
+    SCOPED_TRACE(Bad);
+    Paint([&](QPainter& Painter) {
+      QLinearGradient Gradient(0, 0, Bad, 5);
+      Gradient.setSpread(QGradient::RepeatSpread);
+      const QPointF Points[] = {{0, 0}, {Bad, 5}, {50, Bad}, {20, 20}, {30, 20}};
+      for (const QBrush& Brush : {QBrush(Qt::red), QBrush(QColor(9, 9, 9, 99)), QBrush(Gradient)}) {
+        Painter.setBrush(Brush);
+        Painter.setPen(PenOf(QColor(0, 0, 0, Brush.color().alpha()), 2, Qt::DashDotLine));
+        Painter.drawPolyline(Points, 5);
+        Painter.drawPolygon(Points, 5);
+        Painter.drawRect(QRectF(0, Bad, 10, 10));
+        Painter.drawEllipse(QRectF(0, 0, Bad, 10));
+      }
+      Painter.drawText(QPointF(Bad, 10), "Text");
+      Painter.drawImage(QRectF(Bad, 0, 10, 10), QImage(3, 3, QImage::Format_RGB32));
+      Painter.setClipRect(QRectF(0, 0, Bad, 10));
+      Painter.fillRect(QRectF(0, 0, 10, 10), Qt::red);
+    });
+  }
+  Paint([](QPainter& Painter) {
+    Painter.drawPolyline(QPolygonF());
+    Painter.drawPolygon(QPolygonF());
+    Painter.drawPath(QPainterPath());
+    Painter.drawText(QPointF(1, 1), QString());
+    Painter.drawImage(QPointF(1, 1), QImage());
+    Painter.fillRect(QRectF(), Qt::red);
+  });
+  EXPECT_EQ(CountOfShapes(), 0u);
+}
+
+TEST_F(EmfDevice, LeavesOutGapsAndCutsWhatIsFarOff) {
+  constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+  Paint([&](QPainter& Painter) {
+    const QPointF Points[] = {{0, 0}, {1, 1}, {NaN, 2}, {3, 3}, {4, 4}};
+    Painter.drawPolyline(Points, 5);
+  });
+  EXPECT_EQ(Count(MoveTo), 2u);
+  EXPECT_EQ(All(PolyLineTo)[1].Points(), (TInts{64, 64}));
+  // What is left of a line still runs the way it did.
+  Paint([](QPainter& Painter) { Painter.drawLine(QPointF(0, 50), QPointF(2e9, 50 + 1e9)); });
+  const TInts Cut = Only(Polyline).Points();
+  EXPECT_EQ((TInts{Cut[0], Cut[1]}), (TInts{0, 800}));
+  EXPECT_GT(Cut[2], 200 * 16);
+  EXPECT_LT(Cut[2], 100'000 * 16);
+  EXPECT_NEAR(Cut[3] - 800, Cut[2] / 2.0, 1);
+}
+
+TEST_F(EmfDevice, SplitsLongLines) {
+  constexpr int Points = 100'001;
+  QPolygonF Line;
+  for (int Index = 0; Index < Points; ++Index) Line.append(QPointF(Index / 16.0 / 8, Index % 50));
+  Paint([&](QPainter& Painter) {
+    Painter.setPen(PenOf(Qt::black, 1));
+    Painter.drawPolyline(Line);
+  });
+  EXPECT_EQ(Count(StrokePath), 1u);
+  TInts Written = Only(MoveTo).Ints(8, 2);
+  for (const TRecord& Record : All(PolyLineTo)) {
+    EXPECT_LT(Record.Bytes.size(), 200'000u);
+    const TInts Part = Record.Points();
+    Written.insert(Written.end(), Part.begin(), Part.end());
+  }
+  ASSERT_EQ(Written.size(), 2u * Points);
+  for (std::size_t Index = 0; Index < Points; Index += 997) {
+    EXPECT_NEAR(Written[2 * Index], static_cast<double>(Index) / 8, 0.5);
+    EXPECT_EQ(Written[2 * Index + 1], static_cast<std::int32_t>(Index % 50) * 16);
+  }
+}
+
+TEST_F(EmfDevice, SavesAndStartsAnew) {
+  Paint([](QPainter& Painter) { Painter.drawLine(1, 1, 2, 2); });
+  TMemoryStream Stream;
+  Stream.Write("x", 1);
+  Device.Save(Stream);
+  ASSERT_EQ(Stream.Bytes().size(), File.size() + 1);
+  EXPECT_TRUE(std::equal(File.begin(), File.end(), Stream.Bytes().begin() + 1));
+  Paint([](QPainter& Painter) { Painter.drawRect(3, 3, 4, 4); });
+  EXPECT_EQ(Count(Polyline), 0u);
+  EXPECT_EQ(Device.logicalDpiX(), 96);
+  EXPECT_EQ(Device.widthMM(), 53);  // 200 px at 96 dpi
+}
+
+}  // namespace
+}  // namespace zy
