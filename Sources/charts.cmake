@@ -9,12 +9,24 @@ zy_add_library(
     axes/ZyAxisPaint.cpp
     axes/ZyAxisRanging.cpp
     axes/ZyAxisTicks.cpp
+    graph/ZyAreaSettings.cpp
+    graph/ZyArrowSettings.cpp
+    graph/ZyColors.cpp
     graph/ZyCustomGraph.cpp
+    graph/ZyGDI.cpp
+    graph/ZyGradientBrushes.cpp
+    graph/ZyGradientSettings.cpp
     graph/ZyGraph2D.cpp
+    graph/ZyLineSettings.cpp
+    graph/ZyPointSymbolSettings.cpp
     graph/ZyRegisterClasses.cpp
     graph/ZyStringFunctions.cpp
-    graph/ZyStyles.cpp
+    persistence/ZyIniArchive.cpp
     persistence/ZyIO.cpp
+    persistence/ZyStreamArchive.cpp
+    persistence/ZyStyleRecords.cpp
+    persistence/ZyTextArchive.cpp
+    persistence/ZyXmlArchive.cpp
     series/ZyDoubleVector.cpp
     series/ZyLineSeries.cpp
     series/ZySeries.cpp

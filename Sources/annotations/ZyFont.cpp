@@ -1,15 +1,31 @@
 #include "annotations/ZyFont.h"
 
+#include <algorithm>
+#include <cmath>
+
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/NumberText.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/ZyLocalize.h"
+#include "undo/ZyUndoStack.h"
 
 namespace zy {
 
 ZY_PUBLISHED(TZyFont, TPersistent, Published<&TZyFont::Name, &TZyFont::SetName>("Name"),
              Published<&TZyFont::Size, &TZyFont::SetSize>("Size"),
              Published<&TZyFont::Style, &TZyFont::SetStyle>("Style"),
-             Published<&TZyFont::FillColor, &TZyFont::SetFillColor>("FillColor"))
+             Published<&TZyFont::FillColor, &TZyFont::SetFillColor>("FillColor"),
+             Published<&TZyFont::DrawEffects, &TZyFont::SetDrawEffects>("DrawEffects", {}),
+             Published<&TZyFont::RenderingHint, &TZyFont::SetRenderingHint>("RenderingHint",
+                                                                            TZyTextRenderingHint::SystemDefault),
+             Published<static_cast<TZyGradientSettings& (TZyFont::*)()>(&TZyFont::Gradient)>("Gradient"))
 
-TZyFont::TZyFont(ModifiedCallback NeedsInvalidate) : mNeedsInvalidate(std::move(NeedsInvalidate)) {}
+TZyFont::TZyFont(ModifiedCallback NeedsInvalidate)
+    : mNeedsInvalidate(NeedsInvalidate), FGradient(std::move(NeedsInvalidate)) {}
+
+void TZyFont::NeedsInvalidate() {
+  if (mNeedsInvalidate) mNeedsInvalidate();
+}
 
 void TZyFont::NeedsResize() {
   if (OnNeedsResize) OnNeedsResize();
@@ -23,7 +39,10 @@ void TZyFont::SetName(const std::string& Value) {
 
 void TZyFont::SetSize(float Value) {
   if (FSize == Value) return;
+  if (!(Value <= Font::MaxSize))
+    throw ERangeError(Format(LoadResString(_sPropOutOfRange), {FloatToStr(static_cast<double>(Value)), "Size"}));
   FSize = Value;
+  if (Value > 0) FWholeSize = std::max(static_cast<int>(std::lround(Value)), 1);
   NeedsResize();
 }
 
@@ -36,17 +55,43 @@ void TZyFont::SetStyle(TFontStyles Value) {
 void TZyFont::SetFillColor(TZyColor Value) {
   if (FFillColor == Value) return;
   FFillColor = Value;
-  if (mNeedsInvalidate) mNeedsInvalidate();
+  NeedsInvalidate();
+}
+
+void TZyFont::SetDrawEffects(TZyCharDrawEffects Value) {
+  if (FDrawEffects == Value) return;
+  const std::uint32_t Added = Value.Bits() & ~FDrawEffects.Bits();
+  FDrawEffects = TZyCharDrawEffects::FromBits(Added & (~Added + 1));  // the lowest bit alone
+  NeedsInvalidate();
+}
+
+void TZyFont::SetRenderingHint(TZyTextRenderingHint Value) {
+  if (FRenderingHint == Value) return;
+  FRenderingHint = Value;
+  NeedsResize();
 }
 
 void TZyFont::Assign(const TPersistent* Source) {
   const auto* const Other = dynamic_cast<const TZyFont*>(Source);
   if (Other == nullptr) return TPersistent::Assign(Source);
-  FName = Other->FName;
-  FSize = Other->FSize;
-  FStyle = Other->FStyle;
   FFillColor = Other->FFillColor;
+  SetSize(Other->Size());
+  SetDrawEffects(Other->FDrawEffects);
+  SetRenderingHint(Other->FRenderingHint);
+  FGradient.Assign(&Other->FGradient);
+  FName = Other->FName;
+  FStyle = Other->FStyle;
   NeedsResize();
+}
+
+void TZyFont::PushToUndoStack(TZyUndoStack* Stack, std::string_view Comment) {
+  if (Stack == nullptr) return;
+  Stack->StartGroup(Comment);
+  for (const char* Name : {"Name", "Style", "Size", "FillColor", "DrawEffects"}) Stack->PushProperty(this, "", Name);
+  for (const char* Name : {"Visible", "Style", "FirstColor", "MiddleColor", "LastColor", "LinearAngle", "LinearCenter",
+                           "RadialCenterX", "RadialCenterY"})
+    Stack->PushProperty(&FGradient, "", Name);
+  Stack->StopGroup();
 }
 
 }  // namespace zy

@@ -1,16 +1,37 @@
 #pragma once
 
-#include <functional>
 #include <string>
+#include <string_view>
 
-#include "graph/ZyColors.h"
-#include "graph/ZyStyles.h"
+#include "graph/ZyGradientSettings.h"
 #include "platform/drawing/Font.h"
+#include "platform/framework/EnumInfo.h"
 #include "platform/framework/TPersistent.h"
 
 namespace zy {
 
-/// The font of a caption: family, size in points, style and text colour.
+class TZyUndoStack;
+
+/// Ways to set characters off from what lies behind them. The order is that of the bits in stored forms.
+enum class TZyCharDrawEffect { Shadow, Outline, Lowered, Raised };
+ZY_ENUM(TZyCharDrawEffect, "Shadow", "Outline", "Lowered", "Raised")
+using TZyCharDrawEffects = TSet<TZyCharDrawEffect>;
+
+/// How the edges of characters are drawn.
+enum class TZyTextRenderingHint {
+  SystemDefault,
+  SingleBitPerPixelGridFit,
+  SingleBitPerPixel,
+  AntiAliasGridFit,
+  AntiAlias,
+  ClearTypeGridFit
+};
+ZY_ENUM(TZyTextRenderingHint, "SystemDefault", "SingleBitPerPixelGridFit", "SingleBitPerPixel", "AntiAliasGridFit",
+        "AntiAlias", "ClearTypeGridFit")
+
+/// The font of a caption: family, size in points, style, colour or gradient, effect.
+///
+/// Setters push no undo; who lets the user change a font calls PushToUndoStack first.
 class TZyFont : public TPersistent {
   ZY_CLASS(TZyFont, TPersistent)
   /// NeedsInvalidate runs when only the look changed, OnNeedsResize when the layout did.
@@ -18,27 +39,47 @@ class TZyFont : public TPersistent {
 
   const std::string& Name() const { return FName; }
   void SetName(const std::string& Value);
-  float Size() const { return FSize; }
+  /// Setting 0 or less falls back to the whole size. Throws ERangeError for more than Font::MaxSize and for what is no
+  /// number.
+  float Size() const { return FSize > 0 ? FSize : static_cast<float>(FWholeSize); }
   void SetSize(float Value);
+  /// The size last set, rounded.
+  int WholeSize() const { return FWholeSize; }
   TFontStyles Style() const { return FStyle; }
   void SetStyle(TFontStyles Value);
   TZyColor FillColor() const { return FFillColor; }
   void SetFillColor(TZyColor Value);
+  /// At most one effect. One that is added takes the place of the present one; of two that are added the first in the
+  /// order of the enumeration counts.
+  TZyCharDrawEffects DrawEffects() const { return FDrawEffects; }
+  void SetDrawEffects(TZyCharDrawEffects Value);
+  TZyTextRenderingHint RenderingHint() const { return FRenderingHint; }
+  void SetRenderingHint(TZyTextRenderingHint Value);
+  /// Takes the place of the colour while it is visible.
+  TZyGradientSettings& Gradient() { return FGradient; }
+  const TZyGradientSettings& Gradient() const { return FGradient; }
 
   ModifiedCallback OnNeedsResize;
 
   /// The drawing surface's font of this description.
-  Font AsFont() const { return Font(FName, FSize, FStyle); }
+  Font AsFont() const { return Font(FName, Size(), FStyle); }
   void Assign(const TPersistent* Source) override;
+  /// Logs all that this font is as one step, before a change. Nothing happens without a stack.
+  void PushToUndoStack(TZyUndoStack* Stack, std::string_view Comment);
 
  private:
+  void NeedsInvalidate();
   void NeedsResize();
 
   ModifiedCallback mNeedsInvalidate;
   std::string FName = "Arial";
+  int FWholeSize = 10;
   float FSize = 10;
   TFontStyles FStyle;
   TZyColor FFillColor = Colors::Black;
+  TZyCharDrawEffects FDrawEffects;
+  TZyTextRenderingHint FRenderingHint = TZyTextRenderingHint::SystemDefault;
+  TZyGradientSettings FGradient;
 };
 
 }  // namespace zy

@@ -51,11 +51,11 @@ class ZyChartUndoTest : public ::testing::Test {
         Collect(*Component);
   }
 
-  /// Notes the object and the settings that it owns, fonts left out: their setters push nothing yet.
+  /// Notes the object and the settings that it owns, fonts left out: who changes a font pushes it as a whole before.
   void Collect(TPersistent& Object) {
     Objects.push_back(&Object);
     for (const TPropInfo* Info : Object.ClassInfo().Properties())
-      if (Info->IsOwnedObject && Info->ObjectClass().InheritsFrom(TZySimpleLineSettings::StaticClassInfo()))
+      if (Info->IsOwnedObject && !Info->ObjectClass().InheritsFrom(TZyFont::StaticClassInfo()))
         Collect(*Info->GetObject(Object));
   }
 

@@ -59,7 +59,7 @@ class ZyUndoStackTest : public ::testing::Test {
     int OnCount = 0;
   };
   TDataModule Module;
-  TCountingStack Stack{&Module};
+  TCountingStack& Stack = *new TCountingStack(&Module);  // the oldest component of the module, and so the last to go
 };
 
 TEST_F(ZyUndoStackTest, BringsBackEveryKindOfProperty) {

@@ -1,19 +1,24 @@
-#include "graph/ZyStyles.h"
+#include "graph/ZyLineSettings.h"
 
+#include "graph/ZyGradientBrushes.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
 
 namespace zy {
 
-ZY_PUBLISHED(TZySimpleLineSettings, TPersistent,
-             Published<&TZySimpleLineSettings::Color, &TZySimpleLineSettings::SetColor>("Color"),
-             Published<&TZySimpleLineSettings::DashStyle, &TZySimpleLineSettings::SetDashStyle>("DashStyle"),
-             Published<&TZySimpleLineSettings::Width, &TZySimpleLineSettings::SetWidth>("Width"))
+// Colour, dash style and visibility have no default: owners start with their own, and a reader could not tell.
+ZY_PUBLISHED(
+    TZySimpleLineSettings, TPersistent,
+    Published<&TZySimpleLineSettings::Color, &TZySimpleLineSettings::SetColor>("Color"),
+    Published<&TZySimpleLineSettings::DashStyle, &TZySimpleLineSettings::SetDashStyle>("DashStyle"),
+    Published<&TZySimpleLineSettings::Width, &TZySimpleLineSettings::SetWidth>("Width", 1.0f),
+    Published<static_cast<TZyGradientSettings& (TZySimpleLineSettings::*)()>(&TZySimpleLineSettings::Gradient)>(
+        "Gradient"))
 ZY_PUBLISHED(TZyLineSettings, TZySimpleLineSettings,
              Published<&TZyLineSettings::Visible, &TZyLineSettings::SetVisible>("Visible"))
 
 TZySimpleLineSettings::TZySimpleLineSettings(ModifiedCallback WhenModified)
-    : mModifiedCallBack(std::move(WhenModified)) {}
+    : mModifiedCallBack(WhenModified), FGradient(std::move(WhenModified)) {}
 
 void TZySimpleLineSettings::Modified() {
   if (mModifiedCallBack) mModifiedCallBack();
@@ -31,11 +36,21 @@ void TZySimpleLineSettings::SetWidth(float Value) {
   Change(this, FWidth, Value, _sLineWidth, "Width", &TZySimpleLineSettings::Modified);
 }
 
-std::unique_ptr<TZyPen> TZySimpleLineSettings::GetPen(const RectF&, float) const {
-  auto Result = std::make_unique<TZyPen>(FColor, FWidth);
+void TZySimpleLineSettings::SetUndoStack(TZyUndoStack* Value) {
+  FUndoStack = Value;
+  FGradient.SetUndoStack(Value);
+}
+
+std::unique_ptr<TZyPen> TZySimpleLineSettings::GetPen(const RectF& View, float Angle) const {
+  auto Result = FGradient.Visible() ? std::make_unique<TZyPen>(*FGradient.GetBrush(View, Angle), FWidth)
+                                    : std::make_unique<TZyPen>(FColor, FWidth);
   Result->SetMiterLimit(0);
   Result->SetDashStyle(FDashStyle);
   return Result;
+}
+
+std::unique_ptr<TZyPen> TZySimpleLineSettings::GetPen(const TRect& View, float Angle) const {
+  return GetPen(ToRectF(View), Angle);
 }
 
 void TZySimpleLineSettings::Assign(const TPersistent* Source) {
@@ -44,7 +59,7 @@ void TZySimpleLineSettings::Assign(const TPersistent* Source) {
   FDashStyle = Line->FDashStyle;
   FColor = Line->FColor;
   FWidth = Line->FWidth;
-  Modified();
+  FGradient.Assign(&Line->FGradient);  // tells the owner
 }
 
 void TZyLineSettings::SetVisible(bool Value) {

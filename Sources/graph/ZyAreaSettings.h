@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+
+#include "graph/ZyGDI.h"
+#include "graph/ZyGradientSettings.h"
+
+namespace zy {
+
+/// How to fill an area: style and two colours; a visible gradient takes the place of both.
+class TZyAreaSettings : public TPersistent {
+  ZY_CLASS(TZyAreaSettings, TPersistent)
+  explicit TZyAreaSettings(ModifiedCallback WhenModified);
+
+  bool Visible() const { return FVisible; }
+  void SetVisible(bool Value);
+  TZyAreaStyle AreaStyle() const { return FAreaStyle; }
+  void SetAreaStyle(TZyAreaStyle Value);
+  TZyColor ForeColor() const { return FForeColor; }
+  void SetForeColor(TZyColor Value);
+  TZyColor BackColor() const { return FBackColor; }
+  void SetBackColor(TZyColor Value);
+  /// Its changes reach the owner of the area directly.
+  TZyGradientSettings& Gradient() { return FGradient; }
+  const TZyGradientSettings& Gradient() const { return FGradient; }
+
+  /// Whether the style is one colour, Total.
+  bool Solid() const { return FAreaStyle == TZyAreaStyle::Total; }
+  /// A brush with these settings over View.
+  std::unique_ptr<Brush> GetBrush(const RectF& View) const;
+  std::unique_ptr<Brush> GetBrush(const TRect& View) const;
+
+  /// Copies all values without undo, and tells the owner once.
+  void Assign(const TPersistent* Source) override;
+  TZyUndoStack* UndoStack() const { return FUndoStack; }
+  void SetUndoStack(TZyUndoStack* Value);
+
+ private:
+  void Modified();
+
+  ModifiedCallback mModifiedCallBack;
+  TZyUndoStack* FUndoStack = nullptr;  // the owner's; it clears it here when the stack dies
+  bool FVisible = false;
+  TZyAreaStyle FAreaStyle = TZyAreaStyle::Total;
+  TZyColor FForeColor = Colors::LightGray;
+  TZyColor FBackColor = Colors::DarkGray;
+  TZyGradientSettings FGradient;
+};
+
+}  // namespace zy

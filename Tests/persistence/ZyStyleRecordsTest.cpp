@@ -1,0 +1,368 @@
+// Bytes and texts of the settings' records, written out by hand.
+
+#include "persistence/ZyStyleRecords.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+
+#include "annotations/ZyFont.h"
+#include "framework/Bytes.h"
+#include "graph/ZyStyles.h"
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/NumberText.h"
+#include "platform/framework/TMemIniFile.h"
+#include "platform/framework/XmlDocument.h"
+
+namespace zy {
+namespace {
+
+using namespace std::string_literals;
+using testing::AsBytes;
+using testing::AsText;
+
+// A gradient that differs from a new one in every field, and its record.
+void Change(TZyGradientSettings& Gradient) {
+  Gradient.SetVisible(true);
+  Gradient.SetStyle(TZyGradientStyle::Elliptical);
+  Gradient.SetFirstColor(0x80010203);
+  Gradient.SetMiddleColor(Colors::Aqua);
+  Gradient.SetLastColor(Colors::Transparent);
+  Gradient.SetLinearAngle(45);
+  Gradient.SetLinearCenter(0.25f);
+  Gradient.SetRadialCenterX(0.75f);
+  Gradient.SetRadialCenterY(1);
+}
+const std::string GradientBytes =
+    "\x01\x02\x03\x02\x01\x80\xFF\xFF\x00\xFF\xFF\xFF\xFF\x00"
+    "\x00\x00\x34\x42\x00\x00\x80\x3E\x00\x00\x40\x3F\x00\x00\x80\x3F\x00"s;
+const std::string GradientXml =
+    " Visible=\"true\" Style=\"2\" FirstColor=\"$80010203\" MiddleColor=\"Aqua\" LastColor=\"Transparent\""
+    " LinearAngle=\"45\" LinearCenter=\"0.25\" RadialCenterX=\"0.75\" RadialCenterY=\"1\"";
+using TKeys = std::map<std::string, std::string>;
+const TKeys GradientKeys = {{".Visible", "1"},
+                            {".Style", "2"},
+                            {".FirstColor", "$80010203"},
+                            {".MiddleColor", "Aqua"},
+                            {".LastColor", "Transparent"},
+                            {".LinearAngle", "45"},
+                            {".LinearCenter", "0.25"},
+                            {".RadialCenterX", "0.75"},
+                            {".RadialCenterY", "1"}};
+
+void Change(TZySimpleLineSettings& Line) {
+  Line.SetColor(Colors::Blue);
+  Line.SetWidth(0.1f);
+  Line.SetDashStyle(DashStyleDashDot);
+  Change(Line.Gradient());
+}
+const std::string LineBytes = "\xFF\x00\x00\xFF\xCD\xCC\xCC\x3D\x03\x01"s + GradientBytes + "\0"s;
+const std::string LineXml = " Color=\"Blue\" Width=\"0.1\" DashStyle=\"3\"";
+const TKeys LineKeys = {{".Color", "Blue"}, {".Width", "0.1"}, {".DashStyle", "3"}};
+
+void Change(TZyLineSettings& Line) {
+  Line.SetVisible(false);
+  Change(static_cast<TZySimpleLineSettings&>(Line));
+}
+
+void Change(TZyAreaSettings& Area) {
+  Area.SetVisible(true);
+  Area.SetForeColor(0xFF123456);
+  Area.SetBackColor(0x01FFFFFF);
+  Area.SetAreaStyle(TZyAreaStyle::SolidDiamond);
+  Change(Area.Gradient());
+}
+
+void Change(TZyFont& Font) {
+  Font.SetName("Ä");
+  Font.SetSize(9.25f);
+  Font.SetStyle({TFontStyle::Bold, TFontStyle::Underline});
+  Font.SetDrawEffects({TZyCharDrawEffect::Raised});
+  Font.SetRenderingHint(TZyTextRenderingHint::AntiAlias);
+  Font.SetFillColor(Colors::Red);
+  Change(Font.Gradient());
+}
+const std::string FontStart = "\x02\x00\x00\x00\xC3\x84\x09\x00\x00\x00\x05"s;
+const std::string FontSecond = "\x08\x04\x00\x00\xFF\xFF"s + GradientBytes;
+
+/// All keys of a section, without the part of their names that all of them begin with.
+TKeys KeysOf(const TCustomIniFile& Ini, const std::string& Prefix) {
+  TKeys Result;
+  for (const std::string& Key : Ini.ReadSection("S")) {
+    EXPECT_EQ(Key.substr(0, Prefix.size()), Prefix);
+    Result[Key.substr(Prefix.size())] = Ini.ReadString("S", Key, "");
+  }
+  return Result;
+}
+
+TKeys With(TKeys Keys, const TKeys& More, const std::string& Prefix = {}) {
+  for (const auto& [Key, Text] : More) Keys[Prefix + Key] = Text;
+  return Keys;
+}
+
+template <class T>
+std::string StreamText(const T& Settings) {
+  TMemoryStream Stream;
+  ToStream(Stream, Settings);
+  return AsText(Stream);
+}
+
+/// Reads the bytes, which must be a whole record.
+template <class T>
+void Read(const std::string& Bytes, T& Settings) {
+  TMemoryStream Stream(AsBytes(Bytes));
+  FromStream(Stream, Settings);
+  EXPECT_EQ(Stream.Remaining(), 0);
+}
+
+/// Writes a changed object in the three forms against what is expected, and reads each into a new object.
+template <class T>
+void CheckForms(const std::string& Bytes, const std::string& Xml, const TKeys& Keys, bool GradientInTexts) {
+  SCOPED_TRACE(T::StaticClassInfo().Name());
+  T Changed(nullptr);
+  Change(Changed);
+  EXPECT_EQ(StreamText(Changed), Bytes);
+  T FromBytes(nullptr);
+  Read(Bytes, FromBytes);
+  EXPECT_EQ(StreamText(FromBytes), Bytes);
+
+  TXMLDocument Document("Root");
+  ToNode(Document.DocumentElement(), Changed, "Part");
+  const std::string Written = Document.SaveToText();
+  EXPECT_NE(Written.find("<Part" + Xml), std::string::npos) << Written;
+  TMemIniFile Ini;
+  ToIni(Ini, "S", "Prefix", Changed);
+  EXPECT_EQ(KeysOf(Ini, "Prefix"), Keys);
+
+  FormatSettings().DecimalSeparator = ',';
+  T FromXml(nullptr), FromKeys(nullptr);
+  FromNode(Document.DocumentElement(), FromXml, "Part");
+  FromIni(Ini, "S", "Prefix", FromKeys);
+  FormatSettings().DecimalSeparator = '.';
+  for (T* const Settings : {&FromXml, &FromKeys}) {
+    if (!GradientInTexts)
+      if constexpr (requires { Settings->Gradient(); }) Change(Settings->Gradient());
+    EXPECT_EQ(StreamText(*Settings), Bytes);
+  }
+}
+
+TEST(ZyStyleRecordsTest, EveryClassInThreeForms) {
+  CheckForms<TZyGradientSettings>(GradientBytes, GradientXml, GradientKeys, true);
+  CheckForms<TZySimpleLineSettings>(LineBytes, LineXml, LineKeys, false);
+  CheckForms<TZyLineSettings>("\0"s + LineBytes, " Visible=\"false\"" + LineXml, With(LineKeys, {{".Visible", "0"}}),
+                              false);
+  const TKeys AreaKeys = {
+      {".Visible", "1"}, {".ForeColor", "$FF123456"}, {".BackColor", "$01FFFFFF"}, {".Style", "52"}};
+  CheckForms<TZyAreaSettings>("\x01\x56\x34\x12\xFF\xFF\xFF\xFF\x01\x34\x01"s + GradientBytes + "\0"s,
+                              " Visible=\"true\" ForeColor=\"$FF123456\" BackColor=\"$01FFFFFF\" AreaStyle=\"52\"",
+                              With(AreaKeys, GradientKeys, ".Gradient"), true);
+  const TKeys FontKeys = {{".Name", "Ä"},        {".Size", "9.25"},       {".Style", "5"},
+                          {".DrawEffects", "8"}, {".RenderingHint", "4"}, {".FillColor", "Red"}};
+  CheckForms<TZyFont>(FontStart + "\x01" + FontSecond + "\x01\x00\x00\x14\x41\x00"s,
+                      " Name=\"Ä\" Size=\"9.25\" Style=\"5\" DrawEffects=\"8\" RenderingHint=\"4\" FillColor=\"Red\"",
+                      With(FontKeys, GradientKeys, ".Gradient"), true);
+}
+
+TEST(ZyStyleRecordsTest, NodesOfLinesAndFontsHaveFixedNames) {
+  TXMLDocument Document("Root");
+  const IXMLNode Root = Document.DocumentElement();
+  TZySimpleLineSettings Line(nullptr), OtherLine(nullptr);
+  TZyFont Font, OtherFont;
+  Change(Line);
+  Change(Font);
+  ToNode(Root, Line);
+  ToNode(Root, Font);
+  EXPECT_EQ(Root.Node("Line").Attribute("Width").AsText(), "0.1");
+  EXPECT_TRUE(Root.Node("Font").ContainsNode("Gradient"));
+  EXPECT_FALSE(Root.Node("Line").ContainsNode("Gradient"));
+  FromNode(Root, OtherLine);
+  FromNode(Root, OtherFont);
+  EXPECT_EQ(OtherLine.Color(), Colors::Blue);
+  EXPECT_EQ(StreamText(OtherFont), StreamText(Font));
+}
+
+TEST(ZyStyleRecordsTest, RecordsOfOlderWritersEndBeforeLaterGroups) {
+  TZySimpleLineSettings Line(nullptr);
+  Line.Gradient().SetVisible(true);
+  Read(LineBytes.substr(0, 9) + "\0"s, Line);
+  EXPECT_EQ(Line.DashStyle(), DashStyleDashDot);
+  EXPECT_TRUE(Line.Gradient().Visible());
+
+  TZyAreaSettings Area(nullptr);
+  Area.Gradient().SetVisible(true);
+  Read("\x01\x56\x34\x12\xFF\xFF\xFF\xFF\x01\x34\x00"s, Area);
+  EXPECT_EQ(Area.AreaStyle(), TZyAreaStyle::SolidDiamond);
+  EXPECT_TRUE(Area.Gradient().Visible());
+
+  TZyFont First;
+  First.SetFillColor(Colors::Green);
+  Read(FontStart + "\0"s, First);
+  EXPECT_EQ(First.Size(), 9.0f);
+  EXPECT_EQ(First.FillColor(), Colors::Green);
+  TZyFont Second;
+  Read(FontStart + "\x01" + FontSecond + "\0"s, Second);
+  EXPECT_EQ(Second.Size(), 9.0f);
+  EXPECT_EQ(Second.FillColor(), Colors::Red);
+}
+
+TEST(ZyStyleRecordsTest, XmlTakesEarlierFieldsToBeThereAndLaterOnesNot) {
+  const auto From = [](const std::string& Inner, auto& Settings) {
+    TXMLDocument Document;
+    Document.LoadFromText("<Root>" + Inner + "</Root>");
+    FromNode(Document.DocumentElement(), Settings, "A");
+  };
+  TZyAreaSettings Area(nullptr);
+  From("<A Visible='1' ForeColor='Red' BackColor='Blue' AreaStyle='0'/>", Area);
+  EXPECT_EQ(Area.BackColor(), Colors::Blue);
+  TZyFont Font;
+  From("<A Name='Courier' Size='8.5' Style='2'/>", Font);
+  EXPECT_EQ(Font.Size(), 8.5f);
+  EXPECT_EQ(Font.Style(), TFontStyles{TFontStyle::Italic});
+
+  EXPECT_THROW(From("<B/>", Area), EXMLError);
+  EXPECT_THROW(From("<A Visible='0' ForeColor='Green'/>", Area), EXMLError);
+  EXPECT_EQ(Area.ForeColor(), Colors::Green);  // what was read stays
+  EXPECT_THROW(From("<A Name='x' Size='8' Style='0'><Gradient/></A>", Font), EXMLError);
+  for (const char* Bad : {"<A Visible='maybe'/>", "<A Visible='0' ForeColor='Reddish'/>",
+                          "<A Visible='0' ForeColor='Red' BackColor='Red' AreaStyle='54'/>",
+                          "<A Visible='0' ForeColor='Red' BackColor='Red' AreaStyle='-1'/>"})
+    EXPECT_THROW(From(Bad, Area), EConvertError) << Bad;
+  EXPECT_THROW(From("<A Name='x' Size='1e9' Style='0'/>", Font), ERangeError);
+  EXPECT_EQ(Font.Size(), 8.0f);
+}
+
+TEST(ZyStyleRecordsTest, AbsentIniKeysKeepTheValueButForFixedDefaults) {
+  TMemIniFile Ini;
+  Ini.WriteString("S", "G.Style", "1");
+  TZyGradientSettings Gradient(nullptr);
+  Change(Gradient);
+  FromIni(Ini, "S", "G", Gradient);
+  EXPECT_EQ(Gradient.Style(), TZyGradientStyle::Radial);
+  EXPECT_EQ(Gradient.FirstColor(), 0x80010203u);
+  EXPECT_EQ(Gradient.LinearAngle(), 90.0f);
+  EXPECT_EQ(Gradient.LinearCenter(), 0.5f);
+  EXPECT_EQ(Gradient.RadialCenterX(), 0.5f);
+  EXPECT_EQ(Gradient.RadialCenterY(), 0.5f);
+  TZyLineSettings Line(nullptr);
+  Change(Line);
+  FromIni(Ini, "S", "Nothing", Line);
+  EXPECT_EQ(Line.Width(), 1.0f);
+  EXPECT_EQ(Line.DashStyle(), DashStyleDashDot);
+  EXPECT_FALSE(Line.Visible());
+
+  Ini.WriteString("S", "G.Style", "3");
+  try {
+    FromIni(Ini, "S", "G", Gradient);
+    FAIL();
+  } catch (const EConvertError& Error) {
+    EXPECT_NE(std::string(Error.what()).find("G.Style"), std::string::npos) << Error.what();
+  }
+  Ini.WriteString("Other", ".Width", "4");
+  FromIni(Ini, "Other", "", Line);
+  EXPECT_EQ(Line.Width(), 4.0f);
+}
+
+TEST(ZyStyleRecordsTest, DamagedStreamsAreReadErrors) {
+  const std::string Font = FontStart + "\x01" + FontSecond + "\x01\x00\x00\x14\x41\x00"s;
+  for (std::size_t Length = 0; Length < Font.size(); ++Length) {
+    TMemoryStream Stream(AsBytes(Font.substr(0, Length)));
+    TZyFont Read;
+    EXPECT_THROW(FromStream(Stream, Read), EReadError) << Length;
+  }
+  struct TCase {
+    std::size_t At;
+    char Byte;
+  };
+  for (const auto& [At, Byte] : {TCase{10, 16}, {12, 16}, {13, 6}, {19, 3}, {19, '\xFF'}}) {
+    std::string Bytes = Font;
+    Bytes[At] = Byte;
+    TMemoryStream Stream(AsBytes(Bytes));
+    TZyFont Read;
+    EXPECT_THROW(FromStream(Stream, Read), EReadError) << At;
+    EXPECT_EQ(Read.Name(), "Ä");
+  }
+}
+
+// ---- The archives themselves, with a class of two levels as the records of series have them ----
+
+struct TSample {
+  std::int32_t Count = 0;
+  double Start = 0;
+  TShiftState Keys;
+  std::string Caption;
+  int Sets = 0;  // setters run
+};
+
+void Fields(TZyArchive& Archive, TSample& Sample) {
+  const auto Field = [&](const TZyFieldName& Name, auto& Value) {
+    Archive.Field(
+        Name, [&] { return Value; }, [&](auto New) { Value = std::move(New), ++Sample.Sets; });
+  };
+  Archive.Level("Base", [&] {
+    Field(TZyFieldName("Count").Xml("Deep/Inner/N").Ini("Number"), Sample.Count);
+    Field(TZyFieldName("Start").Xml("Deep/Start").Later(), Sample.Start);
+    Archive.EndRecord();
+  });
+  Archive.Level("Top", [&] {
+    Field("Keys", Sample.Keys);
+    Field(TZyFieldName("Caption").MultiLine(), Sample.Caption);
+    Archive.EndRecord();
+  });
+}
+
+TEST(ZyArchiveTest, LevelsPathsAndPrefixes) {
+  const TSample Sample{-2, 0.1, {ssLeft, ssDouble}, "a\rb", 0};
+  TMemoryStream Stream;
+  ToStream(Stream, Sample);
+  EXPECT_EQ(AsText(Stream),
+            "\xFE\xFF\xFF\xFF\x9A\x99\x99\x99\x99\x99\xB9\x3F\x00\x48\x00\x03\x00\x00\x00"s + "a\rb\0"s);
+  TXMLDocument Document("Root");
+  ToNode(Document.DocumentElement(), Sample, "Sample");
+  const IXMLNode Node = Document.DocumentElement().Node("Sample");
+  EXPECT_EQ(Node.Node("Base").Node("Deep").Node("Inner").Attribute("N").AsText(), "-2");
+  EXPECT_EQ(Node.Node("Base").Node("Deep").Attribute("Start").AsText(), "0.1");
+  EXPECT_EQ(Node.Node("Base").ChildCount(), 1);
+  EXPECT_EQ(Node.Node("Top").Attribute("Keys").AsText(), "72");
+  EXPECT_EQ(Node.Node("Top").Attribute("Caption").AsText(), "a\rb");
+  TMemIniFile Ini;
+  {
+    TZyIniWriter Writer(Ini, "S");
+    Fields(Writer, const_cast<TSample&>(Sample));
+  }
+  EXPECT_EQ(KeysOf(Ini, ""), (TKeys{{"Number", "-2"}, {"Start", "0.1"}, {"Keys", "72"}, {"Caption", "a@\\rb"}}));
+
+  TSample FromBytes, FromXml, FromKeys;
+  Stream.SetPosition(0);
+  FromStream(Stream, FromBytes);
+  FromNode(Document.DocumentElement(), FromXml, "Sample");
+  TZyIniReader Reader(Ini, "S");
+  Fields(Reader, FromKeys);
+  for (const TSample* const Read : {&FromBytes, &FromXml, &FromKeys}) {
+    EXPECT_EQ(Read->Count, -2);
+    EXPECT_EQ(Read->Start, 0.1);
+    EXPECT_EQ(Read->Keys, Sample.Keys);
+    EXPECT_EQ(Read->Caption, "a\rb");
+    EXPECT_EQ(Read->Sets, 4);
+  }
+}
+
+TEST(ZyArchiveTest, AbsentAndBadFieldsRunNoSetter) {
+  TXMLDocument Document;
+  Document.LoadFromText(
+      "<Root><Sample><Base><Deep><Inner N='7'/></Deep></Base><Top Keys='128' Caption=''/></Sample></Root>");
+  TSample Sample;
+  EXPECT_THROW(FromNode(Document.DocumentElement(), Sample, "Sample"), EConvertError);
+  EXPECT_EQ(Sample.Count, 7);
+  EXPECT_EQ(Sample.Sets, 1);
+  TMemIniFile Ini;
+  Ini.WriteString("S", "Number", "99999999999");
+  TZyIniReader Reader(Ini, "S");
+  EXPECT_THROW(Fields(Reader, Sample), EConvertError);
+  Ini.DeleteKey("S", "Number");
+  Fields(Reader, Sample);
+  EXPECT_EQ(Sample.Sets, 1);
+}
+
+}  // namespace
+}  // namespace zy
