@@ -13,6 +13,11 @@ zy_add_library(
     graph/ZyArrowSettings.cpp
     graph/ZyColors.cpp
     graph/ZyCustomGraph.cpp
+    graph/ZyDrawing.cpp
+    graph/ZyDrawingBars.cpp
+    graph/ZyDrawingBoxes.cpp
+    graph/ZyDrawingCylinders.cpp
+    graph/ZyDrawingSymbols.cpp
     graph/ZyGDI.cpp
     graph/ZyGradientBrushes.cpp
     graph/ZyGradientSettings.cpp

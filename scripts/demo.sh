@@ -4,4 +4,5 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/build.sh release examples
 mkdir -p out
+build/release/Examples/palette
 build/release/Examples/first_chart
