@@ -1,7 +1,12 @@
 #include "platform/controls/TApplication.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QPointer>
+#include <algorithm>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
@@ -26,6 +31,45 @@ bool LacksDisplay(int ArgCount, char** Args) {
 #endif
 }
 
+/// The idle handlers in the order of their coming, and what calls them.
+struct TIdleState {
+  struct TEntry {
+    const void* Owner;
+    std::function<void(bool& Done)> Proc;
+  };
+  std::vector<TEntry> Entries;
+  QPointer<QObject> Source;  // the application object whose waits are heard of
+  bool Running = false;
+};
+
+TIdleState& IdleState() {
+  static TIdleState State;
+  return State;
+}
+
+void ListenToWaits() {
+  QCoreApplication* const Present = QCoreApplication::instance();
+  auto* const Events = QAbstractEventDispatcher::instance();
+  TIdleState& State = IdleState();
+  if (Present == nullptr || Events == nullptr || State.Source == Present) return;
+  State.Source = Present;
+  QObject::connect(Events, &QAbstractEventDispatcher::aboutToBlock, Present, [Events] {
+    if (!TApplication::Idle()) Events->wakeUp();
+  });
+}
+
+/// Runs one idle procedure; one that fails counts as done.
+bool RunIdle(const std::function<void(bool& Done)>& Proc) {
+  bool Done = true;
+  try {
+    Proc(Done);
+  } catch (const std::exception& Error) {
+    TApplication::HandleException(Error);
+    return true;
+  }
+  return Done;
+}
+
 }  // namespace
 
 ZY_PUBLISHED(TApplication, TCustomApplication)
@@ -46,18 +90,20 @@ TApplication::TApplication() {
 TApplication::~TApplication() {
   Destroying();
   DestroyComponents();
+  if (FToolkit != nullptr) QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void TApplication::Start(int& ArgCount, char** Args) {
   if (QCoreApplication::instance() != nullptr) {
     if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
       throw EInvalidOperation(LoadResString(_sApplicationWithoutWidgets));
-    return;
+    return ListenToWaits();
   }
   const bool Offscreen = LacksDisplay(ArgCount, Args);
   if (Offscreen) qputenv(PlatformVariable, "offscreen");
   FToolkit = std::make_unique<QApplication>(ArgCount, Args);
   if (Offscreen) qunsetenv(PlatformVariable);  // not for the programs that this one starts
+  ListenToWaits();
 }
 
 int TApplication::Run() { return QApplication::exec(); }
@@ -72,6 +118,32 @@ bool TApplication::HasDisplay() const {
 bool TApplication::QuitAfterLastWindow() const { return QGuiApplication::quitOnLastWindowClosed(); }
 
 void TApplication::SetQuitAfterLastWindow(bool Value) { QGuiApplication::setQuitOnLastWindowClosed(Value); }
+
+void TApplication::AddIdleHandler(const void* Owner, std::function<void(bool& Done)> Proc) {
+  RemoveIdleHandler(Owner);
+  IdleState().Entries.push_back({Owner, std::move(Proc)});
+  ListenToWaits();
+}
+
+void TApplication::RemoveIdleHandler(const void* Owner) {
+  std::erase_if(IdleState().Entries, [Owner](const auto& Entry) { return Entry.Owner == Owner; });
+}
+
+bool TApplication::Idle() {
+  TIdleState& State = IdleState();
+  if (State.Running) return true;  // a handler waits for events itself
+  State.Running = true;
+  bool AllDone = true;
+  const auto* const Present = dynamic_cast<TApplication*>(&Application());
+  if (Present != nullptr && Present->OnIdle) AllDone = RunIdle(std::function(Present->OnIdle));
+  for (const auto& Entry : std::vector(State.Entries)) {
+    const bool IsThere =
+        std::ranges::any_of(State.Entries, [&](const auto& Other) { return Other.Owner == Entry.Owner; });
+    if (IsThere && !RunIdle(Entry.Proc)) AllDone = false;
+  }
+  State.Running = false;
+  return AllDone;
+}
 
 void TApplication::HandleException(const std::exception& Error) {
   const auto* const Present = dynamic_cast<TApplication*>(&Application());

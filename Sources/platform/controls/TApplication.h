@@ -34,6 +34,16 @@ class TApplication : public TCustomApplication {
   bool QuitAfterLastWindow() const;
   void SetQuitAfterLastWindow(bool Value);
 
+  /// Runs when the event queue is empty, before the program waits. Clearing Done asks for another call at once.
+  /// ProcessMessages does not wait, and so makes no idle time.
+  std::function<void(bool& Done)> OnIdle;
+  /// Further procedures for idle time, one for each owner; a program that has only the toolkit's own application object
+  /// runs them too. Whoever adds one removes it before it dies.
+  static void AddIdleHandler(const void* Owner, std::function<void(bool& Done)> Proc);
+  static void RemoveIdleHandler(const void* Owner);
+  /// Runs OnIdle and the idle handlers now; returns whether all are done.
+  static bool Idle();
+
   /// Told of exceptions that leave an event's handler. Without one the text goes to the toolkit's message log.
   std::function<void(const std::exception&)> OnException;
   /// Takes an exception at the place where it cannot travel any further.

@@ -1,6 +1,8 @@
 #include "platform/controls/TForm.h"
 
+#include <QCoreApplication>
 #include <QEvent>
+#include <QScreen>
 #include <QWidget>
 
 #include "platform/framework/Application.h"
@@ -9,6 +11,13 @@
 namespace zy {
 
 ZY_PUBLISHED(TForm, TWinControl, Published<&TForm::Caption, &TForm::SetCaption>("Caption", std::string()),
+             Published<&TForm::Position, &TForm::SetPosition>("Position", poDefault),
+             Published<&TForm::ControlFont, &TForm::SetControlFont>("Font"),
+             Published<&TForm::OnShow, &TForm::SetOnShow>("OnShow"),
+             Published<&TForm::OnCloseQuery, &TForm::SetOnCloseQuery>("OnCloseQuery"),
+             Published<&TForm::OnClose, &TForm::SetOnClose>("OnClose"),
+             Published<&TForm::OnActivate, &TForm::SetOnActivate>("OnActivate"),
+             Published<&TForm::OnDeactivate, &TForm::SetOnDeactivate>("OnDeactivate"),
              Published<&TForm::Visible, &TForm::SetVisible>("Visible", false))
 
 TForm::TForm(TComponent* Owner) : TWinControl(Owner) {
@@ -26,10 +35,12 @@ void TForm::SetCaption(const std::string& Value) {
   if (Value == FCaption) return;
   FCaption = Value;
   if (HasWidget()) Widget()->setWindowTitle(QString::fromStdString(FCaption));
+  ApplyAccessibleName();
 }
 
 void TForm::Show() {
   SetVisible(true);
+  if (!HasWidget()) return;  // OnShow closed it
   Widget()->raise();
   Widget()->activateWindow();
 }
@@ -38,14 +49,66 @@ void TForm::Show() {
 void TForm::Close() {
   if (HasWidget()) {
     Widget()->close();
-  } else {
+  } else if (MayHide()) {
     SetVisible(false);
   }
 }
 
+void TForm::Release() {
+  if (QCoreApplication::instance() == nullptr) return;
+  QMetaObject::invokeMethod(
+      QCoreApplication::instance(), [Form = LiveHandle()] { delete FromLiveHandle(Form); }, Qt::QueuedConnection);
+}
+
+/// Asks whether the form may be closed, and does what is to be done instead of hiding, or beyond it.
+bool TForm::MayHide() {
+  const std::uint64_t Alive = LiveHandle();
+  bool CanClose = true;
+  if (const TCloseQueryEvent Event = FOnCloseQuery) Event(this, CanClose);
+  if (!CanClose || FromLiveHandle(Alive) == nullptr) return false;
+  TCloseAction Action = caHide;
+  if (const TCloseEvent Event = FOnClose) Event(this, Action);
+  if (FromLiveHandle(Alive) == nullptr) return false;
+  if (Action == caFree) Release();
+  if (Action == caMinimize && HasWidget()) Widget()->showMinimized();
+  return Action == caHide || Action == caFree;
+}
+
 bool TForm::WidgetEvent(QEvent& Event) {
-  if (Event.type() == QEvent::Close) NoteVisible(false);
-  return Inherited::WidgetEvent(Event);
+  const std::uint64_t Alive = LiveHandle();
+  switch (Event.type()) {
+    case QEvent::Close:
+      if (!MayHide()) {
+        Event.ignore();
+        return true;
+      }
+      NoteVisible(false);
+      break;
+    case QEvent::Show:
+      if (!Event.spontaneous()) DoShow();
+      break;
+    case QEvent::WindowActivate:
+      Activate();
+      break;
+    case QEvent::WindowDeactivate:
+      Deactivate();
+      break;
+    default:
+      break;
+  }
+  return FromLiveHandle(Alive) == nullptr || !HasWidget() || Inherited::WidgetEvent(Event);
+}
+
+void TForm::DoShow() {
+  if (const TNotifyEvent Event = FOnShow) Event(this);
+}
+
+void TForm::Activate() {
+  if (const TNotifyEvent Event = FOnActivate) Event(this);
+}
+
+void TForm::Deactivate() {
+  if (const TNotifyEvent Event = FOnDeactivate) Event(this);
 }
 
 QWidget* TForm::CreateWidget() {
@@ -55,7 +118,16 @@ QWidget* TForm::CreateWidget() {
 }
 
 void TForm::ApplyVisible() {
-  if (HasWidget() || Visible()) Widget()->setVisible(Visible());
+  if (!HasWidget() && !Visible()) return;
+  if (Visible()) PlaceWindow();
+  Widget()->setVisible(Visible());
+}
+
+void TForm::PlaceWindow() {
+  if (FPosition == poDesigned) Widget()->move(Left(), Top());
+  if (FPosition != poScreenCenter || Widget()->screen() == nullptr) return;
+  const QRect Desk = Widget()->screen()->availableGeometry();
+  Widget()->move(Desk.center() - QPoint(Width() / 2, Height() / 2));
 }
 
 }  // namespace zy

@@ -4,13 +4,19 @@
 #include <QImage>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
 #include <QWidget>
+#include <algorithm>
 #include <exception>
+#include <utility>
 
+#include "platform/controls/InputDispatch.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/Exceptions.h"
+#include "platform/framework/Reflection.h"
 #include "platform/framework/TPropInfo.h"
 #include "texts/ZyLocalize.h"
 
@@ -53,31 +59,70 @@ class TCanvasState {
   TextRenderingHint FHint;
 };
 
+/// Events of widgets that are being handled, one in another.
+int EventDepth = 0;
+
+class TEventDepth {
+ public:
+  TEventDepth() { ++EventDepth; }
+  ~TEventDepth() { --EventDepth; }
+  TEventDepth(const TEventDepth&) = delete;
+  TEventDepth& operator=(const TEventDepth&) = delete;
+};
+
+/// Whether what lies behind the control that is being painted is drawn already.
+bool BehindIsDrawn = false;
+
+class TBehindIsDrawn {
+ public:
+  TBehindIsDrawn() : FOuter(std::exchange(BehindIsDrawn, true)) {}
+  ~TBehindIsDrawn() { BehindIsDrawn = FOuter; }
+  TBehindIsDrawn(const TBehindIsDrawn&) = delete;
+  TBehindIsDrawn& operator=(const TBehindIsDrawn&) = delete;
+
+ private:
+  bool FOuter;
+};
+
+RectF ToRectF(int Left, int Top, int Width, int Height) {
+  return {static_cast<float>(Left), static_cast<float>(Top), static_cast<float>(Width), static_cast<float>(Height)};
+}
+
 }  // namespace
 
 /// Brings the widget's events and its death to the control. Exceptions end here: the toolkit cannot carry them.
 class TWinControl::TWidgetLink : public QObject {
  public:
-  explicit TWidgetLink(TWinControl& Control) : FControl(Control) {
+  explicit TWidgetLink(TWinControl& Control) : FControl(&Control) {
     Control.FWidget->installEventFilter(this);
-    connect(Control.FWidget, &QObject::destroyed, this, [this] { FControl.FWidget = nullptr; });
+    connect(Control.FWidget, &QObject::destroyed, this, [this] { FControl->FWidget = nullptr; });
   }
 
   bool eventFilter(QObject* Target, QEvent* Event) override {
-    if (Target != FControl.FWidget) return false;
-    try {
-      return FControl.WidgetEvent(*Event);
-    } catch (const std::exception& Error) {
-      TApplication::HandleException(Error);
-      return true;
-    }
+    if (FControl == nullptr || Target != FControl->FWidget) return false;
+    bool Done = true;
+    HandleEvent([&] { Done = FControl->WidgetEvent(*Event); });
+    return Done || FControl == nullptr;  // nothing of a widget without a control goes on
+  }
+
+  /// Hears no more, and goes when the present event is done.
+  void Retire() {
+    disconnect();
+    FControl = nullptr;
+    deleteLater();
   }
 
  private:
-  TWinControl& FControl;
+  TWinControl* FControl;
 };
 
-ZY_PUBLISHED(TWinControl, TControl)
+ZY_PUBLISHED(TWinControl, TControl, Published<&TWinControl::TabStop, &TWinControl::SetTabStop>("TabStop", false),
+             Published<&TWinControl::DoubleBuffered, &TWinControl::SetDoubleBuffered>("DoubleBuffered", true),
+             Published<&TWinControl::OnKeyDown, &TWinControl::SetOnKeyDown>("OnKeyDown"),
+             Published<&TWinControl::OnKeyUp, &TWinControl::SetOnKeyUp>("OnKeyUp"),
+             Published<&TWinControl::OnKeyPress, &TWinControl::SetOnKeyPress>("OnKeyPress"),
+             Published<&TWinControl::OnEnter, &TWinControl::SetOnEnter>("OnEnter"),
+             Published<&TWinControl::OnExit, &TWinControl::SetOnExit>("OnExit"))
 
 TWinControl::TWinControl(TComponent* Owner) : TControl(Owner) {}
 
@@ -92,6 +137,8 @@ void TWinControl::GetChildren(const std::function<void(TComponent*)>& Proc, TCom
     if (Control->Owner() == Root) Proc(Control);
   Inherited::GetChildren(Proc, Root);
 }
+
+// --- Parents and controls -------------------------------------------------------------------------------------------
 
 void TWinControl::SetParent(TWinControl* Value) {
   if (Value == Parent()) return;
@@ -108,9 +155,53 @@ void TWinControl::InsertControl(TControl* Control) {
 
 void TWinControl::RemoveControl(TControl* Control) {
   if (Control->FVisible) InvalidateBox(Control->FLeft, Control->FTop, Control->FWidth, Control->FHeight);
+  if (Control->MouseCapture()) ReleaseCapture();
   std::erase(FControls, Control);
   Control->FParent = nullptr;
+  if (Control->FAlign != alNone && !IsDestroying()) AlignControls();
 }
+
+void TWinControl::MoveControl(TControl* Control, bool ToFront) {
+  const auto Place = std::ranges::find(FControls, Control);
+  if (ToFront) {
+    std::rotate(Place, Place + 1, FControls.end());
+  } else {
+    std::rotate(FControls.begin(), Place, Place + 1);
+  }
+  if (const auto* const Inner = dynamic_cast<TWinControl*>(Control); Inner != nullptr && Inner->FWidget != nullptr) {
+    if (ToFront) {
+      Inner->FWidget->raise();
+    } else {
+      Inner->FWidget->lower();
+    }
+  }
+  Control->Invalidate();
+}
+
+TControl* TWinControl::ControlAtPos(int X, int Y) const {
+  const std::vector<TControl*> Candidates = FControls;  // a hit test may lay out, and so reorder
+  for (auto Place = Candidates.rbegin(); Place != Candidates.rend(); ++Place) {
+    TControl* const Control = *Place;
+    if (dynamic_cast<TGraphicControl*>(Control) == nullptr || !Control->FVisible || !Control->FEnabled) continue;
+    const int Inside = X - Control->FLeft;
+    const int Down = Y - Control->FTop;
+    if (Inside < 0 || Down < 0 || Inside >= Control->FWidth || Down >= Control->FHeight) continue;
+    if (Control->CMHitTest(Inside, Down)) return Control;
+  }
+  return nullptr;
+}
+
+TPoint TWinControl::ClientToScreen(TPoint Place) const {
+  if (FWidget == nullptr) return Inherited::ClientToScreen(Place);
+  const QPoint Mapped = FWidget->mapToGlobal(QPoint(Place.X, Place.Y));
+  return {Mapped.x(), Mapped.y()};
+}
+
+void TWinControl::SpreadFont() {
+  for (TControl* Control : std::vector(FControls)) Control->ParentFontChanged();
+}
+
+// --- Widget ---------------------------------------------------------------------------------------------------------
 
 QWidget* TWinControl::Widget() {
   if (FWidget != nullptr) return FWidget;
@@ -119,29 +210,52 @@ QWidget* TWinControl::Widget() {
   QWidget* const Outer = Parent() == nullptr ? nullptr : Parent()->Widget();
   if (FWidget != nullptr) return FWidget;  // the parent's widget came with all that lies in it
   FWidget = CreateWidget();
+  FPainted = dynamic_cast<TPaintedWidget*>(FWidget) != nullptr;
   FLink.reset();
   FWidget->resize(Width(), Height());
   if (Outer != nullptr) FWidget->setParent(Outer);
   if (Outer != nullptr || Left() != 0 || Top() != 0) FWidget->move(Left(), Top());
+  FWidget->setMouseTracking(true);
   FLink = std::make_unique<TWidgetLink>(*this);
-  ApplyVisible();
+  ApplyEnabled();
+  ApplyStyle();
+  ApplyHint();
   for (TControl* Control : std::vector(FControls))
     if (auto* const Inner = dynamic_cast<TWinControl*>(Control)) Inner->Widget();
+  ApplyVisible();
   return FWidget;
 }
 
 QWidget* TWinControl::CreateWidget() { return new TPaintedWidget(*this); }
 
 void TWinControl::DestroyWidget() {
-  FLink.reset();
-  QWidget* const Doomed = FWidget;
-  FWidget = nullptr;
-  delete Doomed;
+  QWidget* const Doomed = std::exchange(FWidget, nullptr);
+  if (EventDepth == 0 || Doomed == nullptr) {
+    FLink.reset();
+    delete Doomed;
+    return;
+  }
+  // The toolkit may be in the midst of one of its events, and the link too.
+  Doomed->removeEventFilter(FLink.get());
+  FLink.release()->Retire();
+  Doomed->hide();
+  Doomed->setParent(nullptr);
+  Doomed->deleteLater();
+}
+
+void TWinControl::HandleEvent(const std::function<void()>& Proc) {
+  const TEventDepth Depth;
+  try {
+    Proc();
+  } catch (const std::exception& Error) {
+    TApplication::HandleException(Error);
+  }
 }
 
 bool TWinControl::WidgetEvent(QEvent& Event) {
   switch (Event.type()) {
     case QEvent::Paint:
+      if (!FPainted) return false;
       PaintWidget(static_cast<QPaintEvent&>(Event).rect());
       return true;
     case QEvent::Resize:
@@ -150,48 +264,160 @@ bool TWinControl::WidgetEvent(QEvent& Event) {
       SetBounds(Given.x(), Given.y(), Given.width(), Given.height());
       return false;
     }
+    case QEvent::Show:
+      ApplyAccessibleName();
+      return false;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::Enter:
+    case QEvent::Leave: {
+      const bool Painted = FPainted;  // a widget of the toolkit's goes on to handle its mouse events itself
+      return DispatchMouse(*this, Event) && Painted;
+    }
+    case QEvent::ToolTip:
+      return DispatchToolTip(*this, Event);
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      return DispatchKey(*this, static_cast<QKeyEvent&>(Event));
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+      NoteFocus(Event);
+      return false;
     default:
       return false;
   }
 }
 
+// --- Painting -------------------------------------------------------------------------------------------------------
+
 /// Paints into a picture first, which Graphics can draw on faster than on a widget, and shows it in one step.
 void TWinControl::PaintWidget(const QRect& Exposed) {
-  const qreal Ratio = FWidget->devicePixelRatioF();
-  const QSize Stored = (QSizeF(Exposed.size()) * Ratio).toSize().expandedTo(QSize(1, 1));
-  if (FPicture == nullptr || FPicture->size() != Stored)
-    FPicture = std::make_unique<QImage>(Stored, QImage::Format_ARGB32_Premultiplied);
-  FPicture->setDevicePixelRatio(Ratio);
-  FPicture->fill(0);
-  {
-    QPainter Painter(FPicture.get());
-    Painter.translate(-Exposed.topLeft());
+  const TBehindIsDrawn Behind;  // by the toolkit, widget by widget
+  const TRect Box{Exposed.x(), Exposed.y(), Exposed.x() + Exposed.width(), Exposed.y() + Exposed.height()};
+  QPainter Screen(FWidget);
+  const auto PaintOn = [&](QPainter& Painter) {
     Graphics Canvas(Painter);
-    PaintTo(Canvas);
+    Canvas.SetClip(ToRectF(Box.Left, Box.Top, Box.Width(), Box.Height()));
+    PaintAll(Canvas, Box, nullptr);
+  };
+  if (!FDoubleBuffered) {
+    PaintOn(Screen);
+  } else {
+    const qreal Ratio = std::max(FWidget->devicePixelRatioF(), Screen.deviceTransform().m11());
+    const QSize Stored = (QSizeF(Exposed.size()) * Ratio).toSize().expandedTo(QSize(1, 1));
+    if (FPicture == nullptr || FPicture->size() != Stored)
+      FPicture = std::make_unique<QImage>(Stored, QImage::Format_ARGB32_Premultiplied);
+    FPicture->setDevicePixelRatio(Ratio);
+    FPicture->fill(0);
+    {
+      QPainter Painter(FPicture.get());
+      Painter.translate(-Exposed.topLeft());
+      PaintOn(Painter);
+    }
+    Screen.drawImage(Exposed.topLeft(), *FPicture);
   }
-  QPainter(FWidget).drawImage(Exposed.topLeft(), *FPicture);
+  if (FFocusShown && FWidget->hasFocus()) {
+    QStyleOptionFocusRect Option;
+    Option.initFrom(FWidget);
+    Option.state |= QStyle::State_KeyboardFocusChange;  // styles frame nothing without it
+    FWidget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &Option, &Screen, FWidget);
+  }
 }
 
 void TWinControl::PaintTo(Graphics& Canvas) {
+  PaintAll(Canvas, ClientRect(), nullptr);
+  const TBehindIsDrawn Behind;  // for the inner controls, by now
+  for (TControl* Control : std::vector(FControls)) {
+    auto* const Inner = dynamic_cast<TWinControl*>(Control);
+    if (Inner == nullptr || !Inner->Visible()) continue;
+    const TCanvasState Kept(Canvas);
+    Canvas.TranslateTransform(static_cast<float>(Inner->Left()), static_cast<float>(Inner->Top()));
+    Canvas.SetClip(ToRectF(0, 0, Inner->Width(), Inner->Height()), CombineModeIntersect);
+    Inner->PaintTo(Canvas);
+  }
+}
+
+/// Paints what lies in Box, up to the graphic control UpTo, which is left out with all above it.
+void TWinControl::PaintAll(Graphics& Canvas, const TRect& Box, const TControl* UpTo) {
+  FPaintBox = Box;
+  {
+    const TCanvasState Kept(Canvas);
+    WMEraseBkgnd(Canvas);
+  }
   {
     const TCanvasState Kept(Canvas);
     Paint(Canvas);
   }
   for (TControl* Control : std::vector(FControls)) {
-    auto* const Child = dynamic_cast<TGraphicControl*>(Control);  // the others have their own widgets
-    if (Child == nullptr || !Child->Visible()) continue;
-    const TCanvasState Kept(Canvas);
-    Canvas.TranslateTransform(static_cast<float>(Child->Left()), static_cast<float>(Child->Top()));
-    Canvas.SetClip(RectF{0, 0, static_cast<float>(Child->Width()), static_cast<float>(Child->Height())},
-                   CombineModeIntersect);
-    Child->Paint(Canvas);
+    if (Control == UpTo) break;
+    if (std::ranges::find(FControls, Control) == FControls.end()) continue;  // a paint took it away
+    if (!Control->Visible() || Control->FLeft >= Box.Right || Control->FTop >= Box.Bottom ||
+        Control->FLeft + Control->FWidth <= Box.Left || Control->FTop + Control->FHeight <= Box.Top)
+      continue;
+    PaintChild(*Control, Canvas);
   }
+}
+
+void TWinControl::PaintChild(TControl& Control, Graphics& Canvas) const {
+  auto* const Child = dynamic_cast<TGraphicControl*>(&Control);
+  if (Child == nullptr) return;  // the others have their own widgets
+  const TCanvasState Kept(Canvas);
+  Canvas.TranslateTransform(static_cast<float>(Child->Left()), static_cast<float>(Child->Top()));
+  Canvas.SetClip(ToRectF(0, 0, Child->Width(), Child->Height()), CombineModeIntersect);
+  Child->Paint(Canvas);
+}
+
+void TWinControl::PaintBehind(const TControl& Control, Graphics& Canvas) {
+  if (BehindIsDrawn) return;
+  const TBehindIsDrawn Behind;  // parents with what lies behind them as their ground get it from here
+  std::vector<const TControl*> Chain;
+  for (const TControl* Inner = &Control; Inner->FParent != nullptr; Inner = Inner->FParent) Chain.push_back(Inner);
+  int Left = 0;  // place of the control in the parent whose turn it is, from the outermost on
+  int Top = 0;
+  for (const TControl* Inner : Chain) {
+    Left += Inner->FLeft;
+    Top += Inner->FTop;
+  }
+  for (auto Place = Chain.rbegin(); Place != Chain.rend(); ++Place) {
+    const TControl* const Inner = *Place;
+    TWinControl& Outer = *Inner->FParent;
+    const TCanvasState Kept(Canvas);
+    Canvas.SetClip(ToRectF(0, 0, Control.FWidth, Control.FHeight), CombineModeIntersect);
+    Canvas.TranslateTransform(static_cast<float>(-Left), static_cast<float>(-Top));
+    Canvas.SetClip(ToRectF(0, 0, Outer.Width(), Outer.Height()), CombineModeIntersect);
+    Outer.PaintAll(Canvas, {Left, Top, Left + Control.FWidth, Top + Control.FHeight},
+                   dynamic_cast<const TGraphicControl*>(Inner));  // a window lies above all controls without one
+    Left -= Inner->FLeft;
+    Top -= Inner->FTop;
+  }
+}
+
+bool TWinControl::WMEraseBkgnd(Graphics& Canvas) {
+  if (!ControlStyle().Contains(csParentBackground)) return false;
+  DrawParentBackground(Canvas);
+  return true;
 }
 
 void TWinControl::Paint(Graphics&) {}
 
 void TWinControl::Repaint() {
   if (FWidget != nullptr) FWidget->repaint();
+}
+
+void TWinControl::Update() {
+  if (FWidget == nullptr || !FWidget->isVisible()) return;
+  QEvent Request(QEvent::UpdateRequest);
+  QCoreApplication::sendEvent(FWidget->window(), &Request);
+}
+
+void TWinControl::SetDoubleBuffered(bool Value) {
+  if (Value == FDoubleBuffered) return;
+  FDoubleBuffered = Value;
+  FPicture.reset();
+  Invalidate();
 }
 
 void TWinControl::InvalidateBox() {
@@ -224,6 +450,90 @@ void TWinControl::ApplyVisible() {
   } else {
     FWidget->setVisible(Visible());
   }
+}
+
+void TWinControl::ApplyEnabled() {
+  if (FWidget != nullptr) FWidget->setEnabled(Enabled());
+}
+
+void TWinControl::ApplyStyle() {
+  if (FWidget == nullptr || !FPainted) return;
+  FWidget->setAttribute(Qt::WA_OpaquePaintEvent, ControlStyle().Contains(csOpaque));
+  FWidget->setFocusPolicy(FTabStop ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+void TWinControl::ApplyHint() {
+  if (FWidget == nullptr) return;
+  FWidget->setAccessibleDescription(QString::fromStdString(Hint()));
+  ApplyAccessibleName();
+}
+
+std::string TWinControl::AccessibleName() const {
+  const TPropInfo* const Caption = GetPropInfo(*this, "Caption");
+  if (Caption != nullptr && Caption->Kind == TPropKind::String)
+    if (std::string Text = Caption->GetStr(*this); !Text.empty()) return Text;
+  return Hint().empty() ? Name() : Hint();
+}
+
+void TWinControl::ApplyAccessibleName() {
+  if (FWidget != nullptr) FWidget->setAccessibleName(QString::fromStdString(AccessibleName()));
+}
+
+// --- Keyboard -------------------------------------------------------------------------------------------------------
+
+void TWinControl::SetTabStop(bool Value) {
+  if (Value == FTabStop) return;
+  FTabStop = Value;
+  ApplyStyle();
+}
+
+bool TWinControl::CanFocus() const {
+  for (const TControl* Outer = this; Outer != nullptr; Outer = Outer->Parent())
+    if (!Outer->Visible() || !Outer->Enabled()) return false;
+  return true;
+}
+
+void TWinControl::SetFocus() {
+  if (!CanFocus()) throw EInvalidOperation(Format(LoadResString(_sCannotFocus), {Name()}));
+  if (FWidget != nullptr) FWidget->setFocus();
+}
+
+bool TWinControl::Focused() const { return FWidget != nullptr && FWidget->hasFocus(); }
+
+/// The frame that shows the keyboard's place is for those who came by keyboard.
+void TWinControl::NoteFocus(QEvent& Event) {
+  const Qt::FocusReason Reason = static_cast<QFocusEvent&>(Event).reason();
+  if (Reason == Qt::PopupFocusReason || Reason == Qt::MenuBarFocusReason) return;
+  const bool Comes = Event.type() == QEvent::FocusIn;
+  if (Comes) ApplyAccessibleName();
+  FFocusShown =
+      Comes && (Reason == Qt::TabFocusReason || Reason == Qt::BacktabFocusReason || Reason == Qt::ShortcutFocusReason);
+  InvalidateBox();
+  if (Comes) {
+    DoEnter();
+  } else {
+    DoExit();
+  }
+}
+
+void TWinControl::DoEnter() {
+  if (const TNotifyEvent Event = FOnEnter) Event(this);
+}
+
+void TWinControl::DoExit() {
+  if (const TNotifyEvent Event = FOnExit) Event(this);
+}
+
+void TWinControl::KeyDown(TKey& Key, TShiftState Shift) {
+  if (const TKeyEvent Event = FOnKeyDown) Event(this, Key, Shift);
+}
+
+void TWinControl::KeyUp(TKey& Key, TShiftState Shift) {
+  if (const TKeyEvent Event = FOnKeyUp) Event(this, Key, Shift);
+}
+
+void TWinControl::KeyPress(char32_t& Key) {
+  if (const TKeyPressEvent Event = FOnKeyPress) Event(this, Key);
 }
 
 }  // namespace zy

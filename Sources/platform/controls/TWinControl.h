@@ -2,6 +2,8 @@
 
 #include <functional>
 #include <memory>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/controls/TControl.h"
@@ -32,6 +34,10 @@ class TWinControl : public TControl {
   void SetParent(TWinControl* Value) override;
   /// Controls that Root owns are streamed inside their parent.
   void GetChildren(const std::function<void(TComponent*)>& Proc, TComponent* Root) override;
+  /// Gives the aligned controls their edges, and the anchored ones their distance from them.
+  void AlignControls();
+  /// The topmost visible and enabled control without a window that is hit at a place, null for none.
+  TControl* ControlAtPos(int X, int Y) const;
 
   /// The widget, made when there is none. It belongs to this control until a host takes it into its own window. Throws
   /// EInvalidOperation without an application object.
@@ -39,37 +45,107 @@ class TWinControl : public TControl {
   /// Whether there is a widget.
   bool HasWidget() const { return FWidget != nullptr; }
 
-  /// Paints the control and the graphic controls in it, as on the screen, with its top left corner at the origin.
+  /// Paints the control and the controls in it, as on the screen, with its top left corner at the origin. Left out is
+  /// what the toolkit paints by itself, such as scroll bars.
   void PaintTo(Graphics& Canvas);
   void Repaint() override;
+  void Update() override;
+  /// Whether the screen is painted through a picture, which then appears in one step. Without it each shape goes to the
+  /// window at once, in the toolkit's own way of drawing.
+  bool DoubleBuffered() const { return FDoubleBuffered; }
+  void SetDoubleBuffered(bool Value);
+
+  TPoint ClientToScreen(TPoint Place) const override;
+
+  /// Whether the tabulator key and a click give the control the keyboard; false at first.
+  bool TabStop() const { return FTabStop; }
+  void SetTabStop(bool Value);
+  /// Gives the control the keyboard. Nothing before it is shown; throws EInvalidOperation when it is invisible or
+  /// disabled.
+  void SetFocus();
+  bool CanFocus() const;
+  bool Focused() const;
+
+  /// The keyboard's events, of the control that has it; keys that nobody uses up go on to the parents.
+  virtual void KeyDown(TKey& Key, TShiftState Shift);
+  virtual void KeyUp(TKey& Key, TShiftState Shift);
+  virtual void KeyPress(char32_t& Key);
+
+  const TKeyEvent& OnKeyDown() const { return FOnKeyDown; }
+  void SetOnKeyDown(TKeyEvent Value) { FOnKeyDown = std::move(Value); }
+  const TKeyEvent& OnKeyUp() const { return FOnKeyUp; }
+  void SetOnKeyUp(TKeyEvent Value) { FOnKeyUp = std::move(Value); }
+  const TKeyPressEvent& OnKeyPress() const { return FOnKeyPress; }
+  void SetOnKeyPress(TKeyPressEvent Value) { FOnKeyPress = std::move(Value); }
+  const TNotifyEvent& OnEnter() const { return FOnEnter; }
+  void SetOnEnter(TNotifyEvent Value) { FOnEnter = std::move(Value); }
+  const TNotifyEvent& OnExit() const { return FOnExit; }
+  void SetOnExit(TNotifyEvent Value) { FOnExit = std::move(Value); }
 
  protected:
+  /// Draws what is the ground of the control, before Paint; returns whether that is done. By default what lies behind,
+  /// with csParentBackground.
+  virtual bool WMEraseBkgnd(Graphics& Canvas);
   /// Paints the control itself, below its graphic controls.
   virtual void Paint(Graphics& Canvas);
+  /// The part of the control that the present paint is for; all of it unless the screen needs less.
+  const TRect& PaintBox() const { return FPaintBox; }
+  /// Told when the keyboard comes and goes.
+  virtual void DoEnter();
+  virtual void DoExit();
+  /// What a screen reader says: the published caption, else the hint, else the name.
+  virtual std::string AccessibleName() const;
   /// Sees each event of the widget before the widget does; true ends it there.
   virtual bool WidgetEvent(QEvent& Event);
-  /// Makes the toolkit's widget. By default a plain one that Paint fills.
+  /// Makes the toolkit's widget. By default a plain one that Paint fills; any other paints itself.
   virtual QWidget* CreateWidget();
+  /// Runs what a signal of the toolkit's widget asks for: exceptions end here, and a widget that has to go stays until
+  /// the toolkit is done with it.
+  static void HandleEvent(const std::function<void()>& Proc);
+  /// Has the widget say the control's present name.
+  void ApplyAccessibleName();
 
   void InvalidateBox() override;
   void ApplyBounds() override;
   void ApplyVisible() override;
+  void ApplyEnabled() override;
+  void ApplyStyle() override;
+  void ApplyHint() override;
 
  private:
   friend class TControl;
   class TWidgetLink;
 
+  static void PaintBehind(const TControl& Control, Graphics& Canvas);
+  void InsideResized() override { AlignControls(); }
+  void SpreadFont() override;
   void InsertControl(TControl* Control);
   void RemoveControl(TControl* Control);
+  void MoveControl(TControl* Control, bool ToFront);
+  void AlignOnce();
+  void PlaceAnchored(TControl& Control) const;
   void InvalidateBox(int Left, int Top, int Width, int Height);
   void RepaintBox(int Left, int Top, int Width, int Height);
   void DestroyWidget();
   void PaintWidget(const QRect& Exposed);
+  void PaintAll(Graphics& Canvas, const TRect& Box, const TControl* UpTo);
+  void PaintChild(TControl& Control, Graphics& Canvas) const;
+  void NoteFocus(QEvent& Event);
 
   std::vector<TControl*> FControls;
   QWidget* FWidget = nullptr;  // the link clears it when the widget dies
   std::unique_ptr<TWidgetLink> FLink;
   std::unique_ptr<QImage> FPicture;  // of the part that was painted last
+  TRect FPaintBox;
+  bool FPainted = false;  // the widget shows what Paint draws
+  bool FDoubleBuffered = true;
+  bool FTabStop = false;
+  bool FFocusShown = false;
+  bool FAligning = false;
+  bool FAlignAgain = false;
+  TKeyEvent FOnKeyDown, FOnKeyUp;
+  TKeyPressEvent FOnKeyPress;
+  TNotifyEvent FOnEnter, FOnExit;
 };
 
 }  // namespace zy

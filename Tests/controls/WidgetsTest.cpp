@@ -1,0 +1,453 @@
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QProcess>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStyle>
+#include <QStyleOptionSlider>
+#include <QWheelEvent>
+#include <memory>
+#include <set>
+#include <stdexcept>
+
+#include "controls/ControlSamples.h"
+#include "platform/controls/TCustomPanel.h"
+#include "platform/controls/TGraphicControl.h"
+#include "platform/controls/TLabel.h"
+#include "platform/controls/TScrollBar.h"
+#include "platform/controls/TTimer.h"
+#include "platform/drawing/Bitmap.h"
+#include "platform/drawing/Pen.h"
+#include "platform/framework/Exceptions.h"
+
+namespace zy {
+namespace {
+
+constexpr ARGB White = 0xFFFFFFFF;
+constexpr ARGB Red = 0xFFFF0000;
+constexpr ARGB Green = 0xFF00FF00;
+constexpr ARGB Blue = 0xFF0000FF;
+
+TApplication& Program() { return dynamic_cast<TApplication&>(Application()); }
+
+// --- Painting -------------------------------------------------------------------------------------------------------
+
+/// Notes the box of each paint.
+class TBoxPanel : public TTold<TCustomPanel> {
+ public:
+  using TTold::TTold;
+  std::vector<TRect> Boxes;
+
+ protected:
+  void Paint(Graphics& Canvas) override {
+    Boxes.push_back(PaintBox());
+    TTold::Paint(Canvas);
+  }
+};
+
+TEST(PaintTest, OnlyWhatIsNeededIsPainted) {
+  TLog Log;
+  TForm Form;
+  TBoxPanel Panel(&Form, Log, "p");
+  TTold<TGraphicControl> Near(&Form, Log, "n", Red), Far(&Form, Log, "f", Green);
+  Form.SetBounds(0, 0, 400, 300);
+  Panel.SetParent(&Form);
+  Panel.SetAlign(alClient);
+  Near.SetBounds(10, 10, 20, 30);
+  Far.SetBounds(200, 200, 20, 20);
+  Near.SetParent(&Panel);
+  Far.SetParent(&Panel);
+  Form.Show();
+  HandleEvents();
+  Panel.Boxes.clear();
+  Far.Paints = 0;
+  Near.Invalidate();
+  EXPECT_TRUE(Panel.Boxes.empty());
+  Near.Update();
+  EXPECT_EQ(Panel.Boxes, (std::vector<TRect>{{10, 10, 30, 40}}));
+  Panel.Update();
+  EXPECT_EQ(Panel.Boxes.size(), 1U) << "nothing waits any more";
+  Near.SetLeft(15);
+  Form.Update();
+  EXPECT_EQ(Panel.Boxes.back(), (TRect{10, 10, 35, 40})) << "the old box and the new one";
+  EXPECT_EQ(Far.Paints, 0);
+  const QImage Shown = Panel.Widget()->grab().toImage();
+  EXPECT_EQ(Shown.pixel(14, 15), White);
+  EXPECT_EQ(Shown.pixel(15, 15), Red);
+}
+
+TEST(PaintTest, PicturesHoldTheInnerWindowsToo) {
+  TLog Log;
+  TTold<TCustomPanel> Outer(nullptr, Log, "o", White), Inner(nullptr, Log, "i", Blue), Hidden(nullptr, Log, "h", Red);
+  TTold<TGraphicControl> Patch(nullptr, Log, "g", Green);
+  Outer.SetBounds(0, 0, 60, 60);
+  Inner.SetBounds(20, 30, 20, 20);
+  Hidden.SetBounds(0, 0, 5, 5);
+  Hidden.SetVisible(false);
+  Patch.SetBounds(10, 10, 50, 50);
+  Inner.SetParent(&Outer);
+  Hidden.SetParent(&Outer);
+  Patch.SetParent(&Inner);
+  Bitmap Picture(60, 60);
+  Graphics Canvas(Picture);
+  Outer.PaintTo(Canvas);
+  struct TCase {
+    int X, Y;
+    ARGB Color;
+  };
+  for (const TCase& Case : {TCase{0, 0, White}, TCase{20, 30, Blue}, TCase{30, 40, Green}, TCase{39, 49, Green},
+                            TCase{40, 45, White}, TCase{35, 50, White}})
+    EXPECT_EQ(Picture.GetPixel(Case.X, Case.Y), Case.Color) << Case.X << ", " << Case.Y;
+}
+
+TEST(PaintTest, BothWaysOfBufferingShowTheSame) {
+  TLog Log;
+  TForm Form;
+  TTold<TCustomPanel> Panel(&Form, Log, "p", Blue);
+  TTold<TGraphicControl> Patch(&Form, Log, "g", Red);
+  Panel.SetParent(&Form);
+  Patch.SetParent(&Panel);
+  Patch.SetBounds(3, 4, 10, 10);
+  Form.Show();
+  const QImage Buffered = Panel.Widget()->grab().toImage();
+  Panel.SetDoubleBuffered(false);
+  EXPECT_EQ(Panel.Widget()->grab().toImage(), Buffered);
+  EXPECT_EQ(Buffered.pixel(3, 4), Red);
+}
+
+/// A panel that shows what lies behind it, and draws a line at its top.
+class TGlass : public TCustomPanel {
+ public:
+  explicit TGlass(TComponent* Owner) : TCustomPanel(Owner) { SetControlStyle({csParentBackground}); }
+
+ protected:
+  void Paint(Graphics& Canvas) override {
+    Canvas.FillRectangle(SolidBrush(Blue), 0, 0, static_cast<float>(Width()), 1);
+  }
+};
+
+TEST(PaintTest, WhatLiesBehindIsDrawnFromTheOutermostOn) {
+  TLog Log;
+  TTold<TCustomPanel> Outer(nullptr, Log, "o", White);
+  Outer.SetBounds(7, 7, 100, 100);
+  TTold<TGraphicControl> Below(&Outer, Log, "b", Red), Above(&Outer, Log, "a", Green);
+  TGlass Middle(&Outer), Inner(&Outer);
+  Below.SetBounds(0, 0, 30, 100);
+  Below.SetParent(&Outer);
+  Middle.SetBounds(20, 20, 60, 60);
+  Middle.SetParent(&Outer);
+  Inner.SetBounds(5, -3, 40, 20);
+  Inner.SetParent(&Middle);
+  Above.SetBounds(60, 0, 10, 100);
+  Above.SetParent(&Outer);
+
+  Bitmap Picture(40, 20);
+  Graphics Canvas(Picture);
+  Inner.PaintTo(Canvas);
+  struct TCase {
+    int X, Y;
+    ARGB Color;
+    const char* What;
+  };
+  for (const TCase& Case : {TCase{2, 0, Blue, "its own picture"}, TCase{4, 3, Blue, "that of the parent"},
+                            TCase{4, 5, Red, "the outermost parent's control, at 29, 22"}, TCase{5, 5, White, ""},
+                            TCase{35, 5, Green, "windows lie above it as well"}, TCase{4, 2, Red, "beside its parent"}})
+    EXPECT_EQ(Picture.GetPixel(Case.X, Case.Y), Case.Color) << Case.What << ' ' << Case.X << ", " << Case.Y;
+
+  Bitmap Ground(10, 100);
+  Graphics GroundCanvas(Ground);
+  Below.DrawParentBackground(GroundCanvas);
+  EXPECT_EQ(Ground.GetPixel(5, 50), White) << "without the control itself";
+}
+
+/// A line of one pixel at row 5.
+class TLine : public TCustomPanel {
+ public:
+  using TCustomPanel::TCustomPanel;
+
+ protected:
+  void Paint(Graphics& Canvas) override {
+    Canvas.FillRectangle(SolidBrush(White), 0, 0, 100, 100);
+    Canvas.SetSmoothingMode(SmoothingModeAntiAlias);
+    Canvas.DrawLine(Pen(0xFF000000, 1), 0, 5, 90, 5);
+  }
+};
+
+/// Runs in a process of its own whose screen has two pixels for each logical one; see below.
+TEST(HiDpiTest, DISABLED_LineOnDenseScreen) {
+  TForm Form;
+  TLine Line(&Form);
+  Line.SetBounds(3, 3, 80, 20);
+  Line.SetParent(&Form);
+  Form.Show();
+  HandleEvents();
+  const QImage Shown = Line.Widget()->grab().toImage();
+  ASSERT_EQ(Shown.devicePixelRatio(), 2);
+  ASSERT_EQ(Shown.size(), QSize(160, 40));
+  for (int Y = 0; Y < Shown.height(); ++Y) ASSERT_EQ(Shown.pixel(50, Y), Y == 10 || Y == 11 ? 0xFF000000 : White) << Y;
+}
+
+TEST(HiDpiTest, LinesAreSharpOnDenseScreens) {
+  QProcess Child;
+  QProcessEnvironment Environment = QProcessEnvironment::systemEnvironment();
+  Environment.insert("QT_SCALE_FACTOR", "2");
+  Environment.insert("QT_QPA_PLATFORM", "offscreen");
+  Child.setProcessEnvironment(Environment);
+  Child.setProcessChannelMode(QProcess::MergedChannels);
+  Child.start(QCoreApplication::applicationFilePath(),
+              {"--gtest_also_run_disabled_tests", "--gtest_filter=HiDpiTest.DISABLED_LineOnDenseScreen"});
+  ASSERT_TRUE(Child.waitForFinished(60000));
+  const std::string Output = Child.readAll().toStdString();
+  EXPECT_EQ(Child.exitCode(), 0) << Output;
+  EXPECT_NE(Output.find("1 test from"), std::string::npos) << Output;
+}
+
+// --- Scroll bars ----------------------------------------------------------------------------------------------------
+
+class ScrollBarTest : public testing::Test {
+ protected:
+  ScrollBarTest() {
+    FForm.SetBounds(0, 0, 400, 300);
+    FBar.SetParent(&FForm);
+    FBar.SetBounds(0, 100, 300, 17);
+    FBar.SetMax(1000);
+    FBar.SetPageSize(200);
+    FBar.SetSmallChange(10);
+    FBar.SetLargeChange(200);
+    FBar.SetPosition(400);
+    FBar.SetOnScroll([this](TObject*, TScrollCode Code, int& Position) {
+      FLog.push_back(std::string(EnumInfo(Code).Values[Code]) + " " + IntToStr(Position));
+    });
+    FBar.SetOnChange([this](TObject*) { FLog.push_back("change " + IntToStr(FBar.Position())); });
+    FForm.Show();
+    HandleEvents();
+  }
+  QRect Part(QStyle::SubControl Control) {
+    auto& Bar = static_cast<QScrollBar&>(*FBar.Widget());
+    QStyleOptionSlider Option;
+    Option.initFrom(&Bar);
+    Option.orientation = Bar.orientation();
+    Option.minimum = Bar.minimum();
+    Option.maximum = Bar.maximum();
+    Option.sliderPosition = Option.sliderValue = Bar.value();
+    Option.singleStep = Bar.singleStep();
+    Option.pageStep = Bar.pageStep();
+    return Bar.style()->subControlRect(QStyle::CC_ScrollBar, &Option, Control, &Bar);
+  }
+  void ClickOn(QStyle::SubControl Control) {
+    const QPoint Place = Part(Control).center();
+    Press(FBar, Place.x(), Place.y());
+    Release(FBar, Place.x(), Place.y());
+  }
+  TLog Taken() { return std::exchange(FLog, {}); }
+
+  TForm FForm;
+  TScrollBar FBar{&FForm};
+  TLog FLog;
+};
+
+TEST_F(ScrollBarTest, ActionsHaveTheirCodes) {
+  ClickOn(QStyle::SC_ScrollBarAddLine);
+  EXPECT_EQ(Taken(), (TLog{"scLineDown 410", "change 410", "scEndScroll 410"}));
+  ClickOn(QStyle::SC_ScrollBarSubLine);
+  EXPECT_EQ(Taken(), (TLog{"scLineUp 400", "change 400", "scEndScroll 400"}));
+  ClickOn(QStyle::SC_ScrollBarAddPage);
+  EXPECT_EQ(Taken(), (TLog{"scPageDown 600", "change 600", "scEndScroll 600"}));
+  ClickOn(QStyle::SC_ScrollBarSubPage);
+  EXPECT_EQ(Taken(), (TLog{"scPageUp 400", "change 400", "scEndScroll 400"}));
+  QKeyEvent End(QEvent::KeyPress, Qt::Key_End, Qt::NoModifier);
+  QCoreApplication::sendEvent(FBar.Widget(), &End);
+  EXPECT_EQ(Taken(), (TLog{"scBottom 801", "change 801", "scEndScroll 801"})) << "the page ends at Max";
+}
+
+TEST_F(ScrollBarTest, TheThumbTracksAndEndsWithItsPosition) {
+  const QPoint Place = Part(QStyle::SC_ScrollBarSlider).center();
+  Press(FBar, Place.x(), Place.y());
+  Drag(FBar, Place.x() + 30, Place.y());
+  const int Tracked = FBar.Position();
+  EXPECT_GT(Tracked, 420);
+  EXPECT_EQ(Taken(), (TLog{"scTrack " + IntToStr(Tracked), "change " + IntToStr(Tracked)}));
+  Release(FBar, Place.x() + 30, Place.y());
+  EXPECT_EQ(Taken(), (TLog{"scPosition " + IntToStr(Tracked), "scEndScroll " + IntToStr(Tracked)}));
+}
+
+TEST_F(ScrollBarTest, HandlersMayChangeThePositionOrTakeTheBarAway) {
+  FBar.SetOnScroll([](TObject*, TScrollCode, int& Position) { Position = 123; });
+  ClickOn(QStyle::SC_ScrollBarAddLine);
+  EXPECT_EQ(FBar.Position(), 123);
+  EXPECT_EQ(static_cast<QScrollBar&>(*FBar.Widget()).value(), 123);
+  auto* Doomed = new TScrollBar(&FForm);
+  Doomed->SetParent(&FForm);
+  Doomed->SetOnScroll([&](TObject*, TScrollCode, int&) { delete std::exchange(Doomed, nullptr); });
+  QKeyEvent End(QEvent::KeyPress, Qt::Key_End, Qt::NoModifier);
+  QCoreApplication::sendEvent(Doomed->Widget(), &End);
+  EXPECT_EQ(Doomed, nullptr);
+}
+
+TEST_F(ScrollBarTest, ParametersAreLimitedAndToldOnce) {
+  FBar.SetPosition(5000);
+  EXPECT_EQ(Taken(), (TLog{"change 1000"}));
+  FBar.SetMax(300);
+  EXPECT_EQ(Taken(), (TLog{"change 300"}));
+  EXPECT_THROW(FBar.SetMin(301), ERangeError);
+  EXPECT_TRUE(Taken().empty());
+  FBar.SetKind(sbVertical);
+  EXPECT_EQ(FBar.BoundsRect(), (TRect{0, 100, 17, 400}));
+}
+
+// --- Labels, forms, timers, idle time
+// ---------------------------------------------------------------------------------
+
+/// Columns and rows with ink, as a rectangle.
+TRect InkOf(TCustomLabel& Label) {
+  Bitmap Picture(Label.Width(), Label.Height());
+  Graphics Canvas(Picture);
+  TCustomPanel Panel;
+  Panel.SetBounds(0, 0, Label.Width(), Label.Height());
+  Label.SetLeft(0);
+  Label.SetTop(0);
+  Label.SetParent(&Panel);
+  Panel.PaintTo(Canvas);
+  Label.SetParent(nullptr);
+  TRect Ink{Label.Width(), Label.Height(), 0, 0};
+  for (int Y = 0; Y < Label.Height(); ++Y)
+    for (int X = 0; X < Label.Width(); ++X)
+      if (Picture.GetPixel(X, Y) != 0)
+        Ink = {std::min(Ink.Left, X), std::min(Ink.Top, Y), std::max(Ink.Right, X + 1), std::max(Ink.Bottom, Y + 1)};
+  return Ink;
+}
+
+TEST(LabelTest, SizeAndPlaceFollowTheText) {
+  TLabel Label;
+  Label.SetCaption("HHH");
+  const int OneLine = Label.Height();
+  const int Width = Label.Width();
+  Label.SetCaption("HHH\nHHH");
+  EXPECT_EQ(Label.Width(), Width);
+  EXPECT_NEAR(Label.Height(), 2 * OneLine, 2);
+  Label.SetAutoSize(false);
+  Label.SetCaption("HHH");
+  Label.SetBounds(0, 0, 200, 100);
+  struct TCase {
+    TAlignment Alignment;
+    TTextLayout Layout;
+    int CenterX, CenterY;  // of the ink, roughly
+  };
+  for (const TCase& Case :
+       {TCase{TAlignment::taLeftJustify, tlTop, Width / 2, OneLine / 2}, TCase{TAlignment::taCenter, tlCenter, 100, 50},
+        TCase{TAlignment::taRightJustify, tlBottom, 200 - Width / 2, 100 - OneLine / 2}}) {
+    Label.SetAlignment(Case.Alignment);
+    Label.SetLayout(Case.Layout);
+    const TRect Ink = InkOf(Label);
+    EXPECT_NEAR((Ink.Left + Ink.Right) / 2, Case.CenterX, 2);
+    EXPECT_NEAR((Ink.Top + Ink.Bottom) / 2, Case.CenterY, 3);
+  }
+  Label.SetTransparent(false);
+  EXPECT_EQ(InkOf(Label), (TRect{0, 0, 200, 100}));
+  Label.SetAlignment(TAlignment::taRightJustify);
+  Label.SetBounds(0, 0, 200, 20);
+  Label.SetAutoSize(true);
+  EXPECT_EQ(Label.BoundsRect().Right, 200) << "the aligned edge stays";
+}
+
+TEST(FormTest, EventsOfItsLife) {
+  TLog Log;
+  TForm Form;
+  Form.SetPosition(poScreenCenter);
+  Form.SetBounds(0, 0, 200, 100);
+  Form.SetOnShow([&](TObject*) { Log.push_back("show"); });
+  Form.SetOnActivate([&](TObject*) { Log.push_back("activate"); });
+  Form.SetOnDeactivate([&](TObject*) { Log.push_back("deactivate"); });
+  bool MayClose = false;
+  TCloseAction Wanted = caNone;
+  Form.SetOnCloseQuery([&](TObject*, bool& CanClose) { CanClose = MayClose; });
+  Form.SetOnClose([&](TObject*, TCloseAction& Action) {
+    Log.push_back("close");
+    Action = Wanted;
+  });
+  Form.Show();
+  HandleEvents();
+  EXPECT_EQ(Log, (TLog{"show", "activate"}));
+  const QPoint Middle = Form.Widget()->screen()->availableGeometry().center();
+  constexpr int Frame = 4;  // of the window, which the bounds leave out
+  EXPECT_NEAR(Form.Left() + 100, Middle.x(), Frame);
+  EXPECT_NEAR(Form.Top() + 50, Middle.y(), Frame);
+  Log.clear();
+  Form.Close();
+  EXPECT_TRUE(Form.Visible());
+  EXPECT_TRUE(Log.empty()) << "the query says no";
+  MayClose = true;
+  EXPECT_FALSE(Form.Widget()->close());
+  EXPECT_TRUE(Form.Visible());
+  EXPECT_EQ(Log, (TLog{"close"}));
+  Wanted = caHide;
+  Form.Close();
+  HandleEvents();
+  EXPECT_FALSE(Form.Visible());
+  auto* const Freed = new TForm;
+  Freed->SetName("Freed");
+  Freed->SetOnClose([](TObject*, TCloseAction& Action) { Action = caFree; });
+  Freed->Show();
+  Freed->Close();
+  EXPECT_NE(Screen().FindByName("Freed"), nullptr);
+  HandleEvents();
+  EXPECT_EQ(Screen().FindByName("Freed"), nullptr);
+}
+
+TEST(TimerTest, TicksUntilItIsStoppedOrDies) {
+  auto* Timer = new TTimer;
+  int Ticks = 0;
+  const auto Wait = [](int Milliseconds) {
+    QElapsedTimer Clock;
+    Clock.start();
+    while (Clock.elapsed() < Milliseconds) HandleEvents();
+  };
+  Timer->SetInterval(1);
+  Timer->SetOnTimer([&](TObject*) {
+    if (++Ticks == 3) Timer->SetEnabled(false);
+  });
+  Wait(200);
+  EXPECT_EQ(Ticks, 3);
+  Timer->SetOnTimer([&](TObject*) {
+    ++Ticks;
+    delete Timer;
+  });
+  Timer->SetEnabled(true);
+  Wait(100);
+  EXPECT_EQ(Ticks, 4);
+}
+
+TEST(IdleTest, HandlersRunBeforeTheProgramWaits) {
+  TLog Log;
+  int Owners[2];
+  int Rounds = 0;
+  Program().OnIdle = [&](bool& Done) {
+    Log.push_back("on");
+    Done = ++Rounds == 3;  // two more calls at once
+    if (Done) QCoreApplication::quit();
+  };
+  TApplication::AddIdleHandler(&Owners[0], [&](bool&) {
+    Log.push_back("first");
+    TApplication::RemoveIdleHandler(&Owners[0]);
+    TApplication::RemoveIdleHandler(&Owners[1]);
+  });
+  TApplication::AddIdleHandler(&Owners[1], [&](bool&) { Log.push_back("old"); });
+  TApplication::AddIdleHandler(&Owners[1], [&](bool&) { Log.push_back("removed before its turn"); });
+  EXPECT_EQ(Program().Run(), 0);
+  EXPECT_EQ(Log, (TLog{"on", "first", "on", "on"}));
+  std::string Seen;
+  Program().OnException = [&](const std::exception& Error) { Seen = Error.what(); };
+  Program().OnIdle = [](bool& Done) {
+    Done = false;
+    throw std::runtime_error("idle");
+  };
+  EXPECT_TRUE(TApplication::Idle()) << "one that fails is not called at once again";
+  EXPECT_EQ(Seen, "idle");
+  Program().OnIdle = nullptr;
+  Program().OnException = nullptr;
+}
+
+}  // namespace
+}  // namespace zy
