@@ -30,11 +30,17 @@ void DrawHeading(Graphics& Canvas, const std::string& Text, float X, float Y) {
   Canvas.DrawString(Text, Font("Arial", 10, {TFontStyle::Bold}), SolidBrush(Colors::DarkBlue), X, Y);
 }
 
+/// Corner of a cell in a table that is filled row by row.
+PointF CellAt(PointF Origin, SizeF Step, int Columns, int Index) {
+  const int Row = Index / Columns, Column = Index % Columns;
+  return {Origin.X + Step.Width * static_cast<float>(Column), Origin.Y + Step.Height * static_cast<float>(Row)};
+}
+
 void DrawAreaStyles(Graphics& Canvas, float Top) {
   DrawHeading(Canvas, "Area styles", 20, Top);
   const auto& Names = EnumInfo(TZyAreaStyle{}).Values;
   for (std::size_t Style = 0; Style < Names.size(); ++Style) {
-    const float X = 20 + 97 * static_cast<float>(Style % 12), Y = Top + 20 + 54 * static_cast<float>(Style / 12);
+    const auto [X, Y] = CellAt({20, Top + 20}, {97, 54}, 12, static_cast<int>(Style));
     const auto Fill = GetAreaBrush(static_cast<TZyAreaStyle>(Style), Colors::SteelBlue, Colors::Ivory);
     Canvas.FillRectangle(*Fill, X, Y, 90, 36);
     Canvas.DrawString(Names[Style], Font("Arial", 6), SolidBrush(Colors::DimGray), X, Y + 37);
@@ -75,7 +81,8 @@ void DrawGradients(Graphics& Canvas, float Left, float Top) {
   Gradient.SetMiddleColor(Colors::Gold);
   Gradient.SetLastColor(Colors::MidnightBlue);
   for (int Index = 0; Index < 10; ++Index) {
-    const RectF Box{Left + 68 * static_cast<float>(Index % 5), Top + 22 + 64 * static_cast<float>(Index / 5), 60, 52};
+    const auto [X, Y] = CellAt({Left, Top + 22}, {68, 64}, 5, Index);
+    const RectF Box{X, Y, 60, 52};
     Gradient.SetStyle(Index < 6   ? TZyGradientStyle::Linear
                       : Index < 8 ? TZyGradientStyle::Radial
                                   : TZyGradientStyle::Elliptical);
@@ -191,8 +198,7 @@ void DrawSheet(Graphics& Canvas) {
   DrawBoxes(Canvas, 776);
   DrawHeading(Canvas, "Named colours", 20, 886);
   for (int Index = FirstFixedColor + 1; Index <= NamedColorCount; ++Index) {
-    const int Place = Index - FirstFixedColor - 1;
-    const float X = 20 + 16.6f * static_cast<float>(Place % 70), Y = 910 + 26 * static_cast<float>(Place / 70);
+    const auto [X, Y] = CellAt({20, 910}, {16.6f, 26}, 70, Index - FirstFixedColor - 1);
     Canvas.FillRectangle(SolidBrush(NamedColor(Index)), X, Y, 15, 22);
   }
   Canvas.DrawString("Drawn by Zyphos: the same calls on a picture, in SVG, PDF and EMF",

@@ -13,9 +13,9 @@ void TZyRichCaptionObject::ParseForSize() {
 
 void TZyRichCaptionObject::PaintGr(Graphics& Gr) const {
   if (FCaption.empty()) return;
-  const auto Place = static_cast<int>(Alignment);
-  const float Left = -FWidth * static_cast<float>(Place % 3) / 2;
-  const float Top = -FHeight * static_cast<float>(Place / 3) / 2;
+  const int Row = static_cast<int>(Alignment) / 3, Column = static_cast<int>(Alignment) % 3;
+  const float Left = -FWidth * static_cast<float>(Column) / 2;
+  const float Top = -FHeight * static_cast<float>(Row) / 2;
   const SolidBrush Fill(FFont.FillColor());
   if (Angle == 0) return Gr.DrawString(FCaption, FFont.AsFont(), Fill, X + Left, Y + Top);
   const Matrix Saved = Gr.GetTransform();

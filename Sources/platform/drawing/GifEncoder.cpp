@@ -43,11 +43,11 @@ QImage WithPalette(const QImage& Picture) {
   }
   if (Colors.size() < ColorCount) return Opaque.convertToFormat(QImage::Format_Indexed8, Colors, Qt::ThresholdDither);
   Colors.clear();
-  constexpr int Steps = 6;  // of each channel: a cube of 216 colours, and grays
-  for (int Index = 0; Index < Steps * Steps * Steps; ++Index)
+  constexpr int CubeSize = 6 * 6 * 6;  // six steps of each channel; grays behind them
+  for (int Index = 0; Index < CubeSize; ++Index)
     Colors.append(qRgb(Index / 36 * 51, Index / 6 % 6 * 51, Index % 6 * 51));
   while (Colors.size() < TransparentIndex) {
-    const int Gray = static_cast<int>(Colors.size() - Steps * Steps * Steps) * 255 / (TransparentIndex - 216);
+    const int Gray = (static_cast<int>(Colors.size()) - CubeSize) * 255 / (TransparentIndex - CubeSize);
     Colors.append(qRgb(Gray, Gray, Gray));
   }
   return Opaque.convertToFormat(QImage::Format_Indexed8, Colors, Qt::DiffuseDither);

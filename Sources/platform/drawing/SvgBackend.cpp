@@ -238,9 +238,9 @@ void TSvgBackend::UseClip(const Region& Clip) {
   FBody += ">\n";
 }
 
-void TSvgBackend::Add(const TDrawState& State, std::string Element) {
+void TSvgBackend::Add(const TDrawState& State, std::string_view Element) {
   UseClip(State.Clip);
-  FBody += Element + "\n";
+  FBody.append(Element) += '\n';
 }
 
 void TSvgBackend::Draw(const TDrawState& State, const Pen& Pen, const TShape& Shape) {

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 
 #include "platform/drawing/GraphicsBackend.h"
 
@@ -29,7 +30,7 @@ class TSvgBackend : public TGraphicsBackend {
 
  private:
   void DrawPlain(const TDrawState& State, const Pen& Pen, const GraphicsPath& Path);
-  void Add(const TDrawState& State, std::string Element);
+  void Add(const TDrawState& State, std::string_view Element);
   void UseClip(const Region& Clip);
   std::string ClipOf(const Region& Clip);
   std::string MaskOf(const Region& Clip);

@@ -15,8 +15,8 @@ std::filesystem::path DefaultConfigFolder() {
     const char* const Value = std::getenv(Name);
     return Value == nullptr ? "" : Value;
   };
-  if (const auto Folder = Variable("XDG_CONFIG_HOME"); Folder.is_absolute()) return Folder;
-  if (const auto Folder = Variable("APPDATA"); !Folder.empty()) return Folder;
+  if (auto Folder = Variable("XDG_CONFIG_HOME"); Folder.is_absolute()) return Folder;
+  if (auto Folder = Variable("APPDATA"); !Folder.empty()) return Folder;
   if (const auto Home = Variable("HOME"); !Home.empty()) return Home / ".config";
   return std::filesystem::current_path();
 }

@@ -26,7 +26,7 @@ std::string ComponentPath(const TComponent* Component, const TComponent* Root) {
   for (const TComponent* Up = Component->Owner(); Up != nullptr && Up != &Application(); Up = Up->Owner()) {
     if (Up == Root) return Complete ? Path : std::string();
     if (Up->Name().empty()) Complete = false;
-    Path = Up->Name() + '.' + Path;
+    Path.insert(0, Up->Name() + '.');
   }
   return Complete ? Path : std::string();
 }

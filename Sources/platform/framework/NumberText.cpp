@@ -56,7 +56,7 @@ double ParseReal(std::string_view Text, std::string_view Whole) {
   const auto [Stop, Error] = std::from_chars(Text.data(), End, Value);
   if (Stop != End || !std::isfinite(Value)) InvalidNumber(Whole);
   if (Error == std::errc::result_out_of_range && Text.find_first_of("eE") != std::string_view::npos &&
-      Text.find("-", Text.find_first_of("eE")) != std::string_view::npos)
+      Text.find('-', Text.find_first_of("eE")) != std::string_view::npos)
     return Text.front() == '-' ? -0.0 : 0.0;  // smaller than any real
   if (Error != std::errc()) InvalidNumber(Whole);
   return Value;

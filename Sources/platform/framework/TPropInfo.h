@@ -120,9 +120,7 @@ TVariant ToVariant(const T& Value) {
     Elements.reserve(Value.size());
     for (const auto& Element : Value) Elements.push_back(ToVariant(Element));
     return Elements;
-  } else if constexpr (std::is_same_v<T, bool>) {
-    return Value;
-  } else if constexpr (std::is_integral_v<T>) {
+  } else if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>) {
     return static_cast<long long>(Value);
   } else if constexpr (std::is_floating_point_v<T>) {
     return static_cast<double>(Value);

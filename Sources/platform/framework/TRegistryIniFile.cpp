@@ -14,7 +14,7 @@ namespace {
 std::filesystem::path SettingsFile(const std::string& FileName) {
   const std::filesystem::path Relative(FileName + ".ini");
   const bool LeadsOut = Relative.has_root_path() || std::find(Relative.begin(), Relative.end(), "..") != Relative.end();
-  const std::filesystem::path Path = Application().ConfigFolder() / Relative;
+  std::filesystem::path Path = Application().ConfigFolder() / Relative;
   std::error_code Error;
   if (!FileName.empty() && !LeadsOut) {
     std::filesystem::create_directories(Path.parent_path(), Error);

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstring>
 #include <limits>
+#include <type_traits>
 
 #include "platform/framework/ComponentPath.h"
 #include "platform/framework/Exceptions.h"
@@ -65,7 +66,7 @@ void TWriter::WriteTag(TValueType Tag) { Write(&Tag, 1); }
 template <class T>
 void TWriter::WriteNumber(TValueType Tag, T Value) {
   std::uint8_t Bytes[1 + sizeof(T)] = {static_cast<std::uint8_t>(Tag)};
-  auto Bits = static_cast<std::uint64_t>(Value);
+  std::uint64_t Bits = static_cast<std::make_unsigned_t<T>>(Value);
   for (std::size_t Index = 1; Index <= sizeof(T); ++Index, Bits >>= 8) Bytes[Index] = static_cast<std::uint8_t>(Bits);
   Write(Bytes, sizeof Bytes);
 }

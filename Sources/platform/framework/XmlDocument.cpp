@@ -52,7 +52,7 @@ class TXmlLoader {
 
   std::shared_ptr<pugi::xml_document> Load() {
     if (const std::size_t Bad = FirstBadXmlByte(FText); Bad < FText.size()) Fail(Bad, LoadResString(_sXmlBadCharacter));
-    const auto Document = std::make_shared<pugi::xml_document>();
+    auto Document = std::make_shared<pugi::xml_document>();
     const pugi::xml_parse_result Result =
         Document->load_buffer(FText.data(), FText.size(), ParseFlags, pugi::encoding_utf8);
     if (!Result) Fail(static_cast<std::size_t>(std::max<std::ptrdiff_t>(Result.offset, 0)), Result.description());
