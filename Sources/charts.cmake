@@ -3,12 +3,17 @@ zy_add_library(
   zy_charts
   SOURCES
     annotations/ZyFont.cpp
+    annotations/ZyParentFont.cpp
     annotations/ZyRichCaption.cpp
     axes/ZyAxis.cpp
     axes/ZyAxisLayout.cpp
     axes/ZyAxisPaint.cpp
+    axes/ZyAxisProperties.cpp
     axes/ZyAxisRanging.cpp
+    axes/ZyAxisScale.cpp
+    axes/ZyAxisSizes.cpp
     axes/ZyAxisTicks.cpp
+    axes/ZyDateTime.cpp
     graph/ZyAreaSettings.cpp
     graph/ZyArrowSettings.cpp
     graph/ZyColors.cpp
@@ -22,8 +27,10 @@ zy_add_library(
     graph/ZyGradientBrushes.cpp
     graph/ZyGradientSettings.cpp
     graph/ZyGraph2D.cpp
+    graph/ZyGraph2DPaint.cpp
     graph/ZyLineSettings.cpp
     graph/ZyPointSymbolSettings.cpp
+    graph/ZyPollingThread.cpp
     graph/ZyRegisterClasses.cpp
     graph/ZyStringFunctions.cpp
     persistence/ZyIniArchive.cpp

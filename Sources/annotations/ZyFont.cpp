@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/controls/TControlFont.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/NumberText.h"
 #include "platform/framework/TPropInfo.h"
@@ -73,7 +74,10 @@ void TZyFont::SetRenderingHint(TZyTextRenderingHint Value) {
 
 void TZyFont::Assign(const TPersistent* Source) {
   const auto* const Other = dynamic_cast<const TZyFont*>(Source);
-  if (Other == nullptr) return TPersistent::Assign(Source);
+  if (Other == nullptr) {
+    const auto* const Plain = dynamic_cast<const TControlFont*>(Source);
+    return Plain != nullptr ? AssignPlain(*Plain) : TPersistent::Assign(Source);
+  }
   FFillColor = Other->FFillColor;
   SetSize(Other->Size());
   SetDrawEffects(Other->FDrawEffects);
@@ -81,6 +85,16 @@ void TZyFont::Assign(const TPersistent* Source) {
   FGradient.Assign(&Other->FGradient);
   FName = Other->FName;
   FStyle = Other->FStyle;
+  NeedsResize();
+}
+
+/// Controls count whole points.
+void TZyFont::AssignPlain(const TControlFont& Source) {
+  FName = Source.Name();
+  FWholeSize = static_cast<int>(std::lround(Source.Size()));
+  FSize = static_cast<float>(FWholeSize);
+  FStyle = Source.Style();
+  SetFillColor(Source.Color());
   NeedsResize();
 }
 

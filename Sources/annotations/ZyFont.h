@@ -10,6 +10,7 @@
 
 namespace zy {
 
+class TControlFont;
 class TZyUndoStack;
 
 /// Ways to set characters off from what lies behind them. The order is that of the bits in stored forms.
@@ -63,11 +64,13 @@ class TZyFont : public TPersistent {
 
   /// The drawing surface's font of this description.
   Font AsFont() const { return Font(FName, Size(), FStyle); }
+  /// From another one, or from the font of a control, which changes no effect.
   void Assign(const TPersistent* Source) override;
   /// Logs all that this font is as one step, before a change. Nothing happens without a stack.
   void PushToUndoStack(TZyUndoStack* Stack, std::string_view Comment);
 
  private:
+  void AssignPlain(const TControlFont& Source);
   void NeedsInvalidate();
   void NeedsResize();
 

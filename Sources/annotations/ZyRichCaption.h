@@ -38,6 +38,7 @@ class TZyRichCaptionObject {
   const TZyRichCaption& Caption() const { return FCaption; }
   void SetCaption(const TZyRichCaption& Value) { FCaption = Value; }
   TZyFont& CaptionFont() { return FFont; }
+  const TZyFont& CaptionFont() const { return FFont; }
 
   /// Measures the text; Width and Height are valid afterwards. The measures are the same for every target.
   void ParseForSize();

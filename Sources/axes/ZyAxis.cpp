@@ -13,62 +13,97 @@
 #include "undo/ZyChange.h"
 
 namespace zy {
-namespace {
 
-/// Distance in pixels at which the way from values to pixels saturates: within what a drawing surface survives, and far
-/// enough that a line from there still heads the right way.
-constexpr double Saturation = 100000;
-
-}  // namespace
-
-ZY_PUBLISHED(TZyAxis, TGraphicControl, Published<&TZyAxis::Caption, &TZyAxis::SetCaption>("Caption"),
-             Published<&TZyAxis::CaptionVisible, &TZyAxis::SetCaptionVisible>("CaptionVisible", true),
-             Published<&TZyAxis::CaptionDistanceAfter, &TZyAxis::SetCaptionDistanceAfter>("CaptionDistanceAfter", 0.0f),
-             Published<&TZyAxis::CaptionDistanceBefore, &TZyAxis::SetCaptionDistanceBefore>("CaptionDistanceBefore",
-                                                                                            0.0f),
-             Published<&TZyAxis::DistanceNumbersCaption, &TZyAxis::SetDistanceNumbersCaption>("DistanceNumbersCaption")
-                 .NotStored(),
-             Published<&TZyAxis::DistanceToBorder, &TZyAxis::SetDistanceToBorder>("DistanceToBorder").NotStored(),
-             Published<&TZyAxis::CaptionFont>("CaptionFont"), Published<&TZyAxis::Font>("Font"),
-             Published<&TZyAxis::NumbersVisible, &TZyAxis::SetNumbersVisible>("NumbersVisible", true),
-             Published<&TZyAxis::ForeColor, &TZyAxis::SetForeColor>("ForeColor", Colors::Black),
-             Published<&TZyAxis::TickColor, &TZyAxis::SetTickColor>("TickColor"),
-             Published<&TZyAxis::MajorTickColor, &TZyAxis::SetMajorTickColor>("MajorTickColor"),
-             Published<&TZyAxis::Position, &TZyAxis::SetPosition>("Position", TZyAxisPosition::Bottom),
-             Published<&TZyAxis::Twisted, &TZyAxis::SetTwisted>("Twisted", false),
-             Published<&TZyAxis::TicksPointToData, &TZyAxis::SetTicksPointToData>("TicksPointToData", false),
-             Published<&TZyAxis::AxisThicknes, &TZyAxis::SetAxisThicknes>("AxisThicknes", 1.0f),
-             Published<&TZyAxis::MajorTickThicknes, &TZyAxis::SetMajorTickThicknes>("MajorTickThicknes", 1.0f),
-             Published<&TZyAxis::TickThicknes, &TZyAxis::SetTickThicknes>("TickThicknes", 1.0f),
-             Published<&TZyAxis::TickLength, &TZyAxis::SetTickLength>("TickLength", 6.0f),
-             Published<&TZyAxis::MajorTickLength, &TZyAxis::SetMajorTickLength>("MajorTickLength", 10.0f),
-             Published<&TZyAxis::LabelDistanceFactor, &TZyAxis::SetLabelDistanceFactor>("LabelDistanceFactor", 1.0f),
-             Published<&TZyAxis::ExtraDigits, &TZyAxis::SetExtraDigits>("ExtraDigits", 0),
-             Published<&TZyAxis::DistanceValuesAxis, &TZyAxis::SetDistanceValuesAxis>("DistanceValuesAxis", 0.0f),
-             Published<&TZyAxis::DistanceAxisLabels, &TZyAxis::SetDistanceAxisLabels>("DistanceAxisLabels", 0.0f),
-             Published<&TZyAxis::Start, &TZyAxis::SetStart>("Start").NotStored(),
-             Published<&TZyAxis::Stop, &TZyAxis::SetStop>("Stop").NotStored(),
-             Published<&TZyAxis::StartEnd, &TZyAxis::SetStartEnd>("StartEnd", TZyAxisEnd::AutoRange),
-             Published<&TZyAxis::StopEnd, &TZyAxis::SetStopEnd>("StopEnd", TZyAxisEnd::AutoRange))
+ZY_PUBLISHED(
+    TZyAxis, TGraphicControl, Published<&TZyAxis::Caption, &TZyAxis::SetCaption>("Caption"),
+    Published<static_cast<TZyAxisArrowPoint& (TZyAxis::*)()>(&TZyAxis::ArrowPoint)>("ArrowPoint"),
+    Published<&TZyAxis::CaptionAlignment, &TZyAxis::SetCaptionAlignment>("CaptionAlignment", TAlignment::taCenter),
+    Published<&TZyAxis::CaptionColor, &TZyAxis::SetCaptionColor>("CaptionColor").NotStored(),
+    Published<&TZyAxis::CaptionHorizontalOnVerticalAxis, &TZyAxis::SetCaptionHorizontalOnVerticalAxis>(
+        "CaptionHorizontalOnVerticalAxis", false),
+    Published<&TZyAxis::CaptionVisible, &TZyAxis::SetCaptionVisible>("CaptionVisible", true),
+    Published<&TZyAxis::CaptionDistanceAfter, &TZyAxis::SetCaptionDistanceAfter>("CaptionDistanceAfter", 0.0f),
+    Published<&TZyAxis::CaptionDistanceBefore, &TZyAxis::SetCaptionDistanceBefore>("CaptionDistanceBefore", 0.0f),
+    Published<&TZyAxis::DistanceNumbersCaption, &TZyAxis::SetDistanceNumbersCaption>("DistanceNumbersCaption")
+        .NotStored(),
+    Published<&TZyAxis::DistanceToBorder, &TZyAxis::SetDistanceToBorder>("DistanceToBorder").NotStored(),
+    Published<&TZyAxis::CaptionFont, &TZyAxis::SetCaptionFont>("CaptionFont"),
+    Published<&TZyAxis::Font, &TZyAxis::SetFont>("Font").StoredIf<&TZyAxis::GetStoreFont>(),
+    Published<&TZyAxis::ParentFont, &TZyAxis::SetParentFont>("ParentFont", false),
+    Published<&TZyAxis::NumbersColor, &TZyAxis::SetNumbersColor>("NumbersColor").NotStored(),
+    Published<&TZyAxis::RubricsAngle, &TZyAxis::SetRubricsAngle>("RubricsAngle", 0.0f),
+    Published<&TZyAxis::Scaling, &TZyAxis::SetScaling>("Scaling", TZyAxisScaling::Normal),
+    Published<&TZyAxis::LogToNormalScalingLevel, &TZyAxis::SetLogToNormalScalingLevel>("LogToNormalScalingLevel", 0.0),
+    Published<&TZyAxis::MovingSlitWidth, &TZyAxis::SetMovingSlitWidth>("MovingSlitWidth", 0.0),
+    Published<&TZyAxis::MovingSlitIncrement, &TZyAxis::SetMovingSlitIncrement>("MovingSlitIncrement", 0.0),
+    Published<&TZyAxis::Rubrics, &TZyAxis::SetRubrics>("Rubrics"),
+    Published<&TZyAxis::NumbersVisible, &TZyAxis::SetNumbersVisible>("NumbersVisible", true),
+    Published<&TZyAxis::ForeColor, &TZyAxis::SetForeColor>("ForeColor", Colors::Black),
+    Published<&TZyAxis::TickColor, &TZyAxis::SetTickColor>("TickColor"),
+    Published<&TZyAxis::MajorTickColor, &TZyAxis::SetMajorTickColor>("MajorTickColor"),
+    Published<&TZyAxis::Position, &TZyAxis::SetPosition>("Position", TZyAxisPosition::Bottom),
+    Published<&TZyAxis::Twisted, &TZyAxis::SetTwisted>("Twisted", false),
+    Published<&TZyAxis::AutoTickParts, &TZyAxis::SetAutoTickParts>("AutoTickParts", true),
+    Published<&TZyAxis::LabelPart, &TZyAxis::SetLabelPart>("LabelPart").StoredIf<&TZyAxis::HasOwnTickParts>(),
+    Published<&TZyAxis::MajorTickPart, &TZyAxis::SetMajorTickPart>("MajorTickPart")
+        .StoredIf<&TZyAxis::HasOwnTickParts>(),
+    Published<&TZyAxis::TickPart, &TZyAxis::SetTickPart>("TickPart").StoredIf<&TZyAxis::HasOwnTickParts>(),
+    Published<&TZyAxis::MajorGridMode, &TZyAxis::SetMajorGridMode>("MajorGridMode", TZyMajorGridMode::AtLabel),
+    Published<&TZyAxis::IsSlaveAxis, &TZyAxis::SetIsSlaveAxis>("IsSlaveAxis", false),
+    Published<&TZyAxis::SlaveSlope, &TZyAxis::SetSlaveSlope>("SlaveSlope", 1.0),
+    Published<&TZyAxis::SlaveOffset, &TZyAxis::SetSlaveOffset>("SlaveOffset", 0.0),
+    Published<&TZyAxis::MasterAxis, &TZyAxis::SetMasterAxis>("MasterAxis"),
+    Published<&TZyAxis::StartPadding, &TZyAxis::SetStartPadding>("StartPadding", 0.0),
+    Published<&TZyAxis::StopPadding, &TZyAxis::SetStopPadding>("StopPadding", 0.0),
+    Published<&TZyAxis::EndRounding, &TZyAxis::SetEndRounding>("EndRounding",
+                                                               TZyAxisEndRounding::RndToMajorZoomToMinor),
+    Published<&TZyAxis::MaxForExtraExponent, &TZyAxis::SetMaxForExtraExponent>("MaxForExtraExponent", 1000.0),
+    Published<&TZyAxis::MinForExtraExponent, &TZyAxis::SetMinForExtraExponent>("MinForExtraExponent", 0.001),
+    Published<&TZyAxis::DistanceAxisExtraExponent, &TZyAxis::SetDistanceAxisExtraExponent>("DistanceAxisExtraExponent",
+                                                                                           10.0f),
+    Published<&TZyAxis::OnGetScaleLabel>("OnGetScaleLabel"), Published<&TZyAxis::OnGetTicks>("OnGetTicks"),
+    Published<&TZyAxis::OnCalculated>("OnCalculated"),
+    Published<&TZyAxis::TicksPointToData, &TZyAxis::SetTicksPointToData>("TicksPointToData", false),
+    Published<&TZyAxis::AxisThicknes, &TZyAxis::SetAxisThicknes>("AxisThicknes", 1.0f),
+    Published<&TZyAxis::MajorTickThicknes, &TZyAxis::SetMajorTickThicknes>("MajorTickThicknes", 1.0f),
+    Published<&TZyAxis::TickThicknes, &TZyAxis::SetTickThicknes>("TickThicknes", 1.0f),
+    Published<&TZyAxis::TickLength, &TZyAxis::SetTickLength>("TickLength", 6.0f),
+    Published<&TZyAxis::MajorTickLength, &TZyAxis::SetMajorTickLength>("MajorTickLength", 10.0f),
+    Published<&TZyAxis::LabelDistanceFactor, &TZyAxis::SetLabelDistanceFactor>("LabelDistanceFactor", 1.0f),
+    Published<&TZyAxis::ExtraDigits, &TZyAxis::SetExtraDigits>("ExtraDigits", 0),
+    Published<&TZyAxis::DistanceValuesAxis, &TZyAxis::SetDistanceValuesAxis>("DistanceValuesAxis", 0.0f),
+    Published<&TZyAxis::DistanceAxisLabels, &TZyAxis::SetDistanceAxisLabels>("DistanceAxisLabels", 0.0f),
+    Published<&TZyAxis::Start, &TZyAxis::SetStart>("Start").NotStored(),
+    Published<&TZyAxis::Stop, &TZyAxis::SetStop>("Stop").NotStored(),
+    Published<&TZyAxis::StartEnd, &TZyAxis::SetStartEnd>("StartEnd", TZyAxisEnd::AutoRange),
+    Published<&TZyAxis::StopEnd, &TZyAxis::SetStopEnd>("StopEnd", TZyAxisEnd::AutoRange))
 
 TZyAxis::TZyAxis(TComponent* Owner)
     : TGraphicControl(Owner),
-      FFont([this] { DoInvalidate(); }),
-      FCaptionRec([this] { DoInvalidate(); }),
+      FArrowPoint([this] { Modified(); }),
+      FFont([this] { NumbersFontChanged(); }),
+      FCaptionRec([this] { FontChanged(); }),
       FValuesStart(std::numeric_limits<double>::max()),
       FValuesStop(-std::numeric_limits<double>::max()) {
   SetBounds(0, 0, 400, 20);
+  TGraphicControl::SetAutoSize(true);
+  SetParentFont(false);
+  SetControlStyle({csCaptureMouse, csClickEvents, csDoubleClicks, csParentBackground});
   FFont.SetName("Arial");
   FFont.SetSize(12);
   FFont.SetStyle({TFontStyle::Bold});
   FFont.SetFillColor(Colors::DarkBlue);
-  FFont.OnNeedsResize = [this] { Modified(); };
+  FFont.OnNeedsResize = [this] { NumbersFontChanged(); };
   TZyFont& CaptionFont = FCaptionRec.CaptionFont();
   CaptionFont.SetName("Times New Roman");
   CaptionFont.SetSize(14);
   CaptionFont.SetStyle({TFontStyle::Bold});
   CaptionFont.SetFillColor(Colors::DarkRed);
   CaptionFont.OnNeedsResize = [this] { Modified(); };
+  FRubrics.OnChanging = [this](TObject*) {
+    if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sAxisRubrics), "Rubrics");
+  };
+  FRubrics.OnChange = [this](TObject*) { Modified(); };
 }
 
 TZyAxis::~TZyAxis() {
@@ -77,6 +112,14 @@ TZyAxis::~TZyAxis() {
 }
 
 TZyGraph2D* TZyAxis::Graph() const { return dynamic_cast<TZyGraph2D*>(Parent()); }
+
+bool TZyAxis::Panning() const {
+  const TZyGraph2D* const Parent = Graph();
+  return Parent != nullptr && Parent->Panning();
+}
+
+/// Undo writes what was there: no limit and no dependence on another property changes it then.
+bool TZyAxis::Restoring() const { return FUndoStack != nullptr && FUndoStack->Restoring(); }
 
 // --- Change protocol ------------------------------------------------------------------------------------------------
 
@@ -90,6 +133,20 @@ void TZyAxis::Modified() {
   DoInvalidate();
 }
 
+void TZyAxis::NumbersFontChanged() {
+  FNumbersFont.FontChanged();
+  FontChanged();
+}
+
+void TZyAxis::ParentFontChanged() {
+  TGraphicControl::ParentFontChanged();
+  FNumbersFont.Take();
+}
+
+void TZyAxis::FontChanged() {
+  if (!FSettingColor) Modified();
+}
+
 void TZyAxis::SetParent(TWinControl* Value) {
   if (Value == Parent()) return;
   TGraphicControl::SetParent(Value);
@@ -97,6 +154,67 @@ void TZyAxis::SetParent(TWinControl* Value) {
   const std::vector<TZySeries*> Related = FRelatedSeries;  // series may leave while they follow the axis
   for (TZySeries* Series : Related) Series->TestAllAssigned();
   Modified();
+  const TZyGraph2D* const NewGraph = Graph();
+  if (NewGraph != nullptr && IsDesigning() && !IsLoading() && !NewGraph->DoingPrimary()) PlaceAsDesigned();
+}
+
+/// The designer drops a new axis near the side where it is wanted. The diagonals of the graph divide it into the four
+/// sides' triangles.
+void TZyAxis::PlaceAsDesigned() {
+  TZyGraph2D& NewGraph = *Graph();
+  const double Width = std::max(NewGraph.Width(), 1);
+  const double Slope = NewGraph.Height() / Width;
+  const bool BelowFalling = Top() > Left() * Slope;
+  const bool BelowRising = Top() > (Width - Left()) * Slope;
+  if (BelowFalling) {
+    FPosition = BelowRising ? TZyAxisPosition::Bottom : TZyAxisPosition::Left;
+  } else {
+    FPosition = BelowRising ? TZyAxisPosition::Right : TZyAxisPosition::Top;
+  }
+  if (GetHorizontal()) {
+    SetBounds(0, Top(), NewGraph.Width(), Height());
+  } else {
+    SetBounds(Left(), 0, TControl::Width(), NewGraph.Height());
+  }
+  Calculate();
+  if (FUndoStack == nullptr) SetUndoStack(NewGraph.UndoStack());
+  NewGraph.Modified();
+}
+
+/// A layout that shows an axis because the chart needs it is no step of the user's.
+void TZyAxis::VisibleChanging() {
+  if (FUndoStack != nullptr && !LayoutRunning) FUndoStack->PushProperty(this, LoadResString(_sAxisVisibe), "Visible");
+  TGraphicControl::VisibleChanging();
+}
+
+void TZyAxis::CMVisibleChanged() {
+  TGraphicControl::CMVisibleChanged();
+  if (TZyGraph2D* const Parent = Graph(); Parent != nullptr && !LayoutRunning) Parent->Modified();
+}
+
+void TZyAxis::Click() {
+  if (TZyGraph2D* const Parent = Graph()) Parent->Click();
+  TGraphicControl::Click();
+}
+
+void TZyAxis::DblClick() {
+  if (TZyGraph2D* const Parent = Graph()) Parent->DblClick();
+  TGraphicControl::DblClick();
+}
+
+void TZyAxis::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
+  if (TZyGraph2D* const Parent = Graph()) Parent->MouseDown(Button, Shift, X + Left(), Y + Top());
+  TGraphicControl::MouseDown(Button, Shift, X, Y);
+}
+
+void TZyAxis::MouseMove(TShiftState Shift, int X, int Y) {
+  if (TZyGraph2D* const Parent = Graph()) Parent->MouseMove(Shift, X + Left(), Y + Top());
+  TGraphicControl::MouseMove(Shift, X, Y);
+}
+
+void TZyAxis::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
+  if (TZyGraph2D* const Parent = Graph()) Parent->MouseUp(Button, Shift, X + Left(), Y + Top());
+  TGraphicControl::MouseUp(Button, Shift, X, Y);
 }
 
 void TZyAxis::Resize() {
@@ -115,6 +233,11 @@ void TZyAxis::SetName(const std::string& Value) {
 void TZyAxis::Notification(TComponent* AComponent, TOperation Operation) {
   TGraphicControl::Notification(AComponent, Operation);
   if (Operation == TOperation::Remove && AComponent == FUndoStack) SetUndoStack(nullptr);
+  if (Operation == TOperation::Remove && AComponent == FMasterAxis) {
+    FMasterAxis = nullptr;
+    FIsSlaveAxis = false;
+    if (!IsDestroying()) Modified();
+  }
 }
 
 /// The ends are streamed as texts, so that every value comes back to the last bit and reads well.
@@ -145,146 +268,9 @@ void TZyAxis::RemoveRelatedSeries(TZySeries* Series) {
   if (std::erase(FRelatedSeries, Series) > 0) RangeModified();
 }
 
-// --- Properties -----------------------------------------------------------------------------------------------------
-
-void TZyAxis::SetUndoStack(TZyUndoStack* Value) { FUndoStack = Value; }
-
-void TZyAxis::SetCaption(const TZyRichCaption& Value) {
-  const TZyRichCaption Trimmed = Value.substr(0, Value.find_last_not_of(' ') + 1);
-  if (Trimmed == FCaptionRec.Caption()) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sAxisCaption), "Caption");
-  FCaptionRec.SetCaption(Trimmed);
-  FCaptionSet = true;
-  Modified();
-}
-
-void TZyAxis::SetCaptionVisible(bool Value) {
-  Change(this, FCaptionVisible, Value, _sAxisCaptionVisible, "CaptionVisible", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetCaptionDistanceBefore(float Value) {
-  Change(this, FCaptionDistanceBefore, Value, _sAxisCaptionDistanceBefore, "CaptionDistanceBefore", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetCaptionDistanceAfter(float Value) {
-  Change(this, FCaptionDistanceAfter, Value, _sAxisCaptionDistanceAfter, "CaptionDistanceAfter", &TZyAxis::Modified);
-}
-
-float TZyAxis::DistanceNumbersCaption() const {
-  return PointsOutwards() ? FCaptionDistanceBefore : FCaptionDistanceAfter;
-}
-
-void TZyAxis::SetDistanceNumbersCaption(float Value) {
-  Change(this, PointsOutwards() ? FCaptionDistanceBefore : FCaptionDistanceAfter, Value, _sAxisDistanceNumbersCaption,
-         "DistanceNumbersCaption", &TZyAxis::Modified);
-}
-
-float TZyAxis::DistanceToBorder() const { return PointsOutwards() ? FCaptionDistanceAfter : FCaptionDistanceBefore; }
-
-void TZyAxis::SetDistanceToBorder(float Value) {
-  Change(this, PointsOutwards() ? FCaptionDistanceAfter : FCaptionDistanceBefore, Value, _sAxisDistanceToBorder,
-         "DistanceToBorder", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetNumbersVisible(bool Value) {
-  Change(this, FNumbersVisible, Value, _sAxisNumbersVisible, "NumbersVisible", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetForeColor(TZyColor Value) {
-  if (!Change(this, FForeColor, Value, _sAxisForeColor, "ForeColor", &TZyAxis::DoInvalidate)) return;
-  if (FTickColorFollows) FTickColor = Value;
-  if (FMajorTickColorFollows) FMajorTickColor = Value;
-}
-
-void TZyAxis::SetTickColor(TZyColor Value) {
-  if (Change(this, FTickColor, Value, _sAxisTickColor, "TickColor", &TZyAxis::DoInvalidate))
-    FTickColorFollows = FTickColor == FForeColor;
-}
-
-void TZyAxis::SetMajorTickColor(TZyColor Value) {
-  if (Change(this, FMajorTickColor, Value, _sAxisMajorTickColor, "MajorTickColor", &TZyAxis::DoInvalidate))
-    FMajorTickColorFollows = FMajorTickColor == FForeColor;
-}
-
-void TZyAxis::SetPosition(TZyAxisPosition Value) {
-  Change(this, FPosition, Value, _sAxisPosition, "Position", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetTwisted(bool Value) { Change(this, FTwisted, Value, _sAxisTwisted, "Twisted", &TZyAxis::Modified); }
-
-void TZyAxis::SetTicksPointToData(bool Value) {
-  Change(this, FTicksPointToData, Value, _sAxisTicksPointToData, "TicksPointToData", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetAxisThicknes(float Value) {
-  Change(this, FAxisThicknes, std::fabs(Value), _sAxisThicknes, "AxisThicknes", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetMajorTickThicknes(float Value) {
-  Change(this, FMajorTickThicknes, std::fabs(Value), _sAxisMajorTickThicknes, "MajorTickThicknes", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetTickThicknes(float Value) {
-  Change(this, FTickThicknes, std::fabs(Value), _sAxisTickThicknes, "TickThicknes", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetTickLength(float Value) {
-  const float Length = std::fabs(Value);
-  const auto After = Length > FMajorTickLength ? &TZyAxis::Modified : &TZyAxis::DoInvalidate;
-  Change(this, FTickLength, Length, _sAxisTickLength, "TickLength", After);
-}
-
-void TZyAxis::SetMajorTickLength(float Value) {
-  const float Length = std::fabs(Value);
-  const auto After = Length >= FTickLength ? &TZyAxis::Modified : &TZyAxis::DoInvalidate;
-  Change(this, FMajorTickLength, Length, _sAxisMajorTickLength, "MajorTickLength", After);
-}
-
-void TZyAxis::SetLabelDistanceFactor(float Value) {
-  Change(this, FLabelDistanceFactor, std::clamp(Value, 0.1f, 10.0f), _sAxisLabelDistanceFactor, "LabelDistanceFactor",
-         &TZyAxis::Modified);
-}
-
-void TZyAxis::SetExtraDigits(int Value) {
-  Change(this, FExtraDigits, Value, _sAxisExtraDigits, "ExtraDigits", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetDistanceValuesAxis(float Value) {
-  Change(this, FDistanceValuesAxis, Value, _sAxisDistanceValuesAxis, "DistanceValuesAxis", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetDistanceAxisLabels(float Value) {
-  Change(this, FDistanceAxisLabels, Value, _sAxisDistanceAxisLabels, "DistanceAxisLabels", &TZyAxis::Modified);
-}
-
-void TZyAxis::SetEnd(double& End, double& InitialEnd, double& LastEnd, double Value, TZyText Label,
-                     const char* PropName) {
-  if (!std::isfinite(Value) || Value == End) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(Label), PropName);
-  End = InitialEnd = LastEnd = Value;
-  Modified();
-}
-
-void TZyAxis::SetStart(double Value) { SetEnd(FStart, FInitialStart, FLastStart, Value, _sAxisStart, "Start"); }
-
-void TZyAxis::SetStop(double Value) { SetEnd(FStop, FInitialStop, FLastStop, Value, _sAxisStop, "Stop"); }
-
-// --- Values and pixels ----------------------------------------------------------------------------------------------
-
-float TZyAxis::NumberToWorld(double Value) const {
-  const bool Forward = GetHorizontal() != FTwisted;
-  const float Base = GetHorizontal() ? FAxLeft : FAxTop;
-  const double FromStart = (Value - FStart) / FNormalizeConst;
-  if (std::fabs(FromStart) < Saturation)
-    return Base + static_cast<float>(Forward ? FromStart : static_cast<double>(FAxLength) - FromStart);
-  const bool Negative = FromStart < 0;
-  return Base + static_cast<float>(Negative == Forward ? -Saturation : Saturation);
-}
-
-double TZyAxis::WorldToNumber(float Pixel) const {
-  const bool Forward = GetHorizontal() != FTwisted;
-  const double Distance = static_cast<double>(Pixel) - static_cast<double>(GetHorizontal() ? FAxLeft : FAxTop);
-  return (Forward ? Distance : static_cast<double>(FAxLength) - Distance) * FNormalizeConst + FStart;
+void TZyAxis::SetUndoStack(TZyUndoStack* Value) {
+  FUndoStack = Value;
+  FArrowPoint.SetUndoStack(Value);
 }
 
 }  // namespace zy

@@ -1,13 +1,19 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "annotations/ZyParentFont.h"
 #include "annotations/ZyRichCaption.h"
+#include "graph/ZyArrowSettings.h"
 #include "platform/controls/TGraphicControl.h"
+#include "platform/framework/Alignment.h"
 #include "platform/framework/EnumInfo.h"
 #include "platform/framework/TRef.h"
+#include "platform/framework/TStrings.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {
@@ -30,6 +36,40 @@ enum class TZyAxisEnd {
 };
 ZY_ENUM(TZyAxisEnd, "AutoRange", "FirstSet", "Fixed", "MovingSlit")
 
+/// What the values of an axis are, and how they lie along it.
+enum class TZyAxisScaling {
+  Normal,    ///< plain numbers, evenly spaced
+  Log,       ///< positive numbers by their logarithms, labels as plain numbers
+  LogEE,     ///< the same with powers of ten as labels
+  Seconds,   ///< time spans in seconds
+  DateTime,  ///< dates as day numbers with a fraction
+  Rubrics    ///< 0, 1, 2 ... stand for texts
+};
+ZY_ENUM(TZyAxisScaling, "Normal", "Log", "LogEE", "Seconds", "DateTime", "Rubrics")
+
+/// To what the ends of an axis are rounded, and to what while the chart is zoomed.
+enum class TZyAxisEndRounding {
+  RndToMajorZoomToMinor,
+  RndToMajorZoomToNothing,
+  RndToMajor,
+  RndToMinorZoomToNothing,
+  RndToMinor,
+  RndNothing
+};
+ZY_ENUM(TZyAxisEndRounding, "RndToMajorZoomToMinor", "RndToMajorZoomToNothing", "RndToMajor", "RndToMinorZoomToNothing",
+        "RndToMinor", "RndNothing")
+
+/// Where the lines of the major grid stand.
+enum class TZyMajorGridMode { AtLabel, AtMajorTick };
+ZY_ENUM(TZyMajorGridMode, "AtLabel", "AtMajorTick")
+
+/// A label about to be shown. A handler may replace its caption.
+struct TZyScaleLabelEventArgs {
+  double Value = 0;
+  TZyRichCaption Caption;
+};
+using TZyScaleLabelEventHandler = std::function<void(TObject* Sender, TZyScaleLabelEventArgs& Args)>;
+
 /// One scale: its ends, ticks and labels, and the way between values and pixels.
 ///
 /// An axis is a child control of a graph. Its ends come from what was set and from the data of its series; they are
@@ -39,11 +79,21 @@ class TZyAxis : public TGraphicControl {
   explicit TZyAxis(TComponent* Owner = nullptr);
   ~TZyAxis() override;
 
+  /// The tip at the end where the values grow to.
+  TZyAxisArrowPoint& ArrowPoint() { return FArrowPoint; }
+  const TZyAxisArrowPoint& ArrowPoint() const { return FArrowPoint; }
+
   /// Text beside the axis. Trailing blanks are dropped.
   const TZyRichCaption& Caption() const { return FCaptionRec.Caption(); }
   void SetCaption(const TZyRichCaption& Value);
   bool CaptionVisible() const { return FCaptionVisible; }
   void SetCaptionVisible(bool Value);
+  /// Where the caption stands along the axis; left is the lower end of a vertical one.
+  TAlignment CaptionAlignment() const { return FCaptionAlignment; }
+  void SetCaptionAlignment(TAlignment Value);
+  /// Whether the caption of a vertical axis reads as that of a horizontal one.
+  bool CaptionHorizontalOnVerticalAxis() const { return FCaptionHorizontalOnVerticalAxis; }
+  void SetCaptionHorizontalOnVerticalAxis(bool Value);
   /// Pixels above and below the caption, as it stands when it is read.
   float CaptionDistanceBefore() const { return FCaptionDistanceBefore; }
   void SetCaptionDistanceBefore(float Value);
@@ -55,8 +105,16 @@ class TZyAxis : public TGraphicControl {
   float DistanceToBorder() const;
   void SetDistanceToBorder(float Value);
   TZyFont& CaptionFont() { return FCaptionRec.CaptionFont(); }
+  void SetCaptionFont(const TZyFont& Value);
   /// Font of the numbers.
   TZyFont& Font() { return FFont; }
+  void SetFont(const TZyFont& Value);
+  bool GetStoreFont() const { return !ParentFont(); }
+  /// Fill colours of the two fonts.
+  TZyColor CaptionColor() const { return FCaptionRec.CaptionFont().FillColor(); }
+  void SetCaptionColor(TZyColor Value);
+  TZyColor NumbersColor() const { return FFont.FillColor(); }
+  void SetNumbersColor(TZyColor Value);
   bool NumbersVisible() const { return FNumbersVisible; }
   void SetNumbersVisible(bool Value);
   TZyColor ForeColor() const { return FForeColor; }
@@ -87,6 +145,59 @@ class TZyAxis : public TGraphicControl {
   /// Scales the gap between labels, 0.1 to 10.
   float LabelDistanceFactor() const { return FLabelDistanceFactor; }
   void SetLabelDistanceFactor(float Value);
+  /// Degrees, counter-clockwise, by which the labels are turned; brought into 0 up to 360.
+  float RubricsAngle() const { return FRubricsAngle; }
+  void SetRubricsAngle(float Value);
+  TZyAxisScaling Scaling() const { return FScaling; }
+  /// Seconds, dates and rubrics choose their steps themselves: AutoTickParts becomes true.
+  void SetScaling(TZyAxisScaling Value);
+  /// Number of decades up to which a logarithmic axis is linear after all; 0 for never.
+  double LogToNormalScalingLevel() const { return FLogToNormalScalingLevel; }
+  void SetLogToNormalScalingLevel(double Value);
+  /// The texts of a rubric axis. Setting copies them; null clears.
+  TStringList* Rubrics() { return &FRubrics; }
+  void SetRubrics(const TStringList* Value);
+  /// Whether the steps are chosen from the room that there is. They can be set only while they are not.
+  bool AutoTickParts() const { return FAutoTickParts; }
+  void SetAutoTickParts(bool Value);
+  bool HasOwnTickParts() const { return !FAutoTickParts; }
+  /// The steps as parts of the decade in which the span lies. Stored as absolute value, 0 as 0.001.
+  double LabelPart() const { return FScale.LabelPart; }
+  void SetLabelPart(double Value);
+  double MajorTickPart() const { return FScale.MajorTickPart; }
+  void SetMajorTickPart(double Value);
+  double TickPart() const { return FScale.TickPart; }
+  void SetTickPart(double Value);
+  TZyMajorGridMode MajorGridMode() const { return FMajorGridMode; }
+  void SetMajorGridMode(TZyMajorGridMode Value);
+  TZyAxisEndRounding EndRounding() const { return FEndRounding; }
+  void SetEndRounding(TZyAxisEndRounding Value);
+  /// Fractions of the span that are added at the ends. Only values above 0 are taken, and none is undone.
+  double StartPadding() const { return FStartPadding; }
+  void SetStartPadding(double Value);
+  double StopPadding() const { return FStopPadding; }
+  void SetStopPadding(double Value);
+  /// Width of a moving range, and the step by which it jumps; 0 for the width set by the ends, and for a third of it.
+  double MovingSlitWidth() const { return FMovingSlitWidth; }
+  void SetMovingSlitWidth(double Value);
+  double MovingSlitIncrement() const { return FMovingSlitIncrement; }
+  void SetMovingSlitIncrement(double Value);
+  /// Values from which, and below which, the power of ten stands apart from the labels.
+  double MaxForExtraExponent() const { return FMaxForExtraExponent; }
+  void SetMaxForExtraExponent(double Value);
+  double MinForExtraExponent() const { return FMinForExtraExponent; }
+  void SetMinForExtraExponent(double Value);
+  /// The axis whose ends this one shows, times SlaveSlope plus SlaveOffset. An axis across this one, one that is a
+  /// slave itself, and this one itself are not taken. Setting it sets IsSlaveAxis too.
+  TZyAxis* MasterAxis() const { return FMasterAxis; }
+  void SetMasterAxis(TZyAxis* Value);
+  /// Without effect as long as there is no master.
+  bool IsSlaveAxis() const { return FIsSlaveAxis; }
+  void SetIsSlaveAxis(bool Value);
+  double SlaveSlope() const { return FSlaveSlope; }
+  void SetSlaveSlope(double Value);
+  double SlaveOffset() const { return FSlaveOffset; }
+  void SetSlaveOffset(double Value);
   /// Decimals of the labels beyond those that the ticks need.
   int ExtraDigits() const { return FExtraDigits; }
   void SetExtraDigits(int Value);
@@ -95,6 +206,9 @@ class TZyAxis : public TGraphicControl {
   void SetDistanceValuesAxis(float Value);
   float DistanceAxisLabels() const { return FDistanceAxisLabels; }
   void SetDistanceAxisLabels(float Value);
+  /// Gap between the line of the labels and the power of ten that stands apart.
+  float DistanceAxisExtraExponent() const { return FDistanceAxisExtraExponent; }
+  void SetDistanceAxisExtraExponent(float Value);
   /// The ends of the scale.
   double Start() const { return FStart; }
   void SetStart(double Value);
@@ -105,14 +219,32 @@ class TZyAxis : public TGraphicControl {
   void SetStartEnd(TZyAxisEnd Value);
   TZyAxisEnd StopEnd() const { return FStopEnd; }
   void SetStopEnd(TZyAxisEnd Value);
+  /// Both ends at once, as a zoom sets them: without undo, and the ends that the user set stay known.
+  void SetStartStop(double AStart, double AStop);
+  /// Whether the layout pass sizes and places the control; true at first.
+  void SetAutoSize(bool Value) override;
+  /// Asked for the text of each label, and before that for the room that labels will need.
+  const TZyScaleLabelEventHandler& OnGetScaleLabel() const { return mGetScaleLabel; }
+  void SetOnGetScaleLabel(TZyScaleLabelEventHandler Value) { mGetScaleLabel = std::move(Value); }
+  /// Runs before ticks are computed.
+  const TNotifyEvent& OnGetTicks() const { return mGetTicks; }
+  void SetOnGetTicks(TNotifyEvent Value) { mGetTicks = std::move(Value); }
+  /// Runs after each layout.
+  const TNotifyEvent& OnCalculated() const { return mCalculated; }
+  void SetOnCalculated(TNotifyEvent Value) { mCalculated = std::move(Value); }
   TZyUndoStack* UndoStack() const { return FUndoStack; }
   void SetUndoStack(TZyUndoStack* Value);
 
   /// True at the bottom and at the top.
   bool GetHorizontal() const { return FPosition == TZyAxisPosition::Bottom || FPosition == TZyAxisPosition::Top; }
-  /// Pixel of a value, in the coordinates of the axis's parent. Values far outside saturate 100000 pixels away.
+  /// Whether values lie by their logarithms now.
+  bool HasLogScaling() const { return FScale.HasLogScaling; }
+  /// Pixel of a value, in the coordinates of the axis's parent. Values far outside saturate 100000 pixels away from the
+  /// start; on a logarithmic axis what is not positive lies 100 pixels before it.
   float NumberToWorld(double Value) const;
-  /// Value at a pixel; the inverse.
+  /// The pixels of many values, the very same ones. Pixels has room for all of them.
+  void NumberToWorld(std::span<const double> Values, std::span<float> Pixels) const;
+  /// Value at a pixel; the inverse. Dates count from the start in calendar distance.
   double WorldToNumber(float Pixel) const;
   /// The caption, or the name of the component without one.
   const std::string& ToString() const { return Caption().empty() ? Name() : Caption(); }
@@ -130,6 +262,20 @@ class TZyAxis : public TGraphicControl {
   void Calculate();
   /// Restores the unrounded ends after a change of size.
   void CheckResize();
+
+  /// Whether data lie beyond the visible ends.
+  bool GetIsClipped() const;
+  /// Whether the chart is zoomed; no chart can be yet.
+  bool GetCanZoomBack() const { return false; }
+  /// Range of the data; a start above the stop while none were seen.
+  double ValuesStart() const { return FValuesStart; }
+  double ValuesStop() const { return FValuesStop; }
+  /// Values per pixel: of the logarithm on a logarithmic axis, in days of dates.
+  double NormalizeConst() const { return FNormalizeConst; }
+  /// Pixels between the ends, and where the axis line starts in the control.
+  float AxLength() const { return FAxLength; }
+  float AxLeft() const { return FAxLeft; }
+  float AxTop() const { return FAxTop; }
 
   /// Pixel of each tick, in parent coordinates along the axis.
   const std::vector<float>& Ticks() const { return FTicks; }
@@ -153,15 +299,26 @@ class TZyAxis : public TGraphicControl {
   void Resize() override;
   void SetName(const std::string& Value) override;
   void DefineProperties(TFiler& Filer) override;
+  // The mouse over an axis is the mouse over its graph.
+  void Click() override;
+  void DblClick() override;
+  void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
+  void MouseMove(TShiftState Shift, int X, int Y) override;
+  void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
 
  protected:
+  void VisibleChanging() override;
+  void CMVisibleChanged() override;
+  void ParentFontChanged() override;
   void Notification(TComponent* AComponent, TOperation Operation) override;
 
  private:
   friend class TZyAxisLayout;
 
-  /// Steps and number format of the present ends.
+  /// Steps, number format and kind of the present ends.
   struct TScale {
+    bool HasLogScaling = false;
+    double LogStart = 0, LogStop = 1;  // decadic logarithms of the ends
     int RangeExponent = 0;
     int LabelExponent = 0;
     int Digits = 0;
@@ -172,25 +329,57 @@ class TZyAxis : public TGraphicControl {
   /// Whether the axis lies below or right of its data area, and so its texts behind each other outwards.
   bool PointsOutwards() const { return FPosition == TZyAxisPosition::Bottom || FPosition == TZyAxisPosition::Right; }
   void DoInvalidate();
+  bool Restoring() const;
+  bool HasLogKind() const { return FScaling == TZyAxisScaling::Log || FScaling == TZyAxisScaling::LogEE; }
+  bool ChoosesOwnParts() const { return FScaling > TZyAxisScaling::LogEE; }
+  bool Panning() const;
+  bool IsSlave() const { return FIsSlaveAxis && FMasterAxis != nullptr; }
+  void DoNothing() {}
+  void SetReal(double& Field, double Value, TZyText Label, const char* PropName);
+  void SetTickPartTo(double& Field, double Value, TZyText Label, const char* PropName);
+  void SetMovingSlit(double& Field, double Value, TZyText Label, const char* PropName);
+  void FontChanged();
+  void NumbersFontChanged();
+  double LimitedToDates(double Value) const;
+  void PlaceAsDesigned();
   void SetEnd(double& End, double& InitialEnd, double& LastEnd, double Value, TZyText Label, const char* PropName);
 
   // Ranging.
+  void TakeCandidates(double& Start, double& Stop);
+  void TakeMovingSlit(double& Start, double& Stop);
   void RoundEnds(double& Start, double& Stop);
+  void RepairOrder(double& Start, double& Stop) const;
+  void WidenEqualEnds(double& Start, double& Stop) const;
+  void TakeLogScaling(double& Start, double& Stop);
+  double SmallestPositiveBelow(double Stop) const;
+  void TakeLogarithms(double Start, double Stop);
+  void TakeTickParts(double& Start, double& Stop);
+  void RoundToTicks(double& Start, double& Stop) const;
   double RoundEnd(double Value, bool Up, bool ToMajor) const;
+  void RoundOwnEnds();
+  void FollowMaster();
 
   // Ticks and labels.
   float LayoutLength() const;
   void GetNormalAxisParts(double Start, double Stop);
   void GetExponentAndDigits(double Start, double Stop);
   std::string NormalCaption(double Value) const;
-  float ApproxLen(const std::string& Text) const;
+  float ApproxLen(std::string Text, double Value);
+  std::string LabelText(std::string Text, double Value);
+  float AlongAxis(float TextWidth, float TextHeight) const;
+  float AcrossAxis(float TextWidth, float TextHeight) const;
   void CalculateTicks();
-  void AddLabel(const std::string& Text, float Pos);
+  void SetUpScale();
+  void TakeTicks();
+  void AddLabel(const std::string& Text, double Value, float Pos);
+  float SlantShift(float Along) const;
   void PlaceCaption();
   float LabelBase() const;
 
   // Painting.
-  float CaptionExtent() const;
+  float CaptionHeight() const;
+  float CaptionWidth() const;
+  bool CaptionIsTurned() const { return !GetHorizontal() && !FCaptionHorizontalOnVerticalAxis; }
   void PaintTicks(Graphics& Gr) const;
   void PaintLine(Graphics& Gr) const;
 
@@ -202,12 +391,23 @@ class TZyAxis : public TGraphicControl {
   bool FCaptionVisible = true;
   bool FNumbersVisible = true;
   bool FTwisted = false;
+  bool FAutoTickParts = true;
+  bool FIsSlaveAxis = false;
+  bool FCaptionHorizontalOnVerticalAxis = false;
+  bool FSettingColor = false;  // a colour alone needs no layout
   bool FTicksPointToData = false;
   bool FTickColorFollows = true;
   bool FMajorTickColorFollows = true;
   TZyAxisPosition FPosition = TZyAxisPosition::Bottom;
   TZyAxisEnd FStartEnd = TZyAxisEnd::AutoRange;
   TZyAxisEnd FStopEnd = TZyAxisEnd::AutoRange;
+  TZyAxisScaling FScaling = TZyAxisScaling::Normal;
+  TZyAxisEndRounding FEndRounding = TZyAxisEndRounding::RndToMajorZoomToMinor;
+  TZyMajorGridMode FMajorGridMode = TZyMajorGridMode::AtLabel;
+  TAlignment FCaptionAlignment = TAlignment::taCenter;
+  TRef<TZyAxis> FMasterAxis{this};
+  TZyAxisArrowPoint FArrowPoint;
+  TStringList FRubrics;
   TZyColor FForeColor = Colors::Black;
   TZyColor FTickColor = Colors::Black;
   TZyColor FMajorTickColor = Colors::Black;
@@ -221,17 +421,28 @@ class TZyAxis : public TGraphicControl {
   float FCaptionDistanceAfter = 0;
   float FDistanceValuesAxis = 0;
   float FDistanceAxisLabels = 0;
+  float FDistanceAxisExtraExponent = 10;
+  float FRubricsAngle = 0;
+  float FSine = 0, FCosine = 1;  // absolute values, of the angle of the labels
   int FExtraDigits = 0;
   TZyFont FFont;
+  TZyParentFont FNumbersFont{*this, FFont};
   TZyRichCaptionObject FCaptionRec;
 
   double FStart = 0, FStop = 10;
-  double FInitialStart = 0, FInitialStop = 10;  // last set by the user
-  double FLastStart = 0, FLastStop = 10;        // last computed by GetNewRanges
-  double FValuesStart, FValuesStop;             // range of the data
-  double FNormalizeConst = 1;                   // values per pixel
-  float FAxLength = 400;                        // pixels between the ends
-  float FAxLeft = 0, FAxTop = 0;                // start of the axis line in the control
+  double FInitialStart = 0, FInitialStop = 10;   // last set by the user
+  double FLastStart = 0, FLastStop = 10;         // last computed by GetNewRanges
+  double FUnpaddedStart = 0, FUnpaddedStop = 0;  // before and after the last rounding
+  double FPaddedStart = 0, FPaddedStop = 0;
+  double FValuesStart, FValuesStop;  // range of the data
+  double FStartPadding = 0, FStopPadding = 0;
+  double FMovingSlitWidth = 0, FMovingSlitIncrement = 0;
+  double FLogToNormalScalingLevel = 0;
+  double FSlaveSlope = 1, FSlaveOffset = 0;
+  double FMaxForExtraExponent = 1000, FMinForExtraExponent = 0.001;
+  double FNormalizeConst = 1;     // values per pixel
+  float FAxLength = 400;          // pixels between the ends
+  float FAxLeft = 0, FAxTop = 0;  // start of the axis line in the control
 
   TScale FScale;
   std::vector<float> FTicks;
@@ -239,6 +450,8 @@ class TZyAxis : public TGraphicControl {
   TZyRichCaptionObjects FAxLabels;
   float FMaxNumberLabelWidth = 0, FMaxNumberLabelHeight = 0;
   std::vector<TZySeries*> FRelatedSeries;
+  TZyScaleLabelEventHandler mGetScaleLabel;
+  TNotifyEvent mGetTicks, mCalculated;
 };
 
 }  // namespace zy

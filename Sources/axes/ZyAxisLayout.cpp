@@ -1,23 +1,42 @@
+// The layout pass: its order, the ends of the scales, margins, the data area and what follows it. What axes need across
+// and beyond their lines is in ZyAxisSizes.cpp.
+
 #include "axes/ZyAxisLayout.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "graph/ZyGraph2D.h"
+#include "graph/ZyGraphParts.h"
 
 namespace zy {
+namespace {
+
+/// An axis too short for its labels still keeps a usable length.
+constexpr float SmallestLength = 40;
+
+/// What lies so near to the value 0 of a crossing axis would be hidden by the other axis, in pixels.
+constexpr float NearZero = 0.1f;
+
+int Rounded(float Value) { return static_cast<int>(std::lround(Value)); }
+
+}  // namespace
 
 void TZyAxis::Calculate() {
-  if (Parent() == nullptr || LayoutRunning) return;
-  if (const TZyGraph2D* const Parent = Graph(); Parent != nullptr && Parent->Updating()) return;
+  TWinControl* const Container = Parent();
+  if (Container == nullptr || LayoutRunning) return;
+  if (const TZyGraph2D* const Chart = Graph(); Chart != nullptr && Chart->Updating()) return;
   TZyAxisLayout(*this).Run();
+  TZyAxisLayout::TellListeners(*Container);
 }
 
 TZyAxisLayout::TZyAxisLayout(TZyAxis& Axis)
-    : FParent(*Axis.Parent()),
+    : FStarter(Axis),
+      FParent(*Axis.Parent()),
       FGraph(Axis.Graph()),
-      FClientWidth(FParent.ClientWidth()),
-      FClientHeight(FParent.ClientHeight()) {
+      FWidth(static_cast<float>(FParent.ClientWidth())),
+      FHeight(static_cast<float>(FParent.ClientHeight())) {
   TZyAxis::LayoutRunning = true;
   for (TControl* Control : FParent.Controls())
     if (auto* const Child = dynamic_cast<TZyAxis*>(Control)) FAxes.push_back(Child);
@@ -26,28 +45,82 @@ TZyAxisLayout::TZyAxisLayout(TZyAxis& Axis)
 TZyAxisLayout::~TZyAxisLayout() { TZyAxis::LayoutRunning = false; }
 
 void TZyAxisLayout::Run() {
-  RoundEndsAndTakeTicks();
-  TakeMarginsOfGraph();
-  SizeAxes();
-  FitOverhangs();
-  TakeFinalTicks();
-  PlaceDataArea();
+  if (FGraph != nullptr && FGraph->Panning()) {
+    TakePannedTicks();
+  } else {
+    ShowAxesThatCross();
+    MarkMasterGraph();
+    RoundEndsAndTakeTicks();
+    TakeMarginsOfGraph();
+    TakeTitle();
+    ReserveLegends();
+    SizeAxes();
+    FitOverhangs();
+    TakeFinalTicks();
+    PlaceDataArea();
+    PlaceLegends();
+    ShareCommonArea();
+  }
   if (FGraph != nullptr) FGraph->SeriesModified();
 }
 
-/// An axis too short for its labels still keeps a usable length.
-float TZyAxisLayout::SmallestLength(float Length) { return std::max(Length, 40.0f); }
+void TZyAxisLayout::TellListeners(TWinControl& Parent) {
+  const std::vector<TControl*> Controls = Parent.Controls();  // a listener may free some of them
+  const auto ForEach = [&](const auto& Tell) {
+    for (TControl* Control : Controls)
+      if (std::find(Parent.Controls().begin(), Parent.Controls().end(), Control) != Parent.Controls().end())
+        Tell(Control);
+  };
+  ForEach([](TControl* Control) {
+    auto* const Axis = dynamic_cast<TZyAxis*>(Control);
+    if (Axis == nullptr || !Axis->OnCalculated()) return;
+    const auto Handler = Axis->OnCalculated();  // it may be replaced while it runs
+    Handler(Axis);
+  });
+  ForEach([](TControl* Control) {
+    if (auto* const Marker = dynamic_cast<IZyGraphMarker*>(Control)) Marker->UpdatePosition();
+  });
+}
+
+// --- Ends -----------------------------------------------------------------------------------------------------------
+
+bool TZyAxisLayout::HasZeroOrigin() const {
+  return FGraph != nullptr && FGraph->ZeroOrigin() && FGraph->PrimaryXAxis() != nullptr &&
+         FGraph->PrimaryYAxis() != nullptr;
+}
+
+void TZyAxisLayout::ShowAxesThatCross() {
+  if (FGraph == nullptr || !FGraph->ZeroOrigin()) return;
+  for (TZyAxis* Axis : {FGraph->PrimaryXAxis(), FGraph->PrimaryYAxis()})
+    if (Axis != nullptr) Axis->SetVisible(true);
+}
+
+/// The graph that owns a shared X axis has to take the common area anew.
+void TZyAxisLayout::MarkMasterGraph() {
+  if (FGraph == nullptr || !FGraph->IsCoupledGraph()) return;
+  TZyAxis* const Shared = FGraph->PrimaryXAxis();
+  if (Shared != nullptr && !Shared->NeedsRecalculate()) Shared->Modified();
+}
+
+/// A pan keeps the layout and only moves ticks.
+void TZyAxisLayout::TakePannedTicks() {
+  FStarter.CalculateTicks();
+  FStarter.FNeedsRecalculate = false;
+}
 
 void TZyAxisLayout::RoundEndsAndTakeTicks() {
   for (TZyAxis* Axis : FAxes) {
-    if (Axis->GetHorizontal()) {
-      Axis->SetBounds(Axis->Left(), Axis->Top(), FClientWidth, Axis->Height());
-    } else {
-      Axis->SetBounds(Axis->Left(), Axis->Top(), Axis->Width(), FClientHeight);
+    if (FGraph != nullptr && Axis->AutoSize()) {
+      if (Axis->GetHorizontal()) {
+        Axis->SetBounds(Axis->Left(), Axis->Top(), FParent.ClientWidth(), Axis->Height());
+      } else {
+        Axis->SetBounds(Axis->Left(), Axis->Top(), Axis->Width(), FParent.ClientHeight());
+      }
     }
-    if (!Axis->FValuesRounded) {
-      Axis->RoundEnds(Axis->FStart, Axis->FStop);
-      Axis->FValuesRounded = true;
+    if (Axis->IsSlave() && Axis->FMasterAxis->FStart <= Axis->FMasterAxis->FStop) {
+      Axis->FollowMaster();
+    } else {
+      Axis->RoundOwnEnds();
     }
     Axis->FAxLeft = Axis->FAxTop = 0;
     Axis->FAxLength = static_cast<float>(Axis->GetHorizontal() ? Axis->Width() : Axis->Height());
@@ -55,169 +128,219 @@ void TZyAxisLayout::RoundEndsAndTakeTicks() {
   }
 }
 
+// --- Margins --------------------------------------------------------------------------------------------------------
+
 void TZyAxisLayout::TakeMarginsOfGraph() {
   if (FGraph == nullptr) return;
-  FLeft = std::ceil(FGraph->DistanceBorderAxisLeft());
-  FRight = std::ceil(FGraph->DistanceBorderAxisRight());
-  FTop = std::ceil(FGraph->DistanceBorderAxisTop());
-  FBottom = std::ceil(FGraph->DistanceBorderAxisBottom());
-  if (FGraph->CaptionVisible() && !FGraph->Caption().empty())
-    FTop = std::ceil(FTop + FGraph->TitleHeight() + FGraph->CaptionDistanceBefore() + FGraph->CaptionDistanceAfter());
+  FLeft.Margin = std::ceil(FGraph->DistanceBorderAxisLeft());
+  FRight.Margin = std::ceil(FGraph->DistanceBorderAxisRight());
+  FTop.Margin = std::ceil(FGraph->DistanceBorderAxisTop());
+  FBottom.Margin = std::ceil(FGraph->DistanceBorderAxisBottom());
 }
 
-/// Room of an axis across its direction.
-float TZyAxisLayout::NeedOf(const TZyAxis& Axis) {
-  const float Labels = Axis.GetHorizontal() ? Axis.FMaxNumberLabelHeight : Axis.FMaxNumberLabelWidth;
-  const float Caption = Axis.CaptionExtent();
-  float Need = std::ceil(Axis.FAxisThicknes / 2) + Axis.DistanceToBorder() + Axis.FMajorTickLength;
-  if (Labels > 0) Need += Axis.FDistanceAxisLabels + Labels;
-  if (Caption > 0) Need += Caption + (Labels > 0 ? Axis.DistanceNumbersCaption() : Axis.FDistanceAxisLabels);
-  return Need;
+void TZyAxisLayout::TakeTitle() {
+  if (FGraph == nullptr || !FGraph->CaptionVisible() || FGraph->Caption().empty()) return;
+  FTop.Margin =
+      std::ceil(FTop.Margin + FGraph->TitleHeight() + FGraph->CaptionDistanceBefore() + FGraph->CaptionDistanceAfter());
 }
 
-TZyAxisLayout::TOverhang TZyAxisLayout::OverhangOf(const TZyAxis& Axis) {
-  TOverhang Result;
-  if (!Axis.Visible() || Axis.FAxLabels.empty()) return Result;
-  const TZyRichCaptionObject* Low = Axis.FAxLabels.front().get();
-  const TZyRichCaptionObject* High = Axis.FAxLabels.back().get();
-  if (Axis.FTwisted) std::swap(Low, High);
-  if (Axis.GetHorizontal()) {
-    Result.Low = Axis.FAxLeft - (Low->X - Low->Width() / 2);
-    Result.High = High->X + High->Width() / 2 + 2 - (Axis.FAxLeft + Axis.FAxLength);
-  } else {
-    Result.Low = Low->Y + Low->Height() / 2 - (Axis.FAxTop + Axis.FAxLength);
-    Result.High = Axis.FAxTop - (High->Y - High->Height() / 2);
+std::vector<IZyGraphLegend*> TZyAxisLayout::LegendsAtSides() const {
+  std::vector<IZyGraphLegend*> Result;
+  for (TControl* Control : FParent.Controls()) {
+    auto* const Legend = dynamic_cast<IZyGraphLegend*>(Control);
+    if (Legend != nullptr && Control->Visible() && Legend->Position() != TZyLegendPosition::FreeFloating)
+      Result.push_back(Legend);
   }
-  Result.Low = std::max(0.0f, std::ceil(Result.Low));
-  Result.High = std::max(0.0f, std::ceil(Result.High));
   return Result;
 }
 
-void TZyAxisLayout::SizeAxes() {
-  for (auto Place = FAxes.rbegin(); Place != FAxes.rend(); ++Place) {
-    TZyAxis& Axis = **Place;
-    const auto Need = static_cast<int>(std::ceil(NeedOf(Axis)));
-    if (Axis.GetHorizontal()) {
-      SizeHorizontalAxis(Axis, Need);
-    } else {
-      SizeVerticalAxis(Axis, Need);
-    }
-    Axis.CalculateTicks();
-    Axis.FNeedsRecalculate = false;
-  }
-}
-
-void TZyAxisLayout::SizeVerticalAxis(TZyAxis& Axis, int Need) {
-  const TOverhang Overhang = OverhangOf(Axis);
-  const bool IsLeft = Axis.Position() == TZyAxisPosition::Left;
-  const float Half = Axis.FAxisThicknes / 2;
-  if (IsLeft) {
-    Axis.SetBounds(static_cast<int>(FLeft), 0, Need, FClientHeight);
-    if (Axis.Visible()) FLeft += static_cast<float>(Need);
-    Axis.FAxLeft = Axis.FTicksPointToData ? static_cast<float>(Need) - Axis.FMajorTickLength
-                                          : std::ceil(static_cast<float>(Need) - Half);
-    if (Axis.Visible()) FLeftAxis = &Axis;
-  } else {
-    if (Axis.Visible()) FRight += static_cast<float>(Need);
-    Axis.SetBounds(FClientWidth - static_cast<int>(FRight), 0, Need, FClientHeight);
-    Axis.FAxLeft = Axis.FTicksPointToData ? Axis.FMajorTickLength : std::ceil(Half);
-    if (Axis.Visible()) FRightAxis = &Axis;
-  }
-  Axis.FAxTop = Overhang.High;
-  Axis.FAxLength = SmallestLength(static_cast<float>(Axis.Height()) - Overhang.Low - Overhang.High);
-}
-
-void TZyAxisLayout::SizeHorizontalAxis(TZyAxis& Axis, int Need) {
-  const TOverhang Overhang = OverhangOf(Axis);
-  const bool IsBottom = Axis.Position() == TZyAxisPosition::Bottom;
-  const float Half = Axis.FAxisThicknes / 2;
-  if (IsBottom) {
-    if (Axis.Visible()) FBottom += static_cast<float>(Need);
-    Axis.SetBounds(0, FClientHeight - static_cast<int>(FBottom), FClientWidth, Need);
-    Axis.FAxTop = Axis.FTicksPointToData ? Axis.FMajorTickLength : std::ceil(Half);
-    if (Axis.FAxTop < 1) Axis.FAxTop = 0;
-    if (Axis.Visible()) FBottomAxis = &Axis;
-  } else {
-    Axis.SetBounds(0, static_cast<int>(FTop), FClientWidth, Need);
-    if (Axis.Visible()) FTop += static_cast<float>(Need);
-    Axis.FAxTop = Axis.FTicksPointToData ? static_cast<float>(Need) - Axis.FMajorTickLength
-                                         : std::ceil(static_cast<float>(Need) - Half);
-    if (Axis.Visible()) FTopAxis = &Axis;
-  }
-  Axis.FAxLeft = Overhang.Low;
-  Axis.FAxLength = SmallestLength(static_cast<float>(Axis.Width()) - Overhang.Low - Overhang.High);
-}
-
-/// A margin is at least the overhang of the axes across it; an axis at that side then keeps its line at the data area.
-void TZyAxisLayout::FitOverhangs() {
+/// Legends of one side share its room: the largest counts.
+void TZyAxisLayout::ReserveLegends() {
+  using enum TZyLegendPosition;
   float Left = 0, Right = 0, Top = 0, Bottom = 0;
-  for (const TZyAxis* Axis : FAxes) {
-    const TOverhang Overhang = OverhangOf(*Axis);
-    if (Axis->GetHorizontal()) {
-      Left = std::max(Left, Overhang.Low);
-      Right = std::max(Right, Overhang.High);
-    } else {
-      Bottom = std::max(Bottom, Overhang.Low);
-      Top = std::max(Top, Overhang.High);
+  for (IZyGraphLegend* Legend : LegendsAtSides()) {
+    Legend->PreparePaint();
+    TControl& Control = Legend->Control();
+    const auto Width = static_cast<float>(Control.Width()), Height = static_cast<float>(Control.Height());
+    switch (Legend->Position()) {
+      case BottomCenterOfGraph:
+      case BottomCenterOfAxis:
+        Control.SetTop(Rounded(FHeight - Height - FBottom.Margin));
+        Bottom = std::max(Bottom, Height);
+        break;
+      case LeftCenterOfGraph:
+      case LeftCenterOfAxis:
+      case LeftTopOfAxis:
+        Control.SetLeft(Rounded(FLeft.Margin));
+        Left = std::max(Left, Width);
+        break;
+      case TopCenterOfGraph:
+      case TopCenterOfAxis:
+        Control.SetTop(Rounded(FTop.Margin));
+        Top = std::max(Top, Height);
+        break;
+      case RightCenterOfGraph:
+      case RightCenterOfAxis:
+      case RightTopOfAxis:
+        Control.SetLeft(Rounded(FWidth - Width - FRight.Margin));
+        Right = std::max(Right, Width);
+        break;
+      case FreeFloating:
+        break;
     }
   }
-  // Origin and Line: the axis line within the control and measured from the client edge of its side.
-  const auto Fit = [](float& Margin, float Overhang, const TZyAxis* Axis, float Line, float Shift, float* Origin) {
-    if (Axis == nullptr) {
-      Margin += Overhang;
-    } else if (Margin < Overhang) {
-      Margin = Overhang;
-      *Origin = Shift;
-    } else {
-      Margin = std::ceil(Line + Axis->FDistanceValuesAxis);
-    }
-  };
-  const auto Width = static_cast<float>(FClientWidth), Height = static_cast<float>(FClientHeight);
-  const auto Edge = [](int Place) { return static_cast<float>(Place); };
-  if (TZyAxis* const A = FLeftAxis) {
-    Fit(FLeft, Left, A, Edge(A->Left()) + A->FAxLeft, Left - A->FDistanceValuesAxis, &A->FAxLeft);
-  } else {
-    Fit(FLeft, Left, nullptr, 0, 0, nullptr);
-  }
-  if (TZyAxis* const A = FRightAxis) {
-    Fit(FRight, Right, A, Width - Edge(A->Left()) - A->FAxLeft, Edge(A->Width()) - Right + A->FDistanceValuesAxis,
-        &A->FAxLeft);
-  } else {
-    Fit(FRight, Right, nullptr, 0, 0, nullptr);
-  }
-  if (TZyAxis* const A = FTopAxis) {
-    Fit(FTop, Top, A, Edge(A->Top()) + A->FAxTop, Top - A->FDistanceValuesAxis, &A->FAxTop);
-  } else {
-    Fit(FTop, Top, nullptr, 0, 0, nullptr);
-  }
-  if (TZyAxis* const A = FBottomAxis) {
-    Fit(FBottom, Bottom, A, Height - Edge(A->Top()) - A->FAxTop, Edge(A->Height()) - Bottom + A->FDistanceValuesAxis,
-        &A->FAxTop);
-  } else {
-    Fit(FBottom, Bottom, nullptr, 0, 0, nullptr);
-  }
+  FLeft.Margin += Left;
+  FRight.Margin += Right;
+  FTop.Margin += Top;
+  FBottom.Margin += Bottom;
 }
+
+// --- Final lengths --------------------------------------------------------------------------------------------------
 
 void TZyAxisLayout::TakeFinalTicks() {
-  for (TZyAxis* Axis : FAxes) {
-    if (Axis->GetHorizontal()) {
-      FRight = std::max(FRight, std::ceil(Axis->FMajorTickThicknes / 2));
-      Axis->FAxLeft = FLeft;
-      Axis->FAxLength = SmallestLength(static_cast<float>(FClientWidth) - FLeft - FRight);
-    } else {
-      FTop = std::max(FTop, std::ceil(Axis->FMajorTickThicknes / 2));
-      Axis->FAxTop = FTop;
-      Axis->FAxLength = SmallestLength(static_cast<float>(FClientHeight) - FBottom - FTop);
-    }
-    Axis->CalculateTicks();
+  const bool Cross = HasZeroOrigin();
+  for (TZyAxis* Axis : FAxes)
+    if (Axis->AutoSize() || (Cross && (Axis == FGraph->PrimaryXAxis() || Axis == FGraph->PrimaryYAxis())))
+      TakeFinalLength(*Axis);
+  if (Cross) CrossAxes();
+}
+
+void TZyAxisLayout::TakeFinalLength(TZyAxis& Axis) {
+  const float HalfTick = std::ceil(Axis.FMajorTickThicknes / 2);
+  const bool Crosses = HasZeroOrigin();  // an axis inside the data area has no tick at its edge
+  if (Axis.GetHorizontal()) {
+    if (!Crosses && FRight.Margin < Axis.FMajorTickThicknes / 2) FRight.Margin = HalfTick;
+    Axis.FAxLeft = FLeft.Margin;
+    Axis.FAxLength = ClientExtent(Axis) - FLeft.Margin - FRight.Margin;
+  } else {
+    if (!Crosses && FTop.Margin < Axis.FMajorTickThicknes / 2) FTop.Margin = HalfTick;
+    Axis.FAxTop = FTop.Margin;
+    Axis.FAxLength = ClientExtent(Axis) - FBottom.Margin - FTop.Margin;
+  }
+  Axis.FAxLength = std::max(Axis.FAxLength, SmallestLength);
+  Axis.CalculateTicks();
+}
+
+/// Whether the value 0 lies inside the axis.
+bool TZyAxisLayout::CrossesZero(const TZyAxis& Axis) {
+  return !Axis.HasLogScaling() && Axis.Start() < 0 && Axis.Stop() > 0;
+}
+
+/// Drops the label and the tick that the other axis would cross.
+void TZyAxisLayout::DropAtZero(TZyAxis& Axis) {
+  const float Zero = Axis.NumberToWorld(0);
+  const auto IsNear = [&](float Pos) { return std::fabs(Pos - Zero) < NearZero; };
+  const auto Label = std::find_if(Axis.FAxLabels.begin(), Axis.FAxLabels.end(), [&](const auto& Candidate) {
+    return IsNear(Axis.GetHorizontal() ? Candidate->X : Candidate->Y);
+  });
+  if (Label != Axis.FAxLabels.end()) Axis.FAxLabels.erase(Label);
+  const auto Tick = std::find_if(Axis.FTicks.begin(), Axis.FTicks.end(), IsNear);
+  if (Tick == Axis.FTicks.end()) return;
+  const auto Index = Tick - Axis.FTicks.begin();
+  Axis.FTicks.erase(Tick);
+  Axis.FMajorTick.erase(Axis.FMajorTick.begin() + Index);
+  Axis.FMajorGridTick.erase(Axis.FMajorGridTick.begin() + Index);
+}
+
+/// Moves each of the two primary axes to the value 0 of the other. An axis that has no such value keeps its side, and
+/// the first label of the other one gives way to it.
+void TZyAxisLayout::CrossAxes() {
+  TZyAxis& X = *FGraph->PrimaryXAxis();
+  TZyAxis& Y = *FGraph->PrimaryYAxis();
+  const auto DropFirst = [](TZyAxis& Axis) {
+    if (!Axis.FAxLabels.empty()) Axis.FAxLabels.erase(Axis.FAxLabels.begin());
+  };
+  if (CrossesZero(X)) {
+    Y.SetLeft(Rounded(X.NumberToWorld(0) - Y.FAxLeft));
+    DropAtZero(Y);
+  } else {
+    DropFirst(X);
+  }
+  if (CrossesZero(Y)) {
+    X.SetTop(Rounded(Y.NumberToWorld(0)));
+    DropAtZero(X);
+  } else {
+    DropFirst(Y);
   }
 }
+
+// --- Data area ------------------------------------------------------------------------------------------------------
 
 void TZyAxisLayout::PlaceDataArea() {
   if (FGraph == nullptr) return;
-  FGraph->SetDrawingArea({FLeft, FTop, static_cast<float>(FClientWidth) - FLeft - FRight + 1,
-                          static_cast<float>(FClientHeight) - FTop - FBottom + 1});
+  FGraph->SetDrawingArea({FLeft.Margin, FTop.Margin, FWidth - FLeft.Margin - FRight.Margin + 1,
+                          FHeight - FTop.Margin - FBottom.Margin + 1});
   FGraph->PlaceTitle();
+}
+
+void TZyAxisLayout::PlaceLegends() {
+  if (FGraph == nullptr) return;
+  using enum TZyLegendPosition;
+  const RectF& Area = FGraph->DrawingArea();
+  for (IZyGraphLegend* Legend : LegendsAtSides()) {
+    TControl& Control = Legend->Control();
+    const auto Width = static_cast<float>(Control.Width()), Height = static_cast<float>(Control.Height());
+    switch (Legend->Position()) {
+      case BottomCenterOfGraph:
+      case TopCenterOfGraph:
+        Control.SetLeft((FParent.Width() - Control.Width()) / 2);
+        break;
+      case BottomCenterOfAxis:
+      case TopCenterOfAxis:
+        Control.SetLeft(Rounded(Area.Width - Width) / 2 + Rounded(Area.X));
+        break;
+      case LeftCenterOfGraph:
+      case RightCenterOfGraph:
+        Control.SetTop((FParent.Height() - Control.Height()) / 2);
+        break;
+      case LeftCenterOfAxis:
+      case RightCenterOfAxis:
+        Control.SetTop(Rounded((Area.Height - Height) / 2 + Area.Y));
+        break;
+      case LeftTopOfAxis:
+      case RightTopOfAxis:
+        Control.SetTop(Rounded(Area.Y));
+        break;
+      case FreeFloating:
+        break;
+    }
+  }
+}
+
+/// Graphs that share an X axis get the part of the width that all of them have.
+void TZyAxisLayout::ShareCommonArea() {
+  if (FGraph == nullptr || !FGraph->HasChildGraphs()) return;
+  std::vector<TZyGraph2D*> Graphs{FGraph};
+  for (TZyGraph2D* Child : FGraph->ChildGraphs())
+    if (Child->DrawingArea() != RectF{}) Graphs.push_back(Child);  // one never laid out has nothing to say
+  float Left = -std::numeric_limits<float>::max(), Right = std::numeric_limits<float>::max();
+  for (const TZyGraph2D* Chart : Graphs) {
+    const RectF& Area = Chart->DrawingArea();
+    Left = std::max(Left, Area.X);
+    Right = std::min(Right, Area.X + Area.Width - 1);
+  }
+  for (TZyGraph2D* Chart : Graphs) TakeCommonArea(*Chart, Left, Right);
+}
+
+void TZyAxisLayout::TakeCommonArea(TZyGraph2D& Graph, float Left, float Right) {
+  RectF Area = Graph.DrawingArea();
+  const float LeftShift = Area.X - Left;
+  const float RightShift = Area.X + Area.Width - Right - 1;
+  Area.X = Left;
+  Area.Width = Right - Left + 1;
+  Graph.SetDrawingArea(Area);
+  for (TZyAxis* Axis : Graph.AllAxes()) {
+    if (Axis->GetHorizontal()) {
+      Axis->FAxLeft = Left;
+      Axis->FAxLength = Right - Left;
+    } else {
+      const float Shift = Axis->Position() == TZyAxisPosition::Left ? LeftShift : RightShift;
+      Axis->SetLeft(Axis->Left() - Rounded(Shift));
+      Axis->FAxLeft += std::round(Shift) - Shift;
+    }
+    Axis->CalculateTicks();
+  }
+  Graph.SeriesModified();
 }
 
 }  // namespace zy

@@ -6,6 +6,8 @@
 
 namespace zy {
 
+class IZyGraphLegend;
+
 /// The layout pass: fixes ends, ticks, sizes and places of all axes of a parent, and the data area of a graph.
 ///
 /// A fixed sequence without iteration: ticks are computed on a provisional length, sizes are taken from their labels,
@@ -19,6 +21,8 @@ class TZyAxisLayout {
   TZyAxisLayout& operator=(const TZyAxisLayout&) = delete;
 
   void Run();
+  /// Tells the axes' events and the markers of the parent; for after the pass, when its flag is clear.
+  static void TellListeners(TWinControl& Parent);
 
  private:
   /// Room in whole pixels beyond the two ends of an axis: at the left or the bottom, at the right or the top.
@@ -26,30 +30,57 @@ class TZyAxisLayout {
     float Low = 0;
     float High = 0;
   };
+  /// A side of the data area: what lies between it and the client edge, and the innermost visible axis there.
+  struct TSide {
+    float Margin = 0;
+    TZyAxis* Axis = nullptr;
+  };
 
+  // Ends and margins, in the order of the pass.
+  void ShowAxesThatCross();
+  void MarkMasterGraph();
+  void TakePannedTicks();
   void RoundEndsAndTakeTicks();
   void TakeMarginsOfGraph();
+  void TakeTitle();
+  void ReserveLegends();
+
+  // Sizes of the axes.
   void SizeAxes();
-  void SizeHorizontalAxis(TZyAxis& Axis, int Need);
-  void SizeVerticalAxis(TZyAxis& Axis, int Need);
+  void SizeLeftAxis(TZyAxis& Axis, float Need);
+  void SizeRightAxis(TZyAxis& Axis, float Need);
+  void SizeBottomAxis(TZyAxis& Axis, float Need);
+  void SizeTopAxis(TZyAxis& Axis, float Need);
   void FitOverhangs();
+  void FitLow(TSide& Side, float Overhang, int Edge, float& (*Origin)(TZyAxis&));
+  void FitHigh(TSide& Side, float Overhang, int Edge, float Extent, float& (*Origin)(TZyAxis&));
+
+  // Final lengths and places.
   void TakeFinalTicks();
+  void TakeFinalLength(TZyAxis& Axis);
+  void CrossAxes();
   void PlaceDataArea();
+  void PlaceLegends();
+  void ShareCommonArea();
 
-  static float SmallestLength(float Length);
-  static TOverhang OverhangOf(const TZyAxis& Axis);
+  std::vector<IZyGraphLegend*> LegendsAtSides() const;
+  bool HasZeroOrigin() const;
+  bool DropsMargin(const TZyAxis* Across) const;
+  float ClientExtent(const TZyAxis& Axis) const;
+  TOverhang OverhangOf(const TZyAxis& Axis) const;
+  float DepthAt(const TZyAxis& Axis) const;
   static float NeedOf(const TZyAxis& Axis);
+  static bool CrossesZero(const TZyAxis& Axis);
+  static void DropAtZero(TZyAxis& Axis);
+  static void TakeCommonArea(TZyGraph2D& Graph, float Left, float Right);
 
+  TZyAxis& FStarter;
   TWinControl& FParent;
   TZyGraph2D* FGraph;
   std::vector<TZyAxis*> FAxes;  // in control order
-  int FClientWidth;
-  int FClientHeight;
-  float FLeft = 0, FRight = 0, FTop = 0, FBottom = 0;  // margins between client edges and data area
-  TZyAxis* FLeftAxis = nullptr;                        // the last visible axis at each side
-  TZyAxis* FRightAxis = nullptr;
-  TZyAxis* FTopAxis = nullptr;
-  TZyAxis* FBottomAxis = nullptr;
+  float FWidth;                 // of the client area
+  float FHeight;
+  TSide FLeft, FRight, FTop, FBottom;
 };
 
 }  // namespace zy

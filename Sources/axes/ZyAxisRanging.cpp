@@ -6,6 +6,8 @@
 
 #include "analysis/ZyMath.h"
 #include "axes/ZyAxis.h"
+#include "axes/ZyAxisUndo.h"
+#include "axes/ZyDateTime.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/framework/Reflection.h"
 #include "series/ZySeries.h"
@@ -16,30 +18,12 @@ namespace {
 
 constexpr double LargestDouble = std::numeric_limits<double>::max();
 
-/// One step of undo for an end's kind together with the values that it changes.
-class TEndGroup {
- public:
-  TEndGroup(TZyAxis* Axis, TZyText Label, std::initializer_list<const char*> PropNames) : FStack(Axis->UndoStack()) {
-    if (FStack == nullptr) return;
-    FStack->StartGroup(LoadResString(Label));
-    for (const char* PropName : PropNames) FStack->PushProperty(Axis, LoadResString(Label), PropName);
-  }
-  ~TEndGroup() {
-    if (FStack != nullptr) FStack->StopGroup();
-  }
-  TEndGroup(const TEndGroup&) = delete;
-  TEndGroup& operator=(const TEndGroup&) = delete;
-
- private:
-  TZyUndoStack* FStack;
-};
-
 }  // namespace
 
 void TZyAxis::SetStartEnd(TZyAxisEnd Value) {
   if (Value == TZyAxisEnd::MovingSlit) Value = TZyAxisEnd::Fixed;
   if (Value == FStartEnd) return;
-  const TEndGroup Group(this, _sAxisStartEnd, {"Start", "Stop", "StartEnd"});
+  const TAxisUndoGroup Group(*this, _sAxisStartEnd, {"Start", "Stop", "StartEnd"});
   FStartEnd = Value;
   if (Value == TZyAxisEnd::AutoRange) {
     RangeModified();
@@ -50,8 +34,9 @@ void TZyAxis::SetStartEnd(TZyAxisEnd Value) {
 
 void TZyAxis::SetStopEnd(TZyAxisEnd Value) {
   if (Value == FStopEnd) return;
-  const TEndGroup Group(this, _sAxisStopEnd, {"Start", "Stop", "StartEnd", "StopEnd"});
+  const TAxisUndoGroup Group(*this, _sAxisStopEnd, {"Start", "Stop", "StartEnd", "StopEnd"});
   FStopEnd = Value;
+  if (Value == TZyAxisEnd::MovingSlit && !IsLoading()) FStartEnd = TZyAxisEnd::Fixed;
   if (Value == TZyAxisEnd::AutoRange || Value == TZyAxisEnd::MovingSlit) {
     RangeModified();
   } else {
@@ -59,8 +44,69 @@ void TZyAxis::SetStopEnd(TZyAxisEnd Value) {
   }
 }
 
+double TZyAxis::LimitedToDates(double Value) const {
+  return FScaling == TZyAxisScaling::DateTime && !Restoring() ? std::clamp(Value, MinDateTime, MaxDateTime) : Value;
+}
+
+void TZyAxis::SetEnd(double& End, double& InitialEnd, double& LastEnd, double Value, TZyText Label,
+                     const char* PropName) {
+  if (!std::isfinite(Value)) return;
+  const double Limited = LimitedToDates(Value);
+  if (Limited == End) return;
+  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(Label), PropName);
+  End = InitialEnd = LastEnd = Limited;
+  Modified();
+}
+
+void TZyAxis::SetStart(double Value) { SetEnd(FStart, FInitialStart, FLastStart, Value, _sAxisStart, "Start"); }
+
+void TZyAxis::SetStop(double Value) { SetEnd(FStop, FInitialStop, FLastStop, Value, _sAxisStop, "Stop"); }
+
+void TZyAxis::SetStartStop(double AStart, double AStop) {
+  if (!std::isfinite(AStart) || !std::isfinite(AStop) || (AStart == FStart && AStop == FStop)) return;
+  FStart = FLastStart = AStart;
+  FStop = FLastStop = AStop;
+  Modified();
+}
+
+void TZyAxis::SetEndRounding(TZyAxisEndRounding Value) {
+  if (Value == FEndRounding) return;
+  const TAxisUndoGroup Group(*this, _sAxisEndRounding, {"Start", "Stop", "EndRounding"});
+  FEndRounding = Value;
+  Modified();
+}
+
+void TZyAxis::SetStartPadding(double Value) {
+  if (!(Value > 0) || !std::isfinite(Value) || Value == FStartPadding) return;
+  FStartPadding = Value;
+  Modified();
+}
+
+void TZyAxis::SetStopPadding(double Value) {
+  if (!(Value > 0) || !std::isfinite(Value) || Value == FStopPadding) return;
+  FStopPadding = Value;
+  Modified();
+}
+
+void TZyAxis::SetMovingSlit(double& Field, double Value, TZyText Label, const char* PropName) {
+  if (!std::isfinite(Value) || Value == Field) return;
+  const TAxisUndoGroup Group(*this, Label, {PropName});
+  Field = Value;
+  if (IsDesigning() && !IsLoading()) SetStopEnd(TZyAxisEnd::MovingSlit);
+  RangeModified();
+}
+
+void TZyAxis::SetMovingSlitWidth(double Value) {
+  SetMovingSlit(FMovingSlitWidth, Value, _sAxisMovingSlitWidth, "MovingSlitWidth");
+}
+
+void TZyAxis::SetMovingSlitIncrement(double Value) {
+  SetMovingSlit(FMovingSlitIncrement, Value, _sAxisMovingSlitIncrement, "MovingSlitIncrement");
+}
+
 void TZyAxis::RangeModified() {
   if (IsDestroying()) return;
+  if (const TZyGraph2D* const Parent = Graph(); Parent != nullptr && Parent->LoadingRecord()) return;
   if (FRelatedSeries.empty()) return Modified();
   FValuesStart = LargestDouble;
   FValuesStop = -LargestDouble;
@@ -86,12 +132,7 @@ void TZyAxis::GetNewRanges() {
   FValuesStart = Low;
   FValuesStop = High;
   double Start = FStart, Stop = FStop;
-  if (FStartEnd == TZyAxisEnd::AutoRange) Start = FValuesStart;
-  if (FStartEnd == TZyAxisEnd::FirstSet) Start = std::min(FStart, FValuesStart);
-  if (FStartEnd == TZyAxisEnd::Fixed) FValuesStart = Start;
-  if (FStopEnd == TZyAxisEnd::AutoRange) Stop = FValuesStop;
-  if (FStopEnd == TZyAxisEnd::FirstSet) Stop = std::max(FStop, FValuesStop);
-  if (FStopEnd == TZyAxisEnd::Fixed) FValuesStop = Stop;
+  TakeCandidates(Start, Stop);
   const TScale Kept = FScale;
   RoundEnds(Start, Stop);
   if (Start == FLastStart && Stop == FLastStop) {
@@ -103,28 +144,182 @@ void TZyAxis::GetNewRanges() {
   Modified();
 }
 
+void TZyAxis::TakeCandidates(double& Start, double& Stop) {
+  if (FStopEnd == TZyAxisEnd::MovingSlit) return TakeMovingSlit(Start, Stop);
+  if (FStartEnd == TZyAxisEnd::AutoRange) Start = FValuesStart;
+  if (FStartEnd == TZyAxisEnd::FirstSet) Start = std::min(FStart, FValuesStart);
+  if (FStartEnd == TZyAxisEnd::Fixed) FValuesStart = Start;
+  if (FStopEnd == TZyAxisEnd::AutoRange) Stop = FValuesStop;
+  if (FStopEnd == TZyAxisEnd::FirstSet) Stop = std::max(FStop, FValuesStop);
+  if (FStopEnd == TZyAxisEnd::Fixed) FValuesStop = Stop;
+}
+
+/// The range jumps by whole increments, as often as it takes to reach the data; counted, not stepped, since data may
+/// lie any number of them ahead.
+void TZyAxis::TakeMovingSlit(double& Start, double& Stop) {
+  if (IsDesigning()) return;
+  if (FMovingSlitWidth <= 0) FMovingSlitWidth = FInitialStop - FInitialStart;
+  if (FMovingSlitIncrement > FMovingSlitWidth || FMovingSlitIncrement <= 0) FMovingSlitIncrement = FMovingSlitWidth / 3;
+  const double First = FInitialStart + FMovingSlitWidth;
+  const double Jumps = FMovingSlitIncrement > 0 ? std::ceil((FValuesStop - First) / FMovingSlitIncrement) : 0;
+  Stop = First + std::max(Jumps, 0.0) * FMovingSlitIncrement;
+  Start = Stop - FMovingSlitWidth > FValuesStart ? Stop - FMovingSlitWidth : FInitialStart;
+}
+
+bool TZyAxis::GetIsClipped() const {
+  if (FRedoRange || Graph() == nullptr || FRelatedSeries.empty() || !(FValuesStart < FValuesStop)) return false;
+  const double Low = FStartEnd == TZyAxisEnd::Fixed ? FStart : FValuesStart;
+  const double High = FStopEnd == TZyAxisEnd::Fixed ? FStop : FValuesStop;
+  const double Nearly = (FStop - FStart) * 1e-8;
+  return FStart - Nearly > Low || FStop + Nearly < High;
+}
+
 void TZyAxis::RoundEnds(double& Start, double& Stop) {
-  if (Start > Stop) {
-    Start = 0;
-    Stop = 100;
-  }
-  if (Start == Stop) {
-    const double Half = Stop == 0 ? 1 : Exp10(Real10thExponent(Start));
-    const bool StartMoves = FStartEnd == TZyAxisEnd::AutoRange;
-    const bool StopMoves = FStopEnd == TZyAxisEnd::AutoRange || !StartMoves;
-    if (StartMoves) Start -= Half;
-    if (StopMoves) Stop += Half;
-  }
-  GetNormalAxisParts(Start, Stop);
-  Start = RoundEnd(Start, false, true);
-  Stop = RoundEnd(Stop, true, true);
+  const bool IsDate = FScaling == TZyAxisScaling::DateTime;
+  const auto LimitDates = [&] {
+    if (!IsDate) return;
+    Start = std::max(Start, MinDateTime);
+    Stop = std::min(Stop, MaxDateTime);
+  };
+  LimitDates();
+  RepairOrder(Start, Stop);
+  WidenEqualEnds(Start, Stop);
+  TakeLogScaling(Start, Stop);
+  TakeTickParts(Start, Stop);
+  if (!Panning() && !FScale.HasLogScaling) RoundToTicks(Start, Stop);
+  LimitDates();
+  if (FScale.HasLogScaling) TakeLogarithms(Start, Stop);
   GetExponentAndDigits(Start, Stop);
+}
+
+void TZyAxis::RepairOrder(double& Start, double& Stop) const {
+  if (FScaling == TZyAxisScaling::Seconds || FScaling == TZyAxisScaling::Rubrics) {
+    if (Start < 0) Start = 0;
+    if (Stop < 0) Stop = 1;
+  }
+  if (FScaling == TZyAxisScaling::DateTime || !(Start > Stop)) return;
+  Start = HasLogKind() ? 1 : 0;
+  Stop = HasLogKind() ? 10 : 100;
+}
+
+void TZyAxis::WidenEqualEnds(double& Start, double& Stop) const {
+  if (Start != Stop) return;
+  if (FScaling == TZyAxisScaling::DateTime) {
+    Stop = Start + 1.0 / 1440;  // a minute
+    return;
+  }
+  const double Half = Stop == 0 ? 1 : Exp10(Real10thExponent(Start));
+  const bool StartMoves = FStartEnd == TZyAxisEnd::AutoRange;
+  const bool StopMoves = FStopEnd == TZyAxisEnd::AutoRange || !StartMoves;
+  if (StartMoves) Start -= Half;
+  if (StopMoves) Stop += Half;
+}
+
+/// Decides whether the axis is logarithmic now, and gives such an axis ends that have logarithms.
+void TZyAxis::TakeLogScaling(double& Start, double& Stop) {
+  FScale.HasLogScaling = false;
+  if (!HasLogKind()) return;
+  if (Start <= 0) Start = FValuesStart > 0 && FValuesStart < LargestDouble ? FValuesStart : SmallestPositiveBelow(Stop);
+  if (Start <= 0) Start = 0.01;
+  if (Stop <= 0) Stop = 1;
+  TakeLogarithms(Start, Stop);
+  FScale.HasLogScaling = FLogToNormalScalingLevel == 0 || FScale.LogStop - FScale.LogStart > FLogToNormalScalingLevel;
+}
+
+void TZyAxis::TakeLogarithms(double Start, double Stop) {
+  FScale.LogStart = std::log10(Start);
+  FScale.LogStop = std::log10(Stop);
+}
+
+/// The smallest value above 0 of all data of the axis that lies below Stop; 0 when there is none.
+double TZyAxis::SmallestPositiveBelow(double Stop) const {
+  double Smallest = Stop;
+  for (const TZySeries* Series : FRelatedSeries) {
+    const TZyCustomDoubleVector* const Data = GetHorizontal() ? Series->XData() : Series->YData();
+    if (Data == nullptr) continue;
+    for (int i = 0; i < Data->Count(); ++i)
+      if (const double Value = Data->GetValue(i); Value > 0 && Value < Smallest) Smallest = Value;
+  }
+  return Smallest < Stop ? Smallest : 0;
+}
+
+/// Chooses the steps for the room that there is, on padded ends; a pan and steps of the user's own only follow the
+/// span.
+void TZyAxis::TakeTickParts(double& Start, double& Stop) {
+  if (!FAutoTickParts || Panning()) {
+    FScale.RangeExponent = Real10thExponent(Stop - Start);
+    return;
+  }
+  if (!FScale.HasLogScaling) {
+    const double Span = Stop - Start;
+    const double PaddedStart = Start - Span * FStartPadding, PaddedStop = Stop + Span * FStopPadding;
+    if (std::isfinite(PaddedStart)) Start = PaddedStart;
+    if (std::isfinite(PaddedStop)) Stop = PaddedStop;
+  }
+  if (FScaling == TZyAxisScaling::Rubrics) {
+    FScale.TickPart = FScale.MajorTickPart = FScale.LabelPart = 1;
+    FScale.RangeExponent = 0;
+  } else {
+    GetNormalAxisParts(Start, Stop);
+  }
+}
+
+void TZyAxis::RoundToTicks(double& Start, double& Stop) const {
+  using enum TZyAxisEndRounding;
+  const bool Zoomed = GetCanZoomBack();
+  if (FEndRounding == RndNothing) return;
+  if (Zoomed && (FEndRounding == RndToMajorZoomToNothing || FEndRounding == RndToMinorZoomToNothing)) return;
+  const bool ToMajor = FEndRounding == RndToMajor || FEndRounding == RndToMajorZoomToNothing ||
+                       (FEndRounding == RndToMajorZoomToMinor && !Zoomed);
+  Start = RoundEnd(Start, false, ToMajor);
+  Stop = RoundEnd(Stop, true, ToMajor);
 }
 
 double TZyAxis::RoundEnd(double Value, bool Up, bool ToMajor) const {
   const double Part = ToMajor ? FScale.MajorTickPart : FScale.TickPart;
   const double Rounded = Up ? RoundUp(Value, Part, FScale.RangeExponent) : RoundDown(Value, Part, FScale.RangeExponent);
   return std::isfinite(Rounded) ? Rounded : Value;
+}
+
+/// Rounds the axis's ends where that was not done. Padding starts again from the ends that it was added to, as long as
+/// they are the same: a change of anything else must not make a padded axis grow.
+void TZyAxis::RoundOwnEnds() {
+  if (FValuesRounded) return;
+  FValuesRounded = true;
+  if (FStart == FPaddedStart && FStop == FPaddedStop && (FStartPadding > 0 || FStopPadding > 0)) {
+    FStart = FUnpaddedStart;
+    FStop = FUnpaddedStop;
+  }
+  FUnpaddedStart = FStart;
+  FUnpaddedStop = FStop;
+  RoundEnds(FStart, FStop);
+  FPaddedStart = FStart;
+  FPaddedStop = FStop;
+}
+
+/// Takes the ends of the master. Rounding would move them off the master's, so they are computed again behind it.
+void TZyAxis::FollowMaster() {
+  TZyAxis& Master = *FMasterAxis;
+  FScaling = Master.FScaling;
+  Master.RoundOwnEnds();
+  const auto TakeEnds = [&] {
+    FStart = Master.FStart * FSlaveSlope + FSlaveOffset;
+    FStop = Master.FStop * FSlaveSlope + FSlaveOffset;
+  };
+  TakeEnds();
+  RoundEnds(FStart, FStop);
+  TakeEnds();
+  if (FScale.HasLogScaling && FStart > 0 && FStop > 0) TakeLogarithms(FStart, FStop);
+  FScale.HasLogScaling = FScale.HasLogScaling && FStart > 0 && FStop > 0;
+  if (FSlaveSlope == 1 && FSlaveOffset == 0) {
+    // The parts mean steps only together with their exponent, which rounding may have carried beyond the master's.
+    FScale.RangeExponent = Master.FScale.RangeExponent;
+    FScale.LabelPart = Master.FScale.LabelPart;
+    FScale.MajorTickPart = Master.FScale.MajorTickPart;
+    FScale.TickPart = Master.FScale.TickPart;
+    GetExponentAndDigits(FStart, FStop);
+  }
+  FValuesRounded = true;
 }
 
 void TZyAxis::CheckResize() {

@@ -5,6 +5,8 @@
 
 #include "analysis/ZyMath.h"
 #include "axes/ZyAxis.h"
+#include "axes/ZyDateTime.h"
+#include "graph/ZyGraph2D.h"
 #include "platform/controls/TWinControl.h"
 #include "platform/framework/NumberText.h"
 
@@ -41,7 +43,7 @@ void TZyAxis::GetNormalAxisParts(double Start, double Stop) {
     const double Part = LabelParts[Row] * Power;  // the digits may be asked with ticks of an earlier, coarser scale
     FScale.LabelPart = Part;
     GetExponentAndDigits(Start, Stop);
-    const float Widest = std::max(ApproxLen(NormalCaption(Start)), ApproxLen(NormalCaption(Stop)));
+    const float Widest = std::max(ApproxLen(NormalCaption(Start), Start), ApproxLen(NormalCaption(Stop), Stop));
     const auto Count = static_cast<float>(std::trunc(Span / Part + 0.5) + 1);
     const float Needed = Count * Widest + (Count - 1) * GapBetweenLabels * FLabelDistanceFactor;
     if (!(Needed < Room)) break;
@@ -75,9 +77,26 @@ std::string TZyAxis::NormalCaption(double Value) const {
   return FloatToStrFixed(Value, FScale.LabelExponent < FScale.Digits ? FScale.Digits - FScale.LabelExponent : 0);
 }
 
-float TZyAxis::ApproxLen(const std::string& Text) const {
-  const float Along = static_cast<float>(Text.size()) * FFont.Size() * 1.6f;
-  return GetHorizontal() ? Along : FFont.Size() * 2.5f;
+/// Extents along and across the axis of a box that is turned by the angle of the labels.
+float TZyAxis::AlongAxis(float TextWidth, float TextHeight) const {
+  return GetHorizontal() ? TextWidth * FCosine + TextHeight * FSine : TextWidth * FSine + TextHeight * FCosine;
+}
+
+float TZyAxis::AcrossAxis(float TextWidth, float TextHeight) const {
+  return GetHorizontal() ? TextWidth * FSine + TextHeight * FCosine : TextWidth * FCosine + TextHeight * FSine;
+}
+
+std::string TZyAxis::LabelText(std::string Text, double Value) {
+  if (!mGetScaleLabel) return Text;
+  TZyScaleLabelEventArgs Args{Value, std::move(Text)};
+  mGetScaleLabel(this, Args);
+  return std::move(Args.Caption);
+}
+
+/// Room of a label along the axis, estimated without measuring.
+float TZyAxis::ApproxLen(std::string Text, double Value) {
+  const std::string Shown = LabelText(std::move(Text), Value);
+  return AlongAxis(static_cast<float>(Shown.size()) * FFont.Size() * 1.6f, FFont.Size() * 2.5f);
 }
 
 /// Line across the axis on which the labels stand, in the control.
@@ -88,13 +107,33 @@ float TZyAxis::LabelBase() const {
 }
 
 void TZyAxis::CalculateTicks() {
-  if (FAxLength <= 0) FAxLength = LengthWithoutRoom;
+  if (mGetTicks) mGetTicks(this);
+  if (!(FAxLength > 0)) FAxLength = LengthWithoutRoom;
   FTicks.clear();
   FMajorTick.clear();
   FMajorGridTick.clear();
   FAxLabels.clear();
   FMaxNumberLabelHeight = FMaxNumberLabelWidth = 0;
-  FNormalizeConst = (FStop - FStart) / static_cast<double>(FAxLength);
+  SetUpScale();
+  TakeTicks();
+  PlaceCaption();
+}
+
+void TZyAxis::SetUpScale() {
+  const auto Length = static_cast<double>(FAxLength);
+  if (FScale.HasLogScaling) {
+    FNormalizeConst = (FScale.LogStop - FScale.LogStart) / Length;
+  } else if (FScaling == TZyAxisScaling::DateTime) {
+    FNormalizeConst = DateTimeSpan(FStart, FStop) / Length;
+  } else {
+    FNormalizeConst = (FStop - FStart) / Length;
+  }
+  if (!FAutoTickParts && !HasLogKind() && FScaling != TZyAxisScaling::DateTime)
+    FScale.RangeExponent = Real10thExponent(FStop - FStart);
+}
+
+/// Evenly spaced values from end to end; all kinds of scale have these for now.
+void TZyAxis::TakeTicks() {
   const double Part = FScale.TickPart == 0 ? 1 : FScale.TickPart;
   const double Wanted = ExpMinus(FStop - FStart, FScale.RangeExponent) / Part + 1;
   const long Count = Wanted < MostTicks ? std::max(2L, std::lround(Wanted)) : 2;
@@ -108,59 +147,70 @@ void TZyAxis::CalculateTicks() {
     const bool IsLabel = FNumbersVisible && std::fabs(Value - NextLabel) < Tolerance;
     const bool IsMajor = std::fabs(Value - NextMajor) < Tolerance;
     if (IsLabel) {
-      AddLabel(NormalCaption(Value), Pos);
+      AddLabel(NormalCaption(Value), Value, Pos);
       NextLabel = RoundUp(Value + Tolerance, FScale.LabelPart, FScale.RangeExponent);
     }
     FTicks.push_back(Pos);
     FMajorTick.push_back(IsMajor);
-    FMajorGridTick.push_back(IsLabel);
+    FMajorGridTick.push_back(FMajorGridMode == TZyMajorGridMode::AtLabel ? IsLabel : IsMajor);
     Value += Step;
     if (IsMajor) NextMajor = RoundUp(Value, FScale.MajorTickPart, FScale.RangeExponent);
   }
-  PlaceCaption();
 }
 
-void TZyAxis::AddLabel(const std::string& Text, float Pos) {
+/// How far a slanted label moves along the axis so that its end, and not its middle, points at the tick.
+float TZyAxis::SlantShift(float Along) const {
+  const auto Angle = static_cast<int>(std::lround(FRubricsAngle));
+  if (Angle % 90 == 0) return 0;
+  const float Height = FFont.Size() * (GetHorizontal() ? FSine : FCosine) * 0.8f;
+  const float Shift = Height - Along / 2;
+  const int Place = Quadrant(Angle);
+  const bool Negative = (FPosition == TZyAxisPosition::Left || FPosition == TZyAxisPosition::Top) == (Place % 2 == 1);
+  return Negative ? -Shift : Shift;
+}
+
+void TZyAxis::AddLabel(const std::string& Text, double Value, float Pos) {
   auto Label = std::make_unique<TZyRichCaptionObject>();
-  Label->SetCaption(Text);
+  Label->SetCaption(LabelText(Text, Value));
   Label->CaptionFont().Assign(&FFont);
   Label->Alignment = TZyContentAlignment::MiddleCenter;
+  Label->Angle = FRubricsAngle;
   Label->ParseForSize();
-  FMaxNumberLabelWidth = std::max(FMaxNumberLabelWidth, Label->Width());
-  FMaxNumberLabelHeight = std::max(FMaxNumberLabelHeight, Label->Height());
-  const float Base = LabelBase();
-  switch (FPosition) {
-    case TZyAxisPosition::Bottom:
-      Label->X = Pos;
-      Label->Y = Base + Label->Height() / 2;
-      break;
-    case TZyAxisPosition::Top:
-      Label->X = Pos;
-      Label->Y = Base - Label->Height() / 2;
-      break;
-    case TZyAxisPosition::Left:
-      Label->X = Base - Label->Width() / 2;
-      Label->Y = Pos;
-      break;
-    case TZyAxisPosition::Right:
-      Label->X = Base + Label->Width() / 2;
-      Label->Y = Pos;
-      break;
-  }
+  const float Along = AlongAxis(Label->Width(), Label->Height());
+  const float Across = AcrossAxis(Label->Width(), Label->Height());
+  FMaxNumberLabelWidth = std::max(FMaxNumberLabelWidth, GetHorizontal() ? Along : Across);
+  FMaxNumberLabelHeight = std::max(FMaxNumberLabelHeight, GetHorizontal() ? Across : Along);
+  const float Off = PointsOutwards() ? LabelBase() + Across / 2 : LabelBase() - Across / 2;
+  const float Place = Pos + SlantShift(Along);
+  Label->X = GetHorizontal() ? Place : Off;
+  Label->Y = GetHorizontal() ? Off : Place;
   FAxLabels.push_back(std::move(Label));
 }
 
+/// The caption stands behind the numbers, at one end of the axis line or at its middle.
 void TZyAxis::PlaceCaption() {
   FCaptionRec.ParseForSize();
   const float Labels = GetHorizontal() ? FMaxNumberLabelHeight : FMaxNumberLabelWidth;
   const float Numbers = FNumbersVisible ? DistanceNumbersCaption() + Labels : 0;
-  const float Base = LabelBase();
-  const bool Outwards = PointsOutwards();
-  const float Across = Outwards ? Base + Numbers : Base - Numbers;
-  FCaptionRec.Angle = GetHorizontal() ? 0 : 90;
-  FCaptionRec.Alignment = Outwards ? TZyContentAlignment::TopCenter : TZyContentAlignment::BottomCenter;
-  FCaptionRec.X = GetHorizontal() ? FAxLeft + FAxLength / 2 : Across;
-  FCaptionRec.Y = GetHorizontal() ? Across : FAxTop + FAxLength / 2;
+  const float Across = PointsOutwards() ? LabelBase() + Numbers : LabelBase() - Numbers;
+  const int Where = FCaptionAlignment == TAlignment::taLeftJustify ? 0
+                    : FCaptionAlignment == TAlignment::taCenter    ? 1
+                                                                   : 2;
+  const float Part = FAxLength * static_cast<float>(Where) / 2;
+  FCaptionRec.Angle = CaptionIsTurned() ? 90 : 0;
+  FCaptionRec.X = GetHorizontal() ? FAxLeft + Part : Across;
+  FCaptionRec.Y = GetHorizontal() ? Across : FAxTop + FAxLength - Part;
+  // Nine places in rows from top to bottom. A text along the axis puts one edge at the numbers and runs along; a
+  // horizontal one on a vertical axis puts a side there, and its bottom at the lower end.
+  int Row, Column;
+  if (GetHorizontal() || CaptionIsTurned()) {
+    Row = PointsOutwards() ? 0 : 2;
+    Column = Where;
+  } else {
+    Row = 2 - Where;
+    Column = PointsOutwards() ? 0 : 2;
+  }
+  FCaptionRec.Alignment = static_cast<TZyContentAlignment>(3 * Row + Column);
 }
 
 std::vector<std::string> TZyAxis::LabelTexts() const {

@@ -1,5 +1,8 @@
 #include "graph/ZyCustomGraph.h"
 
+#include <algorithm>
+
+#include "persistence/ZyIO.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
@@ -8,18 +11,32 @@ namespace zy {
 
 ZY_PUBLISHED(
     TZyCustomGraph, TCustomPanel, Published<&TZyCustomGraph::Caption, &TZyCustomGraph::SetCaption>("Caption"),
+    Published<&TZyCustomGraph::CaptionAlignment, &TZyCustomGraph::SetCaptionAlignment>("CaptionAlignment",
+                                                                                       TAlignment::taCenter),
+    Published<&TZyCustomGraph::CaptionColor, &TZyCustomGraph::SetCaptionColor>("CaptionColor").NotStored(),
     Published<&TZyCustomGraph::CaptionVisible, &TZyCustomGraph::SetCaptionVisible>("CaptionVisible", false),
     Published<&TZyCustomGraph::CaptionDistanceBefore, &TZyCustomGraph::SetCaptionDistanceBefore>(
         "CaptionDistanceBefore", 0.0f),
     Published<&TZyCustomGraph::CaptionDistanceAfter, &TZyCustomGraph::SetCaptionDistanceAfter>("CaptionDistanceAfter",
                                                                                                0.0f),
-    Published<&TZyCustomGraph::Font>("Font"),
+    Published<&TZyCustomGraph::Font>("Font").StoredIf<&TZyCustomGraph::HasOwnFont>(),
+    Published<&TZyCustomGraph::ParentFont, &TZyCustomGraph::SetParentFont>("ParentFont", true),
     Published<&TZyCustomGraph::BackColor, &TZyCustomGraph::SetBackColor>("BackColor", Colors::Transparent),
+    Published<&TZyCustomGraph::BackgroundGradient>("BackgroundGradient"),
     Published<&TZyCustomGraph::SmoothingMode, &TZyCustomGraph::SetSmoothingMode>("SmoothingMode",
                                                                                  TZySmoothingMode::HighQuality))
 
-TZyCustomGraph::TZyCustomGraph(TComponent* Owner) : TCustomPanel(Owner), FTitleRec([this] { Invalidate(); }) {
-  FTitleRec.CaptionFont().OnNeedsResize = [this] { Modified(); };
+TZyCustomGraph::TZyCustomGraph(TComponent* Owner)
+    : TCustomPanel(Owner),
+      FTitleRec([this] {
+        FTitleFont.FontChanged();
+        Invalidate();
+      }),
+      FBackgroundGradient([this] { Invalidate(); }) {
+  FTitleRec.CaptionFont().OnNeedsResize = [this] {
+    FTitleFont.FontChanged();
+    Modified();
+  };
   FTitleRec.Alignment = TZyContentAlignment::TopCenter;
   TCustomPanel::SetBounds(0, 0, 600, 400);
 }
@@ -31,7 +48,29 @@ void TZyCustomGraph::SetCaption(const TZyRichCaption& Value) {
   if (Trimmed == FTitleRec.Caption()) return;
   if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sGraphCaption), "Caption");
   FTitleRec.SetCaption(Trimmed);
+  FCaptionSet = true;
+  ParseCaption();
+}
+
+void TZyCustomGraph::ParseCaption() {
+  if (Parent() == nullptr) return Modified();  // a chart without a parent still paints into pictures
+  FTitleRec.ParseForSize();
   Modified();
+}
+
+void TZyCustomGraph::SetCaptionAlignment(TAlignment Value) {
+  if (!Change(this, FCaptionAlignment, Value, _sGraphCaptionAlignment, "CaptionAlignment", &TZyCustomGraph::Modified))
+    return;
+  constexpr TZyContentAlignment Places[] = {TZyContentAlignment::TopLeft, TZyContentAlignment::TopRight,
+                                            TZyContentAlignment::TopCenter};
+  FTitleRec.Alignment = Places[static_cast<int>(Value)];
+}
+
+void TZyCustomGraph::SetCaptionColor(TZyColor Value) {
+  if (CaptionColor() == Value) return;
+  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sGraphCaptionColor), "CaptionColor");
+  FTitleRec.CaptionFont().SetFillColor(Value);
+  Invalidate();
 }
 
 void TZyCustomGraph::SetCaptionVisible(bool Value) {
@@ -58,7 +97,39 @@ void TZyCustomGraph::SetSmoothingMode(TZySmoothingMode Value) {
   Invalidate();
 }
 
-void TZyCustomGraph::SetUndoStack(TZyUndoStack* Value) { FUndoStack = Value; }
+void TZyCustomGraph::SetUndoStack(TZyUndoStack* Value) {
+  FUndoStack = Value;
+  FBackgroundGradient.SetUndoStack(Value);
+  for (IZyGraphLegend* Legend : FRelatedLegends) Legend->SetUndoStack(Value);
+}
+
+void TZyCustomGraph::SetName(const std::string& Value) {
+  const bool IsFirst = Name().empty();
+  TCustomPanel::SetName(Value);
+  if (!IsDesigning()) return;
+  if (!FCaptionSet) {
+    SetCaption(Value);
+    FCaptionSet = false;
+  }
+  if (IsFirst && !IsLoading() && FUndoStack == nullptr && Owner() != nullptr) TakeUndoStack();
+}
+
+void TZyCustomGraph::TakeUndoStack() {
+  for (TComponent* Component : Owner()->Components())
+    if (auto* const Stack = dynamic_cast<TZyUndoStack*>(Component)) return SetUndoStack(Stack);
+  auto* const Stack = new TZyUndoStack(Owner());
+  Stack->SetName(UniqueName(Owner(), "ZyUndoStack"));
+  SetUndoStack(Stack);
+}
+
+bool TZyCustomGraph::Contains(const TComponent* Component) const {
+  return std::find(Components().begin(), Components().end(), Component) != Components().end();
+}
+
+void TZyCustomGraph::AddRelatedLegend(IZyGraphLegend* Legend) {
+  if (std::find(FRelatedLegends.begin(), FRelatedLegends.end(), Legend) == FRelatedLegends.end())
+    FRelatedLegends.push_back(Legend);
+}
 
 void TZyCustomGraph::Notification(TComponent* AComponent, TOperation Operation) {
   TCustomPanel::Notification(AComponent, Operation);
@@ -71,9 +142,19 @@ void TZyCustomGraph::EndUpdate() {
 }
 
 void TZyCustomGraph::SetBounds(int ALeft, int ATop, int AWidth, int AHeight) {
-  const bool SizeChanges = AWidth != Width() || AHeight != Height();
+  if (AWidth != Width() || AHeight != Height()) BoundsChanged();
   TCustomPanel::SetBounds(ALeft, ATop, AWidth, AHeight);
-  if (SizeChanges) BoundsChanged();
+}
+
+void TZyCustomGraph::ParentFontChanged() {
+  TCustomPanel::ParentFontChanged();
+  FTitleFont.Take();
+}
+
+bool TZyCustomGraph::WMEraseBkgnd(Graphics& Gr) {
+  constexpr unsigned Opaque = 255;
+  if (GetAlpha(FBackColor) < Opaque && !FDoingImage) DrawParentBackground(Gr);
+  return true;
 }
 
 void TZyCustomGraph::SetHighQuality(Graphics& Gr, bool On) const {

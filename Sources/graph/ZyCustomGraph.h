@@ -1,9 +1,15 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "annotations/ZyParentFont.h"
 #include "annotations/ZyRichCaption.h"
+#include "graph/ZyGradientSettings.h"
+#include "graph/ZyGraphParts.h"
+#include "graph/ZyPollingThread.h"
 #include "platform/controls/TCustomPanel.h"
+#include "platform/framework/Alignment.h"
 #include "platform/framework/EnumInfo.h"
 #include "platform/framework/TRef.h"
 
@@ -28,6 +34,9 @@ class TZyCustomGraph : public TCustomPanel {
   /// The title. Trailing blanks are dropped.
   const TZyRichCaption& Caption() const { return FTitleRec.Caption(); }
   void SetCaption(const TZyRichCaption& Value);
+  /// Where the title stands along the width. Centred at first.
+  TAlignment CaptionAlignment() const { return FCaptionAlignment; }
+  void SetCaptionAlignment(TAlignment Value);
   bool CaptionVisible() const { return FCaptionVisible; }
   void SetCaptionVisible(bool Value);
   /// Pixels above and below the title.
@@ -35,10 +44,15 @@ class TZyCustomGraph : public TCustomPanel {
   void SetCaptionDistanceBefore(float Value);
   float CaptionDistanceAfter() const { return FCaptionDistanceAfter; }
   void SetCaptionDistanceAfter(float Value);
-  /// Font of the title.
+  /// Fill colour of the title's font.
+  TZyColor CaptionColor() const { return FTitleRec.CaptionFont().FillColor(); }
+  void SetCaptionColor(TZyColor Value);
+  /// Font of the title: that of the parent until it is changed.
   TZyFont& Font() { return FTitleRec.CaptionFont(); }
   TZyColor BackColor() const { return FBackColor; }
   void SetBackColor(TZyColor Value);
+  /// Drawn over the back colour while it is visible.
+  TZyGradientSettings& BackgroundGradient() { return FBackgroundGradient; }
   TZySmoothingMode SmoothingMode() const { return FSmoothingMode; }
   void SetSmoothingMode(TZySmoothingMode Value);
   TZyUndoStack* UndoStack() const { return FUndoStack; }
@@ -51,26 +65,57 @@ class TZyCustomGraph : public TCustomPanel {
   /// Marks the chart for layout.
   virtual void Modified() {}
   virtual void Calculate() {}
+  /// While the chart paints into a picture or a file.
+  bool DoingImage() const { return FDoingImage; }
+  void SetDoingImage(bool Value) { FDoingImage = Value; }
+  /// The caption, or the name of the component without one.
+  const std::string& CaptionAsString() const { return Caption().empty() ? Name() : Caption(); }
+  /// Measures the title anew; the chart is laid out at the next paint. Nothing without a parent.
+  void ParseCaption();
+  /// Whether the component is one that the chart itself owns.
+  bool Contains(const TComponent* Component) const;
+
+  /// The legends of the chart. They enter and leave by themselves.
+  const std::vector<IZyGraphLegend*>& RelatedLegends() const { return FRelatedLegends; }
+  void AddRelatedLegend(IZyGraphLegend* Legend);
+  void RemoveRelatedLegend(IZyGraphLegend* Legend) { std::erase(FRelatedLegends, Legend); }
+
   /// Turns the smoothing of the chart on, or all smoothing off.
   void SetHighQuality(Graphics& Gr, bool On) const;
 
+  /// An extent that changes is told to BoundsChanged first.
   void SetBounds(int ALeft, int ATop, int AWidth, int AHeight) override;
+  /// While the form is designed, the caption follows the name until it is set by hand, and a chart without an undo
+  /// stack takes the first one of its owner, or gets one.
+  void SetName(const std::string& Value) override;
 
  protected:
+  /// A chart whose back colour lets something through stands on what lies behind it.
+  bool WMEraseBkgnd(Graphics& Gr) override;
   virtual void BoundsChanged() {}
+  void ParentFontChanged() override;
   void Notification(TComponent* AComponent, TOperation Operation) override;
 
   TZyRichCaptionObject FTitleRec;
   bool FNeedsRecalculate = false;
+  TZyPollingThread FPollingThread;
 
  private:
+  void TakeUndoStack();
+
+  TZyParentFont FTitleFont{*this, FTitleRec.CaptionFont()};
   TRef<TZyUndoStack> FUndoStack{this};
+  TZyGradientSettings FBackgroundGradient;
+  bool FDoingImage = false;
+  bool FCaptionSet = false;
+  TAlignment FCaptionAlignment = TAlignment::taCenter;
   bool FCaptionVisible = false;
   float FCaptionDistanceAfter = 0;
   float FCaptionDistanceBefore = 0;
   TZyColor FBackColor = Colors::Transparent;
   TZySmoothingMode FSmoothingMode = TZySmoothingMode::HighQuality;
   int FUpdateCount = 0;
+  std::vector<IZyGraphLegend*> FRelatedLegends;
 };
 
 }  // namespace zy

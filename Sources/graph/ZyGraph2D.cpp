@@ -5,6 +5,7 @@
 
 #include "graph/ZyRegisterClasses.h"
 #include "persistence/ZyIO.h"
+#include "platform/controls/InputDispatch.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
@@ -14,7 +15,8 @@
 namespace zy {
 
 ZY_PUBLISHED(
-    TZyGraph2D, TZyCustomGraph,
+    TZyGraph2D, TZyCustomGraph, Published<&TZyGraph2D::ZeroOrigin, &TZyGraph2D::SetZeroOrigin>("ZeroOrigin", false),
+    Published<&TZyGraph2D::DataAreaGradient>("DataAreaGradient"),
     Published<&TZyGraph2D::DataAreaColor, &TZyGraph2D::SetDataAreaColor>("DataAreaColor", Colors::Transparent),
     Published<&TZyGraph2D::DataAreaFrame>("DataAreaFrame"),
     Published<&TZyGraph2D::MajorGridHorizontal>("MajorGridHorizontal"),
@@ -33,6 +35,7 @@ ZY_PUBLISHED(
 
 TZyGraph2D::TZyGraph2D(TComponent* Owner)
     : TZyCustomGraph(Owner),
+      FDataAreaGradient([this] { Invalidate(); }),
       FDataAreaFrame(MakeLine(Colors::Black)),
       FMajorGridHorizontal(MakeLine(Colors::Green)),
       FMinorGridHorizontal(MakeLine(Colors::Gray)),
@@ -40,6 +43,7 @@ TZyGraph2D::TZyGraph2D(TComponent* Owner)
       FMinorGridVertical(MakeLine(Colors::Gray)) {
   RegisterChartClasses();
   FNeedsRecalculate = true;
+  FPollingThread.OnPoll = [this] { SeriesPoll(); };
 }
 
 TZyGraph2D::~TZyGraph2D() { Destroying(); }
@@ -65,6 +69,10 @@ std::vector<TZyAxis*> TZyGraph2D::Axes() const {
 }
 
 // --- Properties -----------------------------------------------------------------------------------------------------
+
+void TZyGraph2D::SetZeroOrigin(bool Value) {
+  Change(this, FZeroOrigin, Value, _sGraphZeroOrigin, "ZeroOrigin", &TZyGraph2D::Modified);
+}
 
 void TZyGraph2D::SetDataAreaColor(TZyColor Value) {
   Change(this, FDataAreaColor, Value, _sGraphDataAreaColor, "DataAreaColor", &TZyGraph2D::Invalidate);
@@ -103,6 +111,9 @@ void TZyGraph2D::SetUndoStack(TZyUndoStack* Value) {
   for (TZySeries* Series : FRelatedSeries) Series->SetUndoStack(Value);
   for (TZyAxis* Axis : Axes()) Axis->SetUndoStack(Value);
   for (TZyLineSettings* Line : Lines()) Line->SetUndoStack(Value);
+  FDataAreaGradient.SetUndoStack(Value);
+  for (TControl* Control : Controls())
+    if (auto* const Marker = dynamic_cast<IZyGraphMarker*>(Control)) Marker->SetUndoStack(Value);
 }
 
 // --- Change protocol ------------------------------------------------------------------------------------------------
@@ -117,7 +128,63 @@ void TZyGraph2D::Modified() {
 void TZyGraph2D::SeriesModified() {
   if (IsDestroying()) return;
   for (TZySeries* Series : FRelatedSeries) Series->PointsModified();
-  Invalidate();
+  if (!FPanning) Invalidate();
+}
+
+void TZyGraph2D::LegendsModified() {
+  if (IsDestroying() || FTellingLegends) return;
+  FTellingLegends = true;  // graphs that use each other's X axes would go round in circles
+  auto* const Master =
+      FIsCoupledGraph && FPrimaryXAxis != nullptr ? dynamic_cast<TZyGraph2D*>(FPrimaryXAxis->Parent()) : nullptr;
+  if (Master != nullptr) Master->LegendsModified();
+  for (const TZyGraph2D* Child : FChildGraphs)
+    for (IZyGraphLegend* Legend : Child->RelatedLegends()) Legend->Modified();
+  for (IZyGraphLegend* Legend : RelatedLegends()) Legend->Modified();
+  FTellingLegends = false;
+}
+
+/// Runs on the control thread, some ten times a second: data that came since the last paint move the axes, and so bring
+/// about the next one.
+void TZyGraph2D::SeriesPoll() {
+  if (!Updating() && !FNeedsRecalculate && !IsDestroying()) TestSeriesAndAxis();
+}
+
+std::vector<TZyDoubleVector*> TZyGraph2D::GetVectorsList() const {
+  std::vector<TZyDoubleVector*> Result;
+  for (const TZySeries* Series : FRelatedSeries) {
+    if (Series->Name().empty()) continue;
+    for (TZyCustomDoubleVector* Data : {Series->XData(), Series->YData()}) {
+      auto* const Vector = dynamic_cast<TZyDoubleVector*>(Data);
+      if (Vector != nullptr && std::find(Result.begin(), Result.end(), Vector) == Result.end())
+        Result.push_back(Vector);
+    }
+  }
+  return Result;
+}
+
+void TZyGraph2D::UndoPushSeriesVectors() {
+  TZyUndoStack* const Stack = UndoStack();
+  if (Stack == nullptr || !Stack->Enabled()) return;
+  Stack->StartGroup(LoadResString(_sGraphData));
+  for (TZyDoubleVector* Vector : GetVectorsList()) Stack->PushVectorState(Vector, "");
+  Stack->StopGroup();
+}
+
+void TZyGraph2D::CheckCoupled() {
+  if (IsLoading()) return;
+  FAxes = Axes();
+  FChildGraphs.clear();
+  FIsCoupledGraph = false;
+  if (FPrimaryXAxis == nullptr) return;
+  if (FPrimaryXAxis->Parent() != this) {
+    FIsCoupledGraph = true;
+    FAxes.push_back(FPrimaryXAxis);
+  } else if (Owner() != nullptr) {
+    for (TComponent* Component : Owner()->Components()) {
+      auto* const Other = dynamic_cast<TZyGraph2D*>(Component);
+      if (Other != nullptr && Other != this && Other->PrimaryXAxis() == FPrimaryXAxis) FChildGraphs.push_back(Other);
+    }
+  }
 }
 
 bool TZyGraph2D::AddRelatedSeries(TZySeries* Series) {
@@ -129,6 +196,8 @@ bool TZyGraph2D::AddRelatedSeries(TZySeries* Series) {
 void TZyGraph2D::Notification(TComponent* AComponent, TOperation Operation) {
   TZyCustomGraph::Notification(AComponent, Operation);
   if (Operation != TOperation::Remove || IsDestroying()) return;
+  std::erase(FAxes, AComponent);
+  std::erase(FChildGraphs, AComponent);
   if (AComponent == FPrimaryXAxis) FPrimaryXAxis = nullptr;
   if (AComponent == FPrimaryYAxis) FPrimaryYAxis = nullptr;
 }
@@ -140,12 +209,17 @@ void TZyGraph2D::BoundsChanged() {
 
 void TZyGraph2D::TestPrimaryAxis() {
   TComponent* const AxisOwner = Owner() != nullptr ? Owner() : this;
+  FDoingPrimary = true;
   const auto MakeAxis = [this, AxisOwner](TZyAxisPosition Position, const char* BaseName, const char* Text) {
     auto* const Axis = new TZyAxis(AxisOwner);
     Axis->SetPosition(Position);
     Axis->SetName(UniqueName(AxisOwner, BaseName));
     Axis->SetCaption(Text);
     Axis->SetParent(this);
+    if (Axis->GetHorizontal())
+      Axis->SetWidth(Width());
+    else
+      Axis->SetHeight(Height());
     return Axis;
   };
   if (FPrimaryXAxis == nullptr) FPrimaryXAxis = MakeAxis(TZyAxisPosition::Bottom, "XAxis", "X-Axis");
@@ -153,6 +227,7 @@ void TZyGraph2D::TestPrimaryAxis() {
   if (FPrimaryYAxis->GetHorizontal()) FPrimaryYAxis->SetPosition(TZyAxisPosition::Left);
   if (!FPrimaryXAxis->GetHorizontal()) FPrimaryXAxis->SetPosition(TZyAxisPosition::Bottom);
   FNeedsRecalculate = true;
+  FDoingPrimary = false;
 }
 
 void TZyGraph2D::TestSeriesAndAxis() {
@@ -174,6 +249,8 @@ void TZyGraph2D::SortLayers() {
 
 void TZyGraph2D::Calculate() {
   if (Updating() || FPrimaryXAxis == nullptr || FPrimaryYAxis == nullptr) return;
+  const TBusyCursor Busy;
+  CheckCoupled();
   SortLayers();
   FTitleRec.ParseForSize();
   if (FPrimaryXAxis->Parent() == this) FPrimaryXAxis->Calculate();
@@ -181,104 +258,53 @@ void TZyGraph2D::Calculate() {
   FNeedsRecalculate = false;
 }
 
-void TZyGraph2D::PlaceTitle() {
-  FTitleRec.Y = CaptionDistanceBefore();
-  FTitleRec.X = static_cast<float>(ClientWidth()) / 2;
-}
-
-// --- Painting -------------------------------------------------------------------------------------------------------
-
-void TZyGraph2D::PaintGr(Graphics& Gr) {
-  if (FOnce) {
-    FOnce = false;
-    TestPrimaryAxis();
+TZyFindSeriesPointResult TZyGraph2D::FindSeriesPoint(int X, int Y) const {
+  for (auto Place = FRelatedSeries.rbegin(); Place != FRelatedSeries.rend(); ++Place) {
+    TZySeries& Series = **Place;
+    const int Index = Series.FindPoint(X, Y);
+    if (Index >= 0) return {true, &Series, Index, Series.XData()->GetValue(Index), Series.YData()->GetValue(Index)};
   }
-  if (FPrimaryXAxis == nullptr || FPrimaryYAxis == nullptr) return;
-  TestSeriesAndAxis();
-  CalculateWhenDirty();
-  SetHighQuality(Gr, false);
-  PaintBackground(Gr);
-  PaintDataArea(Gr);
-  if (CaptionVisible()) FTitleRec.PaintGr(Gr);
-  PaintVerticalGrid(Gr);
-  PaintHorizontalGrid(Gr);
-  SetHighQuality(Gr, true);
-  PaintSeries(Gr);
-  PaintFrame(Gr);
-  PaintAxes(Gr);
-  SetHighQuality(Gr, false);
+  return {};
 }
 
-/// An axis that waits for layout counts as well, so that series never draw on a scale that is out of date.
-void TZyGraph2D::CalculateWhenDirty() {
-  const std::vector<TZyAxis*> Children = Axes();
-  const auto Waits = [](const TZyAxis* Axis) { return Axis->NeedsRecalculate(); };
-  if (FNeedsRecalculate || std::any_of(Children.begin(), Children.end(), Waits)) Calculate();
+bool TZyGraph2D::MouseInDataArea() const {
+  const TPoint Place = ScreenToClient(CursorPos());
+  const auto X = static_cast<float>(Place.X), Y = static_cast<float>(Place.Y);
+  return X >= FDrawingArea.X && X <= FDrawingArea.X + FDrawingArea.Width && Y >= FDrawingArea.Y &&
+         Y <= FDrawingArea.Y + FDrawingArea.Height;
 }
 
-void TZyGraph2D::PaintBackground(Graphics& Gr) const {
-  if (GetAlpha(BackColor()) == 0) return;
-  Gr.FillRectangle(SolidBrush(BackColor()), 0, 0, static_cast<float>(Width()), static_cast<float>(Height()));
+void TZyGraph2D::RepaintChildGraphs() {
+  for (TZyGraph2D* Child : FChildGraphs) Child->Repaint();
 }
 
-void TZyGraph2D::PaintDataArea(Graphics& Gr) const {
-  if (FDataAreaColor == BackColor() || GetAlpha(FDataAreaColor) == 0) return;
-  Gr.FillRectangle(SolidBrush(FDataAreaColor), FDrawingArea.X, FDrawingArea.Y, FDrawingArea.Width - 1,
-                   FDrawingArea.Height - 1);
+void TZyGraph2D::SetName(const std::string& Value) {
+  const bool IsFirst = Name().empty();
+  TZyCustomGraph::SetName(Value);
+  if (!IsDesigning() || !IsFirst || IsLoading()) return;
+  for (TZyAxis* Axis : {PrimaryXAxis(), PrimaryYAxis()})
+    if (Axis != nullptr && Axis->UndoStack() == nullptr) Axis->SetUndoStack(UndoStack());
+  constexpr float Upwards = 90;
+  for (TZyLineSettings* Major : {FMajorGridHorizontal.get(), FMajorGridVertical.get()})
+    Major->SetDashStyle(DashStyleDash);
+  for (TZyLineSettings* Minor : {FMinorGridHorizontal.get(), FMinorGridVertical.get()})
+    Minor->SetDashStyle(DashStyleDot);
+  for (TZyGradientSettings* Gradient : {&FDataAreaGradient, &BackgroundGradient()}) Gradient->SetLinearAngle(Upwards);
 }
 
-void TZyGraph2D::PaintVerticalGrid(Graphics& Gr) const {
-  const float Top = FDrawingArea.Y, Bottom = FDrawingArea.Y + FDrawingArea.Height - 1;
-  const auto Draw = [&](const TZyLineSettings& Grid, bool Major) {
-    if (!Grid.Visible()) return;
-    const auto GridPen = Grid.GetPen(FDrawingArea, 0);
-    const auto& Ticks = FPrimaryXAxis->Ticks();
-    for (std::size_t Index = 0; Index < Ticks.size(); ++Index) {
-      if (FPrimaryXAxis->MajorGridTicks()[Index] != Major) continue;
-      const float X = std::round(Ticks[Index]);
-      Gr.DrawLine(*GridPen, X, Top, X, Bottom);
-    }
-  };
-  Draw(*FMajorGridVertical, true);
-  Draw(*FMinorGridVertical, false);
-}
-
-void TZyGraph2D::PaintHorizontalGrid(Graphics& Gr) const {
-  const float Left = FDrawingArea.X, Right = FDrawingArea.X + FDrawingArea.Width - 1;
-  const auto Draw = [&](const TZyLineSettings& Grid, bool Major) {
-    if (!Grid.Visible()) return;
-    const auto GridPen = Grid.GetPen(FDrawingArea, 0);
-    const auto& Ticks = FPrimaryYAxis->Ticks();
-    for (std::size_t Index = 0; Index < Ticks.size(); ++Index) {
-      if (FPrimaryYAxis->MajorGridTicks()[Index] != Major) continue;
-      const float Y = std::round(Ticks[Index]);
-      Gr.DrawLine(*GridPen, Left, Y, Right, Y);
-    }
-  };
-  Draw(*FMajorGridHorizontal, true);
-  Draw(*FMinorGridHorizontal, false);
-}
-
-void TZyGraph2D::PaintSeries(Graphics& Gr) {
-  const Region Saved = Gr.GetClip();
-  Gr.SetClip(FDrawingArea, CombineModeIntersect);
-  for (TZySeries* Series : FRelatedSeries) Series->PaintGr(Gr);
-  Gr.SetClip(Saved);
-}
-
-void TZyGraph2D::PaintFrame(Graphics& Gr) const {
-  if (!FDataAreaFrame->Visible()) return;
-  Gr.DrawRectangle(*FDataAreaFrame->GetPen(FDrawingArea, 0), FDrawingArea.X, FDrawingArea.Y, FDrawingArea.Width - 1,
-                   FDrawingArea.Height - 1);
-}
-
-void TZyGraph2D::PaintAxes(Graphics& Gr) {
-  const Matrix Saved = Gr.GetTransform();
-  for (TZyAxis* Axis : Axes()) {
-    if (!Axis->Visible()) continue;
-    Gr.TranslateTransform(static_cast<float>(Axis->Left()), static_cast<float>(Axis->Top()));
-    Axis->PaintGr(Gr);
-    Gr.SetTransform(Saved);
+void TZyGraph2D::PlaceTitle() {
+  const auto Extent = static_cast<float>(ClientWidth());
+  FTitleRec.Y = CaptionDistanceBefore();
+  switch (CaptionAlignment()) {
+    case TAlignment::taLeftJustify:
+      FTitleRec.X = FDistanceBorderAxisLeft;
+      break;
+    case TAlignment::taRightJustify:
+      FTitleRec.X = Extent - FDistanceBorderAxisRight;
+      break;
+    case TAlignment::taCenter:
+      FTitleRec.X = Extent / 2;
+      break;
   }
 }
 

@@ -11,7 +11,18 @@
 
 namespace zy {
 
+class Pen;
+class TZyDoubleVector;
 class TZySeries;
+
+/// What lies at a place of a chart: a point of a series and its values.
+struct TZyFindSeriesPointResult {
+  bool Found = false;
+  TZySeries* InSeries = nullptr;
+  int Index = -1;
+  double X = 0;
+  double Y = 0;
+};
 
 /// The cartesian chart: finds its axes and series, and turns a change or a paint request into a picture.
 ///
@@ -23,8 +34,12 @@ class TZyGraph2D : public TZyCustomGraph {
   explicit TZyGraph2D(TComponent* Owner = nullptr);
   ~TZyGraph2D() override;
 
+  /// Whether the axes cross at the value 0 instead of standing beside the data area.
+  bool ZeroOrigin() const { return FZeroOrigin; }
+  void SetZeroOrigin(bool Value);
   TZyColor DataAreaColor() const { return FDataAreaColor; }
   void SetDataAreaColor(TZyColor Value);
+  TZyGradientSettings& DataAreaGradient() { return FDataAreaGradient; }
   TZyLineSettings& DataAreaFrame() { return *FDataAreaFrame; }
   TZyLineSettings& MajorGridHorizontal() { return *FMajorGridHorizontal; }
   TZyLineSettings& MinorGridHorizontal() { return *FMinorGridHorizontal; }
@@ -47,7 +62,9 @@ class TZyGraph2D : public TZyCustomGraph {
 
   /// Draws the whole chart: the one order for screen, image and printer.
   void PaintGr(Graphics& Gr);
-  void Paint(Graphics& Gr) override { PaintGr(Gr); }
+  /// Paints on the screen. Where a part alone would not fit what stands beside it, the whole chart is painted once more
+  /// afterwards.
+  void Paint(Graphics& Gr) override;
   void Modified() override;
   void Calculate() override;
   /// The series have to compute their pixels anew.
@@ -58,6 +75,21 @@ class TZyGraph2D : public TZyCustomGraph {
   void TestSeriesAndAxis();
   /// Sorts the series by their layers and renumbers these from 0.
   void SortLayers();
+  /// Finds the axes of the graph, and the graphs that share its X axis.
+  void CheckCoupled();
+  /// The content of the legends is stale, here and in coupled graphs.
+  void LegendsModified();
+  /// Logs the data of all series as one step of undo, before they change.
+  void UndoPushSeriesVectors();
+  /// The vectors that serve as X or Y data of the series that have a name, each once.
+  std::vector<TZyDoubleVector*> GetVectorsList() const;
+
+  /// The point of a series at a place in client pixels; the series that was drawn last has the first say.
+  TZyFindSeriesPointResult FindSeriesPoint(int X, int Y) const;
+  /// Whether the mouse is over the data area, its edges included.
+  bool MouseInDataArea() const;
+  /// Paints the graphs that share this graph's X axis anew.
+  void RepaintChildGraphs();
 
   /// The data area in client pixels; width and height count one pixel more than the distance between the edges.
   const RectF& DrawingArea() const { return FDrawingArea; }
@@ -66,8 +98,34 @@ class TZyGraph2D : public TZyCustomGraph {
   const std::vector<TZySeries*>& RelatedSeries() const { return FRelatedSeries; }
   bool AddRelatedSeries(TZySeries* Series);
   void RemoveRelatedSeries(TZySeries* Series) { std::erase(FRelatedSeries, Series); }
-  /// All child axes in control order.
+  /// All child axes in control order, as they are now.
   std::vector<TZyAxis*> Axes() const;
+  /// All child axes in control order, and behind them the X axis of a coupled graph, which is a child of another one;
+  /// as CheckCoupled found them.
+  const std::vector<TZyAxis*>& AllAxes() const { return FAxes; }
+  /// The graphs that use this graph's X axis, as CheckCoupled found them.
+  const std::vector<TZyGraph2D*>& ChildGraphs() const { return FChildGraphs; }
+  bool HasChildGraphs() const { return !FChildGraphs.empty(); }
+  /// Whether the graph's X axis is the child of another graph.
+  bool IsCoupledGraph() const { return FIsCoupledGraph; }
+
+  /// A mouse gesture is running.
+  bool Zooming() const { return FZooming; }
+  bool Panning() const { return FPanning; }
+  void SetPanning(bool Value) { FPanning = Value; }
+  /// While the graph paints for a printer or a file: places of ticks and grid lines keep their fractions.
+  bool DoingMetafile() const { return FDoingMetafile; }
+  void SetDoingMetafile(bool Value) { FDoingMetafile = Value; }
+  /// While TestPrimaryAxis makes the default axes.
+  bool DoingPrimary() const { return FDoingPrimary; }
+  /// While the graph reads its record; axes ignore changes of ranges then.
+  bool LoadingRecord() const { return FLoadingRecord; }
+  bool NeedsRecalculate() const { return FNeedsRecalculate; }
+  /// Whether solids are drawn with walls behind them: there is a data area in a colour of its own, or a grid.
+  bool ShowsWalls() const;
+
+  /// While the form is designed, a new graph gets dashed grids, and its axes the undo stack of the graph.
+  void SetName(const std::string& Value) override;
 
   // For the layout pass.
   void SetDrawingArea(const RectF& Value) { FDrawingArea = Value; }
@@ -79,19 +137,43 @@ class TZyGraph2D : public TZyCustomGraph {
   void BoundsChanged() override;
 
  private:
+  /// How solids turn the data area into a room: pixels from the front to the back, and where floor and side wall meet
+  /// the front.
+  struct TRoom {
+    float DepthX = 0;
+    float DepthY = 0;
+    float Floor = 0;
+    float Wall = 0;
+    bool IsOpen = false;   // there are solids
+    bool HasGrid = false;  // any grid is shown
+    bool HasAxisAtRight = false;
+  };
+
   std::unique_ptr<TZyLineSettings> MakeLine(TZyColor Color);
   std::vector<TZyLineSettings*> Lines() const;
   void SetMargin(float& Field, float Value, TZyText Label, const char* PropName);
+  void SeriesPoll();
   void CalculateWhenDirty();
-  void PaintBackground(Graphics& Gr) const;
-  void PaintDataArea(Graphics& Gr) const;
-  void PaintVerticalGrid(Graphics& Gr) const;
-  void PaintHorizontalGrid(Graphics& Gr) const;
-  void PaintSeries(Graphics& Gr);
+  bool HasDataAreaColor() const;
+  TRoom FindRoom() const;
+  void PaintBackground(Graphics& Gr);
+  void PaintDataArea(Graphics& Gr, const TRoom& Room);
+  void PaintWalls(Graphics& Gr, const TRoom& Room);
+  void PaintVerticalGrid(Graphics& Gr, const TRoom& Room) const;
+  void PaintHorizontalGrid(Graphics& Gr, const TRoom& Room) const;
+  void PaintRoomEdges(Graphics& Gr, const Pen& EdgePen, const TRoom& Room) const;
+  float GridPlace(float Tick) const;
+  template <class TDraw>
+  void PaintClippedToData(Graphics& Gr, const TDraw& Draw);
+  RectF DataClip() const;
   void PaintFrame(Graphics& Gr) const;
   void PaintAxes(Graphics& Gr);
+  void PaintLegends(Graphics& Gr);
+  template <class TPart>
+  void PaintMoved(Graphics& Gr, const TControl& Control, const TPart& Part);
 
   TZyColor FDataAreaColor = Colors::Transparent;
+  TZyGradientSettings FDataAreaGradient;
   std::unique_ptr<TZyLineSettings> FDataAreaFrame;
   std::unique_ptr<TZyLineSettings> FMajorGridHorizontal, FMinorGridHorizontal;
   std::unique_ptr<TZyLineSettings> FMajorGridVertical, FMinorGridVertical;
@@ -100,9 +182,20 @@ class TZyGraph2D : public TZyCustomGraph {
   float FDistanceBorderAxisBottom = 0;
   float FDistanceBorderAxisLeft = 0;
   float FDistanceBorderAxisRight = 0;
+  bool FZeroOrigin = false;
+  bool FZooming = false;
+  bool FPanning = false;
+  bool FDoingMetafile = false;
+  bool FDoingPrimary = false;
+  bool FLoadingRecord = false;
+  bool FIsCoupledGraph = false;
+  bool FTellingLegends = false;
   bool FOnce = true;
+  TRect FLastClip;  // of the previous paint
   RectF FDrawingArea;
   std::vector<TZySeries*> FRelatedSeries;
+  std::vector<TZyAxis*> FAxes;
+  std::vector<TZyGraph2D*> FChildGraphs;
 };
 
 }  // namespace zy

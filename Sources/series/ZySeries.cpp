@@ -121,6 +121,7 @@ void TZySeries::JoinGraph() {
   if (Graph == nullptr || Graph->IsDestroying()) return;
   if (Graph->AddRelatedSeries(this) && FUndoStack == nullptr) SetUndoStack(Graph->UndoStack());
   RangesModified();
+  Graph->LegendsModified();
   Graph->Modified();
 }
 
@@ -134,6 +135,7 @@ void TZySeries::LeaveGraph() {
   if (Graph->IsDestroying()) return;
   if (Graph->PrimaryYAxis() != nullptr) Graph->PrimaryYAxis()->RangeModified();
   Graph->SeriesModified();
+  Graph->LegendsModified();
 }
 
 void TZySeries::Notification(TComponent* AComponent, TOperation Operation) {

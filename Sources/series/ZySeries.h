@@ -70,6 +70,15 @@ class TZySeries : public TComponent {
   /// Maps the data to pixels: at most some points for each pixel column, however many values there are.
   virtual void CalculatePoints();
   virtual void PaintGr(Graphics& Gr);
+  /// Draws the symbols of the points; the graph calls it after frame and axes, so that they lie on top. The line alone
+  /// has none.
+  virtual void DrawSymbols(Graphics&) {}
+  /// Data index of the first point of the line within a pixel of a place, or -1; always -1 while the pixels are out of
+  /// date. Kinds with another shape have another rule.
+  virtual int FindPoint(int X, int Y) const;
+  /// Whether the line is long, plain and opaque, and nothing is smoothed: the kind that a partial repaint has to follow
+  /// up with a whole one.
+  bool CanDoCanvasDraw() const;
   /// Follows a change of visibility or style; the graph calls it at each of its calculations.
   virtual void TestVisibleChanged();
   /// Joins or leaves graph and axes, as the references allow.

@@ -89,4 +89,22 @@ void TZySeries::DrawLine(Graphics& Gr) {
   if (FLineSettings->Visible() && FPen != nullptr) Gr.DrawLines(*FPen, FPoints);
 }
 
+int TZySeries::FindPoint(int X, int Y) const {
+  if (FRecalculatePoints) return -1;
+  constexpr float Delta = 1;
+  for (std::size_t Index = 0; Index < FPoints.size(); ++Index)
+    if (std::abs(FPoints[Index].X - static_cast<float>(X)) <= Delta &&
+        std::abs(FPoints[Index].Y - static_cast<float>(Y)) <= Delta)
+      return FPointIndex[Index];
+  return -1;
+}
+
+bool TZySeries::CanDoCanvasDraw() const {
+  constexpr int MinPoints = 101;
+  constexpr unsigned Opaque = 255;
+  if (FGraph == nullptr || FGraph->DoingImage() || FGraph->SmoothingMode() != TZySmoothingMode::None) return false;
+  if (FCount < MinPoints || GetAlpha(FLineSettings->Color()) < Opaque) return false;
+  return FLineSettings->Width() <= 1 || FLineSettings->DashStyle() == DashStyleSolid;
+}
+
 }  // namespace zy

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/framework/EnumInfo.h"
+
+namespace zy {
+
+class Graphics;
+class TControl;
+class TZyUndoStack;
+
+// What a graph and its layout ask of the things in and around it, so that they know none of the classes above them.
+// A class implements an interface beside its own base; the graph finds it by a dynamic cast.
+
+/// Where a legend stands.
+enum class TZyLegendPosition {
+  BottomCenterOfGraph,
+  BottomCenterOfAxis,
+  LeftCenterOfGraph,
+  LeftCenterOfAxis,
+  LeftTopOfAxis,
+  TopCenterOfGraph,
+  TopCenterOfAxis,
+  RightCenterOfGraph,
+  RightCenterOfAxis,
+  RightTopOfAxis,
+  FreeFloating
+};
+ZY_ENUM(TZyLegendPosition, "BottomCenterOfGraph", "BottomCenterOfAxis", "LeftCenterOfGraph", "LeftCenterOfAxis",
+        "LeftTopOfAxis", "TopCenterOfGraph", "TopCenterOfAxis", "RightCenterOfGraph", "RightCenterOfAxis",
+        "RightTopOfAxis", "FreeFloating")
+
+/// A legend: a control in the graph, or in any other parent, that lists its series.
+class IZyGraphLegend {
+ public:
+  virtual ~IZyGraphLegend() = default;
+  /// The legend itself.
+  virtual TControl& Control() = 0;
+  virtual TZyLegendPosition Position() const = 0;
+  /// Brings size and content up to date.
+  virtual void PreparePaint() = 0;
+  /// Draws the legend in its own coordinates; the graph does it for legends inside it.
+  virtual void PaintGr(Graphics& Gr) = 0;
+  /// The content is stale.
+  virtual void Modified() = 0;
+  virtual void SetUndoStack(TZyUndoStack* Value) = 0;
+};
+
+/// A marker: a control in the graph whose place follows the axes.
+class IZyGraphMarker {
+ public:
+  virtual ~IZyGraphMarker() = default;
+  /// Runs after each layout.
+  virtual void UpdatePosition() = 0;
+  virtual void SetUndoStack(TZyUndoStack* Value) = 0;
+};
+
+/// Series that are drawn as solids and so turn the data area of their graph into a room.
+class IZySolidSeries {
+ public:
+  virtual ~IZySolidSeries() = default;
+  /// Whether they are drawn so now.
+  virtual bool IsSolid() const = 0;
+  /// Brings stale points up to date.
+  virtual void PrepareDepth() = 0;
+  /// Pixels to the right and up by which the back lies off the front.
+  virtual float HorizontalDepth() const = 0;
+  virtual float VerticalDepth() const = 0;
+};
+
+}  // namespace zy

@@ -1,0 +1,424 @@
+// The layout pass against sizes and places added up by hand.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+
+#include "graph/SampleChart.h"
+#include "graph/ZyGraphParts.h"
+#include "platform/controls/TGraphicControl.h"
+#include "platform/drawing/Font.h"
+
+namespace zy::testing {
+namespace {
+
+using enum TZyAxisPosition;
+
+class TStubLegend : public TGraphicControl, public IZyGraphLegend {
+ public:
+  TStubLegend(TSampleChart& Chart, TZyLegendPosition Position, int Width, int Height)
+      : TGraphicControl(&Chart.Form), FPosition(Position), FWidth(Width), FHeight(Height) {
+    SetBounds(7, 9, 1, 1);
+    SetParent(Chart.Graph);
+  }
+  TControl& Control() override { return *this; }
+  TZyLegendPosition Position() const override { return FPosition; }
+  void PreparePaint() override { SetBounds(Left(), Top(), FWidth, FHeight); }
+  void PaintGr(Graphics&) override {}
+  void Modified() override {}
+  void SetUndoStack(TZyUndoStack*) override {}
+
+ private:
+  TZyLegendPosition FPosition;
+  int FWidth, FHeight;
+};
+
+class TStubMarker : public TGraphicControl, public IZyGraphMarker {
+ public:
+  using TGraphicControl::TGraphicControl;
+  void UpdatePosition() override { ++(TZyAxis::LayoutRunning ? Inside : After); }
+  void SetUndoStack(TZyUndoStack*) override {}
+  int Inside = 0, After = 0;
+};
+
+/// A series whose bars have depth.
+class TSolidSeries : public TZyLineSeries, public IZySolidSeries {
+ public:
+  using TZyLineSeries::TZyLineSeries;
+  bool IsSolid() const override { return Solid; }
+  void PrepareDepth() override { ++Prepared; }
+  float HorizontalDepth() const override { return 12.4f; }
+  float VerticalDepth() const override { return 30; }
+  bool Solid = true;
+  int Prepared = 0;
+};
+
+/// A chart of five axes without texts: X, Y, a second one at the left, and one each at the top and at the right.
+class TFiveAxes : public TSampleChart {
+ public:
+  TFiveAxes() {
+    Left2 = AddAxis(Left);
+    Top2 = AddAxis(Top);
+    Right2 = AddAxis(Right);
+    for (TZyAxis* Axis : Graph->Axes()) Axis->SetNumbersVisible(false);
+  }
+  TZyAxis* AddAxis(TZyAxisPosition Position) {
+    auto* const Axis = new TZyAxis(&Form);
+    Axis->SetPosition(Position);
+    Axis->SetParent(Graph);
+    return Axis;
+  }
+  TZyAxis *Left2, *Top2, *Right2;
+};
+
+/// Where the line of an axis lies in the graph.
+float LineOf(const TZyAxis& Axis) {
+  return Axis.GetHorizontal() ? static_cast<float>(Axis.Top()) + Axis.AxTop()
+                              : static_cast<float>(Axis.Left()) + Axis.AxLeft();
+}
+
+// An axis needs 11 pixels across: half its line of 1 rounded up, and the major tick of 10. Its line is the last of its
+// pixels at the left and the top, and the second at the right and the bottom. So there are 22, 11, 10 and 10 pixels
+// outside the data area, which counts one pixel more than lies between its edges.
+TEST(ZyAxisLayoutTest, AddsUpAxesOnAllSides) {
+  using TC = TFiveAxes;
+  const struct {
+    const char* Name;
+    std::function<void(TC&)> Set;
+    RectF Area;
+    float YLine, Left2Line;
+  } Cases[] = {
+      {"plain", [](TC&) {}, {22, 11, 569, 380}, 22, 11},
+      {"borders",
+       [](TC& C) {
+         C.Graph->SetDistanceBorderAxisLeft(4.2f);
+         C.Graph->SetDistanceBorderAxisBottom(3);
+       },
+       {27, 11, 564, 377},
+       27,
+       16},
+      {"inner axis hidden", [](TC& C) { C.Y->SetVisible(false); }, {11, 11, 580, 380}, 22, 11},
+      {"outer axis hidden", [](TC& C) { C.Left2->SetVisible(false); }, {11, 11, 580, 380}, 11, 11},
+      {"both hidden",
+       [](TC& C) {
+         C.Y->SetVisible(false);
+         C.Left2->SetVisible(false);
+       },
+       {0, 11, 591, 380},
+       11,
+       11},
+      {"bottom hidden", [](TC& C) { C.X->SetVisible(false); }, {22, 11, 569, 390}, 22, 11},
+      {"gap to the values", [](TC& C) { C.Y->SetDistanceValuesAxis(5); }, {27, 11, 564, 380}, 22, 11},
+      {"gap on the outer axis", [](TC& C) { C.Left2->SetDistanceValuesAxis(5); }, {22, 11, 569, 380}, 22, 11},
+      {"ticks to the data", [](TC& C) { C.Y->SetTicksPointToData(true); }, {12, 11, 579, 380}, 12, 11},
+      {"ticks to the data below", [](TC& C) { C.X->SetTicksPointToData(true); }, {22, 11, 569, 389}, 22, 11},
+      {"thick line", [](TC& C) { C.Left2->SetAxisThicknes(3); }, {23, 11, 568, 380}, 23, 11},
+      {"long ticks", [](TC& C) { C.Left2->SetMajorTickLength(25); }, {37, 11, 554, 380}, 37, 26},
+      {"border gap", [](TC& C) { C.Y->SetDistanceToBorder(6); }, {28, 11, 563, 380}, 28, 11},
+      {"arrow to the right", [](TC& C) { C.X->ArrowPoint().SetVisible(true); }, {22, 11, 558, 380}, 22, 11},
+      {"arrow to the left",
+       [](TC& C) {
+         C.X->ArrowPoint().SetVisible(true);
+         C.X->ArrowPoint().SetPointLength(9.5f);  // 28.5 of room, where the axes have 22
+         C.X->SetTwisted(true);
+       },
+       {29, 11, 562, 380},
+       29,
+       11},
+      {"arrow upwards", [](TC& C) { C.Y->ArrowPoint().SetVisible(true); }, {22, 21, 569, 370}, 22, 11},
+  };
+  for (const auto& Case : Cases) {
+    TFiveAxes Chart;
+    Case.Set(Chart);
+    Chart.Graph->Calculate();
+    SCOPED_TRACE(Case.Name);
+    const RectF& Area = Chart.Graph->DrawingArea();
+    EXPECT_EQ(Area, Case.Area);
+    EXPECT_EQ(LineOf(*Chart.Y), Case.YLine);
+    EXPECT_EQ(LineOf(*Chart.Left2), Case.Left2Line);
+    for (TZyAxis* Axis : Chart.Graph->Axes()) {
+      EXPECT_EQ(Axis->AxLength(), (Axis->GetHorizontal() ? Area.Width : Area.Height) - 1);
+      EXPECT_EQ(Axis->GetHorizontal() ? Axis->AxLeft() : Axis->AxTop(), Axis->GetHorizontal() ? Area.X : Area.Y);
+      EXPECT_FALSE(Axis->NeedsRecalculate());
+    }
+    EXPECT_FALSE(TZyAxis::LayoutRunning);
+  }
+}
+
+TEST(ZyAxisLayoutTest, ArrowsStandWhereTheValuesGrow) {
+  for (const bool Twisted : {false, true}) {
+    TFiveAxes Chart;
+    for (TZyAxis* Axis : {Chart.Y, Chart.Left2, Chart.Right2}) Axis->SetVisible(false);
+    Chart.X->SetForeColor(Colors::Red);
+    Chart.X->ArrowPoint().SetVisible(true);  // 21 pixels of line and tip beyond the end
+    Chart.X->SetTwisted(Twisted);
+    const Bitmap Picture = Chart.Paint();
+    const int Row = static_cast<int>(LineOf(*Chart.X));
+    for (const int Column : {5, 594}) {
+      EXPECT_NE(Picture.GetPixel(Column, Row), 0u);
+      EXPECT_EQ(Picture.GetPixel(Column, Row - 1) != 0, (Column == 5) == Twisted) << "the tip is wider than the line";
+    }
+  }
+}
+
+TEST(ZyAxisLayoutTest, LongLabelsPushTheMarginsAcross) {
+  const Font NumbersFont("Arial", 12, {TFontStyle::Bold});
+  for (const bool Twisted : {false, true}) {
+    TFiveAxes Chart;
+    for (TZyAxis* Axis : {Chart.Y, Chart.Left2, Chart.Right2}) Axis->SetVisible(false);
+    Chart.X->SetNumbersVisible(true);
+    Chart.X->SetTwisted(Twisted);
+    Chart.X->SetOnGetScaleLabel(
+        [](TObject*, TZyScaleLabelEventArgs& Args) { Args.Caption = Args.Value == 10 ? "ten ten ten" : "-"; });
+    Chart.Graph->Calculate();
+    // No axis stands at the sides, so that half of the outer label is the margin; 2 pixels more at the right.
+    const float Long = NumbersFont.MeasureString("ten ten ten").Width / 2,
+                Short = NumbersFont.MeasureString("-").Width / 2;
+    const float Left = std::ceil(Twisted ? Long : Short), Right = std::ceil((Twisted ? Short : Long) + 2);
+    const RectF& Area = Chart.Graph->DrawingArea();
+    EXPECT_EQ(Area.X, Left);
+    EXPECT_EQ(Area.Width, 600 - Left - Right + 1);
+  }
+  // A turned label takes the other extent across, and both in parts along.
+  TFiveAxes Chart;
+  Chart.X->SetNumbersVisible(true);
+  Chart.X->SetRubricsAngle(90);
+  Chart.Graph->Calculate();
+  const float Across = std::ceil(1 + 10 + NumbersFont.MeasureString("10").Width);
+  EXPECT_NEAR(Chart.Graph->DrawingArea().Height, 400 - 11 - (Across - 1) + 1, 1);
+}
+
+TEST(ZyAxisLayoutTest, CaptionsTakeTheRoomOfTheirDirection) {
+  const SizeF Text = Font("Times New Roman", 14, {TFontStyle::Bold}).MeasureString("ordinate");
+  for (const bool Horizontal : {false, true}) {
+    TFiveAxes Chart;
+    Chart.Y->SetCaption("ordinate");
+    Chart.Y->SetCaptionHorizontalOnVerticalAxis(Horizontal);
+    Chart.Graph->Calculate();
+    EXPECT_EQ(Chart.Graph->DrawingArea().X, 11 + std::ceil(11 + (Horizontal ? Text.Width : Text.Height)));
+  }
+}
+
+// 10 pixels between values 0 and 1; the data area is from 50 to 550 and from 50 to 300 when no axis takes room.
+TEST(ZyAxisLayoutTest, AxesCrossAtZero) {
+  TSampleChart Chart;
+  Chart.X->SetStart(-5);
+  Chart.X->SetStop(5);
+  Chart.Y->SetStart(-5);
+  Chart.Y->SetStop(5);
+  Chart.X->SetVisible(false);
+  Chart.Graph->Calculate();
+  const auto Ticks = Chart.Y->Ticks().size();
+  Chart.Graph->SetZeroOrigin(true);
+  Chart.Graph->SetDistanceBorderAxisLeft(50);
+  Chart.Graph->SetDistanceBorderAxisRight(50);
+  Chart.Graph->Calculate();
+  EXPECT_TRUE(Chart.X->Visible());
+  const RectF& Area = Chart.Graph->DrawingArea();
+  // The first label on X is -5 with half its width beyond the end, and no axis at the sides: border and overhang.
+  const Font NumbersFont("Arial", 12, {TFontStyle::Bold});
+  EXPECT_EQ(Area.X, 50 + std::ceil(NumbersFont.MeasureString("-5").Width / 2));
+  EXPECT_EQ(Area.X + Area.Width - 1, 600 - 50 - std::ceil(NumbersFont.MeasureString("5").Width / 2 + 2));
+  EXPECT_NEAR(LineOf(*Chart.Y), Area.X + (Area.Width - 1) / 2, 0.5);
+  EXPECT_NEAR(static_cast<float>(Chart.X->Top()), Area.Y + (Area.Height - 1) / 2, 0.5);
+  for (const TZyAxis* Axis : {Chart.X, Chart.Y}) {
+    for (const std::string& Text : Axis->LabelTexts()) EXPECT_NE(Text, "0");
+    for (const float Tick : Axis->Ticks()) EXPECT_GT(std::fabs(Tick - Axis->NumberToWorld(0)), 0.1f);
+    EXPECT_EQ(Axis->Ticks().size(), Axis->MajorTicks().size());
+    EXPECT_EQ(Axis->Ticks().size(), Axis->MajorGridTicks().size());
+  }
+  EXPECT_EQ(Chart.Y->Ticks().size(), Ticks - 1);
+}
+
+TEST(ZyAxisLayoutTest, AxesThatDoNotReachZeroKeepTheirSides) {
+  const struct {
+    double Start, Stop;
+    std::vector<std::string> Texts;
+    bool InMargin;
+  } Cases[] = {{1, 6, {"1.5", "2.0", "2.5", "3.0", "3.5", "4.0", "4.5", "5.0", "5.5", "6.0"}, true},
+               {0, 10, {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}, true}};
+  for (const auto& Case : Cases) {
+    TSampleChart Chart;
+    Chart.Graph->SetZeroOrigin(true);
+    Chart.X->SetStop(Case.Stop);
+    Chart.X->SetStart(Case.Start);
+    Chart.X->SetLabelDistanceFactor(Case.Start > 0 ? 0.5f : 1);
+    Chart.Graph->Calculate();
+    const RectF& Area = Chart.Graph->DrawingArea();
+    EXPECT_EQ(Chart.X->LabelTexts(), Case.Texts);
+    EXPECT_EQ(LineOf(*Chart.Y), Area.X);
+    EXPECT_EQ(LineOf(*Chart.X), Area.Y + Area.Height - 1);
+  }
+}
+
+TEST(ZyAxisLayoutTest, LegendsReserveTheirSides) {
+  using enum TZyLegendPosition;
+  // The plain chart of five axes with 40 x 60 legends; the sides have 22, 11, 10 and 10 pixels without.
+  const struct {
+    TZyLegendPosition Position;
+    RectF Area;
+    int Left, Top;
+  } Cases[] = {
+      {BottomCenterOfGraph, {22, 11, 569, 320}, 280, 340},
+      {BottomCenterOfAxis, {22, 11, 569, 320}, 22 + 529 / 2, 340},
+      {TopCenterOfGraph, {22, 71, 569, 320}, 280, 0},
+      {TopCenterOfAxis, {22, 71, 569, 320}, 22 + 529 / 2, 0},
+      {LeftCenterOfGraph, {62, 11, 529, 380}, 0, 170},
+      {LeftCenterOfAxis, {62, 11, 529, 380}, 0, 171},
+      {LeftTopOfAxis, {62, 11, 529, 380}, 0, 11},
+      {RightCenterOfGraph, {22, 11, 529, 380}, 560, 170},
+      {RightCenterOfAxis, {22, 11, 529, 380}, 560, 171},
+      {RightTopOfAxis, {22, 11, 529, 380}, 560, 11},
+      {FreeFloating, {22, 11, 569, 380}, 7, 9},
+  };
+  for (const auto& Case : Cases) {
+    TFiveAxes Chart;
+    TStubLegend Legend(Chart, Case.Position, 40, 60);
+    if (Case.Position == FreeFloating) Legend.SetBounds(7, 9, 40, 60);
+    TStubLegend Smaller(Chart, Case.Position, 30, 50);  // shares the side and takes no more room
+    TStubLegend Hidden(Chart, Case.Position, 300, 300);
+    Hidden.SetVisible(false);
+    Chart.Graph->Calculate();
+    SCOPED_TRACE(static_cast<int>(Case.Position));
+    EXPECT_EQ(Chart.Graph->DrawingArea(), Case.Area);
+    EXPECT_EQ(Legend.Left(), Case.Left);
+    EXPECT_EQ(Legend.Top(), Case.Top);
+    EXPECT_EQ(Hidden.Left(), 7);
+  }
+}
+
+TEST(ZyAxisLayoutTest, SolidSeriesReserveTheirDepth) {
+  for (const bool Walls : {false, true}) {
+    for (const bool Solid : {false, true}) {
+      TFiveAxes Chart;
+      Chart.Right2->SetVisible(false);
+      auto* const Series = new TSolidSeries(&Chart.Form);
+      Series->Solid = Solid;
+      Series->SetXAxis(Chart.X);
+      Series->SetYAxis(Chart.Y);
+      Series->SetXData(Chart.AddVector("VX", {0, 10}));
+      Series->SetYData(Chart.AddVector("VY", {0, 10}));
+      if (Walls) Chart.Graph->MajorGridHorizontal().SetVisible(true);
+      Chart.Graph->Calculate();
+      const bool Deep = Walls && Solid;
+      const RectF Area = Chart.Graph->DrawingArea();
+      EXPECT_EQ(Area.Width, 600 - 22 - (Deep ? 13 : 1) + 1);  // without depth, room for half of the last tick
+      EXPECT_EQ(Area.Y, Deep ? 30 : 11);
+      EXPECT_EQ(Series->Prepared > 0, Deep);
+    }
+  }
+}
+
+TEST(ZyAxisLayoutTest, CoupledGraphsShareTheWidthThatBothHave) {
+  TSampleChart Chart;
+  Chart.UsePlainAxes();
+  auto* const Lower = new TZyGraph2D(&Chart.Form);
+  Lower->SetName("Lower");
+  Lower->SetParent(&Chart.Form);
+  Lower->SetBounds(0, 400, 600, 300);
+  auto* const Y = new TZyAxis(&Chart.Form);
+  Y->SetPosition(Left);
+  Y->SetParent(Lower);
+  Y->SetNumbersVisible(false);
+  Y->SetMajorTickLength(90);  // 91 pixels across
+  auto* const Far = new TZyAxis(&Chart.Form);
+  Far->SetPosition(Right);
+  Far->SetParent(Lower);
+  Far->SetNumbersVisible(false);
+  Lower->SetPrimaryXAxis(Chart.X);
+  Lower->SetPrimaryYAxis(Y);
+  for (int Round = 0; Round < 3; ++Round) {  // a layout that is due again finds the same
+    Chart.Graph->Modified();
+    Lower->Modified();
+    Chart.Graph->Calculate();
+    Lower->Calculate();
+    Y->Calculate();
+    Chart.Graph->Calculate();
+    // The upper graph alone has 50 to 550, the lower one 91 to 590.
+    EXPECT_EQ(Lower->DrawingArea().X, 91);
+    EXPECT_EQ(Chart.Graph->DrawingArea().X, 91);
+    EXPECT_EQ(Lower->DrawingArea().Width, 550 - 91 + 1);
+    EXPECT_EQ(Chart.Graph->DrawingArea().Width, 550 - 91 + 1);
+    EXPECT_EQ(Chart.X->AxLeft(), 91);
+    EXPECT_EQ(Chart.X->AxLength(), 550 - 91);
+    EXPECT_EQ(LineOf(*Y), 91);
+    EXPECT_EQ(LineOf(*Chart.Y), 91);
+    EXPECT_EQ(LineOf(*Far), 550);
+  }
+}
+
+TEST(ZyAxisLayoutTest, TinyChartsKeepUsableAxes) {
+  for (const int Size : {0, 1, 2, 11, 22, 39, 60}) {
+    for (const bool Zero : {false, true}) {
+      TSampleChart Chart(Size, Size);
+      Chart.X->SetCaption("abscissa");
+      Chart.X->SetStart(-3);
+      Chart.Graph->SetZeroOrigin(Zero);
+      TStubLegend Legend(Chart, TZyLegendPosition::RightTopOfAxis, 40, 60);
+      Chart.Paint();
+      for (const TZyAxis* Axis : {Chart.X, Chart.Y}) {
+        EXPECT_GE(Axis->AxLength(), 40);
+        EXPECT_GE(Axis->Ticks().size(), 2u);
+        for (const float Tick : Axis->Ticks()) EXPECT_TRUE(std::isfinite(Tick));
+      }
+      EXPECT_TRUE(std::isfinite(Chart.Graph->DrawingArea().Width));
+      EXPECT_FALSE(TZyAxis::LayoutRunning);
+    }
+  }
+}
+
+TEST(ZyAxisLayoutTest, TellsMarkersAndLeavesTheFlagClear) {
+  TSampleChart Chart;
+  TStubMarker Marker(&Chart.Form);
+  Marker.SetParent(Chart.Graph);
+  Chart.Graph->BeginUpdate();
+  Chart.X->Calculate();
+  EXPECT_FALSE(TZyAxis::LayoutRunning);
+  EXPECT_EQ(Marker.After, 0);
+  Chart.Graph->EndUpdate();
+  Chart.X->SetOnCalculated([&](TObject*) {
+    delete Chart.Y;  // a listener may free what stands behind it
+    Chart.Y = nullptr;
+    Chart.X->SetOnCalculated({});
+  });
+  Chart.X->Calculate();
+  EXPECT_EQ(Marker.After, 1);
+  EXPECT_EQ(Marker.Inside, 0);
+  EXPECT_EQ(Chart.Y, nullptr);
+}
+
+TEST(ZyAxisLayoutTest, PanningMovesTicksOnly) {
+  TSampleChart Chart;
+  Chart.Graph->Calculate();
+  const RectF Area = Chart.Graph->DrawingArea();
+  Chart.Graph->SetPanning(true);
+  Chart.X->SetStartStop(10000.3, 10010.3);  // wider texts, and ends off the ticks
+  Chart.X->Calculate();
+  Chart.Graph->SetPanning(false);
+  EXPECT_EQ(Chart.Graph->DrawingArea(), Area);
+  EXPECT_EQ(Chart.X->Start(), 10000.3);
+  EXPECT_FLOAT_EQ(Chart.X->NumberToWorld(10000.3), Area.X);
+  EXPECT_FLOAT_EQ(Chart.X->NumberToWorld(10010.3), Area.X + Area.Width - 1);
+}
+
+TEST(ZyAxisLayoutTest, DesignedAxesTakeTheSideWhereTheyAreDropped) {
+  const struct {
+    int X, Y;
+    TZyAxisPosition Position;
+  } Cases[] = {{300, 390, Bottom}, {10, 200, Left},  {590, 200, Right},
+               {300, 10, Top},     {150, 101, Left}, {150, 99, Top}};
+  for (const auto& Case : Cases) {
+    TSampleChart Chart;
+    Chart.Form.SetDesigning(true);
+    auto* const Axis = new TZyAxis(&Chart.Form);
+    Axis->SetDesigning(true);
+    Axis->SetBounds(Case.X, Case.Y, 400, 20);
+    Axis->SetParent(Chart.Graph);
+    EXPECT_EQ(Axis->Position(), Case.Position) << Case.X << ' ' << Case.Y;
+    EXPECT_EQ(Axis->GetHorizontal() ? Axis->Width() : Axis->Height(), Axis->GetHorizontal() ? 600 : 400);
+  }
+}
+
+}  // namespace
+}  // namespace zy::testing
