@@ -19,6 +19,9 @@ constexpr float SmallestLength = 40;
 /// What lies so near to the value 0 of a crossing axis would be hidden by the other axis, in pixels.
 constexpr float NearZero = 0.1f;
 
+/// What a single border takes below.
+constexpr float RoomOfBorder = 4;
+
 int Rounded(float Value) { return static_cast<int>(std::lround(Value)); }
 
 }  // namespace
@@ -136,6 +139,7 @@ void TZyAxisLayout::TakeMarginsOfGraph() {
   FRight.Margin = std::ceil(FGraph->DistanceBorderAxisRight());
   FTop.Margin = std::ceil(FGraph->DistanceBorderAxisTop());
   FBottom.Margin = std::ceil(FGraph->DistanceBorderAxisBottom());
+  if (FGraph->BorderStyle() == bsSingle) FBottom.Margin += RoomOfBorder;
 }
 
 void TZyAxisLayout::TakeTitle() {

@@ -68,6 +68,7 @@ class TZyAxisLayout {
   bool DropsMargin(const TZyAxis* Across) const;
   float ClientExtent(const TZyAxis& Axis) const;
   TOverhang OverhangOf(const TZyAxis& Axis) const;
+  float ExtraSpaceOf(const TZyAxis& Axis, TZyAxisPosition Side) const;
   float DepthAt(const TZyAxis& Axis) const;
   static float NeedOf(const TZyAxis& Axis);
   static bool CrossesZero(const TZyAxis& Axis);

@@ -47,6 +47,14 @@ float TZyAxisLayout::DepthAt(const TZyAxis& Axis) const {
   return Result;
 }
 
+/// What the drawing of a series takes beyond its data; nothing while data lie beyond the ends anyway.
+float TZyAxisLayout::ExtraSpaceOf(const TZyAxis& Axis, TZyAxisPosition Side) const {
+  float Result = 0;
+  if (FGraph == nullptr || Axis.GetIsClipped()) return Result;
+  for (const TZySeries* Series : Axis.RelatedSeries()) Result = std::max(Result, Series->ExtraSpaceAt(Side));
+  return Result;
+}
+
 TZyAxisLayout::TOverhang TZyAxisLayout::OverhangOf(const TZyAxis& Axis) const {
   TOverhang Result;
   if (Axis.Visible() && !Axis.FAxLabels.empty()) {
@@ -64,7 +72,9 @@ TZyAxisLayout::TOverhang TZyAxisLayout::OverhangOf(const TZyAxis& Axis) const {
       Result.High = Axis.FAxTop - (High->Y - Half(*High));
     }
   }
-  Result.High = std::max(Result.High, DepthAt(Axis));
+  using enum TZyAxisPosition;
+  Result.Low = std::max(Result.Low, ExtraSpaceOf(Axis, Axis.GetHorizontal() ? Left : Bottom));
+  Result.High = std::max({Result.High, ExtraSpaceOf(Axis, Axis.GetHorizontal() ? Right : Top), DepthAt(Axis)});
   if (Axis.FArrowPoint.Visible()) {
     float& AtTip = Axis.FTwisted ? Result.Low : Result.High;
     AtTip = std::max(AtTip, LengthsOfArrow * Axis.FArrowPoint.PointLength());

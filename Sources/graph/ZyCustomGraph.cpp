@@ -141,6 +141,12 @@ void TZyCustomGraph::EndUpdate() {
   if (!Updating() && FNeedsRecalculate) Invalidate();
 }
 
+void TZyCustomGraph::SetBorderStyle(TBorderStyle Value) {
+  if (Value == BorderStyle()) return;
+  TCustomPanel::SetBorderStyle(Value);
+  Modified();
+}
+
 void TZyCustomGraph::SetBounds(int ALeft, int ATop, int AWidth, int AHeight) {
   if (AWidth != Width() || AHeight != Height()) BoundsChanged();
   TCustomPanel::SetBounds(ALeft, ATop, AWidth, AHeight);

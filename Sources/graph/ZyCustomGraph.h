@@ -83,6 +83,8 @@ class TZyCustomGraph : public TCustomPanel {
   /// Turns the smoothing of the chart on, or all smoothing off.
   void SetHighQuality(Graphics& Gr, bool On) const;
 
+  /// The border takes room from the chart.
+  void SetBorderStyle(TBorderStyle Value) override;
   /// An extent that changes is told to BoundsChanged first.
   void SetBounds(int ALeft, int ATop, int AWidth, int AHeight) override;
   /// While the form is designed, the caption follows the name until it is set by hand, and a chart without an undo

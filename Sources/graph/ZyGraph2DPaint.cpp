@@ -60,6 +60,7 @@ void TZyGraph2D::Paint(Graphics& Gr) {
       });
   FLastClip = Clip;
   PaintGr(Gr);
+  TZyCustomGraph::Paint(Gr);
   if (DoRepaint) Invalidate();
 }
 

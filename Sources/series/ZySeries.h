@@ -73,6 +73,8 @@ class TZySeries : public TComponent {
   /// Draws the symbols of the points; the graph calls it after frame and axes, so that they lie on top. The line alone
   /// has none.
   virtual void DrawSymbols(Graphics&) {}
+  /// Pixels by which the drawing reaches beyond its data at a side of the data area. None for a line.
+  virtual float ExtraSpaceAt(TZyAxisPosition) const { return 0; }
   /// Data index of the first point of the line within a pixel of a place, or -1; always -1 while the pixels are out of
   /// date. Kinds with another shape have another rule.
   virtual int FindPoint(int X, int Y) const;

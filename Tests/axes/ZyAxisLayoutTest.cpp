@@ -9,6 +9,7 @@
 #include "graph/ZyGraphParts.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/drawing/Font.h"
+#include "platform/framework/TPropInfo.h"
 
 namespace zy::testing {
 namespace {
@@ -72,6 +73,14 @@ class TFiveAxes : public TSampleChart {
   TZyAxis *Left2, *Top2, *Right2;
 };
 
+/// A series that is drawn 29.5 pixels beyond its last point.
+class TWideSeries : public TZyLineSeries {
+  ZY_CLASS(TWideSeries, TZyLineSeries)
+  using TZyLineSeries::TZyLineSeries;
+  float ExtraSpaceAt(TZyAxisPosition Side) const override { return Side == Right ? 29.5f : 0; }
+};
+ZY_PUBLISHED(TWideSeries, TZyLineSeries)
+
 /// Where the line of an axis lies in the graph.
 float LineOf(const TZyAxis& Axis) {
   return Axis.GetHorizontal() ? static_cast<float>(Axis.Top()) + Axis.AxTop()
@@ -98,6 +107,7 @@ TEST(ZyAxisLayoutTest, AddsUpAxesOnAllSides) {
        {27, 11, 564, 377},
        27,
        16},
+      {"single border", [](TC& C) { C.Graph->SetBorderStyle(bsSingle); }, {22, 11, 569, 376}, 22, 11},
       {"inner axis hidden", [](TC& C) { C.Y->SetVisible(false); }, {11, 11, 580, 380}, 22, 11},
       {"outer axis hidden", [](TC& C) { C.Left2->SetVisible(false); }, {11, 11, 580, 380}, 11, 11},
       {"both hidden",
@@ -144,6 +154,24 @@ TEST(ZyAxisLayoutTest, AddsUpAxesOnAllSides) {
     }
     EXPECT_FALSE(TZyAxis::LayoutRunning);
   }
+}
+
+TEST(ZyAxisLayoutTest, SeriesGetTheRoomThatTheyNeed) {
+  TFiveAxes Chart;
+  TZyDoubleVector X, Y;
+  X.AddRange({0, 5, 10});
+  Y.AddRange({0, 5, 10});
+  TWideSeries Series;
+  Series.SetXData(&X);
+  Series.SetYData(&Y);
+  Series.SetXAxis(Chart.X);
+  Series.SetYAxis(Chart.Y);
+  Chart.Paint();
+  EXPECT_EQ(Chart.Graph->DrawingArea(), (RectF{22, 11, 549, 380})) << "30 pixels at the right, where the axis has 10";
+  Chart.X->SetStartStop(2, 8);  // zoomed, the drawing goes beyond the data area anyway
+  Chart.Graph->Modified();
+  Chart.Paint();
+  EXPECT_EQ(Chart.Graph->DrawingArea(), (RectF{22, 11, 569, 380}));
 }
 
 TEST(ZyAxisLayoutTest, ArrowsStandWhereTheValuesGrow) {

@@ -156,6 +156,16 @@ TEST_F(ZyGraphPaintTest, BackgroundsFollowTheirRules) {
   EXPECT_EQ(Count("FillRectangle(FF"), 0) << "a transparent back shows what lies behind";
 }
 
+TEST_F(ZyGraphPaintTest, ABorderRunsRoundTheChartOnTheScreen) {
+  Graph.SetBorderStyle(bsSingle);
+  EXPECT_TRUE(Graph.NeedsRecalculate());
+  TRecordingGraphics Screen;
+  Graph.PaintTo(Screen);
+  EXPECT_EQ(Screen.Calls().back().substr(0, 14), "DrawRectangle(");
+  EXPECT_NE(Screen.Calls().back().find("0 0 599 399"), std::string::npos);
+  for (const std::string& Call : Calls()) EXPECT_EQ(Call.find("599 399"), std::string::npos) << "not in files";
+}
+
 TEST_F(ZyGraphPaintTest, SolidsOpenARoom) {
   TSolidStub& Series = AddSeries<TSolidStub>({1, 5});
   Graph.SetDataAreaColor(0xFF808080);
