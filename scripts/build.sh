@@ -9,9 +9,8 @@ shift
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
 scripts/setup.sh
-cmake --preset "$Preset" >"/tmp/zyphos-configure-$$.log" 2>&1 || {
-  cat "/tmp/zyphos-configure-$$.log"
+Log=$(cmake --preset "$Preset" 2>&1) || {
+  printf '%s\n' "$Log"
   exit 1
 }
-rm -f "/tmp/zyphos-configure-$$.log"
 cmake --build "build/$Preset" ${1:+--target "$@"}

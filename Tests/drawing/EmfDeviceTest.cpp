@@ -21,7 +21,7 @@
 namespace zy {
 namespace {
 
-// Record numbers and offsets: Microsoft's open specification [MS-EMF], section 2.3.
+// Record numbers and offsets: what Microsoft publishes for the format, [MS-EMF], section 2.3.
 enum TRecordType : std::uint32_t {
   Header = 1,
   Polygon = 3,

@@ -1,7 +1,7 @@
 #pragma once
 
-// The records of an enhanced metafile; for EmfDevice. Numbers and layouts are those of Microsoft's open specification
-// [MS-EMF], section 2.3.
+// The records of an enhanced metafile; for EmfDevice. Numbers and layouts are those that Microsoft publishes for the
+// format, [MS-EMF], section 2.3.
 
 #include <QImage>
 #include <QPainterPath>
