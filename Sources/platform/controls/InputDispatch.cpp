@@ -164,7 +164,8 @@ void DispatchWheel(TWinControl& Control, QWheelEvent& Event) {
   const QPoint Turn = Event.angleDelta();
   const int Delta = Turn.y() != 0 ? Turn.y() : Turn.x();
   const TShiftState Shift = ToShiftState(Event.modifiers(), Event.buttons());
-  TControl& Target = Captured.Get() != nullptr ? *Captured.Get() : ControlAt(Control, Place);
+  TControl* const Holder = Captured.Get();
+  TControl& Target = Holder != nullptr ? *Holder : ControlAt(Control, Place);
   const TPoint Inside = PlaceIn(Target, Control, Place);
   const bool IsChild = &Target != &Control;
   bool Handled = Target.MouseWheel(Shift, Delta, Inside.X, Inside.Y);
