@@ -112,11 +112,11 @@ TPoint TControl::ScreenToClient(TPoint Place) const {
 }
 
 void TControl::BringToFront() {
-  if (FParent != nullptr) FParent->MoveControl(this, true);
+  if (FParent != nullptr) FParent->MoveControl(*this, true);
 }
 
 void TControl::SendToBack() {
-  if (FParent != nullptr) FParent->MoveControl(this, false);
+  if (FParent != nullptr) FParent->MoveControl(*this, false);
 }
 
 void TControl::NoteAnchorBase() {

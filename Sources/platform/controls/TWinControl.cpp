@@ -161,21 +161,21 @@ void TWinControl::RemoveControl(TControl* Control) {
   if (Control->FAlign != alNone && !IsDestroying()) AlignControls();
 }
 
-void TWinControl::MoveControl(TControl* Control, bool ToFront) {
-  const auto Place = std::ranges::find(FControls, Control);
+void TWinControl::MoveControl(TControl& Control, bool ToFront) {
+  const auto Place = std::ranges::find(FControls, &Control);
   if (ToFront) {
     std::rotate(Place, Place + 1, FControls.end());
   } else {
     std::rotate(FControls.begin(), Place, Place + 1);
   }
-  if (const auto* const Inner = dynamic_cast<TWinControl*>(Control); Inner != nullptr && Inner->FWidget != nullptr) {
+  if (const auto* const Inner = dynamic_cast<TWinControl*>(&Control); Inner != nullptr && Inner->FWidget != nullptr) {
     if (ToFront) {
       Inner->FWidget->raise();
     } else {
       Inner->FWidget->lower();
     }
   }
-  Control->Invalidate();
+  Control.Invalidate();
 }
 
 TControl* TWinControl::ControlAtPos(int X, int Y) const {

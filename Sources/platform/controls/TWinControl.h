@@ -121,7 +121,7 @@ class TWinControl : public TControl {
   void SpreadFont() override;
   void InsertControl(TControl* Control);
   void RemoveControl(TControl* Control);
-  void MoveControl(TControl* Control, bool ToFront);
+  void MoveControl(TControl& Control, bool ToFront);
   void AlignOnce();
   void PlaceAnchored(TControl& Control) const;
   void InvalidateBox(int Left, int Top, int Width, int Height);
