@@ -193,6 +193,18 @@ TEST(GraphicsTest, CoordinatesThatAreNotFiniteDrawNothing) {
   EXPECT_EQ(RowText(Picture, 10, 0, 20), std::string(20, '#'));
 }
 
+TEST(PenTest, CountlessDashesAreASolidLine) {
+  Bitmap Picture(40, 10);
+  Graphics Canvas(Picture);
+  Pen Dotted(0xFF000000);
+  Dotted.SetDashStyle(DashStyleDot);
+  const PointF Points[] = {{0, 2}, {20, 2}, {1e30f, 2}};
+  Canvas.DrawLines(Dotted, Points);
+  Canvas.DrawRectangle(Dotted, RectF{-1e20f, 5, 2e20f, 1e20f});
+  for (const int Y : {2, 5})
+    for (int X = 0; X < 40; ++X) EXPECT_EQ(Picture.GetPixel(X, Y), 0xFF000000) << X << ' ' << Y;
+}
+
 TEST(PenTest, DashesCountInWidths) {
   struct TCase {
     TDashStyle Style;

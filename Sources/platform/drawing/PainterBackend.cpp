@@ -6,6 +6,7 @@
 #include <QPen>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
@@ -331,6 +332,18 @@ float LengthOf(std::span<const PointF> Points) {
   return Length;
 }
 
+/// Whether a line has more dashes than any eye could tell apart, and the toolkit would be busy with for minutes or for
+/// ever: such a line is drawn solid.
+bool HasCountlessDashes(const Pen& Pen, const TShape& Shape) {
+  constexpr float MaxDashes = 250'000;
+  const std::vector<float> Dashes = Pen.DashPattern();
+  if (Dashes.empty()) return false;
+  float Length = 0;
+  for (const auto& Figure : FiguresOf(Matrix(), Shape)) Length += LengthOf(Figure);
+  const float Pattern = std::accumulate(Dashes.begin(), Dashes.end(), 0.0f) * Pen.EffectiveWidth();
+  return !(Length * static_cast<float>(Dashes.size()) <= MaxDashes * Pattern);  // not so for what is no number either
+}
+
 }  // namespace
 
 void TPainterBackend::Draw(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
@@ -358,6 +371,7 @@ void TPainterBackend::DrawPlain(const TDrawState& State, const Pen& Pen, const T
   const bool Smooth = State.Smoothing != SmoothingModeNone;
   PaintWithPainter(State, TGrid::Centers, [&](QPainter& Painter) {
     QPen Stroke = Pen.ToQt();
+    if (HasCountlessDashes(Pen, Shape)) Stroke.setStyle(Qt::SolidLine);
     Stroke.setBrush(BrushOf(State, TGrid::Centers, Pen.GetBrush()));
     // The toolkit's short cut for thin lines leaves a quarter out of each corner; what is wider by a hair is joined.
     constexpr double BarelyWide = 1.0001;
