@@ -372,8 +372,10 @@ bool TEmfDevice::TEngine::FillWithRadial(const QPainterPath& Area, const QBrush&
 template <typename TPaint>
 void TEmfDevice::TEngine::PaintPicture(const QRectF& Box, double Scale, const TPaint& Paint) {
   constexpr double MostPixels = 1 << 24;
-  const QRectF Whole = (Box & FSeen).toAlignedRect();
-  if (Whole.isEmpty()) return;
+  const QRectF Part = Box & FSeen;
+  const QRectF Whole(QPointF(std::floor(Part.left()), std::floor(Part.top())),
+                     QPointF(std::ceil(Part.right()), std::ceil(Part.bottom())));
+  if (!(Whole.width() > 0 && Whole.height() > 0)) return;  // nothing, or a shape far out that is no number any more
   Scale = std::min(Scale, std::sqrt(MostPixels / (Whole.width() * Whole.height())));
   const auto Extent = [Scale](double Pixels) { return std::clamp(static_cast<int>(Pixels * Scale), 1, 32767); };
   QImage Image(Extent(Whole.width()), Extent(Whole.height()), QImage::Format_ARGB32_Premultiplied);
