@@ -1,16 +1,19 @@
 #include "analysis/ZyMath.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 namespace zy {
 namespace {
 
 constexpr double LargestDouble = std::numeric_limits<double>::max();
 constexpr double JustBelowHalf = 0.499999;  // not 0.5: a value on the grid must stay there
+constexpr int BeyondAllDoubles = 1000;      // a shift by so many decades leaves no finite number but 0
 
 /// Text in exponent notation with so many digits behind the point.
 struct TScientific {
@@ -25,6 +28,42 @@ struct TScientific {
   std::array<char, 40> Buffer;
   std::string_view Text;
 };
+
+double RoundToGrid(double Value, double Step, int Exponent, double Shift) {
+  if (Step == 0) return Value;
+  Exponent = std::clamp(Exponent, -BeyondAllDoubles, BeyondAllDoubles);  // so that it can be negated
+  const double Steps = std::nearbyint(ExpMinus(Value, Exponent) / Step + Shift);
+  return ExpMinus(Steps * Step, -Exponent);
+}
+
+double RoundLog(double Value, double Decades, double Step, bool Up) {
+  if (!(Value > 0) || !std::isfinite(Value)) return Value;
+  const double Logarithm = std::log10(Value);
+  int Decade = static_cast<int>(Logarithm);  // towards zero
+  const double Fraction = Logarithm - Decade;
+  if (Decades > 1 || Step == 1) {
+    if (Up && Fraction > 0) ++Decade;
+    if (!Up && Fraction < 0) --Decade;
+    if (Decades > 1)
+      while (Decade % 3 != 0) Decade += Up ? 1 : -1;
+    return Exp10(Decade);
+  }
+  if (Fraction == 0) return Exp10(Decade);
+  // The mantissa below 1, in tenths of which the steps count.
+  double Mantissa = Exp10(Fraction);
+  if (Logarithm > 0) {
+    Mantissa *= 0.1;
+    ++Decade;
+  }
+  Mantissa = Up ? RoundUp(Mantissa, Step, 0) : RoundDown(Mantissa, Step, 0);
+  if (Mantissa <= 0) {
+    Mantissa += 1;
+    --Decade;
+  }
+  // Its logarithm plus the decade would give the same number but for the last digits.
+  const double Rounded = ExpMinus(Mantissa, -Decade);
+  return std::isfinite(Rounded) ? Rounded : LargestDouble;
+}
 
 }  // namespace
 
@@ -61,22 +100,17 @@ int Real10thExponent(double Value) {
 
 double ExpMinus(double Value, int Exponent) {
   // The power itself must stay finite, for the smallest values as well.
+  Exponent = std::clamp(Exponent, -BeyondAllDoubles, BeyondAllDoubles);
   if (Exponent < -300 || Exponent > 300) return ExpMinus(ExpMinus(Value, Exponent / 2), Exponent - Exponent / 2);
   // Multiplying by the positive power keeps the result exact to the last bit where 10^-e is no binary fraction.
-  return Exponent == 0 ? Value : Exponent < 0 ? Value * std::pow(10.0, -Exponent) : Value / std::pow(10.0, Exponent);
+  return Exponent < 0 ? Value * std::pow(10.0, -Exponent) : Value / std::pow(10.0, Exponent);
 }
 
-double RoundUp(double Value, double Step, int Exponent) {
-  if (Step == 0) return Value;
-  const double Steps = std::nearbyint(ExpMinus(Value, Exponent) / Step + JustBelowHalf);
-  return ExpMinus(Steps * Step, -Exponent);
-}
+double RoundUp(double Value, double Step, int Exponent) { return RoundToGrid(Value, Step, Exponent, JustBelowHalf); }
+double RoundDown(double Value, double Step, int Exponent) { return RoundToGrid(Value, Step, Exponent, -JustBelowHalf); }
 
-double RoundDown(double Value, double Step, int Exponent) {
-  if (Step == 0) return Value;
-  const double Steps = std::nearbyint(ExpMinus(Value, Exponent) / Step - JustBelowHalf);
-  return ExpMinus(Steps * Step, -Exponent);
-}
+double RoundLogUp(double Value, double Decades, double Step) { return RoundLog(Value, Decades, Step, true); }
+double RoundLogDown(double Value, double Decades, double Step) { return RoundLog(Value, Decades, Step, false); }
 
 int LastSignificant(double Value) {
   if (!std::isfinite(Value)) return 0;
@@ -86,5 +120,11 @@ int LastSignificant(double Value) {
   if (Last == std::string_view::npos) return 0;
   return Last == 0 ? 1 : static_cast<int>(Last);  // the separator stands between the first digit and the others
 }
+
+void Swap(int& A, int& B) { std::swap(A, B); }
+void Swap(double& A, double& B) { std::swap(A, B); }
+
+int MySign(int Value) { return Value < 0 ? -1 : 1; }
+double MySign(double Value) { return Value < 0 ? -1 : 1; }
 
 }  // namespace zy
