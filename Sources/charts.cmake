@@ -14,6 +14,9 @@ zy_add_library(
     axes/ZyAxisSizes.cpp
     axes/ZyAxisTicks.cpp
     axes/ZyDateTime.cpp
+    axes/ZyDateTimeSteps.cpp
+    axes/ZyDateTimeText.cpp
+    axes/ZySecondsSteps.cpp
     graph/ZyAreaSettings.cpp
     graph/ZyArrowSettings.cpp
     graph/ZyColors.cpp

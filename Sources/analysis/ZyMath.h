@@ -26,9 +26,9 @@ double RoundUp(double Value, double Step, int Exponent);
 double RoundDown(double Value, double Step, int Exponent);
 
 /// The same on a logarithmic scale. With Decades above 1, the next power of ten whose exponent is a multiple of 3.
-/// Otherwise with Step 1 the next power of ten, and with another Step the next multiple of Step, which counts in tenths
-/// of the decade's upper end: 0.2 takes 3 up to 4 and 0.3 to 0.4. Powers of ten stay. A multiple of 0 is no end of a
-/// logarithmic scale, the decade's lower end stands in for it. A value that has no logarithm is returned as it is.
+/// Otherwise with Step 1 the next power of ten, and with another Step the next multiple of that part of the decade's
+/// upper end: with 0.2, 3 goes up to 4 and 0.3 to 0.4. Every power of ten is on these grids. A multiple of 0 is no end
+/// of a logarithmic scale, the decade's lower end stands in for it. A value without a logarithm is returned as it is.
 double RoundLogUp(double Value, double Decades, double Step);
 double RoundLogDown(double Value, double Decades, double Step);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -9,6 +10,21 @@ namespace zy {
 /// What the user's locale decides about shown and typed texts. Stored texts never depend on it.
 struct TFormatSettings {
   char DecimalSeparator = '.';
+  char DateSeparator = '/';
+  char TimeSeparator = ':';
+  std::string ShortDateFormat = "MM/dd/yyyy";
+  std::string LongDateFormat = "dddd, dd MMMM yyyy";
+  std::string ShortTimeFormat = "hh:mm";
+  std::string LongTimeFormat = "hh:mm:ss";
+  std::string TimeAMString = "AM";
+  std::string TimePMString = "PM";
+  std::array<std::string, 12> ShortMonthNames{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                              "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+  std::array<std::string, 12> LongMonthNames{"January", "February", "March",     "April",   "May",      "June",
+                                             "July",    "August",   "September", "October", "November", "December"};
+  /// From Sunday on.
+  std::array<std::string, 7> ShortDayNames{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+  std::array<std::string, 7> LongDayNames{"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
 };
 
 /// The one settings object of the process; the application fills it from the user's locale at start.
