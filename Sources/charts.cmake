@@ -42,10 +42,22 @@ zy_add_library(
     persistence/ZyStyleRecords.cpp
     persistence/ZyTextArchive.cpp
     persistence/ZyXmlArchive.cpp
+    series/ZyCustomDoubleVector.cpp
     series/ZyDoubleVector.cpp
+    series/ZyDoubleVectorRecords.cpp
+    series/ZyFunctionSeries.cpp
+    series/ZyIndexer.cpp
     series/ZyLineSeries.cpp
+    series/ZyMinMaxPyramid.cpp
+    series/ZyOutliers.cpp
+    series/ZyPixelIndex.cpp
+    series/ZyPointSeries.cpp
     series/ZySeries.cpp
+    series/ZySeriesDrawing.cpp
+    series/ZySeriesJoining.cpp
+    series/ZySeriesLegend.cpp
     series/ZySeriesPoints.cpp
+    series/ZySeriesRanges.cpp
     undo/ZyUndoList.cpp
     undo/ZyUndoLog.cpp
     undo/ZyUndoStack.cpp

@@ -16,6 +16,7 @@
 
 #include "graph/ZyGraph2D.h"
 #include "platform/controls/TApplication.h"
+#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
 
 namespace {

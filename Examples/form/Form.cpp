@@ -17,6 +17,7 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/NumberText.h"
+#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
 
 namespace {

@@ -260,6 +260,9 @@ class TZyAxis : public TGraphicControl {
   void GetNewRanges();
   /// Lays out the whole parent: ends, ticks and sizes of all its axes, and the data area of a graph.
   void Calculate();
+  /// While a form is designed: scales the sample data of the other series of a vertical axis, so that none lies on top
+  /// of another.
+  void ShrinkOtherYs();
   /// Restores the unrounded ends after a change of size.
   void CheckResize();
 
@@ -267,6 +270,8 @@ class TZyAxis : public TGraphicControl {
   bool GetIsClipped() const;
   /// Whether the chart is zoomed; no chart can be yet.
   bool GetCanZoomBack() const { return false; }
+  /// How many stages it is zoomed in.
+  int GetCurrentZoomStage() const { return 0; }
   /// Range of the data; a start above the stop while none were seen.
   double ValuesStart() const { return FValuesStart; }
   double ValuesStop() const { return FValuesStop; }
@@ -346,6 +351,7 @@ class TZyAxis : public TGraphicControl {
 
   // Ranging.
   void TakeCandidates(double& Start, double& Stop);
+  void DsgnRescaleSeriesVectors();
   void TakeMovingSlit(double& Start, double& Stop);
   void RoundEnds(double& Start, double& Stop);
   void RepairOrder(double& Start, double& Stop) const;

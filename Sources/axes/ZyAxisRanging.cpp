@@ -10,6 +10,7 @@
 #include "axes/ZyDateTime.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/framework/Reflection.h"
+#include "series/ZyDoubleVector.h"
 #include "series/ZySeries.h"
 #include "undo/ZyChange.h"
 
@@ -55,7 +56,52 @@ void TZyAxis::SetEnd(double& End, double& InitialEnd, double& LastEnd, double Va
   if (Limited == End) return;
   if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(Label), PropName);
   End = InitialEnd = LastEnd = Limited;
+  if (IsDesigning() && !IsLoading() && !FRelatedSeries.empty()) DsgnRescaleSeriesVectors();
   Modified();
+}
+
+namespace {
+
+/// The vector when its values are samples for the form designer: not stored with the form.
+TZyDoubleVector* SampleData(TZyCustomDoubleVector* Data) {
+  auto* const Vector = dynamic_cast<TZyDoubleVector*>(Data);
+  return Vector == nullptr || Vector->PersistentValues() || Vector->DBData() ? nullptr : Vector;
+}
+
+template <class TScale>
+void Rescale(TZyDoubleVector& Vector, const TScale& Scale) {
+  for (double& Value : Vector.InternalArray()) Value = Scale(Value);
+  Vector.OutOfRange();
+}
+
+}  // namespace
+
+/// Sample data follow the ends that the designer sets.
+void TZyAxis::DsgnRescaleSeriesVectors() {
+  TZyGraph2D* const Parent = Graph();
+  if (Parent != nullptr) Parent->BeginUpdate();
+  if (!(FValuesStart < FValuesStop)) {
+    FValuesStart = FStart;
+    FValuesStop = FStop;
+  }
+  const double First = FValuesStart, Slope = (FStop - FStart) / (FValuesStop - FValuesStart);
+  for (const TZySeries* Series : FRelatedSeries)
+    if (TZyDoubleVector* const Vector = SampleData(GetHorizontal() ? Series->XData() : Series->YData()))
+      if (std::isfinite(Slope)) Rescale(*Vector, [&](double Value) { return (Value - First) * Slope + FStart; });
+  if (Parent != nullptr) Parent->EndUpdate();
+}
+
+void TZyAxis::ShrinkOtherYs() {
+  const std::size_t Count = FRelatedSeries.size();
+  if (GetHorizontal() || Count < 2) return;
+  const auto N = static_cast<double>(Count);
+  for (std::size_t i = 1; i < Count; ++i) {
+    TZyDoubleVector* const Vector = SampleData(FRelatedSeries[i]->YData());
+    if (Vector == nullptr) continue;
+    const auto I = static_cast<double>(i);
+    const double Factor = i + 1 == Count ? 1 / N : (N - I) / N * (N - 1) / (N - I - 1);
+    Rescale(*Vector, [&](double Value) { return (Value - FStart) * Factor + FStart; });
+  }
 }
 
 void TZyAxis::SetStart(double Value) { SetEnd(FStart, FInitialStart, FLastStart, Value, _sAxisStart, "Start"); }
@@ -237,8 +283,11 @@ double TZyAxis::SmallestPositiveBelow(double Stop) const {
   for (const TZySeries* Series : FRelatedSeries) {
     const TZyCustomDoubleVector* const Data = GetHorizontal() ? Series->XData() : Series->YData();
     if (Data == nullptr) continue;
-    for (int i = 0; i < Data->Count(); ++i)
-      if (const double Value = Data->GetValue(i); Value > 0 && Value < Smallest) Smallest = Value;
+    for (int i = 0; i < Data->Count(); ++i) {
+      const double Raw = Data->GetValue(i);
+      const double Value = GetHorizontal() ? Series->TransformX(Raw, i) : Series->TransformY(Raw, i);
+      if (Value > 0 && Value < Smallest) Smallest = Value;
+    }
   }
   return Smallest < Stop ? Smallest : 0;
 }

@@ -9,6 +9,7 @@
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
+#include "series/ZyDoubleVector.h"
 #include "series/ZySeries.h"
 #include "undo/ZyChange.h"
 
@@ -233,7 +234,10 @@ void TZyGraph2D::TestPrimaryAxis() {
 void TZyGraph2D::TestSeriesAndAxis() {
   if (FRelatedSeries.empty()) return;
   for (TZySeries* Series : FRelatedSeries)
-    if (Series->AutoUpdate() && Series->SeriesVisible()) Series->Calculate();
+    if (Series->AutoUpdate() && Series->SeriesVisible()) {
+      Series->CheckDBVectors();
+      Series->Calculate();
+    }
   for (TZyAxis* Axis : Axes()) Axis->GetNewRanges();
 }
 
@@ -262,7 +266,9 @@ TZyFindSeriesPointResult TZyGraph2D::FindSeriesPoint(int X, int Y) const {
   for (auto Place = FRelatedSeries.rbegin(); Place != FRelatedSeries.rend(); ++Place) {
     TZySeries& Series = **Place;
     const int Index = Series.FindPoint(X, Y);
-    if (Index >= 0) return {true, &Series, Index, Series.XData()->GetValue(Index), Series.YData()->GetValue(Index)};
+    if (Index < 0) continue;
+    const TZySeries::TPointValues Values = Series.ValuesOfPixel(Index, static_cast<float>(X));
+    return {true, &Series, Values.Index, Values.X, Values.Y};
   }
   return {};
 }

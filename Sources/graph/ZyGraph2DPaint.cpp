@@ -54,9 +54,12 @@ void TZyGraph2D::Paint(Graphics& Gr) {
   const TRect Clip = PaintBox();
   if (FLastClip.Right == 0) FLastClip = Clip;
   const bool Grows = Clip.Left < FLastClip.Left || Clip.Bottom > FLastClip.Bottom;
+  const bool Moves = Clip.Left != FLastClip.Left || Clip.Right != FLastClip.Right;
+  // A line in whole pixels, and the pattern of an area, may not fit what stands beside the part that is painted.
   const bool DoRepaint =
-      Grows && !IsDesigning() && std::any_of(FRelatedSeries.begin(), FRelatedSeries.end(), [](const TZySeries* Series) {
-        return Series->Visible() && Series->CanDoCanvasDraw();
+      !IsDesigning() && std::any_of(FRelatedSeries.begin(), FRelatedSeries.end(), [&](TZySeries* Series) {
+        return Series->Visible() &&
+               ((Grows && Series->CanDoCanvasDraw()) || (Moves && Series->Area().Visible() && !Series->Area().Solid()));
       });
   FLastClip = Clip;
   PaintGr(Gr);

@@ -6,6 +6,7 @@ namespace zy {
 
 class Graphics;
 class TControl;
+class TZySeries;
 class TZyUndoStack;
 
 // What a graph and its layout ask of the things in and around it, so that they know none of the classes above them.
@@ -52,6 +53,21 @@ class IZyGraphMarker {
   /// Runs after each layout.
   virtual void UpdatePosition() = 0;
   virtual void SetUndoStack(TZyUndoStack* Value) = 0;
+};
+
+/// A marker that holds on to a point of a series.
+class IZySnappingMarker {
+ public:
+  virtual ~IZySnappingMarker() = default;
+  /// The marker itself.
+  virtual TControl& Control() = 0;
+  /// The series that it holds on to, null while it does not.
+  virtual TZySeries* SnappedSeries() const = 0;
+  /// Data index of the point, -1 for none. Setting it moves nothing.
+  virtual int SnappedIdx() const = 0;
+  virtual void SetSnappedIdx(int Value) = 0;
+  /// Moves to values of the axes, as far as the marker has a place in that direction.
+  virtual void SnapTo(double X, double Y) = 0;
 };
 
 /// Series that are drawn as solids and so turn the data area of their graph into a room.

@@ -2,7 +2,8 @@
 
 #include "graph/ZyGraph2D.h"
 #include "platform/framework/ClassRegistry.h"
-#include "series/ZyLineSeries.h"
+#include "series/ZyDoubleVector.h"
+#include "series/ZyPointSeries.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
@@ -10,7 +11,7 @@ namespace zy {
 void RegisterChartClasses() {
   const TClassInfo* const Classes[] = {&TZyAxis::StaticClassInfo(), &TZyDoubleVector::StaticClassInfo(),
                                        &TZyGraph2D::StaticClassInfo(), &TZyLineSeries::StaticClassInfo(),
-                                       &TZyUndoStack::StaticClassInfo()};
+                                       &TZyPointSeries::StaticClassInfo(), &TZyUndoStack::StaticClassInfo()};
   for (const TClassInfo* Info : Classes) RegisterClass(*Info);
 }
 

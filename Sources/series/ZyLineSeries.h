@@ -4,10 +4,19 @@
 
 namespace zy {
 
-/// A line through points of measured data.
+/// A line through points of measured data, with the area below it or a band to another line.
+///
+///     auto* const Series = new TZyLineSeries(&Form);
+///     Series->SetXAxis(Graph->PrimaryXAxis());
+///     Series->SetYAxis(Graph->PrimaryYAxis());
+///     Series->SetYData(Values);  // X is the index
 class TZyLineSeries : public TZySeries {
   ZY_CLASS(TZyLineSeries, TZySeries)
   explicit TZyLineSeries(TComponent* Owner = nullptr);
+
+  /// Whether the data of a direction are a vector, and not the index that stands in for one.
+  bool StoresXData() const { return HasOwnXData(); }
+  bool StoresYData() const { return HasOwnYData(); }
 };
 
 }  // namespace zy

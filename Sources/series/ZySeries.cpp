@@ -1,7 +1,6 @@
 #include "series/ZySeries.h"
 
-#include <algorithm>
-#include <cmath>
+#include <array>
 #include <limits>
 
 #include "graph/ZyGraph2D.h"
@@ -9,6 +8,7 @@
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TWriter.h"
+#include "series/ZyFunctionSeries.h"
 #include "undo/ZyChange.h"
 
 namespace zy {
@@ -16,33 +16,69 @@ namespace {
 
 constexpr double LargestDouble = std::numeric_limits<double>::max();
 
-/// New series walk through these line colours, whatever their kind.
-constexpr TZyColor LineColors[] = {Colors::Red,    Colors::Green,     Colors::Blue,
-                                   Colors::Maroon, Colors::DarkGreen, Colors::DarkBlue};
+/// How a new series looks.
+struct TLook {
+  TZyColor Line;
+  TZyPointSymbol Symbol;
+  TZyColor Border, Fill;
+};
 
-TZyColor NextLineColor() {
+/// New series walk through these, whatever their kind.
+const TLook& NextLook() {
+  static constexpr TLook Looks[] = {{Colors::Red, TZyPointSymbol::Circle, Colors::Blue, Colors::LightBlue},
+                                    {Colors::Green, TZyPointSymbol::Square, Colors::DarkRed, Colors::LightCoral},
+                                    {Colors::Blue, TZyPointSymbol::Diamond, Colors::DarkGreen, Colors::LightGreen},
+                                    {Colors::Maroon, TZyPointSymbol::FiveStar, Colors::Chocolate, Colors::Yellow},
+                                    {Colors::DarkGreen, TZyPointSymbol::Delta, Colors::Brown, Colors::BurlyWood},
+                                    {Colors::DarkBlue, TZyPointSymbol::Nabla, Colors::DarkCyan, Colors::LightCyan}};
   static std::size_t Counter = 0;
-  if (Counter >= std::size(LineColors)) Counter = 0;
-  return LineColors[Counter++];
+  if (Counter >= std::size(Looks)) Counter = 0;
+  return Looks[Counter++];
+}
+
+void SetLook(TZyPointSymbolSettings& Settings, TZyPointSymbol Symbol, TZyColor Border, TZyColor Fill) {
+  Settings.SetVisible(false);
+  Settings.SetPointSymbol(Symbol);
+  Settings.SetBorderColor(Border);
+  Settings.SetFillColor(Fill);
 }
 
 }  // namespace
 
 ZY_PUBLISHED(TZySeries, TComponent, Published<&TZySeries::Visible, &TZySeries::SetVisible>("Visible", true),
-             Published<&TZySeries::Caption, &TZySeries::SetCaption>("Caption"))
+             Published<&TZySeries::Caption, &TZySeries::SetCaption>("Caption"),
+             Published<&TZySeries::IncludeInLegend, &TZySeries::SetIncludeInLegend>("IncludeInLegend", true),
+             Published<&TZySeries::MergeLegendItemWith, &TZySeries::SetMergeLegendItemWith>("MergeLegendItemWith"))
 
 TZySeries::TZySeries(TComponent* Owner)
     : TComponent(Owner),
+      FIndexer(std::make_unique<TZyIndexer>()),
       FLineSettings(std::make_unique<TZyLineSettings>([this] { TestVisibleChanged(); })),
+      FAreaSettings(std::make_unique<TZyAreaSettings>([this] { TestVisibleChanged(); })),
+      FPointSymbolSettings(std::make_unique<TZyPointSymbolSettings>([this] { TestVisibleChanged(); })),
+      FOutOfRangeSymbolSettings(std::make_unique<TZyPointSymbolSettings>([this] { TestVisibleChanged(); })),
+      FOutOfRangePen(Colors::DimGray),
+      FOutOfRangeBrush(Colors::LightGray),
       FXStart(LargestDouble),
       FXStop(-LargestDouble),
       FYStart(LargestDouble),
       FYStop(-LargestDouble) {
-  FLineSettings->SetColor(NextLineColor());
+  const TLook& Look = NextLook();
+  FLineSettings->SetColor(Look.Line);
+  SetLook(*FPointSymbolSettings, Look.Symbol, Look.Border, Look.Fill);
+  SetLook(*FOutOfRangeSymbolSettings, Look.Symbol, Colors::DimGray, Colors::LightGray);
+  FSymbolPen.SetOwn(std::make_unique<TZyPen>(Look.Border));
+  FSymbolBrush.SetOwn(std::make_unique<SolidBrush>(Look.Border));
 }
 
-void TZySeries::SetInitialCaption(std::string_view KindName) {
+void TZySeries::Initialize(std::string_view KindName) {
   FCaption = UniqueName(Owner(), KindName.substr(1));  // the name of the class without its first letter
+  if (!IsDesigning() || Owner() == nullptr) return;
+  for (TComponent* Component : Owner()->Components())
+    if (auto* const Graph = dynamic_cast<TZyGraph2D*>(Component)) {
+      SetDefaultAxis(*Graph);
+      FGraph = Graph;
+    }
 }
 
 TZySeries::~TZySeries() {
@@ -67,101 +103,75 @@ void TZySeries::DefineProperties(TFiler& Filer) {
       [this](TWriter& Writer) { Writer.WriteInteger(FLayer); }, true);
 }
 
-// --- References -----------------------------------------------------------------------------------------------------
-
-void TZySeries::SetVector(TRef<TZyCustomDoubleVector>& Field, TZyCustomDoubleVector* Value, TZyText Label,
-                          const char* PropName) {
-  if (Field == Value) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(Label), PropName);
-  const TZyCustomDoubleVector* const Other = &Field == &FXData ? FYData.Get() : FXData.Get();
-  if (Field != nullptr && Field.Get() != Other && !Field->IsDestroying()) Field->RemoveRelatedSeries(this);
-  if (Value != nullptr && Value != Other) Value->AddRelatedSeries(this);
-  Field = Value;
-  TestAllAssigned();
-}
-
-void TZySeries::SetXData(TZyCustomDoubleVector* Value) { SetVector(FXData, Value, _sSeriesXData, "XData"); }
-
-void TZySeries::SetYData(TZyCustomDoubleVector* Value) { SetVector(FYData, Value, _sSeriesYData, "YData"); }
-
-void TZySeries::SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, TZyText Label, const char* PropName) {
-  if (Field == Value) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(Label), PropName);
-  if (Field != nullptr && !Field->IsDestroying()) Field->RemoveRelatedSeries(this);
-  Field = Value;
-  TestAllAssigned();
-}
-
-void TZySeries::SetXAxis(TZyAxis* Value) { SetAxis(FXAxis, Value, _sSeriesXAxis, "XAxis"); }
-
-void TZySeries::SetYAxis(TZyAxis* Value) { SetAxis(FYAxis, Value, _sSeriesYAxis, "YAxis"); }
-
-void TZySeries::SetUndoStack(TZyUndoStack* Value) {
-  FUndoStack = Value;
-  FLineSettings->SetUndoStack(Value);
-}
-
-void TZySeries::TestAllAssigned() {
-  if (FXAxis != nullptr && FYAxis != nullptr && FXData != nullptr && FYData != nullptr) {
-    JoinGraph();
-  } else {
-    LeaveGraph();
-  }
-}
-
-void TZySeries::JoinGraph() {
-  FXAxis->AddRelatedSeries(this);
-  FYAxis->AddRelatedSeries(this);  // without a graph as well: an axis that comes into one brings its series along
-  auto* const Graph = dynamic_cast<TZyGraph2D*>(FYAxis->Parent());
-  if (FGraph != nullptr && FGraph != Graph) {
-    FGraph->RemoveRelatedSeries(this);
-    FGraph->Invalidate();
-  }
-  FGraph = Graph;
-  if (Graph == nullptr || Graph->IsDestroying()) return;
-  if (Graph->AddRelatedSeries(this) && FUndoStack == nullptr) SetUndoStack(Graph->UndoStack());
-  RangesModified();
-  Graph->LegendsModified();
-  Graph->Modified();
-}
-
-void TZySeries::LeaveGraph() {
-  for (TZyAxis* Axis : {FXAxis.Get(), FYAxis.Get()})
-    if (Axis != nullptr && !Axis->IsDestroying()) Axis->RemoveRelatedSeries(this);
-  TZyGraph2D* const Graph = FGraph;
-  if (Graph == nullptr) return;
-  FGraph = nullptr;
-  Graph->RemoveRelatedSeries(this);
-  if (Graph->IsDestroying()) return;
-  if (Graph->PrimaryYAxis() != nullptr) Graph->PrimaryYAxis()->RangeModified();
-  Graph->SeriesModified();
-  Graph->LegendsModified();
-}
-
-void TZySeries::Notification(TComponent* AComponent, TOperation Operation) {
-  TComponent::Notification(AComponent, Operation);
-  if (Operation != TOperation::Remove || IsDestroying()) return;
-  if (AComponent == FGraph) {
-    FGraph = nullptr;
-    SetXAxis(nullptr);
-    SetYAxis(nullptr);
-  }
-  if (AComponent == FXData) SetXData(nullptr);
-  if (AComponent == FYData) SetYData(nullptr);
-  if (AComponent == FXAxis) SetXAxis(nullptr);
-  if (AComponent == FYAxis) SetYAxis(nullptr);
-  if (AComponent == FUndoStack) SetUndoStack(nullptr);
-}
-
 // --- Properties -----------------------------------------------------------------------------------------------------
 
 void TZySeries::SetVisible(bool Value) {
-  Change(this, FVisible, Value, _sSeriesVisible, "Visible", &TZySeries::TestVisibleChanged);
+  if (Change(this, FVisible, Value, _sSeriesVisible, "Visible", &TZySeries::TestVisibleChanged)) LegendsModified();
 }
 
 void TZySeries::SetCaption(const TZyRichCaption& Value) {
   const TZyRichCaption Trimmed = Value.substr(0, Value.find_last_not_of(' ') + 1);
-  if (Change(this, FCaption, Trimmed, _sSeriesCaption, "Caption", &TZySeries::Invalidate)) FCaptionSet = true;
+  if (Change(this, FCaption, Trimmed, _sSeriesCaption, "Caption", &TZySeries::LegendsModified)) FCaptionSet = true;
+}
+
+void TZySeries::SetIncludeInLegend(bool Value) {
+  if (Change(this, FIncludeInLegend, Value, _sSeriesIncludeInLegend, "IncludeInLegend", &TZySeries::Invalidate))
+    LegendsModified();
+}
+
+void TZySeries::SetOutliersVisible(bool Value) {
+  Change(this, FOutliersVisible, Value, _sSeriesOutliersVisible, "OutliersVisible", &TZySeries::RangesModified);
+}
+
+void TZySeries::SetMergeLegendItemWith(TZySeries* Value) {
+  if (Value == this) Value = nullptr;
+  if (FMergeLegendItemWith == Value) return;
+  FMergeLegendItemWith = Value;
+  LegendsModified();
+}
+
+TZyLineSeries* TZySeries::DrawBandTo() const { return static_cast<TZyLineSeries*>(FDrawBandTo.Get()); }
+
+void TZySeries::SetDrawBandTo(TZyLineSeries* Value) {
+  if (Value == this) Value = nullptr;
+  if (FDrawBandTo == Value) return;
+  FDrawBandTo = Value;
+  PointsModified();
+}
+
+TZyFunctionSeries* TZySeries::RangeFromFunction() const {
+  return static_cast<TZyFunctionSeries*>(FRangeFromFunction.Get());
+}
+
+void TZySeries::SetRangeFromFunction(TZyFunctionSeries* Value) {
+  if (FRangeFromFunction == Value) return;
+  FRangeFromFunction = Value;
+  Invalidate();
+}
+
+void TZySeries::SetXValueTransformation(TZyValueTransformation Value) {
+  mXValueTransformation = std::move(Value);
+  RangesModified();
+}
+
+void TZySeries::SetYValueTransformation(TZyValueTransformation Value) {
+  mYValueTransformation = std::move(Value);
+  RangesModified();
+}
+
+void TZySeries::SetOnGetPen(TZyPenEventHandler Value) {
+  mGetPen = std::move(Value);
+  Invalidate();
+}
+
+void TZySeries::SetOnGetBrush(TZyBrushEventHandler Value) {
+  mGetBrush = std::move(Value);
+  Invalidate();
+}
+
+void TZySeries::SetOnGetPointSymbol(PointSymbolEventHandler Value) {
+  mPointSymbol = std::move(Value);
+  Invalidate();
 }
 
 void TZySeries::SetLayer(int Value) {
@@ -171,14 +181,61 @@ void TZySeries::SetLayer(int Value) {
   if (FGraph != nullptr) FGraph->Modified();
 }
 
-bool TZySeries::SeriesVisible() const { return FVisible && FLineSettings->Visible(); }
+void TZySeries::SetUndoStack(TZyUndoStack* Value) {
+  FUndoStack = Value;
+  FLineSettings->SetUndoStack(Value);
+  FAreaSettings->SetUndoStack(Value);
+  FPointSymbolSettings->SetUndoStack(Value);
+  FOutOfRangeSymbolSettings->SetUndoStack(Value);
+}
+
+void TZySeries::SetLinePen(const TZyPen* Value) {
+  FPen.SetGiven(Value);
+  Invalidate();
+}
+
+void TZySeries::SetAreaBrush(const Brush* Value) {
+  FBrush.SetGiven(Value);
+  Invalidate();
+}
+
+void TZySeries::SetSymbolBorderPen(const TZyPen* Value) {
+  FSymbolPen.SetGiven(Value);
+  Invalidate();
+}
+
+void TZySeries::SetSymbolFillBrush(const Brush* Value) {
+  FSymbolBrush.SetGiven(Value);
+  Invalidate();
+}
+
+bool TZySeries::SeriesVisible() const {
+  return FVisible && (FLineSettings->Visible() || FAreaSettings->Visible() || FPointSymbolSettings->Visible());
+}
 
 void TZySeries::TestVisibleChanged() {
   if (FGraph == nullptr) return;
-  FPen = FLineSettings->GetPen(FGraph->DrawingArea(), 0);
+  const TZyPointSymbolSettings& Symbol = *FPointSymbolSettings;
+  if (Symbol.Visible()) {
+    if (FSymbolPen.IsOwn()) {
+      FSymbolPen.Own()->SetColor(Symbol.BorderColor());
+      FSymbolPen.Own()->SetWidth(Symbol.BorderLineWidth());
+    }
+    if (FSymbolBrush.IsOwn()) static_cast<SolidBrush*>(FSymbolBrush.Own())->SetColor(Symbol.FillColor());
+    if (Symbol.Size() != FLastSymbolSize) {
+      FLastSymbolSize = Symbol.Size();
+      Invalidate();
+      LegendsModified();
+    }
+  }
+  // Symbols want other pixels than a line alone.
+  if (Symbol.Visible() != FPointsForSymbols && FLastPointsCount > 0) PointsModified();
+  FPen.SetOwn(FLineSettings->GetPen(FGraph->DrawingArea(), 0));
+  FBrush.SetOwn(FAreaSettings->GetBrush(FGraph->DrawingArea()));
   Invalidate();
   if (SeriesVisible() == FLastVisible) return;
   FLastVisible = SeriesVisible();
+  if (FYAxis->GetCurrentZoomStage() > 0) return;
   FXAxis->RangeModified();
   FYAxis->RangeModified();
 }
@@ -186,7 +243,17 @@ void TZySeries::TestVisibleChanged() {
 // --- Change protocol ------------------------------------------------------------------------------------------------
 
 void TZySeries::Invalidate() {
-  if (FGraph != nullptr) FGraph->Invalidate();
+  if (FGraph == nullptr) return;
+  FGraph->Invalidate();
+  const auto InvalidateLegendsOf = [](const TZyGraph2D& Graph) {
+    for (IZyGraphLegend* Legend : Graph.RelatedLegends()) Legend->Control().Invalidate();
+  };
+  for (const TZyGraph2D* Child : FGraph->ChildGraphs()) InvalidateLegendsOf(*Child);
+  InvalidateLegendsOf(*FGraph);
+}
+
+void TZySeries::LegendsModified() {
+  if (FGraph != nullptr) FGraph->LegendsModified();
 }
 
 void TZySeries::RangesModified() {
@@ -200,56 +267,27 @@ void TZySeries::RangesModified() {
 }
 
 void TZySeries::PointsModified() {
+  FLastPointsCount = 0;
   FRecalculatePoints = true;
   Invalidate();
 }
 
-void TZySeries::SetLastCount(int Value) { FLastCount = std::min(FLastCount, Value); }
-
-int TZySeries::GetCount() {
-  if (FXData == nullptr || FYData == nullptr) return 0;
-  return std::min(FXData->Count(), FYData->Count());
+void TZySeries::SetLastCount(int Value) {
+  FLastCount = std::min(FLastCount, Value);
+  FLastPointsCount = std::min(FLastPointsCount, FLastCount);
 }
 
-namespace {
-
-/// Takes the extremes of the first Count values of Data. Those beyond belong to no point and do not count, nor does
-/// what is not finite: no axis could show it. Without any value Low lies above High.
-void TakeRange(TZyCustomDoubleVector& Data, int Count, double& Low, double& High) {
-  if (Data.Count() <= Count) {
-    Low = Data.Minimum();
-    High = Data.Maximum();
-    if (std::isfinite(Low) && std::isfinite(High)) return;
-  }
-  Low = LargestDouble;
-  High = -LargestDouble;
-  for (const double Value : Data.Values().first(static_cast<std::size_t>(Count))) {
-    if (!std::isfinite(Value)) continue;
-    Low = std::min(Low, Value);
-    High = std::max(High, Value);
-  }
+void TZySeries::DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMarkers) {
+  if (WithLinkedMarkers && FYData == &Vector) ClearLinkedMarkers();
+  RangesModified();
 }
 
-}  // namespace
+void TZySeries::DataInserted(const TZyCustomDoubleVector& Vector, int Idx) {
+  if (FYData == &Vector) ValueInsertedLinkedMarkers(Idx);
+}
 
-void TZySeries::Calculate() {
-  if (FXData == nullptr || FYData == nullptr || FXAxis == nullptr || FYAxis == nullptr) return;
-  if (FXData->Count() <= FLastCount && FYData->Count() <= FLastCount) return;
-  FCount = GetCount();
-  if (FLastCount >= FCount || FCount < FMinCount) return;
-  const auto TakeInto = [this](TZyCustomDoubleVector& Data, double& Start, double& Stop, TZyAxis& Axis) {
-    double Low = 0, High = 0;
-    TakeRange(Data, FCount, Low, High);
-    if (Low == Start && High == Stop) return;
-    Start = Low;
-    Stop = High;
-    Axis.RangeModified();
-  };
-  TakeInto(*FXData, FXStart, FXStop, *FXAxis);
-  TakeInto(*FYData, FYStart, FYStop, *FYAxis);
-  FRecalculatePoints = true;
-  Invalidate();
-  FLastCount = FCount;
+void TZySeries::DataDeleted(const TZyCustomDoubleVector& Vector, int Idx) {
+  if (FYData == &Vector) DeleteLinkedMarkers(Idx);
 }
 
 }  // namespace zy

@@ -7,132 +7,328 @@
 #include "annotations/ZyRichCaption.h"
 #include "axes/ZyAxis.h"
 #include "graph/ZyStyles.h"
-#include "platform/drawing/Geometry.h"
+#include "platform/drawing/Region.h"
 #include "platform/framework/TRef.h"
-#include "series/ZyDoubleVector.h"
+#include "series/ZyCustomDoubleVector.h"
+#include "series/ZyIndexer.h"
+#include "series/ZyPixelIndex.h"
+#include "series/ZySeriesEvents.h"
+#include "series/ZyStyleObject.h"
+#include "series/ZyVectors.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {
 
 class Graphics;
+class IZySnappingMarker;
+class TZyFunctionSeries;
 class TZyGraph2D;
+class TZyLineSeries;
 class TZyUndoStack;
 
 /// Base of everything that shows data in a TZyGraph2D: a component that refers to two vectors and two axes, and turns
 /// them into ranges for the axes and a list of pixels to draw.
 ///
-/// A series joins its graph by itself as soon as it has both axes and both vectors, and leaves it when it loses one.
-/// Nothing is computed when data change: the next Calculate takes the ranges, the next paint the pixels.
-class TZySeries : public TComponent {
+/// A series joins its graph by itself as soon as it has both axes and a vector, and leaves it when it loses them. With
+/// one vector alone, the other direction is the index of the value. Nothing is computed when data change: the next
+/// Calculate takes the ranges, the next paint the pixels.
+///
+/// A point has values when both its coordinates are finite and, unless outliers are shown, no outliers. All others are
+/// left out as if they were not there: a line goes straight across them.
+class TZySeries : public TComponent, public IZyVectorReader {
   ZY_CLASS(TZySeries, TComponent)
   explicit TZySeries(TComponent* Owner = nullptr);
   ~TZySeries() override;
+
+  // ---- Properties ----
 
   bool Visible() const { return FVisible; }
   void SetVisible(bool Value);
   /// Text for legends. Trailing blanks are dropped.
   const TZyRichCaption& Caption() const { return FCaption; }
   void SetCaption(const TZyRichCaption& Value);
+  bool IncludeInLegend() const { return FIncludeInLegend; }
+  void SetIncludeInLegend(bool Value);
+  /// The series that shares this one's item in legends.
+  TZySeries* MergeLegendItemWith() const { return FMergeLegendItemWith; }
+  void SetMergeLegendItemWith(TZySeries* Value);
   /// Whether the graph takes this series' new data by itself, without a call of the application.
   bool AutoUpdate() const { return FAutoUpdate; }
   void SetAutoUpdate(bool Value) { FAutoUpdate = Value; }
+  /// Whether outliers count as data.
+  bool OutliersVisible() const { return FOutliersVisible; }
+  void SetOutliersVisible(bool Value);
   TZyAxis* XAxis() const { return FXAxis; }
   virtual void SetXAxis(TZyAxis* Value);
   TZyAxis* YAxis() const { return FYAxis; }
   virtual void SetYAxis(TZyAxis* Value);
+  /// The data; one of the two may be the series' own indexer. Null does not remove the indexer, which stands in as long
+  /// as the other vector is there.
   TZyCustomDoubleVector* XData() const { return FXData; }
   void SetXData(TZyCustomDoubleVector* Value);
   TZyCustomDoubleVector* YData() const { return FYData; }
   void SetYData(TZyCustomDoubleVector* Value);
   TZyLineSettings& Line() { return *FLineSettings; }
+  /// What lies below the line, down to the start of the Y axis or to 0.
+  TZyAreaSettings& Area() { return *FAreaSettings; }
+  /// The area goes to the line of this series instead.
+  TZyLineSeries* DrawBandTo() const;
+  void SetDrawBandTo(TZyLineSeries* Value);
+  /// Events that turn the values of the vectors into those that the axes show.
+  const TZyValueTransformation& XValueTransformation() const { return mXValueTransformation; }
+  void SetXValueTransformation(TZyValueTransformation Value);
+  const TZyValueTransformation& YValueTransformation() const { return mYValueTransformation; }
+  void SetYValueTransformation(TZyValueTransformation Value);
+  /// Asked for the pen of each segment of the line, and the brush of the area below it.
+  const TZyPenEventHandler& OnGetPen() const { return mGetPen; }
+  void SetOnGetPen(TZyPenEventHandler Value);
+  const TZyBrushEventHandler& OnGetBrush() const { return mGetBrush; }
+  void SetOnGetBrush(TZyBrushEventHandler Value);
   /// Place in the drawing order, lower first. The graph renumbers all layers from 0.
   int Layer() const { return FLayer; }
   void SetLayer(int Value);
   TZyUndoStack* UndoStack() const { return FUndoStack; }
   virtual void SetUndoStack(TZyUndoStack* Value);
+  /// Pen and brush that draw line and area: those of the settings, or in their place ones of the caller's, which stay
+  /// the caller's and must outlive the series. Null goes back to the settings.
+  const TZyPen* LinePen() const { return FPen.Get(); }
+  void SetLinePen(const TZyPen* Value);
+  const Brush* AreaBrush() const { return FBrush.Get(); }
+  void SetAreaBrush(const Brush* Value);
+
+  // ---- Data ----
 
   /// Number of points: the smaller count of the two vectors, 0 when one is missing.
   virtual int GetCount();
-  /// Whether there is anything to show: visible, with a visible line.
+  /// The same as of the last Calculate.
+  int Count() const { return FCount; }
+  int LastCount() const { return FLastCount; }
+  virtual bool HasValuesAt(int Idx) const;
+  /// The first index from First on that has no values because it is marked as an outlier; the largest int for none.
+  virtual int NextOutlier(int First) const;
+  /// Whether there is anything to show: visible, with a line, an area or symbols.
   virtual bool SeriesVisible() const;
+  /// The value as the axis sees it: Value, or what the event makes of it.
+  double TransformX(double Value, int Idx) const;
+  double TransformY(double Value, int Idx) const;
   /// The data range as the axes read it; a start above its stop means that there is none.
   double XStart() const { return FXStart; }
   double XStop() const { return FXStop; }
   double YStart() const { return FYStart; }
   double YStop() const { return FYStop; }
-  /// Pixels of the line, in client coordinates of the graph, as the last paint computed them.
-  const std::vector<PointF>& Points() const { return FPoints; }
-  /// Data index of each pixel.
-  const std::vector<int>& PointIndex() const { return FPointIndex; }
+  /// Y at AtX by linear interpolation between the neighbouring points, in values of the vectors. 0 without points.
+  virtual double GetY(double AtX) const;
+  /// The caption, or the name of the component without one.
+  const std::string& ToString() const { return FCaption.empty() ? Name() : FCaption; }
+
+  // ---- Pixels, in client coordinates of the graph, as the last paint computed them ----
+
+  /// The pixels of the line.
+  std::span<const PointF> Points() const { return FPoints.Values().first(static_cast<std::size_t>(FPointCount)); }
+  /// Data index of each of them.
+  std::span<const int> PointIndex() const { return FPointIndex.Values().first(static_cast<std::size_t>(FPointCount)); }
+  /// The line and what closes its area.
+  std::span<const PointF> AreaPoints() const {
+    return FPoints.Values().first(static_cast<std::size_t>(FAreaPointCount));
+  }
+  bool RecalculatePoints() const { return FRecalculatePoints; }
+  /// Data index of the first point of the line within Delta pixels of a place both ways; -1 for none, and always while
+  /// the pixels are out of date. Without Delta it is the size of the symbols, or 1.
+  virtual int FindPoint(int X, int Y, float Delta) const;
+  virtual int FindPoint(int X, int Y) const;
+  /// The point nearest to a place, or in one direction alone, among those within the data area; the first of equally
+  /// near ones.
+  TZyNearestPointResult NearestPoint(PointF FromPosition) const;
+  TZyNearestPointResult NearestX(float FromX) const;
+  TZyNearestPointResult NearestY(float FromY) const;
+
+  /// Values of a point by its data index and its pixel: those of the data, transformed, or for a curve that has none of
+  /// its own those at the pixel, with an index of -1.
+  struct TPointValues {
+    int Index = -1;
+    double X = 0, Y = 0;
+  };
+  virtual TPointValues ValuesOfPixel(int Index, float PixelX) const;
+
+  // ---- What graph and axes call ----
 
   /// Takes new data into the ranges; costs a comparison of counts when there are none.
   virtual void Calculate();
-  /// Maps the data to pixels: at most some points for each pixel column, however many values there are.
+  /// Reads what a database changed.
+  virtual void CheckDBVectors();
+  /// Maps the data to pixels. Without symbols at most some points for each pixel column, however many values there are.
   virtual void CalculatePoints();
   virtual void PaintGr(Graphics& Gr);
-  /// Draws the symbols of the points; the graph calls it after frame and axes, so that they lie on top. The line alone
-  /// has none.
-  virtual void DrawSymbols(Graphics&) {}
-  /// Pixels by which the drawing reaches beyond its data at a side of the data area. None for a line.
-  virtual float ExtraSpaceAt(TZyAxisPosition) const { return 0; }
-  /// Data index of the first point of the line within a pixel of a place, or -1; always -1 while the pixels are out of
-  /// date. Kinds with another shape have another rule.
-  virtual int FindPoint(int X, int Y) const;
-  /// Whether the line is long, plain and opaque, and nothing is smoothed: the kind that a partial repaint has to follow
-  /// up with a whole one.
+  /// Draws the symbols of the points; the graph calls it after frame and axes, so that they lie on top.
+  virtual void DrawSymbols(Graphics& Gr);
+  /// Pixels by which the drawing reaches beyond its data at a side of the data area: half a symbol.
+  virtual float ExtraSpaceAt(TZyAxisPosition Border) const;
+  /// Whether the line is long, plain and opaque, and nothing is smoothed: the kind that is drawn without smoothing in
+  /// whole pixels, and that a partial repaint has to follow up with a whole one.
   bool CanDoCanvasDraw() const;
   /// Follows a change of visibility or style; the graph calls it at each of its calculations.
   virtual void TestVisibleChanged();
   /// Joins or leaves graph and axes, as the references allow.
   virtual void TestAllAssigned();
+  /// Takes the primary axes of a graph as they are.
+  virtual void SetDefaultAxis(TZyGraph2D& FromGraph);
 
-  /// Repaints the graph.
+  // ---- Items of legends ----
+
+  /// The height in pixels that an item asks for.
+  virtual float GetItemHeight() const;
+  virtual void DrawListItem(const TZyLegendItemDrawArgs& e, LegendItemStyle Style);
+  virtual void DrawListItem(const TZyLegendItemDrawArgs& e);
+  /// One item for this series and its partner.
+  void DrawMergedItems(const TZyLegendItemDrawArgs& e);
+
+  // ---- Change protocol ----
+
+  /// Repaints the graph and its legends.
   void Invalidate();
   /// Makes the series begin anew: ranges, points, axes.
   void RangesModified();
   /// The pixels are out of date.
   void PointsModified();
-  /// Lowers the count of points that are known to the ranges, never raises it.
+  /// Lowers the count of points that are known to ranges and pixels, never raises it.
   void SetLastCount(int Value);
+  /// Exchanges the two vectors, with their transformations, and tells nobody.
+  void SwapDataVecs();
+  /// What happens to the markers that snapped to points of this series when points go, or one goes or comes.
+  void ClearLinkedMarkers();
+  void DeleteLinkedMarkers(int Idx);
+  void ValueInsertedLinkedMarkers(int Idx);
+
+  void DataReset() override { SetLastCount(0); }
+  void DataInvalidated() override { PointsModified(); }
+  void DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMarkers) override;
+  void DataInserted(const TZyCustomDoubleVector& Vector, int Idx) override;
+  void DataDeleted(const TZyCustomDoubleVector& Vector, int Idx) override;
 
   void SetName(const std::string& Value) override;
   void DefineProperties(TFiler& Filer) override;
 
  protected:
   void Notification(TComponent* AComponent, TOperation Operation) override;
+  /// Area and line.
   virtual void DrawLine(Graphics& Gr);
+  /// The first and the last data index to draw; points beyond the X axis are left out.
+  virtual void GetCalcPointsStartStop(int& Start, int& Stop) const;
+  /// Closes the area below the line, or to the line of the band's partner.
+  virtual void AddBandPoints();
+  /// Pixel of a data point.
+  PointF GetCalcPoint(int Idx) const;
+  void SetStart(TZyAxis& Axis, double& Start, double& Stop, double Low, double High);
+  /// What ends every Calculate that took new ranges.
+  void RangesTaken();
+  TZyGraph2D* Graph() const { return FGraph; }
+  bool UsesIndexer() const { return FXData == FIndexer.get() || FYData == FIndexer.get(); }
+  bool HasOwnXData() const { return FXData != FIndexer.get(); }
+  bool HasOwnYData() const { return FYData != FIndexer.get(); }
 
-  /// For the constructors of the kinds: the caption that a series has until one is set.
-  void SetInitialCaption(std::string_view KindName);
+  /// For the constructors of the kinds: the caption that a series has until one is set, and at design time its axes.
+  void Initialize(std::string_view KindName);
+
+  // What the kinds with point symbols publish.
+  TZyPointSymbolSettings& PointSymbol() { return *FPointSymbolSettings; }
+  TZyPointSymbolSettings& OutOfRangePointSymbol() { return *FOutOfRangeSymbolSettings; }
+  TZyFunctionSeries* RangeFromFunction() const;
+  void SetRangeFromFunction(TZyFunctionSeries* Value);
+  const PointSymbolEventHandler& OnGetPointSymbol() const { return mPointSymbol; }
+  void SetOnGetPointSymbol(PointSymbolEventHandler Value);
+  const TZyPen* SymbolBorderPen() const { return FSymbolPen.Get(); }
+  void SetSymbolBorderPen(const TZyPen* Value);
+  const Brush* SymbolFillBrush() const { return FSymbolBrush.Get(); }
+  void SetSymbolFillBrush(const Brush* Value);
+
+  bool FDoPointSettingsStorage = false;  // the kind has point symbols, and stores their settings
 
  private:
+  class TPixelBlocks;
+  class TReducedPixels;
+
   void JoinGraph();
   void LeaveGraph();
+  void AddSampleData();
   void SetVector(TRef<TZyCustomDoubleVector>& Field, TZyCustomDoubleVector* Value, TZyText Label, const char* PropName);
   void SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, TZyText Label, const char* PropName);
-  PointF GetCalcPoint(int Idx) const;
-  void GetCalcPointsStartStop(int& Start, int& Stop) const;
-  void ReduceToPixels(int Start, int Stop);
+  void LegendsModified();
+
+  // Ranges.
+  void TakeRange(TZyCustomDoubleVector& Data, const TZyCustomDoubleVector& Other, const TZyAxis& Axis, double& Low,
+                 double& High) const;
+  void TakeTransformedExtremes(TZyCustomDoubleVector& Data, double& Low, double& High) const;
+  void SearchRange(const TZyCustomDoubleVector& Data, double& Low, double& High) const;
+  double Transform(const TZyCustomDoubleVector& Data, double Value, int Idx) const;
+  std::vector<IZySnappingMarker*> LinkedMarkers() const;
+  void CheckLinkedMarkers();
+
+  // Pixels.
+  bool MayReduce(int Start, int Stop) const;
+  void ReduceToColumns(int Start, int Stop);
+  void ReduceColumn(int First, int Last);
+  template <class TPixels>
+  void ThinToLine(TPixels& Pixels, int Start, int Stop);
+  void ThinToSymbols(TPixelBlocks& Pixels, int Start, int Stop);
+  void Keep(const PointF& Pixel, int Idx);
+
+  // Drawing.
+  void DrawArea(Graphics& Gr);
+  void DrawSegmentAreas(Graphics& Gr);
+  void DrawSegments(Graphics& Gr);
+  void DrawUnsmoothed(Graphics& Gr);
+  float BaseLine() const;
+  bool HasTranslucentSymbols() const;
+  void ShootHolesToClip(Graphics& Gr);
+  bool IsInRange(std::size_t Pixel) const;
+  void DrawAskedSymbols(Graphics& Gr);
+  template <class TArgs>
+  TArgs ArgsOfPixel(std::size_t Pixel) const;
+
+  // Hit tests.
+  TZyNearestPointResult Nearest(PointF From, TZyPixelIndex::TMetric Metric) const;
 
   bool FVisible = true;
   bool FAutoUpdate = true;
+  bool FOutliersVisible = false;
   bool FLastVisible = true;
   bool FCaptionSet = false;
+  bool FIncludeInLegend = true;
   bool FRecalculatePoints = false;
+  bool FCalculatingPoints = false;
+  bool FPointsForSymbols = false;  // whether the pixels were computed for symbols
+  std::unique_ptr<TZyIndexer> FIndexer;
   TRef<TZyAxis> FXAxis{this}, FYAxis{this};
   TRef<TZyCustomDoubleVector> FXData{this}, FYData{this};
+  TRef<TZySeries> FMergeLegendItemWith{this}, FRangeFromFunction{this}, FDrawBandTo{this};
   TRef<TZyGraph2D> FGraph{this};
   TRef<TZyUndoStack> FUndoStack{this};
+  TZyValueTransformation mXValueTransformation, mYValueTransformation;
+  TZyPenEventHandler mGetPen;
+  TZyBrushEventHandler mGetBrush;
+  PointSymbolEventHandler mPointSymbol;
   std::unique_ptr<TZyLineSettings> FLineSettings;
-  std::unique_ptr<TZyPen> FPen;
+  std::unique_ptr<TZyAreaSettings> FAreaSettings;
+  std::unique_ptr<TZyPointSymbolSettings> FPointSymbolSettings, FOutOfRangeSymbolSettings;
+  TZyStyleObject<TZyPen> FPen, FSymbolPen;
+  TZyStyleObject<Brush> FBrush, FSymbolBrush;
+  TZyPen FOutOfRangePen;
+  SolidBrush FOutOfRangeBrush;
+  float FLastSymbolSize = 0;
   TZyRichCaption FCaption;
   double FXStart, FXStop, FYStart, FYStop;
-  int FMinCount = 2;
+  int FMinCount = 1;
   int FCount = 0;
-  int FLastCount = 0;
+  int FLastCount = 0;        // FCount at the last Calculate
+  int FLastPointsCount = 0;  // FCount at the last CalculatePoints
   int FLayer = 0;
-  std::vector<PointF> FPoints;
-  std::vector<int> FPointIndex;
+  int FPointCount = 0;      // pixels of the line
+  int FAreaPointCount = 0;  // with those that close the area
+  TZyPointVector FPoints;
+  TZyIntegerVector FPointIndex;
+  std::vector<PointF> FWholePixels;  // rounded, for the unsmoothed line; kept for its memory
+  std::vector<int> FReduced;         // data indexes that the columns of pixels were reduced to; kept for its memory
+  mutable TZyPixelIndex FPixelIndex;
 };
 
 }  // namespace zy

@@ -1,110 +1,306 @@
-// Pixels and drawing of a series.
+// From data to pixels.
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <limits>
 
 #include "graph/ZyGraph2D.h"
-#include "platform/drawing/Graphics.h"
-#include "series/ZySeries.h"
+#include "series/ZyLineSeries.h"
+#include "undo/ZyUndoStack.h"
 
 namespace zy {
 namespace {
 
 /// From this many points on, those outside the X axis are left out.
 constexpr int FewestPointsToSkip = 21;
+/// More points than this on a column of pixels are reduced before anything else looks at them.
+constexpr float ManyPerColumn = 4;
+
+bool SameColumn(const PointF& P, const PointF& Q) { return std::fabs(P.X - Q.X) < 1; }
+bool SamePixel(const PointF& P, const PointF& Q) { return SameColumn(P, Q) && std::fabs(P.Y - Q.Y) < 1; }
+
+/// The first index from First on, up to Last, whose value lies not below Limit; Last when there is none. Looks near
+/// First at first: Stride ahead, and farther and farther.
+int FirstNotBelow(const TZyCustomDoubleVector& Data, int First, int Last, double Limit, int Stride) {
+  const std::span<const double> Values = Data.Values();
+  const auto IsBelow = [&](int i) {
+    return (Values.empty() ? static_cast<double>(i) : Values[static_cast<std::size_t>(i)]) < Limit;
+  };
+  int Low = First, High = First;  // all below Low lie below the limit
+  for (int Step = std::max(Stride, 1); High < Last && IsBelow(High); Step *= 2) {
+    Low = High + 1;
+    High = Last - Step > High ? High + Step : Last;
+    if (Step > Last / 2) Step = Last / 2 + 1;
+  }
+  while (Low < High) {
+    const int Middle = Low + (High - Low) / 2;
+    if (IsBelow(Middle)) {
+      Low = Middle + 1;
+    } else {
+      High = Middle;
+    }
+  }
+  return Low;
+}
 
 }  // namespace
 
+/// The pixels of data points by ascending index, computed some hundreds at a time.
+class TZySeries::TPixelBlocks {
+ public:
+  TPixelBlocks(const TZySeries& Series, int Last) : FSeries(Series), FNextOutlier(Series.NextOutlier(0)), FLast(Last) {}
+
+  PointF At(int Idx) {
+    const auto Place = static_cast<std::size_t>(Load(Idx));
+    return {FX[Place], FY[Place]};
+  }
+  int IndexOf(int Idx) const { return Idx; }
+  /// The next point with values; one behind the last when there is none.
+  int Next(int Idx) {
+    for (++Idx; Idx <= FLast; ++Idx) {
+      Load(Idx);
+      if (FIsWhole || FSeries.HasValuesAt(Idx)) break;
+    }
+    return Idx;
+  }
+
+ private:
+  static constexpr int Block = 512;
+
+  int Load(int Idx) {
+    if (Idx < FFirst || Idx >= FFirst + FCount) {
+      FFirst = Idx;
+      FCount = std::min(Block, FLast + 1 - Idx);
+      const bool XIsFinite = Convert(*FSeries.FXData, *FSeries.FXAxis, FSeries.mXValueTransformation, FX);
+      const bool YIsFinite = Convert(*FSeries.FYData, *FSeries.FYAxis, FSeries.mYValueTransformation, FY);
+      if (FNextOutlier < FFirst) FNextOutlier = FSeries.NextOutlier(FFirst);
+      FIsWhole = XIsFinite && YIsFinite && FNextOutlier >= FFirst + FCount;
+    }
+    return Idx - FFirst;
+  }
+
+  /// Whether all values are finite.
+  bool Convert(const TZyCustomDoubleVector& Data, const TZyAxis& Axis, const TZyValueTransformation& Transformation,
+               std::array<float, Block>& Pixels) {
+    std::span<const double> Values = Data.ValuesAt(FFirst, FCount, FScratch);
+    double Sum = 0;
+    for (const double Value : Values) Sum += Value * 0;  // not-a-number as soon as one is not finite
+    if (Transformation) {
+      for (std::size_t i = 0; i < Values.size(); ++i)
+        FScratch[i] = Transformation(const_cast<TZySeries*>(&FSeries), {Values[i], FFirst + static_cast<int>(i)});
+      Values = std::span<const double>(FScratch).first(Values.size());
+    }
+    Axis.NumberToWorld(Values, Pixels);
+    return Sum == 0;
+  }
+
+  const TZySeries& FSeries;
+  int FNextOutlier;
+  int FLast;
+  int FFirst = 0, FCount = 0;
+  bool FIsWhole = true;  // all points of the block have values
+  std::array<float, Block> FX, FY;
+  std::array<double, Block> FScratch;
+};
+
+/// The pixels of the points to which columns were reduced; all of them have values.
+class TZySeries::TReducedPixels {
+ public:
+  explicit TReducedPixels(const TZySeries& Series) : FSeries(Series) {}
+  PointF At(int Place) { return FSeries.GetCalcPoint(IndexOf(Place)); }
+  int IndexOf(int Place) const { return FSeries.FReduced[static_cast<std::size_t>(Place)]; }
+  int Next(int Place) { return Place + 1; }
+
+ private:
+  const TZySeries& FSeries;
+};
+
 PointF TZySeries::GetCalcPoint(int Idx) const {
-  const auto At = static_cast<std::size_t>(Idx);
-  return {FXAxis->NumberToWorld(FXData->Values()[At]), FYAxis->NumberToWorld(FYData->Values()[At])};
+  return {FXAxis->NumberToWorld(TransformX(FXData->GetValue(Idx), Idx)),
+          FYAxis->NumberToWorld(TransformY(FYData->GetValue(Idx), Idx))};
 }
 
-/// The data indexes to draw. Of ascending data one point on each side stays outside the axis, so that the line leaves
-/// the data area and is cut by the clip.
+/// Of ascending data one point on each side stays outside the axis, so that the line leaves the data area and is cut by
+/// the clip. Start above Stop when no point has values.
 void TZySeries::GetCalcPointsStartStop(int& Start, int& Stop) const {
   Start = Stop = 0;
   if (FCount == 0) return;
+  Start = FLastPointsCount;
   Stop = FCount - 1;
-  if (FXData->OnlyAscending() && Stop - Start >= FewestPointsToSkip) {
-    const auto X = FXData->Values();
-    const auto First = X.begin() + Start, Last = X.begin() + Stop;
-    const auto Visible = std::lower_bound(First + 1, Last, FXAxis->Start());
-    Start = static_cast<int>(Visible - X.begin()) - 1;
-    const auto Beyond = std::upper_bound(X.begin() + Start + 1, Last, FXAxis->Stop());
-    Stop = static_cast<int>(Beyond - X.begin());
+  const bool IsSorted = FXData->GetIsSorted();
+  if ((FXData->OnlyAscending() || IsSorted) && Stop - Start >= FewestPointsToSkip) {
+    if (IsSorted && !mXValueTransformation) {
+      Start = FirstNotBelow(*FXData, Start + 1, Stop, FXAxis->Start(), FCount / 2) - 1;
+      const double AboveStop = std::nextafter(FXAxis->Stop(), std::numeric_limits<double>::infinity());
+      Stop = FirstNotBelow(*FXData, Start + 1, Stop, AboveStop, FCount / 2);
+    } else {
+      const auto X = [this](int i) { return TransformX(FXData->GetValue(i), i); };
+      while (Start + 1 < Stop && X(Start + 1) < FXAxis->Start()) ++Start;
+      while (Stop - 1 > Start && X(Stop - 1) > FXAxis->Stop()) --Stop;
+    }
   }
   Start = std::min(Start, Stop);
+  while (Start <= Stop && !HasValuesAt(Start)) ++Start;
+  while (Stop > Start && !HasValuesAt(Stop)) --Stop;
 }
 
 void TZySeries::CalculatePoints() {
-  FPoints.clear();
-  FPointIndex.clear();
+  if (FCalculatingPoints) return;  // bands that point at each other
+  FCalculatingPoints = true;
+  if (FLastPointsCount == 0) FPointCount = 0;
+  FPoints.Clear();
+  FPoints.CheckCount(FPointCount);
+  FPointIndex.Clear();
+  FPointIndex.CheckCount(FPointCount);
+  FAreaPointCount = FPointCount;
+  FPixelIndex.Reset();
+  FPointsForSymbols = FPointSymbolSettings->Visible();
+  int Start = 0, Stop = -1;
+  if (FCount > 0) GetCalcPointsStartStop(Start, Stop);
+  if (Start <= Stop) {
+    TPixelBlocks Pixels(*this, Stop);
+    if (FPointsForSymbols) {
+      ThinToSymbols(Pixels, Start, Stop);
+    } else if (MayReduce(Start, Stop)) {
+      ReduceToColumns(Start, Stop);
+      TReducedPixels Reduced(*this);
+      ThinToLine(Reduced, 0, static_cast<int>(FReduced.size()) - 1);
+    } else {
+      ThinToLine(Pixels, Start, Stop);
+    }
+  }
+  FLastPointsCount = FCount;
+  if (FPointCount > 0) AddBandPoints();
   FRecalculatePoints = false;
-  if (FCount == 0) return;
-  int Start = 0, Stop = 0;
-  GetCalcPointsStartStop(Start, Stop);
-  ReduceToPixels(Start, Stop);
+  FCalculatingPoints = false;
+}
+
+void TZySeries::Keep(const PointF& Pixel, int Idx) {
+  FPoints.Add(Pixel);
+  FPointIndex.Add(Idx);
+  ++FPointCount;
+}
+
+/// Every symbol counts that does not lie on the one before.
+void TZySeries::ThinToSymbols(TPixelBlocks& Pixels, int Start, int Stop) {
+  PointF Last = Pixels.At(Start);
+  Keep(Last, Start);
+  for (int i = Pixels.Next(Start); i <= Stop; i = Pixels.Next(i)) {
+    const PointF Pixel = Pixels.At(i);
+    if (!(std::fabs(Pixel.X - Last.X) > 1) && !(std::fabs(Pixel.Y - Last.Y) > 1)) continue;
+    Keep(Pixel, i);
+    Last = Pixel;
+  }
 }
 
 /// Keeps of each pixel column the turning points of the line: points that fall on the pixel before vanish, and a run
 /// that goes on in one vertical direction collapses to its end.
-void TZySeries::ReduceToPixels(int Start, int Stop) {
-  const auto Keep = [this](const PointF& Point, int Index) {
-    FPoints.push_back(Point);
-    FPointIndex.push_back(Index);
-  };
-  const auto SameColumn = [](const PointF& P, const PointF& Q) { return std::fabs(P.X - Q.X) < 1; };
-  const auto SamePixel = [&](const PointF& P, const PointF& Q) { return SameColumn(P, Q) && std::fabs(P.Y - Q.Y) < 1; };
-  PointF A = GetCalcPoint(Start);
-  int IndexOfA = Start;
-  int i = Start + 1;
+template <class TPixels>
+void TZySeries::ThinToLine(TPixels& Pixels, int Start, int Stop) {
+  PointF A = Pixels.At(Start);
+  int PlaceOfA = Start;
+  int i = Pixels.Next(Start);
   while (i <= Stop) {
-    Keep(A, IndexOfA);
-    PointF B = GetCalcPoint(i);
-    while (i < Stop && SamePixel(A, B)) B = GetCalcPoint(++i);
+    Keep(A, Pixels.IndexOf(PlaceOfA));
+    PointF B = Pixels.At(i);
+    while (i < Stop && SamePixel(A, B)) B = Pixels.At(i = Pixels.Next(i));
     if (i < Stop - 1 && SameColumn(A, B)) {
       const bool Downwards = B.Y > A.Y;
       while (i < Stop - 1) {
-        const PointF C = GetCalcPoint(i + 1);
+        const int Next = Pixels.Next(i);
+        const PointF C = Pixels.At(Next);
         if (!SameColumn(A, C) || (Downwards ? C.Y < B.Y : C.Y > B.Y)) break;
         B = C;
-        ++i;
+        i = Next;
       }
     }
     A = B;
-    IndexOfA = i;
-    ++i;
+    PlaceOfA = i;
+    i = Pixels.Next(i);
   }
-  Keep(A, IndexOfA);
+  Keep(A, Pixels.IndexOf(PlaceOfA));
 }
 
-void TZySeries::PaintGr(Graphics& Gr) {
-  if (FGraph == nullptr || FXAxis == nullptr || FYAxis == nullptr || !SeriesVisible()) return;
-  if (FRecalculatePoints) CalculatePoints();
-  if (FPoints.size() > 1) DrawLine(Gr);
+// --- Reduction of columns -------------------------------------------------------------------------------------------
+
+bool TZySeries::MayReduce(int Start, int Stop) const {
+  if (mXValueTransformation || mYValueTransformation || !FXData->GetIsSorted()) return false;
+  return static_cast<float>(Stop - Start) > ManyPerColumn * std::max(FXAxis->AxLength(), 1.0f);
 }
 
-void TZySeries::DrawLine(Graphics& Gr) {
-  if (FLineSettings->Visible() && FPen != nullptr) Gr.DrawLines(*FPen, FPoints);
+/// Goes over ascending data by columns of pixels, so that the cost follows the length of the axis.
+void TZySeries::ReduceToColumns(int Start, int Stop) {
+  FReduced.clear();
+  const bool Rightwards = FXAxis->NumberToWorld(FXAxis->Start()) <= FXAxis->NumberToWorld(FXAxis->Stop());
+  int First = Start, Width = 1;
+  while (First <= Stop) {
+    const float Pixel = FXAxis->NumberToWorld(FXData->GetValue(First));
+    const float Edge = Rightwards ? std::floor(Pixel) + 1 : std::ceil(Pixel) - 1;
+    const int Last = std::max(First + 1, FirstNotBelow(*FXData, First, Stop + 1, FXAxis->WorldToNumber(Edge), Width));
+    ReduceColumn(First, Last);
+    Width = Last - First;
+    First = Last;
+  }
 }
 
-int TZySeries::FindPoint(int X, int Y) const {
-  if (FRecalculatePoints) return -1;
-  constexpr float Delta = 1;
-  for (std::size_t Index = 0; Index < FPoints.size(); ++Index)
-    if (std::abs(FPoints[Index].X - static_cast<float>(X)) <= Delta &&
-        std::abs(FPoints[Index].Y - static_cast<float>(Y)) <= Delta)
-      return FPointIndex[Index];
-  return -1;
+/// Keeps the first, smallest, largest and last point of those from First up to, but not including, Last: all that a
+/// line within one column of pixels shows (Jugel, Jerzak, Hackenbroich, Markl: M4, PVLDB 7(10), 2014).
+void TZySeries::ReduceColumn(int First, int Last) {
+  constexpr int Few = 4;
+  int Kept[Few] = {-1, -1, -1, -1};  // first, last, smallest, largest
+  double Low = 0, High = 0;
+  const auto TakeRun = [&](int From, int To) {
+    while (From < To && !HasValuesAt(From)) ++From;
+    while (From < To && !HasValuesAt(To - 1)) --To;
+    if (From == To) return;
+    if (Kept[0] < 0) Kept[0] = From;
+    Kept[1] = To - 1;
+    const TZyExtremeIndexes Extremes = FYData->FindExtremes(From, To);
+    const double RunLow = FYData->GetValue(Extremes.Minimum), RunHigh = FYData->GetValue(Extremes.Maximum);
+    if (Kept[2] < 0 || RunLow < Low) Low = RunLow, Kept[2] = Extremes.Minimum;
+    if (Kept[3] < 0 || RunHigh > High) High = RunHigh, Kept[3] = Extremes.Maximum;
+  };
+  if (Last - First <= Few) {
+    for (int i = First; i < Last; ++i)
+      if (HasValuesAt(i)) FReduced.push_back(i);
+    return;
+  }
+  for (int From = First; From < Last;) {
+    const int To = std::min(NextOutlier(From), Last);
+    TakeRun(From, To);
+    From = To + (To < Last ? 1 : 0);
+  }
+  std::sort(Kept, Kept + Few);
+  for (int i = 0; i < Few; ++i)
+    if (Kept[i] >= 0 && (i == 0 || Kept[i] != Kept[i - 1])) FReduced.push_back(Kept[i]);
 }
 
-bool TZySeries::CanDoCanvasDraw() const {
-  constexpr int MinPoints = 101;
-  constexpr unsigned Opaque = 255;
-  if (FGraph == nullptr || FGraph->DoingImage() || FGraph->SmoothingMode() != TZySmoothingMode::None) return false;
-  if (FCount < MinPoints || GetAlpha(FLineSettings->Color()) < Opaque) return false;
-  return FLineSettings->Width() <= 1 || FLineSettings->DashStyle() == DashStyleSolid;
+// --- Area -----------------------------------------------------------------------------------------------------------
+
+float TZySeries::BaseLine() const {
+  return FYAxis->Start() > 0 ? FYAxis->NumberToWorld(FYAxis->Start()) : FYAxis->NumberToWorld(0);
+}
+
+void TZySeries::AddBandPoints() {
+  FPoints.CheckCount(FPointCount);
+  TZySeries* const Partner = FDrawBandTo;
+  if (Partner != nullptr && Partner->FCount > 0 && Partner->FXAxis != nullptr && Partner->FYAxis != nullptr) {
+    if (!FAreaSettings->Visible()) {  // no change of the user's: nothing to undo
+      FAreaSettings->SetUndoStack(nullptr);
+      FAreaSettings->SetVisible(true);
+      FAreaSettings->SetUndoStack(FUndoStack);
+    }
+    if (Partner->FRecalculatePoints) Partner->CalculatePoints();
+    const std::span<const PointF> Others = Partner->Points();
+    for (auto Point = Others.rbegin(); Point != Others.rend(); ++Point) FPoints.Add(*Point);
+    FAreaPointCount = FPointCount + static_cast<int>(Others.size());
+    return;
+  }
+  const float Base = BaseLine() - 0.5f;
+  FPoints.Add({FPoints.GetX(FPointCount - 1), Base});
+  FPoints.Add({FPoints.GetX(0), Base});
+  FAreaPointCount = FPointCount + 2;
 }
 
 }  // namespace zy

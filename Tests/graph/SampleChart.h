@@ -8,6 +8,7 @@
 #include "platform/controls/TForm.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
+#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
 
 namespace zy::testing {

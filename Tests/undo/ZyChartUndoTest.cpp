@@ -10,6 +10,7 @@
 #include "platform/controls/TForm.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/Reflection.h"
+#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
 #include "undo/ZyUndoStack.h"
 
@@ -17,8 +18,8 @@ namespace zy {
 namespace {
 
 /// What is set without undo: what the designer sets once, the one look without a step, and the paddings of an axis.
-const std::set<std::string_view> NotUndone = {"SmoothingMode", "AutoUpdate", "ParentFont", "StartPadding",
-                                              "StopPadding"};
+const std::set<std::string_view> NotUndone = {"SmoothingMode", "AutoUpdate",          "ParentFont", "StartPadding",
+                                              "StopPadding",   "MergeLegendItemWith", "DrawBandTo"};
 
 /// What every panel has, places and names above all, is set without undo too.
 bool IsUndone(const TPropInfo& Info) {

@@ -1,0 +1,45 @@
+#include "series/ZyIndexer.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/TPropInfo.h"
+#include "texts/ZyLocalize.h"
+
+namespace zy {
+
+ZY_PUBLISHED(TZyIndexer, TZyCustomDoubleVector)
+
+double TZyIndexer::GetMinimum() {
+  FLastCount = GetCount();
+  return 0;
+}
+
+double TZyIndexer::GetMaximum() {
+  FLastCount = GetCount();
+  return std::max(FLastCount - 1, 0);
+}
+
+double TZyIndexer::GetSum() { return (GetCount() - 1.0) / 2 * GetCount(); }
+
+void TZyIndexer::SetValue(int, double) { throw EExternal(LoadResString(_sSetIndexerValueNotSupported)); }
+
+TZyExtremeIndexes TZyIndexer::FindExtremes(int First, int Last) const {
+  First = std::max(First, 0);
+  Last = std::min(Last, GetCount());
+  return First < Last ? TZyExtremeIndexes{First, Last - 1} : TZyExtremeIndexes{};
+}
+
+std::span<const double> TZyIndexer::ValuesAt(int First, int Count, std::span<double> Scratch) const {
+  const auto Part = Scratch.first(static_cast<std::size_t>(Count));
+  std::iota(Part.begin(), Part.end(), static_cast<double>(First));
+  return Part;
+}
+
+void TZyIndexer::Notification(TComponent* AComponent, TOperation Operation) {
+  TZyCustomDoubleVector::Notification(AComponent, Operation);
+  if (Operation == TOperation::Remove && AComponent == FRefVector) FRefVector = nullptr;
+}
+
+}  // namespace zy

@@ -1,0 +1,220 @@
+// Drawing of a series from its list of pixels, and hit tests in it.
+
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "graph/ZyDrawing.h"
+#include "graph/ZyGraph2D.h"
+#include "platform/drawing/Graphics.h"
+#include "series/ZyFunctionSeries.h"
+
+namespace zy {
+namespace {
+
+constexpr unsigned Opaque = 255;
+
+bool IsTranslucent(const TZyPointSymbolSettings& Settings) { return GetAlpha(Settings.FillColor()) < Opaque; }
+
+}  // namespace
+
+TZySeries::TPointValues TZySeries::ValuesOfPixel(int Index, float) const {
+  return {Index, TransformX(FXData->GetValue(Index), Index), TransformY(FYData->GetValue(Index), Index)};
+}
+
+/// The arguments of an event for a pixel, with what all of them have.
+template <class TArgs>
+TArgs TZySeries::ArgsOfPixel(std::size_t Pixel) const {
+  const TPointValues Values = ValuesOfPixel(PointIndex()[Pixel], Points()[Pixel].X);
+  TArgs Args;
+  Args.Index = Values.Index;
+  Args.X = Values.X;
+  Args.Y = Values.Y;
+  return Args;
+}
+
+bool TZySeries::HasTranslucentSymbols() const {
+  return IsTranslucent(*FPointSymbolSettings) || IsTranslucent(*FOutOfRangeSymbolSettings);
+}
+
+void TZySeries::PaintGr(Graphics& Gr) {
+  if (FGraph == nullptr || FXAxis == nullptr || FYAxis == nullptr || !SeriesVisible()) return;
+  if (FRecalculatePoints) CalculatePoints();
+  if (FPointCount == 0) return;
+  if (FPointCount > 1) {
+    if (!FPen.Get() || !FBrush.Get()) TestVisibleChanged();
+    std::optional<Region> OriginalClip;
+    if (HasTranslucentSymbols()) {
+      OriginalClip = Gr.GetClip();
+      ShootHolesToClip(Gr);
+    }
+    DrawLine(Gr);
+    if (OriginalClip) Gr.SetClip(*OriginalClip);
+  }
+  DrawSymbols(Gr);
+}
+
+bool TZySeries::IsInRange(std::size_t Pixel) const {
+  const TZyFunctionSeries* const Function = RangeFromFunction();
+  if (Function == nullptr) return true;
+  const double X = FXData->GetValue(PointIndex()[Pixel]);
+  return X >= Function->GetCalcStart() && X <= Function->GetCalcStop();
+}
+
+/// Cuts the symbols out of the clip, so that lines do not shine through them. Opaque symbols cover the line by
+/// themselves.
+void TZySeries::ShootHolesToClip(Graphics& Gr) {
+  const TZyPointSymbolSettings& Inside = *FPointSymbolSettings;
+  const TZyPointSymbolSettings& Outside = *FOutOfRangeSymbolSettings;
+  if (RangeFromFunction() == nullptr && !Inside.Visible() && !mPointSymbol) return;  // holes without symbols
+  for (std::size_t Pixel = 0; Pixel < Points().size(); ++Pixel) {
+    const PointF& Place = Points()[Pixel];
+    if (RangeFromFunction() == nullptr || (IsInRange(Pixel) && IsTranslucent(Inside))) {
+      ExcludeSymbolSpace(Gr, Place.X, Place.Y, Inside.Size(), Inside.PointSymbol());
+    } else if (!IsInRange(Pixel) && IsTranslucent(Outside) && Outside.Visible()) {
+      ExcludeSymbolSpace(Gr, Place.X, Place.Y, Outside.Size(), Outside.PointSymbol());
+    }
+  }
+}
+
+// --- Area and line --------------------------------------------------------------------------------------------------
+
+void TZySeries::DrawLine(Graphics& Gr) {
+  if (FAreaSettings->Visible()) DrawArea(Gr);
+  if (!FLineSettings->Visible()) return;
+  if (mGetPen) {
+    DrawSegments(Gr);
+  } else if (CanDoCanvasDraw()) {
+    DrawUnsmoothed(Gr);
+  } else {
+    Gr.DrawLines(*FPen, Points());
+  }
+}
+
+void TZySeries::DrawArea(Graphics& Gr) {
+  if (mGetBrush) return DrawSegmentAreas(Gr);
+  Gr.FillPolygon(*FBrush, AreaPoints());
+}
+
+/// Half a pixel of overlap hides the seams.
+void TZySeries::DrawSegmentAreas(Graphics& Gr) {
+  const float Base = FYAxis->Start() > 0 ? BaseLine() : BaseLine() - 0.5f;
+  const std::span<const PointF> P = Points();
+  for (std::size_t i = 0; i + 1 < P.size(); ++i) {
+    auto Args = ArgsOfPixel<TZyBrushEventArgs>(i);
+    Args.Brush = FBrush.Get();
+    Args.Visible = FAreaSettings->Visible();
+    mGetBrush(this, Args);
+    if (!Args.Visible || Args.Brush == nullptr) continue;
+    const float Right = P[i + 1].X + 0.5f;
+    const PointF Corners[] = {P[i], {Right, P[i + 1].Y}, {Right, Base}, {P[i].X, Base}};
+    Gr.FillPolygon(*Args.Brush, Corners);
+  }
+}
+
+void TZySeries::DrawSegments(Graphics& Gr) {
+  const std::span<const PointF> P = Points();
+  for (std::size_t i = 0; i + 1 < P.size(); ++i) {
+    auto Args = ArgsOfPixel<TZyPenEventArgs>(i);
+    Args.Pen = FPen.Get();
+    Args.Visible = FLineSettings->Visible();
+    mGetPen(this, Args);
+    if (Args.Visible && Args.Pen != nullptr) Gr.DrawLine(*Args.Pen, P[i].X, P[i].Y, P[i + 1].X, P[i + 1].Y);
+  }
+}
+
+/// The way of long, plain, opaque lines on an unsmoothed graph: whole pixels, a plain pen, no mitres.
+void TZySeries::DrawUnsmoothed(Graphics& Gr) {
+  TZyPen Plain(FLineSettings->Color(), std::max(std::round(FLineSettings->Width()), 1.0f));
+  Plain.SetDashStyle(FLineSettings->DashStyle());
+  Plain.SetMiterLimit(0);
+  FWholePixels.assign(Points().begin(), Points().end());
+  for (PointF& Point : FWholePixels) Point = {std::round(Point.X), std::round(Point.Y)};
+  const Region Clip = Gr.GetClip();
+  Gr.SetClip(FGraph->DrawingArea(), CombineModeIntersect);
+  Gr.DrawLines(Plain, FWholePixels);
+  Gr.SetClip(Clip);
+}
+
+bool TZySeries::CanDoCanvasDraw() const {
+  constexpr int MinPoints = 101;
+  if (FGraph == nullptr || FGraph->DoingImage() || FGraph->SmoothingMode() != TZySmoothingMode::None) return false;
+  if (FCount < MinPoints || GetAlpha(FLineSettings->Color()) < Opaque) return false;
+  return FLineSettings->Width() <= 1 || FLineSettings->DashStyle() == DashStyleSolid;
+}
+
+// --- Symbols --------------------------------------------------------------------------------------------------------
+
+void TZySeries::DrawSymbols(Graphics& Gr) {
+  if (!FVisible || FRecalculatePoints || FGraph == nullptr) return;
+  if (mPointSymbol) return DrawAskedSymbols(Gr);
+  const TZyPointSymbolSettings& Inside = *FPointSymbolSettings;
+  if (!Inside.Visible()) return;
+  if (RangeFromFunction() == nullptr)
+    return DrawPointSymbols(Gr, *FSymbolPen, *FSymbolBrush, Points(), Inside.Size(), Inside.PointSymbol());
+  const TZyPointSymbolSettings& Outside = *FOutOfRangeSymbolSettings;
+  for (std::size_t Pixel = 0; Pixel < Points().size(); ++Pixel) {
+    const PointF& Place = Points()[Pixel];
+    if (IsInRange(Pixel)) {
+      DrawPointSymbol(Gr, *FSymbolPen, *FSymbolBrush, Place.X, Place.Y, Inside.Size(), Inside.PointSymbol());
+    } else if (Outside.Visible()) {
+      DrawPointSymbol(Gr, FOutOfRangePen, FOutOfRangeBrush, Place.X, Place.Y, Outside.Size(), Outside.PointSymbol());
+    }
+  }
+}
+
+void TZySeries::DrawAskedSymbols(Graphics& Gr) {
+  for (std::size_t Pixel = 0; Pixel < Points().size(); ++Pixel) {
+    auto Args = ArgsOfPixel<PointSymbolEventArgs>(Pixel);
+    Args.Size = FPointSymbolSettings->Size();
+    Args.Pen = FSymbolPen.Get();
+    Args.Brush = FSymbolBrush.Get();
+    Args.Symbol = FPointSymbolSettings->PointSymbol();
+    Args.Visible = FPointSymbolSettings->Visible();
+    mPointSymbol(this, Args);
+    const PointF& Place = Points()[Pixel];
+    if (Args.Visible && Args.Pen != nullptr && Args.Brush != nullptr)
+      DrawPointSymbol(Gr, *Args.Pen, *Args.Brush, Place.X, Place.Y, Args.Size, Args.Symbol);
+  }
+}
+
+float TZySeries::ExtraSpaceAt(TZyAxisPosition) const {
+  const TZyPointSymbolSettings& Symbol = *FPointSymbolSettings;
+  if (!FVisible || !Symbol.Visible() || FXData == nullptr || FXData->Count() < 2) return 0;
+  return (Symbol.Size() + Symbol.BorderLineWidth()) / 2 + 1;
+}
+
+// --- Hit tests ------------------------------------------------------------------------------------------------------
+
+int TZySeries::FindPoint(int X, int Y, float Delta) const {
+  if (FRecalculatePoints) return -1;
+  const PointF Place{static_cast<float>(X), static_cast<float>(Y)};
+  const int Position = FPixelIndex.FirstWithin(Points(), Place, Delta);
+  return Position < 0 ? -1 : PointIndex()[static_cast<std::size_t>(Position)];
+}
+
+int TZySeries::FindPoint(int X, int Y) const {
+  const TZyPointSymbolSettings& Symbol = *FPointSymbolSettings;
+  return FindPoint(X, Y, Symbol.Visible() ? Symbol.Size() : 1.0f);
+}
+
+TZyNearestPointResult TZySeries::Nearest(PointF From, TZyPixelIndex::TMetric Metric) const {
+  TZyNearestPointResult Result;
+  Result.Distance = std::numeric_limits<float>::max();
+  if (FRecalculatePoints || FGraph == nullptr) return Result;
+  const auto Found = FPixelIndex.Nearest(Points(), FGraph->DrawingArea(), From, Metric);
+  if (Found.Position < 0) return Result;
+  const auto Pixel = static_cast<std::size_t>(Found.Position);
+  const TPointValues Values = ValuesOfPixel(PointIndex()[Pixel], Points()[Pixel].X);
+  return {true, Found.Distance, Values.Index, Values.X, Values.Y, Points()[Pixel]};
+}
+
+TZyNearestPointResult TZySeries::NearestPoint(PointF FromPosition) const {
+  return Nearest(FromPosition, TZyPixelIndex::TMetric::Both);
+}
+
+TZyNearestPointResult TZySeries::NearestX(float FromX) const { return Nearest({FromX, 0}, TZyPixelIndex::TMetric::X); }
+
+TZyNearestPointResult TZySeries::NearestY(float FromY) const { return Nearest({0, FromY}, TZyPixelIndex::TMetric::Y); }
+
+}  // namespace zy

@@ -1,0 +1,23 @@
+#pragma once
+
+namespace zy {
+
+class TZyCustomDoubleVector;
+
+/// What a data vector tells those that read it: series, and pie charts. Nothing is computed in answer; a reader only
+/// notes what became stale.
+class IZyVectorReader {
+ public:
+  virtual ~IZyVectorReader() = default;
+  /// Ranges and pixels of the reader are stale.
+  virtual void DataReset() = 0;
+  /// Values changed; the ranges describe them still, or grow with new ones.
+  virtual void DataInvalidated() = 0;
+  /// The vector is empty now. With WithLinkedMarkers, markers that hold on to its points go as well.
+  virtual void DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMarkers) = 0;
+  /// A value came in at Idx, or is about to leave there; markers on the points behind move along.
+  virtual void DataInserted(const TZyCustomDoubleVector& Vector, int Idx) = 0;
+  virtual void DataDeleted(const TZyCustomDoubleVector& Vector, int Idx) = 0;
+};
+
+}  // namespace zy
