@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlError>
+#include <QSqlIndex>
 #include <QUrl>
 #include <QUrlQuery>
 #include <map>
@@ -132,17 +133,23 @@ void TSqlConnection::CheckEnd(const QSqlQuery& Query) {
   if (Query.lastError().isValid()) Fail(Query, Query.lastQuery());
 }
 
-/// A server names a code with every refusal; none, or one of the classes for connections and shutdown, means that it
-/// is gone. The connection then is closed, and the next statement tries to make it again.
 void TSqlConnection::Fail(const QSqlQuery& Query, const QString& Statement) {
-  const QSqlError Error = Query.lastError();
-  const QString Code = Error.nativeErrorCode();
-  const std::string Reason = Shown(Error.text());
-  if (!FServer.isEmpty() && (Code.isEmpty() || Code.startsWith("08") || Code.startsWith("57P"))) {
-    FDatabase.close();
-    Raise(_sDatabaseLost, FPlace, Reason);
-  }
-  Raise(_sDatabaseStatement, FPlace, Shown(Statement), Reason);
+  const std::string Reason = Shown(Query.lastError().text());
+  // A server that goes says so in a last message (codes 08 and 57P), or the driver finds the connection gone.
+  const QString Code = Query.lastError().nativeErrorCode();
+  const bool Lost = !FDatabase.isOpen() || (!FServer.isEmpty() && (Code.startsWith("08") || Code.startsWith("57P")));
+  if (!Lost) Raise(_sDatabaseStatement, FPlace, Shown(Statement), Reason);
+  FDatabase.close();  // the next statement tries to make it again
+  Raise(_sDatabaseLost, FPlace, Reason);
+}
+
+QStringList TSqlConnection::PrimaryKey(const QString& Table) {
+  // The driver gives no reason when it finds no key because the connection is gone.
+  if (!FServer.isEmpty()) Run("SELECT 1");
+  const QSqlIndex Key = Opened().primaryIndex(Table);
+  QStringList Result;
+  for (int i = 0; i < Key.count(); ++i) Result += Key.fieldName(i);
+  return Result;
 }
 
 QString TSqlConnection::QuotedTable(const std::string& Name) {

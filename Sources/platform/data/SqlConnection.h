@@ -2,6 +2,7 @@
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <QStringList>
 #include <QUrl>
 #include <QVariant>
 #include <memory>
@@ -30,6 +31,8 @@ class TSqlConnection {
   /// Table name in the quotes that the database wants; a schema may stand before a point.
   QString QuotedTable(const std::string& Name);
   QString QuotedField(const QString& Name);
+  /// Names of the fields of the primary key of a table in quotes; none when it has no such key or is a view.
+  QStringList PrimaryKey(const QString& Table);
   /// Where the database lies, without user and password, for messages.
   const std::string& Place() const { return FPlace; }
 

@@ -1,9 +1,9 @@
 #include "platform/data/TSqlDataSet.h"
 
 #include <QSqlField>
-#include <QSqlIndex>
 #include <QSqlRecord>
 #include <limits>
+#include <utility>
 
 #include "platform/data/DateTimeText.h"
 #include "platform/data/SqlConnection.h"
@@ -75,16 +75,15 @@ void TSqlDataSet::ExecSQL(const std::string& Statement) { Connection().Run(ToQt(
 std::vector<TFieldDef> TSqlDataSet::ReadRecords() {
   TSqlConnection& Base = Connection();
   QString Statement = ToQt(FQuery);
-  std::vector<QString> KeyNames;
+  QStringList KeyNames;
   if (FQuery.empty()) {
     if (FTableName.empty()) throw EDatabaseError(Format(LoadResString(_sDataSetNothing), {Title()}));
     const QString Table = Base.QuotedTable(FTableName);
     Statement = "SELECT * FROM " + Table;
-    const QSqlIndex Key = Base.Opened().primaryIndex(Table);
-    for (int i = 0; i < Key.count(); ++i) {
-      KeyNames.push_back(Key.fieldName(i));
-      Statement += (i == 0 ? " ORDER BY " : ", ") + Base.QuotedField(KeyNames.back());
-    }
+    KeyNames = Base.PrimaryKey(Table);
+    QStringList Order;
+    for (const QString& Name : std::as_const(KeyNames)) Order += Base.QuotedField(Name);
+    if (!Order.isEmpty()) Statement += " ORDER BY " + Order.join(", ");
   }
 
   QSqlQuery Result = Base.Run(Statement);
@@ -100,10 +99,11 @@ std::vector<TFieldDef> TSqlDataSet::ReadRecords() {
   Base.CheckEnd(Result);
 
   std::vector<TFieldDef> Defs;
+  Defs.reserve(static_cast<std::size_t>(Layout.count()));
   for (int i = 0; i < Layout.count(); ++i)
     Defs.push_back({Layout.fieldName(i).toStdString(), FieldTypeOf(Layout.field(i).metaType().id())});
   FKey.clear();
-  for (const QString& Name : KeyNames) FKey.push_back(Layout.indexOf(Name));
+  for (const QString& Name : std::as_const(KeyNames)) FKey.push_back(Layout.indexOf(Name));
   FRecords = std::move(Records);
   return Defs;
 }
