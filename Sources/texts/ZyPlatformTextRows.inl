@@ -92,3 +92,11 @@ ZY_TEXT(_sWidgetNeedsApplication, "A widget needs an application object: \"%s\""
 ZY_TEXT(_sApplicationWithoutWidgets, "The program's application object is one without widgets")
 ZY_TEXT(_sCannotFocus, "Control \"%s\" is invisible or disabled and cannot have the keyboard")
 ZY_TEXT(_sScrollRange, "A scroll bar cannot range from %d down to %d")
+
+// ---- Formulas ----
+
+ZY_TEXT(_sFormulaTooDeep, "The formula is nested more than %d brackets deep")
+ZY_TEXT(_sVariableGone, "The variable \"%s\" does not exist any more")
+ZY_TEXT(_sNothingToCall, "There is nothing to call behind the name \"%s\"")
+ZY_TEXT(_sNoArgument, "There is no variable \"%s\" to evaluate the formula over")
+ZY_TEXT(_sResultCount, "%u results cannot take the values of %u arguments")

@@ -9,6 +9,7 @@ namespace zy {
 /// What the user's locale decides about shown and typed texts. Stored texts never depend on it.
 struct TFormatSettings {
   char DecimalSeparator = '.';
+  char ThousandSeparator = ',';
 };
 
 /// The one settings object of the process; the application fills it from the user's locale at start.
