@@ -115,3 +115,11 @@ ZY_TEXT(_sDatabaseConnect, "Cannot connect to %s: %s")
 ZY_TEXT(_sDatabaseLost, "The connection to %s was lost: %s")
 ZY_TEXT(_sDatabaseStatement, "%s refuses \"%s\": %s")
 ZY_TEXT(_sDatabaseNoRecords, "%s: \"%s\" gives no records")
+
+// ---- Formulas ----
+
+ZY_TEXT(_sFormulaTooDeep, "The formula is nested more than %d brackets deep")
+ZY_TEXT(_sVariableGone, "The variable \"%s\" does not exist any more")
+ZY_TEXT(_sNothingToCall, "There is nothing to call behind the name \"%s\"")
+ZY_TEXT(_sNoArgument, "There is no variable \"%s\" to evaluate the formula over")
+ZY_TEXT(_sResultCount, "%u results cannot take the values of %u arguments")
