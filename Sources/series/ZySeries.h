@@ -279,6 +279,7 @@ class TZySeries : public TComponent, public IZyVectorReader {
   void DrawUnsmoothed(Graphics& Gr);
   float BaseLine() const;
   bool HasTranslucentSymbols() const;
+  bool SymbolsCoverThemselves() const;
   void ShootHolesToClip(Graphics& Gr);
   bool IsInRange(std::size_t Pixel) const;
   void DrawAskedSymbols(Graphics& Gr);

@@ -104,7 +104,7 @@ TEST_F(ZyDatabaseVectorTest, ItsRecordHoldsTheLinkAndNotTheValues) {
   Chart.Paint();
   TMemoryStream Stream;
   Y.WriteTo(Stream);
-  Stream.Seek(0, TSeekOrigin::Begin);
+  Stream.Seek(0, TSeekOrigin::Beginning);
   TZyDoubleVector Other;
   Other.ReadFrom(Stream);
   EXPECT_EQ(Other.DataSource(), &Source);

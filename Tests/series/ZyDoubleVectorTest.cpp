@@ -183,13 +183,13 @@ TEST(ZyDoubleVectorTest, FindsTheExtremesOfAnyStretch) {
   for (int Round = 0; Round < 300; ++Round) {
     switch (Random() % 5) {
       case 0:
-        for (unsigned i = Random() % 9000; i > 0; --i) Vector.Add(Value());
+        for (auto i = Random() % 9000; i > 0; --i) Vector.Add(Value());
         break;
       case 1:
         if (Round % 10 == 1) Vector.Clear();
         break;
       case 2:
-        for (unsigned i = Random() % 500; i > 0; --i) Vector.Delete(Vector.Count() - 1);
+        for (auto i = Random() % 500; i > 0; --i) Vector.Delete(Vector.Count() - 1);
         break;
       default:
         if (Vector.Count() > 0)
