@@ -95,7 +95,7 @@ TEST_F(ZySeriesDrawingTest, ReducesColumnsAroundGaps) {
   std::vector<std::pair<double, double>> Wanted(502, {1e9, -1e9}), Drawn = Wanted;
   const auto Take = [&](auto& Columns, int i) {
     const double Value = Values[static_cast<std::size_t>(i)];
-    auto& [Low, High] = Columns[static_cast<std::size_t>(Chart.X->NumberToWorld(i)) - 50];
+    auto& [Low, High] = Columns[static_cast<std::size_t>(std::lround(Chart.X->NumberToWorld(i)) - 50)];
     Low = std::min(Low, Value);
     High = std::max(High, Value);
   };
