@@ -76,7 +76,7 @@ void TZyDoubleVector::DBChanged() {
 void TZyDoubleVector::UpdateDB() {
   if (!FDBData || !FUpdateDB || FSetting) return;
   TDataSet* const DataSet = FDataLink.DataSet();
-  if (DataSet != nullptr && (!DataSet->Active() || DataSet->ControlsDisabled())) return;
+  if (DataSet != nullptr && !DataSet->CanWalk()) return;
   if (DataSet == nullptr || FDataLink.Field() == nullptr) {
     FDBData = false;
     return;

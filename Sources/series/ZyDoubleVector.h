@@ -37,8 +37,9 @@ class TZyDoubleVector : public TZyCustomDoubleVector {
   /// Whether the vector is filled from a database field. Ends when data source, data set or field are gone; the values
   /// stay then.
   bool DBData() const { return FDBData; }
-  /// Reads the field anew, when the data set changed since the last time. Put off while the data set is closed or its
-  /// controls are disabled. When a value cannot be read, the vector stays as it is and the link has the reason.
+  /// Reads the field anew, when the data set changed since the last time. Put off while the data set is closed or
+  /// being edited, or its controls are disabled. When a value cannot be read, the vector stays as it is and the link
+  /// has the reason.
   void UpdateDB();
   /// The link to the field, with the text of what keeps it from its data.
   TZyListLink& DataLink() { return FDataLink; }
