@@ -1,5 +1,6 @@
 #include "graph/ZyRegisterClasses.h"
 
+#include "annotations/ZyRichLabel.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/framework/ClassRegistry.h"
 #include "series/ZyDoubleVector.h"
@@ -11,7 +12,8 @@ namespace zy {
 void RegisterChartClasses() {
   const TClassInfo* const Classes[] = {&TZyAxis::StaticClassInfo(),        &TZyDoubleVector::StaticClassInfo(),
                                        &TZyGraph2D::StaticClassInfo(),     &TZyLineSeries::StaticClassInfo(),
-                                       &TZyPointSeries::StaticClassInfo(), &TZyUndoStack::StaticClassInfo()};
+                                       &TZyPointSeries::StaticClassInfo(), &TZyRichLabel::StaticClassInfo(),
+                                       &TZyUndoStack::StaticClassInfo()};
   for (const TClassInfo* Info : Classes) RegisterClass(*Info);
 }
 
