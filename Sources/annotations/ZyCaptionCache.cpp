@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "annotations/ZyCaptionLayout.h"
+#include "platform/drawing/FontFamily.h"
 
 namespace zy {
 namespace {
@@ -15,8 +16,8 @@ std::size_t Mix(std::size_t Hash, std::size_t Value) {
 
 std::size_t HashOf(std::string_view Text) { return std::hash<std::string_view>()(Text); }
 
-/// Keeps at least the last Limit items used and at most twice as many: those used since the last change of generation,
-/// and those of the generation before. Hash and Equal take items and keys alike.
+/// Keeps at least the last Limit items used and at most twice as many, until families come or go: those used since the
+/// last change of generation, and those of the generation before. Hash and Equal take items and keys alike.
 template <class TItem, class THash, class TEqual>
 class TRecentSet {
  public:
@@ -25,6 +26,11 @@ class TRecentSet {
   /// The item of a key, null when there is none.
   template <class TKey>
   const TItem* Find(const TKey& Key) {
+    if (const unsigned Version = InstalledFontCollection::Version(); Version != FVersion) {
+      FYoung.clear();
+      FOld.clear();
+      FVersion = Version;
+    }
     if (const auto Found = FYoung.find(Key); Found != FYoung.end()) return &*Found;
     const auto Found = FOld.find(Key);
     if (Found == FOld.end()) return nullptr;
@@ -45,6 +51,7 @@ class TRecentSet {
   }
 
   std::size_t FLimit;
+  unsigned FVersion = 0;
   std::unordered_set<TItem, THash, TEqual> FYoung, FOld;
 };
 
@@ -118,13 +125,11 @@ constexpr std::size_t LongestKept = 1000;  // bytes of a text
 
 }  // namespace
 
-// Nothing is kept of a missing family, so that it is found when the application has added it.
-
 std::shared_ptr<const TZyCaptionLayout> CaptionLayoutOf(std::string_view Text, const TZyCaptionLook& Look) {
   static TRecentSet<TLayout, TLayoutHash, TLayoutEqual> Layouts(MostLayouts);
   if (const TLayout* const Known = Layouts.Find(TLayoutKey{Text, Look})) return *Known;
   auto Layout = std::make_shared<const TZyCaptionLayout>(Text, Look);
-  return Layout->MissesFamily || Text.size() > LongestKept ? Layout : Layouts.Add(std::move(Layout));
+  return Text.size() > LongestKept ? Layout : Layouts.Add(std::move(Layout));
 }
 
 TZyCaptionFace CaptionFaceOf(std::string_view FamilyName, float Size, TFontStyles Style) {
@@ -133,8 +138,7 @@ TZyCaptionFace CaptionFaceOf(std::string_view FamilyName, float Size, TFontStyle
   Font Face(FamilyName, Size, Style);
   const bool IsAvailable = Face.IsAvailable();
   const float LineHeight = Face.GetHeight();
-  TZyCaptionFace Result{std::move(Face), IsAvailable, LineHeight};
-  return IsAvailable ? Faces.Add(std::move(Result)) : Result;
+  return Faces.Add({std::move(Face), IsAvailable, LineHeight});
 }
 
 }  // namespace zy

@@ -100,7 +100,6 @@ TZyCaptionFace TTypesetter::Face() {
   TZyCaptionFace Wanted = CaptionFaceOf(FFontName, FSize, FStyle);
   if (Wanted.IsAvailable || FFontName == FallbackFamily) return Wanted;
   FFontName = FallbackFamily;
-  FLayout.MissesFamily = true;
   return CaptionFaceOf(FFontName, FSize, FStyle);
 }
 

@@ -54,7 +54,6 @@ struct TZyCaptionLayout {
   std::vector<float> LineWidths{0.0f};
   float Width = 0;  ///< pixels
   float Height = 0;
-  bool MissesFamily = false;  ///< "Arial" stands in somewhere
 
  private:
   void AlignLines();
