@@ -31,7 +31,8 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   explicit TZyCustomGraph(TComponent* Owner = nullptr);
   ~TZyCustomGraph() override;
 
-  /// The title. Trailing blanks are dropped.
+  /// The title. Trailing blanks are dropped. Throws what TZyRichCaptionObject::ParseForSize throws, when the chart has a
+  /// parent; the text is stored then, and the old title still shown.
   const TZyRichCaption& Caption() const { return FTitleRec.Caption(); }
   void SetCaption(const TZyRichCaption& Value);
   /// Where the title stands along the width. Centred at first.
@@ -70,7 +71,7 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   void SetDoingImage(bool Value) { FDoingImage = Value; }
   /// The caption, or the name of the component without one.
   const std::string& CaptionAsString() const { return Caption().empty() ? Name() : Caption(); }
-  /// Measures the title anew; the chart is laid out at the next paint. Nothing without a parent.
+  /// Evaluates and measures the title anew; the chart is laid out at the next paint. Throws as SetCaption does.
   void ParseCaption();
   /// Enters what captions can name of the chart, "Name" and "Caption", into the list of text variables. The constructor
   /// of each class calls its own.
