@@ -2,9 +2,13 @@
 zy_add_library(
   zy_charts
   SOURCES
+    annotations/ZyCaptionCache.cpp
+    annotations/ZyCaptionLayout.cpp
     annotations/ZyFont.cpp
     annotations/ZyParentFont.cpp
     annotations/ZyRichCaption.cpp
+    annotations/ZyRichLabel.cpp
+    annotations/ZySubCaption.cpp
     axes/ZyAxis.cpp
     axes/ZyAxisLayout.cpp
     axes/ZyAxisPaint.cpp

@@ -5,6 +5,7 @@ cd "$(dirname "$0")/.."
 scripts/build.sh release examples
 mkdir -p out
 build/release/Examples/palette
+build/release/Examples/captions
 build/release/Examples/embed
 build/release/Examples/form
 build/release/Examples/live

@@ -12,8 +12,11 @@
 
 namespace zy {
 
-ZY_PUBLISHED(TZyFont, TPersistent, Published<&TZyFont::Name, &TZyFont::SetName>("Name"),
-             Published<&TZyFont::Size, &TZyFont::SetSize>("Size"),
+// Color and Height say less than FillColor and Size, which are what is stored.
+ZY_PUBLISHED(TZyFont, TPersistent, Published<&TZyFont::Charset, &TZyFont::SetCharset>("Charset", 1),
+             Published<&TZyFont::Color, &TZyFont::SetColor>("Color").NotStored(),
+             Published<&TZyFont::Height, &TZyFont::SetHeight>("Height").NotStored(),
+             Published<&TZyFont::Name, &TZyFont::SetName>("Name"), Published<&TZyFont::Size, &TZyFont::SetSize>("Size"),
              Published<&TZyFont::Style, &TZyFont::SetStyle>("Style"),
              Published<&TZyFont::FillColor, &TZyFont::SetFillColor>("FillColor"),
              Published<&TZyFont::DrawEffects, &TZyFont::SetDrawEffects>("DrawEffects", {}),
@@ -47,6 +50,22 @@ void TZyFont::SetSize(float Value) {
   NeedsResize();
 }
 
+int TZyFont::Height() const {
+  return -static_cast<int>(std::lround(static_cast<float>(FWholeSize) * Font::PixelsPerPoint));
+}
+
+void TZyFont::SetHeight(int Value) {
+  const float Points = std::abs(static_cast<float>(Value)) / Font::PixelsPerPoint;
+  FWholeSize = std::clamp(static_cast<int>(std::lround(Points)), 1, static_cast<int>(Font::MaxSize));
+  NeedsResize();
+}
+
+void TZyFont::SetCharset(int Value) {
+  if (FCharset == Value) return;
+  FCharset = Value;
+  NeedsResize();
+}
+
 void TZyFont::SetStyle(TFontStyles Value) {
   if (FStyle == Value) return;
   FStyle = Value;
@@ -56,6 +75,11 @@ void TZyFont::SetStyle(TFontStyles Value) {
 void TZyFont::SetFillColor(TZyColor Value) {
   if (FFillColor == Value) return;
   FFillColor = Value;
+  NeedsInvalidate();
+}
+
+void TZyFont::SetColor(TColor Value) {
+  FFillColor = TColorToARGB(Value);
   NeedsInvalidate();
 }
 
@@ -72,6 +96,17 @@ void TZyFont::SetRenderingHint(TZyTextRenderingHint Value) {
   NeedsResize();
 }
 
+std::unique_ptr<TControlFont> TZyFont::AsTFont() const {
+  auto Result = std::make_unique<TControlFont>();
+  Result->SetName(FName);
+  Result->SetSize(Size());
+  Result->SetStyle(FStyle);
+  Result->SetColor(FFillColor);
+  return Result;
+}
+
+void TZyFont::SetAsTFont(const TControlFont& Value) { Assign(&Value); }
+
 void TZyFont::Assign(const TPersistent* Source) {
   const auto* const Other = dynamic_cast<const TZyFont*>(Source);
   if (Other == nullptr) {
@@ -83,6 +118,7 @@ void TZyFont::Assign(const TPersistent* Source) {
   SetDrawEffects(Other->FDrawEffects);
   SetRenderingHint(Other->FRenderingHint);
   FGradient.Assign(&Other->FGradient);
+  FCharset = Other->FCharset;
   FName = Other->FName;
   FStyle = Other->FStyle;
   NeedsResize();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -46,10 +47,20 @@ class TZyFont : public TPersistent {
   void SetSize(float Value);
   /// The size last set, rounded.
   int WholeSize() const { return FWholeSize; }
+  /// The whole size in pixels, as controls tell it: below 0, since it is that of the characters alone. Setting it, of
+  /// either sign, leaves a size with a fraction as it is.
+  int Height() const;
+  void SetHeight(int Value);
+  /// A number that forms keep; texts are in Unicode whatever it is.
+  int Charset() const { return FCharset; }
+  void SetCharset(int Value);
   TFontStyles Style() const { return FStyle; }
   void SetStyle(TFontStyles Value);
   TZyColor FillColor() const { return FFillColor; }
   void SetFillColor(TZyColor Value);
+  /// The colour as a control's, without alpha. Setting it makes the colour opaque.
+  TColor Color() const { return ARGBToTColor(FFillColor); }
+  void SetColor(TColor Value);
   /// At most one effect. One that is added takes the place of the present one; of two that are added the first in the
   /// order of the enumeration counts.
   TZyCharDrawEffects DrawEffects() const { return FDrawEffects; }
@@ -60,10 +71,14 @@ class TZyFont : public TPersistent {
   TZyGradientSettings& Gradient() { return FGradient; }
   const TZyGradientSettings& Gradient() const { return FGradient; }
 
+  const ModifiedCallback& OnNeedsInvalidate() const { return mNeedsInvalidate; }
   ModifiedCallback OnNeedsResize;
 
   /// The drawing surface's font of this description.
   Font AsFont() const { return Font(FName, Size(), FStyle); }
+  /// A control's font of these properties.
+  std::unique_ptr<TControlFont> AsTFont() const;
+  void SetAsTFont(const TControlFont& Value);
   /// From another one, or from the font of a control, which changes no effect.
   void Assign(const TPersistent* Source) override;
   /// Logs all that this font is as one step, before a change. Nothing happens without a stack.
@@ -74,10 +89,13 @@ class TZyFont : public TPersistent {
   void NeedsInvalidate();
   void NeedsResize();
 
+  static constexpr int DefaultCharset = 1;
+
   ModifiedCallback mNeedsInvalidate;
   std::string FName = "Arial";
   int FWholeSize = 10;
   float FSize = 10;
+  int FCharset = DefaultCharset;
   TFontStyles FStyle;
   TZyColor FFillColor = Colors::Black;
   TZyCharDrawEffects FDrawEffects;

@@ -100,6 +100,7 @@ TZyAxis::TZyAxis(TComponent* Owner)
   CaptionFont.SetStyle({TFontStyle::Bold});
   CaptionFont.SetFillColor(Colors::DarkRed);
   CaptionFont.OnNeedsResize = [this] { Modified(); };
+  FCaptionRec.OnVariablesChanged = [this] { Modified(); };
   FRubrics.OnChanging = [this](TObject*) {
     if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sAxisRubrics), "Rubrics");
   };

@@ -175,7 +175,7 @@ void TZyAxis::AddLabel(const std::string& Text, double Value, float Pos) {
   Label->CaptionFont().Assign(&FFont);
   Label->Alignment = TZyContentAlignment::MiddleCenter;
   Label->Angle = FRubricsAngle;
-  Label->ParseForSize();
+  Label->ParseIfNeeded();
   const float Along = AlongAxis(Label->Width(), Label->Height());
   const float Across = AcrossAxis(Label->Width(), Label->Height());
   FMaxNumberLabelWidth = std::max(FMaxNumberLabelWidth, GetHorizontal() ? Along : Across);
@@ -189,7 +189,7 @@ void TZyAxis::AddLabel(const std::string& Text, double Value, float Pos) {
 
 /// The caption stands behind the numbers, at one end of the axis line or at its middle.
 void TZyAxis::PlaceCaption() {
-  FCaptionRec.ParseForSize();
+  FCaptionRec.ParseIfNeeded();
   const float Labels = GetHorizontal() ? FMaxNumberLabelHeight : FMaxNumberLabelWidth;
   const float Numbers = FNumbersVisible ? DistanceNumbersCaption() + Labels : 0;
   const float Across = PointsOutwards() ? LabelBase() + Numbers : LabelBase() - Numbers;

@@ -37,23 +37,41 @@ TZyCustomGraph::TZyCustomGraph(TComponent* Owner)
     FTitleFont.FontChanged();
     Modified();
   };
+  FTitleRec.OnVariablesChanged = [this] {
+    Modified();
+    Invalidate();
+  };
   FTitleRec.Alignment = TZyContentAlignment::TopCenter;
   TCustomPanel::SetBounds(0, 0, 600, 400);
+  TZyCustomGraph::RegisterVariables();
 }
 
-TZyCustomGraph::~TZyCustomGraph() { Destroying(); }
+TZyCustomGraph::~TZyCustomGraph() {
+  Destroying();
+  DeRegisterVariables();
+}
+
+std::string TZyCustomGraph::VariablesRef() const { return GetComponentRef(this); }
+
+void TZyCustomGraph::RegisterVariables() {
+  AddStringToList("Name", LoadResString(_sGraphName), this, GlobalStringList(), [this] { return Name(); });
+  AddStringToList("Caption", LoadResString(_sGraphCaption), this, GlobalStringList(), [this] { return Caption(); });
+}
 
 void TZyCustomGraph::SetCaption(const TZyRichCaption& Value) {
-  const TZyRichCaption Trimmed = Value.substr(0, Value.find_last_not_of(' ') + 1);
+  const TZyRichCaption Trimmed = TrimRight(Value);
   if (Trimmed == FTitleRec.Caption()) return;
   if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sGraphCaption), "Caption");
   FTitleRec.SetCaption(Trimmed);
   FCaptionSet = true;
   ParseCaption();
+  UpdateVariablesObjects(FObjectsToUpdate);
 }
 
+/// A chart without a parent still paints into pictures, and one that is loaded may name what is not there yet: both parse
+/// at their next layout.
 void TZyCustomGraph::ParseCaption() {
-  if (Parent() == nullptr) return Modified();  // a chart without a parent still paints into pictures
+  if (Parent() == nullptr || IsLoading()) return Modified();
   FTitleRec.ParseForSize();
   Modified();
 }
@@ -106,6 +124,7 @@ void TZyCustomGraph::SetUndoStack(TZyUndoStack* Value) {
 void TZyCustomGraph::SetName(const std::string& Value) {
   const bool IsFirst = Name().empty();
   TCustomPanel::SetName(Value);
+  UpdateVariablesObjects(FObjectsToUpdate);
   if (!IsDesigning()) return;
   if (!FCaptionSet) {
     SetCaption(Value);

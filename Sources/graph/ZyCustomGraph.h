@@ -26,12 +26,13 @@ ZY_ENUM(TZySmoothingMode, "None", "HighSpeed", "AntiAlias", "HighQuality")
 ///
 /// A setter lays out nothing: it marks the chart, and the next paint does what is due. Between BeginUpdate and
 /// EndUpdate nothing is computed at all.
-class TZyCustomGraph : public TCustomPanel {
+class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   ZY_CLASS(TZyCustomGraph, TCustomPanel)
   explicit TZyCustomGraph(TComponent* Owner = nullptr);
   ~TZyCustomGraph() override;
 
-  /// The title. Trailing blanks are dropped.
+  /// The title. Trailing blanks are dropped. Throws what TZyRichCaptionObject::ParseForSize throws, when the chart has a
+  /// parent; the text is stored then, and the old title still shown.
   const TZyRichCaption& Caption() const { return FTitleRec.Caption(); }
   void SetCaption(const TZyRichCaption& Value);
   /// Where the title stands along the width. Centred at first.
@@ -70,8 +71,13 @@ class TZyCustomGraph : public TCustomPanel {
   void SetDoingImage(bool Value) { FDoingImage = Value; }
   /// The caption, or the name of the component without one.
   const std::string& CaptionAsString() const { return Caption().empty() ? Name() : Caption(); }
-  /// Measures the title anew; the chart is laid out at the next paint. Nothing without a parent.
+  /// Evaluates and measures the title anew; the chart is laid out at the next paint. Throws as SetCaption does.
   void ParseCaption();
+  /// Enters what captions can name of the chart, "Name" and "Caption", into the list of text variables. The constructor
+  /// of each class calls its own.
+  virtual void RegisterVariables();
+  std::string VariablesRef() const override;
+  TZyDependentList* ObjectsToUpdate() override { return &FObjectsToUpdate; }
   /// Whether the component is one that the chart itself owns.
   bool Contains(const TComponent* Component) const;
 
@@ -107,6 +113,7 @@ class TZyCustomGraph : public TCustomPanel {
 
   TZyParentFont FTitleFont{*this, FTitleRec.CaptionFont()};
   TRef<TZyUndoStack> FUndoStack{this};
+  TZyDependentList FObjectsToUpdate;  // the captions that show the chart's name or caption
   TZyGradientSettings FBackgroundGradient;
   bool FDoingImage = false;
   bool FCaptionSet = false;

@@ -256,7 +256,7 @@ void TZyGraph2D::Calculate() {
   const TBusyCursor Busy;
   CheckCoupled();
   SortLayers();
-  FTitleRec.ParseForSize();
+  FTitleRec.ParseIfNeeded();
   if (FPrimaryXAxis->Parent() == this) FPrimaryXAxis->Calculate();
   for (TZySeries* Series : FRelatedSeries) Series->TestVisibleChanged();
   FNeedsRecalculate = false;

@@ -1,5 +1,6 @@
 #include "graph/ZyRegisterClasses.h"
 
+#include "annotations/ZyRichLabel.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/data/TDataSource.h"
 #include "platform/data/TSqlDataSet.h"
@@ -14,7 +15,8 @@ void RegisterChartClasses() {
   const TClassInfo* const Classes[] = {&TDataSource::StaticClassInfo(),    &TSqlDataSet::StaticClassInfo(),
                                        &TZyAxis::StaticClassInfo(),        &TZyDoubleVector::StaticClassInfo(),
                                        &TZyGraph2D::StaticClassInfo(),     &TZyLineSeries::StaticClassInfo(),
-                                       &TZyPointSeries::StaticClassInfo(), &TZyUndoStack::StaticClassInfo()};
+                                       &TZyPointSeries::StaticClassInfo(), &TZyRichLabel::StaticClassInfo(),
+                                       &TZyUndoStack::StaticClassInfo()};
   for (const TClassInfo* Info : Classes) RegisterClass(*Info);
 }
 

@@ -69,6 +69,7 @@ TZySeries::TZySeries(TComponent* Owner)
   SetLook(*FOutOfRangeSymbolSettings, Look.Symbol, Colors::DimGray, Colors::LightGray);
   FSymbolPen.SetOwn(std::make_unique<TZyPen>(Look.Border));
   FSymbolBrush.SetOwn(std::make_unique<SolidBrush>(Look.Border));
+  TZySeries::RegisterVariables();
 }
 
 void TZySeries::Initialize(std::string_view KindName) {
@@ -86,6 +87,7 @@ TZySeries::~TZySeries() {
   for (TZyCustomDoubleVector* Vector : {FXData.Get(), FYData.Get()})
     if (Vector != nullptr) Vector->RemoveRelatedSeries(this);
   LeaveGraph();
+  DeRegisterVariables();
 }
 
 void TZySeries::SetName(const std::string& Value) {
@@ -94,6 +96,15 @@ void TZySeries::SetName(const std::string& Value) {
     FCaptionSet = false;
   }
   TComponent::SetName(Value);
+  UpdateVariablesObjects(FObjectsToUpdate);
+}
+
+std::string TZySeries::VariablesRef() const { return GetComponentRef(this); }
+
+void TZySeries::RegisterVariables() {
+  AddStringToList("Name", LoadResString(_sSeriesInternalName), this, GlobalStringList(), [this] { return Name(); });
+  AddStringToList("Caption", LoadResString(_sSeriesLegendCaption), this, GlobalStringList(),
+                  [this] { return Caption(); });
 }
 
 void TZySeries::DefineProperties(TFiler& Filer) {
@@ -110,8 +121,9 @@ void TZySeries::SetVisible(bool Value) {
 }
 
 void TZySeries::SetCaption(const TZyRichCaption& Value) {
-  const TZyRichCaption Trimmed = Value.substr(0, Value.find_last_not_of(' ') + 1);
-  if (Change(this, FCaption, Trimmed, _sSeriesCaption, "Caption", &TZySeries::LegendsModified)) FCaptionSet = true;
+  if (!Change(this, FCaption, TrimRight(Value), _sSeriesCaption, "Caption", &TZySeries::LegendsModified)) return;
+  FCaptionSet = true;
+  UpdateVariablesObjects(FObjectsToUpdate);
 }
 
 void TZySeries::SetIncludeInLegend(bool Value) {

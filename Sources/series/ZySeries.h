@@ -35,7 +35,7 @@ class TZyUndoStack;
 ///
 /// A point has values when both its coordinates are finite and, unless outliers are shown, no outliers. All others are
 /// left out as if they were not there: a line goes straight across them.
-class TZySeries : public TComponent, public IZyVectorReader {
+class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableContainer {
   ZY_CLASS(TZySeries, TComponent)
   explicit TZySeries(TComponent* Owner = nullptr);
   ~TZySeries() override;
@@ -172,6 +172,14 @@ class TZySeries : public TComponent, public IZyVectorReader {
   virtual void TestAllAssigned();
   /// Takes the primary axes of a graph as they are.
   virtual void SetDefaultAxis(TZyGraph2D& FromGraph);
+
+  // ---- Variables of formulas and captions ----
+
+  /// Enters what they can name of the series, "Name" and "Caption", into the list of text variables. The constructor of
+  /// each kind that has more calls its own.
+  virtual void RegisterVariables();
+  std::string VariablesRef() const override;
+  TZyDependentList* ObjectsToUpdate() override { return &FObjectsToUpdate; }
 
   // ---- Items of legends ----
 
@@ -321,6 +329,7 @@ class TZySeries : public TComponent, public IZyVectorReader {
   SolidBrush FOutOfRangeBrush;
   float FLastSymbolSize = 0;
   TZyRichCaption FCaption;
+  TZyDependentList FObjectsToUpdate;  // what shows values of the series
   double FXStart, FXStop, FYStart, FYStop;
   int FMinCount = 1;
   int FCount = 0;

@@ -201,8 +201,8 @@ TEST(ZyAxisLayoutTest, LongLabelsPushTheMarginsAcross) {
         [](TObject*, TZyScaleLabelEventArgs& Args) { Args.Caption = Args.Value == 10 ? "ten ten ten" : "-"; });
     Chart.Graph->Calculate();
     // No axis stands at the sides, so that half of the outer label is the margin; 2 pixels more at the right.
-    const float Long = NumbersFont.MeasureString("ten ten ten").Width / 2,
-                Short = NumbersFont.MeasureString("-").Width / 2;
+    const float Long = CaptionExtent(NumbersFont, "ten ten ten").Width / 2,
+                Short = CaptionExtent(NumbersFont, "-").Width / 2;
     const float Left = std::ceil(Twisted ? Long : Short), Right = std::ceil((Twisted ? Short : Long) + 2);
     const RectF& Area = Chart.Graph->DrawingArea();
     EXPECT_EQ(Area.X, Left);
@@ -213,12 +213,12 @@ TEST(ZyAxisLayoutTest, LongLabelsPushTheMarginsAcross) {
   Chart.X->SetNumbersVisible(true);
   Chart.X->SetRubricsAngle(90);
   Chart.Graph->Calculate();
-  const float Across = std::ceil(1 + 10 + NumbersFont.MeasureString("10").Width);
+  const float Across = std::ceil(1 + 10 + CaptionExtent(NumbersFont, "10").Width);
   EXPECT_NEAR(Chart.Graph->DrawingArea().Height, 400 - 11 - (Across - 1) + 1, 1);
 }
 
 TEST(ZyAxisLayoutTest, CaptionsTakeTheRoomOfTheirDirection) {
-  const SizeF Text = Font("Times New Roman", 14, {TFontStyle::Bold}).MeasureString("ordinate");
+  const SizeF Text = CaptionExtent(Font("Times New Roman", 14, {TFontStyle::Bold}), "ordinate");
   for (const bool Horizontal : {false, true}) {
     TFiveAxes Chart;
     Chart.Y->SetCaption("ordinate");
@@ -246,8 +246,8 @@ TEST(ZyAxisLayoutTest, AxesCrossAtZero) {
   const RectF& Area = Chart.Graph->DrawingArea();
   // The first label on X is -5 with half its width beyond the end, and no axis at the sides: border and overhang.
   const Font NumbersFont("Arial", 12, {TFontStyle::Bold});
-  EXPECT_EQ(Area.X, 50 + std::ceil(NumbersFont.MeasureString("-5").Width / 2));
-  EXPECT_EQ(Area.X + Area.Width - 1, 600 - 50 - std::ceil(NumbersFont.MeasureString("5").Width / 2 + 2));
+  EXPECT_EQ(Area.X, 50 + std::ceil(CaptionExtent(NumbersFont, "-5").Width / 2));
+  EXPECT_EQ(Area.X + Area.Width - 1, 600 - 50 - std::ceil(CaptionExtent(NumbersFont, "5").Width / 2 + 2));
   EXPECT_NEAR(LineOf(*Chart.Y), Area.X + (Area.Width - 1) / 2, 0.5);
   EXPECT_NEAR(static_cast<float>(Chart.X->Top()), Area.Y + (Area.Height - 1) / 2, 0.5);
   for (const TZyAxis* Axis : {Chart.X, Chart.Y}) {

@@ -179,8 +179,8 @@ TEST(ZyAxisTest, LayoutLeavesRoomForNumbersCaptionsAndOverhangs) {
   Chart.Y->SetCaption("ordinate  ");
   Chart.Graph->Calculate();
   EXPECT_EQ(Chart.Y->Caption(), "ordinate");
-  const SizeF Label = Font("Arial", 12, {TFontStyle::Bold}).MeasureString("10");
-  const float CaptionHeight = Font("Times New Roman", 14, {TFontStyle::Bold}).MeasureString("ordinate").Height;
+  const SizeF Label = CaptionExtent(Font("Arial", 12, {TFontStyle::Bold}), "10");
+  const float CaptionHeight = CaptionExtent(Font("Times New Roman", 14, {TFontStyle::Bold}), "ordinate").Height;
   const float Left = std::ceil(1 + 10 + Label.Width + CaptionHeight);
   const float Bottom = std::ceil(1 + 10 + Label.Height + CaptionHeight) - 1;
   const float Right = std::ceil(Label.Width / 2 + 2);
@@ -190,7 +190,7 @@ TEST(ZyAxisTest, LayoutLeavesRoomForNumbersCaptionsAndOverhangs) {
   // The numbers of a wider scale push the data area to the right, one pixel for each of the label.
   Chart.Y->SetStop(1000);
   Chart.Graph->Calculate();
-  const float Wider = Font("Arial", 12, {TFontStyle::Bold}).MeasureString("1000").Width;
+  const float Wider = CaptionExtent(Font("Arial", 12, {TFontStyle::Bold}), "1000").Width;
   EXPECT_EQ(Chart.Graph->DrawingArea().X, std::ceil(1 + 10 + Wider + CaptionHeight));
 }
 

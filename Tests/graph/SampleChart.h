@@ -13,6 +13,11 @@
 
 namespace zy::testing {
 
+/// Extent of a text of one line as a caption: with a sixth of the font's size at each side, and as high as a line.
+inline SizeF CaptionExtent(const Font& Face, std::string_view Text) {
+  return {Face.MeasureString(Text).Width + Face.GetSize() * Font::PixelsPerPoint / 3, Face.GetHeight()};
+}
+
 /// A graph that counts how often it asked for a new picture.
 class TCountingGraph : public TZyGraph2D {
  public:

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "annotations/ZyFont.h"
+#include "platform/controls/TControlFont.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/Exceptions.h"
@@ -336,6 +337,23 @@ TEST(ZyFontTest, SizesOfNothingFallBackToTheWholeSize) {
   EXPECT_THROW(Font.SetSize(std::nanf("")), ERangeError);
   EXPECT_THROW(Font.SetSize(10001), ERangeError);
   EXPECT_EQ(Font.Size(), 0.25f);
+}
+
+TEST(ZyFontTest, HasTheViewsOfAControlsFont) {
+  TZyFont Font;
+  Font.SetSize(9.5f);
+  EXPECT_EQ(Font.Height(), -13);  // 10 points
+  Font.SetHeight(-32);
+  EXPECT_EQ(Font.Size(), 9.5f);
+  Font.SetSize(0);
+  EXPECT_EQ(Font.Size(), 24.0f);
+  Font.SetFillColor(0x80FF0000);
+  EXPECT_EQ(Font.Color(), 0x0000FF);
+  const auto Same = Font.AsTFont();
+  Font.SetColor(Font.Color());
+  EXPECT_EQ(Font.FillColor(), Colors::Red);
+  Font.SetAsTFont(*Same);
+  EXPECT_EQ(Font.FillColor(), 0x80FF0000);
 }
 
 TEST(ZyFontTest, ChangesAreToldByWhatTheyChangeAndUndoneAsOneStep) {

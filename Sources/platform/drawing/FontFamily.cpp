@@ -2,6 +2,8 @@
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QGuiApplication>
+#include <QPointer>
 #include <QStringList>
 
 #include "platform/drawing/QtText.h"
@@ -71,6 +73,17 @@ std::vector<FontFamily> InstalledFontCollection::GetFamilies() const {
   for (const QString& Family : QFontDatabase::families())
     if (!QFontDatabase::isPrivateFamily(Family)) Result.emplace_back(Family.toStdString());
   return Result;
+}
+
+unsigned InstalledFontCollection::Version() {
+  static unsigned Changes = 0;
+  static QPointer<QGuiApplication> Known;
+  if (Known != qGuiApp) {
+    Known = qGuiApp;
+    ++Changes;
+    if (Known != nullptr) QObject::connect(Known, &QGuiApplication::fontDatabaseChanged, Known, [] { ++Changes; });
+  }
+  return Changes;
 }
 
 }  // namespace zy

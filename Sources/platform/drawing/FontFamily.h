@@ -29,6 +29,8 @@ class InstalledFontCollection {
  public:
   /// In the alphabetical order of their names; those for the toolkit's own use are left out.
   std::vector<FontFamily> GetFamilies() const;
+  /// A number that is another one when families have come or gone.
+  static unsigned Version();
 };
 
 }  // namespace zy
