@@ -6,8 +6,10 @@ zy_add_library(
     annotations/ZyParentFont.cpp
     annotations/ZyRichCaption.cpp
     axes/ZyAxis.cpp
+    axes/ZyAxisLabels.cpp
     axes/ZyAxisLayout.cpp
     axes/ZyAxisPaint.cpp
+    axes/ZyAxisParts.cpp
     axes/ZyAxisProperties.cpp
     axes/ZyAxisRanging.cpp
     axes/ZyAxisScale.cpp
