@@ -368,6 +368,12 @@ class TZyAxis : public TGraphicControl {
   bool Panning() const;
   bool IsSlave() const { return FIsSlaveAxis && FMasterAxis != nullptr; }
   void DoNothing() {}
+  /// Dates before the first day do not order as their numbers do.
+  bool RunsDown(double Start, double Stop) const {
+    return FScaling == TZyAxisScaling::DateTime ? DateTimeSpan(Start, Stop) < 0 : Start > Stop;
+  }
+  double LowEnd() const { return RunsDown(FStart, FStop) ? FStop : FStart; }
+  double HighEnd() const { return RunsDown(FStart, FStop) ? FStart : FStop; }
   void SetReal(double& Field, double Value, TZyText Label, const char* PropName);
   void SetTickPartTo(double& Field, double Value, TZyText Label, const char* PropName);
   void SetMovingSlit(double& Field, double Value, TZyText Label, const char* PropName);
@@ -384,11 +390,12 @@ class TZyAxis : public TGraphicControl {
   void RoundEnds(double& Start, double& Stop);
   void RepairOrder(double& Start, double& Stop) const;
   void WidenEqualEnds(double& Start, double& Stop) const;
-  void TakeLogScaling(double& Start, double& Stop);
+  void TakeLogEnds(double& Start, double& Stop) const;
+  void TakeLogScaling(double Start, double Stop);
   double SmallestPositiveBelow(double Stop) const;
   void TakeLogarithms(double Start, double Stop);
   void LimitEnds(double& Start, double& Stop) const;
-  void AddPadding(double& Start, double& Stop) const;
+  void AddPadding(double& Start, double& Stop);
   void RoundToSteps(double& Start, double& Stop);
   void TakeTickParts(double Start, double Stop);
   void RoundToTicks(double& Start, double& Stop) const;
@@ -416,9 +423,8 @@ class TZyAxis : public TGraphicControl {
   void CalculateTicks();
   void SetUpScale();
   void TakeTicks();
-  double LowEnd() const { return FStart < FStop ? FStart : FStop; }
-  double HighEnd() const { return FStart < FStop ? FStop : FStart; }
   void TakeEvenTicks();
+  void TakeLogTicks();
   void TakeDecadeTicks();
   void TakeTicksInDecades();
   bool IsLogLabel(int Decade, double Fraction) const;
@@ -434,6 +440,7 @@ class TZyAxis : public TGraphicControl {
   void AddLabel(const std::string& Text, double Value, float Pos);
   float SlantShift(float Along) const;
   void PlaceExtraExponent();
+  float ExtraExponentReach() const;
   void PlaceCaption();
 
   // Painting.

@@ -62,7 +62,7 @@ void TZyAxis::AddLabel(const std::string& Text, double Value, float Pos) {
 }
 
 /// The power of ten stands behind the last label where there is room up to the end of the scale, else between the last
-/// two. A single label has none.
+/// two, and outside their line where it would touch them there. A single label has none.
 void TZyAxis::PlaceExtraExponent() {
   if (!FNumbersVisible || !FScale.ExtraExponent || FAxLabels.size() < 2) return;
   TZyRichCaptionObject& Power = FExtraExponentRec;
@@ -72,11 +72,14 @@ void TZyAxis::PlaceExtraExponent() {
   const bool Horizontal = GetHorizontal();
   const auto Place = [Horizontal](const TZyRichCaptionObject& Label) { return Horizontal ? Label.X : Label.Y; };
   const TZyRichCaptionObject& Label = *FAxLabels.back();
-  const float Last = Place(Label), End = NumberToWorld(HighEnd());
+  const float Last = Place(Label), End = NumberToWorld(HighEnd()), Previous = Place(*FAxLabels[FAxLabels.size() - 2]);
   const float Needed = AlongAxis(Label.Width(), Label.Height()) + (Horizontal ? Power.Width() : Power.Height());
-  const bool HasRoom = std::fabs(End - Last) > Needed;
-  const float Along = (Last + (HasRoom ? End : Place(*FAxLabels[FAxLabels.size() - 2]))) / 2;
-  const float Across = LabelBase() + (PointsOutwards() ? FDistanceAxisExtraExponent : -FDistanceAxisExtraExponent);
+  const bool FitsBehind = std::fabs(End - Last) > Needed;
+  const float Along = (Last + (FitsBehind ? End : Previous)) / 2;
+  float Off = FDistanceAxisExtraExponent;
+  if (!FitsBehind && std::fabs(Previous - Last) < Needed)
+    Off = std::max(Off, Horizontal ? FMaxNumberLabelHeight : FMaxNumberLabelWidth);
+  const float Across = LabelBase() + (PointsOutwards() ? Off : -Off);
   Power.X = Horizontal ? Along : Across;
   Power.Y = Horizontal ? Across : Along;
   using enum TZyContentAlignment;
@@ -85,6 +88,14 @@ void TZyAxis::PlaceExtraExponent() {
   } else {
     Power.Alignment = PointsOutwards() ? MiddleLeft : MiddleRight;
   }
+}
+
+/// How far the power of ten reaches across from the line of the labels; 0 without one.
+float TZyAxis::ExtraExponentReach() const {
+  const TZyRichCaptionObject& Power = FExtraExponentRec;
+  if (Power.Caption().empty()) return 0;
+  return GetHorizontal() ? std::fabs(Power.Y - LabelBase()) + Power.Height()
+                         : std::fabs(Power.X - LabelBase()) + Power.Width();
 }
 
 /// The caption stands behind the numbers, at one end of the axis line or at its middle.

@@ -78,6 +78,11 @@ void TZyAxis::GetNormalAxisParts(double Start, double Stop) {
     if (Row == 0) Power /= 10;
   }
   FScale.LabelPart = Table.LabelParts[Row] * Power;
+  // Rounded to majors further apart than it is wide, a span would widen without end.
+  for (int Guard = 0; Guard < 10 && Table.MajorParts[Row] * Power > Span; ++Guard) {
+    Row = (Row + 1) % Table.LabelParts.size();
+    if (Row == 0) Power /= 10;
+  }
   FScale.MajorTickPart = Table.MajorParts[Row] * Power;
   FScale.TickPart = Table.MinorParts[Row] * Power;
 }

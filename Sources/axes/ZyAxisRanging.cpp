@@ -223,12 +223,12 @@ bool TZyAxis::GetIsClipped() const {
 /// Repairs ends, chooses steps for them and rounds them to these. Dates, and axes that follow another one, may run from
 /// high to low.
 void TZyAxis::RoundEnds(double& Start, double& Stop) {
-  if (Start > Stop && (FScaling == TZyAxisScaling::DateTime || IsSlave())) return RoundEnds(Stop, Start);
+  if (RunsDown(Start, Stop) && (FScaling == TZyAxisScaling::DateTime || IsSlave())) return RoundEnds(Stop, Start);
   FScale.ExtraExponent = false;
   LimitEnds(Start, Stop);
   RepairOrder(Start, Stop);
   WidenEqualEnds(Start, Stop);
-  TakeLogScaling(Start, Stop);
+  TakeLogEnds(Start, Stop);
   AddPadding(Start, Stop);
   RoundToSteps(Start, Stop);
   if (FScale.HasLogScaling) {
@@ -278,13 +278,19 @@ void TZyAxis::WidenEqualEnds(double& Start, double& Stop) const {
   if (Stop - Start < SmallestSpan) Stop = Start + SmallestSpan;
 }
 
-/// Decides whether the axis is logarithmic now, and gives such an axis ends that have logarithms.
-void TZyAxis::TakeLogScaling(double& Start, double& Stop) {
-  FScale.HasLogScaling = false;
+/// Gives a logarithmic kind ends that have logarithms.
+void TZyAxis::TakeLogEnds(double& Start, double& Stop) const {
   if (!HasLogKind()) return;
   if (Start <= 0) Start = FValuesStart > 0 && FValuesStart < LargestDouble ? FValuesStart : SmallestPositiveBelow(Stop);
   if (Start <= 0) Start = 0.01;
   if (Stop <= 0) Stop = 1;
+  if (Start >= Stop) Start = Stop / 100;
+}
+
+/// Decides whether the axis is logarithmic now.
+void TZyAxis::TakeLogScaling(double Start, double Stop) {
+  FScale.HasLogScaling = false;
+  if (!HasLogKind()) return;
   TakeLogarithms(Start, Stop);
   FScale.HasLogScaling = FLogToNormalScalingLevel == 0 || FScale.LogStop - FScale.LogStart > FLogToNormalScalingLevel;
 }
@@ -310,8 +316,10 @@ double TZyAxis::SmallestPositiveBelow(double Stop) const {
 }
 
 /// Room of the user's own at the ends, for steps that are chosen for it.
-void TZyAxis::AddPadding(double& Start, double& Stop) const {
-  if ((!FAutoTickParts && !ChoosesOwnParts()) || Panning() || FScale.HasLogScaling) return;
+void TZyAxis::AddPadding(double& Start, double& Stop) {
+  if ((!FAutoTickParts && !ChoosesOwnParts()) || Panning()) return;
+  TakeLogScaling(Start, Stop);
+  if (FScale.HasLogScaling) return;
   const double Span = Stop - Start;
   double PaddedStart = Start - Span * FStartPadding, PaddedStop = Stop + Span * FStopPadding;
   LimitEnds(PaddedStart, PaddedStop);
@@ -326,6 +334,7 @@ void TZyAxis::AddPadding(double& Start, double& Stop) const {
 void TZyAxis::RoundToSteps(double& Start, double& Stop) {
   constexpr int MostRounds = 20;
   for (int Round = 0; Round < MostRounds; ++Round) {
+    TakeLogScaling(Start, Stop);
     TakeTickParts(Start, Stop);
     if (Panning()) return;
     const double FromStart = Start, FromStop = Stop;
@@ -370,8 +379,10 @@ void TZyAxis::RoundToTicks(double& Start, double& Stop) const {
   if (Zoomed && (FEndRounding == RndToMajorZoomToNothing || FEndRounding == RndToMinorZoomToNothing)) return;
   const bool ToMajor = FEndRounding == RndToMajor || FEndRounding == RndToMajorZoomToNothing ||
                        (FEndRounding == RndToMajorZoomToMinor && !Zoomed);
-  Start = RoundEnd(Start, false, ToMajor);
-  Stop = RoundEnd(Stop, true, ToMajor);
+  const double RoundedStart = RoundEnd(Start, false, ToMajor), RoundedStop = RoundEnd(Stop, true, ToMajor);
+  if (RoundedStart == RoundedStop) return;  // a span of the size of the reals' own steps
+  Start = RoundedStart;
+  Stop = RoundedStop;
 }
 
 double TZyAxis::RoundEnd(double Value, bool Up, bool ToMajor) const {

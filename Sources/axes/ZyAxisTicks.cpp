@@ -48,7 +48,7 @@ void TZyAxis::SetUpScale() {
 }
 
 void TZyAxis::TakeTicks() {
-  if (FScale.HasLogScaling) return FScale.MajorTickPart > 1.001 ? TakeDecadeTicks() : TakeTicksInDecades();
+  if (FScale.HasLogScaling) return TakeLogTicks();
   if (FScaling == TZyAxisScaling::DateTime) return TakeDateTimeTicks();
   if (FScaling == TZyAxisScaling::Rubrics) return TakeRubrics();
   TakeEvenTicks();
@@ -103,6 +103,21 @@ void TZyAxis::TakeEvenTicks() {
 }
 
 // --- Logarithmic scales ---------------------------------------------------------------------------------------------
+
+/// A scale without a tick of a decade inside, such as 1.2 to 1.8, has those of an even one.
+void TZyAxis::TakeLogTicks() {
+  if (FScale.MajorTickPart > 1.001) {
+    TakeDecadeTicks();
+  } else {
+    TakeTicksInDecades();
+  }
+  if (!FTicks.empty()) return;
+  const TScale Kept = FScale;
+  GetNormalAxisParts(LowEnd(), HighEnd());
+  TakeEvenTicks();
+  PlaceExtraExponent();
+  FScale = Kept;
+}
 
 /// Ticks at whole decades, major ones at the multiples of their step.
 void TZyAxis::TakeDecadeTicks() {
@@ -161,11 +176,12 @@ void TZyAxis::TakeDateTimeTicks() {
   const double Low = LowEnd(), High = HighEnd(), Pixel = std::fabs(FNormalizeConst);
   // Steps that were chosen for other ends may be far too fine for these.
   if (DateTimeSpan(Low, High) / MinorIncrement() > MostSteps) GetDtParameters(Low, High);
-  double Previous = Low - 1;
+  double Previous = MinDateTime - 1;
   for (TZyDateTimeTicks Ticks(FScale.DateTime, Low); DateTimeSpan(Ticks.Value(), High) >= -Pixel; Ticks.Next()) {
     const double Value = Ticks.Value();
-    if (!(Value > Previous) || Value > MaxDateTime) return;
+    if (DateTimeSpan(Previous, Value) <= 0 || Value > MaxDateTime) return;
     Previous = Value;
+    if (DateTimeSpan(Low, Value) < -Pixel) continue;  // dates are whole milliseconds
     const float Pos = NumberToWorld(Value);
     const bool IsLabel = FNumbersVisible && Ticks.Labelled();
     const bool Grid = FMajorGridMode == TZyMajorGridMode::AtLabel ? IsLabel : Ticks.Major();
