@@ -405,7 +405,14 @@ class TZyAxis : public TGraphicControl {
   void FollowMaster();
 
   // Steps and number format.
+  /// A row of the table of steps, and the power of ten that it is used with.
+  struct TTableStep {
+    std::size_t Row = 0;
+    double Power = 10;
+    TTableStep Next() const { return Row < 2 ? TTableStep{Row + 1, Power} : TTableStep{0, Power / 10}; }
+  };
   float LayoutLength() const;
+  void TakeParts(const TZyTickTable& Table, const TTableStep& Step);
   TZyLabelRoom LabelRoom();
   void GetNormalAxisParts(double Start, double Stop);
   void GetLogAxisParts(double Start, double Stop);

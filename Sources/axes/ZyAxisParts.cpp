@@ -14,6 +14,8 @@ namespace {
 
 constexpr float GapBetweenLabels = 70;     // pixels
 constexpr float GapBetweenLogLabels = 30;  // pixels
+constexpr double Half = 0.5 + 1e-9;        // so that what is a half but for rounding counts as one
+constexpr double SmallPart = 1e-6;         // of a step; a label that near to the end stands
 constexpr int MostDecimals = 18;           // and most digits before the point; a real has no more to show
 constexpr int FarExponent = 1000;          // beyond those of all reals, and still fit for sums
 
@@ -53,7 +55,8 @@ TZyLabelRoom TZyAxis::LabelRoom() {
 // --- Choice of the steps --------------------------------------------------------------------------------------------
 
 /// Refines the step until its labels no longer fit into the room, and takes that step: a label wants more room by this
-/// estimate than it really needs. It does not go below what the reals at the ends can tell apart.
+/// estimate than it really needs. It does not go below what the reals at the ends can tell apart, and goes on to a
+/// second label, without which no scale can be read, for half of the room.
 void TZyAxis::GetNormalAxisParts(double Start, double Stop) {
   static const TZyTickTable DefaultTable;
   const TZyTickTable& Table = IsUsable(FTickTable) ? FTickTable : DefaultTable;
@@ -62,29 +65,32 @@ void TZyAxis::GetNormalAxisParts(double Start, double Stop) {
   const double Span = ExpMinus(Stop - Start, FScale.RangeExponent);
   const double Spacing = std::max(std::fabs(Start), std::fabs(Stop)) * std::numeric_limits<double>::epsilon();
   const double FinestPart = ExpMinus(Spacing, FScale.RangeExponent);
-  std::size_t Row = 0;
-  double Power = 10;
-  for (;;) {
-    const double Part = Table.LabelParts[Row] * Power;
-    FScale.LabelPart = Part;
-    FScale.TickPart = Table.MinorParts[Row] * Power;  // not those of an earlier scale, which would limit the label's
-    FScale.MajorTickPart = Table.MajorParts[Row] * Power;
+  TTableStep Step;
+  const auto Needed = [&](const TTableStep& Candidate) {
+    TakeParts(Table, Candidate);  // the digits follow the step
     GetExponentAndDigits(Start, Stop);
     const float Widest = std::max(ApproxLen(NormalCaption(Start), Start), ApproxLen(NormalCaption(Stop), Stop));
-    const auto Count = static_cast<float>(std::trunc(Span / Part + 0.5) + 1);
-    const float Needed = Count * Widest + (Count - 1) * GapBetweenLabels * FLabelDistanceFactor;
-    if (!(Needed < Room) || !(Part > FinestPart)) break;
-    Row = (Row + 1) % Table.LabelParts.size();
-    if (Row == 0) Power /= 10;
-  }
-  FScale.LabelPart = Table.LabelParts[Row] * Power;
+    const auto Count = static_cast<float>(std::trunc(Span / FScale.LabelPart + Half) + 1);
+    return Count * Widest + (Count - 1) * GapBetweenLabels * FLabelDistanceFactor;
+  };
+  const auto PartOf = [&Table](const TTableStep& Taken) { return Table.LabelParts[Taken.Row] * Taken.Power; };
+  while (Needed(Step) < Room && PartOf(Step) > FinestPart) Step = Step.Next();
+  const auto HasTwoLabels = [&] {
+    const double Size = PartSize(PartOf(Step));
+    return RoundUp(Start, PartOf(Step), FScale.RangeExponent) + Size <= Stop + SmallPart * Size;
+  };
+  while (!HasTwoLabels() && Needed(Step.Next()) / 2 <= Room && PartOf(Step) > FinestPart) Step = Step.Next();
+  const double LabelPart = PartOf(Step);
   // Rounded to majors further apart than it is wide, a span would widen without end.
-  for (int Guard = 0; Guard < 10 && Table.MajorParts[Row] * Power > Span; ++Guard) {
-    Row = (Row + 1) % Table.LabelParts.size();
-    if (Row == 0) Power /= 10;
-  }
-  FScale.MajorTickPart = Table.MajorParts[Row] * Power;
-  FScale.TickPart = Table.MinorParts[Row] * Power;
+  while (Table.MajorParts[Step.Row] * Step.Power > Span * (1 + SmallPart)) Step = Step.Next();
+  TakeParts(Table, Step);
+  FScale.LabelPart = LabelPart;
+}
+
+void TZyAxis::TakeParts(const TZyTickTable& Table, const TTableStep& Step) {
+  FScale.LabelPart = Table.LabelParts[Step.Row] * Step.Power;
+  FScale.MajorTickPart = Table.MajorParts[Step.Row] * Step.Power;
+  FScale.TickPart = Table.MinorParts[Step.Row] * Step.Power;
 }
 
 /// A label for every so many decades: of whole decades up to two, and of multiples of three beyond.

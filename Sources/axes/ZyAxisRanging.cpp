@@ -258,12 +258,11 @@ void TZyAxis::RepairOrder(double& Start, double& Stop) const {
 
 void TZyAxis::WidenEqualEnds(double& Start, double& Stop) const {
   if (FScaling == TZyAxisScaling::DateTime) {
-    constexpr double Minute = 1.0 / 1440;
     if (Start != Stop) return;
-    if (Stop + Minute < MaxDateTime) {
-      Stop += Minute;
+    if (const double Later = MyIncMinutes(Stop, 1); Later < MaxDateTime) {
+      Stop = Later;
     } else {
-      Start -= Minute;
+      Start = MyIncMinutes(Start, -1);
     }
     return;
   }
@@ -273,6 +272,7 @@ void TZyAxis::WidenEqualEnds(double& Start, double& Stop) const {
     const bool StopMoves = FStopEnd == TZyAxisEnd::AutoRange || !StartMoves;
     if (StartMoves) Start -= Half;
     if (StopMoves) Stop += Half;
+    if (ChoosesOwnParts() && Stop > 0) Start = std::max(Start, 0.0);  // spans and rubrics begin at 0
   }
   constexpr double SmallestSpan = 1e-290;  // parts of it are still numbers of full precision
   if (Stop - Start < SmallestSpan) Stop = Start + SmallestSpan;
@@ -323,7 +323,7 @@ void TZyAxis::AddPadding(double& Start, double& Stop) {
   const double Span = Stop - Start;
   double PaddedStart = Start - Span * FStartPadding, PaddedStop = Stop + Span * FStopPadding;
   LimitEnds(PaddedStart, PaddedStop);
-  if (PaddedStart < PaddedStop) {
+  if (!RunsDown(PaddedStart, PaddedStop)) {
     Start = PaddedStart;
     Stop = PaddedStop;
   }
@@ -403,7 +403,7 @@ double TZyAxis::RoundToPart(double Value, double Part, bool Up) const {
   } else {
     Rounded = Up ? RoundUp(Value, Part, FScale.RangeExponent) : RoundDown(Value, Part, FScale.RangeExponent);
   }
-  return std::isfinite(Rounded) ? Rounded : Value;
+  return std::isfinite(Rounded) ? Rounded + 0.0 : Value;  // never a negative 0
 }
 
 /// Rounds the axis's ends where that was not done. Padding starts again from the ends that it was added to, as long as
