@@ -7,4 +7,5 @@ mkdir -p out
 build/release/Examples/palette
 build/release/Examples/embed
 build/release/Examples/form
+build/release/Examples/live
 build/release/Examples/first_chart

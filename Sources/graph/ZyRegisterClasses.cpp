@@ -9,8 +9,8 @@
 namespace zy {
 
 void RegisterChartClasses() {
-  const TClassInfo* const Classes[] = {&TZyAxis::StaticClassInfo(), &TZyDoubleVector::StaticClassInfo(),
-                                       &TZyGraph2D::StaticClassInfo(), &TZyLineSeries::StaticClassInfo(),
+  const TClassInfo* const Classes[] = {&TZyAxis::StaticClassInfo(),        &TZyDoubleVector::StaticClassInfo(),
+                                       &TZyGraph2D::StaticClassInfo(),     &TZyLineSeries::StaticClassInfo(),
                                        &TZyPointSeries::StaticClassInfo(), &TZyUndoStack::StaticClassInfo()};
   for (const TClassInfo* Info : Classes) RegisterClass(*Info);
 }

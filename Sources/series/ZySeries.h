@@ -246,6 +246,10 @@ class TZySeries : public TComponent, public IZyVectorReader {
  private:
   class TPixelBlocks;
   class TReducedPixels;
+  struct TReducedPixel {
+    PointF Pixel;
+    int Index;
+  };
 
   void JoinGraph();
   void LeaveGraph();
@@ -266,7 +270,7 @@ class TZySeries : public TComponent, public IZyVectorReader {
   // Pixels.
   bool MayReduce(int Start, int Stop) const;
   void ReduceToColumns(int Start, int Stop);
-  void ReduceColumn(int First, int Last);
+  void ReduceColumn(int First, int Last, float Centre, int& Outlier);
   template <class TPixels>
   void ThinToLine(TPixels& Pixels, int Start, int Stop);
   void ThinToSymbols(TPixelBlocks& Pixels, int Start, int Stop);
@@ -279,6 +283,7 @@ class TZySeries : public TComponent, public IZyVectorReader {
   void DrawUnsmoothed(Graphics& Gr);
   float BaseLine() const;
   bool HasTranslucentSymbols() const;
+  bool SymbolsCoverThemselves() const;
   void ShootHolesToClip(Graphics& Gr);
   bool IsInRange(std::size_t Pixel) const;
   void DrawAskedSymbols(Graphics& Gr);
@@ -326,8 +331,8 @@ class TZySeries : public TComponent, public IZyVectorReader {
   int FAreaPointCount = 0;  // with those that close the area
   TZyPointVector FPoints;
   TZyIntegerVector FPointIndex;
-  std::vector<PointF> FWholePixels;  // rounded, for the unsmoothed line; kept for its memory
-  std::vector<int> FReduced;         // data indexes that the columns of pixels were reduced to; kept for its memory
+  std::vector<PointF> FWholePixels;     // rounded, for the unsmoothed line; kept for its memory
+  std::vector<TReducedPixel> FReduced;  // what the columns of pixels were reduced to; kept for its memory
   mutable TZyPixelIndex FPixelIndex;
 };
 

@@ -92,3 +92,34 @@ ZY_TEXT(_sWidgetNeedsApplication, "A widget needs an application object: \"%s\""
 ZY_TEXT(_sApplicationWithoutWidgets, "The program's application object is one without widgets")
 ZY_TEXT(_sCannotFocus, "Control \"%s\" is invisible or disabled and cannot have the keyboard")
 ZY_TEXT(_sScrollRange, "A scroll bar cannot range from %d down to %d")
+
+// ---- Databases ----
+
+ZY_TEXT(_sDataSetInactive, "Data set \"%s\" is not open")
+ZY_TEXT(_sDataSetNoField, "Data set \"%s\" has no field \"%s\"")
+ZY_TEXT(_sDataSetReadOnly, "Data set \"%s\" cannot be changed")
+ZY_TEXT(_sDataSetNotEditing, "Field \"%s\" cannot be written: data set \"%s\" is not being edited")
+ZY_TEXT(_sDataSetNoRecord, "Data set \"%s\" has no record to change")
+ZY_TEXT(_sDataSetBookmark, "The bookmark leads to no record of data set \"%s\"")
+ZY_TEXT(_sDataSetNothing, "Data set \"%s\" has neither a table name nor a query")
+ZY_TEXT(_sDataSetTooLarge, "Data set \"%s\" has more than %d records")
+ZY_TEXT(_sDataSetRecordGone, "Data set \"%s\": the record is no longer in the table")
+ZY_TEXT(_sDataSourceFixed, "The data source of this link cannot be exchanged")
+ZY_TEXT(_sFieldNoNumber, "Field \"%s\": \"%s\" is neither a number nor a date")
+ZY_TEXT(_sDatabaseKind, "\"%s\" is no kind of database that can be connected to")
+ZY_TEXT(_sDatabaseAddress, "The address of %s is malformed")
+ZY_TEXT(_sDatabaseNoFile, "There is no database file \"%s\"")
+ZY_TEXT(_sDatabaseNoApplication, "A database needs an application object: %s")
+ZY_TEXT(_sDatabaseNoDriver, "The driver %s for %s is not installed")
+ZY_TEXT(_sDatabaseConnect, "Cannot connect to %s: %s")
+ZY_TEXT(_sDatabaseLost, "The connection to %s was lost: %s")
+ZY_TEXT(_sDatabaseStatement, "%s refuses \"%s\": %s")
+ZY_TEXT(_sDatabaseNoRecords, "%s: \"%s\" gives no records")
+
+// ---- Formulas ----
+
+ZY_TEXT(_sFormulaTooDeep, "The formula is nested more than %d brackets deep")
+ZY_TEXT(_sVariableGone, "The variable \"%s\" does not exist any more")
+ZY_TEXT(_sNothingToCall, "There is nothing to call behind the name \"%s\"")
+ZY_TEXT(_sNoArgument, "There is no variable \"%s\" to evaluate the formula over")
+ZY_TEXT(_sResultCount, "%u results cannot take the values of %u arguments")

@@ -95,4 +95,11 @@ class EXMLError : public Exception {
   using Exception::Exception;
 };
 
+/// A database that cannot be reached, a table or a field that is not there, a value or a state that does not allow what
+/// is asked for.
+class EDatabaseError : public Exception {
+ public:
+  using Exception::Exception;
+};
+
 }  // namespace zy

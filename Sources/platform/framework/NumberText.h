@@ -10,6 +10,7 @@ namespace zy {
 /// What the user's locale decides about shown and typed texts. Stored texts never depend on it.
 struct TFormatSettings {
   char DecimalSeparator = '.';
+  char ThousandSeparator = ',';
   char DateSeparator = '/';
   char TimeSeparator = ':';
   std::string ShortDateFormat = "MM/dd/yyyy";

@@ -1,0 +1,241 @@
+#include "analysis/ZyParseFktLists.h"
+
+#include <algorithm>
+
+#include "analysis/ZyParseFktFunctions.h"
+#include "platform/framework/Exceptions.h"
+#include "texts/ZyLocalize.h"
+
+namespace zy {
+namespace {
+
+char Upper(char C) { return C >= 'a' && C <= 'z' ? static_cast<char>(C - 'a' + 'A') : C; }
+
+bool SameEntry(const TZyFunctionRec& One, const TZyFunctionRec& Two) { return SameName(One.Id, Two.Id); }
+
+template <typename TRec>
+bool SameEntry(const TRec& One, const TRec& Two) {
+  return One.Container == Two.Container && SameName(One.Id, Two.Id);
+}
+
+/// The callback of an entry, whatever its kind.
+auto& Getter(TZyDoubleGetterRec& Row) { return Row.AGetter; }
+auto& Getter(TZyStringGetterRec& Row) { return Row.AGetter; }
+auto& Getter(TZyDoubleArrayRec& Row) { return Row.AArray; }
+
+void Overwrite(TZyFunctionRec& Row, TZyFunctionRec&& By) { Row = std::move(By); }
+
+template <typename TRec>
+void Overwrite(TRec& Row, TRec&& By) {
+  Getter(Row).Replace(std::move(Getter(By)));
+  Row.Id = std::move(By.Id);
+  Row.Comment = std::move(By.Comment);
+}
+
+void Release(TZyFunctionRec&) {}
+
+template <typename TRec>
+void Release(TRec& Row) {
+  Getter(Row).Release();
+}
+
+/// Whether Name is the full name of an entry. The entry's own name is compared first: it is at hand.
+template <typename TRec>
+bool HasFullName(const TRec& Row, std::string_view Name) {
+  if (Row.Container == nullptr) return SameName(Row.Id, Name);
+  if (Name.size() <= Row.Id.size()) return false;
+  const std::size_t Prefix = Name.size() - Row.Id.size();
+  return Name[Prefix - 1] == '.' && SameName(Name.substr(Prefix), Row.Id) &&
+         SameName(Name.substr(0, Prefix - 1), Row.Container->VariablesRef());
+}
+
+template <typename TRec>
+void RemoveContainer(const TZyVariableContainer* Container, TZyRecList<TRec>& List) {
+  List.RemoveIf([Container](const TRec& Row) { return Row.Container == Container; });
+}
+
+}  // namespace
+
+std::string AsciiUpper(std::string_view Text) {
+  std::string Result(Text);
+  std::transform(Result.begin(), Result.end(), Result.begin(), Upper);
+  return Result;
+}
+
+bool SameName(std::string_view One, std::string_view Two) {
+  // From the end: full names differ there, and share their start.
+  return One.size() == Two.size() &&
+         std::equal(One.rbegin(), One.rend(), Two.rbegin(), [](char A, char B) { return Upper(A) == Upper(B); });
+}
+
+void ThrowVariableGone(const std::string& Name) { throw EMathError(Format(LoadResString(_sVariableGone), {Name})); }
+
+void ThrowNothingToCall(std::string_view Name) {
+  throw EInvalidOperation(Format(LoadResString(_sNothingToCall), {Name}));
+}
+
+// ---- Dependents ----
+
+TZyVariableDependent::~TZyVariableDependent() {
+  while (!FLists.empty()) FLists.back()->Remove(*this);
+}
+
+TZyDependentList::~TZyDependentList() {
+  while (!FItems.empty()) Remove(*FItems.back());
+}
+
+bool TZyDependentList::Contains(const TZyVariableDependent& Dependent) const {
+  return std::find(FItems.begin(), FItems.end(), &Dependent) != FItems.end();
+}
+
+void TZyDependentList::Add(TZyVariableDependent& Dependent) {
+  if (Contains(Dependent)) return;
+  Dependent.FLists.push_back(this);
+  FItems.push_back(&Dependent);
+}
+
+void TZyDependentList::Remove(TZyVariableDependent& Dependent) {
+  std::erase(FItems, &Dependent);
+  std::erase(Dependent.FLists, this);
+}
+
+void UpdateVariablesObjects(const TZyDependentList& List) {
+  const std::vector<TZyVariableDependent*> Items = List.FItems;
+  for (TZyVariableDependent* const Item : Items)
+    if (std::find(List.FItems.begin(), List.FItems.end(), Item) != List.FItems.end()) Item->VariablesChanged();
+}
+
+void NoteDependency(TZyVariableContainer* Container, TZyVariableDependent* Dependent) {
+  if (Container == nullptr || Dependent == nullptr) return;
+  if (TZyDependentList* const List = Container->ObjectsToUpdate()) List->Add(*Dependent);
+}
+
+// ---- Containers ----
+
+TZyVariableContainer::TZyVariableContainer() {
+  // The lists are made before the first container, and so outlive even one that is a static object.
+  GlobalVariableList();
+  GlobalStringList();
+  GlobalArrayList();
+}
+
+TZyVariableContainer::~TZyVariableContainer() { DeRegisterVariables(); }
+
+void TZyVariableContainer::DeRegisterVariables() {
+  RemoveFromVariablesList(this, GlobalVariableList());
+  RemoveFromStringList(this, GlobalStringList());
+  RemoveFromArrayList(this, GlobalArrayList());
+}
+
+// ---- Lists ----
+
+template <typename TRec>
+void TZyRecList<TRec>::Put(TRec Row) {
+  const auto Found =
+      std::find_if(FRows.begin(), FRows.end(), [&Row](const TRec& Other) { return SameEntry(Other, Row); });
+  if (Found == FRows.end()) {
+    FRows.push_back(std::move(Row));
+  } else {
+    Overwrite(*Found, std::move(Row));
+  }
+}
+
+template <typename TRec>
+void TZyRecList<TRec>::Clear() {
+  RemoveIf([](const TRec&) { return true; });
+}
+
+template <typename TRec>
+void TZyRecList<TRec>::RemoveIf(const std::function<bool(const TRec&)>& Gone) {
+  std::erase_if(FRows, [&Gone](TRec& Row) {
+    const bool Leaves = Gone(Row);
+    if (Leaves) Release(Row);
+    return Leaves;
+  });
+}
+
+template class TZyRecList<TZyFunctionRec>;
+template class TZyRecList<TZyDoubleGetterRec>;
+template class TZyRecList<TZyStringGetterRec>;
+template class TZyRecList<TZyDoubleArrayRec>;
+
+TZyFunctionsList& GlobalFunctionList() {
+  static TZyFunctionsList List;
+  static const bool Filled = (AddLibraryFunctions(List), true);
+  static_cast<void>(Filled);
+  return List;
+}
+
+TZyDoubleGetterList& GlobalVariableList() {
+  static TZyDoubleGetterList List;
+  return List;
+}
+
+TZyStringGetterList& GlobalStringList() {
+  static TZyStringGetterList List;
+  return List;
+}
+
+TZyDoubleArraysList& GlobalArrayList() {
+  static TZyDoubleArraysList List;
+  return List;
+}
+
+void AddFunctionToList(std::string_view Id, std::string_view Comment, TZyOnePrmFunction Function,
+                       TZyFunctionsList& List) {
+  if (Function == nullptr) ThrowNothingToCall(Id);
+  List.Put({std::string(Id), std::string(Comment), Function});
+}
+
+void AddVariableToList(std::string_view Id, std::string_view Comment, TZyVariableContainer* Container,
+                       TZyDoubleGetterList& List, TZyDoubleGetter Getter) {
+  std::string Name(Id);
+  List.Put({Name, std::string(Comment), Container, {Name, std::move(Getter)}});
+}
+
+void AddStringToList(std::string_view Id, std::string_view Comment, TZyVariableContainer* Container,
+                     TZyStringGetterList& List, TZyStringGetter Getter) {
+  std::string Name(Id);
+  List.Put({Name, std::string(Comment), Container, {Name, std::move(Getter)}});
+}
+
+void AddArrayToList(std::string_view Id, std::string_view Comment, TZyVariableContainer* Container,
+                    TZyDoubleArraysList& List, TZyArrayValGetter Getter) {
+  std::string Name(Id);
+  List.Put({Name, std::string(Comment), Container, {Name, std::move(Getter)}});
+}
+
+void RemoveFromFunctionsList(std::string_view Text, TZyFunctionsList& List) {
+  List.RemoveIf([Text](const TZyFunctionRec& Row) { return Row.Id.starts_with(Text); });
+}
+
+void RemoveFromVariablesList(const TZyVariableContainer* Container, TZyDoubleGetterList& List) {
+  RemoveContainer(Container, List);
+}
+
+void RemoveFromStringList(const TZyVariableContainer* Container, TZyStringGetterList& List) {
+  RemoveContainer(Container, List);
+}
+
+void RemoveFromArrayList(const TZyVariableContainer* Container, TZyDoubleArraysList& List) {
+  RemoveContainer(Container, List);
+}
+
+template <typename TRec>
+const TRec* FindByFullName(const TZyRecList<TRec>& List, std::string_view Name) {
+  for (const TRec& Row : List)
+    if (HasFullName(Row, Name)) return &Row;
+  return nullptr;
+}
+
+template const TZyDoubleGetterRec* FindByFullName(const TZyDoubleGetterList& List, std::string_view Name);
+template const TZyStringGetterRec* FindByFullName(const TZyStringGetterList& List, std::string_view Name);
+template const TZyDoubleArrayRec* FindByFullName(const TZyDoubleArraysList& List, std::string_view Name);
+
+const TZyFunctionRec* FindFunction(const TZyFunctionsList& List, std::string_view Name) {
+  for (const TZyFunctionRec& Row : List)
+    if (SameName(Row.Id, Name)) return &Row;
+  return nullptr;
+}
+
+}  // namespace zy

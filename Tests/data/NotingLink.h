@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/data/TFieldDataLink.h"
+#include "platform/framework/Exceptions.h"
+
+namespace zy::testing {
+
+/// A link that notes what it hears.
+class TNotingLink : public TFieldDataLink {
+ public:
+  std::vector<TDataEvent> TakeEvents() { return std::exchange(FEvents, {}); }
+
+ protected:
+  void DataEvent(TDataEvent Event, TField* Info) override {
+    TFieldDataLink::DataEvent(Event, Info);
+    FEvents.push_back(Event);
+  }
+
+ private:
+  std::vector<TDataEvent> FEvents;
+};
+
+using TEvents = std::vector<TDataEvent>;
+
+/// The text of the EDatabaseError that Call throws, empty when it throws none.
+template <class TCall>
+std::string ErrorOf(const TCall& Call) {
+  try {
+    Call();
+  } catch (const EDatabaseError& Error) {
+    return Error.what();
+  }
+  return {};
+}
+
+}  // namespace zy::testing
