@@ -13,7 +13,10 @@ namespace {
 constexpr float LengthWithoutRoom = 100;  // pixels
 constexpr double MostSteps = 10000;       // of a loop; steps of the user's own may be as fine as they like
 constexpr float NearestTicks = 0.9f;      // pixels; a bit below 1, for ticks exactly one pixel apart
+constexpr double MostDecades = 1000;      // more than there are
 constexpr double Nearly = 1e-9;           // relative; far beyond rounding, far below any step
+
+int WholeDecades(double Part) { return static_cast<int>(std::lround(std::clamp(Part, 1.0, MostDecades))); }
 
 int FloorDivided(int Value, int Divisor) { return Value >= 0 ? Value / Divisor : -((Divisor - 1 - Value) / Divisor); }
 
@@ -121,8 +124,8 @@ void TZyAxis::TakeLogTicks() {
 
 /// Ticks at whole decades, major ones at the multiples of their step.
 void TZyAxis::TakeDecadeTicks() {
-  const int MajorStep = std::max(1, static_cast<int>(std::lround(FScale.MajorTickPart)));
-  const int Step = std::clamp(static_cast<int>(std::lround(FScale.TickPart)), 1, MajorStep);
+  const int MajorStep = WholeDecades(FScale.MajorTickPart);
+  const int Step = std::min(WholeDecades(FScale.TickPart), MajorStep);
   const int First = static_cast<int>(std::ceil(std::log10(LowEnd()) - Nearly));
   const int Last = static_cast<int>(std::floor(std::log10(HighEnd()) + Nearly));
   for (int Decade = First; Decade <= Last; ++Decade) {
@@ -139,7 +142,7 @@ void TZyAxis::TakeDecadeTicks() {
 
 bool TZyAxis::IsLogLabel(int Decade, double Fraction) const {
   if (FScale.LabelPart <= 1 && std::lround(Fraction * 10 / FScale.LabelPart) % 10 == 0) return true;
-  return Fraction == 0 && Decade % std::max(1, static_cast<int>(std::lround(FScale.LabelPart))) == 0;
+  return Fraction == 0 && Decade % WholeDecades(FScale.LabelPart) == 0;
 }
 
 /// Ticks at multiples of the powers of ten. Tenths of a decade begin at its double: the fraction 0.1 is 2, 0.8 is 9. A
@@ -198,7 +201,10 @@ void TZyAxis::TakeRubrics() {
   while ((High - Low) / Step > static_cast<double>(FAxLength)) Step *= 10;
   const double HalfCell = std::round(0.5 / FNormalizeConst);
   const auto Shift = static_cast<float>(GetHorizontal() != FTwisted ? HalfCell : -HalfCell);
-  for (double Value = RoundUp(Low, Step, 0); Value <= High * (1 + Nearly); Value += Step) {
+  const double First = RoundUp(Low, Step, 0);
+  const double Cells = std::floor((High - First) / Step + Nearly);
+  for (int Index = 0; Index <= Cells; ++Index) {  // counted: far from 0 a step may be lost in a sum
+    const double Value = First + Index * Step;
     const float Pos = NumberToWorld(Value);
     const bool HasText = FNumbersVisible && Value >= 0 && Value < High && Value < FRubrics.Count();
     if (AddTick(Pos, true, HasText, true) && HasText)

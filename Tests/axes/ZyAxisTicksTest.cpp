@@ -279,7 +279,7 @@ class TRandomAxis {
     if (Chance(2)) Start = Between(-1, 1) * Span;
     if (Chance(20)) Start = Between(-1, 1) * Power(-330, 308), Span = Power(-330, 308);
     if (Scaling == DateTime) Start = Between(MinDateTime, MaxDateTime), Span = Between(-1, 4) * Power(-7, 6);
-    if (Scaling == Rubrics) Start = Between(-1, 5), Span = Power(0, 7);
+    if (Scaling == Rubrics) Start = Chance(2) ? Power(0, 20) : Between(-1, 5), Span = Power(0, 7);
     if (Scaling == Log || Scaling == LogEE) {
       Start = (Chance(10) ? -1 : 1) * Power(-100, 100);
       Span = std::fabs(Start) * Power(-2, 100);
