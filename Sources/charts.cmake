@@ -10,8 +10,10 @@ zy_add_library(
     annotations/ZyRichLabel.cpp
     annotations/ZySubCaption.cpp
     axes/ZyAxis.cpp
+    axes/ZyAxisLabels.cpp
     axes/ZyAxisLayout.cpp
     axes/ZyAxisPaint.cpp
+    axes/ZyAxisParts.cpp
     axes/ZyAxisProperties.cpp
     axes/ZyAxisRanging.cpp
     axes/ZyAxisScale.cpp
