@@ -79,7 +79,8 @@ struct TChart {
 };
 
 /// Seconds of the middle one of five runs. Prepare runs before each and is not counted.
-double Median(const std::function<void()>& Run, const std::function<void()>& Prepare = [] {}) {
+double Median(
+    const std::function<void()>& Run, const std::function<void()>& Prepare = [] {}) {
   std::vector<double> Seconds;
   for (int i = 0; i < 5; ++i) {
     Prepare();

@@ -68,8 +68,8 @@ void TZyCustomGraph::SetCaption(const TZyRichCaption& Value) {
   UpdateVariablesObjects(FObjectsToUpdate);
 }
 
-/// A chart without a parent still paints into pictures, and one that is loaded may name what is not there yet: both parse
-/// at their next layout.
+/// A chart without a parent still paints into pictures, and one that is loaded may name what is not there yet: both
+/// parse at their next layout.
 void TZyCustomGraph::ParseCaption() {
   if (Parent() == nullptr || IsLoading()) return Modified();
   FTitleRec.ParseForSize();

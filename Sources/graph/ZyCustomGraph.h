@@ -31,8 +31,8 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   explicit TZyCustomGraph(TComponent* Owner = nullptr);
   ~TZyCustomGraph() override;
 
-  /// The title. Trailing blanks are dropped. Throws what TZyRichCaptionObject::ParseForSize throws, when the chart has a
-  /// parent; the text is stored then, and the old title still shown.
+  /// The title. Trailing blanks are dropped. Throws what TZyRichCaptionObject::ParseForSize throws, when the chart has
+  /// a parent; the text is stored then, and the old title still shown.
   const TZyRichCaption& Caption() const { return FTitleRec.Caption(); }
   void SetCaption(const TZyRichCaption& Value);
   /// Where the title stands along the width. Centred at first.

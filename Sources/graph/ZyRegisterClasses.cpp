@@ -12,11 +12,10 @@
 namespace zy {
 
 void RegisterChartClasses() {
-  const TClassInfo* const Classes[] = {&TDataSource::StaticClassInfo(),    &TSqlDataSet::StaticClassInfo(),
-                                       &TZyAxis::StaticClassInfo(),        &TZyDoubleVector::StaticClassInfo(),
-                                       &TZyGraph2D::StaticClassInfo(),     &TZyLineSeries::StaticClassInfo(),
-                                       &TZyPointSeries::StaticClassInfo(), &TZyRichLabel::StaticClassInfo(),
-                                       &TZyUndoStack::StaticClassInfo()};
+  const TClassInfo* const Classes[] = {
+      &TDataSource::StaticClassInfo(),     &TSqlDataSet::StaticClassInfo(),  &TZyAxis::StaticClassInfo(),
+      &TZyDoubleVector::StaticClassInfo(), &TZyGraph2D::StaticClassInfo(),   &TZyLineSeries::StaticClassInfo(),
+      &TZyPointSeries::StaticClassInfo(),  &TZyRichLabel::StaticClassInfo(), &TZyUndoStack::StaticClassInfo()};
   for (const TClassInfo* Info : Classes) RegisterClass(*Info);
 }
 

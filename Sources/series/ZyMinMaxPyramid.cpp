@@ -8,7 +8,7 @@ namespace zy {
 namespace {
 
 constexpr std::size_t Block = 64;  // values under a node of the lowest level
-constexpr std::size_t Fan = 16;     // nodes under a node of the others
+constexpr std::size_t Fan = 16;    // nodes under a node of the others
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
 std::size_t NodesFor(std::size_t Count, std::size_t Size) { return (Count + Size - 1) / Size; }
