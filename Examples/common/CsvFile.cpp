@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <cstdio>
 #include <optional>
 
 #include "platform/framework/Exceptions.h"
@@ -61,9 +62,11 @@ TCsvFile::TCsvFile(const std::filesystem::path& FileName) : FFileName(FileName.s
 TCsvFile::TRow TCsvFile::Split(std::string_view Line, std::size_t Number) const {
   TRow Row{Number, {}};
   for (std::size_t Start = 0; Start <= Line.size();) {
-    const std::size_t End = std::min(Line.find(',', Start), Line.size());
+    const bool IsQuoted = Start < Line.size() && Line[Start] == '"';
+    if (IsQuoted) ++Start;
+    const std::size_t End = std::min(Line.find(IsQuoted ? '"' : ',', Start), Line.size());
     Row.Fields.push_back({Line.substr(Start, End - Start), Start + 1});
-    Start = End + 1;
+    Start = End + (IsQuoted ? 2 : 1);
   }
   return Row;
 }
@@ -92,6 +95,19 @@ double TCsvFile::Year(std::size_t Row, std::size_t Column) const {
   const auto Passed = std::chrono::sys_days(*Date) - Start;
   return static_cast<int>(Date->year()) +
          static_cast<double>(Passed.count()) / static_cast<double>((Stop - Start).count());
+}
+
+double TCsvFile::Day(std::size_t Row, std::size_t Column) const {
+  constexpr std::size_t DateLength = 10;
+  const std::string_view Field = FRows[Row].Fields[Column].Text;
+  const auto Date = ParseDate(Field.substr(0, DateLength));
+  int Hour = 0, Minute = 0, Second = 0;
+  const std::string Time(Field.substr(std::min(DateLength, Field.size())));
+  const bool HasTime = std::sscanf(Time.c_str(), "T%d:%d:%d", &Hour, &Minute, &Second) == 3;
+  if (!Date || (!Time.empty() && !HasTime)) FailAt(Row, Column, "date");
+  constexpr double UnixEpoch = 25569;  // the day number of 1 January 1970
+  const auto Days = static_cast<double>(std::chrono::sys_days(*Date).time_since_epoch().count());
+  return UnixEpoch + Days + (Hour * 3600 + Minute * 60 + Second) / 86400.0;
 }
 
 void TCsvFile::Fail(std::size_t Line, std::size_t Column, const std::string& Reason) const {

@@ -8,7 +8,8 @@
 
 namespace zy::examples {
 
-/// A comma-separated file with a line of column names, and so many fields in each row. Fields are not quoted. Line ends
+/// A comma-separated file with a line of column names, and so many fields in each row. A field with commas
+/// stands in quotes. Line ends
 /// may be LF or CR LF, and blank lines are skipped.
 ///
 /// All errors are EReadErrors that name file, line and column (of characters, both counted from 1).
@@ -23,6 +24,11 @@ class TCsvFile {
   std::size_t Column(std::string_view Name) const;
   /// The field as a real. Throws EReadError when it is none or not finite.
   double Real(std::size_t Row, std::size_t Column) const;
+  /// The field as it stands.
+  std::string Text(std::size_t Row, std::size_t Column) const { return std::string(FRows[Row].Fields[Column].Text); }
+  /// The field, a date as in 2000-01-31 or 2000-01-31T18:00:00, as a day number of a date axis. Throws EReadError when
+  /// it is none.
+  double Day(std::size_t Row, std::size_t Column) const;
   /// The field, a date as in 2000-01-31, in years: 2000.5 is the middle of the year 2000. Throws EReadError when it is
   /// no date.
   double Year(std::size_t Row, std::size_t Column) const;

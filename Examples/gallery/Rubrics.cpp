@@ -1,0 +1,37 @@
+// An axis of texts: what Iowa generated from three sources of energy in each year.
+
+#include <map>
+
+#include "gallery/Gallery.h"
+
+void zy::examples::MakeRubrics(TFrame& Page) {
+  TChartPage Chart(Page);
+  TZyGraph2D& Graph = Chart.AddGraph("Electricity of Iowa by source", "", "Net generation in GWh");
+  const TCsvFile File = TChartPage::Data("iowa-electricity.csv");
+  TStringList Years;
+  std::map<std::string, TZyDoubleVector*> Sources;
+  for (std::size_t Row = 0; Row < File.RowCount(); ++Row) {
+    const std::string Year = File.Text(Row, File.Column("year")).substr(0, 4);
+    if (Years.IndexOf(Year) < 0) Years.Add(Year);
+    TZyDoubleVector*& Values = Sources[File.Text(Row, File.Column("source"))];
+    if (Values == nullptr) Values = &Chart.AddVector();
+    Values->Add(File.Real(Row, File.Column("net_generation")));
+  }
+  TZyAxis& Axis = *Graph.PrimaryXAxis();
+  Axis.SetScaling(TZyAxisScaling::Rubrics);
+  Axis.SetRubrics(&Years);
+  Axis.SetRubricsAngle(45);
+  Axis.SetCaptionVisible(false);
+
+  const TZyColor Tints[] = {Colors::DimGray, Colors::DarkOrange, Colors::SeaGreen};
+  const TZyColor* Tint = Tints;
+  for (const auto& [Source, Values] : Sources) {
+    auto& Series = Chart.AddSeries<TZyPointSeries>(Graph, nullptr, *Values, *Tint);
+    Series.SetCaption(Source);
+    Series.Line().SetWidth(2);
+    Series.PointSymbol().SetBorderColor(*Tint);
+    Series.PointSymbol().SetFillColor(*Tint);
+    Series.PointSymbol().SetSize(9);
+    ++Tint;
+  }
+}

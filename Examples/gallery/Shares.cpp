@@ -1,0 +1,27 @@
+// Twenty years of the S&P 500 on a date axis: prices on the left, the same on a logarithmic scale on the right.
+
+#include "gallery/Gallery.h"
+
+void zy::examples::MakeShares(TFrame& Page) {
+  TChartPage Chart(Page);
+  TZyGraph2D& Graph = Chart.AddGraph("S&P 500, daily closing prices", "Date", "Price in points");
+  Graph.PrimaryXAxis()->SetScaling(TZyAxisScaling::DateTime);
+  TZyAxis& LogAxis = Chart.AddAxis(Graph, TZyAxisPosition::Right, "Price in points, logarithmic");
+  LogAxis.SetScaling(TZyAxisScaling::Log);
+
+  const TCsvFile Prices = TChartPage::Data("sp500-2000.csv");
+  const std::size_t Date = Prices.Column("date"), Close = Prices.Column("close");
+  TZyDoubleVector& Days = Chart.AddVector();
+  TZyDoubleVector& Closes = Chart.AddVector();
+  for (std::size_t Row = 0; Row < Prices.RowCount(); ++Row) {
+    Days.Add(Prices.Day(Row, Date));
+    Closes.Add(Prices.Real(Row, Close));
+  }
+  Chart.AddSeries(Graph, &Days, Closes, Colors::SteelBlue);
+  Chart.AddSeries(Graph, &Days, Closes, Colors::DarkOrange).SetYAxis(&LogAxis);
+  for (auto [Axis, Color] :
+       {std::pair{Graph.PrimaryYAxis(), Colors::SteelBlue}, std::pair{&LogAxis, Colors::DarkOrange}}) {
+    Axis->SetCaptionColor(Color);
+    Axis->SetNumbersColor(Color);
+  }
+}
