@@ -134,8 +134,8 @@ void TZyAxis::GetSecParameters(double Start, double Stop) {
 
 /// A logarithmic axis has no ticks finer than tenths of a decade, and no major ones inside it.
 void TZyAxis::LimitLogParts() {
-  FScale.TickPart = std::max(FScale.TickPart, 0.1);
   FScale.MajorTickPart = std::max(FScale.MajorTickPart, 1.0);
+  FScale.TickPart = std::clamp(FScale.TickPart, 0.1, FScale.MajorTickPart);
   FScale.LabelPart = std::max(FScale.LabelPart, FScale.TickPart);
 }
 

@@ -369,6 +369,7 @@ void TZyAxis::TakeTickParts(double Start, double Stop) {
       } else {
         FScale.RangeExponent = Real10thExponent(Stop - Start);
       }
+      GetExponentAndDigits(Start, Stop);  // it raises steps that are too fine for others
   }
 }
 
@@ -379,6 +380,9 @@ void TZyAxis::RoundToTicks(double& Start, double& Stop) const {
   if (Zoomed && (FEndRounding == RndToMajorZoomToNothing || FEndRounding == RndToMinorZoomToNothing)) return;
   const bool ToMajor = FEndRounding == RndToMajor || FEndRounding == RndToMajorZoomToNothing ||
                        (FEndRounding == RndToMajorZoomToMinor && !Zoomed);
+  // Steps of the user's own that are wider than the span would widen it tenfold with each rounding.
+  const double Step = PartSize(ToMajor ? FScale.MajorTickPart : FScale.TickPart);
+  if (!ChoosesOwnParts() && !FScale.HasLogScaling && Step > (Stop - Start) * 1.000001) return;
   const double RoundedStart = RoundEnd(Start, false, ToMajor), RoundedStop = RoundEnd(Stop, true, ToMajor);
   if (RoundedStart == RoundedStop) return;  // a span of the size of the reals' own steps
   Start = RoundedStart;

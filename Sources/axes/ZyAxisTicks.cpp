@@ -81,10 +81,12 @@ void TZyAxis::TakeEvenTicks() {
   double Part = FScale.TickPart > 0 ? FScale.TickPart : 1;
   while ((High - Low) / PartSize(Part) > MostSteps) Part *= 10;
   const double LabelPart = std::max(FScale.LabelPart, Part), MajorPart = std::max(FScale.MajorTickPart, Part);
-  const double First = std::clamp(RoundToPart(Low, Part, true), Low, High);
+  const double FirstOnGrid = RoundToPart(Low, Part, true);
+  if (FirstOnGrid > High + Nearly * (High - Low)) return;  // a step wider than the scale
+  const double First = std::clamp(FirstOnGrid, Low, High);
   const double Last = std::clamp(RoundToPart(High, Part, false), First, High);
   const long Steps = std::lround((Last - First) / PartSize(Part));
-  const double Step = Steps > 0 ? (Last - First) / static_cast<double>(Steps) : PartSize(Part);
+  const double Step = Steps > 0 ? (Last - First) / static_cast<double>(Steps) : High - Low;
   // Steps of the user's own need not divide each other: the tick nearest to a multiple stands for it then.
   const double Tolerance = (IsSeconds ? 0.004 : 0.6) * Step;
   double NextMajor = RoundToPart(Low, MajorPart, true);
@@ -114,7 +116,7 @@ void TZyAxis::TakeLogTicks() {
   } else {
     TakeTicksInDecades();
   }
-  if (!FTicks.empty()) return;
+  if (!FTicks.empty() || HighEnd() > 10 * LowEnd()) return;
   const TScale Kept = FScale;
   GetNormalAxisParts(LowEnd(), HighEnd());
   TakeEvenTicks();
