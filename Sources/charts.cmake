@@ -10,8 +10,10 @@ zy_add_library(
     annotations/ZyRichLabel.cpp
     annotations/ZySubCaption.cpp
     axes/ZyAxis.cpp
+    axes/ZyAxisLabels.cpp
     axes/ZyAxisLayout.cpp
     axes/ZyAxisPaint.cpp
+    axes/ZyAxisParts.cpp
     axes/ZyAxisProperties.cpp
     axes/ZyAxisRanging.cpp
     axes/ZyAxisScale.cpp
@@ -52,6 +54,7 @@ zy_add_library(
     series/ZyFunctionSeries.cpp
     series/ZyIndexer.cpp
     series/ZyLineSeries.cpp
+    series/ZyListLink.cpp
     series/ZyMinMaxPyramid.cpp
     series/ZyOutliers.cpp
     series/ZyPixelIndex.cpp
@@ -65,6 +68,6 @@ zy_add_library(
     undo/ZyUndoList.cpp
     undo/ZyUndoLog.cpp
     undo/ZyUndoStack.cpp
-  LINK zy_controls zy_drawing zy_framework zy_numerics zy_texts)
+  LINK zy_controls zy_data zy_drawing zy_framework zy_numerics zy_texts)
 set_target_properties(zy_charts PROPERTIES EXPORT_NAME Charts)
 add_library(Zyphos::Charts ALIAS zy_charts)

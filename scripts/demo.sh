@@ -8,4 +8,5 @@ build/release/Examples/palette
 build/release/Examples/captions
 build/release/Examples/embed
 build/release/Examples/form
+build/release/Examples/live
 build/release/Examples/first_chart

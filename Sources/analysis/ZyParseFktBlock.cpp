@@ -2,14 +2,24 @@
 // cost of walking the tree is shared by a block and the loops vectorise.
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 
 #include "analysis/ZyParseFktTree.h"
 
+#if defined(__clang__)
+#define ZY_INDEPENDENT _Pragma("clang loop vectorize(assume_safety)")
+#pragma clang diagnostic ignored "-Wpass-failed"  // loops that call functions stay as they are
+#elif defined(__GNUC__)
+#define ZY_INDEPENDENT _Pragma("GCC ivdep")
+#else
+#define ZY_INDEPENDENT
+#endif
+
 namespace zy {
 namespace {
 
-constexpr std::size_t BlockSize = 256;
+constexpr std::size_t BlockSize = 512;
 constexpr std::size_t MaxColumns = 32;  // of values fetched ahead; beyond, nothing is gained by blocks
 
 /// The values of a node for one block: one for each argument, or one for all.
@@ -18,41 +28,96 @@ struct TValues {
   double Scalar = 0;
 };
 
-/// Result = Two values by an operation. Result may be the memory of either.
+struct TColumn {
+  double operator[](std::size_t Index) const { return Data[Index]; }
+  const double* Data;
+};
+
+struct TConstant {
+  double operator[](std::size_t) const { return Value; }
+  double Value;
+};
+
+/// Calls Function with the values as what they are, so that it is compiled for either.
+template <typename TFunction>
+void WithValues(TValues Values, TFunction Function) {
+  if (Values.Data == nullptr) {
+    Function(TConstant{Values.Scalar});
+  } else {
+    Function(TColumn{Values.Data});
+  }
+}
+
+/// Whether an operation costs so little that going through memory for it is what counts.
+bool IsCheap(const TZyNode& Node) {
+  return Node.Token == TZyArg::TwoPrm && (Node.Operator == TZyOperator::Add || Node.Operator == TZyOperator::Subtract ||
+                                          Node.Operator == TZyOperator::Multiply);
+}
+
+/// Calls Function with a cheap operation.
+template <typename TFunction>
+void WithCheap(TZyOperator Operator, TFunction Function) {
+  switch (Operator) {
+    case TZyOperator::Add:
+      return Function(std::plus<double>());
+    case TZyOperator::Subtract:
+      return Function(std::minus<double>());
+    default:
+      return Function(std::multiplies<double>());
+  }
+}
+
+/// Sets each result to the value of an expression for its index. Results may be the memory of an operand: each element
+/// depends on its own operands only, which the compiler is told so that it vectorises without a check.
+template <typename TExpression>
+void Assign(double* Result, std::size_t Count, TExpression Expression) {
+  ZY_INDEPENDENT
+  for (std::size_t i = 0; i < Count; ++i) Result[i] = Expression(i);
+}
+
+/// Result = One Operation Two.
 template <typename TOperation>
 void Combine(TValues One, TValues Two, double* Result, std::size_t Count, TOperation Operation) {
-  if (One.Data == nullptr) {
-    for (std::size_t i = 0; i < Count; ++i) Result[i] = Operation(One.Scalar, Two.Data[i]);
-  } else if (One.Data == Result) {
-    // Spelt out, so that the compiler sees that this is no overlap to beware of.
-    if (Two.Data == nullptr) {
-      for (std::size_t i = 0; i < Count; ++i) Result[i] = Operation(Result[i], Two.Scalar);
-    } else {
-      for (std::size_t i = 0; i < Count; ++i) Result[i] = Operation(Result[i], Two.Data[i]);
-    }
-  } else if (Two.Data == nullptr) {
-    for (std::size_t i = 0; i < Count; ++i) Result[i] = Operation(One.Data[i], Two.Scalar);
-  } else {
-    for (std::size_t i = 0; i < Count; ++i) Result[i] = Operation(One.Data[i], Two.Data[i]);
-  }
+  WithValues(One, [&](auto A) {
+    WithValues(Two, [&](auto B) { Assign(Result, Count, [=](std::size_t i) { return Operation(A[i], B[i]); }); });
+  });
 }
 
 void Apply(TZyOperator Operator, TValues One, TValues Two, double* Result, std::size_t Count) {
   switch (Operator) {
-    case TZyOperator::Add:
-      return Combine(One, Two, Result, Count, [](double A, double B) { return A + B; });
-    case TZyOperator::Subtract:
-      return Combine(One, Two, Result, Count, [](double A, double B) { return A - B; });
-    case TZyOperator::Multiply:
-      return Combine(One, Two, Result, Count, [](double A, double B) { return A * B; });
     case TZyOperator::Divide:
-      return Combine(One, Two, Result, Count, [](double A, double B) { return A / B; });
+      return Combine(One, Two, Result, Count, std::divides<double>());
+    case TZyOperator::Power:
+      if (Two.Data == nullptr && Two.Scalar == 2)
+        return Combine(One, Two, Result, Count, [](double A, double) { return A * A; });
+      return Combine(One, Two, Result, Count, Power);
     default:
-      break;
+      WithCheap(Operator, [&](auto Operation) { Combine(One, Two, Result, Count, Operation); });
   }
-  if (Two.Data == nullptr && Two.Scalar == 2)
-    return Combine(One, Two, Result, Count, [](double A, double) { return A * A; });
-  Combine(One, Two, Result, Count, Power);
+}
+
+/// Two cheap operations in one pass: Result = One Inner Two Outer Three, with the brackets (One Two) Three or, when
+/// FromRight, One (Two Three).
+template <bool FromRight>
+void ApplyPair(TZyOperator Outer, TZyOperator Inner, const TValues* Operands, double* Result, std::size_t Count) {
+  const auto Pass = [&](auto OuterOperation, auto InnerOperation, auto A, auto B, auto C) {
+    Assign(Result, Count, [=](std::size_t i) {
+      if constexpr (FromRight) {
+        return OuterOperation(A[i], InnerOperation(B[i], C[i]));
+      } else {
+        return OuterOperation(InnerOperation(A[i], B[i]), C[i]);
+      }
+    });
+  };
+  WithCheap(Outer, [&](auto OuterOperation) {
+    WithCheap(Inner, [&](auto InnerOperation) {
+      WithValues(Operands[0], [&](auto A) {
+        WithValues(Operands[1], [&](auto B) {
+          WithValues(Operands[2], [&](auto C) { Pass(OuterOperation, InnerOperation, A, B, C); });
+        });
+      });
+    });
+  });
 }
 
 }  // namespace
@@ -81,6 +146,7 @@ class TZyTree::TBlock {
   }
 
  private:
+  static bool IsLeaf(const TZyNode& Node) { return Node.Token == TZyArg::Constant || Node.Token == TZyArg::Getter; }
   bool IsFetched(const TZyNode& Node) const { return Node.Token == TZyArg::Getter && Node.Index != FArgumentIndex; }
   double* Column(std::size_t Index) { return FMemory.data() + (FValues.size() + Index) * BlockSize; }
 
@@ -95,23 +161,43 @@ class TZyTree::TBlock {
   }
 
   void Walk(const double* Arguments, double* Results, std::size_t Count) {
+    const std::vector<TZyNode>& Nodes = FTree.FNodes;
     TValues* Top = FValues.data() - 1;
-    std::size_t Next = 0;
-    for (const TZyNode& Node : FTree.FNodes) {
-      if (Node.Token == TZyArg::Constant) {
-        *++Top = {nullptr, Node.AConstant};
-        continue;
-      }
-      if (Node.Token == TZyArg::Getter) {
-        *++Top = {IsFetched(Node) ? Column(Next++) : Arguments, 0};
+    std::size_t NextColumn = 0;
+    const auto Leaf = [&](const TZyNode& Node) {
+      if (Node.Token == TZyArg::Constant) return TValues{nullptr, Node.AConstant};
+      return TValues{IsFetched(Node) ? Column(NextColumn++) : Arguments, 0};
+    };
+    // The last node writes straight to where the results go.
+    const auto Target = [&](std::size_t Node) {
+      if (Node + 1 == Nodes.size()) return Results;
+      return FMemory.data() + static_cast<std::size_t>(Top - FValues.data()) * BlockSize;
+    };
+    for (std::size_t i = 0; i < Nodes.size(); ++i) {
+      const TZyNode& Node = Nodes[i];
+      if (IsLeaf(Node)) {
+        *++Top = Leaf(Node);
         continue;
       }
       if (Node.Token == TZyArg::TwoPrm) --Top;
-      // The last node writes straight to where the results go.
-      double* const Result = &Node == &FTree.FNodes.back()
-                                 ? Results
-                                 : FMemory.data() + static_cast<std::size_t>(Top - FValues.data()) * BlockSize;
-      Calculate(Node, Top, Result, Count);
+      if (IsCheap(Node) && (Top[0].Data != nullptr || Top[1].Data != nullptr)) {
+        if (i + 1 < Nodes.size() && IsCheap(Nodes[i + 1])) {
+          --Top;
+          double* const Result = Target(++i);
+          ApplyPair<true>(Nodes[i].Operator, Node.Operator, Top, Result, Count);
+          *Top = {Result, 0};
+          continue;
+        }
+        if (i + 2 < Nodes.size() && IsLeaf(Nodes[i + 1]) && IsCheap(Nodes[i + 2])) {
+          const TValues Operands[] = {Top[0], Top[1], Leaf(Nodes[i + 1])};
+          i += 2;
+          double* const Result = Target(i);
+          ApplyPair<false>(Nodes[i].Operator, Node.Operator, Operands, Result, Count);
+          *Top = {Result, 0};
+          continue;
+        }
+      }
+      Calculate(Node, Top, Target(i), Count);
     }
     if (Top->Data == nullptr) {
       std::fill_n(Results, Count, Top->Scalar);

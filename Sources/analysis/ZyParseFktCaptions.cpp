@@ -10,7 +10,7 @@ namespace {
 
 constexpr int MaxDepth = 16;
 /// Most that all replacements of one caption may insert, in bytes, with an allowance for each so that empty ones count.
-constexpr std::size_t MaxInserted = 4'000'000;
+constexpr std::size_t MaxInserted = 250'000;
 constexpr std::size_t Allowance = 64;
 
 /// How far the expansion of the outermost caption has come.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <span>
@@ -8,6 +9,8 @@
 
 #include "annotations/ZyParentFont.h"
 #include "annotations/ZyRichCaption.h"
+#include "axes/ZyDateTimeSteps.h"
+#include "axes/ZySecondsSteps.h"
 #include "graph/ZyArrowSettings.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/framework/Alignment.h"
@@ -69,6 +72,15 @@ struct TZyScaleLabelEventArgs {
   TZyRichCaption Caption;
 };
 using TZyScaleLabelEventHandler = std::function<void(TObject* Sender, TZyScaleLabelEventArgs& Args)>;
+
+/// The steps between which a linear axis chooses, from coarse to fine, in parts of a power of ten. Behind the last one
+/// those of the next lower power follow.
+struct TZyTickTable {
+  std::array<double, 3> LabelParts{1, 0.5, 0.2};
+  std::array<double, 3> MajorParts{0.5, 0.5, 0.1};
+  std::array<double, 3> MinorParts{0.1, 0.1, 0.02};
+  bool operator==(const TZyTickTable&) const = default;
+};
 
 /// One scale: its ends, ticks and labels, and the way between values and pixels.
 ///
@@ -168,6 +180,16 @@ class TZyAxis : public TGraphicControl {
   void SetMajorTickPart(double Value);
   double TickPart() const { return FScale.TickPart; }
   void SetTickPart(double Value);
+  /// The table of steps. One whose entries are not all above 0 stands for the one that an axis has at first.
+  const TZyTickTable& TickTable() const { return FTickTable; }
+  void SetTickTable(const TZyTickTable& Value);
+  /// The formats of the labels of dates and times, taken from `FormatSettings` when the axis is made.
+  const TZyDateTimeFormats& DateTimeFormats() const { return FDateTimeFormats; }
+  void SetDateTimeFormats(const TZyDateTimeFormats& Value);
+  /// One step between major ticks and between ticks in values of the axis, in decades of a logarithmic one; what a
+  /// scroll bar moves by.
+  double MajorIncrement() const;
+  double MinorIncrement() const;
   TZyMajorGridMode MajorGridMode() const { return FMajorGridMode; }
   void SetMajorGridMode(TZyMajorGridMode Value);
   TZyAxisEndRounding EndRounding() const { return FEndRounding; }
@@ -282,13 +304,16 @@ class TZyAxis : public TGraphicControl {
   float AxLeft() const { return FAxLeft; }
   float AxTop() const { return FAxTop; }
 
-  /// Pixel of each tick, in parent coordinates along the axis.
+  /// Pixel of each tick, in parent coordinates along the axis. Those less than a pixel apart count as one.
   const std::vector<float>& Ticks() const { return FTicks; }
   /// Per tick: whether it is drawn as a major tick, and whether a major grid line starts there.
   const std::vector<bool>& MajorTicks() const { return FMajorTick; }
   const std::vector<bool>& MajorGridTicks() const { return FMajorGridTick; }
   /// Texts of the labels in tick order.
   std::vector<std::string> LabelTexts() const;
+  /// The labels themselves, and the power of ten that stands apart from them; its text is empty while there is none.
+  const TZyRichCaptionObjects& AxLabels() const { return FAxLabels; }
+  const TZyRichCaptionObject& ExtraExponent() const { return FExtraExponentRec; }
   bool NeedsRecalculate() const { return FNeedsRecalculate; }
 
   /// The series that have this axis. They enter and leave by themselves; AddRelatedSeries says whether one was new.
@@ -327,7 +352,10 @@ class TZyAxis : public TGraphicControl {
     int RangeExponent = 0;
     int LabelExponent = 0;
     int Digits = 0;
+    bool ExtraExponent = false;                                 // labels show mantissas of 10^LabelExponent
     double LabelPart = 1, MajorTickPart = 0.5, TickPart = 0.1;  // as parts of 10^RangeExponent
+    TZyDtParameters DateTime;
+    TZySecParameters Seconds;
   };
 
   TZyGraph2D* Graph() const;
@@ -340,6 +368,12 @@ class TZyAxis : public TGraphicControl {
   bool Panning() const;
   bool IsSlave() const { return FIsSlaveAxis && FMasterAxis != nullptr; }
   void DoNothing() {}
+  /// Dates before the first day do not order as their numbers do.
+  bool RunsDown(double Start, double Stop) const {
+    return FScaling == TZyAxisScaling::DateTime ? DateTimeSpan(Start, Stop) < 0 : Start > Stop;
+  }
+  double LowEnd() const { return RunsDown(FStart, FStop) ? FStop : FStart; }
+  double HighEnd() const { return RunsDown(FStart, FStop) ? FStart : FStop; }
   void SetReal(double& Field, double Value, TZyText Label, const char* PropName);
   void SetTickPartTo(double& Field, double Value, TZyText Label, const char* PropName);
   void SetMovingSlit(double& Field, double Value, TZyText Label, const char* PropName);
@@ -356,31 +390,65 @@ class TZyAxis : public TGraphicControl {
   void RoundEnds(double& Start, double& Stop);
   void RepairOrder(double& Start, double& Stop) const;
   void WidenEqualEnds(double& Start, double& Stop) const;
-  void TakeLogScaling(double& Start, double& Stop);
+  void TakeLogEnds(double& Start, double& Stop) const;
+  void TakeLogScaling(double Start, double Stop);
   double SmallestPositiveBelow(double Stop) const;
   void TakeLogarithms(double Start, double Stop);
-  void TakeTickParts(double& Start, double& Stop);
+  void LimitEnds(double& Start, double& Stop) const;
+  void AddPadding(double& Start, double& Stop);
+  void RoundToSteps(double& Start, double& Stop);
+  void TakeTickParts(double Start, double Stop);
   void RoundToTicks(double& Start, double& Stop) const;
   double RoundEnd(double Value, bool Up, bool ToMajor) const;
+  double RoundToPart(double Value, double Part, bool Up) const;
   void RoundOwnEnds();
   void FollowMaster();
 
-  // Ticks and labels.
+  // Steps and number format.
+  /// A row of the table of steps, and the power of ten that it is used with.
+  struct TTableStep {
+    std::size_t Row = 0;
+    double Power = 10;
+    TTableStep Next() const { return Row < 2 ? TTableStep{Row + 1, Power} : TTableStep{0, Power / 10}; }
+  };
   float LayoutLength() const;
+  void TakeParts(const TZyTickTable& Table, const TTableStep& Step);
+  TZyLabelRoom LabelRoom();
   void GetNormalAxisParts(double Start, double Stop);
+  void GetLogAxisParts(double Start, double Stop);
+  void GetDtParameters(double Start, double Stop);
+  void GetSecParameters(double Start, double Stop);
+  void LimitLogParts();
   void GetExponentAndDigits(double Start, double Stop);
+  void TakeDigits();
+  double PartSize(double Part) const;
   std::string NormalCaption(double Value) const;
+  std::string LogCaption(double Value) const;
   float ApproxLen(std::string Text, double Value);
-  std::string LabelText(std::string Text, double Value);
-  float AlongAxis(float TextWidth, float TextHeight) const;
-  float AcrossAxis(float TextWidth, float TextHeight) const;
+
+  // Ticks.
   void CalculateTicks();
   void SetUpScale();
   void TakeTicks();
+  void TakeEvenTicks();
+  void TakeLogTicks();
+  void TakeDecadeTicks();
+  void TakeTicksInDecades();
+  bool IsLogLabel(int Decade, double Fraction) const;
+  void TakeDateTimeTicks();
+  void TakeRubrics();
+  bool AddTick(float Pos, bool Major, bool Labelled, bool Grid);
+
+  // Labels.
+  std::string LabelText(std::string Text, double Value);
+  float AlongAxis(float TextWidth, float TextHeight) const;
+  float AcrossAxis(float TextWidth, float TextHeight) const;
+  float LabelBase() const;
   void AddLabel(const std::string& Text, double Value, float Pos);
   float SlantShift(float Along) const;
+  void PlaceExtraExponent();
+  float ExtraExponentReach() const;
   void PlaceCaption();
-  float LabelBase() const;
 
   // Painting.
   float CaptionHeight() const;
@@ -433,7 +501,10 @@ class TZyAxis : public TGraphicControl {
   int FExtraDigits = 0;
   TZyFont FFont;
   TZyParentFont FNumbersFont{*this, FFont};
+  TZyRichCaptionObject FExtraExponentRec;
   TZyRichCaptionObject FCaptionRec;
+  TZyTickTable FTickTable;
+  TZyDateTimeFormats FDateTimeFormats = DefaultDateTimeFormats();
 
   double FStart = 0, FStop = 10;
   double FInitialStart = 0, FInitialStop = 10;   // last set by the user
@@ -453,6 +524,7 @@ class TZyAxis : public TGraphicControl {
   TScale FScale;
   std::vector<float> FTicks;
   std::vector<bool> FMajorTick, FMajorGridTick;
+  bool FLastTickLabelled = false;
   TZyRichCaptionObjects FAxLabels;
   float FMaxNumberLabelWidth = 0, FMaxNumberLabelHeight = 0;
   std::vector<TZySeries*> FRelatedSeries;

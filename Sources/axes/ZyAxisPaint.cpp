@@ -20,6 +20,7 @@ void TZyAxis::PaintGr(Graphics& Gr) {
   if (FNumbersVisible)
     for (const auto& Label : FAxLabels) Label->PaintGr(Gr);
   if (FCaptionVisible) FCaptionRec.PaintGr(Gr);
+  FExtraExponentRec.PaintGr(Gr);
 }
 
 /// A tick starts on the side of the axis line away from which it points, and the line covers its root.

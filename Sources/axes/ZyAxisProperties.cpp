@@ -170,6 +170,7 @@ void TZyAxis::SetNumbersColor(TZyColor Value) {
   FSettingColor = true;
   FFont.SetFillColor(Value);
   for (const auto& Label : FAxLabels) Label->CaptionFont().SetFillColor(Value);
+  FExtraExponentRec.CaptionFont().SetFillColor(Value);
   FSettingColor = false;
   DoInvalidate();
 }
@@ -227,6 +228,18 @@ void TZyAxis::SetMajorTickPart(double Value) {
 }
 
 void TZyAxis::SetTickPart(double Value) { SetTickPartTo(FScale.TickPart, Value, _sAxisTickPart, "TickPart"); }
+
+void TZyAxis::SetTickTable(const TZyTickTable& Value) {
+  if (Value == FTickTable) return;
+  FTickTable = Value;
+  Modified();
+}
+
+void TZyAxis::SetDateTimeFormats(const TZyDateTimeFormats& Value) {
+  if (Value == FDateTimeFormats) return;
+  FDateTimeFormats = Value;
+  Modified();
+}
 
 void TZyAxis::SetMajorGridMode(TZyMajorGridMode Value) {
   Change(this, FMajorGridMode, Value, _sMajorGridMode, "MajorGridMode", &TZyAxis::Modified);

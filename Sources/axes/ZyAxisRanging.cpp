@@ -216,26 +216,34 @@ bool TZyAxis::GetIsClipped() const {
   if (FRedoRange || Graph() == nullptr || FRelatedSeries.empty() || !(FValuesStart < FValuesStop)) return false;
   const double Low = FStartEnd == TZyAxisEnd::Fixed ? FStart : FValuesStart;
   const double High = FStopEnd == TZyAxisEnd::Fixed ? FStop : FValuesStop;
-  const double Nearly = (FStop - FStart) * 1e-8;
-  return FStart - Nearly > Low || FStop + Nearly < High;
+  const double Nearly = (HighEnd() - LowEnd()) * 1e-8;
+  return LowEnd() - Nearly > Low || HighEnd() + Nearly < High;
 }
 
+/// Repairs ends, chooses steps for them and rounds them to these. Dates, and axes that follow another one, may run from
+/// high to low.
 void TZyAxis::RoundEnds(double& Start, double& Stop) {
-  const bool IsDate = FScaling == TZyAxisScaling::DateTime;
-  const auto LimitDates = [&] {
-    if (!IsDate) return;
-    Start = std::max(Start, MinDateTime);
-    Stop = std::min(Stop, MaxDateTime);
-  };
-  LimitDates();
+  if (RunsDown(Start, Stop) && (FScaling == TZyAxisScaling::DateTime || IsSlave())) return RoundEnds(Stop, Start);
+  FScale.ExtraExponent = false;
+  LimitEnds(Start, Stop);
   RepairOrder(Start, Stop);
   WidenEqualEnds(Start, Stop);
-  TakeLogScaling(Start, Stop);
-  TakeTickParts(Start, Stop);
-  if (!Panning() && !FScale.HasLogScaling) RoundToTicks(Start, Stop);
-  LimitDates();
-  if (FScale.HasLogScaling) TakeLogarithms(Start, Stop);
-  GetExponentAndDigits(Start, Stop);
+  TakeLogEnds(Start, Stop);
+  AddPadding(Start, Stop);
+  RoundToSteps(Start, Stop);
+  if (FScale.HasLogScaling) {
+    TakeLogarithms(Start, Stop);
+  } else {
+    GetExponentAndDigits(Start, Stop);
+  }
+}
+
+/// Keeps ends inside the calendar, or where their span and the grid around them still are finite numbers.
+void TZyAxis::LimitEnds(double& Start, double& Stop) const {
+  constexpr double LargestEnd = LargestDouble / 4;
+  const bool IsDate = FScaling == TZyAxisScaling::DateTime;
+  const double Least = IsDate ? MinDateTime : -LargestEnd, Most = IsDate ? MaxDateTime : LargestEnd;
+  for (double* End : {&Start, &Stop}) *End = std::isnan(*End) ? 0 : std::clamp(*End, Least, Most);
 }
 
 void TZyAxis::RepairOrder(double& Start, double& Stop) const {
@@ -249,25 +257,40 @@ void TZyAxis::RepairOrder(double& Start, double& Stop) const {
 }
 
 void TZyAxis::WidenEqualEnds(double& Start, double& Stop) const {
-  if (Start != Stop) return;
   if (FScaling == TZyAxisScaling::DateTime) {
-    Stop = Start + 1.0 / 1440;  // a minute
+    if (Start != Stop) return;
+    if (const double Later = MyIncMinutes(Stop, 1); Later < MaxDateTime) {
+      Stop = Later;
+    } else {
+      Start = MyIncMinutes(Start, -1);
+    }
     return;
   }
-  const double Half = Stop == 0 ? 1 : Exp10(Real10thExponent(Start));
-  const bool StartMoves = FStartEnd == TZyAxisEnd::AutoRange;
-  const bool StopMoves = FStopEnd == TZyAxisEnd::AutoRange || !StartMoves;
-  if (StartMoves) Start -= Half;
-  if (StopMoves) Stop += Half;
+  if (Start == Stop) {
+    const double Half = Stop == 0 ? 1 : Exp10(Real10thExponent(Start));
+    const bool StartMoves = FStartEnd == TZyAxisEnd::AutoRange;
+    const bool StopMoves = FStopEnd == TZyAxisEnd::AutoRange || !StartMoves;
+    if (StartMoves) Start -= Half;
+    if (StopMoves) Stop += Half;
+    if (ChoosesOwnParts() && Stop > 0) Start = std::max(Start, 0.0);  // spans and rubrics begin at 0
+  }
+  constexpr double SmallestSpan = 1e-290;  // parts of it are still numbers of full precision
+  if (Stop - Start < SmallestSpan) Stop = Start + SmallestSpan;
 }
 
-/// Decides whether the axis is logarithmic now, and gives such an axis ends that have logarithms.
-void TZyAxis::TakeLogScaling(double& Start, double& Stop) {
-  FScale.HasLogScaling = false;
+/// Gives a logarithmic kind ends that have logarithms.
+void TZyAxis::TakeLogEnds(double& Start, double& Stop) const {
   if (!HasLogKind()) return;
   if (Start <= 0) Start = FValuesStart > 0 && FValuesStart < LargestDouble ? FValuesStart : SmallestPositiveBelow(Stop);
   if (Start <= 0) Start = 0.01;
   if (Stop <= 0) Stop = 1;
+  if (Start >= Stop) Start = Stop / 100;
+}
+
+/// Decides whether the axis is logarithmic now.
+void TZyAxis::TakeLogScaling(double Start, double Stop) {
+  FScale.HasLogScaling = false;
+  if (!HasLogKind()) return;
   TakeLogarithms(Start, Stop);
   FScale.HasLogScaling = FLogToNormalScalingLevel == 0 || FScale.LogStop - FScale.LogStart > FLogToNormalScalingLevel;
 }
@@ -292,24 +315,60 @@ double TZyAxis::SmallestPositiveBelow(double Stop) const {
   return Smallest < Stop ? Smallest : 0;
 }
 
-/// Chooses the steps for the room that there is, on padded ends; a pan and steps of the user's own only follow the
-/// span.
-void TZyAxis::TakeTickParts(double& Start, double& Stop) {
-  if (!FAutoTickParts || Panning()) {
-    FScale.RangeExponent = Real10thExponent(Stop - Start);
-    return;
+/// Room of the user's own at the ends, for steps that are chosen for it.
+void TZyAxis::AddPadding(double& Start, double& Stop) {
+  if ((!FAutoTickParts && !ChoosesOwnParts()) || Panning()) return;
+  TakeLogScaling(Start, Stop);
+  if (FScale.HasLogScaling) return;
+  const double Span = Stop - Start;
+  double PaddedStart = Start - Span * FStartPadding, PaddedStop = Stop + Span * FStopPadding;
+  LimitEnds(PaddedStart, PaddedStop);
+  if (!RunsDown(PaddedStart, PaddedStop)) {
+    Start = PaddedStart;
+    Stop = PaddedStop;
   }
-  if (!FScale.HasLogScaling) {
-    const double Span = Stop - Start;
-    const double PaddedStart = Start - Span * FStartPadding, PaddedStop = Stop + Span * FStopPadding;
-    if (std::isfinite(PaddedStart)) Start = PaddedStart;
-    if (std::isfinite(PaddedStop)) Stop = PaddedStop;
+}
+
+/// Rounding widens the span, and a wider one may have coarser steps: the ends are rounded until the steps are those of
+/// the ends that they gave. A further rounding then changes nothing.
+void TZyAxis::RoundToSteps(double& Start, double& Stop) {
+  constexpr int MostRounds = 20;
+  for (int Round = 0; Round < MostRounds; ++Round) {
+    TakeLogScaling(Start, Stop);
+    TakeTickParts(Start, Stop);
+    if (Panning()) return;
+    const double FromStart = Start, FromStop = Stop;
+    RoundToTicks(Start, Stop);
+    if (FScaling == TZyAxisScaling::DateTime) LimitEnds(Start, Stop);
+    if (Start == FromStart && Stop == FromStop) return;
   }
-  if (FScaling == TZyAxisScaling::Rubrics) {
-    FScale.TickPart = FScale.MajorTickPart = FScale.LabelPart = 1;
-    FScale.RangeExponent = 0;
-  } else {
-    GetNormalAxisParts(Start, Stop);
+}
+
+/// Chooses the steps for the room that there is; a pan and steps of the user's own only follow the span.
+void TZyAxis::TakeTickParts(double Start, double Stop) {
+  const bool Chooses = (FAutoTickParts || ChoosesOwnParts()) && !Panning();
+  if (FScale.HasLogScaling) {
+    if (Chooses) GetLogAxisParts(Start, Stop);
+    FScale.RangeExponent = static_cast<int>(std::lround(std::log10(Stop) - std::log10(Start)));
+    return LimitLogParts();
+  }
+  switch (FScaling) {
+    case TZyAxisScaling::Rubrics:
+      FScale.TickPart = FScale.MajorTickPart = FScale.LabelPart = 1;
+      FScale.RangeExponent = 0;
+      break;
+    case TZyAxisScaling::DateTime:
+      if (Chooses) GetDtParameters(Start, Stop);
+      break;
+    case TZyAxisScaling::Seconds:
+      if (Chooses) GetSecParameters(Start, Stop);
+      break;
+    default:
+      if (Chooses) {
+        GetNormalAxisParts(Start, Stop);
+      } else {
+        FScale.RangeExponent = Real10thExponent(Stop - Start);
+      }
   }
 }
 
@@ -320,14 +379,31 @@ void TZyAxis::RoundToTicks(double& Start, double& Stop) const {
   if (Zoomed && (FEndRounding == RndToMajorZoomToNothing || FEndRounding == RndToMinorZoomToNothing)) return;
   const bool ToMajor = FEndRounding == RndToMajor || FEndRounding == RndToMajorZoomToNothing ||
                        (FEndRounding == RndToMajorZoomToMinor && !Zoomed);
-  Start = RoundEnd(Start, false, ToMajor);
-  Stop = RoundEnd(Stop, true, ToMajor);
+  const double RoundedStart = RoundEnd(Start, false, ToMajor), RoundedStop = RoundEnd(Stop, true, ToMajor);
+  if (RoundedStart == RoundedStop) return;  // a span of the size of the reals' own steps
+  Start = RoundedStart;
+  Stop = RoundedStop;
 }
 
 double TZyAxis::RoundEnd(double Value, bool Up, bool ToMajor) const {
+  if (FScaling == TZyAxisScaling::DateTime) return DateTimeRound(FScale.DateTime, Value, Up, ToMajor);
   const double Part = ToMajor ? FScale.MajorTickPart : FScale.TickPart;
-  const double Rounded = Up ? RoundUp(Value, Part, FScale.RangeExponent) : RoundDown(Value, Part, FScale.RangeExponent);
-  return std::isfinite(Rounded) ? Rounded : Value;
+  double Rounded = RoundToPart(Value, Part, Up);
+  if (FScale.HasLogScaling)
+    Rounded = Up ? RoundLogUp(Value, FScale.MajorTickPart, Part) : RoundLogDown(Value, FScale.MajorTickPart, Part);
+  if (HasLogKind() && !(Rounded > 0)) return Value;  // an axis that is linear by its level stays able to turn back
+  return Rounded;
+}
+
+/// The next multiple of a step of an evenly spaced scale.
+double TZyAxis::RoundToPart(double Value, double Part, bool Up) const {
+  double Rounded = Value;
+  if (FScaling == TZyAxisScaling::Seconds) {
+    Rounded = SecondsRound(FScale.Seconds.Rgn, Value, Part, FScale.Seconds.Exponent, Up);
+  } else {
+    Rounded = Up ? RoundUp(Value, Part, FScale.RangeExponent) : RoundDown(Value, Part, FScale.RangeExponent);
+  }
+  return std::isfinite(Rounded) ? Rounded + 0.0 : Value;  // never a negative 0
 }
 
 /// Rounds the axis's ends where that was not done. Padding starts again from the ends that it was added to, as long as
@@ -347,26 +423,27 @@ void TZyAxis::RoundOwnEnds() {
 }
 
 /// Takes the ends of the master. Rounding would move them off the master's, so they are computed again behind it.
+/// Ends that are no numbers, or equal, are not taken.
 void TZyAxis::FollowMaster() {
   TZyAxis& Master = *FMasterAxis;
   FScaling = Master.FScaling;
   Master.RoundOwnEnds();
-  const auto TakeEnds = [&] {
-    FStart = Master.FStart * FSlaveSlope + FSlaveOffset;
-    FStop = Master.FStop * FSlaveSlope + FSlaveOffset;
-  };
-  TakeEnds();
+  const double Start = Master.FStart * FSlaveSlope + FSlaveOffset, Stop = Master.FStop * FSlaveSlope + FSlaveOffset;
+  if (!std::isfinite(Start) || !std::isfinite(Stop) || Start == Stop) return RoundOwnEnds();
+  FStart = Start;
+  FStop = Stop;
   RoundEnds(FStart, FStop);
-  TakeEnds();
-  if (FScale.HasLogScaling && FStart > 0 && FStop > 0) TakeLogarithms(FStart, FStop);
-  FScale.HasLogScaling = FScale.HasLogScaling && FStart > 0 && FStop > 0;
+  FStart = Start;
+  FStop = Stop;
+  if (FScale.HasLogScaling && FStart > 0 && FStop > 0) {
+    TakeLogarithms(FStart, FStop);
+  } else if (FScale.HasLogScaling) {  // ends without a logarithm lie on a linear scale
+    FScale.HasLogScaling = false;
+    GetNormalAxisParts(LowEnd(), HighEnd());
+  }
   if (FSlaveSlope == 1 && FSlaveOffset == 0) {
-    // The parts mean steps only together with their exponent, which rounding may have carried beyond the master's.
-    FScale.RangeExponent = Master.FScale.RangeExponent;
-    FScale.LabelPart = Master.FScale.LabelPart;
-    FScale.MajorTickPart = Master.FScale.MajorTickPart;
-    FScale.TickPart = Master.FScale.TickPart;
-    GetExponentAndDigits(FStart, FStop);
+    FScale = Master.FScale;
+    if (!FScale.HasLogScaling) GetExponentAndDigits(LowEnd(), HighEnd());
   }
   FValuesRounded = true;
 }

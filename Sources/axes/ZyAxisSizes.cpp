@@ -31,6 +31,8 @@ float TZyAxisLayout::NeedOf(const TZyAxis& Axis) {
   float Need = std::ceil(Axis.FAxisThicknes / 2) + Axis.DistanceToBorder() + Axis.FMajorTickLength;
   if (Labels > 0) Need += Axis.FDistanceAxisLabels + Labels;
   if (Caption > 0) Need += Caption + (Labels > 0 ? Axis.DistanceNumbersCaption() : Axis.FDistanceAxisLabels);
+  if (const float Power = Axis.ExtraExponentReach(); Power > 0)
+    Need = std::max(Need, Axis.FAxisThicknes + Axis.FMajorTickLength + Axis.FDistanceAxisLabels + Power);
   return std::ceil(std::max(Need, 0.0f));
 }
 
@@ -60,7 +62,7 @@ TZyAxisLayout::TOverhang TZyAxisLayout::OverhangOf(const TZyAxis& Axis) const {
   if (Axis.Visible() && !Axis.FAxLabels.empty()) {
     const TZyRichCaptionObject* Low = Axis.FAxLabels.front().get();
     const TZyRichCaptionObject* High = Axis.FAxLabels.back().get();
-    if (Axis.FTwisted) std::swap(Low, High);
+    if (Axis.FTwisted != Axis.RunsDown(Axis.FStart, Axis.FStop)) std::swap(Low, High);
     const auto Half = [&Axis](const TZyRichCaptionObject& Label) {
       return Axis.AlongAxis(Label.Width(), Label.Height()) / 2;
     };

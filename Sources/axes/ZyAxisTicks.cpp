@@ -1,110 +1,26 @@
-// Tick partitions and number labels.
+// The ticks of each kind of scale, and which of them have labels.
 
 #include <algorithm>
 #include <cmath>
 
 #include "analysis/ZyMath.h"
 #include "axes/ZyAxis.h"
-#include "axes/ZyDateTime.h"
 #include "graph/ZyGraph2D.h"
-#include "platform/controls/TWinControl.h"
-#include "platform/framework/NumberText.h"
 
 namespace zy {
 namespace {
 
-// The step table: label, major and minor steps of each refinement, in parts of a power of ten.
-constexpr double LabelParts[] = {1, 0.5, 0.2};
-constexpr double MajorParts[] = {0.5, 0.5, 0.1};
-constexpr double MinorParts[] = {0.1, 0.1, 0.02};
-
-constexpr float GapBetweenLabels = 70;    // pixels
 constexpr float LengthWithoutRoom = 100;  // pixels
-constexpr double MostTicks = 1e6;         // far beyond what the step table can give; a span without measure has more
+constexpr double MostSteps = 10000;       // of a loop; steps of the user's own may be as fine as they like
+constexpr float NearestTicks = 0.9f;      // pixels; a bit below 1, for ticks exactly one pixel apart
+constexpr double MostDecades = 1000;      // more than there are
+constexpr double Nearly = 1e-9;           // relative; far beyond rounding, far below any step
+
+int WholeDecades(double Part) { return static_cast<int>(std::lround(std::clamp(Part, 1.0, MostDecades))); }
+
+int FloorDivided(int Value, int Divisor) { return Value >= 0 ? Value / Divisor : -((Divisor - 1 - Value) / Divisor); }
 
 }  // namespace
-
-/// Extent along the axis that the layout gives the control. A new control and one whose parent was resized get it only
-/// in the next pass, while ranges are taken before it.
-float TZyAxis::LayoutLength() const {
-  if (Parent() == nullptr) return static_cast<float>(GetHorizontal() ? Width() : Height());
-  return static_cast<float>(GetHorizontal() ? Parent()->ClientWidth() : Parent()->ClientHeight());
-}
-
-/// Refines the step until its labels no longer fit into the room, and takes that step: a label wants more room by this
-/// estimate than it really needs.
-void TZyAxis::GetNormalAxisParts(double Start, double Stop) {
-  const float Room = LayoutLength();
-  FScale.RangeExponent = Real10thExponent(Stop - Start);
-  const double Span = ExpMinus(Stop - Start, FScale.RangeExponent);
-  std::size_t Row = 0;
-  double Power = 10;
-  for (;;) {
-    const double Part = LabelParts[Row] * Power;  // the digits may be asked with ticks of an earlier, coarser scale
-    FScale.LabelPart = Part;
-    GetExponentAndDigits(Start, Stop);
-    const float Widest = std::max(ApproxLen(NormalCaption(Start), Start), ApproxLen(NormalCaption(Stop), Stop));
-    const auto Count = static_cast<float>(std::trunc(Span / Part + 0.5) + 1);
-    const float Needed = Count * Widest + (Count - 1) * GapBetweenLabels * FLabelDistanceFactor;
-    if (!(Needed < Room)) break;
-    Row = (Row + 1) % std::size(LabelParts);
-    if (Row == 0) Power /= 10;
-  }
-  FScale.LabelPart = LabelParts[Row] * Power;
-  FScale.MajorTickPart = MajorParts[Row] * Power;
-  FScale.TickPart = MinorParts[Row] * Power;
-}
-
-void TZyAxis::GetExponentAndDigits(double Start, double Stop) {
-  const int StartExponent = Real10thExponent(Start);
-  const int StopExponent = Real10thExponent(Stop);
-  if (StopExponent > StartExponent) {
-    FScale.LabelExponent = Stop == 0 ? StartExponent : StopExponent;
-  } else {
-    FScale.LabelExponent = Start == 0 ? StopExponent : StartExponent;
-  }
-  FScale.Digits = FScale.LabelExponent - FScale.RangeExponent - Real10thExponent(FScale.LabelPart) +
-                  LastSignificant(FScale.LabelPart) - 1;
-  FScale.Digits = std::max(FScale.Digits + FExtraDigits, 0);
-  if (FExtraDigits > 0 && FScale.LabelExponent + FExtraDigits >= FScale.Digits)
-    FScale.Digits = FScale.LabelExponent + FExtraDigits;
-  if (FScale.TickPart < 0.00001) FScale.TickPart = 0.1;
-  FScale.MajorTickPart = std::max(FScale.MajorTickPart, FScale.TickPart);
-  FScale.LabelPart = std::max(FScale.LabelPart, FScale.TickPart);
-}
-
-std::string TZyAxis::NormalCaption(double Value) const {
-  return FloatToStrFixed(Value, FScale.LabelExponent < FScale.Digits ? FScale.Digits - FScale.LabelExponent : 0);
-}
-
-/// Extents along and across the axis of a box that is turned by the angle of the labels.
-float TZyAxis::AlongAxis(float TextWidth, float TextHeight) const {
-  return GetHorizontal() ? TextWidth * FCosine + TextHeight * FSine : TextWidth * FSine + TextHeight * FCosine;
-}
-
-float TZyAxis::AcrossAxis(float TextWidth, float TextHeight) const {
-  return GetHorizontal() ? TextWidth * FSine + TextHeight * FCosine : TextWidth * FCosine + TextHeight * FSine;
-}
-
-std::string TZyAxis::LabelText(std::string Text, double Value) {
-  if (!mGetScaleLabel) return Text;
-  TZyScaleLabelEventArgs Args{Value, std::move(Text)};
-  mGetScaleLabel(this, Args);
-  return std::move(Args.Caption);
-}
-
-/// Room of a label along the axis, estimated without measuring.
-float TZyAxis::ApproxLen(std::string Text, double Value) {
-  const std::string Shown = LabelText(std::move(Text), Value);
-  return AlongAxis(static_cast<float>(Shown.size()) * FFont.Size() * 1.6f, FFont.Size() * 2.5f);
-}
-
-/// Line across the axis on which the labels stand, in the control.
-float TZyAxis::LabelBase() const {
-  const float Distance = FDistanceAxisLabels + (FTicksPointToData ? 0 : FMajorTickLength);
-  const float Origin = GetHorizontal() ? FAxTop : FAxLeft;
-  return PointsOutwards() ? Origin + Distance : Origin - Distance;
-}
 
 void TZyAxis::CalculateTicks() {
   if (mGetTicks) mGetTicks(this);
@@ -114,6 +30,8 @@ void TZyAxis::CalculateTicks() {
   FMajorGridTick.clear();
   FAxLabels.clear();
   FMaxNumberLabelHeight = FMaxNumberLabelWidth = 0;
+  FExtraExponentRec.SetCaption({});
+  FExtraExponentRec.ParseForSize();
   SetUpScale();
   TakeTicks();
   PlaceCaption();
@@ -128,95 +46,170 @@ void TZyAxis::SetUpScale() {
   } else {
     FNormalizeConst = (FStop - FStart) / Length;
   }
-  if (!FAutoTickParts && !HasLogKind() && FScaling != TZyAxisScaling::DateTime)
+  if (!FAutoTickParts && !FScale.HasLogScaling && !ChoosesOwnParts())
     FScale.RangeExponent = Real10thExponent(FStop - FStart);
 }
 
-/// Evenly spaced values from end to end; all kinds of scale have these for now.
 void TZyAxis::TakeTicks() {
-  const double Part = FScale.TickPart == 0 ? 1 : FScale.TickPart;
-  const double Wanted = ExpMinus(FStop - FStart, FScale.RangeExponent) / Part + 1;
-  const long Count = Wanted < MostTicks ? std::max(2L, std::lround(Wanted)) : 2;
-  const double Step = (FStop - FStart) / static_cast<double>(Count - 1);
-  const double Tolerance = 0.6 * Step;
-  double Value = FStart;
-  double NextMajor = RoundUp(FStart, FScale.MajorTickPart, FScale.RangeExponent);
-  double NextLabel = RoundUp(FStart, FScale.LabelPart, FScale.RangeExponent);
-  for (long Index = 0; Index < Count; ++Index) {
-    const float Pos = NumberToWorld(Value);
+  if (FScale.HasLogScaling) return TakeLogTicks();
+  if (FScaling == TZyAxisScaling::DateTime) return TakeDateTimeTicks();
+  if (FScaling == TZyAxisScaling::Rubrics) return TakeRubrics();
+  TakeEvenTicks();
+  if (FScaling != TZyAxisScaling::Seconds) PlaceExtraExponent();
+}
+
+/// Ticks that would cover each other count as one, the one that says most. Tells whether this one stands.
+bool TZyAxis::AddTick(float Pos, bool Major, bool Labelled, bool Grid) {
+  const auto Rank = [](bool IsMajor, bool IsLabelled) { return IsLabelled ? 2 : IsMajor ? 1 : 0; };
+  if (!FTicks.empty() && std::fabs(Pos - FTicks.back()) < NearestTicks) {
+    if (Rank(Major, Labelled) <= Rank(FMajorTick.back(), FLastTickLabelled)) return false;
+    FTicks.pop_back();
+    FMajorTick.pop_back();
+    FMajorGridTick.pop_back();
+  }
+  FTicks.push_back(Pos);
+  FMajorTick.push_back(Major);
+  FMajorGridTick.push_back(Grid);
+  FLastTickLabelled = Labelled;
+  return true;
+}
+
+/// Evenly spaced ticks of plain numbers and of seconds, on the grid of their step whether the ends lie on it or not.
+void TZyAxis::TakeEvenTicks() {
+  const bool IsSeconds = FScaling == TZyAxisScaling::Seconds;
+  const double Low = LowEnd(), High = HighEnd();
+  double Part = FScale.TickPart > 0 ? FScale.TickPart : 1;
+  while ((High - Low) / PartSize(Part) > MostSteps) Part *= 10;
+  const double LabelPart = std::max(FScale.LabelPart, Part), MajorPart = std::max(FScale.MajorTickPart, Part);
+  const double First = std::clamp(RoundToPart(Low, Part, true), Low, High);
+  const double Last = std::clamp(RoundToPart(High, Part, false), First, High);
+  const long Steps = std::lround((Last - First) / PartSize(Part));
+  const double Step = Steps > 0 ? (Last - First) / static_cast<double>(Steps) : PartSize(Part);
+  // Steps of the user's own need not divide each other: the tick nearest to a multiple stands for it then.
+  const double Tolerance = (IsSeconds ? 0.004 : 0.6) * Step;
+  double NextMajor = RoundToPart(Low, MajorPart, true);
+  double NextLabel = RoundToPart(Low, LabelPart, true);
+  double Previous = 0;
+  for (long Index = 0; Index <= Steps; ++Index) {
+    double Value = First + static_cast<double>(Index) * Step;
+    if (std::fabs(Value) < Nearly * Step) Value = 0;
+    if (Index > 0 && Value <= Previous) continue;  // finer than the reals are
+    Previous = Value;
     const bool IsLabel = FNumbersVisible && std::fabs(Value - NextLabel) < Tolerance;
     const bool IsMajor = std::fabs(Value - NextMajor) < Tolerance;
-    if (IsLabel) {
-      AddLabel(NormalCaption(Value), Value, Pos);
-      NextLabel = RoundUp(Value + Tolerance, FScale.LabelPart, FScale.RangeExponent);
-    }
-    FTicks.push_back(Pos);
-    FMajorTick.push_back(IsMajor);
-    FMajorGridTick.push_back(FMajorGridMode == TZyMajorGridMode::AtLabel ? IsLabel : IsMajor);
-    Value += Step;
-    if (IsMajor) NextMajor = RoundUp(Value, FScale.MajorTickPart, FScale.RangeExponent);
+    const float Pos = NumberToWorld(Value);
+    if (AddTick(Pos, IsMajor, IsLabel, FMajorGridMode == TZyMajorGridMode::AtLabel ? IsLabel : IsMajor) && IsLabel)
+      AddLabel(IsSeconds ? SecondsToString(NextLabel, FScale.Seconds.Format) : NormalCaption(Value), Value, Pos);
+    if (IsLabel) NextLabel = RoundToPart(Value + Tolerance, LabelPart, true);
+    if (IsMajor) NextMajor = RoundToPart(Value + Step, MajorPart, true);
   }
 }
 
-/// How far a slanted label moves along the axis so that its end, and not its middle, points at the tick.
-float TZyAxis::SlantShift(float Along) const {
-  const auto Angle = static_cast<int>(std::lround(FRubricsAngle));
-  if (Angle % 90 == 0) return 0;
-  const float Height = FFont.Size() * (GetHorizontal() ? FSine : FCosine) * 0.8f;
-  const float Shift = Height - Along / 2;
-  const int Place = Quadrant(Angle);
-  const bool Negative = (FPosition == TZyAxisPosition::Left || FPosition == TZyAxisPosition::Top) == (Place % 2 == 1);
-  return Negative ? -Shift : Shift;
-}
+// --- Logarithmic scales ---------------------------------------------------------------------------------------------
 
-void TZyAxis::AddLabel(const std::string& Text, double Value, float Pos) {
-  auto Label = std::make_unique<TZyRichCaptionObject>();
-  Label->SetCaption(LabelText(Text, Value));
-  Label->CaptionFont().Assign(&FFont);
-  Label->Alignment = TZyContentAlignment::MiddleCenter;
-  Label->Angle = FRubricsAngle;
-  Label->ParseIfNeeded();
-  const float Along = AlongAxis(Label->Width(), Label->Height());
-  const float Across = AcrossAxis(Label->Width(), Label->Height());
-  FMaxNumberLabelWidth = std::max(FMaxNumberLabelWidth, GetHorizontal() ? Along : Across);
-  FMaxNumberLabelHeight = std::max(FMaxNumberLabelHeight, GetHorizontal() ? Across : Along);
-  const float Off = PointsOutwards() ? LabelBase() + Across / 2 : LabelBase() - Across / 2;
-  const float Place = Pos + SlantShift(Along);
-  Label->X = GetHorizontal() ? Place : Off;
-  Label->Y = GetHorizontal() ? Off : Place;
-  FAxLabels.push_back(std::move(Label));
-}
-
-/// The caption stands behind the numbers, at one end of the axis line or at its middle.
-void TZyAxis::PlaceCaption() {
-  FCaptionRec.ParseIfNeeded();
-  const float Labels = GetHorizontal() ? FMaxNumberLabelHeight : FMaxNumberLabelWidth;
-  const float Numbers = FNumbersVisible ? DistanceNumbersCaption() + Labels : 0;
-  const float Across = PointsOutwards() ? LabelBase() + Numbers : LabelBase() - Numbers;
-  const int Where = FCaptionAlignment == TAlignment::taLeftJustify ? 0
-                    : FCaptionAlignment == TAlignment::taCenter    ? 1
-                                                                   : 2;
-  const float Part = FAxLength * static_cast<float>(Where) / 2;
-  FCaptionRec.Angle = CaptionIsTurned() ? 90 : 0;
-  FCaptionRec.X = GetHorizontal() ? FAxLeft + Part : Across;
-  FCaptionRec.Y = GetHorizontal() ? Across : FAxTop + FAxLength - Part;
-  // Nine places in rows from top to bottom. A text along the axis puts one edge at the numbers and runs along; a
-  // horizontal one on a vertical axis puts a side there, and its bottom at the lower end.
-  int Row, Column;
-  if (GetHorizontal() || CaptionIsTurned()) {
-    Row = PointsOutwards() ? 0 : 2;
-    Column = Where;
+/// A scale without a tick of a decade inside, such as 1.2 to 1.8, has those of an even one.
+void TZyAxis::TakeLogTicks() {
+  if (FScale.MajorTickPart > 1.001) {
+    TakeDecadeTicks();
   } else {
-    Row = 2 - Where;
-    Column = PointsOutwards() ? 0 : 2;
+    TakeTicksInDecades();
   }
-  FCaptionRec.Alignment = static_cast<TZyContentAlignment>(3 * Row + Column);
+  if (!FTicks.empty()) return;
+  const TScale Kept = FScale;
+  GetNormalAxisParts(LowEnd(), HighEnd());
+  TakeEvenTicks();
+  PlaceExtraExponent();
+  FScale = Kept;
 }
 
-std::vector<std::string> TZyAxis::LabelTexts() const {
-  std::vector<std::string> Texts;
-  for (const auto& Label : FAxLabels) Texts.push_back(Label->Caption());
-  return Texts;
+/// Ticks at whole decades, major ones at the multiples of their step.
+void TZyAxis::TakeDecadeTicks() {
+  const int MajorStep = WholeDecades(FScale.MajorTickPart);
+  const int Step = std::min(WholeDecades(FScale.TickPart), MajorStep);
+  const int First = static_cast<int>(std::ceil(std::log10(LowEnd()) - Nearly));
+  const int Last = static_cast<int>(std::floor(std::log10(HighEnd()) + Nearly));
+  for (int Decade = First; Decade <= Last; ++Decade) {
+    const int BehindMajor = Decade - FloorDivided(Decade, MajorStep) * MajorStep;
+    if (BehindMajor % Step != 0) continue;
+    const double Value = Exp10(Decade);
+    const float Pos = NumberToWorld(Value);
+    const bool IsMajor = BehindMajor == 0;
+    const bool IsLabel = FNumbersVisible && IsMajor && IsLogLabel(Decade, 0);
+    if (AddTick(Pos, IsMajor, IsLabel, FMajorGridMode == TZyMajorGridMode::AtLabel ? IsLabel : IsMajor) && IsLabel)
+      AddLabel(LogCaption(Value), Value, Pos);
+  }
+}
+
+bool TZyAxis::IsLogLabel(int Decade, double Fraction) const {
+  if (FScale.LabelPart <= 1 && std::lround(Fraction * 10 / FScale.LabelPart) % 10 == 0) return true;
+  return Fraction == 0 && Decade % WholeDecades(FScale.LabelPart) == 0;
+}
+
+/// Ticks at multiples of the powers of ten. Tenths of a decade begin at its double: the fraction 0.1 is 2, 0.8 is 9. A
+/// scale that begins inside a decade has its first tick one step behind its start.
+void TZyAxis::TakeTicksInDecades() {
+  const double Step = std::max(FScale.TickPart, 0.1);
+  const double Offset = Step <= 0.1001 ? 0.1 : 0;
+  const double Last = HighEnd() * (1 + Nearly);
+  const double Logarithm = std::log10(RoundLogUp(LowEnd(), FScale.MajorTickPart, FScale.TickPart));
+  int Decade = static_cast<int>(std::floor(Logarithm + Nearly));
+  double Fraction = Logarithm - Decade < Nearly ? 0 : Exp10(Logarithm - Decade - 1);
+  if (Fraction + Offset >= 0.99) {
+    Fraction = 0;
+    ++Decade;
+  }
+  for (;;) {
+    const double Value = ExpMinus(Fraction > 0 ? (Fraction + Offset) * 10 : 1, -Decade);
+    if (!(Value <= Last)) return;
+    const float Pos = NumberToWorld(Value);
+    const bool IsMajor = Fraction == 0;
+    const bool IsLabel = FNumbersVisible && IsLogLabel(Decade, Fraction);
+    if (AddTick(Pos, IsMajor, IsLabel, FMajorGridMode == TZyMajorGridMode::AtLabel ? IsLabel : IsMajor) && IsLabel)
+      AddLabel(LogCaption(Value), Value, Pos);
+    Fraction += Step;
+    if (Fraction + Offset < 0.99) continue;
+    Fraction = 0;
+    ++Decade;
+  }
+}
+
+// --- Calendar and rubrics -------------------------------------------------------------------------------------------
+
+void TZyAxis::TakeDateTimeTicks() {
+  const double Low = LowEnd(), High = HighEnd(), Pixel = std::fabs(FNormalizeConst);
+  // Steps that were chosen for other ends may be far too fine for these.
+  if (DateTimeSpan(Low, High) / MinorIncrement() > MostSteps) GetDtParameters(Low, High);
+  double Previous = MinDateTime - 1;
+  for (TZyDateTimeTicks Ticks(FScale.DateTime, Low); DateTimeSpan(Ticks.Value(), High) >= -Pixel; Ticks.Next()) {
+    const double Value = Ticks.Value();
+    if (DateTimeSpan(Previous, Value) <= 0 || Value > MaxDateTime) return;
+    Previous = Value;
+    if (DateTimeSpan(Low, Value) < -Pixel) continue;  // dates are whole milliseconds
+    const float Pos = NumberToWorld(Value);
+    const bool IsLabel = FNumbersVisible && Ticks.Labelled();
+    const bool Grid = FMajorGridMode == TZyMajorGridMode::AtLabel ? IsLabel : Ticks.Major();
+    if (AddTick(Pos, Ticks.Major(), IsLabel, Grid) && IsLabel)
+      AddLabel(DateTimeLabel(FScale.DateTime, Value), Value, Pos);
+  }
+}
+
+/// The whole number i stands for the i-th text, which is centred in the cell from i to i + 1. A scale of more cells
+/// than pixels shows every tenth, hundredth ... of them.
+void TZyAxis::TakeRubrics() {
+  const double Low = LowEnd(), High = HighEnd();
+  double Step = 1;
+  while ((High - Low) / Step > static_cast<double>(FAxLength)) Step *= 10;
+  const double HalfCell = std::round(0.5 / FNormalizeConst);
+  const auto Shift = static_cast<float>(GetHorizontal() != FTwisted ? HalfCell : -HalfCell);
+  const double First = RoundUp(Low, Step, 0);
+  const double Cells = std::floor((High - First) / Step + Nearly);
+  for (int Index = 0; Index <= Cells; ++Index) {  // counted: far from 0 a step may be lost in a sum
+    const double Value = First + Index * Step;
+    const float Pos = NumberToWorld(Value);
+    const bool HasText = FNumbersVisible && Value >= 0 && Value < High && Value < FRubrics.Count();
+    if (AddTick(Pos, true, HasText, true) && HasText)
+      AddLabel(FRubrics.Get(static_cast<int>(Value)), Value, Pos + Shift);
+  }
 }
 
 }  // namespace zy

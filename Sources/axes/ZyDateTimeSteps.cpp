@@ -104,14 +104,25 @@ double LabelLength(TLabel Shown, TDateTime Stop, const std::string& Format, cons
 bool HaveRoom(double Labels, double Length, const TZyLabelRoom& Room) {
   if (!(Labels < 1000)) return false;
   const double Count = std::trunc(Labels + 0.5) + 1;
+  if (Count <= 1) return true;  // a single label stays, with room or without
   return Count * Length * 0.48 + (Count - 1) * 120 * Room.DistanceFactor <= Room.Length;
+}
+
+/// The next whole millisecond; what lies nearer than a real can tell is one.
+TDateTime RoundMilliSecond(TDateTime Value, bool Up) {
+  constexpr double Near = 0.1;
+  const TDateTime Nearest = *TryEncodeDateTime(DecodeDateTime(Value));
+  const double Beyond = TotalMilliSeconds(DateTimeSpan(Nearest, Value));
+  if (std::fabs(Beyond) < Near || (Beyond > 0) != Up) return Nearest;
+  return MyIncMilliSeconds(Nearest, Up ? 1 : -1);
 }
 
 /// A date and time on its way to a tick, with its fields.
 class TRounding {
  public:
   TRounding(TDateTime Value, bool IsUp)
-      : FValue(std::clamp(std::isnan(Value) ? MinDateTime : Value, MinDateTime, MaxDateTime)), FUp(IsUp) {
+      : FValue(RoundMilliSecond(std::clamp(std::isnan(Value) ? MinDateTime : Value, MinDateTime, MaxDateTime), IsUp)),
+        FUp(IsUp) {
     Fields = DecodeDateTime(FValue);
   }
 
@@ -160,8 +171,8 @@ int CountOf(TZyDtRegion Unit, const TRounding& Rounding) {
       return Rounding.Fields.Minute;
     case Second:
       return SecondOfTheYear(Rounding.Value());
-    default:
-      return Rounding.Fields.MilliSecond;
+    default:  // of the minute, which all steps divide
+      return Rounding.Fields.Second * 1000 + Rounding.Fields.MilliSecond;
   }
 }
 
@@ -256,7 +267,10 @@ void TZyDateTimeTicks::Take() {
   const std::int64_t Place = Count();
   FMajor = Place % MajorMod == 0;
   if (FSteps.MajorRgn == Month && MajorMod == 1) FMajor = DecodeDateTime(FValue).Day == 1;
-  FLabelled = FMajor && (FSteps.MajorRgn == Year ? YearOf(FValue) : Place) % LabelMod == 0;
+  const bool IsMultiple = (FSteps.MajorRgn == Year ? YearOf(FValue) : Place) % LabelMod == 0;
+  // Labels at fiftieths stand between major ticks at twentieths: they bring a major tick of their own.
+  if (FSteps.MinorRgn == MilliSecond && IsMultiple) FMajor = true;
+  FLabelled = FMajor && IsMultiple;
 }
 
 }  // namespace zy

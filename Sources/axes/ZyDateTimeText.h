@@ -39,6 +39,7 @@ struct TZyDateTimeFormats {
   std::string Minute;
   std::string Second;
   std::string MilliSecond;
+  bool operator==(const TZyDateTimeFormats&) const = default;
 };
 /// Those that follow from the date and time formats of `FormatSettings`.
 TZyDateTimeFormats DefaultDateTimeFormats();

@@ -2,6 +2,8 @@
 
 #include "annotations/ZyRichLabel.h"
 #include "graph/ZyGraph2D.h"
+#include "platform/data/TDataSource.h"
+#include "platform/data/TSqlDataSet.h"
 #include "platform/framework/ClassRegistry.h"
 #include "series/ZyDoubleVector.h"
 #include "series/ZyPointSeries.h"
@@ -10,7 +12,8 @@
 namespace zy {
 
 void RegisterChartClasses() {
-  const TClassInfo* const Classes[] = {&TZyAxis::StaticClassInfo(),        &TZyDoubleVector::StaticClassInfo(),
+  const TClassInfo* const Classes[] = {&TDataSource::StaticClassInfo(),    &TSqlDataSet::StaticClassInfo(),
+                                       &TZyAxis::StaticClassInfo(),        &TZyDoubleVector::StaticClassInfo(),
                                        &TZyGraph2D::StaticClassInfo(),     &TZyLineSeries::StaticClassInfo(),
                                        &TZyPointSeries::StaticClassInfo(), &TZyRichLabel::StaticClassInfo(),
                                        &TZyUndoStack::StaticClassInfo()};

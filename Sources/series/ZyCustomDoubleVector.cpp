@@ -234,8 +234,9 @@ void TZyCustomDoubleVector::ScanPlain() {
       FPlain.Sum += Scan.Sum;
     }
     if (!FIsSorted && !FOnlyAscending) continue;
-    bool Ascends = First == 0 || Part[0] > *(Part.data() - 1);
-    for (std::size_t i = 1; i < Part.size(); ++i) Ascends &= Part[i] > Part[i - 1];
+    std::int64_t Descents = First == 0 || Part[0] > *(Part.data() - 1) ? 0 : 1;
+    for (std::size_t i = 1; i < Part.size(); ++i) Descents += Part[i] > Part[i - 1] ? 0 : 1;  // several at a time
+    const bool Ascends = Descents == 0;
     FIsSorted = FIsSorted && Ascends;
     FOnlyAscending = FOnlyAscending && Ascends;
   }

@@ -3,11 +3,15 @@
 #include <filesystem>
 #include <initializer_list>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/data/TDataSource.h"
+#include "platform/framework/TRef.h"
 #include "platform/framework/TStream.h"
 #include "series/ZyCustomDoubleVector.h"
+#include "series/ZyListLink.h"
 
 namespace zy {
 
@@ -23,8 +27,22 @@ class TZyDoubleVector : public TZyCustomDoubleVector {
   bool PersistentValues() const { return FPersistentValues; }
   void SetPersistentValues(bool Value) { FPersistentValues = Value; }
 
-  /// Whether the vector is filled from a database field.
-  bool DBData() const { return false; }
+  /// The field of a data set that fills the vector: each record gives a value, dates as day numbers. A null gives a 0
+  /// that is an outlier, unless it is the last record, which then gives nothing. Setting one of the two clears the
+  /// vector; it is read when a chart needs it, or by UpdateDB.
+  const std::string& DataField() const { return FDataLink.FieldName(); }
+  void SetDataField(const std::string& Value);
+  TDataSource* DataSource() const { return FDataLink.DataSource(); }
+  void SetDataSource(TDataSource* Value);
+  /// Whether the vector is filled from a database field. Ends when data source, data set or field are gone; the values
+  /// stay then.
+  bool DBData() const { return FDBData; }
+  /// Reads the field anew, when the data set changed since the last time. Put off while the data set is closed or
+  /// being edited, or its controls are disabled. When a value cannot be read, the vector stays as it is and the link
+  /// has the reason.
+  void UpdateDB();
+  /// The link to the field, with the text of what keeps it from its data.
+  TZyListLink& DataLink() { return FDataLink; }
 
   /// Appends all values with one notification.
   void AddRange(std::span<const double> Range);
@@ -53,11 +71,23 @@ class TZyDoubleVector : public TZyCustomDoubleVector {
 
   void DefineProperties(TFiler& Filer) override;
 
+ protected:
+  void Notification(TComponent* AComponent, TOperation Operation) override;
+
  private:
   template <class T>
   void Append(std::span<const T> Range);
 
+  void Bind();
+  void LinkTo(std::string_view SourceRef, const std::string& NewField);
+  void DBChanged();
+
   bool FPersistentValues = false;
+  bool FDBData = false;
+  bool FUpdateDB = false;  // what was read is out of date
+  bool FSetting = false;   // UpdateDB is running
+  TZyListLink FDataLink;
+  TRef<TDataSource> FDataSource{this};  // for the notice of its death
 };
 
 }  // namespace zy

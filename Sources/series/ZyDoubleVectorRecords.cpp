@@ -54,9 +54,14 @@ void TZyDoubleVector::WriteTo(TStream& Stream) const {
   StringToStream(Stream, GetComponentRef(this));
   ToStream(Stream, std::int32_t{Increment()});
   ToStream(Stream, std::int32_t{Capacity()});
-  ToStream(Stream, false);  // not linked to a database
-  ToStream(Stream, std::int32_t{FCount});
-  ArrayToStream(Stream, Values());
+  ToStream(Stream, FDBData);
+  if (FDBData) {
+    StringToStream(Stream, GetComponentRef(DataSource()));
+    StringToStream(Stream, DataField());
+  } else {
+    ToStream(Stream, std::int32_t{FCount});
+    ArrayToStream(Stream, Values());
+  }
   ToStream(Stream, AnyOutliers());
   if (AnyOutliers()) {
     const std::span<const int> Marks = Outliers().Marked();
@@ -73,8 +78,8 @@ void TZyDoubleVector::ReadFrom(TStream& Stream) {
   Clear();
   SetIncrement(NewIncrement);
   if (FromStream<bool>(Stream)) {
-    StringFromStream(Stream);  // the data source and its field are bound by the reader of the whole chart
-    StringFromStream(Stream);
+    const std::string Source = StringFromStream(Stream);
+    LinkTo(Source, StringFromStream(Stream));
   } else {
     const int NewCount = CountFromStream(Stream, sizeof(double));
     SetCapacity(NewCapacity);
@@ -86,6 +91,13 @@ void TZyDoubleVector::ReadFrom(TStream& Stream) {
     for (int Left = CountFromStream(Stream, sizeof(std::int32_t)); Left > 0; --Left)
       AddOutlier(FromStream<std::int32_t>(Stream));
   ContinuationFromStream(Stream);
+}
+
+/// A source that cannot be found leaves the vector without one, and unbound.
+void TZyDoubleVector::LinkTo(std::string_view SourceRef, const std::string& NewField) {
+  SetDataSource(dynamic_cast<TDataSource*>(GetComponentFromRef(SourceRef)));
+  SetDataField(NewField);
+  FDBData = FUpdateDB = DataSource() != nullptr;
 }
 
 void TZyDoubleVector::WriteTo(const std::filesystem::path& FileName) const {
@@ -103,7 +115,13 @@ void TZyDoubleVector::WriteTo(const IXMLNode& Node) const {
   Mine.SetAttribute("Name", Name());
   Mine.SetAttribute("Increment", Increment());
   Mine.SetAttribute("Capacity", Capacity());
-  ToItems(Mine.AddChild("Values"), Values(), DoubleToStr);
+  if (FDBData) {
+    const IXMLNode Link = Mine.AddChild("Database");
+    Link.SetAttribute("DataSource", GetComponentRef(DataSource()));
+    Link.SetAttribute("DataField", DataField());
+  } else {
+    ToItems(Mine.AddChild("Values"), Values(), DoubleToStr);
+  }
   if (AnyOutliers())
     ToItems(Mine.AddChild("Outliers"), Outliers().Marked(), [](int Mark) { return std::to_string(Mark); });
 }
@@ -113,7 +131,9 @@ void TZyDoubleVector::ReadFrom(const IXMLNode& Node) {
   Clear();
   SetIncrement(static_cast<int>(Mine.Attribute("Increment").AsInteger()));
   SetCapacity(static_cast<int>(Mine.Attribute("Capacity").AsInteger()));
-  if (const IXMLNode Items = Mine.FindNode("Values"))
+  if (const IXMLNode Link = Mine.FindNode("Database"))
+    LinkTo(Link.Attribute("DataSource").AsText(), Link.Attribute("DataField").AsText());
+  else if (const IXMLNode Items = Mine.FindNode("Values"))
     for (const IXMLNode& Item : Items.ChildNodes()) Add(DoubleFromStr(Item.Text()));
   if (const IXMLNode Items = Mine.FindNode("Outliers"))
     for (const IXMLNode& Item : Items.ChildNodes()) AddOutlier(IntFromWord(Item.Text()));
@@ -123,8 +143,13 @@ void TZyDoubleVector::WriteTo(TCustomIniFile& Ini, std::string_view Section) con
   Ini.WriteString(Section, "Name", Name());
   Ini.WriteInteger(Section, "Increment", Increment());
   Ini.WriteInteger(Section, "Capacity", Capacity());
-  Ini.WriteBool(Section, "FromDatabase", false);
-  Ini.WriteString(Section, "Values", Joined(Values(), DoubleToStr));
+  Ini.WriteBool(Section, "FromDatabase", FDBData);
+  if (FDBData) {
+    Ini.WriteString(Section, "DataSource", GetComponentRef(DataSource()));
+    Ini.WriteString(Section, "DataField", DataField());
+  } else {
+    Ini.WriteString(Section, "Values", Joined(Values(), DoubleToStr));
+  }
   Ini.WriteString(Section, "Outliers", Joined(Outliers().Marked(), [](int Mark) { return std::to_string(Mark); }));
 }
 
@@ -132,8 +157,11 @@ void TZyDoubleVector::ReadFrom(const TCustomIniFile& Ini, std::string_view Secti
   Clear();
   SetIncrement(Ini.ReadInteger(Section, "Increment", Increment()));
   SetCapacity(Ini.ReadInteger(Section, "Capacity", Capacity()));
+  if (Ini.ReadBool(Section, "FromDatabase", false))
+    LinkTo(Ini.ReadString(Section, "DataSource", ""), Ini.ReadString(Section, "DataField", ""));
   const std::string NewValues = Ini.ReadString(Section, "Values", NoValues);
-  if (NewValues != NoValues) ForEachWord(NewValues, [this](std::string_view Word) { Add(DoubleFromStr(Word)); });
+  if (!FDBData && NewValues != NoValues)
+    ForEachWord(NewValues, [this](std::string_view Word) { Add(DoubleFromStr(Word)); });
   const std::string Marks = Ini.ReadString(Section, "Outliers", NoValues);
   if (Marks != NoValues) ForEachWord(Marks, [this](std::string_view Word) { AddOutlier(IntFromWord(Word)); });
 }

@@ -7,7 +7,7 @@
 namespace zy {
 namespace {
 
-constexpr std::size_t Block = 128;  // values under a node of the lowest level
+constexpr std::size_t Block = 64;  // values under a node of the lowest level
 constexpr std::size_t Fan = 16;     // nodes under a node of the others
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 

@@ -254,6 +254,10 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
  private:
   class TPixelBlocks;
   class TReducedPixels;
+  struct TReducedPixel {
+    PointF Pixel;
+    int Index;
+  };
 
   void JoinGraph();
   void LeaveGraph();
@@ -274,7 +278,7 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   // Pixels.
   bool MayReduce(int Start, int Stop) const;
   void ReduceToColumns(int Start, int Stop);
-  void ReduceColumn(int First, int Last);
+  void ReduceColumn(int First, int Last, float Centre, int& Outlier);
   template <class TPixels>
   void ThinToLine(TPixels& Pixels, int Start, int Stop);
   void ThinToSymbols(TPixelBlocks& Pixels, int Start, int Stop);
@@ -287,6 +291,7 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   void DrawUnsmoothed(Graphics& Gr);
   float BaseLine() const;
   bool HasTranslucentSymbols() const;
+  bool SymbolsCoverThemselves() const;
   void ShootHolesToClip(Graphics& Gr);
   bool IsInRange(std::size_t Pixel) const;
   void DrawAskedSymbols(Graphics& Gr);
@@ -335,8 +340,8 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   int FAreaPointCount = 0;  // with those that close the area
   TZyPointVector FPoints;
   TZyIntegerVector FPointIndex;
-  std::vector<PointF> FWholePixels;  // rounded, for the unsmoothed line; kept for its memory
-  std::vector<int> FReduced;         // data indexes that the columns of pixels were reduced to; kept for its memory
+  std::vector<PointF> FWholePixels;     // rounded, for the unsmoothed line; kept for its memory
+  std::vector<TReducedPixel> FReduced;  // what the columns of pixels were reduced to; kept for its memory
   mutable TZyPixelIndex FPixelIndex;
 };
 

@@ -51,7 +51,15 @@ void TZySeries::PaintGr(Graphics& Gr) {
     DrawLine(Gr);
     if (OriginalClip) Gr.SetClip(*OriginalClip);
   }
-  DrawSymbols(Gr);
+  if (!SymbolsCoverThemselves()) DrawSymbols(Gr);
+}
+
+/// The graph draws the symbols once more above the axes. Those of opaque colours then hide what was drawn here but for
+/// a seam at their edges, so that once is enough.
+bool TZySeries::SymbolsCoverThemselves() const {
+  const TZyPointSymbolSettings& Symbol = *FPointSymbolSettings;
+  return Symbol.Visible() && !mPointSymbol && FRangeFromFunction == nullptr && FSymbolPen.IsOwn() &&
+         FSymbolBrush.IsOwn() && !IsTranslucent(Symbol) && GetAlpha(Symbol.BorderColor()) == Opaque;
 }
 
 bool TZySeries::IsInRange(std::size_t Pixel) const {

@@ -104,16 +104,16 @@ class TZySeries::TPixelBlocks {
   std::array<double, Block> FScratch;
 };
 
-/// The pixels of the points to which columns were reduced; all of them have values.
+/// The pixels to which columns were reduced; all of them have values.
 class TZySeries::TReducedPixels {
  public:
-  explicit TReducedPixels(const TZySeries& Series) : FSeries(Series) {}
-  PointF At(int Place) { return FSeries.GetCalcPoint(IndexOf(Place)); }
-  int IndexOf(int Place) const { return FSeries.FReduced[static_cast<std::size_t>(Place)]; }
-  int Next(int Place) { return Place + 1; }
+  explicit TReducedPixels(const std::vector<TReducedPixel>& Pixels) : FPixels(Pixels) {}
+  PointF At(int Place) const { return FPixels[static_cast<std::size_t>(Place)].Pixel; }
+  int IndexOf(int Place) const { return FPixels[static_cast<std::size_t>(Place)].Index; }
+  int Next(int Place) const { return Place + 1; }
 
  private:
-  const TZySeries& FSeries;
+  const std::vector<TReducedPixel>& FPixels;
 };
 
 PointF TZySeries::GetCalcPoint(int Idx) const {
@@ -164,7 +164,7 @@ void TZySeries::CalculatePoints() {
       ThinToSymbols(Pixels, Start, Stop);
     } else if (MayReduce(Start, Stop)) {
       ReduceToColumns(Start, Stop);
-      TReducedPixels Reduced(*this);
+      TReducedPixels Reduced(FReduced);
       ThinToLine(Reduced, 0, static_cast<int>(FReduced.size()) - 1);
     } else {
       ThinToLine(Pixels, Start, Stop);
@@ -229,51 +229,59 @@ bool TZySeries::MayReduce(int Start, int Stop) const {
   return static_cast<float>(Stop - Start) > ManyPerColumn * std::max(FXAxis->AxLength(), 1.0f);
 }
 
-/// Goes over ascending data by columns of pixels, so that the cost follows the length of the axis.
+/// Goes over ascending data by columns of pixels, so that the cost follows the length of the axis. A column reaches
+/// half a pixel to both sides of its centre.
 void TZySeries::ReduceToColumns(int Start, int Stop) {
   FReduced.clear();
   const bool Rightwards = FXAxis->NumberToWorld(FXAxis->Start()) <= FXAxis->NumberToWorld(FXAxis->Stop());
-  int First = Start, Width = 1;
+  int First = Start, Width = 1, Outlier = NextOutlier(Start);
   while (First <= Stop) {
-    const float Pixel = FXAxis->NumberToWorld(FXData->GetValue(First));
-    const float Edge = Rightwards ? std::floor(Pixel) + 1 : std::ceil(Pixel) - 1;
-    const int Last = std::max(First + 1, FirstNotBelow(*FXData, First, Stop + 1, FXAxis->WorldToNumber(Edge), Width));
-    ReduceColumn(First, Last);
+    const float Centre = std::round(FXAxis->NumberToWorld(FXData->GetValue(First)));
+    const double Edge = FXAxis->WorldToNumber(Rightwards ? Centre + 0.5f : Centre - 0.5f);
+    const int Last = std::max(First + 1, FirstNotBelow(*FXData, First, Stop + 1, Edge, Width));
+    ReduceColumn(First, Last, Centre, Outlier);
     Width = Last - First;
     First = Last;
   }
 }
 
 /// Keeps the first, smallest, largest and last point of those from First up to, but not including, Last: all that a
-/// line within one column of pixels shows (Jugel, Jerzak, Hackenbroich, Markl: M4, PVLDB 7(10), 2014).
-void TZySeries::ReduceColumn(int First, int Last) {
+/// line within one column of pixels shows (Jugel, Jerzak, Hackenbroich, Markl: M4, PVLDB 7(10), 2014). Extremes between
+/// the ends stand in the middle of the column: there the line fills it, as all the points together would.
+void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
   constexpr int Few = 4;
-  int Kept[Few] = {-1, -1, -1, -1};  // first, last, smallest, largest
-  double Low = 0, High = 0;
-  const auto TakeRun = [&](int From, int To) {
-    while (From < To && !HasValuesAt(From)) ++From;
-    while (From < To && !HasValuesAt(To - 1)) --To;
-    if (From == To) return;
-    if (Kept[0] < 0) Kept[0] = From;
-    Kept[1] = To - 1;
-    const TZyExtremeIndexes Extremes = FYData->FindExtremes(From, To);
-    const double RunLow = FYData->GetValue(Extremes.Minimum), RunHigh = FYData->GetValue(Extremes.Maximum);
-    if (Kept[2] < 0 || RunLow < Low) Low = RunLow, Kept[2] = Extremes.Minimum;
-    if (Kept[3] < 0 || RunHigh > High) High = RunHigh, Kept[3] = Extremes.Maximum;
+  int Ends[2] = {-1, -1}, Extremes[2] = {-1, -1};
+  double Low = std::numeric_limits<double>::infinity(), High = -Low;
+  const auto Y = [this, Values = FYData->Values()](int i) {
+    return Values.empty() ? FYData->GetValue(i) : Values[static_cast<std::size_t>(i)];
   };
-  if (Last - First <= Few) {
-    for (int i = First; i < Last; ++i)
-      if (HasValuesAt(i)) FReduced.push_back(i);
-    return;
-  }
+  const auto Keep = [this](int i) -> TReducedPixel& {
+    return FReduced.emplace_back(TReducedPixel{GetCalcPoint(i), i});
+  };
+  const bool IsFew = Last - First <= Few;
   for (int From = First; From < Last;) {
-    const int To = std::min(NextOutlier(From), Last);
-    TakeRun(From, To);
-    From = To + (To < Last ? 1 : 0);
+    if (Outlier < From) Outlier = NextOutlier(From);
+    const int Next = std::min(Outlier, Last);
+    int To = Next;
+    while (From < To && !std::isfinite(Y(From))) ++From;
+    while (From < To && !std::isfinite(Y(To - 1))) --To;
+    for (int i = From; IsFew && i < To; ++i)
+      if (std::isfinite(Y(i))) Keep(i);
+    if (!IsFew && From < To) {
+      if (Ends[0] < 0) Ends[0] = From;
+      Ends[1] = To - 1;
+      const TZyExtremeIndexes Run = FYData->FindExtremes(From, To);
+      if (Y(Run.Minimum) < Low) Low = Y(Extremes[0] = Run.Minimum);
+      if (Y(Run.Maximum) > High) High = Y(Extremes[1] = Run.Maximum);
+    }
+    From = Next + (Next == Outlier ? 1 : 0);
   }
-  std::sort(Kept, Kept + Few);
-  for (int i = 0; i < Few; ++i)
-    if (Kept[i] >= 0 && (i == 0 || Kept[i] != Kept[i - 1])) FReduced.push_back(Kept[i]);
+  if (Ends[0] < 0) return;
+  Keep(Ends[0]);
+  if (Extremes[0] > Extremes[1]) std::swap(Extremes[0], Extremes[1]);
+  for (const int Extreme : Extremes)
+    if (Extreme > Ends[0] && Extreme < Ends[1] && Extreme != FReduced.back().Index) Keep(Extreme).Pixel.X = Centre;
+  if (Ends[1] > Ends[0]) Keep(Ends[1]);
 }
 
 // --- Area -----------------------------------------------------------------------------------------------------------

@@ -135,7 +135,11 @@ void TZySeries::SearchRange(const TZyCustomDoubleVector& Data, double& Low, doub
   }
 }
 
-void TZySeries::CheckDBVectors() {}
+void TZySeries::CheckDBVectors() {
+  for (TZyCustomDoubleVector* Data : {FXData.Get(), FYData.Get()})
+    if (auto* const Vector = dynamic_cast<TZyDoubleVector*>(Data); Vector != nullptr && Vector->DBData())
+      Vector->UpdateDB();
+}
 
 // --- Values between points ------------------------------------------------------------------------------------------
 

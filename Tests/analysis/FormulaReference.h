@@ -1,9 +1,11 @@
 #pragma once
 
-#include <charconv>
 #include <cmath>
 #include <optional>
 #include <string>
+
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/NumberText.h"
 
 namespace zy::testing {
 
@@ -38,9 +40,10 @@ class TFormulaReference {
     }
     if (Text == "X") return X;
     if (Text == "E") return E;
-    double Number = 0;
-    const auto Result = std::from_chars(Text.data(), Text.data() + Text.size(), Number);
-    if (!Text.empty() && Result.ec == std::errc() && Result.ptr == Text.data() + Text.size()) return Number;
+    try {
+      return StrToFloat(Text);
+    } catch (const EConvertError&) {
+    }
     Failed = Text;
     return std::nullopt;
   }

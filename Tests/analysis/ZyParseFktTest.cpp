@@ -225,6 +225,10 @@ TEST(ZyParseFkt, AgreesWithTheRulesOnRandomTexts) {
       ASSERT_EQ(Error, "") << Text;
       const double Value = Parser.GetResult();
       ASSERT_TRUE(Value == *Expected || (std::isnan(Value) && std::isnan(*Expected))) << Text;
+      const std::vector<double> Arguments(9, Parser.X);
+      std::vector<double> Values(9);
+      Parser.GetResults("X", Arguments, Values);
+      ASSERT_TRUE(Values[8] == Value || std::isnan(Value)) << Text;
       ++Valid;
     }
   }

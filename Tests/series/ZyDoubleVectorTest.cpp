@@ -7,10 +7,15 @@
 #include <cstring>
 #include <functional>
 #include <limits>
+#include <random>
 #include <string>
 
 #include "graph/SampleChart.h"
 #include "platform/framework/Exceptions.h"
+#include "platform/framework/TMemIniFile.h"
+#include "platform/framework/XmlDocument.h"
+#include "series/ZyIndexer.h"
+#include "series/ZyVectors.h"
 
 namespace zy::testing {
 namespace {
@@ -92,37 +97,162 @@ TEST(ZyDoubleVectorTest, OnlyAscendingIsStrictAndNeverComesBack) {
   EXPECT_TRUE(Window.OnlyAscending());
 }
 
-// Against plain loops over the values, after each of many random writes.
-TEST(ZyDoubleVectorTest, ExtremesAndSumDescribeTheDataAfterAnyWrite) {
-  TZyDoubleVector Vector;
-  unsigned Seed = 12345;
-  const auto Random = [&Seed](unsigned Below) {
-    Seed = Seed * 1664525u + 1013904223u;
-    return static_cast<int>((Seed >> 8) % Below);
-  };
-  const double Special[] = {NotANumber, Infinity, -Infinity};
-  for (int Step = 0; Step < 3000; ++Step) {
-    const int Choice = Random(20);
-    const double Value = Choice == 0 ? Special[Random(3)] : Random(41) - 20;
-    if (Choice == 1 && Random(5) == 0) {
-      Vector.Clear();
-    } else {
-      Vector.SetValue(Random(static_cast<unsigned>(std::min(Vector.Count(), 30)) + 1), Value);
-    }
-    if (Random(3) == 0) continue;  // so that several writes meet one scan
+/// Values and marks kept in the plainest way.
+struct TModel {
+  struct TExtremes {
     double Least = LargestDouble, Greatest = -LargestDouble, Sum = 0;
-    for (const double n : Vector.Values()) {
-      Least = std::min(Least, std::isfinite(n) ? n : Least);
-      Greatest = std::max(Greatest, std::isfinite(n) ? n : Greatest);
-      Sum += std::isfinite(n) ? n : 0;
+    void Take(double n) {
+      if (!std::isfinite(n)) return;
+      Least = std::min(Least, n);
+      Greatest = std::max(Greatest, n);
+      Sum += n;
     }
-    ASSERT_EQ(Vector.Minimum(), Least) << Step;
-    ASSERT_EQ(Vector.Maximum(), Greatest) << Step;
-    const int LeastAt = Vector.GetMinimumIdx(), GreatestAt = Vector.GetMaximumIdx();
-    ASSERT_EQ(LeastAt < 0 ? LargestDouble : Vector.GetValue(LeastAt), Least) << Step;
-    ASSERT_EQ(GreatestAt < 0 ? -LargestDouble : Vector.GetValue(GreatestAt), Greatest) << Step;
-    ASSERT_EQ(Vector.Sum(), Sum) << Step;
+  };
+  std::vector<std::pair<double, bool>> Rows;  // value, and whether it is an outlier
+
+  void Expect(TZyDoubleVector& Vector) const {
+    TExtremes Plain, All;
+    ASSERT_EQ(Vector.Count(), static_cast<int>(Rows.size()));
+    for (std::size_t i = 0; i < Rows.size(); ++i) {
+      ASSERT_EQ(Vector.IsOutlier(static_cast<int>(i)), Rows[i].second) << i;
+      All.Take(Rows[i].first);
+      if (!Rows[i].second) Plain.Take(Rows[i].first);
+    }
+    ASSERT_EQ(Vector.Minimum(), Plain.Least);
+    ASSERT_EQ(Vector.Maximum(), Plain.Greatest);
+    ASSERT_EQ(Vector.Sum(), Plain.Sum);
+    ASSERT_EQ(Vector.MinimumIncludingOutliers(), All.Least);
+    ASSERT_EQ(Vector.MaximumIncludingOutliers(), All.Greatest);
+    ASSERT_EQ(Vector.SumIncludingOutliers(), All.Sum);
+    const int LeastAt = Vector.MinimumIdx(), GreatestAt = Vector.MaximumIdx();
+    ASSERT_EQ(LeastAt < 0 ? LargestDouble : Vector.GetValue(LeastAt), Plain.Least);
+    ASSERT_EQ(GreatestAt < 0 ? -LargestDouble : Vector.GetValue(GreatestAt), Plain.Greatest);
   }
+};
+
+TEST(ZyDoubleVectorTest, ExtremesSumsAndMarksDescribeTheDataAfterAnyChange) {
+  TZyDoubleVector Vector;
+  TModel Model;
+  std::mt19937 Random(1);
+  const auto Roll = [&Random](std::size_t Below) { return static_cast<int>(Random() % Below); };
+  const double Special[] = {NotANumber, Infinity, -Infinity};
+  for (int Step = 0; Step < 20000; ++Step) {
+    const double n = Roll(20) == 0 ? Special[Roll(3)] : Roll(41) - 20;
+    const int Count = Vector.Count(), Any = Roll(static_cast<std::size_t>(Count) + 1);
+    const auto At = Model.Rows.begin() + Any;
+    switch (Roll(Count > 40 ? 6 : 4)) {
+      case 0:
+        Vector.Add(n);
+        Model.Rows.emplace_back(n, false);
+        break;
+      case 1:
+        EXPECT_EQ(Vector.Insert(Any, n), Count + 1);
+        Model.Rows.emplace(At, n, false);
+        break;
+      case 2:
+        Vector.SetValue(Any, n);
+        if (Any == Count)
+          Model.Rows.emplace_back(n, false);
+        else
+          At->first = n;
+        break;
+      case 3:
+        if (Any == Count) break;
+        Vector.SetOutlier(Any, !At->second);
+        At->second = !At->second;
+        break;
+      default:
+        Vector.Delete(Any);
+        if (Any < Count) Model.Rows.erase(At);
+    }
+    if (Roll(3) == 0) continue;  // so that several writes meet one scan
+    ASSERT_NO_FATAL_FAILURE(Model.Expect(Vector)) << Step;
+  }
+  Vector.ClearOutlieres();
+  for (auto& Row : Model.Rows) Row.second = false;
+  ASSERT_NO_FATAL_FAILURE(Model.Expect(Vector));
+  Vector.Clear();
+  EXPECT_EQ(Vector.Maximum(), -LargestDouble);
+  EXPECT_THROW(Vector.Insert(1, 0), ERangeError);
+}
+
+TEST(ZyDoubleVectorTest, FindsTheExtremesOfAnyStretch) {
+  std::mt19937 Random(2);
+  TZyDoubleVector Vector;
+  const auto Value = [&Random] { return Random() % 50 == 0 ? NotANumber : static_cast<double>(Random() % 1000); };
+  for (int Round = 0; Round < 300; ++Round) {
+    switch (Random() % 5) {
+      case 0:
+        for (auto i = Random() % 9000; i > 0; --i) Vector.Add(Value());
+        break;
+      case 1:
+        if (Round % 10 == 1) Vector.Clear();
+        break;
+      case 2:
+        for (auto i = Random() % 500; i > 0; --i) Vector.Delete(Vector.Count() - 1);
+        break;
+      default:
+        if (Vector.Count() > 0)
+          Vector.SetValue(static_cast<int>(Random() % static_cast<unsigned>(Vector.Count())), 2000);
+    }
+    const int Count = Vector.Count();
+    if (Count == 0) continue;
+    for (int Try = 0; Try < 10; ++Try) {
+      int First = static_cast<int>(Random() % static_cast<unsigned>(Count));
+      int Last = static_cast<int>(Random() % static_cast<unsigned>(Count)) + 1;
+      if (First > Last) std::swap(First, Last);
+      double Least = Infinity, Greatest = -Infinity;
+      for (int i = First; i < Last; ++i)
+        if (const double n = Vector.GetValue(i); std::isfinite(n))
+          Least = std::min(Least, n), Greatest = std::max(Greatest, n);
+      const TZyExtremeIndexes Found = Vector.FindExtremes(First, Last);
+      ASSERT_EQ(Found.Minimum < 0 ? Infinity : Vector.GetValue(Found.Minimum), Least) << Round;
+      ASSERT_EQ(Found.Maximum < 0 ? -Infinity : Vector.GetValue(Found.Maximum), Greatest) << Round;
+      ASSERT_TRUE(Found.Minimum < 0 || (Found.Minimum >= First && Found.Minimum < Last));
+    }
+  }
+}
+
+TEST(ZyDoubleVectorTest, TheIndexerHasTheIndexAsValue) {
+  TZyIndexer Indexer;
+  EXPECT_EQ(Indexer.Count(), 0);
+  EXPECT_EQ(Indexer.Maximum(), 0);
+  EXPECT_EQ(Indexer.MaximumIdx(), -1);
+  EXPECT_FALSE(Indexer.IsChanged());
+  {
+    TZyDoubleVector Vector;
+    Vector.AddRange({7, 8, 9, 10});
+    Indexer.SetRefVector(&Vector);
+    EXPECT_TRUE(Indexer.IsChanged());
+    EXPECT_EQ(Indexer.Count(), 4);
+    EXPECT_EQ(Indexer.Maximum(), 3);
+    EXPECT_EQ(Indexer.Sum(), 6);
+    EXPECT_EQ(Indexer.GetValue(2), 2);
+    EXPECT_THROW(Indexer.SetValue(0, 1), EExternal);
+  }
+  EXPECT_EQ(Indexer.Count(), 0) << "its vector is gone";
+}
+
+TEST(ZyDoubleVectorTest, SmallVectorsKeepWhatLiesBehindTheirCount) {
+  TZyIntegerVector Small(3);
+  EXPECT_EQ(Small.Capacity(), 3);
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(Small.Add(i + 10), i + 1);
+  EXPECT_EQ(Small.Capacity(), 6);
+  Small.Delete(1);
+  Small.Delete(9);
+  EXPECT_EQ(Small.GetValue(1), 12);
+  EXPECT_THROW(Small.GetValue(3), ERangeError);
+  Small.Clear();
+  Small.CheckCount(2);
+  EXPECT_EQ(Small.GetValue(0), 10) << "the storage stays";
+  Small.SetCount(1);
+  EXPECT_EQ(Small.Capacity(), 1) << "it can shrink";
+  TZyPointVector Points;
+  Points.SetY(1, 5);
+  EXPECT_EQ(Points.Count(), 2);
+  int Walked = 0;
+  for (auto Enum = Points.GetEnumerator(); Enum.MoveNext(); ++Walked) EXPECT_EQ(Enum.GetCurrent().X, 0);
+  EXPECT_EQ(Walked, 2);
 }
 
 TEST(ZyDoubleVectorTest, CapacityGrowsByTheIncrement) {
@@ -257,6 +387,41 @@ TEST(ZyDoubleVectorTest, StreamsItsRecordByteForByte) {
     EXPECT_EQ(Other.MinimumIncludingOutliers(), -2.5);
     EXPECT_EQ(Other.Maximum(), 1);
   }
+}
+
+TEST(ZyDoubleVectorTest, TextFormsKeepValuesAndMarks) {
+  TZyDoubleVector Vector;
+  Vector.SetName("V");
+  Vector.SetIncrement(300);
+  Vector.AddRange({0.1, -1e300, 1.0 / 3, NotANumber});
+  Vector.AddOutlier(2);
+  TXMLDocument Document("Chart");
+  const IXMLNode Root = Document.DocumentElement();
+  Vector.WriteTo(Root);
+  TMemIniFile Ini;
+  Vector.WriteTo(Ini, "S");
+  EXPECT_EQ(Ini.ReadString("S", "Outliers", ""), "2");
+  EXPECT_EQ(Root.Node("TZyDoubleVector").Node("Values").ChildNode(0).Text(), "0.1");
+  for (const bool Xml : {true, false}) {
+    TZyDoubleVector Other;
+    Other.Add(5);
+    if (Xml)
+      Other.ReadFrom(Root);
+    else
+      Other.ReadFrom(Ini, "S");
+    ASSERT_EQ(Other.Count(), 4);
+    EXPECT_EQ(Other.Increment(), 300);
+    EXPECT_EQ(Other.GetValue(2), 1.0 / 3);
+    EXPECT_TRUE(std::isnan(Other.GetValue(3)));
+    EXPECT_TRUE(Other.IsOutlier(2));
+    EXPECT_EQ(Other.Maximum(), 0.1);
+  }
+  Ini.WriteString("S", "Values", "1 2 three");
+  TZyDoubleVector Broken;
+  EXPECT_THROW(Broken.ReadFrom(Ini, "S"), EConvertError);
+  Ini.WriteString("S", "Values", "None");
+  Broken.ReadFrom(Ini, "S");
+  EXPECT_EQ(Broken.Count(), 0);
 }
 
 TEST(ZyDoubleVectorTest, RefusesBrokenRecords) {

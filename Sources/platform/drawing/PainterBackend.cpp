@@ -398,7 +398,9 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
   const float Width = Pen.EffectiveWidth() * Scale;
   if (!FHasMask) {
     if (!IsLine || IsLevel(Shape.Points)) return false;
-    if (!RasterPays(Shape.Points.size() - 1, Width, LengthOf(Shape.Points) * Scale)) return false;
+    if (!RasterPays(Shape.Points.size() - 1, Width, LengthOf(Shape.Points) * Scale) &&
+        !FillsColumns(Shape.Points, Pen.EffectiveWidth()))
+      return false;
   }
   const auto Figures = FiguresOf(Device, Shape);
   std::vector<float> Dashes = Pen.DashPattern();

@@ -7,6 +7,7 @@
 
 #include "platform/drawing/ZyRasterBlend.h"
 #include "platform/drawing/ZyRasterCells.h"
+#include "platform/drawing/ZyRasterComb.h"
 #include "platform/drawing/ZyRasterStroke.h"
 
 namespace zy {
@@ -16,6 +17,7 @@ namespace {
 struct TScratch {
   TRasterCells Cells;
   TRasterDasher Dasher;
+  TRasterComb Comb;
   std::vector<double> Dashes;
   std::vector<std::uint32_t> Colors;
 };
@@ -166,6 +168,8 @@ void TZyRaster::StrokeLines(std::span<const PointF> Points, const TRasterStroke&
   const TRasterGuard Guard(Box, Stroker.Reach() + 1);
   if (Pattern == TPattern::Dashed)
     Kept.Dasher.Run(Stroker, Guard, Points, Stroke, Kept.Dashes);
+  else if (!Stroke.Closed && Stroke.Join != TRasterJoin::Round && FillsColumns(Points, Stroke.Width))
+    Kept.Comb.Run(Kept.Cells, Stroker, Guard, Points, Stroke, Width);
   else
     StrokeSolid(Stroker, Guard, Points, Stroke);
   this->Paint(Kept.Cells, true, Alpha, Paint);

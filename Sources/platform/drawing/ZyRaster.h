@@ -121,5 +121,8 @@ class TZyRaster {
 /// Whether TZyRaster beats the toolkit's painter on a polyline of so many segments, drawn smoothly. Width and Length
 /// (that of the whole line within the clip, a guess will do) in device pixels.
 bool RasterPays(std::size_t Segments, float Width, float Length);
+/// Whether a line of this width, in the units of its points, goes straight up or down so often that it fills columns of
+/// pixels. TZyRaster draws such lines by their outlines; no other way comes near that.
+bool FillsColumns(std::span<const PointF> Points, float Width);
 
 }  // namespace zy
