@@ -77,7 +77,8 @@ void DrawCross(Graphics& Canvas, float X, float Y) {
 void DrawPlaces(Graphics& Canvas, float Left, float Top) {
   DrawHeading(Canvas, "Places at an anchor", Left, Top);
   for (int Place = 0; Place < 9; ++Place) {
-    const float X = Left + 80 + 150 * static_cast<float>(Place % 3), Y = Top + 70 + 84 * static_cast<float>(Place / 3);
+    const int Row = Place / 3, Column = Place % 3;
+    const float X = Left + 80 + 150 * static_cast<float>(Column), Y = Top + 70 + 84 * static_cast<float>(Row);
     TPlacedCaption Caption(
         std::string(EnumInfo(TZyContentAlignment{}).Values[static_cast<std::size_t>(Place)]) + "\nmore\nlines", X, Y,
         9);

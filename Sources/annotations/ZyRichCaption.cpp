@@ -81,7 +81,8 @@ void TZyRichCaptionObject::VariablesChanged() {
 
 const TZyRichCaption& TZyRichCaptionObject::PlainText() const {
   static const TZyRichCaption Nothing;
-  return FLayout != nullptr ? FLayout->PlainText : Nothing;
+  if (FLayout == nullptr) return Nothing;
+  return FLayout->PlainText;
 }
 
 std::span<const TZySubCaption> TZyRichCaptionObject::SubCaptions() const {
