@@ -4,7 +4,7 @@
 
 void zy::examples::MakeCoupled(TFrame& Page) {
   TChartPage Chart(Page);
-  TZyGraph2D& Lower = Chart.AddGraph("", "Date", "Volume in millions");
+  TZyGraph2D& Lower = Chart.AddGraph("", "Date", "Volume in billions");
   TZyGraph2D& Upper = Chart.AddGraph("S&P 500 in the years of the financial crisis", "", "Closing price");
   const int Middle = Page.Height() * 6 / 10;
   Upper.SetAlign(alTop);
@@ -25,7 +25,7 @@ void zy::examples::MakeCoupled(TFrame& Page) {
     if (Date < "2007" || Date >= "2011") continue;
     Days.Add(Prices.Day(Row, Prices.Column("date")));
     Closes.Add(Prices.Real(Row, Prices.Column("close")));
-    Volumes.Add(Prices.Real(Row, Prices.Column("volume")) / 1e6);
+    Volumes.Add(Prices.Real(Row, Prices.Column("volume")) / 1e9);
   }
   Chart.AddSeries(Upper, &Days, Closes, Colors::DarkBlue);
   auto& Volume = Chart.AddSeries(Lower, &Days, Volumes, Colors::Gray);

@@ -17,16 +17,21 @@ void zy::examples::MakeRubrics(TFrame& Page) {
     if (Values == nullptr) Values = &Chart.AddVector();
     Values->Add(File.Real(Row, File.Column("net_generation")));
   }
+  TZyDoubleVector& Middles = Chart.AddVector();  // a text stands in the middle of its cell
+  for (int Cell = 0; Cell < Years.Count(); ++Cell) Middles.Add(Cell + 0.5);
   TZyAxis& Axis = *Graph.PrimaryXAxis();
   Axis.SetScaling(TZyAxisScaling::Rubrics);
   Axis.SetRubrics(&Years);
   Axis.SetRubricsAngle(45);
   Axis.SetCaptionVisible(false);
+  Axis.SetStop(Years.Count());
+  Axis.SetStartEnd(TZyAxisEnd::FirstSet);
+  Axis.SetStopEnd(TZyAxisEnd::FirstSet);
 
   const TZyColor Tints[] = {Colors::DimGray, Colors::DarkOrange, Colors::SeaGreen};
   const TZyColor* Tint = Tints;
   for (const auto& [Source, Values] : Sources) {
-    auto& Series = Chart.AddSeries<TZyPointSeries>(Graph, nullptr, *Values, *Tint);
+    auto& Series = Chart.AddSeries<TZyPointSeries>(Graph, &Middles, *Values, *Tint);
     Series.SetCaption(Source);
     Series.Line().SetWidth(2);
     Series.PointSymbol().SetBorderColor(*Tint);

@@ -4,9 +4,12 @@
 
 void zy::examples::MakeZeroOrigin(TFrame& Page) {
   TChartPage Chart(Page);
-  TZyGraph2D& Graph = Chart.AddGraph("y = (x<SUP>3</SUP> - 4x) / 2", "x", "y");
+  TZyGraph2D& Graph = Chart.AddGraph(R"(y = (\ix\i\+3\+ - 4\ix\i) / 2)", "x", "y");
   Graph.SetZeroOrigin(true);
-  for (TZyAxis* Axis : Graph.Axes()) Axis->ArrowPoint().SetVisible(true);
+  for (TZyAxis* Axis : Graph.Axes()) {
+    Axis->ArrowPoint().SetVisible(true);
+    Axis->SetCaptionAlignment(TAlignment::taRightJustify);
+  }
 
   TZyDoubleVector& X = Chart.AddVector();
   TZyDoubleVector& Y = Chart.AddVector();

@@ -243,7 +243,8 @@ void TZyGraph2D::TestSeriesAndAxis() {
 
 void TZyGraph2D::SortLayers() {
   const auto ByLayer = [](const TZySeries* A, const TZySeries* B) { return A->Layer() < B->Layer(); };
-  for (auto Place = FRelatedSeries.begin(); Place != FRelatedSeries.end(); ++Place) {
+  const bool IsSorted = std::is_sorted(FRelatedSeries.begin(), FRelatedSeries.end(), ByLayer);
+  for (auto Place = FRelatedSeries.begin(); !IsSorted && Place != FRelatedSeries.end(); ++Place) {
     const auto Lowest = std::min_element(Place, FRelatedSeries.end(), ByLayer);
     if (ByLayer(*Lowest, *Place)) std::iter_swap(Place, Lowest);
   }
@@ -257,9 +258,29 @@ void TZyGraph2D::Calculate() {
   CheckCoupled();
   SortLayers();
   FTitleRec.ParseIfNeeded();
-  if (FPrimaryXAxis->Parent() == this) FPrimaryXAxis->Calculate();
+  CalculateCoupled();
   for (TZySeries* Series : FRelatedSeries) Series->TestVisibleChanged();
   FNeedsRecalculate = false;
+}
+
+/// Of graphs that share an X axis, those that only use it are laid out first; then the one that has it aligns the data
+/// areas of all. The scale stands before anything is drawn on it, whichever of them is painted first.
+void TZyGraph2D::CalculateCoupled() {
+  if (FCalculatingCoupled) return;
+  FCalculatingCoupled = true;
+  const auto BringUpToDate = [](TZyGraph2D& Graph) {
+    if (Graph.FCalculatingCoupled) return;
+    Graph.TestSeriesAndAxis();
+    Graph.CalculateWhenDirty();
+  };
+  if (!FIsCoupledGraph) {
+    for (TZyGraph2D* Child : std::vector(FChildGraphs)) BringUpToDate(*Child);
+    FPrimaryXAxis->Calculate();
+  } else {
+    if (FPrimaryYAxis->Parent() == this) FPrimaryYAxis->Calculate();
+    if (auto* const Master = dynamic_cast<TZyGraph2D*>(FPrimaryXAxis->Parent())) BringUpToDate(*Master);
+  }
+  FCalculatingCoupled = false;
 }
 
 TZyFindSeriesPointResult TZyGraph2D::FindSeriesPoint(int X, int Y) const {

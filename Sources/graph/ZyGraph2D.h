@@ -154,6 +154,7 @@ class TZyGraph2D : public TZyCustomGraph {
   void SetMargin(float& Field, float Value, TZyText Label, const char* PropName);
   void SeriesPoll();
   void CalculateWhenDirty();
+  void CalculateCoupled();
   bool HasDataAreaColor() const;
   TRoom FindRoom() const;
   void PaintBackground(Graphics& Gr);
@@ -190,6 +191,7 @@ class TZyGraph2D : public TZyCustomGraph {
   bool FLoadingRecord = false;
   bool FIsCoupledGraph = false;
   bool FTellingLegends = false;
+  bool FCalculatingCoupled = false;
   bool FOnce = true;
   TRect FLastClip;  // of the previous paint
   RectF FDrawingArea;

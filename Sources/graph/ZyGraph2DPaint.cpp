@@ -94,9 +94,10 @@ void TZyGraph2D::PaintGr(Graphics& Gr) {
 
 /// An axis that waits for layout counts as well, so that series never draw on a scale that is out of date.
 void TZyGraph2D::CalculateWhenDirty() {
+  if (FPrimaryXAxis == nullptr || FPrimaryYAxis == nullptr) return;
   const std::vector<TZyAxis*> Children = Axes();
   const auto Waits = [](const TZyAxis* Axis) { return Axis->NeedsRecalculate(); };
-  if (FNeedsRecalculate || std::any_of(Children.begin(), Children.end(), Waits)) Calculate();
+  if (FNeedsRecalculate || Waits(FPrimaryXAxis) || std::any_of(Children.begin(), Children.end(), Waits)) Calculate();
 }
 
 // --- Background and data area ---------------------------------------------------------------------------------------
