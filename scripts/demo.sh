@@ -8,5 +8,6 @@ build/release/Examples/palette
 build/release/Examples/captions
 build/release/Examples/embed
 build/release/Examples/form
+build/release/Examples/gallery
 build/release/Examples/live
 build/release/Examples/first_chart

@@ -203,6 +203,7 @@ class PathGradientBrush : public Brush {
 
  private:
   QBrush RadialBrush() const;
+  float FanScale() const;
   QBrush FanBrush() const;
   ARGB ColorAt(float FromCorner, std::size_t Corner, float AlongEdge) const;
 

@@ -14,8 +14,8 @@
 namespace zy {
 namespace {
 
-constexpr float Rim = 2;            // pixels beyond the outline that take its colours: edges of shapes lie half outside
-constexpr float LargestFan = 1024;  // pixels along a side of a fan's picture; larger shapes get a coarser one
+constexpr float Rim = 2;           // pixels beyond the outline that take its colours: edges of shapes lie half outside
+constexpr float LargestFan = 768;  // pixels along a side of a fan's picture; larger shapes get a coarser one
 
 RectF BoundsOf(std::span<const PointF> Points) {
   const auto [Left, Right] =
@@ -154,31 +154,57 @@ QBrush PathGradientBrush::RadialBrush() const {
   return Result;
 }
 
-/// A picture of the fan, with its colours carried on a little way beyond the outline.
-QBrush PathGradientBrush::FanBrush() const {
+/// Stored pixels for each logical one in the picture of a fan: fewer for large shapes, and for those whose triangles
+/// lie on each other so often that painting them all would take long.
+float PathGradientBrush::FanScale() const {
+  constexpr double MostVisits = 1.6e7;  // of pixels, by all triangles
   const float Larger = std::max(FBounds.Width, FBounds.Height);
   const float Scale = Larger > LargestFan ? LargestFan / Larger : Larger > LargestFan / 2 ? 1.0f : 2.0f;
+  double Visits = 0;
+  for (std::size_t Corner = 0; Corner < FPoints.size(); ++Corner) {
+    const PointF Ends[] = {FPoints[Corner], FPoints[(Corner + 1) % FPoints.size()], FCenter};
+    const RectF Box = BoundsOf(Ends);
+    Visits +=
+        std::min(static_cast<double>(Box.Width), static_cast<double>(FBounds.Width)) * static_cast<double>(Scale) *
+        std::min(static_cast<double>(Box.Height), static_cast<double>(FBounds.Height)) * static_cast<double>(Scale);
+  }
+  return Visits > MostVisits ? Scale * static_cast<float>(std::sqrt(MostVisits / Visits)) : Scale;
+}
+
+/// A picture of the fan, with its colours carried on a little way beyond the outline.
+QBrush PathGradientBrush::FanBrush() const {
+  const float Scale = FanScale();
   const float Left = FBounds.X - Rim, Top = FBounds.Y - Rim;
   if (FFan == nullptr) {
     auto Fan = std::make_shared<QImage>(static_cast<int>(std::ceil((FBounds.Width + 2 * Rim) * Scale)),
                                         static_cast<int>(std::ceil((FBounds.Height + 2 * Rim) * Scale)),
                                         QImage::Format_ARGB32_Premultiplied);
     Fan->fill(0);
-    for (std::size_t Corner = 0; Corner < FPoints.size(); ++Corner) {
+    // Where triangles lie on each other the last one shows. From the last to the first, each pixel is coloured once.
+    std::vector<bool> IsDone(static_cast<std::size_t>(Fan->width()) * static_cast<std::size_t>(Fan->height()));
+    std::vector<int> LeftInRow(static_cast<std::size_t>(Fan->height()), Fan->width());
+    for (std::size_t Corner = FPoints.size(); Corner-- > 0;) {
       const PointF Ends[] = {FPoints[Corner], FPoints[(Corner + 1) % FPoints.size()], FCenter};
       const TFanTriangle Triangle(Ends[0], Ends[1], Ends[2]);
       if (Triangle.IsEmpty()) continue;
       const RectF Box = BoundsOf(Ends);
-      const auto Pixel = [Scale](float Place) { return static_cast<int>(std::clamp(Place * Scale, -1e6f, 1e6f)); };
-      const int Bottom = std::min(Pixel(Box.Y + Box.Height - Top) + 1, Fan->height() - 1);
-      const int Right = std::min(Pixel(Box.X + Box.Width - Left) + 1, Fan->width() - 1);
-      for (int Y = std::max(Pixel(Box.Y - Top) - 1, 0); Y <= Bottom; ++Y) {
+      const auto PixelAt = [Scale](float Place) { return static_cast<int>(std::clamp(Place * Scale, -1e6f, 1e6f)); };
+      const int Bottom = std::min(PixelAt(Box.Y + Box.Height - Top) + 1, Fan->height() - 1);
+      const int Right = std::min(PixelAt(Box.X + Box.Width - Left) + 1, Fan->width() - 1);
+      for (int Y = std::max(PixelAt(Box.Y - Top) - 1, 0); Y <= Bottom; ++Y) {
+        if (LeftInRow[static_cast<std::size_t>(Y)] == 0) continue;
         auto* const Row = reinterpret_cast<QRgb*>(Fan->scanLine(Y));
-        for (int X = std::max(Pixel(Box.X - Left) - 1, 0); X <= Right; ++X) {
+        const auto FirstOfRow = static_cast<std::size_t>(Y) * static_cast<std::size_t>(Fan->width());
+        for (int X = std::max(PixelAt(Box.X - Left) - 1, 0); X <= Right; ++X) {
+          const std::size_t Pixel = FirstOfRow + static_cast<std::size_t>(X);
+          if (IsDone[Pixel]) continue;
           float Inwards = 0, Along = 0;
           const PointF Place{Left + (static_cast<float>(X) + 0.5f) / Scale,
                              Top + (static_cast<float>(Y) + 0.5f) / Scale};
-          if (Triangle.Locate(Place, Inwards, Along)) Row[X] = qPremultiply(ColorAt(Inwards, Corner, Along));
+          if (!Triangle.Locate(Place, Inwards, Along)) continue;
+          Row[X] = qPremultiply(ColorAt(Inwards, Corner, Along));
+          IsDone[Pixel] = true;
+          --LeftInRow[static_cast<std::size_t>(Y)];
         }
       }
     }
