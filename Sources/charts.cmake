@@ -16,6 +16,7 @@ zy_add_library(
     axes/ZyAxisParts.cpp
     axes/ZyAxisProperties.cpp
     axes/ZyAxisRanging.cpp
+    axes/ZyAxisRubrics.cpp
     axes/ZyAxisScale.cpp
     axes/ZyAxisSizes.cpp
     axes/ZyAxisTicks.cpp

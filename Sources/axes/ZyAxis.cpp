@@ -37,6 +37,8 @@ ZY_PUBLISHED(
     Published<&TZyAxis::MovingSlitWidth, &TZyAxis::SetMovingSlitWidth>("MovingSlitWidth", 0.0),
     Published<&TZyAxis::MovingSlitIncrement, &TZyAxis::SetMovingSlitIncrement>("MovingSlitIncrement", 0.0),
     Published<&TZyAxis::Rubrics, &TZyAxis::SetRubrics>("Rubrics"),
+    Published<&TZyAxis::RubricsField, &TZyAxis::SetRubricsField>("RubricsField", ""),
+    Published<&TZyAxis::DataSource, &TZyAxis::SetDataSource>("DataSource"),
     Published<&TZyAxis::NumbersVisible, &TZyAxis::SetNumbersVisible>("NumbersVisible", true),
     Published<&TZyAxis::ForeColor, &TZyAxis::SetForeColor>("ForeColor", Colors::Black),
     Published<&TZyAxis::TickColor, &TZyAxis::SetTickColor>("TickColor"),
@@ -101,10 +103,7 @@ TZyAxis::TZyAxis(TComponent* Owner)
   CaptionFont.SetFillColor(Colors::DarkRed);
   CaptionFont.OnNeedsResize = [this] { Modified(); };
   FCaptionRec.OnVariablesChanged = [this] { Modified(); };
-  FRubrics.OnChanging = [this](TObject*) {
-    if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sAxisRubrics), "Rubrics");
-  };
-  FRubrics.OnChange = [this](TObject*) { Modified(); };
+  SetUpRubrics();
 }
 
 TZyAxis::~TZyAxis() {
@@ -234,6 +233,7 @@ void TZyAxis::SetName(const std::string& Value) {
 void TZyAxis::Notification(TComponent* AComponent, TOperation Operation) {
   TGraphicControl::Notification(AComponent, Operation);
   if (Operation == TOperation::Remove && AComponent == FUndoStack) SetUndoStack(nullptr);
+  if (Operation == TOperation::Remove && AComponent == FDataSource) SetDataSource(nullptr);
   if (Operation == TOperation::Remove && AComponent == FMasterAxis) {
     FMasterAxis = nullptr;
     FIsSlaveAxis = false;

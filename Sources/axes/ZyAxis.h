@@ -13,10 +13,12 @@
 #include "axes/ZySecondsSteps.h"
 #include "graph/ZyArrowSettings.h"
 #include "platform/controls/TGraphicControl.h"
+#include "platform/data/TDataSource.h"
 #include "platform/framework/Alignment.h"
 #include "platform/framework/EnumInfo.h"
 #include "platform/framework/TRef.h"
 #include "platform/framework/TStrings.h"
+#include "series/ZyListLink.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {
@@ -166,9 +168,18 @@ class TZyAxis : public TGraphicControl {
   /// Number of decades up to which a logarithmic axis is linear after all; 0 for never.
   double LogToNormalScalingLevel() const { return FLogToNormalScalingLevel; }
   void SetLogToNormalScalingLevel(double Value);
-  /// The texts of a rubric axis. Setting copies them; null clears.
-  TStringList* Rubrics() { return &FRubrics; }
+  /// The texts of a rubric axis; null while they come from a data set. Setting copies them, or throws Exception while
+  /// they come from a data set; null clears.
+  TStringList* Rubrics() { return FDBData ? nullptr : &FRubrics; }
   void SetRubrics(const TStringList* Value);
+  /// The field of a data set whose texts are the rubrics, one for each record; a null is an empty text. They are read
+  /// at the next layout after a change of the data.
+  const std::string& RubricsField() const { return FRubricsLink.FieldName(); }
+  void SetRubricsField(const std::string& Value);
+  TDataSource* DataSource() const { return FRubricsLink.DataSource(); }
+  void SetDataSource(TDataSource* Value);
+  /// The link to the field, with the text of what keeps it from its data.
+  TZyListLink& RubricsLink() { return FRubricsLink; }
   /// Whether the steps are chosen from the room that there is. They can be set only while they are not.
   bool AutoTickParts() const { return FAutoTickParts; }
   void SetAutoTickParts(bool Value);
@@ -385,6 +396,9 @@ class TZyAxis : public TGraphicControl {
 
   // Ranging.
   void TakeCandidates(double& Start, double& Stop);
+  void SetUpRubrics();
+  void DBModified();
+  void UpdateDB();
   void DsgnRescaleSeriesVectors();
   void TakeMovingSlit(double& Start, double& Stop);
   void RoundEnds(double& Start, double& Stop);
@@ -482,6 +496,11 @@ class TZyAxis : public TGraphicControl {
   TRef<TZyAxis> FMasterAxis{this};
   TZyAxisArrowPoint FArrowPoint;
   TStringList FRubrics;
+  TZyListLink FRubricsLink;
+  TRef<TDataSource> FDataSource{this};  // for the notice of its death
+  bool FDBData = false;                 // the rubrics come from a data set
+  bool FRubricsChanged = false;         // what was read is out of date
+  bool FReadingRubrics = false;
   TZyColor FForeColor = Colors::Black;
   TZyColor FTickColor = Colors::Black;
   TZyColor FMajorTickColor = Colors::Black;

@@ -53,7 +53,7 @@ void TZyAxisLayout::Run() {
   } else {
     ShowAxesThatCross();
     MarkMasterGraph();
-    // Rubrics that come from a data set have to be read here, before their labels are measured: UpdateDB.
+    for (TZyAxis* Axis : FAxes) Axis->UpdateDB();
     RoundEndsAndTakeTicks();
     TakeMarginsOfGraph();
     TakeTitle();

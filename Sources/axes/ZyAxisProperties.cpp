@@ -196,14 +196,6 @@ void TZyAxis::SetLogToNormalScalingLevel(double Value) {
          HasLogKind() ? &TZyAxis::Modified : &TZyAxis::DoNothing);
 }
 
-void TZyAxis::SetRubrics(const TStringList* Value) {
-  if (Value == nullptr) {
-    FRubrics.Clear();
-  } else {
-    FRubrics.Assign(Value);
-  }
-}
-
 void TZyAxis::SetAutoTickParts(bool Value) {
   if (Value == FAutoTickParts || (ChoosesOwnParts() && !Restoring())) return;
   const TAxisUndoGroup Group(*this, _sAxisAutoTickParts, {"TickPart", "MajorTickPart", "LabelPart", "AutoTickParts"});

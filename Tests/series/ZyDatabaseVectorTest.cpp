@@ -81,6 +81,29 @@ TEST_F(ZyDatabaseVectorTest, WhatCannotBeReadLeavesTheVectorAndTellsWhy) {
   EXPECT_EQ(ValuesOf(Y), std::vector<double>{7});
 }
 
+TEST_F(ZyDatabaseVectorTest, AnAxisTakesItsTextsFromAField) {
+  Query.SetQuery(
+      "SELECT 0.5 AS t, 1.0 AS v, 'one' AS name UNION ALL SELECT 1.5, 2.0, NULL UNION ALL SELECT 2.5, 3.0, 'three'");
+  Query.Open();
+  Chart.X->SetScaling(TZyAxisScaling::Rubrics);
+  Chart.X->SetStop(3);
+  Chart.X->SetStopEnd(TZyAxisEnd::Fixed);
+  Chart.X->SetRubricsField("name");
+  Chart.X->SetDataSource(&Source);
+  EXPECT_EQ(Chart.X->Rubrics(), nullptr);
+  TStringList Others;
+  EXPECT_THROW(Chart.X->SetRubrics(&Others), Exception);
+  Chart.Paint();
+  EXPECT_EQ(Chart.X->LabelTexts(), (std::vector<std::string>{"one", "", "three"}));
+  Query.SetQuery("SELECT 0.5 AS t, 1.0 AS v, 'single' AS name");
+  Query.Open();
+  Chart.Paint();
+  EXPECT_EQ(Chart.X->LabelTexts(), std::vector<std::string>{"single"});
+  Chart.X->SetDataSource(nullptr);
+  ASSERT_NE(Chart.X->Rubrics(), nullptr);
+  EXPECT_EQ(Chart.X->Rubrics()->Get(0), "single") << "the texts stay";
+}
+
 TEST_F(ZyDatabaseVectorTest, ADyingSourceUnbindsTheVector) {
   auto* const Mortal = new TDataSource;
   Mortal->SetDataSet(&Query);
