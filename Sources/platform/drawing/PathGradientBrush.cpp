@@ -71,6 +71,10 @@ PathGradientBrush::PathGradientBrush(std::span<const PointF> Points) : FPoints(P
   if (!AreFinite(Points)) FPoints.assign(2, PointF{});
   if (FPoints.size() > 2 && FPoints.front() == FPoints.back()) FPoints.pop_back();
   FBounds = BoundsOf(FPoints);
+  if (!std::isfinite(FBounds.Width) || !std::isfinite(FBounds.Height)) {  // farther apart than a single can tell
+    FPoints.assign(2, PointF{});
+    FBounds = {};
+  }
   for (const PointF& Point : FPoints) {
     FCenter.X += Point.X / static_cast<float>(FPoints.size());
     FCenter.Y += Point.Y / static_cast<float>(FPoints.size());
