@@ -1,9 +1,6 @@
 #pragma once
 
-#include <condition_variable>
 #include <functional>
-#include <mutex>
-#include <thread>
 
 #include "platform/controls/TPostBox.h"
 
@@ -12,7 +9,7 @@ namespace zy {
 /// A worker that asks its owner every 100 ms to look for new data.
 ///
 /// The worker itself touches nothing: it posts the poll to the control thread, and posts no second one while one waits.
-/// The destructor stops it first and waits for it; no poll comes afterwards.
+/// The destructor stops it first and waits for it; no poll comes afterwards. All workers share one thread and its beat.
 class TZyPollingThread {
  public:
   using TPollEvent = std::function<void()>;
@@ -27,13 +24,7 @@ class TZyPollingThread {
   TPollEvent OnPoll;
 
  private:
-  void Execute();
-
   TPostBox FPostBox;
-  std::mutex FMutex;
-  std::condition_variable FStop;
-  bool FTerminated = false;
-  std::thread FThread;  // last: it uses all of the above
 };
 
 }  // namespace zy
