@@ -91,6 +91,7 @@ void TClipMask::Multiply(std::span<const std::vector<PointF>> Figures, bool Wind
   }
   Cells().Begin(Box, true);
   const auto AddFigure = [](std::span<const PointF> Figure) {
+    if (!AreFinite(Figure)) return;  // carried beyond all numbers by the transform
     for (std::size_t Index = 0; Index < Figure.size(); ++Index) {
       const PointF& From = Figure[Index];
       const PointF& To = Figure[(Index + 1) % Figure.size()];
