@@ -395,6 +395,61 @@ TEST(ZyRasterStroke, ALineMayRunOverItselfAnyNumberOfTimes) {
   }
 }
 
+// On each column a bar, and two points on the way to the next that mostly lie within both bars. Each bar is covered
+// wholly, and nothing but the ways that leave the bars shows beside them.
+TEST(ZyRasterStroke, DenseLinesFillTheirColumns) {
+  std::mt19937 Random(6);
+  const auto Between = [&Random](float Low, float High) {
+    return std::uniform_real_distribution<float>(Low, High)(Random);
+  };
+  for (const float Step : {1.0f, 2.0f, -1.0f, 0.7f})
+    for (const int Width : {1, 2, 3}) {
+      struct TColumn {
+        float X, Top, Bottom;
+        bool Leaves;  // the way to the next bar leaves one of the two
+      };
+      std::vector<TColumn> Columns;
+      TPoints Line;
+      float X = Step > 0 ? 10.5f : 109.5f;
+      for (; X > 10 && X < 110; X += Step) {
+        const bool Leaves = Random() % 8 == 0;
+        const float Ends[] = {Between(15, 30), Between(60, 75)};
+        const bool Down = Random() % 2 == 0;
+        Line.push_back({X - Step * 0.3f, Between(40, 50)});
+        Line.push_back({X, Ends[Down ? 0 : 1]});
+        Line.push_back({X, Ends[Down ? 1 : 0]});
+        Line.push_back({X + Step * 0.3f, Leaves ? 5.0f : Between(40, 50)});
+        Columns.push_back({X, Ends[0], Ends[1], Leaves});
+      }
+      ASSERT_TRUE(FillsColumns(Line, static_cast<float>(Width)));
+      TCanvas Canvas;
+      Canvas.Raster().StrokeLines(Line, {.Width = static_cast<float>(Width), .Join = TRasterJoin::Bevel}, Ink);
+      EXPECT_TRUE(Canvas.MarginIsUntouched());
+      std::vector<float> Highest(120, 90), Lowest(120, 0);
+      std::vector<bool> MayShowMore(120);
+      const float Half = static_cast<float>(Width) / 2;
+      for (const TColumn& Column : Columns) {
+        for (int Y = static_cast<int>(Column.Top) + 2; Y < static_cast<int>(Column.Bottom) - 1; ++Y)
+          for (auto Pixel = std::ceil(Column.X - Half); Pixel + 1 <= Column.X + Half; ++Pixel)
+            ASSERT_EQ(Canvas.Alpha(static_cast<int>(Pixel), Y), 255) << Step << ' ' << Width << ' ' << Column.X;
+        const float Reach = Half + std::fabs(Step) * 0.3f + (Column.Leaves ? 2.0f : 1.0f);
+        for (auto Pixel = static_cast<int>(Column.X - Reach); Pixel <= static_cast<int>(Column.X + Reach); ++Pixel) {
+          const auto At = static_cast<std::size_t>(Pixel);
+          Highest[At] = std::min(Highest[At], Column.Top);
+          Lowest[At] = std::max(Lowest[At], Column.Bottom);
+          MayShowMore[At] = MayShowMore[At] || Column.Leaves;
+        }
+      }
+      for (int Pixel = 0; Pixel < 120; ++Pixel)
+        for (int Y = 0; Y < 90; ++Y) {
+          const auto At = static_cast<std::size_t>(Pixel);
+          const auto Row = static_cast<float>(Y);
+          if (MayShowMore[At] || (Row >= Highest[At] - 2 && Row <= Lowest[At] + 1)) continue;
+          ASSERT_EQ(Canvas.Alpha(Pixel, Y), 0) << Step << ' ' << Width << ' ' << Pixel << ' ' << Y;
+        }
+    }
+}
+
 TEST(ZyRasterStroke, ThinLinesPaleByTheirWidth) {
   for (const bool Exact : {false, true}) {
     for (const float Width : {0.25f, 0.5f, 0.75f}) {
