@@ -41,8 +41,13 @@ TZyPixelIndex::TCell TZyPixelIndex::CellOf(PointF Place) const {
   return {Number(Place.X - FOrigin.X, FColumns), Number(Place.Y - FOrigin.Y, FRows)};
 }
 
+std::size_t TZyPixelIndex::NumberOf(TCell Cell) const {
+  return static_cast<std::size_t>(Cell.Row) * static_cast<std::size_t>(FColumns) +
+         static_cast<std::size_t>(Cell.Column);
+}
+
 std::span<const int> TZyPixelIndex::PositionsIn(int Column, int Row) const {
-  const auto Cell = static_cast<std::size_t>(Row * FColumns + Column);
+  const std::size_t Cell = NumberOf({Column, Row});
   const auto First = static_cast<std::size_t>(FCellStart[Cell]), Last = static_cast<std::size_t>(FCellStart[Cell + 1]);
   return std::span(FPositions).subspan(First, Last - First);
 }
@@ -61,16 +66,12 @@ void TZyPixelIndex::Build(std::span<const PointF> Pixels) {
   };
   FColumns = CellsFor(High.X - FOrigin.X);
   FRows = CellsFor(High.Y - FOrigin.Y);
-  const auto NumberOf = [this](const PointF& Pixel) {
-    const TCell Cell = CellOf(Pixel);
-    return static_cast<std::size_t>(Cell.Row * FColumns + Cell.Column);
-  };
   FCellStart.assign(static_cast<std::size_t>(FColumns) * static_cast<std::size_t>(FRows) + 1, 0);
-  for (const PointF& Pixel : Pixels) ++FCellStart[NumberOf(Pixel)];
+  for (const PointF& Pixel : Pixels) ++FCellStart[NumberOf(CellOf(Pixel))];
   for (std::size_t Cell = 1; Cell < FCellStart.size(); ++Cell) FCellStart[Cell] += FCellStart[Cell - 1];
   FPositions.resize(Pixels.size());
   for (std::size_t i = Pixels.size(); i-- > 0;)
-    FPositions[static_cast<std::size_t>(--FCellStart[NumberOf(Pixels[i])])] = static_cast<int>(i);
+    FPositions[static_cast<std::size_t>(--FCellStart[NumberOf(CellOf(Pixels[i]))])] = static_cast<int>(i);
 }
 
 int TZyPixelIndex::FirstWithin(std::span<const PointF> Pixels, PointF Place, float Delta) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 #include <vector>
 
@@ -31,6 +32,7 @@ class TZyPixelIndex {
   };
 
   TCell CellOf(PointF Place) const;
+  std::size_t NumberOf(TCell Cell) const;
   void Build(std::span<const PointF> Pixels);
   std::span<const int> PositionsIn(int Column, int Row) const;
 
