@@ -133,7 +133,7 @@ void TZyCustomDoubleVector::Clear(bool WithLinkedMarkers) {
   for (IZyVectorReader* Reader : Readers) Reader->DataCleared(*this, WithLinkedMarkers);
 }
 
-TZyExtremeIndexes TZyCustomDoubleVector::FindExtremes(int First, int Last) const {
+TZyExtremes TZyCustomDoubleVector::FindExtremes(int First, int Last) const {
   return FPyramid.Find(Values(), std::max(First, 0), std::min(Last, FCount));
 }
 
@@ -216,31 +216,32 @@ void TZyCustomDoubleVector::CheckMinMax() {
   FLastCount = FCount;
 }
 
-/// Goes by pieces that stay in the nearest cache, so that the passes over each cost one way through memory.
+/// Extremes and sum come out of the pyramid, which remembers those of all blocks: only blocks that changed are walked,
+/// even when all tracked values were forgotten.
 void TZyCustomDoubleVector::ScanPlain() {
-  constexpr int Piece = 1024;
-  for (int First = FLastCount; First < FCount; First += Piece) {
-    const auto Part =
-        Values().subspan(static_cast<std::size_t>(First), static_cast<std::size_t>(std::min(Piece, FCount - First)));
-    const TZySpanScan Scan(Part);
-    if (!std::isfinite(Scan.Sum)) {
-      for (std::size_t i = 0; i < Part.size(); ++i) FPlain.Take(First + static_cast<int>(i), Part[i]);
-    } else {
-      const auto PlaceOf = [&](double Value) {
-        return First + static_cast<int>(std::find(Part.begin(), Part.end(), Value) - Part.begin());
-      };
-      if (Scan.Low < FPlain.Minimum) FPlain.MinimumIdx = PlaceOf(FPlain.Minimum = Scan.Low);
-      if (Scan.High > FPlain.Maximum) FPlain.MaximumIdx = PlaceOf(FPlain.Maximum = Scan.High);
-      FPlain.Sum += Scan.Sum;
+  const TZyExtremes New = FPyramid.Find(Values(), FLastCount, FCount);
+  if (New.Minimum >= 0) {
+    const double Low = FArray[static_cast<std::size_t>(New.Minimum)],
+                 High = FArray[static_cast<std::size_t>(New.Maximum)];
+    if (Low < FPlain.Minimum) {
+      FPlain.Minimum = Low;
+      FPlain.MinimumIdx = New.Minimum;
     }
-    if (!FIsSorted && !FOnlyAscending) continue;
-    std::int64_t Descents = First == 0 || Part[0] > *(Part.data() - 1) ? 0 : 1;
-    for (std::size_t i = 1; i < Part.size(); ++i) Descents += Part[i] > Part[i - 1] ? 0 : 1;  // several at a time
-    const bool Ascends = Descents == 0;
-    FIsSorted = FIsSorted && Ascends;
-    FOnlyAscending = FOnlyAscending && Ascends;
+    if (High > FPlain.Maximum) {
+      FPlain.Maximum = High;
+      FPlain.MaximumIdx = New.Maximum;
+    }
+    FPlain.Sum += New.Sum;
   }
   FAll = FPlain;
+  constexpr int Piece = 1024;
+  for (int First = std::max(FLastCount, 1); First < FCount && (FIsSorted || FOnlyAscending); First += Piece) {
+    const double* const Value = FArray.data() + First;
+    std::int64_t Descents = 0;  // counted without a branch, several at a time
+    for (int i = 0; i < std::min(Piece, FCount - First); ++i) Descents += Value[i] > Value[i - 1] ? 0 : 1;
+    FIsSorted = FIsSorted && Descents == 0;
+    FOnlyAscending = FOnlyAscending && Descents == 0;
+  }
 }
 
 void TZyCustomDoubleVector::ScanWithOutliers() {

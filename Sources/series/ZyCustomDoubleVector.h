@@ -56,7 +56,7 @@ class TZyCustomDoubleVector : public TComponent {
   virtual bool GetIsSorted() { return Scanned().FIsSorted; }
   /// Indexes of the smallest and the largest finite value from First up to, but not including, Last, outliers
   /// included; in a time that hardly depends on how many they are.
-  virtual TZyExtremeIndexes FindExtremes(int First, int Last) const;
+  virtual TZyExtremes FindExtremes(int First, int Last) const;
   /// Count values from First on: those of the vector itself, valid until it changes, or written into Scratch, which
   /// has room for them.
   virtual std::span<const double> ValuesAt(int First, int Count, std::span<double> Scratch) const;

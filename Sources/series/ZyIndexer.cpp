@@ -25,10 +25,11 @@ double TZyIndexer::GetSum() { return (GetCount() - 1.0) / 2 * GetCount(); }
 
 void TZyIndexer::SetValue(int, double) { throw EExternal(LoadResString(_sSetIndexerValueNotSupported)); }
 
-TZyExtremeIndexes TZyIndexer::FindExtremes(int First, int Last) const {
+TZyExtremes TZyIndexer::FindExtremes(int First, int Last) const {
   First = std::max(First, 0);
   Last = std::min(Last, GetCount());
-  return First < Last ? TZyExtremeIndexes{First, Last - 1} : TZyExtremeIndexes{};
+  if (First >= Last) return {};
+  return {First, Last - 1, (First + Last - 1) / 2.0 * (Last - First)};
 }
 
 std::span<const double> TZyIndexer::ValuesAt(int First, int Count, std::span<double> Scratch) const {

@@ -35,7 +35,7 @@ class TZyIndexer : public TZyCustomDoubleVector {
   /// Throws EExternal: there is nothing to write to.
   void SetValue(int i, double n) override;
   bool IsChanged() const override { return FRefVector != nullptr && FRefVector->IsChanged(); }
-  TZyExtremeIndexes FindExtremes(int First, int Last) const override;
+  TZyExtremes FindExtremes(int First, int Last) const override;
   std::span<const double> ValuesAt(int First, int Count, std::span<double> Scratch) const override;
 
  protected:

@@ -13,53 +13,40 @@ constexpr double Infinity = std::numeric_limits<double>::infinity();
 
 std::size_t NodesFor(std::size_t Count, std::size_t Size) { return (Count + Size - 1) / Size; }
 
-/// Calls Take(i) for each finite value.
-template <class TTake>
-void ForEachFinite(std::span<const double> Values, const TTake& Take) {
-  for (std::size_t i = 0; i < Values.size(); ++i)
-    if (std::isfinite(Values[i])) Take(i);
-}
-
 }  // namespace
 
 /// Independent lanes, so that a compiler can work on several values at a time: neither order nor rounding of a sum may
-/// it change by itself.
-TZySpanScan::TZySpanScan(std::span<const double> Values) : Low(Infinity), High(-Infinity) {
+/// it change by itself. A sum that is not finite tells that some value is not.
+TZyMinMaxPyramid::TNode TZyMinMaxPyramid::ExtremesOf(std::span<const double> Values) {
   constexpr std::size_t Lanes = 8;
   double Lows[Lanes], Highs[Lanes], Sums[Lanes];
   std::fill_n(Lows, Lanes, Infinity);
   std::fill_n(Highs, Lanes, -Infinity);
   std::fill_n(Sums, Lanes, 0.0);
+  const auto Take = [&](std::size_t Lane, double Value) {
+    Lows[Lane] = Value < Lows[Lane] ? Value : Lows[Lane];
+    Highs[Lane] = Value > Highs[Lane] ? Value : Highs[Lane];
+    Sums[Lane] += Value;
+  };
   const double* Value = Values.data();
   std::size_t Left = Values.size();
-  for (; Left >= Lanes; Left -= Lanes, Value += Lanes) {
-    for (std::size_t k = 0; k < Lanes; ++k) {
-      Lows[k] = Value[k] < Lows[k] ? Value[k] : Lows[k];
-      Highs[k] = Value[k] > Highs[k] ? Value[k] : Highs[k];
-      Sums[k] += Value[k];
-    }
+  for (; Left >= Lanes; Left -= Lanes, Value += Lanes)
+    for (std::size_t Lane = 0; Lane < Lanes; ++Lane) Take(Lane, Value[Lane]);
+  for (std::size_t Lane = 0; Lane < Left; ++Lane) Take(Lane, Value[Lane]);
+  TNode Node{Infinity, -Infinity, 0};
+  for (std::size_t Lane = 0; Lane < Lanes; ++Lane) {
+    Node.Low = std::min(Node.Low, Lows[Lane]);
+    Node.High = std::max(Node.High, Highs[Lane]);
+    Node.Sum += Sums[Lane];
   }
-  for (std::size_t k = 0; k < Left; ++k) {
-    Lows[k] = Value[k] < Lows[k] ? Value[k] : Lows[k];
-    Highs[k] = Value[k] > Highs[k] ? Value[k] : Highs[k];
-    Sums[k] += Value[k];
+  if (std::isfinite(Node.Sum)) return Node;
+  Node = {Infinity, -Infinity, 0};
+  for (const double Each : Values) {
+    if (!std::isfinite(Each)) continue;
+    Node.Low = std::min(Node.Low, Each);
+    Node.High = std::max(Node.High, Each);
+    Node.Sum += Each;
   }
-  for (std::size_t k = 0; k < Lanes; ++k) {
-    Low = std::min(Low, Lows[k]);
-    High = std::max(High, Highs[k]);
-    Sum += Sums[k];
-  }
-}
-
-TZyMinMaxPyramid::TNode TZyMinMaxPyramid::ExtremesOf(std::span<const double> Values) {
-  const TZySpanScan Scan(Values);
-  TNode Node{Scan.Low, Scan.High};
-  if (std::isfinite(Scan.Sum)) return Node;
-  Node = {Infinity, -Infinity};
-  ForEachFinite(Values, [&](std::size_t i) {
-    Node.Low = std::min(Node.Low, Values[i]);
-    Node.High = std::max(Node.High, Values[i]);
-  });
   return Node;
 }
 
@@ -103,10 +90,11 @@ void TZyMinMaxPyramid::Refresh(std::span<const double> Values) {
     }
     FLevels[Level + 1].resize(Above);
     for (std::size_t Node = First; Node < Last; ++Node) {
-      TNode Whole{Infinity, -Infinity};
+      TNode Whole{Infinity, -Infinity, 0};
       for (std::size_t Child = Node * Fan; Child < std::min(Nodes, (Node + 1) * Fan); ++Child) {
         Whole.Low = std::min(Whole.Low, FLevels[Level][Child].Low);
         Whole.High = std::max(Whole.High, FLevels[Level][Child].High);
+        Whole.Sum += FLevels[Level][Child].Sum;
       }
       FLevels[Level + 1][Node] = Whole;
     }
@@ -115,20 +103,46 @@ void TZyMinMaxPyramid::Refresh(std::span<const double> Values) {
   FLevels.resize(Level + 1);
 }
 
-struct TZyMinMaxPyramid::TBest {
+/// What was found so far. Nodes are looked at from left to right, and a later one has to be better: so the first of
+/// equal values counts.
+struct TZyMinMaxPyramid::TSearch {
   struct TEnd {
     double Value;
     std::size_t Level, Node;
+    int Index;  // -1 while it lies somewhere in the node
   };
-  TEnd Low{Infinity, 0, 0}, High{-Infinity, 0, 0};
+
+  std::span<const double> Values;
+  TEnd Low{Infinity, 0, 0, -1}, High{-Infinity, 0, 0, -1};
+  double Sum = 0;
+
+  void TakeValues(std::size_t First, std::size_t Last) {
+    if (First >= Last) return;
+    const auto Part = Values.subspan(First, Last - First);
+    const TNode Whole = ExtremesOf(Part);
+    const auto IndexOf = [&](double Value) {
+      return static_cast<int>(First) + static_cast<int>(std::find(Part.begin(), Part.end(), Value) - Part.begin());
+    };
+    if (Whole.Low < Low.Value) Low = {Whole.Low, 0, 0, IndexOf(Whole.Low)};
+    if (Whole.High > High.Value) High = {Whole.High, 0, 0, IndexOf(Whole.High)};
+    Sum += Whole.Sum;
+  }
+  void TakeNode(const TNode& Node, std::size_t Level, std::size_t Place) {
+    if (Node.Low < Low.Value) Low = {Node.Low, Level, Place, -1};
+    if (Node.High > High.Value) High = {Node.High, Level, Place, -1};
+    Sum += Node.Sum;
+  }
 };
 
-void TZyMinMaxPyramid::Take(TBest& Best, std::size_t Level, std::size_t First, std::size_t Last) const {
-  for (std::size_t Node = First; Node < Last; ++Node) {
-    const TNode& Here = FLevels[Level][Node];
-    if (Here.Low < Best.Low.Value) Best.Low = {Here.Low, Level, Node};
-    if (Here.High > Best.High.Value) Best.High = {Here.High, Level, Node};
-  }
+void TZyMinMaxPyramid::Take(TSearch& Search, std::size_t Level, std::size_t First, std::size_t Last) const {
+  const auto TakeNodes = [&](std::size_t Begin, std::size_t End) {
+    for (std::size_t Node = Begin; Node < End; ++Node) Search.TakeNode(FLevels[Level][Node], Level, Node);
+  };
+  const std::size_t FirstAbove = NodesFor(First, Fan), LastAbove = Last / Fan;
+  if (Level + 1 == FLevels.size() || FirstAbove >= LastAbove) return TakeNodes(First, Last);
+  TakeNodes(First, FirstAbove * Fan);
+  Take(Search, Level + 1, FirstAbove, LastAbove);
+  TakeNodes(LastAbove * Fan, Last);
 }
 
 /// Index of the first value that is the extreme of a node.
@@ -143,53 +157,24 @@ int TZyMinMaxPyramid::Place(std::span<const double> Values, std::size_t Level, s
   return static_cast<int>(i);
 }
 
-TZyExtremeIndexes TZyMinMaxPyramid::Find(std::span<const double> Values, int First, int Last) {
+TZyExtremes TZyMinMaxPyramid::Find(std::span<const double> Values, int First, int Last) {
   if (First >= Last) return {};
-  auto From = static_cast<std::size_t>(First), To = static_cast<std::size_t>(Last);
-  TZyExtremeIndexes Result;
-  double Low = Infinity, High = -Infinity;
-  const auto TakeValues = [&](std::size_t Begin, std::size_t End) {
-    if (Begin >= End) return;
-    const auto Part = Values.subspan(Begin, End - Begin);
-    const TZySpanScan Scan(Part);
-    const auto PlaceOf = [&](double Value) {
-      return static_cast<int>(std::find(Part.begin(), Part.end(), Value) - Values.begin());
-    };
-    if (std::isfinite(Scan.Sum)) {
-      if (Scan.Low < Low) Result.Minimum = PlaceOf(Low = Scan.Low);
-      if (Scan.High > High) Result.Maximum = PlaceOf(High = Scan.High);
-      return;
-    }
-    ForEachFinite(Part, [&](std::size_t i) {
-      if (Part[i] < Low) Low = Part[i], Result.Minimum = static_cast<int>(Begin + i);
-      if (Part[i] > High) High = Part[i], Result.Maximum = static_cast<int>(Begin + i);
-    });
-  };
+  const auto From = static_cast<std::size_t>(First), To = static_cast<std::size_t>(Last);
   const std::size_t FirstWhole = NodesFor(From, Block), LastWhole = To / Block;
+  TSearch Search{.Values = Values};
   if (FirstWhole >= LastWhole) {
-    TakeValues(From, To);
-    return Result;
+    Search.TakeValues(From, To);
+  } else {
+    Refresh(Values);
+    Search.TakeValues(From, FirstWhole * Block);
+    Take(Search, 0, FirstWhole, LastWhole);
+    Search.TakeValues(LastWhole * Block, To);
   }
-  Refresh(Values);
-  TakeValues(From, FirstWhole * Block);
-  TakeValues(LastWhole * Block, To);
-  TBest Best;
-  From = FirstWhole;
-  To = LastWhole;
-  for (std::size_t Level = 0;; ++Level) {
-    const std::size_t FirstAbove = NodesFor(From, Fan), LastAbove = To / Fan;
-    if (Level + 1 == FLevels.size() || FirstAbove >= LastAbove) {
-      Take(Best, Level, From, To);
-      break;
-    }
-    Take(Best, Level, From, FirstAbove * Fan);
-    Take(Best, Level, LastAbove * Fan, To);
-    From = FirstAbove;
-    To = LastAbove;
-  }
-  if (Best.Low.Value < Low) Result.Minimum = Place(Values, Best.Low.Level, Best.Low.Node, Best.Low.Value, true);
-  if (Best.High.Value > High) Result.Maximum = Place(Values, Best.High.Level, Best.High.Node, Best.High.Value, false);
-  return Result;
+  const auto IndexOf = [&](const TSearch::TEnd& End, bool IsLow) {
+    if (!std::isfinite(End.Value)) return -1;
+    return End.Index >= 0 ? End.Index : Place(Values, End.Level, End.Node, End.Value, IsLow);
+  };
+  return {IndexOf(Search.Low, true), IndexOf(Search.High, false), Search.Sum};
 }
 
 }  // namespace zy

@@ -5,46 +5,40 @@
 
 namespace zy {
 
-/// Places of the smallest and the largest value among some; -1 when there is none.
-struct TZyExtremeIndexes {
+/// The smallest and the largest value among some by their indexes, -1 when there is none, and the sum of all.
+struct TZyExtremes {
   int Minimum = -1;
   int Maximum = -1;
+  double Sum = 0;
 };
 
-/// Finds the extremes of any stretch of an array in a time that follows the logarithm of its length: a tree of the
-/// extremes of blocks, of blocks of blocks, and so on. What is not finite takes no part.
+/// Finds extremes and sum of any stretch of an array in a time that follows the logarithm of its length: a tree of
+/// those of blocks, of blocks of blocks, and so on. What is not finite takes no part.
 ///
-/// It is built when it is first asked, and later brought up to date where values changed. It takes about one percent of
-/// the memory of the values.
+/// It is built when it is first asked, and later brought up to date where values changed. It takes five percent of the
+/// memory of the values.
 class TZyMinMaxPyramid {
  public:
   /// The values from First up to, but not including, Last are new or changed.
   void Changed(int First, int Last);
   /// The extremes of Values from First up to, but not including, Last; the first of equal ones within each block.
   /// Values is the whole array, always the same one but for what Changed told.
-  TZyExtremeIndexes Find(std::span<const double> Values, int First, int Last);
+  TZyExtremes Find(std::span<const double> Values, int First, int Last);
 
  private:
   struct TNode {
-    double Low, High;
+    double Low, High, Sum;
   };
-  struct TBest;
+  struct TSearch;
 
   static TNode ExtremesOf(std::span<const double> Values);
   void Refresh(std::span<const double> Values);
-  void Take(TBest& Best, std::size_t Level, std::size_t First, std::size_t Last) const;
+  void Take(TSearch& Search, std::size_t Level, std::size_t First, std::size_t Last) const;
   int Place(std::span<const double> Values, std::size_t Level, std::size_t Node, double Value, bool IsLow) const;
 
   std::vector<std::vector<TNode>> FLevels;
   std::size_t FCount = 0;  // values that the tree covers
   std::size_t FDirtyFirst = 0, FDirtyLast = 0;
-};
-
-/// Smallest, largest and sum of some values in one pass, several at a time.
-struct TZySpanScan {
-  double Low, High;  // infinity and its negative without values
-  double Sum = 0;    // not finite when any value is not; Low and High then count for nothing
-  explicit TZySpanScan(std::span<const double> Values);
 };
 
 }  // namespace zy

@@ -270,7 +270,7 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
     if (!IsFew && From < To) {
       if (Ends[0] < 0) Ends[0] = From;
       Ends[1] = To - 1;
-      const TZyExtremeIndexes Run = FYData->FindExtremes(From, To);
+      const TZyExtremes Run = FYData->FindExtremes(From, To);
       if (Y(Run.Minimum) < Low) Low = Y(Extremes[0] = Run.Minimum);
       if (Y(Run.Maximum) > High) High = Y(Extremes[1] = Run.Maximum);
     }

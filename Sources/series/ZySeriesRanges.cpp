@@ -120,7 +120,7 @@ void TZySeries::SearchRange(const TZyCustomDoubleVector& Data, double& Low, doub
   Low = LargestDouble;
   High = -LargestDouble;
   if (!mXValueTransformation && !mYValueTransformation && NextOutlier(0) >= FCount) {
-    const TZyExtremeIndexes Extremes = Data.FindExtremes(0, FCount);
+    const TZyExtremes Extremes = Data.FindExtremes(0, FCount);
     if (Extremes.Minimum < 0) return;
     Low = Data.GetValue(Extremes.Minimum);
     High = Data.GetValue(Extremes.Maximum);

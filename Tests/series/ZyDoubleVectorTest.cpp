@@ -205,7 +205,7 @@ TEST(ZyDoubleVectorTest, FindsTheExtremesOfAnyStretch) {
       for (int i = First; i < Last; ++i)
         if (const double n = Vector.GetValue(i); std::isfinite(n))
           Least = std::min(Least, n), Greatest = std::max(Greatest, n);
-      const TZyExtremeIndexes Found = Vector.FindExtremes(First, Last);
+      const TZyExtremes Found = Vector.FindExtremes(First, Last);
       ASSERT_EQ(Found.Minimum < 0 ? Infinity : Vector.GetValue(Found.Minimum), Least) << Round;
       ASSERT_EQ(Found.Maximum < 0 ? -Infinity : Vector.GetValue(Found.Maximum), Greatest) << Round;
       ASSERT_TRUE(Found.Minimum < 0 || (Found.Minimum >= First && Found.Minimum < Last));
