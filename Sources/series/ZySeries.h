@@ -230,7 +230,6 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   /// What ends every Calculate that took new ranges.
   void RangesTaken();
   TZyGraph2D* Graph() const { return FGraph; }
-  bool UsesIndexer() const { return FXData == FIndexer.get() || FYData == FIndexer.get(); }
   bool HasOwnXData() const { return FXData != FIndexer.get(); }
   bool HasOwnYData() const { return FYData != FIndexer.get(); }
 
