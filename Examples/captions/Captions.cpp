@@ -9,10 +9,10 @@
 
 #include "analysis/ZyParseFktLists.h"
 #include "annotations/ZyRichLabel.h"
+#include "common/Pictures.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
-#include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/Pen.h"
@@ -247,14 +247,7 @@ int main(int ArgCount, char** Args) {
   try {
     const std::filesystem::path Folder = ArgCount > 1 ? Args[1] : "out";
     std::filesystem::create_directories(Folder);
-    for (const int Ratio : {1, 2}) {
-      Bitmap Picture(SheetWidth, SheetHeight, static_cast<float>(Ratio));
-      {
-        Graphics Canvas(Picture);
-        DrawSheet(Canvas);
-      }
-      Picture.Save(Folder / (Ratio == 1 ? "captions.png" : "captions@2x.png"));
-    }
+    examples::SavePictures(Folder / "captions", SheetWidth, SheetHeight, DrawSheet);
     std::cout << "Wrote captions.png and captions@2x.png to " << Folder.string() << '\n';
     return 0;
   } catch (const std::exception& Error) {

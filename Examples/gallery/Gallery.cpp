@@ -9,12 +9,11 @@
 #include <memory>
 #include <vector>
 
+#include "common/Pictures.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
 #include "platform/controls/TLabel.h"
-#include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
-#include "platform/drawing/Metafile.h"
 
 namespace zy::examples {
 
@@ -119,22 +118,11 @@ void SavePage(const TEntry& Entry, const std::filesystem::path& Folder) {
   TFrame Page;
   Page.SetBounds(0, 0, PageWidth, PageHeight);
   Entry.Make(Page);
-  const std::string Name = (Folder / Entry.Name).string();
-  for (const int Ratio : {1, 2}) {
-    Bitmap Picture(PageWidth, PageHeight, static_cast<float>(Ratio));
-    {
-      Graphics Canvas(Picture);
-      Page.PaintTo(Canvas);
-    }
-    Picture.Save(Name + (Ratio == 1 ? ".png" : "@2x.png"));
-  }
-  Metafile Recording(PageWidth, PageHeight);
-  {
-    Graphics Canvas(Recording);
-    Page.PaintTo(Canvas);
-  }
-  for (const char* Extension : {".svg", ".pdf"}) Recording.Save(Name + Extension);
-  std::cout << Entry.Title << ": " << Name << ".png, @2x.png, .svg, .pdf\n";
+  const std::filesystem::path Stem = Folder / Entry.Name;
+  const auto Draw = [&Page](Graphics& Canvas) { Page.PaintTo(Canvas); };
+  SavePictures(Stem, PageWidth, PageHeight, Draw);
+  SaveRecordings(Stem, PageWidth, PageHeight, {".svg", ".pdf"}, Draw);
+  std::cout << Entry.Title << ": " << Stem.string() << ".png, @2x.png, .svg, .pdf\n";
 }
 
 }  // namespace

@@ -7,13 +7,12 @@
 #include <iostream>
 #include <string>
 
+#include "common/Pictures.h"
 #include "graph/ZyDrawing.h"
 #include "graph/ZyStyles.h"
 #include "platform/controls/TApplication.h"
-#include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Font.h"
 #include "platform/drawing/Graphics.h"
-#include "platform/drawing/Metafile.h"
 
 namespace {
 
@@ -212,20 +211,8 @@ int main(int ArgCount, char** Args) {
   try {
     const std::filesystem::path Folder = ArgCount > 1 ? Args[1] : "out";
     std::filesystem::create_directories(Folder);
-    for (const int Ratio : {1, 2}) {
-      Bitmap Picture(SheetWidth, SheetHeight, static_cast<float>(Ratio));
-      {
-        Graphics Canvas(Picture);
-        DrawSheet(Canvas);
-      }
-      Picture.Save(Folder / (Ratio == 1 ? "palette.png" : "palette@2x.png"));
-    }
-    Metafile Recording(SheetWidth, SheetHeight);
-    {
-      Graphics Canvas(Recording);
-      DrawSheet(Canvas);
-    }
-    for (const char* Extension : {"svg", "pdf", "emf"}) Recording.Save(Folder / (std::string("palette.") + Extension));
+    examples::SavePictures(Folder / "palette", SheetWidth, SheetHeight, DrawSheet);
+    examples::SaveRecordings(Folder / "palette", SheetWidth, SheetHeight, {".svg", ".pdf", ".emf"}, DrawSheet);
     std::cout << "Wrote palette.png, palette@2x.png, palette.svg, palette.pdf and palette.emf to " << Folder.string()
               << '\n';
     return 0;
