@@ -20,6 +20,7 @@ zy_add_library(
     axes/ZyAxisScale.cpp
     axes/ZyAxisSizes.cpp
     axes/ZyAxisTicks.cpp
+    axes/ZyAxisZoom.cpp
     axes/ZyDateTime.cpp
     axes/ZyDateTimeSteps.cpp
     axes/ZyDateTimeText.cpp
@@ -37,12 +38,16 @@ zy_add_library(
     graph/ZyGradientBrushes.cpp
     graph/ZyGradientSettings.cpp
     graph/ZyGraph2D.cpp
+    graph/ZyGraph2DGestures.cpp
     graph/ZyGraph2DPaint.cpp
+    graph/ZyGraph2DScroll.cpp
+    graph/ZyGraph2DZoom.cpp
     graph/ZyLineSettings.cpp
     graph/ZyPointSymbolSettings.cpp
     graph/ZyPollingThread.cpp
     graph/ZyRegisterClasses.cpp
     graph/ZyStringFunctions.cpp
+    graph/ZyZoomSettings.cpp
     persistence/ZyIniArchive.cpp
     persistence/ZyIO.cpp
     persistence/ZyStreamArchive.cpp

@@ -27,6 +27,7 @@ class Graphics;
 class TZyGraph2D;
 class TZySeries;
 class TZyUndoStack;
+enum class TZyScrollIncrement;
 
 /// Side of the data area at which an axis stands.
 enum class TZyAxisPosition { Bottom, Left, Top, Right };
@@ -301,10 +302,47 @@ class TZyAxis : public TGraphicControl {
 
   /// Whether data lie beyond the visible ends.
   bool GetIsClipped() const;
-  /// Whether the chart is zoomed; no chart can be yet.
-  bool GetCanZoomBack() const { return false; }
-  /// How many stages it is zoomed in.
-  int GetCurrentZoomStage() const { return 0; }
+
+  /// Whether there are zoom stages; the first one, 0, is the range before all zooming.
+  bool GetCanZoomBack() const { return !FLastZoomStart.empty(); }
+  /// Index of the stage that is shown.
+  int GetCurrentZoomStage() const { return FZoomIdx; }
+  /// Number of stages.
+  int GetZoomBufferSize() const { return static_cast<int>(FLastZoomStart.size()); }
+  /// Makes the present ends stage 0, unless there are stages.
+  void BeginZoomBuffer();
+  /// Shows a range as a new stage behind the present one; later stages are gone. An end outside the data stays where it
+  /// is.
+  void ZoomIn(double NewStart, double NewStop);
+  /// The stage before or behind the present one, around the ends of the list; nothing without stages.
+  void ZoomBack();
+  void RedoZoom();
+  /// Nothing when there is no such stage.
+  void ZoomToStage(int Stage);
+  /// Forgets the stages; the ends stay.
+  void ZoomClearBuffer();
+  /// The whole range that scrolling and panning may show: stage 0, without stages the present ends.
+  double GetScrollStart() const { return GetCanZoomBack() ? FLastZoomStart.front() : FStart; }
+  double GetScrollStop() const { return GetCanZoomBack() ? FLastZoomStop.front() : FStop; }
+  /// Whether it is shown.
+  bool ShowsWhole() const;
+  /// A range and a place in units of a scroll bar whose 10000 are the whole range. The place may lie outside.
+  int ScrollRangeSize(double Start, double Stop) const;
+  int ScrollPosition(double Value) const;
+
+  /// A value as a place on the scale, where equal distances are equal numbers of pixels, and back: its decade on a
+  /// logarithmic axis, itself otherwise. The following count in it.
+  double ToScale(double Value) const;
+  double FromScale(double Place) const;
+  /// Length of the whole range; that of the visible one where there is none.
+  double WholeOnScale() const;
+  double IncrementOf(TZyScrollIncrement Increment) const;
+  /// Moves the visible range by a part of the whole one, as far as that reaches, to ticks where the ends are rounded.
+  void ScrollBy(double Part, bool AddsStage);
+  /// Shows a range scaled around a place that stays where it is, as far as the whole range reaches. A span too small
+  /// to be drawn is not shown.
+  void ZoomAround(double Start, double Stop, double Fixed, double Factor);
+
   /// Range of the data; a start above the stop while none were seen.
   double ValuesStart() const { return FValuesStart; }
   double ValuesStop() const { return FValuesStop; }
@@ -417,6 +455,9 @@ class TZyAxis : public TGraphicControl {
   double RoundToPart(double Value, double Part, bool Up) const;
   void RoundOwnEnds();
   void FollowMaster();
+  void TakeStage(int Stage);
+  void EndUserZoom();
+  double ScrolledStart(double Distance, bool Rounds) const;
 
   // Steps and number format.
   /// A row of the table of steps, and the power of ten that it is used with.
@@ -546,6 +587,8 @@ class TZyAxis : public TGraphicControl {
   bool FLastTickLabelled = false;
   TZyRichCaptionObjects FAxLabels;
   float FMaxNumberLabelWidth = 0, FMaxNumberLabelHeight = 0;
+  std::vector<double> FLastZoomStart, FLastZoomStop;  // ends of each zoom stage
+  int FZoomIdx = 0;                                   // the stage that is shown
   std::vector<TZySeries*> FRelatedSeries;
   TZyScaleLabelEventHandler mGetScaleLabel;
   TNotifyEvent mGetTicks, mCalculated;

@@ -51,6 +51,7 @@ void TZyAxisLayout::Run() {
   if (FGraph != nullptr && FGraph->Panning()) {
     TakePannedTicks();
   } else {
+    if (FGraph != nullptr) FGraph->SetDoScrollBars(false, false);
     ShowAxesThatCross();
     MarkMasterGraph();
     for (TZyAxis* Axis : FAxes) Axis->UpdateDB();
@@ -62,6 +63,7 @@ void TZyAxisLayout::Run() {
     FitOverhangs();
     TakeFinalTicks();
     PlaceDataArea();
+    PlaceScrollBars();
     PlaceLegends();
     ShareCommonArea();
   }
@@ -106,10 +108,13 @@ void TZyAxisLayout::MarkMasterGraph() {
   if (Shared != nullptr && !Shared->NeedsRecalculate()) Shared->Modified();
 }
 
-/// A pan keeps the layout and only moves ticks.
+/// A pan keeps the layout and only moves ticks, of the axes that moved.
 void TZyAxisLayout::TakePannedTicks() {
-  FStarter.CalculateTicks();
-  FStarter.FNeedsRecalculate = false;
+  for (TZyAxis* Axis : FAxes) {
+    if (!Axis->FNeedsRecalculate && Axis != &FStarter) continue;
+    Axis->CalculateTicks();
+    Axis->FNeedsRecalculate = false;
+  }
 }
 
 void TZyAxisLayout::RoundEndsAndTakeTicks() {
@@ -141,6 +146,25 @@ void TZyAxisLayout::TakeMarginsOfGraph() {
   FTop.Margin = std::ceil(FGraph->DistanceBorderAxisTop());
   FBottom.Margin = std::ceil(FGraph->DistanceBorderAxisBottom());
   if (FGraph->BorderStyle() == bsSingle) FBottom.Margin += RoomOfBorder;
+  TakeScrollBars();
+}
+
+/// Scroll bars take room where data lie outside; a file or a page does not show them.
+void TZyAxisLayout::TakeScrollBars() {
+  if (FGraph->IsDesigning()) return;
+  const auto AnyClipped = [&](bool Horizontal) {
+    return std::any_of(FAxes.begin(), FAxes.end(), [&](const TZyAxis* Axis) {
+      return Axis->GetHorizontal() == Horizontal && Axis->GetIsClipped();
+    });
+  };
+  const TScrollBar* const Across = FGraph->HorizontalScrollBar();
+  FShowScrollH = FGraph->Zoom().HScrollbarVisible() && Across != nullptr && AnyClipped(true);
+  if (FShowScrollH) FBottom.Margin += static_cast<float>(Across->Height());
+  const TScrollBar* const Upright = FGraph->VerticalScrollbar();
+  FShowScrollV = FGraph->Zoom().VScrollbarVisible() && Upright != nullptr && AnyClipped(false);
+  if (FShowScrollV) FLeft.Margin += static_cast<float>(Upright->Width());
+  FShowScrollH = FShowScrollH && !FGraph->DoingMetafile();
+  FShowScrollV = FShowScrollV && !FGraph->DoingMetafile();
 }
 
 void TZyAxisLayout::TakeTitle() {
@@ -276,6 +300,31 @@ void TZyAxisLayout::PlaceDataArea() {
   FGraph->SetDrawingArea({FLeft.Margin, FTop.Margin, FWidth - FLeft.Margin - FRight.Margin + 1,
                           FHeight - FTop.Margin - FBottom.Margin + 1});
   FGraph->PlaceTitle();
+}
+
+void TZyAxisLayout::PlaceScrollBars() {
+  if (FGraph == nullptr || FGraph->PrimaryXAxis() == nullptr || FGraph->PrimaryYAxis() == nullptr) return;
+  const RectF& Area = FGraph->DrawingArea();
+  const auto Place = [](TScrollBar& Bar, const TZyAxis& Axis, bool FromStop, int Left, int Top, int Width, int Height) {
+    if (Bar.Focused()) Bar.ReleaseFocus();
+    const int Page = Axis.ScrollRangeSize(Axis.Start(), Axis.Stop());
+    const int Position = FromStop ? Bar.Max() - Axis.ScrollPosition(Axis.Stop()) : Axis.ScrollPosition(Axis.Start());
+    Bar.SetPageSize(Page);
+    Bar.SetPosition(std::clamp(Position, Bar.Min(), Bar.Max()));
+    Bar.SetBounds(Left, Top, Width, Height);
+  };
+  if (FShowScrollH) {
+    TScrollBar& Bar = *FGraph->HorizontalScrollBar();
+    const TZyAxis& Axis = *FGraph->PrimaryXAxis();
+    Place(Bar, Axis, Axis.Twisted(), Rounded(Area.X), FParent.ClientHeight() - Bar.Height(), Rounded(Area.Width),
+          Bar.Height());
+  }
+  if (FShowScrollV) {
+    TScrollBar& Bar = *FGraph->VerticalScrollbar();
+    const TZyAxis& Axis = *FGraph->PrimaryYAxis();
+    Place(Bar, Axis, !Axis.Twisted(), 0, Rounded(Area.Y), Bar.Width(), Rounded(Area.Height));
+  }
+  FGraph->SetDoScrollBars(FShowScrollH, FShowScrollV);
 }
 
 void TZyAxisLayout::PlaceLegends() {

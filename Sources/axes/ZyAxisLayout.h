@@ -42,6 +42,7 @@ class TZyAxisLayout {
   void TakePannedTicks();
   void RoundEndsAndTakeTicks();
   void TakeMarginsOfGraph();
+  void TakeScrollBars();
   void TakeTitle();
   void ReserveLegends();
 
@@ -60,6 +61,7 @@ class TZyAxisLayout {
   void TakeFinalLength(TZyAxis& Axis);
   void CrossAxes();
   void PlaceDataArea();
+  void PlaceScrollBars();
   void PlaceLegends();
   void ShareCommonArea();
 
@@ -82,6 +84,8 @@ class TZyAxisLayout {
   float FWidth;                 // of the client area
   float FHeight;
   TSide FLeft, FRight, FTop, FBottom;
+  bool FShowScrollH = false;
+  bool FShowScrollV = false;
 };
 
 }  // namespace zy

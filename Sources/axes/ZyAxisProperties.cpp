@@ -7,6 +7,7 @@
 #include "analysis/ZyMath.h"
 #include "axes/ZyAxis.h"
 #include "axes/ZyAxisUndo.h"
+#include "graph/ZyGraph2D.h"
 #include "platform/framework/Reflection.h"
 #include "undo/ZyChange.h"
 
@@ -187,6 +188,7 @@ void TZyAxis::SetScaling(TZyAxisScaling Value) {
   FScaling = Value;
   if (ForcesParts) FAutoTickParts = true;
   FScale.HasLogScaling = HasLogKind();
+  if (TZyGraph2D* const Parent = Graph()) Parent->ZoomReset();
   Modified();
 }
 

@@ -37,11 +37,26 @@ void TZyAxis::SetStopEnd(TZyAxisEnd Value) {
   if (Value == FStopEnd) return;
   const TAxisUndoGroup Group(*this, _sAxisStopEnd, {"Start", "Stop", "StartEnd", "StopEnd"});
   FStopEnd = Value;
-  if (Value == TZyAxisEnd::MovingSlit && !IsLoading()) FStartEnd = TZyAxisEnd::Fixed;
+  if (Value == TZyAxisEnd::MovingSlit && !IsLoading()) {
+    FStartEnd = TZyAxisEnd::Fixed;
+    EndUserZoom();
+  }
   if (Value == TZyAxisEnd::AutoRange || Value == TZyAxisEnd::MovingSlit) {
     RangeModified();
   } else {
     Modified();
+  }
+}
+
+/// A range that moves by itself is nothing to zoom or to scroll.
+void TZyAxis::EndUserZoom() {
+  TZyGraph2D* const Parent = Graph();
+  if (Parent == nullptr) return;
+  Parent->Zoom().SetAuto(false);
+  if (GetHorizontal()) {
+    Parent->Zoom().SetHScrollbarVisible(false);
+  } else {
+    Parent->Zoom().SetVScrollbarVisible(false);
   }
 }
 
@@ -153,9 +168,14 @@ void TZyAxis::SetMovingSlitIncrement(double Value) {
 void TZyAxis::RangeModified() {
   if (IsDestroying()) return;
   if (const TZyGraph2D* const Parent = Graph(); Parent != nullptr && Parent->LoadingRecord()) return;
+  if (GetCanZoomBack()) {
+    if (FStartEnd != TZyAxisEnd::AutoRange) SetStart(FLastZoomStart.front());
+    if (FStopEnd != TZyAxisEnd::AutoRange) SetStop(FLastZoomStop.front());
+  }
   if (FRelatedSeries.empty()) return Modified();
   FValuesStart = LargestDouble;
   FValuesStop = -LargestDouble;
+  ZoomClearBuffer();
   FRedoRange = true;
 }
 

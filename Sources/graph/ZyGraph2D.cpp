@@ -32,7 +32,8 @@ ZY_PUBLISHED(
     Published<&TZyGraph2D::DistanceBorderAxisLeft, &TZyGraph2D::SetDistanceBorderAxisLeft>("DistanceBorderAxisLeft",
                                                                                            0.0f),
     Published<&TZyGraph2D::DistanceBorderAxisRight, &TZyGraph2D::SetDistanceBorderAxisRight>("DistanceBorderAxisRight",
-                                                                                             0.0f))
+                                                                                             0.0f),
+    Published<static_cast<TZyZoomSettings& (TZyGraph2D::*)()>(&TZyGraph2D::Zoom)>("Zoom"))
 
 TZyGraph2D::TZyGraph2D(TComponent* Owner)
     : TZyCustomGraph(Owner),
@@ -43,6 +44,10 @@ TZyGraph2D::TZyGraph2D(TComponent* Owner)
       FMajorGridVertical(MakeLine(Colors::Green)),
       FMinorGridVertical(MakeLine(Colors::Gray)) {
   RegisterChartClasses();
+  if (!IsDesigning()) {
+    FHorizontalScrollBar = MakeScrollBar(sbHorizontal);
+    FVerticalScrollbar = MakeScrollBar(sbVertical);
+  }
   FNeedsRecalculate = true;
   FPollingThread.OnPoll = [this] { SeriesPoll(); };
 }
@@ -113,6 +118,7 @@ void TZyGraph2D::SetUndoStack(TZyUndoStack* Value) {
   for (TZyAxis* Axis : Axes()) Axis->SetUndoStack(Value);
   for (TZyLineSettings* Line : Lines()) Line->SetUndoStack(Value);
   FDataAreaGradient.SetUndoStack(Value);
+  FZoom.SetUndoStack(Value);
   for (TControl* Control : Controls())
     if (auto* const Marker = dynamic_cast<IZyGraphMarker*>(Control)) Marker->SetUndoStack(Value);
 }
@@ -135,9 +141,7 @@ void TZyGraph2D::SeriesModified() {
 void TZyGraph2D::LegendsModified() {
   if (IsDestroying() || FTellingLegends) return;
   FTellingLegends = true;  // graphs that use each other's X axes would go round in circles
-  auto* const Master =
-      FIsCoupledGraph && FPrimaryXAxis != nullptr ? dynamic_cast<TZyGraph2D*>(FPrimaryXAxis->Parent()) : nullptr;
-  if (Master != nullptr) Master->LegendsModified();
+  if (TZyGraph2D* const Master = MasterGraph()) Master->LegendsModified();
   for (const TZyGraph2D* Child : FChildGraphs)
     for (IZyGraphLegend* Legend : Child->RelatedLegends()) Legend->Modified();
   for (IZyGraphLegend* Legend : RelatedLegends()) Legend->Modified();
@@ -201,6 +205,8 @@ void TZyGraph2D::Notification(TComponent* AComponent, TOperation Operation) {
   std::erase(FChildGraphs, AComponent);
   if (AComponent == FPrimaryXAxis) FPrimaryXAxis = nullptr;
   if (AComponent == FPrimaryYAxis) FPrimaryYAxis = nullptr;
+  if (AComponent == FHorizontalScrollBar) FHorizontalScrollBar = nullptr;
+  if (AComponent == FVerticalScrollbar) FVerticalScrollbar = nullptr;
 }
 
 void TZyGraph2D::BoundsChanged() {
@@ -278,7 +284,7 @@ void TZyGraph2D::CalculateCoupled() {
     FPrimaryXAxis->Calculate();
   } else {
     if (FPrimaryYAxis->Parent() == this) FPrimaryYAxis->Calculate();
-    if (auto* const Master = dynamic_cast<TZyGraph2D*>(FPrimaryXAxis->Parent())) BringUpToDate(*Master);
+    if (TZyGraph2D* const Master = MasterGraph()) BringUpToDate(*Master);
   }
   FCalculatingCoupled = false;
 }
@@ -309,6 +315,7 @@ void TZyGraph2D::SetName(const std::string& Value) {
   const bool IsFirst = Name().empty();
   TZyCustomGraph::SetName(Value);
   if (!IsDesigning() || !IsFirst || IsLoading()) return;
+  FZoom.SetUndoStack(UndoStack());
   for (TZyAxis* Axis : {PrimaryXAxis(), PrimaryYAxis()})
     if (Axis != nullptr && Axis->UndoStack() == nullptr) Axis->SetUndoStack(UndoStack());
   constexpr float Upwards = 90;

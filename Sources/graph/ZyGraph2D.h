@@ -1,11 +1,15 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "axes/ZyAxis.h"
 #include "graph/ZyCustomGraph.h"
 #include "graph/ZyStyles.h"
+#include "graph/ZyZoomSettings.h"
+#include "platform/controls/TScrollBar.h"
 #include "platform/drawing/Geometry.h"
 #include "texts/ZyLocalize.h"
 
@@ -59,6 +63,55 @@ class TZyGraph2D : public TZyCustomGraph {
   float DistanceBorderAxisRight() const { return FDistanceBorderAxisRight; }
   void SetDistanceBorderAxisRight(float Value);
   void SetUndoStack(TZyUndoStack* Value) override;
+  TZyZoomSettings& Zoom() { return FZoom; }
+  const TZyZoomSettings& Zoom() const { return FZoom; }
+  /// The scroll bars, owned by the graph; they appear while data lie outside the visible ranges. Null in a graph that
+  /// was made in a form designer.
+  TScrollBar* HorizontalScrollBar() const { return FHorizontalScrollBar; }
+  TScrollBar* VerticalScrollbar() const { return FVerticalScrollbar; }
+  /// Around a frame, a turn of the wheel or a pinch that zooms, and around a pan. A frame that comes to nothing has no
+  /// end.
+  const TNotifyEvent& OnBeginZoom() const { return FOnBeginZoom; }
+  void SetOnBeginZoom(TNotifyEvent Value) { FOnBeginZoom = std::move(Value); }
+  const TNotifyEvent& OnEndZoom() const { return FOnEndZoom; }
+  void SetOnEndZoom(TNotifyEvent Value) { FOnEndZoom = std::move(Value); }
+  const TNotifyEvent& OnBeginPanning() const { return FOnBeginPanning; }
+  void SetOnBeginPanning(TNotifyEvent Value) { FOnBeginPanning = std::move(Value); }
+  const TNotifyEvent& OnEndPanning() const { return FOnEndPanning; }
+  void SetOnEndPanning(TNotifyEvent Value) { FOnEndPanning = std::move(Value); }
+
+  // --- Zoom stages. All operations keep the stages of coupled graphs in step. ---
+
+  /// Zooms to a frame between two corners in client pixels, cut to the data area. The range becomes a new stage.
+  void ZoomTo(TPoint TopLeft, TPoint BottomRight);
+  /// The stage before or behind the present one, where there is one.
+  void ZoomBack();
+  void RedoZoom();
+  /// A stage by its index, under the condition of ZoomBack; 0 is the range before all zooming.
+  void ZoomToStage(int Stage);
+  /// Gives the axes the ranges of their data again and forgets the stages.
+  void ZoomReset();
+  /// A stack has a stage before and behind the present one but at its ends, a ring has as soon as it has any.
+  bool GetCanZoomBack() const;
+  bool GetCanRedoZoom() const;
+  /// Index of the stage that is shown, and number of stages, of the primary Y axis.
+  int GetCurrentZoomStage() const;
+  int GetZoomBufferSize() const;
+  /// Gives the axes of coupled graphs a stage of their present ends, after those of this graph got one.
+  void FixChildZoomStack();
+  /// Zooms in, by a Factor below 1, or out around a place in client pixels, as a new stage: all axes when the place
+  /// lies in the data area, beside it those of the direction it lies beside. Returns whether any axis moved.
+  bool ZoomAround(TPoint Place, double Factor);
+  /// Moves the axes of a scroll bar's direction, as the bar asks.
+  void Scroll(TObject* Sender, TScrollCode ScrollCode, int& ScrollPos);
+
+  void Click() override;
+  void DblClick() override;
+  void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
+  void MouseMove(TShiftState Shift, int X, int Y) override;
+  void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
+  bool MouseWheel(TShiftState Shift, int WheelDelta, int X, int Y) override;
+  void KeyDown(TKey& Key, TShiftState Shift) override;
 
   /// Draws the whole chart: the one order for screen, image and printer.
   void PaintGr(Graphics& Gr);
@@ -112,7 +165,7 @@ class TZyGraph2D : public TZyCustomGraph {
   /// A mouse gesture is running.
   bool Zooming() const { return FZooming; }
   bool Panning() const { return FPanning; }
-  void SetPanning(bool Value) { FPanning = Value; }
+  void SetPanning(bool Value);
   /// While the graph paints for a printer or a file: places of ticks and grid lines keep their fractions.
   bool DoingMetafile() const { return FDoingMetafile; }
   void SetDoingMetafile(bool Value) { FDoingMetafile = Value; }
@@ -129,6 +182,11 @@ class TZyGraph2D : public TZyCustomGraph {
 
   // For the layout pass.
   void SetDrawingArea(const RectF& Value) { FDrawingArea = Value; }
+  /// Which scroll bars the end of the next paint shows.
+  void SetDoScrollBars(bool Horizontal, bool Vertical) {
+    FDoHScrollBar = Horizontal;
+    FDoVScrollBar = Vertical;
+  }
   float TitleHeight() const { return FTitleRec.Height(); }
   void PlaceTitle();
 
@@ -150,6 +208,8 @@ class TZyGraph2D : public TZyCustomGraph {
   };
 
   std::unique_ptr<TZyLineSettings> MakeLine(TZyColor Color);
+  TScrollBar* MakeScrollBar(TScrollBarKind Kind);
+  void ShowScrollBars();
   std::vector<TZyLineSettings*> Lines() const;
   void SetMargin(float& Field, float Value, TZyText Label, const char* PropName);
   void SeriesPoll();
@@ -173,6 +233,29 @@ class TZyGraph2D : public TZyCustomGraph {
   template <class TPart>
   void PaintMoved(Graphics& Gr, const TControl& Control, const TPart& Part);
 
+  // Zoom and gestures.
+  struct TZoomRange;  // what an axis is to show
+  TZyGraph2D* MasterGraph() const;
+  std::vector<TZyGraph2D*> CoupledGraphs() const;
+  template <class TDo>
+  void OnCoupledAxes(const TDo& Do);
+  template <class TDo>
+  void WalkStages(const TDo& Do);
+  void AddStage();
+  void TakeFrameEdges(const RectF& Frame, std::vector<TZoomRange>& Ranges) const;
+  void TakeFramePoints(const RectF& Frame, std::vector<TZoomRange>& Ranges) const;
+  void Fire(const TNotifyEvent& Event);
+  void PaintFrameOfZoom(Graphics& Gr) const;
+  void InvalidateFrame();
+  void EndFrame();
+  void StartPan();
+  void PanBy(double Dx, double Dy);
+  void EndPan();
+  void ShowMove();
+  void CancelGesture();
+  void ZoomStep(TPoint Place, double Factor);
+  bool UseKey(TKey Key, TShiftState Shift);
+
   TZyColor FDataAreaColor = Colors::Transparent;
   TZyGradientSettings FDataAreaGradient;
   std::unique_ptr<TZyLineSettings> FDataAreaFrame;
@@ -186,6 +269,8 @@ class TZyGraph2D : public TZyCustomGraph {
   bool FZeroOrigin = false;
   bool FZooming = false;
   bool FPanning = false;
+  bool FDoHScrollBar = false;
+  bool FDoVScrollBar = false;
   bool FDoingMetafile = false;
   bool FDoingPrimary = false;
   bool FLoadingRecord = false;
@@ -193,7 +278,15 @@ class TZyGraph2D : public TZyCustomGraph {
   bool FTellingLegends = false;
   bool FCalculatingCoupled = false;
   bool FOnce = true;
-  TRect FLastClip;  // of the previous paint
+  TZyZoomSettings FZoom{*this};
+  TScrollBar* FHorizontalScrollBar = nullptr;
+  TScrollBar* FVerticalScrollbar = nullptr;
+  TNotifyEvent FOnBeginZoom, FOnEndZoom, FOnBeginPanning, FOnEndPanning;
+  TPoint FDragStart, FDragEnd;  // of the mouse gesture, in client pixels
+  TCursor FSavedCursor = crDefault;
+  std::vector<double> FPanStarts, FPanStops;  // ends of each axis of FAxes when the pan began, on its scale
+  int FWheelTurn = 0;                         // of a notch that is not complete
+  TRect FLastClip;                            // of the previous paint
   RectF FDrawingArea;
   std::vector<TZySeries*> FRelatedSeries;
   std::vector<TZyAxis*> FAxes;

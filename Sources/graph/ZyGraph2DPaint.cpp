@@ -64,6 +64,7 @@ void TZyGraph2D::Paint(Graphics& Gr) {
   FLastClip = Clip;
   PaintGr(Gr);
   TZyCustomGraph::Paint(Gr);
+  PaintFrameOfZoom(Gr);
   if (DoRepaint) Invalidate();
 }
 
@@ -90,6 +91,7 @@ void TZyGraph2D::PaintGr(Graphics& Gr) {
   PaintClippedToData(Gr, [&Gr](TZySeries& Series) { Series.DrawSymbols(Gr); });
   PaintLegends(Gr);
   SetHighQuality(Gr, false);
+  ShowScrollBars();
 }
 
 /// An axis that waits for layout counts as well, so that series never draw on a scale that is out of date.

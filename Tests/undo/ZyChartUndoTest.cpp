@@ -18,9 +18,9 @@ namespace zy {
 namespace {
 
 /// What is set without undo: what the designer sets once, the one look without a step, and the paddings of an axis.
-const std::set<std::string_view> NotUndone = {
-    "SmoothingMode",       "AutoUpdate", "ParentFont",   "StartPadding", "StopPadding",
-    "MergeLegendItemWith", "DrawBandTo", "RubricsField", "DataSource",   "DataField"};
+const std::set<std::string_view> NotUndone = {"BufferType", "PanningCursor", "SmoothingMode", "AutoUpdate",
+                                              "ParentFont", "StartPadding",  "StopPadding",   "MergeLegendItemWith",
+                                              "DrawBandTo", "RubricsField",  "DataSource",    "DataField"};
 
 /// What every panel has, places and names above all, is set without undo too.
 bool IsUndone(const TPropInfo& Info) {

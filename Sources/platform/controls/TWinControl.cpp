@@ -498,6 +498,10 @@ void TWinControl::SetFocus() {
   if (FWidget != nullptr) FWidget->setFocus();
 }
 
+void TWinControl::ReleaseFocus() {
+  if (FWidget != nullptr) FWidget->clearFocus();
+}
+
 bool TWinControl::Focused() const { return FWidget != nullptr && FWidget->hasFocus(); }
 
 /// The frame that shows the keyboard's place is for those who came by keyboard.

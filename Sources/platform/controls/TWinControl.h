@@ -63,6 +63,8 @@ class TWinControl : public TControl {
   /// Gives the control the keyboard. Nothing before it is shown; throws EInvalidOperation when it is invisible or
   /// disabled.
   void SetFocus();
+  /// Gives the keyboard away, to nobody.
+  void ReleaseFocus();
   bool CanFocus() const;
   bool Focused() const;
 

@@ -1,0 +1,135 @@
+#include "graph/ZyZoomSettings.h"
+
+#include <utility>
+
+#include "graph/ZyGraph2D.h"
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/TPropInfo.h"
+#include "undo/ZyChange.h"
+
+namespace zy {
+
+ZY_PUBLISHED(
+    TZyZoomSettings, TPersistent, Published<&TZyZoomSettings::Auto, &TZyZoomSettings::SetAuto>("Auto", true),
+    Published<&TZyZoomSettings::BufferType, &TZyZoomSettings::SetBufferType>("BufferType", TZyZoomBufferType::AsStack),
+    Published<&TZyZoomSettings::OptimizeSeries, &TZyZoomSettings::SetOptimizeSeries>("OptimizeSeries", false),
+    Published<&TZyZoomSettings::BackOnClickBeside, &TZyZoomSettings::SetBackOnClickBeside>("BackOnClickBeside", true),
+    Published<&TZyZoomSettings::BackOnRightBottomLeftTopFrame, &TZyZoomSettings::SetBackOnRightBottomLeftTopFrame>(
+        "BackOnRightBottomLeftTopFrame", false),
+    Published<&TZyZoomSettings::ResetOnDoubleClickBeside, &TZyZoomSettings::SetResetOnDoubleClickBeside>(
+        "ResetOnDoubleClickBeside", true),
+    Published<&TZyZoomSettings::ResetOnRightBottomLeftTopFrame, &TZyZoomSettings::SetResetOnRightBottomLeftTopFrame>(
+        "ResetOnRightBottomLeftTopFrame", false),
+    Published<&TZyZoomSettings::StartZoom, &TZyZoomSettings::SetZoomShift>("StartZoom", TShiftState{ssLeft}),
+    Published<&TZyZoomSettings::StartPanning, &TZyZoomSettings::SetPanningShift>("StartPanning",
+                                                                                 TShiftState{ssShift, ssLeft}),
+    Published<&TZyZoomSettings::PanningCursor, &TZyZoomSettings::SetPanningCursor>("PanningCursor",
+                                                                                   TCursor{crHandPoint}),
+    Published<&TZyZoomSettings::HScrollbarVisible, &TZyZoomSettings::SetHScrollbarVisible>("HScrollbarVisible", true),
+    Published<&TZyZoomSettings::VScrollbarVisible, &TZyZoomSettings::SetVScrollbarVisible>("VScrollbarVisible", true),
+    Published<&TZyZoomSettings::ScrollSmallIncrement, &TZyZoomSettings::SetScrollSmallIncrement>(
+        "ScrollSmallIncrement", TZyScrollIncrement::MinorTick),
+    Published<&TZyZoomSettings::ScrollLargeIncrement, &TZyZoomSettings::SetScrollLargeIncrement>(
+        "ScrollLargeIncrement", TZyScrollIncrement::Page),
+    Published<&TZyZoomSettings::WheelZoom, &TZyZoomSettings::SetWheelZoom>("WheelZoom", TZyWheelZoom::WithCtrl),
+    Published<&TZyZoomSettings::TouchGestures, &TZyZoomSettings::SetTouchGestures>("TouchGestures", true),
+    Published<&TZyZoomSettings::KeyboardZoom, &TZyZoomSettings::SetKeyboardZoom>("KeyboardZoom", true),
+    Published<&TZyZoomSettings::OnBeginZoom, &TZyZoomSettings::SetOnBeginZoom>("OnBeginZoom"),
+    Published<&TZyZoomSettings::OnEndZoom, &TZyZoomSettings::SetOnEndZoom>("OnEndZoom"),
+    Published<&TZyZoomSettings::OnBeginPanning, &TZyZoomSettings::SetOnBeginPanning>("OnBeginPanning"),
+    Published<&TZyZoomSettings::OnEndPanning, &TZyZoomSettings::SetOnEndPanning>("OnEndPanning"))
+
+void TZyZoomSettings::SetAuto(bool Value) {
+  Change(this, FAuto, Value, _sZoomAuto, "Auto", &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetOptimizeSeries(bool Value) {
+  Change(this, FOptimizeSeries, Value, _sZoomOptimizeSeries, "OptimizeSeries", &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetBackOnClickBeside(bool Value) {
+  Change(this, FBackOnClickBeside, Value, _sZoomBackOnClickBeside, "BackOnClickBeside", &TZyZoomSettings::DoNothing);
+}
+
+/// It shares its text with the click.
+void TZyZoomSettings::SetBackOnRightBottomLeftTopFrame(bool Value) {
+  Change(this, FBackOnRightBottomLeftTopFrame, Value, _sZoomBackOnClickBeside, "BackOnRightBottomLeftTopFrame",
+         &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetResetOnDoubleClickBeside(bool Value) {
+  Change(this, FResetOnDoubleClickBeside, Value, _sZoomResetOnDoubleClickBeside, "ResetOnDoubleClickBeside",
+         &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetResetOnRightBottomLeftTopFrame(bool Value) {
+  Change(this, FResetOnRightBottomLeftTopFrame, Value, _sZoomResetOnRightBottomLeftTopFrame,
+         "ResetOnRightBottomLeftTopFrame", &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetShift(TShiftState& Field, TShiftState Other, TShiftState Value, TZyText Label,
+                               const char* PropName) {
+  if (Value == Other) throw EExternal(LoadResString(_sNoZoomPanEqual));
+  Change(this, Field, Value, Label, PropName, &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetZoomShift(TShiftState Value) {
+  SetShift(FZoomShift, FPanningShift, Value, _sZoomStartZoom, "StartZoom");
+}
+
+void TZyZoomSettings::SetPanningShift(TShiftState Value) {
+  SetShift(FPanningShift, FZoomShift, Value, _sZoomStartPanning, "StartPanning");
+}
+
+void TZyZoomSettings::SetHScrollbarVisible(bool Value) {
+  Change(this, FHScrollbarVisible, Value, _sZoomHScrollbarVisible, "HScrollbarVisible", &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetVScrollbarVisible(bool Value) {
+  Change(this, FVScrollbarVisible, Value, _sZoomVScrollbarVisible, "VScrollbarVisible", &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetScrollSmallIncrement(TZyScrollIncrement Value) {
+  Change(this, FScrollSmallIncrement, Value, _sZoomScrollSmallIncrement, "ScrollSmallIncrement",
+         &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetScrollLargeIncrement(TZyScrollIncrement Value) {
+  Change(this, FScrollLargeIncrement, Value, _sZoomScrollLargeIncrement, "ScrollLargeIncrement",
+         &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetWheelZoom(TZyWheelZoom Value) {
+  Change(this, FWheelZoom, Value, _sZoomWheelZoom, "WheelZoom", &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetTouchGestures(bool Value) {
+  Change(this, FTouchGestures, Value, _sZoomTouchGestures, "TouchGestures", &TZyZoomSettings::DoNothing);
+}
+
+void TZyZoomSettings::SetKeyboardZoom(bool Value) {
+  Change(this, FKeyboardZoom, Value, _sZoomKeyboardZoom, "KeyboardZoom", &TZyZoomSettings::DoNothing);
+}
+
+// --- The graph's ----------------------------------------------------------------------------------------------------
+
+const TNotifyEvent& TZyZoomSettings::OnBeginZoom() const { return FGraph.OnBeginZoom(); }
+void TZyZoomSettings::SetOnBeginZoom(TNotifyEvent Value) { FGraph.SetOnBeginZoom(std::move(Value)); }
+const TNotifyEvent& TZyZoomSettings::OnEndZoom() const { return FGraph.OnEndZoom(); }
+void TZyZoomSettings::SetOnEndZoom(TNotifyEvent Value) { FGraph.SetOnEndZoom(std::move(Value)); }
+const TNotifyEvent& TZyZoomSettings::OnBeginPanning() const { return FGraph.OnBeginPanning(); }
+void TZyZoomSettings::SetOnBeginPanning(TNotifyEvent Value) { FGraph.SetOnBeginPanning(std::move(Value)); }
+const TNotifyEvent& TZyZoomSettings::OnEndPanning() const { return FGraph.OnEndPanning(); }
+void TZyZoomSettings::SetOnEndPanning(TNotifyEvent Value) { FGraph.SetOnEndPanning(std::move(Value)); }
+
+void TZyZoomSettings::ZoomTo(TPoint TopLeft, TPoint BottomRight) { FGraph.ZoomTo(TopLeft, BottomRight); }
+void TZyZoomSettings::ZoomBack() { FGraph.ZoomBack(); }
+void TZyZoomSettings::RedoZoom() { FGraph.RedoZoom(); }
+void TZyZoomSettings::ZoomToStage(int Stage) { FGraph.ZoomToStage(Stage); }
+void TZyZoomSettings::ZoomReset() { FGraph.ZoomReset(); }
+bool TZyZoomSettings::CanZoomBack() const { return FGraph.GetCanZoomBack(); }
+bool TZyZoomSettings::CanRedoZoom() const { return FGraph.GetCanRedoZoom(); }
+int TZyZoomSettings::CurrentStage() const { return FGraph.GetCurrentZoomStage(); }
+int TZyZoomSettings::BufferSize() const { return FGraph.GetZoomBufferSize(); }
+
+}  // namespace zy
