@@ -193,6 +193,7 @@ class TZyGraph2D : public TZyCustomGraph {
  protected:
   void Notification(TComponent* AComponent, TOperation Operation) override;
   void BoundsChanged() override;
+  void PaintOverlay(Graphics& Gr) override;
 
  private:
   /// How solids turn the data area into a room: pixels from the front to the back, and where floor and side wall meet
@@ -245,7 +246,6 @@ class TZyGraph2D : public TZyCustomGraph {
   void TakeFrameEdges(const RectF& Frame, std::vector<TZoomRange>& Ranges) const;
   void TakeFramePoints(const RectF& Frame, std::vector<TZoomRange>& Ranges) const;
   void Fire(const TNotifyEvent& Event);
-  void PaintFrameOfZoom(Graphics& Gr) const;
   void InvalidateFrame();
   void EndFrame();
   void StartPan();

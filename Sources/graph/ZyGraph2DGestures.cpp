@@ -32,8 +32,8 @@ void TZyGraph2D::Fire(const TNotifyEvent& Event) {
 
 // --- Frame ----------------------------------------------------------------------------------------------------------
 
-/// The frame lies above the picture.
-void TZyGraph2D::PaintFrameOfZoom(Graphics& Gr) const {
+void TZyGraph2D::PaintOverlay(Graphics& Gr) {
+  TZyCustomGraph::PaintOverlay(Gr);
   if (!FZooming || FDragStart == FDragEnd) return;
   const auto Left = static_cast<float>(std::min(FDragStart.X, FDragEnd.X));
   const auto Top = static_cast<float>(std::min(FDragStart.Y, FDragEnd.Y));
@@ -46,8 +46,14 @@ void TZyGraph2D::PaintFrameOfZoom(Graphics& Gr) const {
   Gr.DrawRectangle(Dots, Left, Top, Width, Height);
 }
 
-/// Has the frame drawn, or what it covered.
-void TZyGraph2D::InvalidateFrame() { Invalidate(); }
+/// Has the lines of the frame drawn, or what they covered.
+void TZyGraph2D::InvalidateFrame() {
+  const int Left = std::min(FDragStart.X, FDragEnd.X), Right = std::max(FDragStart.X, FDragEnd.X);
+  const int Top = std::min(FDragStart.Y, FDragEnd.Y), Bottom = std::max(FDragStart.Y, FDragEnd.Y);
+  constexpr int Margin = 1;  // a line may touch the pixels beside its own
+  for (const int X : {Left, Right}) InvalidateOverlay({X - Margin, Top - Margin, X + Margin + 1, Bottom + Margin + 1});
+  for (const int Y : {Top, Bottom}) InvalidateOverlay({Left - Margin, Y - Margin, Right + Margin + 1, Y + Margin + 1});
+}
 
 // --- Pan ------------------------------------------------------------------------------------------------------------
 
@@ -114,6 +120,7 @@ void TZyGraph2D::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y)
       Fire(FOnBeginZoom);
     }
     if (GetCanZoomBack() && Shift == FZoom.StartPanning()) StartPan();
+    if (FZooming || FPanning) SetKeyCapture(FZoom.KeyboardZoom());
   }
   TZyCustomGraph::MouseDown(Button, Shift, X, Y);
 }
@@ -137,6 +144,7 @@ void TZyGraph2D::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
     EndFrame();
   }
   if (FPanning) EndPan();
+  SetKeyCapture(false);
   TZyCustomGraph::MouseUp(Button, Shift, X, Y);
 }
 

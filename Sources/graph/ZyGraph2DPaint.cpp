@@ -64,7 +64,6 @@ void TZyGraph2D::Paint(Graphics& Gr) {
   FLastClip = Clip;
   PaintGr(Gr);
   TZyCustomGraph::Paint(Gr);
-  PaintFrameOfZoom(Gr);
   if (DoRepaint) Invalidate();
 }
 

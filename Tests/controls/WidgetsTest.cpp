@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
+#include <QImage>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QPixmap>
 #include <QProcess>
 #include <QScreen>
 #include <QScrollBar>
@@ -76,6 +79,76 @@ TEST(PaintTest, OnlyWhatIsNeededIsPainted) {
   const QImage Shown = Panel.Widget()->grab().toImage();
   EXPECT_EQ(Shown.pixel(14, 15), White);
   EXPECT_EQ(Shown.pixel(15, 15), Red);
+}
+
+/// Draws a mark above itself.
+class TMarkedPanel : public TBoxPanel {
+ public:
+  using TBoxPanel::TBoxPanel;
+  using TWinControl::InvalidateOverlay;
+  int Mark = 10;
+
+ protected:
+  void PaintOverlay(Graphics& Canvas) override {
+    Canvas.FillRectangle(SolidBrush(Red), static_cast<float>(Mark), 10.0f, 5.0f, 5.0f);
+  }
+};
+
+TEST(PaintTest, AMarkAboveAControlMovesWithoutAPaint) {
+  TLog Log;
+  TForm Form;
+  TMarkedPanel Panel(&Form, Log, "p", White);
+  Form.SetBounds(0, 0, 200, 100);
+  Panel.SetParent(&Form);
+  Panel.SetAlign(alClient);
+  Form.Show();
+  HandleEvents();
+  const auto Shown = [&](int X) { return Panel.Widget()->grab().toImage().pixel(X, 12); };
+  const auto MoveMark = [&](int To) {
+    Panel.InvalidateOverlay({Panel.Mark, 10, Panel.Mark + 5, 15});
+    Panel.Mark = To;
+    Panel.InvalidateOverlay({To, 10, To + 5, 15});
+  };
+  MoveMark(50);
+  HandleEvents();
+  Panel.Boxes.clear();
+  MoveMark(100);
+  HandleEvents();
+  EXPECT_TRUE(Panel.Boxes.empty());
+  EXPECT_EQ(Shown(102), Red);
+  EXPECT_EQ(Shown(52), White);
+  MoveMark(20);
+  Panel.Invalidate();  // the control itself too
+  HandleEvents();
+  EXPECT_FALSE(Panel.Boxes.empty());
+}
+
+/// On a screen of a fractional scale the edges of a part lie inside stored pixels.
+TEST(PaintTest, PartsFitTogetherAtFractionalScales) {
+  TLog Log;
+  TForm Form;
+  TTold<TCustomPanel> Panel(&Form, Log, "p", 0x80FF0000);
+  TTold<TGraphicControl> Inner(&Form, Log, "i", 0xFF00FF00);
+  Panel.SetBounds(0, 0, 101, 67);
+  Inner.SetBounds(13, 7, 61, 43);
+  Inner.SetParent(&Panel);
+  for (const double Scale : {1.25, 1.5, 1.75}) {
+    QImage Whole(QSizeF(101 * Scale, 67 * Scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    Whole.setDevicePixelRatio(Scale);
+    Whole.fill(Qt::white);
+    Panel.Widget()->render(&Whole, {}, {}, QWidget::DrawChildren);
+    QImage Parts = Whole;
+    for (int Step = 0; Step < 300; ++Step) {
+      const QRect Part(Step * 7 % 97, Step * 11 % 61, 1 + Step % 23, 1 + Step % 17);
+      QPainter Painter(&Parts);
+      Painter.setCompositionMode(QPainter::CompositionMode_Source);
+      Painter.setClipRect(Part);
+      Painter.fillRect(Part, Qt::white);
+      Painter.end();
+      Panel.Widget()->render(&Parts, Part.topLeft(), Part, QWidget::DrawChildren);
+    }
+    EXPECT_EQ(Parts, Whole) << Scale;
+  }
 }
 
 TEST(PaintTest, PicturesHoldTheInnerWindowsToo) {

@@ -4,10 +4,12 @@
 #include <QImage>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QRegion>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 #include <QWidget>
 #include <algorithm>
+#include <cmath>
 #include <exception>
 #include <utility>
 
@@ -123,6 +125,12 @@ ZY_PUBLISHED(TWinControl, TControl, Published<&TWinControl::TabStop, &TWinContro
              Published<&TWinControl::OnKeyPress, &TWinControl::SetOnKeyPress>("OnKeyPress"),
              Published<&TWinControl::OnEnter, &TWinControl::SetOnEnter>("OnEnter"),
              Published<&TWinControl::OnExit, &TWinControl::SetOnExit>("OnExit"))
+
+/// What has to be painted before the screen shows the control as it is.
+struct TWinControl::TDamage {
+  QRegion Picture;  // the control itself
+  QRegion Overlay;  // what lies above it
+};
 
 TWinControl::TWinControl(TComponent* Owner) : TControl(Owner) {}
 
@@ -256,7 +264,7 @@ bool TWinControl::WidgetEvent(QEvent& Event) {
   switch (Event.type()) {
     case QEvent::Paint:
       if (!FPainted) return false;
-      PaintWidget(static_cast<QPaintEvent&>(Event).rect());
+      PaintWidget(static_cast<QPaintEvent&>(Event).region());
       return true;
     case QEvent::Resize:
     case QEvent::Move: {
@@ -294,30 +302,19 @@ bool TWinControl::WidgetEvent(QEvent& Event) {
 // --- Painting -------------------------------------------------------------------------------------------------------
 
 /// Paints into a picture first, which Graphics can draw on faster than on a widget, and shows it in one step.
-void TWinControl::PaintWidget(const QRect& Exposed) {
+void TWinControl::PaintWidget(const QRegion& Exposed) {
   const TBehindIsDrawn Behind;  // by the toolkit, widget by widget
-  const TRect Box{Exposed.x(), Exposed.y(), Exposed.x() + Exposed.width(), Exposed.y() + Exposed.height()};
   QPainter Screen(FWidget);
-  const auto PaintOn = [&](QPainter& Painter) {
-    Graphics Canvas(Painter);
-    Canvas.SetClip(ToRectF(Box.Left, Box.Top, Box.Width(), Box.Height()));
-    PaintAll(Canvas, Box, nullptr);
-  };
   if (!FDoubleBuffered) {
-    PaintOn(Screen);
+    const QRect Part = Exposed.boundingRect();
+    PaintPart(Screen, ToRectF(Part.x(), Part.y(), Part.width(), Part.height()));
   } else {
-    const qreal Ratio = std::max(FWidget->devicePixelRatioF(), Screen.deviceTransform().m11());
-    const QSize Stored = (QSizeF(Exposed.size()) * Ratio).toSize().expandedTo(QSize(1, 1));
-    if (FPicture == nullptr || FPicture->size() != Stored)
-      FPicture = std::make_unique<QImage>(Stored, QImage::Format_ARGB32_Premultiplied);
-    FPicture->setDevicePixelRatio(Ratio);
-    FPicture->fill(0);
-    {
-      QPainter Painter(FPicture.get());
-      Painter.translate(-Exposed.topLeft());
-      PaintOn(Painter);
-    }
-    Screen.drawImage(Exposed.topLeft(), *FPicture);
+    BringPictureUpToDate(Exposed, std::max(FWidget->devicePixelRatioF(), Screen.deviceTransform().m11()));
+    Screen.drawImage(0, 0, *FPicture);
+  }
+  {
+    Graphics Canvas(Screen);
+    PaintOverlay(Canvas);
   }
   if (FFocusShown && FWidget->hasFocus()) {
     QStyleOptionFocusRect Option;
@@ -327,8 +324,58 @@ void TWinControl::PaintWidget(const QRect& Exposed) {
   }
 }
 
+/// Part is in logical pixels.
+void TWinControl::PaintPart(QPainter& Painter, const RectF& Part) {
+  const auto Low = [](float Value) { return static_cast<int>(std::floor(Value)); };
+  const auto High = [](float Value) { return static_cast<int>(std::ceil(Value)); };
+  Graphics Canvas(Painter);
+  Canvas.SetClip(Part);
+  PaintAll(Canvas, {Low(Part.X), Low(Part.Y), High(Part.X + Part.Width), High(Part.Y + Part.Height)}, nullptr);
+}
+
+/// The picture has Ratio stored pixels for a logical one. The part to paint grows to whole stored pixels, so that
+/// nothing of an old picture remains at its edges.
+void TWinControl::BringPictureUpToDate(const QRegion& Exposed, qreal Ratio) {
+  const QSizeF Extent = QSizeF(FWidget->size()) * Ratio;
+  const QSize Stored = QSize(static_cast<int>(std::ceil(Extent.width())), static_cast<int>(std::ceil(Extent.height())))
+                           .expandedTo(QSize(1, 1));
+  const bool IsNew = FPicture == nullptr || FPicture->size() != Stored || FPicture->devicePixelRatio() != Ratio;
+  if (!IsNew && FDamage != nullptr) {
+    const bool IsOverlay = Exposed.subtracted(FDamage->Overlay).isEmpty() && !Exposed.intersects(FDamage->Picture);
+    FDamage->Overlay -= Exposed;
+    FDamage->Picture -= Exposed;
+    if (IsOverlay) return;
+  }
+  if (IsNew) FPicture = std::make_unique<QImage>(Stored, QImage::Format_ARGB32_Premultiplied);
+  const QRect Part = IsNew ? FWidget->rect() : Exposed.boundingRect();
+  const QRectF Scaled(Part.x() * Ratio, Part.y() * Ratio, Part.width() * Ratio, Part.height() * Ratio);
+  const QRect Pixels = Scaled.toAlignedRect().intersected(FPicture->rect());
+  FPicture->setDevicePixelRatio(1);
+  {
+    QPainter Eraser(FPicture.get());
+    Eraser.setCompositionMode(QPainter::CompositionMode_Clear);
+    Eraser.fillRect(Pixels, Qt::transparent);
+  }
+  FPicture->setDevicePixelRatio(Ratio);
+  QPainter Painter(FPicture.get());
+  PaintPart(Painter, RectF{static_cast<float>(Pixels.x() / Ratio), static_cast<float>(Pixels.y() / Ratio),
+                           static_cast<float>(Pixels.width() / Ratio), static_cast<float>(Pixels.height() / Ratio)});
+}
+
+void TWinControl::InvalidateOverlay(const TRect& Box) {
+  if (FWidget == nullptr) return;
+  if (FDamage == nullptr) {  // what waits to be painted was not counted so far
+    FDamage = std::make_unique<TDamage>();
+    InvalidateBox();
+  }
+  const QRect Part(Box.Left, Box.Top, Box.Width(), Box.Height());
+  FDamage->Overlay += Part;
+  FWidget->update(Part);
+}
+
 void TWinControl::PaintTo(Graphics& Canvas) {
   PaintAll(Canvas, ClientRect(), nullptr);
+  PaintOverlay(Canvas);
   const TBehindIsDrawn Behind;  // for the inner controls, by now
   for (TControl* Control : std::vector(FControls)) {
     auto* const Inner = dynamic_cast<TWinControl*>(Control);
@@ -403,8 +450,12 @@ bool TWinControl::WMEraseBkgnd(Graphics& Canvas) {
 
 void TWinControl::Paint(Graphics&) {}
 
+void TWinControl::PaintOverlay(Graphics&) {}
+
 void TWinControl::Repaint() {
-  if (FWidget != nullptr) FWidget->repaint();
+  if (FWidget == nullptr) return;
+  NoteDamage(FWidget->rect());
+  FWidget->repaint();
 }
 
 void TWinControl::Update() {
@@ -421,15 +472,25 @@ void TWinControl::SetDoubleBuffered(bool Value) {
 }
 
 void TWinControl::InvalidateBox() {
-  if (FWidget != nullptr) FWidget->update();
+  if (FWidget == nullptr) return;
+  NoteDamage(FWidget->rect());
+  FWidget->update();
 }
 
 void TWinControl::InvalidateBox(int Left, int Top, int Width, int Height) {
-  if (FWidget != nullptr) FWidget->update(Left, Top, Width, Height);
+  if (FWidget == nullptr) return;
+  NoteDamage({Left, Top, Width, Height});
+  FWidget->update(Left, Top, Width, Height);
 }
 
 void TWinControl::RepaintBox(int Left, int Top, int Width, int Height) {
-  if (FWidget != nullptr) FWidget->repaint(Left, Top, Width, Height);
+  if (FWidget == nullptr) return;
+  NoteDamage({Left, Top, Width, Height});
+  FWidget->repaint(Left, Top, Width, Height);
+}
+
+void TWinControl::NoteDamage(const QRect& Part) {
+  if (FDamage != nullptr) FDamage->Picture += Part;
 }
 
 void TWinControl::ApplyBounds() {
@@ -496,6 +557,15 @@ bool TWinControl::CanFocus() const {
 void TWinControl::SetFocus() {
   if (!CanFocus()) throw EInvalidOperation(Format(LoadResString(_sCannotFocus), {Name()}));
   if (FWidget != nullptr) FWidget->setFocus();
+}
+
+void TWinControl::SetKeyCapture(bool Value) {
+  if (FWidget == nullptr || (QWidget::keyboardGrabber() == FWidget) == Value) return;
+  if (Value) {
+    FWidget->grabKeyboard();
+  } else {
+    FWidget->releaseKeyboard();
+  }
 }
 
 void TWinControl::ReleaseFocus() {

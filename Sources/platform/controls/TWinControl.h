@@ -10,7 +10,9 @@
 
 class QEvent;
 class QImage;
+class QPainter;
 class QRect;
+class QRegion;
 class QWidget;
 
 namespace zy {
@@ -65,6 +67,8 @@ class TWinControl : public TControl {
   void SetFocus();
   /// Gives the keyboard away, to nobody.
   void ReleaseFocus();
+  /// Has all keys come to the control, whatever has the keyboard, as during a gesture of the mouse.
+  void SetKeyCapture(bool Value);
   bool CanFocus() const;
   bool Focused() const;
 
@@ -90,6 +94,10 @@ class TWinControl : public TControl {
   virtual bool WMEraseBkgnd(Graphics& Canvas);
   /// Paints the control itself, below its graphic controls.
   virtual void Paint(Graphics& Canvas);
+  /// Draws what lies above the control and its graphic controls for a moment, such as a frame that the mouse drags.
+  /// Where only this changes (InvalidateOverlay), the control itself is not painted again: its last picture is shown.
+  virtual void PaintOverlay(Graphics& Canvas);
+  void InvalidateOverlay(const TRect& Box);
   /// The part of the control that the present paint is for; all of it unless the screen needs less.
   const TRect& PaintBox() const { return FPaintBox; }
   /// Told when the keyboard comes and goes.
@@ -129,7 +137,11 @@ class TWinControl : public TControl {
   void InvalidateBox(int Left, int Top, int Width, int Height);
   void RepaintBox(int Left, int Top, int Width, int Height);
   void DestroyWidget();
-  void PaintWidget(const QRect& Exposed);
+  struct TDamage;
+  void PaintWidget(const QRegion& Exposed);
+  void PaintPart(QPainter& Painter, const RectF& Part);
+  void BringPictureUpToDate(const QRegion& Exposed, double Ratio);
+  void NoteDamage(const QRect& Part);
   void PaintAll(Graphics& Canvas, const TRect& Box, const TControl* UpTo);
   void PaintChild(TControl& Control, Graphics& Canvas) const;
   void NoteFocus(QEvent& Event);
@@ -137,7 +149,8 @@ class TWinControl : public TControl {
   std::vector<TControl*> FControls;
   QWidget* FWidget = nullptr;  // the link clears it when the widget dies
   std::unique_ptr<TWidgetLink> FLink;
-  std::unique_ptr<QImage> FPicture;  // of the part that was painted last
+  std::unique_ptr<QImage> FPicture;  // of the whole control, without what lies above
+  std::unique_ptr<TDamage> FDamage;  // counted once there is something above
   TRect FPaintBox;
   bool FPainted = false;  // the widget shows what Paint draws
   bool FDoubleBuffered = true;
