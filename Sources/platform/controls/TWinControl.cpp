@@ -8,6 +8,7 @@
 #include <QStyleOptionFocusRect>
 #include <QWidget>
 #include <algorithm>
+#include <cmath>
 #include <exception>
 #include <utility>
 
@@ -116,7 +117,8 @@ class TWinControl::TWidgetLink : public QObject {
   TWinControl* FControl;
 };
 
-ZY_PUBLISHED(TWinControl, TControl, Published<&TWinControl::TabStop, &TWinControl::SetTabStop>("TabStop", false),
+ZY_PUBLISHED(TWinControl, TControl, Published<&TWinControl::TabOrder, &TWinControl::SetTabOrder>("TabOrder", -1),
+             Published<&TWinControl::TabStop, &TWinControl::SetTabStop>("TabStop", false),
              Published<&TWinControl::DoubleBuffered, &TWinControl::SetDoubleBuffered>("DoubleBuffered", true),
              Published<&TWinControl::OnKeyDown, &TWinControl::SetOnKeyDown>("OnKeyDown"),
              Published<&TWinControl::OnKeyUp, &TWinControl::SetOnKeyUp>("OnKeyUp"),
@@ -144,11 +146,14 @@ void TWinControl::SetParent(TWinControl* Value) {
   if (Value == Parent()) return;
   Inherited::SetParent(Value);
   DestroyWidget();
-  if (Value != nullptr && Value->HasWidget()) Widget();
+  if (Value == nullptr || !Value->HasWidget()) return;
+  Widget();
+  Value->ApplyTabOrder();
 }
 
 void TWinControl::InsertControl(TControl* Control) {
   FControls.push_back(Control);
+  if (auto* const Inner = dynamic_cast<TWinControl*>(Control)) FTabList.push_back(Inner);
   Control->FParent = this;
   Control->Invalidate();
 }
@@ -157,6 +162,7 @@ void TWinControl::RemoveControl(TControl* Control) {
   if (Control->FVisible) InvalidateBox(Control->FLeft, Control->FTop, Control->FWidth, Control->FHeight);
   if (Control->MouseCapture()) ReleaseCapture();
   std::erase(FControls, Control);
+  std::erase_if(FTabList, [Control](const TControl* Inner) { return Inner == Control; });
   Control->FParent = nullptr;
   if (Control->FAlign != alNone && !IsDestroying()) AlignControls();
 }
@@ -222,6 +228,7 @@ QWidget* TWinControl::Widget() {
   ApplyHint();
   for (TControl* Control : std::vector(FControls))
     if (auto* const Inner = dynamic_cast<TWinControl*>(Control)) Inner->Widget();
+  ApplyTabOrder();
   ApplyVisible();
   return FWidget;
 }
@@ -279,6 +286,10 @@ bool TWinControl::WidgetEvent(QEvent& Event) {
     }
     case QEvent::ToolTip:
       return DispatchToolTip(*this, Event);
+    case QEvent::ContextMenu:
+      return DispatchContextMenu(*this, static_cast<QContextMenuEvent&>(Event));
+    case QEvent::ShortcutOverride:
+      return DispatchShortCutOverride(*this, static_cast<QKeyEvent&>(Event));
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
       return DispatchKey(*this, static_cast<QKeyEvent&>(Event));
@@ -294,30 +305,39 @@ bool TWinControl::WidgetEvent(QEvent& Event) {
 // --- Painting -------------------------------------------------------------------------------------------------------
 
 /// Paints into a picture first, which Graphics can draw on faster than on a widget, and shows it in one step.
+///
+/// What is painted reaches out to whole pixels of the device: on a screen with a fractional scale a logical pixel ends
+/// within one of them, and a picture that ended there too would leave a seam.
 void TWinControl::PaintWidget(const QRect& Exposed) {
   const TBehindIsDrawn Behind;  // by the toolkit, widget by widget
-  const TRect Box{Exposed.x(), Exposed.y(), Exposed.x() + Exposed.width(), Exposed.y() + Exposed.height()};
   QPainter Screen(FWidget);
+  const QTransform ToDevice = Screen.deviceTransform();
+  const QRect Pixels = ToDevice.mapRect(QRectF(Exposed)).toAlignedRect();
+  const QRectF Clip = ToDevice.inverted().mapRect(QRectF(Pixels));
+  const QRect Outer = Clip.toAlignedRect().intersected(FWidget->rect());
+  const TRect Box{Outer.left(), Outer.top(), Outer.right() + 1, Outer.bottom() + 1};
   const auto PaintOn = [&](QPainter& Painter) {
     Graphics Canvas(Painter);
-    Canvas.SetClip(ToRectF(Box.Left, Box.Top, Box.Width(), Box.Height()));
+    Canvas.SetClip(RectF{static_cast<float>(Clip.x()), static_cast<float>(Clip.y()), static_cast<float>(Clip.width()),
+                         static_cast<float>(Clip.height())});
     PaintAll(Canvas, Box, nullptr);
   };
   if (!FDoubleBuffered) {
     PaintOn(Screen);
   } else {
-    const qreal Ratio = std::max(FWidget->devicePixelRatioF(), Screen.deviceTransform().m11());
-    const QSize Stored = (QSizeF(Exposed.size()) * Ratio).toSize().expandedTo(QSize(1, 1));
-    if (FPicture == nullptr || FPicture->size() != Stored)
-      FPicture = std::make_unique<QImage>(Stored, QImage::Format_ARGB32_Premultiplied);
-    FPicture->setDevicePixelRatio(Ratio);
+    if (FPicture == nullptr || FPicture->size() != Pixels.size())
+      FPicture = std::make_unique<QImage>(Pixels.size().expandedTo(QSize(1, 1)), QImage::Format_ARGB32_Premultiplied);
     FPicture->fill(0);
     {
       QPainter Painter(FPicture.get());
-      Painter.translate(-Exposed.topLeft());
+      // By whole pixels, not by logical ones: what lies halfway between two pixels is rounded alike in every part.
+      Painter.setTransform(ToDevice * QTransform::fromTranslate(-Pixels.x(), -Pixels.y()));
       PaintOn(Painter);
     }
-    Screen.drawImage(Exposed.topLeft(), *FPicture);
+    Screen.save();
+    Screen.setTransform(ToDevice.inverted());  // pixel upon pixel
+    Screen.drawImage(Pixels.topLeft(), *FPicture);
+    Screen.restore();
   }
   if (FFocusShown && FWidget->hasFocus()) {
     QStyleOptionFocusRect Option;
@@ -425,11 +445,19 @@ void TWinControl::InvalidateBox() {
 }
 
 void TWinControl::InvalidateBox(int Left, int Top, int Width, int Height) {
-  if (FWidget != nullptr) FWidget->update(Left, Top, Width, Height);
+  if (FWidget != nullptr) FWidget->update(ToScreenBox(Left, Top, Width, Height));
 }
 
 void TWinControl::RepaintBox(int Left, int Top, int Width, int Height) {
-  if (FWidget != nullptr) FWidget->repaint(Left, Top, Width, Height);
+  if (FWidget != nullptr) FWidget->repaint(ToScreenBox(Left, Top, Width, Height));
+}
+
+/// The box to paint for a changed one: with a fractional scale one more all around, so that it holds every pixel of the
+/// screen that the changed one touches, whichever way the toolkit rounds.
+QRect TWinControl::ToScreenBox(int Left, int Top, int Width, int Height) const {
+  const qreal Ratio = FWidget->devicePixelRatioF();
+  const int More = Ratio == std::floor(Ratio) ? 0 : 1;
+  return QRect(Left, Top, Width, Height).adjusted(-More, -More, More, More);
 }
 
 void TWinControl::ApplyBounds() {
@@ -477,63 +505,6 @@ std::string TWinControl::AccessibleName() const {
 
 void TWinControl::ApplyAccessibleName() {
   if (FWidget != nullptr) FWidget->setAccessibleName(QString::fromStdString(AccessibleName()));
-}
-
-// --- Keyboard -------------------------------------------------------------------------------------------------------
-
-void TWinControl::SetTabStop(bool Value) {
-  if (Value == FTabStop) return;
-  FTabStop = Value;
-  ApplyStyle();
-}
-
-bool TWinControl::CanFocus() const {
-  for (const TControl* Outer = this; Outer != nullptr; Outer = Outer->Parent())
-    if (!Outer->Visible() || !Outer->Enabled()) return false;
-  return true;
-}
-
-void TWinControl::SetFocus() {
-  if (!CanFocus()) throw EInvalidOperation(Format(LoadResString(_sCannotFocus), {Name()}));
-  if (FWidget != nullptr) FWidget->setFocus();
-}
-
-bool TWinControl::Focused() const { return FWidget != nullptr && FWidget->hasFocus(); }
-
-/// The frame that shows the keyboard's place is for those who came by keyboard.
-void TWinControl::NoteFocus(QEvent& Event) {
-  const Qt::FocusReason Reason = static_cast<QFocusEvent&>(Event).reason();
-  if (Reason == Qt::PopupFocusReason || Reason == Qt::MenuBarFocusReason) return;
-  const bool Comes = Event.type() == QEvent::FocusIn;
-  if (Comes) ApplyAccessibleName();
-  FFocusShown =
-      Comes && (Reason == Qt::TabFocusReason || Reason == Qt::BacktabFocusReason || Reason == Qt::ShortcutFocusReason);
-  InvalidateBox();
-  if (Comes) {
-    DoEnter();
-  } else {
-    DoExit();
-  }
-}
-
-void TWinControl::DoEnter() {
-  if (const TNotifyEvent Event = FOnEnter) Event(this);
-}
-
-void TWinControl::DoExit() {
-  if (const TNotifyEvent Event = FOnExit) Event(this);
-}
-
-void TWinControl::KeyDown(TKey& Key, TShiftState Shift) {
-  if (const TKeyEvent Event = FOnKeyDown) Event(this, Key, Shift);
-}
-
-void TWinControl::KeyUp(TKey& Key, TShiftState Shift) {
-  if (const TKeyEvent Event = FOnKeyUp) Event(this, Key, Shift);
-}
-
-void TWinControl::KeyPress(char32_t& Key) {
-  if (const TKeyPressEvent Event = FOnKeyPress) Event(this, Key);
 }
 
 }  // namespace zy
