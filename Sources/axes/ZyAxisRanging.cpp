@@ -37,7 +37,8 @@ void TZyAxis::SetStopEnd(TZyAxisEnd Value) {
   if (Value == FStopEnd) return;
   const TAxisUndoGroup Group(*this, _sAxisStopEnd, {"Start", "Stop", "StartEnd", "StopEnd"});
   FStopEnd = Value;
-  if (Value == TZyAxisEnd::MovingSlit && !IsLoading()) FStartEnd = TZyAxisEnd::Fixed;
+  // An undo brings the start back by itself.
+  if (Value == TZyAxisEnd::MovingSlit && !IsLoading() && !Restoring()) FStartEnd = TZyAxisEnd::Fixed;
   if (Value == TZyAxisEnd::AutoRange || Value == TZyAxisEnd::MovingSlit) {
     RangeModified();
   } else {
