@@ -37,7 +37,7 @@ void TZyAxis::SetStopEnd(TZyAxisEnd Value) {
   if (Value == FStopEnd) return;
   const TAxisUndoGroup Group(*this, _sAxisStopEnd, {"Start", "Stop", "StartEnd", "StopEnd"});
   FStopEnd = Value;
-  if (Value == TZyAxisEnd::MovingSlit && !IsLoading()) {
+  if (Value == TZyAxisEnd::MovingSlit && !IsLoading() && !Restoring()) {  // an undo brings the rest back by itself
     FStartEnd = TZyAxisEnd::Fixed;
     EndUserZoom();
   }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QBackingStore>
 #include <QElapsedTimer>
 #include <QImage>
 #include <QKeyEvent>
@@ -11,6 +12,7 @@
 #include <QStyle>
 #include <QStyleOptionSlider>
 #include <QWheelEvent>
+#include <cmath>
 #include <memory>
 #include <set>
 #include <stdexcept>
@@ -121,34 +123,6 @@ TEST(PaintTest, AMarkAboveAControlMovesWithoutAPaint) {
   Panel.Invalidate();  // the control itself too
   HandleEvents();
   EXPECT_FALSE(Panel.Boxes.empty());
-}
-
-/// On a screen of a fractional scale the edges of a part lie inside stored pixels.
-TEST(PaintTest, PartsFitTogetherAtFractionalScales) {
-  TLog Log;
-  TForm Form;
-  TTold<TCustomPanel> Panel(&Form, Log, "p", 0x80FF0000);
-  TTold<TGraphicControl> Inner(&Form, Log, "i", 0xFF00FF00);
-  Panel.SetBounds(0, 0, 101, 67);
-  Inner.SetBounds(13, 7, 61, 43);
-  Inner.SetParent(&Panel);
-  for (const double Scale : {1.25, 1.5, 1.75}) {
-    QImage Whole(QSizeF(101 * Scale, 67 * Scale).toSize(), QImage::Format_ARGB32_Premultiplied);
-    Whole.setDevicePixelRatio(Scale);
-    Whole.fill(Qt::white);
-    Panel.Widget()->render(&Whole, {}, {}, QWidget::DrawChildren);
-    QImage Parts = Whole;
-    for (int Step = 0; Step < 300; ++Step) {
-      const QRect Part(Step * 7 % 97, Step * 11 % 61, 1 + Step % 23, 1 + Step % 17);
-      QPainter Painter(&Parts);
-      Painter.setCompositionMode(QPainter::CompositionMode_Source);
-      Painter.setClipRect(Part);
-      Painter.fillRect(Part, Qt::white);
-      Painter.end();
-      Panel.Widget()->render(&Parts, Part.topLeft(), Part, QWidget::DrawChildren);
-    }
-    EXPECT_EQ(Parts, Whole) << Scale;
-  }
 }
 
 TEST(PaintTest, PicturesHoldTheInnerWindowsToo) {
@@ -262,19 +236,83 @@ TEST(HiDpiTest, DISABLED_LineOnDenseScreen) {
   for (int Y = 0; Y < Shown.height(); ++Y) ASSERT_EQ(Shown.pixel(50, Y), Y == 10 || Y == 11 ? 0xFF000000 : White) << Y;
 }
 
-TEST(HiDpiTest, LinesAreSharpOnDenseScreens) {
+/// Slanted smooth lines, at an odd place of the form, above a child that draws the same.
+class TSlanted : public TCustomPanel {
+ public:
+  using TCustomPanel::TCustomPanel;
+  ARGB Ink = 0xFF000000;
+
+ protected:
+  void Paint(Graphics& Canvas) override {
+    Canvas.FillRectangle(SolidBrush(White), 0, 0, static_cast<float>(Width()), static_cast<float>(Height()));
+    Canvas.SetSmoothingMode(SmoothingModeAntiAlias);
+    for (int X = -200; X < 200; X += 7)
+      Canvas.DrawLine(Pen(Ink, 1.3F), static_cast<float>(X), 0, static_cast<float>(X + 190), 171);
+  }
+};
+
+/// Runs in a process of its own whose screen has a fractional number of pixels for each logical one; see below.
+TEST(HiDpiTest, DISABLED_PartsOnFractionalScreen) {
+  TLog Log;
+  TForm Form;
+  TSlanted Ground(&Form), Inner(&Form);
+  TTold<TGraphicControl> Mark(&Form, Log, "m", Red);
+  Form.SetBounds(0, 0, 230, 210);
+  Ground.SetBounds(7, 9, 201, 183);
+  Ground.SetParent(&Form);
+  Inner.SetBounds(101, 51, 61, 67);
+  Inner.SetParent(&Ground);
+  Mark.SetBounds(3, 3, 9, 9);
+  Mark.SetParent(&Ground);
+  Form.Show();
+  HandleEvents();
+  const qreal Ratio = Form.Widget()->devicePixelRatioF();
+  ASSERT_NE(Ratio, std::floor(Ratio));
+  const QSize Pixels = (QSizeF(230, 210) * Ratio).toSize();
+  const auto Screenshot = [&] {
+    HandleEvents();
+    return static_cast<QImage*>(Form.Widget()->backingStore()->paintDevice())->copy();  // what the window shows
+  };
+  for (const bool Buffered : {true, false}) {
+    Ground.SetDoubleBuffered(Buffered);
+    Inner.SetDoubleBuffered(Buffered);
+    Ground.Widget()->repaint();
+    for (int Step = 0; Step < 40; ++Step) {
+      // Parts exposed as by a window that moved away, then a control that moves by odd steps.
+      Ground.Widget()->repaint(QRect(Step * 5 % 160, Step * 7 % 150, 1 + Step % 23, 1 + Step % 19));
+      Mark.SetBounds(3 + Step * 11 % 170, 3 + Step * 13 % 150, 9 + Step % 4, 9 + Step % 3);
+      const QImage ByParts = Screenshot();
+      Form.Widget()->repaint();
+      const QImage Whole = Screenshot();
+      ASSERT_EQ(ByParts.size(), Pixels);
+      ASSERT_NE(ByParts.pixel(Pixels.width() - 2, Pixels.height() - 2), 0U) << "the form's ground, far right";
+      int Differ = 0;
+      for (int Y = 0; Y < Whole.height(); ++Y)
+        for (int X = 0; X < Whole.width(); ++X) Differ += ByParts.pixel(X, Y) != Whole.pixel(X, Y);
+      ASSERT_EQ(Differ, 0) << "step " << Step << (Buffered ? ", buffered" : "");
+    }
+  }
+}
+
+void RunAtScale(const char* Factor, const char* Name) {
   QProcess Child;
   QProcessEnvironment Environment = QProcessEnvironment::systemEnvironment();
-  Environment.insert("QT_SCALE_FACTOR", "2");
+  Environment.insert("QT_SCALE_FACTOR", Factor);
   Environment.insert("QT_QPA_PLATFORM", "offscreen");
   Child.setProcessEnvironment(Environment);
   Child.setProcessChannelMode(QProcess::MergedChannels);
   Child.start(QCoreApplication::applicationFilePath(),
-              {"--gtest_also_run_disabled_tests", "--gtest_filter=HiDpiTest.DISABLED_LineOnDenseScreen"});
+              {"--gtest_also_run_disabled_tests", QString("--gtest_filter=HiDpiTest.DISABLED_") + Name});
   ASSERT_TRUE(Child.waitForFinished(60000));
   const std::string Output = Child.readAll().toStdString();
   EXPECT_EQ(Child.exitCode(), 0) << Output;
   EXPECT_NE(Output.find("1 test from"), std::string::npos) << Output;
+}
+
+TEST(HiDpiTest, LinesAreSharpOnDenseScreens) { RunAtScale("2", "LineOnDenseScreen"); }
+
+TEST(HiDpiTest, PartsFitIntoTheWholeOnFractionalScreens) {
+  for (const char* Factor : {"1.25", "1.5", "1.1", "2.75"}) RunAtScale(Factor, "PartsOnFractionalScreen");
 }
 
 // --- Scroll bars ----------------------------------------------------------------------------------------------------
@@ -423,6 +461,35 @@ TEST(LabelTest, SizeAndPlaceFollowTheText) {
   Label.SetBounds(0, 0, 200, 20);
   Label.SetAutoSize(true);
   EXPECT_EQ(Label.BoundsRect().Right, 200) << "the aligned edge stays";
+}
+
+TEST(LabelTest, LinesBreakBetweenWords) {
+  TLabel Label;
+  Label.SetCaption("HH");
+  const int Word = Label.Width();
+  const int OneLine = Label.Height();
+  struct TCase {
+    const char* Caption;
+    double Words;  // room for so many
+    int Lines;
+  };
+  for (const TCase& Case : {TCase{"HH HH HH HH", 2.5, 2}, TCase{"HH HH HH HH", 1.2, 4}, TCase{"HH HH HH HH", 9, 1},
+                            TCase{"HHHH HH", 1.2, 2}, TCase{"HH   HH", 1.1, 2}, TCase{"HH    ", 1.1, 1},
+                            TCase{"HH HH\n\nHH", 9, 3}, TCase{"   HHHH", 1.1, 1}, TCase{"HH HH", 0, 2}}) {
+    Label.SetWordWrap(false);
+    Label.SetCaption("");
+    Label.SetWordWrap(true);
+    Label.SetBounds(0, 0, static_cast<int>(Word * Case.Words), 5);
+    Label.SetCaption(Case.Caption);
+    EXPECT_NEAR(Label.Height(), Case.Lines * OneLine, Case.Lines) << Case.Caption << ' ' << Case.Words;
+    EXPECT_EQ(Label.Width(), static_cast<int>(Word * Case.Words));
+  }
+  Label.SetCaption("HH HH");
+  Label.SetWidth(Word + 2);
+  EXPECT_NEAR(Label.Height(), 2 * OneLine, 2) << "fits the height to a new width";
+  const TRect Ink = InkOf(Label);
+  EXPECT_LE(Ink.Right, Word + 1);
+  EXPECT_GT(Ink.Bottom, OneLine);
 }
 
 TEST(FormTest, EventsOfItsLife) {

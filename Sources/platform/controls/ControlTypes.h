@@ -79,6 +79,9 @@ using TMouseMoveEvent = std::function<void(TObject* Sender, TShiftState Shift, i
 /// WheelDelta is 120 for a notch away from the user. Unless Handled is set, the wheel goes on to the parent.
 using TMouseWheelEvent =
     std::function<void(TObject* Sender, TShiftState Shift, int WheelDelta, int X, int Y, bool& Handled)>;
+/// Runs when the right button or the menu key asks for a menu at a place in the control, -1, -1 for the key. Setting
+/// Handled keeps the menu away.
+using TContextPopupEvent = std::function<void(TObject* Sender, TPoint Place, bool& Handled)>;
 /// Setting Key to 0 uses it up.
 using TKeyEvent = std::function<void(TObject* Sender, TKey& Key, TShiftState Shift)>;
 using TKeyPressEvent = std::function<void(TObject* Sender, char32_t& Key)>;

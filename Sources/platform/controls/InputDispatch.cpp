@@ -1,17 +1,22 @@
 #include "platform/controls/InputDispatch.h"
 
+#include <QContextMenuEvent>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QMouseEvent>
+#include <QStyleHints>
 #include <QToolTip>
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <optional>
 #include <utility>
 
 #include "platform/controls/TGraphicControl.h"
+#include "platform/controls/TPopupMenu.h"
 #include "platform/controls/TWinControl.h"
 
 namespace zy {
@@ -33,6 +38,8 @@ class TControlMark {
 TControlMark Captured;  // gets all mouse events
 TControlMark Hovered;   // was told that the mouse entered
 TControlMark Clicked;   // got the press of a click
+TControlMark Asked;     // got the press of the right button
+TPoint AskedPlace;      // on the desktop
 std::optional<TPoint> EventPlace;
 
 TPoint ToPoint(QPointF Place) {
@@ -117,8 +124,33 @@ void Press(TControl& Target, const QMouseEvent& Event, TMouseButton Button, TPoi
   if (IsDouble) Shift.Include(ssDouble);
   const bool IsDoubleClick = IsDouble && Style.Contains(csDoubleClicks);
   if (Button == mbLeft) Clicked.Set(Style.Contains(csClickEvents) && !IsDoubleClick ? &Target : nullptr);
+  if (Button == mbRight) {
+    Asked.Set(&Target);
+    AskedPlace = ToPoint(Event.globalPosition());
+  }
   if (IsDoubleClick && Style.Contains(csClickEvents)) Target.DblClick();
   if (Mark.Get() != nullptr) Target.MouseDown(Button, Shift, Place.X, Place.Y);
+}
+
+/// Asks a control and its parents for a menu; by keyboard the place is -1, -1 for each.
+void AskForMenu(TControl& Target, std::optional<TPoint> Place) {
+  const TPoint Desktop = Place.has_value() ? Target.ClientToScreen(*Place) : TPoint{};
+  TControlMark Mark;
+  for (TControl* Control = &Target; Control != nullptr;) {
+    Mark.Set(Control);
+    const TPoint Inside = Place.has_value() ? Control->ScreenToClient(Desktop) : TPoint{-1, -1};
+    if (Control->DoContextPopup(Inside.X, Inside.Y) || Mark.Get() == nullptr) return;
+    Control = Control->Parent();
+  }
+}
+
+/// A right button that was pressed and released at one place asks for a menu; one that moved was a gesture.
+bool AsksForMenu(const TControl& Target, const QMouseEvent& Event) {
+  const bool IsSame = Asked.Is(Target);
+  Asked.Set(nullptr);
+  const TPoint Place = ToPoint(Event.globalPosition());
+  const int Moved = std::abs(Place.X - AskedPlace.X) + std::abs(Place.Y - AskedPlace.Y);
+  return IsSame && Moved < QGuiApplication::styleHints()->startDragDistance();
 }
 
 void Release(TControl& Target, const QMouseEvent& Event, TMouseButton Button, TPoint Place) {
@@ -131,7 +163,9 @@ void Release(TControl& Target, const QMouseEvent& Event, TMouseButton Button, TP
     Clicked.Set(nullptr);
     if (IsClick) Target.Click();
   }
+  const bool Asks = Button == mbRight && AsksForMenu(Target, Event);
   if (Mark.Get() != nullptr) Target.MouseUp(Button, ToShiftState(Event.modifiers(), Event.buttons()), Place.X, Place.Y);
+  if (Asks && Mark.Get() != nullptr) AskForMenu(Target, Place);
 }
 
 void DispatchButtonOrMove(TWinControl& Control, const QMouseEvent& Event) {
@@ -195,6 +229,12 @@ TKey ToKey(int Toolkit) {
   for (const TKeyRow& Row : KeyRows)
     if (Row.Toolkit == Toolkit) return Row.Code;
   return 0;
+}
+
+/// The pressed keys as TMenuItem::ShortCut names them.
+std::string ShortCutOf(const QKeyEvent& Event) {
+  const int Modifiers = static_cast<int>(Event.modifiers() & ~Qt::KeypadModifier);
+  return QKeySequence(Modifiers | Event.key()).toString(QKeySequence::PortableText).toStdString();
 }
 
 }  // namespace
@@ -279,6 +319,23 @@ bool DispatchToolTip(TWinControl& Control, QEvent& Event) {
   return true;
 }
 
+bool DispatchContextMenu(TWinControl& Control, QContextMenuEvent& Event) {
+  if (Event.reason() == QContextMenuEvent::Keyboard) AskForMenu(Control, std::nullopt);
+  for (const TControl* Outer = &Control; Outer != nullptr; Outer = Outer->Parent())
+    if (Outer->PopupMenu() != nullptr) return true;
+  return false;
+}
+
+bool DispatchShortCutOverride(TWinControl& Control, QKeyEvent& Event) {
+  const std::string Keys = ShortCutOf(Event);
+  for (TControl* Outer = &Control; Outer != nullptr; Outer = Outer->Parent())
+    if (Outer->PopupMenu() != nullptr && Outer->PopupMenu()->Items().FindShortCut(Keys) != nullptr) {
+      Event.accept();
+      return true;
+    }
+  return false;
+}
+
 bool DispatchKey(TWinControl& Control, QKeyEvent& Event) {
   TControlMark Mark;
   Mark.Set(&Control);
@@ -288,6 +345,11 @@ bool DispatchKey(TWinControl& Control, QKeyEvent& Event) {
   if (Event.type() == QEvent::KeyRelease) {
     Control.KeyUp(Key, Shift);
     return Pressed != 0 && Key == 0;
+  }
+  const std::string Keys = ShortCutOf(Event);
+  for (TControl* Outer = &Control; Outer != nullptr; Outer = Outer->Parent()) {
+    if (Outer->PopupMenu() != nullptr && Outer->PopupMenu()->ClickShortCut(Keys)) return true;
+    if (Mark.Get() == nullptr) return true;
   }
   Control.KeyDown(Key, Shift);
   if (Pressed != 0 && Key == 0) return true;

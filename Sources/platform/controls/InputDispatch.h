@@ -2,6 +2,7 @@
 
 #include "platform/controls/ControlTypes.h"
 
+class QContextMenuEvent;
 class QEvent;
 class QKeyEvent;
 
@@ -30,7 +31,12 @@ void ShowCursorOf(const TControl& Control);
 bool DispatchMouse(TWinControl& Control, QEvent& Event);
 /// Shows or hides the tool tip.
 bool DispatchToolTip(TWinControl& Control, QEvent& Event);
-/// Brings a key event to Control. True when the key was used up.
+/// Brings up the menu that the menu key asks for. The right button brings it up by its release, so that a gesture of
+/// that button can do without; its own event ends here where there is a menu.
+bool DispatchContextMenu(TWinControl& Control, QContextMenuEvent& Event);
+/// Keeps the keys of Control's menus from the host's own actions.
+bool DispatchShortCutOverride(TWinControl& Control, QKeyEvent& Event);
+/// Brings a key event to the menus of Control and its parents and then to Control. True when the key was used up.
 bool DispatchKey(TWinControl& Control, QKeyEvent& Event);
 
 }  // namespace zy

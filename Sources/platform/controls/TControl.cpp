@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/controls/InputDispatch.h"
+#include "platform/controls/TPopupMenu.h"
 #include "platform/controls/TWinControl.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
@@ -23,12 +24,14 @@ ZY_PUBLISHED(TControl, TComponent, Published<&TControl::Left, &TControl::SetLeft
              Published<&TControl::ShowHint, &TControl::SetShowHint>("ShowHint").StoredIf<&TControl::HasOwnShowHint>(),
              Published<&TControl::Enabled, &TControl::SetEnabled>("Enabled", true),
              Published<&TControl::Visible, &TControl::SetVisible>("Visible", true),
+             Published<&TControl::PopupMenu, &TControl::SetPopupMenu>("PopupMenu").StoredIf<&TControl::HasPopupMenu>(),
              Published<&TControl::OnClick, &TControl::SetOnClick>("OnClick"),
              Published<&TControl::OnDblClick, &TControl::SetOnDblClick>("OnDblClick"),
              Published<&TControl::OnMouseDown, &TControl::SetOnMouseDown>("OnMouseDown"),
              Published<&TControl::OnMouseMove, &TControl::SetOnMouseMove>("OnMouseMove"),
              Published<&TControl::OnMouseUp, &TControl::SetOnMouseUp>("OnMouseUp"),
              Published<&TControl::OnMouseWheel, &TControl::SetOnMouseWheel>("OnMouseWheel"),
+             Published<&TControl::OnContextPopup, &TControl::SetOnContextPopup>("OnContextPopup"),
              Published<&TControl::OnMouseEnter, &TControl::SetOnMouseEnter>("OnMouseEnter"),
              Published<&TControl::OnMouseLeave, &TControl::SetOnMouseLeave>("OnMouseLeave"))
 
@@ -209,6 +212,11 @@ void TControl::ParentFontChanged() {
   FTakingFont = false;
 }
 
+void TControl::Notification(TComponent* AComponent, TOperation Operation) {
+  Inherited::Notification(AComponent, Operation);
+  if (Operation == TOperation::Remove && AComponent == FPopupMenu.Get()) SetPopupMenu(nullptr);
+}
+
 // --- Painting -------------------------------------------------------------------------------------------------------
 
 void TControl::Invalidate() {
@@ -271,6 +279,23 @@ bool TControl::MouseWheel(TShiftState Shift, int WheelDelta, int X, int Y) {
 }
 
 bool TControl::CMHitTest(int, int) { return true; }
+
+TPopupMenu* TControl::PopupMenu() const { return FPopupMenu; }
+
+void TControl::SetPopupMenu(TPopupMenu* Value) { FPopupMenu = Value; }
+
+bool TControl::DoContextPopup(int X, int Y) {
+  const std::uint64_t Alive = LiveHandle();
+  bool Handled = false;
+  if (const TContextPopupEvent Event = FOnContextPopup) Event(this, {X, Y}, Handled);
+  if (Handled || FromLiveHandle(Alive) == nullptr) return true;
+  TPopupMenu* const Menu = FPopupMenu;
+  if (Menu == nullptr || !Menu->AutoPopup()) return false;
+  Menu->SetPopupComponent(this);
+  const TPoint Place = ClientToScreen({std::max(X, 0), std::max(Y, 0)});
+  Menu->Popup(Place.X, Place.Y);
+  return true;
+}
 
 void TControl::CMMouseEnter() {
   if (const TNotifyEvent Event = FOnMouseEnter) Event(this);

@@ -8,10 +8,12 @@
 #include "platform/controls/TControlFont.h"
 #include "platform/drawing/Geometry.h"
 #include "platform/framework/TComponent.h"
+#include "platform/framework/TRef.h"
 
 namespace zy {
 
 class Graphics;
+class TPopupMenu;
 class TWinControl;
 
 /// A component with a place in its parent. Bounds are logical pixels; Left and Top count from the parent's corner.
@@ -129,6 +131,13 @@ class TControl : public TComponent {
   virtual void CMMouseEnter();
   virtual void CMMouseLeave();
 
+  /// The menu that a click of the right button brings up; without one, that of the parent.
+  TPopupMenu* PopupMenu() const;
+  void SetPopupMenu(TPopupMenu* Value);
+  /// Asks OnContextPopup and brings up the menu for a place in the control; returns whether that is done. By keyboard X
+  /// and Y are -1, and the menu comes up at the control's corner.
+  virtual bool DoContextPopup(int X, int Y);
+
   const TNotifyEvent& OnClick() const { return FOnClick; }
   void SetOnClick(TNotifyEvent Value) { FOnClick = std::move(Value); }
   const TNotifyEvent& OnDblClick() const { return FOnDblClick; }
@@ -141,6 +150,8 @@ class TControl : public TComponent {
   void SetOnMouseUp(TMouseEvent Value) { FOnMouseUp = std::move(Value); }
   const TMouseWheelEvent& OnMouseWheel() const { return FOnMouseWheel; }
   void SetOnMouseWheel(TMouseWheelEvent Value) { FOnMouseWheel = std::move(Value); }
+  const TContextPopupEvent& OnContextPopup() const { return FOnContextPopup; }
+  void SetOnContextPopup(TContextPopupEvent Value) { FOnContextPopup = std::move(Value); }
   const TNotifyEvent& OnMouseEnter() const { return FOnMouseEnter; }
   void SetOnMouseEnter(TNotifyEvent Value) { FOnMouseEnter = std::move(Value); }
   const TNotifyEvent& OnMouseLeave() const { return FOnMouseLeave; }
@@ -170,8 +181,11 @@ class TControl : public TComponent {
   /// Stores the visibility that the outside has already carried out.
   void NoteVisible(bool Value);
 
+  void Notification(TComponent* AComponent, TOperation Operation) override;
+
   bool HasOwnShowHint() const { return !FParentShowHint; }
   bool HasOwnFont() const { return !FParentFont; }
+  bool HasPopupMenu() const { return FPopupMenu.Get() != nullptr; }
 
  private:
   friend class TWinControl;
@@ -210,10 +224,12 @@ class TControl : public TComponent {
   bool FPlacedByParent = false;  // the bounds change because the parent aligns
   std::string FHint;
   TControlFont FFont;
+  TRef<TPopupMenu> FPopupMenu{this};
   TNotifyEvent FOnClick, FOnDblClick, FOnMouseEnter, FOnMouseLeave;
   TMouseEvent FOnMouseDown, FOnMouseUp;
   TMouseMoveEvent FOnMouseMove;
   TMouseWheelEvent FOnMouseWheel;
+  TContextPopupEvent FOnContextPopup;
 };
 
 }  // namespace zy

@@ -7,6 +7,7 @@
 #include <QRegion>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
+#include <QTransform>
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
@@ -118,7 +119,8 @@ class TWinControl::TWidgetLink : public QObject {
   TWinControl* FControl;
 };
 
-ZY_PUBLISHED(TWinControl, TControl, Published<&TWinControl::TabStop, &TWinControl::SetTabStop>("TabStop", false),
+ZY_PUBLISHED(TWinControl, TControl, Published<&TWinControl::TabOrder, &TWinControl::SetTabOrder>("TabOrder", -1),
+             Published<&TWinControl::TabStop, &TWinControl::SetTabStop>("TabStop", false),
              Published<&TWinControl::DoubleBuffered, &TWinControl::SetDoubleBuffered>("DoubleBuffered", true),
              Published<&TWinControl::OnKeyDown, &TWinControl::SetOnKeyDown>("OnKeyDown"),
              Published<&TWinControl::OnKeyUp, &TWinControl::SetOnKeyUp>("OnKeyUp"),
@@ -130,6 +132,12 @@ ZY_PUBLISHED(TWinControl, TControl, Published<&TWinControl::TabStop, &TWinContro
 struct TWinControl::TDamage {
   QRegion Picture;  // the control itself
   QRegion Overlay;  // what lies above it
+};
+
+/// What the control shows, without what lies above it.
+struct TWinControl::TPicture {
+  QImage Image;
+  QTransform FromLogical;  // to the pixels of Image
 };
 
 TWinControl::TWinControl(TComponent* Owner) : TControl(Owner) {}
@@ -152,11 +160,14 @@ void TWinControl::SetParent(TWinControl* Value) {
   if (Value == Parent()) return;
   Inherited::SetParent(Value);
   DestroyWidget();
-  if (Value != nullptr && Value->HasWidget()) Widget();
+  if (Value == nullptr || !Value->HasWidget()) return;
+  Widget();
+  Value->ApplyTabOrder();
 }
 
 void TWinControl::InsertControl(TControl* Control) {
   FControls.push_back(Control);
+  if (auto* const Inner = dynamic_cast<TWinControl*>(Control)) FTabList.push_back(Inner);
   Control->FParent = this;
   Control->Invalidate();
 }
@@ -165,6 +176,7 @@ void TWinControl::RemoveControl(TControl* Control) {
   if (Control->FVisible) InvalidateBox(Control->FLeft, Control->FTop, Control->FWidth, Control->FHeight);
   if (Control->MouseCapture()) ReleaseCapture();
   std::erase(FControls, Control);
+  std::erase_if(FTabList, [Control](const TControl* Inner) { return Inner == Control; });
   Control->FParent = nullptr;
   if (Control->FAlign != alNone && !IsDestroying()) AlignControls();
 }
@@ -230,6 +242,7 @@ QWidget* TWinControl::Widget() {
   ApplyHint();
   for (TControl* Control : std::vector(FControls))
     if (auto* const Inner = dynamic_cast<TWinControl*>(Control)) Inner->Widget();
+  ApplyTabOrder();
   ApplyVisible();
   return FWidget;
 }
@@ -287,6 +300,10 @@ bool TWinControl::WidgetEvent(QEvent& Event) {
     }
     case QEvent::ToolTip:
       return DispatchToolTip(*this, Event);
+    case QEvent::ContextMenu:
+      return DispatchContextMenu(*this, static_cast<QContextMenuEvent&>(Event));
+    case QEvent::ShortcutOverride:
+      return DispatchShortCutOverride(*this, static_cast<QKeyEvent&>(Event));
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
       return DispatchKey(*this, static_cast<QKeyEvent&>(Event));
@@ -305,12 +322,16 @@ bool TWinControl::WidgetEvent(QEvent& Event) {
 void TWinControl::PaintWidget(const QRegion& Exposed) {
   const TBehindIsDrawn Behind;  // by the toolkit, widget by widget
   QPainter Screen(FWidget);
+  const QTransform ToDevice = Screen.deviceTransform();
   if (!FDoubleBuffered) {
-    const QRect Part = Exposed.boundingRect();
-    PaintPart(Screen, ToRectF(Part.x(), Part.y(), Part.width(), Part.height()));
+    PaintPart(Screen, ToDevice, ToDevice.mapRect(QRectF(Exposed.boundingRect())).toAlignedRect());
   } else {
-    BringPictureUpToDate(Exposed, std::max(FWidget->devicePixelRatioF(), Screen.deviceTransform().m11()));
-    Screen.drawImage(0, 0, *FPicture);
+    const QRect Whole = ToDevice.mapRect(QRectF(FWidget->rect())).toAlignedRect();
+    BringPictureUpToDate(Exposed, ToDevice, Whole);
+    Screen.save();
+    Screen.setTransform(ToDevice.inverted());  // pixel upon pixel
+    Screen.drawImage(Whole.topLeft(), FPicture->Image);
+    Screen.restore();
   }
   {
     Graphics Canvas(Screen);
@@ -324,42 +345,41 @@ void TWinControl::PaintWidget(const QRegion& Exposed) {
   }
 }
 
-/// Part is in logical pixels.
-void TWinControl::PaintPart(QPainter& Painter, const RectF& Part) {
-  const auto Low = [](float Value) { return static_cast<int>(std::floor(Value)); };
-  const auto High = [](float Value) { return static_cast<int>(std::ceil(Value)); };
+/// Pixels are whole ones of the device: on a screen with a fractional scale a logical pixel ends within one of them,
+/// and a part that ended there too would leave a seam.
+void TWinControl::PaintPart(QPainter& Painter, const QTransform& ToDevice, const QRect& Pixels) {
+  const QRectF Clip = ToDevice.inverted().mapRect(QRectF(Pixels));
+  const QRect Outer = Clip.toAlignedRect().intersected(FWidget->rect());
   Graphics Canvas(Painter);
-  Canvas.SetClip(Part);
-  PaintAll(Canvas, {Low(Part.X), Low(Part.Y), High(Part.X + Part.Width), High(Part.Y + Part.Height)}, nullptr);
+  Canvas.SetClip(RectF{static_cast<float>(Clip.x()), static_cast<float>(Clip.y()), static_cast<float>(Clip.width()),
+                       static_cast<float>(Clip.height())});
+  PaintAll(Canvas, {Outer.left(), Outer.top(), Outer.right() + 1, Outer.bottom() + 1}, nullptr);
 }
 
-/// The picture has Ratio stored pixels for a logical one. The part to paint grows to whole stored pixels, so that
-/// nothing of an old picture remains at its edges.
-void TWinControl::BringPictureUpToDate(const QRegion& Exposed, qreal Ratio) {
-  const QSizeF Extent = QSizeF(FWidget->size()) * Ratio;
-  const QSize Stored = QSize(static_cast<int>(std::ceil(Extent.width())), static_cast<int>(std::ceil(Extent.height())))
-                           .expandedTo(QSize(1, 1));
-  const bool IsNew = FPicture == nullptr || FPicture->size() != Stored || FPicture->devicePixelRatio() != Ratio;
+/// The picture covers the pixels Whole of the device.
+void TWinControl::BringPictureUpToDate(const QRegion& Exposed, const QTransform& ToDevice, const QRect& Whole) {
+  // By whole pixels, not by logical ones: what lies halfway between two pixels is rounded alike on every device.
+  const QTransform ToPicture = ToDevice * QTransform::fromTranslate(-Whole.x(), -Whole.y());
+  const bool IsNew =
+      FPicture == nullptr || FPicture->Image.size() != Whole.size() || FPicture->FromLogical != ToPicture;
   if (!IsNew && FDamage != nullptr) {
     const bool IsOverlay = Exposed.subtracted(FDamage->Overlay).isEmpty() && !Exposed.intersects(FDamage->Picture);
     FDamage->Overlay -= Exposed;
     FDamage->Picture -= Exposed;
     if (IsOverlay) return;
   }
-  if (IsNew) FPicture = std::make_unique<QImage>(Stored, QImage::Format_ARGB32_Premultiplied);
-  const QRect Part = IsNew ? FWidget->rect() : Exposed.boundingRect();
-  const QRectF Scaled(Part.x() * Ratio, Part.y() * Ratio, Part.width() * Ratio, Part.height() * Ratio);
-  const QRect Pixels = Scaled.toAlignedRect().intersected(FPicture->rect());
-  FPicture->setDevicePixelRatio(1);
-  {
-    QPainter Eraser(FPicture.get());
-    Eraser.setCompositionMode(QPainter::CompositionMode_Clear);
-    Eraser.fillRect(Pixels, Qt::transparent);
+  if (IsNew) {
+    const QSize Stored = Whole.size().expandedTo(QSize(1, 1));
+    FPicture.reset(new TPicture{QImage(Stored, QImage::Format_ARGB32_Premultiplied), ToPicture});
   }
-  FPicture->setDevicePixelRatio(Ratio);
-  QPainter Painter(FPicture.get());
-  PaintPart(Painter, RectF{static_cast<float>(Pixels.x() / Ratio), static_cast<float>(Pixels.y() / Ratio),
-                           static_cast<float>(Pixels.width() / Ratio), static_cast<float>(Pixels.height() / Ratio)});
+  const QRect Part = IsNew ? FWidget->rect() : Exposed.boundingRect();
+  const QRect Pixels = ToPicture.mapRect(QRectF(Part)).toAlignedRect().intersected(FPicture->Image.rect());
+  QPainter Painter(&FPicture->Image);
+  Painter.setCompositionMode(QPainter::CompositionMode_Clear);
+  Painter.fillRect(Pixels, Qt::transparent);
+  Painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+  Painter.setTransform(ToPicture);
+  PaintPart(Painter, ToPicture, Pixels);
 }
 
 void TWinControl::InvalidateOverlay(const TRect& Box) {
@@ -368,7 +388,7 @@ void TWinControl::InvalidateOverlay(const TRect& Box) {
     FDamage = std::make_unique<TDamage>();
     InvalidateBox();
   }
-  const QRect Part(Box.Left, Box.Top, Box.Width(), Box.Height());
+  const QRect Part = ToScreenBox(Box.Left, Box.Top, Box.Width(), Box.Height());
   FDamage->Overlay += Part;
   FWidget->update(Part);
 }
@@ -479,14 +499,24 @@ void TWinControl::InvalidateBox() {
 
 void TWinControl::InvalidateBox(int Left, int Top, int Width, int Height) {
   if (FWidget == nullptr) return;
-  NoteDamage({Left, Top, Width, Height});
-  FWidget->update(Left, Top, Width, Height);
+  const QRect Part = ToScreenBox(Left, Top, Width, Height);
+  NoteDamage(Part);
+  FWidget->update(Part);
 }
 
 void TWinControl::RepaintBox(int Left, int Top, int Width, int Height) {
   if (FWidget == nullptr) return;
-  NoteDamage({Left, Top, Width, Height});
-  FWidget->repaint(Left, Top, Width, Height);
+  const QRect Part = ToScreenBox(Left, Top, Width, Height);
+  NoteDamage(Part);
+  FWidget->repaint(Part);
+}
+
+/// The box to paint for a changed one: with a fractional scale one more all around, so that it holds every pixel of the
+/// screen that the changed one touches, whichever way the toolkit rounds.
+QRect TWinControl::ToScreenBox(int Left, int Top, int Width, int Height) const {
+  const qreal Ratio = FWidget->devicePixelRatioF();
+  const int More = Ratio == std::floor(Ratio) ? 0 : 1;
+  return QRect(Left, Top, Width, Height).adjusted(-More, -More, More, More);
 }
 
 void TWinControl::NoteDamage(const QRect& Part) {
@@ -538,76 +568,6 @@ std::string TWinControl::AccessibleName() const {
 
 void TWinControl::ApplyAccessibleName() {
   if (FWidget != nullptr) FWidget->setAccessibleName(QString::fromStdString(AccessibleName()));
-}
-
-// --- Keyboard -------------------------------------------------------------------------------------------------------
-
-void TWinControl::SetTabStop(bool Value) {
-  if (Value == FTabStop) return;
-  FTabStop = Value;
-  ApplyStyle();
-}
-
-bool TWinControl::CanFocus() const {
-  for (const TControl* Outer = this; Outer != nullptr; Outer = Outer->Parent())
-    if (!Outer->Visible() || !Outer->Enabled()) return false;
-  return true;
-}
-
-void TWinControl::SetFocus() {
-  if (!CanFocus()) throw EInvalidOperation(Format(LoadResString(_sCannotFocus), {Name()}));
-  if (FWidget != nullptr) FWidget->setFocus();
-}
-
-void TWinControl::SetKeyCapture(bool Value) {
-  if (FWidget == nullptr || (QWidget::keyboardGrabber() == FWidget) == Value) return;
-  if (Value) {
-    FWidget->grabKeyboard();
-  } else {
-    FWidget->releaseKeyboard();
-  }
-}
-
-void TWinControl::ReleaseFocus() {
-  if (FWidget != nullptr) FWidget->clearFocus();
-}
-
-bool TWinControl::Focused() const { return FWidget != nullptr && FWidget->hasFocus(); }
-
-/// The frame that shows the keyboard's place is for those who came by keyboard.
-void TWinControl::NoteFocus(QEvent& Event) {
-  const Qt::FocusReason Reason = static_cast<QFocusEvent&>(Event).reason();
-  if (Reason == Qt::PopupFocusReason || Reason == Qt::MenuBarFocusReason) return;
-  const bool Comes = Event.type() == QEvent::FocusIn;
-  if (Comes) ApplyAccessibleName();
-  FFocusShown =
-      Comes && (Reason == Qt::TabFocusReason || Reason == Qt::BacktabFocusReason || Reason == Qt::ShortcutFocusReason);
-  InvalidateBox();
-  if (Comes) {
-    DoEnter();
-  } else {
-    DoExit();
-  }
-}
-
-void TWinControl::DoEnter() {
-  if (const TNotifyEvent Event = FOnEnter) Event(this);
-}
-
-void TWinControl::DoExit() {
-  if (const TNotifyEvent Event = FOnExit) Event(this);
-}
-
-void TWinControl::KeyDown(TKey& Key, TShiftState Shift) {
-  if (const TKeyEvent Event = FOnKeyDown) Event(this, Key, Shift);
-}
-
-void TWinControl::KeyUp(TKey& Key, TShiftState Shift) {
-  if (const TKeyEvent Event = FOnKeyUp) Event(this, Key, Shift);
-}
-
-void TWinControl::KeyPress(char32_t& Key) {
-  if (const TKeyPressEvent Event = FOnKeyPress) Event(this, Key);
 }
 
 }  // namespace zy

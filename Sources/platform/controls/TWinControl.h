@@ -9,10 +9,10 @@
 #include "platform/controls/TControl.h"
 
 class QEvent;
-class QImage;
 class QPainter;
 class QRect;
 class QRegion;
+class QTransform;
 class QWidget;
 
 namespace zy {
@@ -38,6 +38,7 @@ class TWinControl : public TControl {
   void GetChildren(const std::function<void(TComponent*)>& Proc, TComponent* Root) override;
   /// Gives the aligned controls their edges, and the anchored ones their distance from them.
   void AlignControls();
+  void Loaded() override;
   /// The topmost visible and enabled control without a window that is hit at a place, null for none.
   TControl* ControlAtPos(int X, int Y) const;
 
@@ -59,6 +60,11 @@ class TWinControl : public TControl {
 
   TPoint ClientToScreen(TPoint Place) const override;
 
+  /// Place among the parent's controls with a window, from 0, in the order in which the tabulator key comes to them; -1
+  /// without a parent. Those inside a control come behind it. Setting moves the others along; a value below 0 or beyond
+  /// the last is the last place.
+  int TabOrder() const;
+  void SetTabOrder(int Value);
   /// Whether the tabulator key and a click give the control the keyboard; false at first.
   bool TabStop() const { return FTabStop; }
   void SetTabStop(bool Value);
@@ -136,20 +142,26 @@ class TWinControl : public TControl {
   void PlaceAnchored(TControl& Control) const;
   void InvalidateBox(int Left, int Top, int Width, int Height);
   void RepaintBox(int Left, int Top, int Width, int Height);
+  QRect ToScreenBox(int Left, int Top, int Width, int Height) const;
   void DestroyWidget();
   struct TDamage;
   void PaintWidget(const QRegion& Exposed);
-  void PaintPart(QPainter& Painter, const RectF& Part);
-  void BringPictureUpToDate(const QRegion& Exposed, double Ratio);
+  struct TPicture;
+  void PaintPart(QPainter& Painter, const QTransform& ToDevice, const QRect& Pixels);
+  void BringPictureUpToDate(const QRegion& Exposed, const QTransform& ToDevice, const QRect& Whole);
   void NoteDamage(const QRect& Part);
   void PaintAll(Graphics& Canvas, const TRect& Box, const TControl* UpTo);
   void PaintChild(TControl& Control, Graphics& Canvas) const;
   void NoteFocus(QEvent& Event);
+  void ListTabOrder(std::vector<QWidget*>& Order) const;
+  void ApplyTabOrder();
 
   std::vector<TControl*> FControls;
+  std::vector<TWinControl*> FTabList;  // those with a window, as the tabulator key comes to them
+  int FReadTabOrder = -1;
   QWidget* FWidget = nullptr;  // the link clears it when the widget dies
   std::unique_ptr<TWidgetLink> FLink;
-  std::unique_ptr<QImage> FPicture;  // of the whole control, without what lies above
+  std::unique_ptr<TPicture> FPicture;
   std::unique_ptr<TDamage> FDamage;  // counted once there is something above
   TRect FPaintBox;
   bool FPainted = false;  // the widget shows what Paint draws
