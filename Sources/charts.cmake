@@ -29,6 +29,7 @@ zy_add_library(
     graph/ZyArrowSettings.cpp
     graph/ZyColors.cpp
     graph/ZyCustomGraph.cpp
+    graph/ZyCustomGraphOutput.cpp
     graph/ZyDrawing.cpp
     graph/ZyDrawingBars.cpp
     graph/ZyDrawingBoxes.cpp
@@ -39,9 +40,11 @@ zy_add_library(
     graph/ZyGradientSettings.cpp
     graph/ZyGraph2D.cpp
     graph/ZyGraph2DGestures.cpp
+    graph/ZyGraph2DOutput.cpp
     graph/ZyGraph2DPaint.cpp
     graph/ZyGraph2DScroll.cpp
     graph/ZyGraph2DZoom.cpp
+    graph/ZyImageFileNames.cpp
     graph/ZyLineSettings.cpp
     graph/ZyPointSymbolSettings.cpp
     graph/ZyPollingThread.cpp

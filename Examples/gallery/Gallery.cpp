@@ -1,19 +1,26 @@
-// A gallery of charts of real data: in a window with a list of them, or without a display as PNG, SVG and PDF files.
+// A gallery of charts of real data: in a window where they are chosen, saved and printed, or without a display as
+// files.
 //
 //   gallery [FOLDER]
 
 #include "gallery/Gallery.h"
 
 #include <filesystem>
+#include <functional>
 #include <iostream>
 #include <memory>
 #include <vector>
 
 #include "common/Pictures.h"
+#include "graph/ZyImageFileNames.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
 #include "platform/controls/TLabel.h"
+#include "platform/controls/TPrintDialog.h"
+#include "platform/controls/TPrinter.h"
+#include "platform/controls/TSaveDialog.h"
 #include "platform/drawing/Graphics.h"
+#include "platform/framework/Exceptions.h"
 
 namespace zy::examples {
 
@@ -77,7 +84,33 @@ constexpr TEntry Entries[] = {{"shares", "Shares on a date axis", MakeShares},
                               {"zero-origin", "Axes through zero", MakeZeroOrigin}};
 constexpr int PageWidth = 900, PageHeight = 560, ListWidth = 190;
 
-/// The window: names at the left, the chosen chart at the right.
+/// A chart of the page; of coupled ones any stands for all.
+TZyGraph2D& GraphOf(const TFrame& Page) {
+  for (TComponent* Component : Page.Components())
+    if (auto* const Graph = dynamic_cast<TZyGraph2D*>(Component)) return *Graph;
+  throw EInvalidOperation("The page has no chart");
+}
+
+void SaveAs(const TEntry& Entry, TFrame& Page) {
+  TSaveDialog Dialog;
+  Dialog.Title = "Save the chart";
+  Dialog.Filter = ImageFileFilter();
+  Dialog.FileName = Entry.Name;
+  if (!Dialog.Execute(&Page)) return;
+  GraphOf(Page).SaveImage(Dialog.FileName, ImageFileFormatOf(Dialog.FileName).value_or(TZyImageFileFormat::PNG));
+}
+
+void Print(const TEntry& Entry, TFrame& Page) {
+  TPrinter Printer;
+  Printer.SetTitle(Entry.Title);
+  Printer.SetOrientation(poLandscape);
+  if (!TPrintDialog::Execute(Printer, &Page)) return;
+  Printer.BeginDoc();
+  GraphOf(Page).PrintTo(&Printer, {0, 0, Printer.PageWidth(), Printer.PageHeight()});
+  Printer.EndDoc();
+}
+
+/// The window: names and commands at the left, the chosen chart at the right.
 class TGalleryForm : public TForm {
  public:
   TGalleryForm() {
@@ -88,23 +121,29 @@ class TGalleryForm : public TForm {
     List->SetParent(this);
     List->SetWidth(ListWidth);
     List->SetAlign(alLeft);
-    int Top = 16;
-    for (const TEntry& Entry : Entries) {
-      auto* const Name = new TLabel(this);
-      Name->SetParent(List);
-      Name->SetLeft(16);
-      Name->SetTop(Top);
-      Name->SetCaption(Entry.Title);
-      Name->SetCursor(crHandPoint);
-      Name->SetOnClick([this, &Entry](TObject*) { Show(Entry); });
-      Top += 30;
-    }
+    for (const TEntry& Entry : Entries) AddCommand(*List, Entry.Title, [this, &Entry] { Show(Entry); });
+    FTop += 20;
+    AddCommand(*List, "Save...", [this] { SaveAs(*FEntry, *FPage); });
+    AddCommand(*List, "Copy", [this] { GraphOf(*FPage).CopyToClipboard(); });
+    AddCommand(*List, "Print...", [this] { Print(*FEntry, *FPage); });
     Show(Entries[0]);
   }
 
  private:
   using TForm::Show;
+  void AddCommand(TFrame& List, const char* Text, const std::function<void()>& Run) {
+    auto* const Command = new TLabel(this);
+    Command->SetParent(&List);
+    Command->SetLeft(16);
+    Command->SetTop(FTop);
+    Command->SetCaption(Text);
+    Command->SetCursor(crHandPoint);
+    Command->SetOnClick([Run](TObject*) { Run(); });
+    FTop += 30;
+  }
+
   void Show(const TEntry& Entry) {
+    FEntry = &Entry;
     FPage = std::make_unique<TFrame>();
     FPage->SetParent(this);
     FPage->SetAlign(alClient);
@@ -112,6 +151,8 @@ class TGalleryForm : public TForm {
   }
 
   std::unique_ptr<TFrame> FPage;
+  const TEntry* FEntry = nullptr;
+  int FTop = 16;  // of the next command
 };
 
 void SavePage(const TEntry& Entry, const std::filesystem::path& Folder) {
@@ -119,10 +160,12 @@ void SavePage(const TEntry& Entry, const std::filesystem::path& Folder) {
   Page.SetBounds(0, 0, PageWidth, PageHeight);
   Entry.Make(Page);
   const std::filesystem::path Stem = Folder / Entry.Name;
-  const auto Draw = [&Page](Graphics& Canvas) { Page.PaintTo(Canvas); };
-  SavePictures(Stem, PageWidth, PageHeight, Draw);
-  SaveRecordings(Stem, PageWidth, PageHeight, {".svg", ".pdf"}, Draw);
-  std::cout << Entry.Title << ": " << Stem.string() << ".png, @2x.png, .svg, .pdf\n";
+  SavePictures(Stem, PageWidth, PageHeight, [&Page](Graphics& Canvas) { Page.PaintTo(Canvas); });
+  for (const char* Extension : {".svg", ".pdf", ".emf"}) {
+    const std::string FileName = Stem.string() + Extension;
+    GraphOf(Page).SaveImage(FileName, ImageFileFormatOf(FileName).value());
+  }
+  std::cout << Entry.Title << ": " << Stem.string() << ".png, @2x.png, .svg, .pdf, .emf\n";
 }
 
 }  // namespace

@@ -4,14 +4,12 @@
 #include <string>
 #include <string_view>
 
+#include "platform/drawing/Argb.h"
+
 namespace zy {
 
 /// A colour as 0xAARRGGBB. An alpha of 0 means no colour in many places.
 using TZyColor = std::uint32_t;
-
-/// A colour of the controls: 0x00BBGGRR, or SystemColorFlag with the number of a desktop colour.
-using TColor = std::int32_t;
-inline constexpr TColor SystemColorFlag = static_cast<TColor>(0xFF000000);
 
 /// Colours by their names in CSS Color Module Level 4.
 namespace Colors {

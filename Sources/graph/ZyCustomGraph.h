@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -7,8 +9,10 @@
 #include "annotations/ZyRichCaption.h"
 #include "graph/ZyGradientSettings.h"
 #include "graph/ZyGraphParts.h"
+#include "graph/ZyImageFileFormat.h"
 #include "graph/ZyPollingThread.h"
 #include "platform/controls/TCustomPanel.h"
+#include "platform/drawing/Geometry.h"
 #include "platform/framework/Alignment.h"
 #include "platform/framework/EnumInfo.h"
 #include "platform/framework/TRef.h"
@@ -16,6 +20,10 @@
 namespace zy {
 
 class Graphics;
+class TBitmap;
+class TMetafile;
+class TPrinter;
+class TStream;
 class TZyUndoStack;
 
 /// How edges are smoothed.
@@ -89,6 +97,30 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   /// Turns the smoothing of the chart on, or all smoothing off.
   void SetHighQuality(Graphics& Gr, bool On) const;
 
+  // --- Ways out; see TZyGraph2D ---
+
+  /// Paints the chart on the printer's present page, as large as fits into Rect, in printer pixels, in its
+  /// own proportions: in the middle across, at the top down. Nothing without a printer. Throws EPrinter when no
+  /// document is open.
+  virtual void PrintTo(TPrinter* APrinter, const TRect& Rect);
+  /// Writes the chart at the stream's position. RemoveTransparency gives pictures of pixels a ground of the colour;
+  /// without it what is transparent stays so, as far as the format can say it, and becomes white where not. Nothing is
+  /// written as EXIF and Icon, and of a chart without any extent. Throws, with nothing written, ERangeError for a
+  /// picture beyond 32,767 pixels, EStreamError when it cannot be encoded.
+  virtual void SaveImage(TStream& Stream, TZyImageFileFormat Format, bool RemoveTransparency = false,
+                         TColor TransparentExchangeColor = 0xFFFFFF);
+  /// The same into a file, in one step: whatever fails, and when there is nothing to write, an old file stays as it
+  /// was. Nothing to write and no old file make an empty one. Throws EFileError when the file cannot be written.
+  void SaveImage(const std::filesystem::path& FileName, TZyImageFileFormat Format, bool RemoveTransparency = false,
+                 TColor TransparentExchangeColor = 0xFFFFFF);
+  /// Puts the chart on the clipboard, in all forms that TClipboard::SetPicture knows.
+  virtual void CopyToClipboard();
+  /// The chart as a picture, in which the pixels of the colour are transparent: those of the ground, and what the chart
+  /// itself draws in that colour.
+  std::unique_ptr<TBitmap> AsTBitmap(TColor TransparentExchangeColor);
+  /// The chart as an enhanced metafile.
+  std::unique_ptr<TMetafile> AsTMetafile();
+
   /// The border takes room from the chart.
   void SetBorderStyle(TBorderStyle Value) override;
   /// An extent that changes is told to BoundsChanged first.
@@ -106,6 +138,7 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
 
   TZyRichCaptionObject FTitleRec;
   bool FNeedsRecalculate = false;
+  bool FDoingImage = false;
   TZyPollingThread FPollingThread;
 
  private:
@@ -115,7 +148,6 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   TRef<TZyUndoStack> FUndoStack{this};
   TZyDependentList FObjectsToUpdate;  // the captions that show the chart's name or caption
   TZyGradientSettings FBackgroundGradient;
-  bool FDoingImage = false;
   bool FCaptionSet = false;
   TAlignment FCaptionAlignment = TAlignment::taCenter;
   bool FCaptionVisible = false;

@@ -137,6 +137,7 @@ void DrawShadow(Graphics& Gr, GraphicsPath& Path, float DX, float DY) {
   constexpr int MostLayers = 255;  // the faintest layer there is
   const int Count = DX >= 1 ? static_cast<int>(std::lrint(std::min(DX, static_cast<float>(MostLayers)))) : 1;
   const SolidBrush Layer(ColorToARGB(static_cast<unsigned>(255 / Count), 0, 0, 0));
+  const Region Saved = Gr.GetClip();
   if (!Path.IsEmpty()) Gr.ExcludeClip(Region(Path));
   Matrix Step;
   Step.Translate(DX / static_cast<float>(Count), DY / static_cast<float>(Count));
@@ -144,7 +145,7 @@ void DrawShadow(Graphics& Gr, GraphicsPath& Path, float DX, float DY) {
     Path.Transform(Step);
     Gr.FillPath(Layer, Path);
   }
-  Gr.ResetClip();
+  Gr.SetClip(Saved);
 }
 
 }  // namespace zy

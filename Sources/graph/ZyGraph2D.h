@@ -15,6 +15,8 @@
 
 namespace zy {
 
+class Bitmap;
+class Metafile;
 class Pen;
 class TZyDoubleVector;
 class TZySeries;
@@ -120,6 +122,23 @@ class TZyGraph2D : public TZyCustomGraph {
   void Paint(Graphics& Gr) override;
   void Modified() override;
   void Calculate() override;
+
+  // --- Ways out: the picture holds the graph and all that are coupled to it, the one with the X axis at the bottom ---
+
+  using TZyCustomGraph::SaveImage;
+  void PrintTo(TPrinter* APrinter, const TRect& Rect) override;
+  void SaveImage(TStream& Stream, TZyImageFileFormat Format, bool RemoveTransparency = false,
+                 TColor TransparentExchangeColor = 0xFFFFFF) override;
+  void CopyToClipboard() override;
+  /// Paints the whole picture into an image, moved by X and Y, as into a file: with markers and rich labels, without
+  /// any other control. DoingMetafile decides whether for the screen; it is false afterwards.
+  void PaintToImage(Bitmap& Image, float X = 0, float Y = 0);
+  void PaintToImage(Metafile& Image, float X = 0, float Y = 0);
+  /// Pixels of the control at the left, where vertical scroll bars lie, that the picture leaves out.
+  int ImageGraphLeft();
+  /// Height of the picture: of all coupled graphs without their horizontal scroll bars.
+  int ImgageGraphHeight();
+
   /// The series have to compute their pixels anew.
   void SeriesModified();
   /// Makes the primary axes where they are missing.
@@ -214,6 +233,14 @@ class TZyGraph2D : public TZyCustomGraph {
   std::vector<TZyLineSettings*> Lines() const;
   void SetMargin(float& Field, float Value, TZyText Label, const char* PropName);
   void SeriesPoll();
+  std::vector<TZyGraph2D*> StackedGraphs();
+  int HeightInImage() const;
+  bool PrepareImage();
+  void PaintPicture(Graphics& Gr, float X, float Y);
+  void PaintInto(Graphics& Gr, bool AsMetafile);
+  Metafile Recorded();
+  Bitmap PaintedBitmap(bool RemoveTransparency, TColor Ground);
+  bool PreparePaint();
   void CalculateWhenDirty();
   void CalculateCoupled();
   bool HasDataAreaColor() const;

@@ -67,15 +67,21 @@ void TZyGraph2D::Paint(Graphics& Gr) {
   if (DoRepaint) Invalidate();
 }
 
-void TZyGraph2D::PaintGr(Graphics& Gr) {
+/// What comes before any drawing: the axes, new data, the layout. Whether there is something to draw.
+bool TZyGraph2D::PreparePaint() {
   if (FOnce) {
     TestPrimaryAxis();
     SetBounds(Left(), Top(), Width(), Height());
     FOnce = false;
   }
-  if (FPrimaryXAxis == nullptr || FPrimaryYAxis == nullptr) return;
+  if (FPrimaryXAxis == nullptr || FPrimaryYAxis == nullptr) return false;
   TestSeriesAndAxis();
   CalculateWhenDirty();
+  return true;
+}
+
+void TZyGraph2D::PaintGr(Graphics& Gr) {
+  if (!PreparePaint()) return;
   const TRoom Room = FindRoom();
   SetHighQuality(Gr, false);
   PaintBackground(Gr);

@@ -50,6 +50,8 @@ class IZyGraphLegend {
 class IZyGraphMarker {
  public:
   virtual ~IZyGraphMarker() = default;
+  /// Draws the marker in its own coordinates, into whatever it may be; on the screen the marker paints itself.
+  virtual void PaintGr(Graphics& Gr) = 0;
   /// Runs after each layout.
   virtual void UpdatePosition() = 0;
   virtual void SetUndoStack(TZyUndoStack* Value) = 0;

@@ -96,6 +96,15 @@ ZY_TEXT(_sApplicationWithoutWidgets, "The program's application object is one wi
 ZY_TEXT(_sCannotFocus, "Control \"%s\" is invisible or disabled and cannot have the keyboard")
 ZY_TEXT(_sScrollRange, "A scroll bar cannot range from %d down to %d")
 
+// ---- Printer and clipboard ----
+
+ZY_TEXT(_sNoPrinter, "There is no printer")
+ZY_TEXT(_sUnknownPrinter, "There is no printer named \"%s\"")
+ZY_TEXT(_sCannotPrint, "Cannot print \"%s\"")
+ZY_TEXT(_sNotPrinting, "The printer is not printing")
+ZY_TEXT(_sPrinting, "The printer is printing")
+ZY_TEXT(_sClipboardNeedsApplication, "The clipboard needs an application object with windows")
+
 // ---- Databases ----
 
 ZY_TEXT(_sDataSetInactive, "Data set \"%s\" is not open")

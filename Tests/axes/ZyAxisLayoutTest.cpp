@@ -38,6 +38,7 @@ class TStubLegend : public TGraphicControl, public IZyGraphLegend {
 class TStubMarker : public TGraphicControl, public IZyGraphMarker {
  public:
   using TGraphicControl::TGraphicControl;
+  void PaintGr(Graphics&) override {}
   void UpdatePosition() override { ++(TZyAxis::LayoutRunning ? Inside : After); }
   void SetUndoStack(TZyUndoStack*) override {}
   int Inside = 0, After = 0;

@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QImageWriter>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 #include <new>
 #include <string>
@@ -45,7 +46,11 @@ Bitmap::Bitmap(const QImage& Picture)
       FPixelRatio(static_cast<float>(Picture.devicePixelRatio())),
       FImage(std::make_unique<QImage>(Picture.convertToFormat(QImage::Format_ARGB32_Premultiplied))) {}
 
-Bitmap Bitmap::Clone() const { return Bitmap(*FImage); }
+Bitmap Bitmap::Clone() const {
+  Bitmap Result(*FImage);
+  Result.FOpaque = FOpaque;
+  return Result;
+}
 
 namespace {
 
@@ -90,8 +95,19 @@ QImage OnWhite(const QImage& Picture) {
   return Result;
 }
 
+/// The pixels as files hold them: not premultiplied, and white where nothing is.
+QImage Unmultiplied(const QImage& Picture) {
+  constexpr QRgb TransparentWhite = 0x00FFFFFF;
+  QImage Result = Picture.convertToFormat(QImage::Format_ARGB32);
+  for (int Y = 0; Y < Result.height(); ++Y) {
+    auto* const Row = reinterpret_cast<QRgb*>(Result.scanLine(Y));
+    std::replace(Row, Row + Result.width(), QRgb{0}, TransparentWhite);
+  }
+  return Result;
+}
+
 /// Target names where the bytes go.
-std::string Encoded(const QImage& Picture, std::string_view FormatName, std::string_view Target) {
+std::string Encoded(const QImage& Picture, bool Opaque, std::string_view FormatName, std::string_view Target) {
   QByteArray Name = QByteArray(FormatName.data(), static_cast<qsizetype>(FormatName.size())).toLower();
   if (Name == "tif") Name = "tiff";
   const auto Fail = [&](const std::string& Reason) {
@@ -109,7 +125,8 @@ std::string Encoded(const QImage& Picture, std::string_view FormatName, std::str
   Buffer.open(QIODevice::WriteOnly);
   QImageWriter Writer(&Buffer, Name);
   const bool HasGround = Name == "bmp" || Name == "jpg" || Name == "jpeg";
-  if (!Writer.write(HasGround ? OnWhite(Picture) : Picture)) Fail(Writer.errorString().toStdString());
+  if (!Writer.write(Opaque || HasGround ? OnWhite(Picture) : Unmultiplied(Picture)))
+    Fail(Writer.errorString().toStdString());
   return Buffer.data().toStdString();
 }
 
@@ -117,13 +134,14 @@ std::string Encoded(const QImage& Picture, std::string_view FormatName, std::str
 
 // Encoded in memory first: a failure leaves the stream as it was, and an old file whole.
 void Bitmap::Save(TStream& Stream, std::string_view FormatName) const {
-  const std::string Bytes = Encoded(*FImage, FormatName, "a stream");
+  const std::string Bytes = Encoded(*FImage, FOpaque, FormatName, "a stream");
   Stream.WriteBuffer(Bytes.data(), Bytes.size());
 }
 
 void Bitmap::Save(const std::filesystem::path& FileName) const {
   const std::string Extension = FileName.extension().string();
-  SaveWholeFile(FileName, Encoded(*FImage, Extension.empty() ? Extension : Extension.substr(1), FileName.string()));
+  SaveWholeFile(FileName,
+                Encoded(*FImage, FOpaque, Extension.empty() ? Extension : Extension.substr(1), FileName.string()));
 }
 
 }  // namespace zy

@@ -36,12 +36,16 @@ class Bitmap {
   /// Stored pixels.
   int GetStoredWidth() const;
   int GetStoredHeight() const;
+  /// Whether files of the picture leave alpha out; for pictures on an opaque ground. Not at first.
+  bool IsOpaque() const { return FOpaque; }
+  void SetOpaque(bool Value) { FOpaque = Value; }
   /// Colour of a stored pixel, not premultiplied. Throws ERangeError outside the picture.
   ARGB GetPixel(int X, int Y) const;
 
   /// Writes the picture to Stream, encoded as FormatName: "BMP", "GIF", "JPEG", "PNG" or "TIFF", in any case of
   /// letters, and what else the toolkit writes. JPEG and BMP have no transparency and get a white ground; GIF has 256
-  /// colours, one of them transparent. Throws EStreamError, with nothing written, for an unknown format.
+  /// colours, one of them transparent. What is fully transparent is white for programs that know no alpha. Throws
+  /// EStreamError, with nothing written, for an unknown format.
   void Save(TStream& Stream, std::string_view FormatName) const;
   /// Writes a file in the format that its extension names. Throws EFileError when it cannot be written and EStreamError
   /// as above, both with the file's name and with an old file whole.
@@ -57,6 +61,7 @@ class Bitmap {
   int FWidth;
   int FHeight;
   float FPixelRatio;
+  bool FOpaque = false;
   std::unique_ptr<QImage> FImage;
 };
 

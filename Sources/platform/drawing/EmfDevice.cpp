@@ -120,6 +120,7 @@ class TEmfDevice::TEngine : public QPaintEngine {
 
   bool Prepare();
   void AddClip(const QPainterPath& Path, Qt::ClipOperation Operation);
+  void WriteClips();
   void ClipTo(const QPainterPath& Path);
   void Fill(const QPainterPath& Area, const QBrush& Brush);
   void FillWithColor(const QPainterPath& Area, const QColor& Color);
@@ -185,17 +186,25 @@ bool TEmfDevice::TEngine::Prepare() {
     FIsClipWritten = true;
     FSeen = QRectF({}, FPixels);
     FRecords.StartClips();
-    if (FIsClipping) {
-      for (const QPainterPath& Clip : FClips) {
-        FSeen &= Clip.boundingRect();
-        if (!FSeen.isEmpty()) ClipTo(Clip);
-      }
-    }
+    if (FIsClipping) WriteClips();
   }
   FRecords.BeginShape();
   const QPainter::CompositionMode Mode = state->compositionMode();
   return !FSeen.isEmpty() && state->opacity() > 0 && Mode != QPainter::CompositionMode_Destination &&
          Mode != QPainter::CompositionMode_Clear;
+}
+
+/// Boxes become one: some programs take two clips to the same box for one to nothing.
+void TEmfDevice::TEngine::WriteClips() {
+  QRectF Box = FSeen;
+  for (const QPainterPath& Clip : FClips) {
+    FSeen &= Clip.boundingRect();
+    if (const std::optional<QRectF> Rect = AsRectangle(Clip)) Box &= *Rect;
+  }
+  if (FSeen.isEmpty()) return;
+  if (Box != QRectF({}, FPixels)) FRecords.ClipToRect(Box);
+  for (const QPainterPath& Clip : FClips)
+    if (!AsRectangle(Clip)) ClipTo(Clip);
 }
 
 void TEmfDevice::TEngine::ClipTo(const QPainterPath& Path) {

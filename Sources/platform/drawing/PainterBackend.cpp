@@ -264,7 +264,11 @@ QBrush TPainterBackend::BrushOf(const TDrawState& State, TGrid Grid, const Brush
     const QTransform Transform = AsQt(State.Transform);
     Result.setTransform(Result.transform() * Transform * QTransform::fromTranslate(0.5, 0.5) * Transform.inverted());
   }
-  if (IsHatch(Brush)) Result.setTransform(WorldTransform(State, Grid).inverted());
+  if (IsHatch(Brush)) {
+    // In the pixels of a picture; on paper in the units that its painter came with.
+    const QTransform World = WorldTransform(State, Grid);
+    Result.setTransform(FImage != nullptr ? World.inverted() : *FBase * World.inverted());
+  }
   return Result;
 }
 

@@ -83,6 +83,12 @@ class EClassNotFound : public EFilerError {
   using EFilerError::EFilerError;
 };
 
+/// A printer that is not there, cannot print, or is not in the state for what is asked of it.
+class EPrinter : public Exception {
+ public:
+  using Exception::Exception;
+};
+
 /// A malformed key-value file.
 class EIniFileError : public Exception {
  public:

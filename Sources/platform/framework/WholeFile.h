@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -15,5 +17,8 @@ std::string ReadToEnd(TStream& Stream);
 /// the place of the old one and keeps its permissions. A symbolic link stays and its target is replaced. Throws
 /// EFileError, with the old file whole and no temporary file left, when any step fails.
 void SaveWholeFile(const std::filesystem::path& FileName, std::string_view Content);
+inline void SaveWholeFile(const std::filesystem::path& FileName, std::span<const std::byte> Content) {
+  SaveWholeFile(FileName, std::string_view(reinterpret_cast<const char*>(Content.data()), Content.size()));
+}
 
 }  // namespace zy
