@@ -110,6 +110,12 @@ void Print(const TEntry& Entry, TFrame& Page) {
   Printer.EndDoc();
 }
 
+/// Around the middle of the data area.
+void Zoom(TZyGraph2D& Graph, double Factor) {
+  const RectF& Area = Graph.DrawingArea();
+  Graph.ZoomAround({static_cast<int>(Area.X + Area.Width / 2), static_cast<int>(Area.Y + Area.Height / 2)}, Factor);
+}
+
 /// The window: names and commands at the left, the chosen chart at the right.
 class TGalleryForm : public TForm {
  public:
@@ -122,6 +128,12 @@ class TGalleryForm : public TForm {
     List->SetWidth(ListWidth);
     List->SetAlign(alLeft);
     for (const TEntry& Entry : Entries) AddCommand(*List, Entry.Title, [this, &Entry] { Show(Entry); });
+    FTop += 20;
+    AddCommand(*List, "Zoom in", [this] { Zoom(GraphOf(*FPage), 0.5); });
+    AddCommand(*List, "Zoom out", [this] { Zoom(GraphOf(*FPage), 2); });
+    AddCommand(*List, "Back", [this] { GraphOf(*FPage).ZoomBack(); });
+    AddCommand(*List, "Forward", [this] { GraphOf(*FPage).RedoZoom(); });
+    AddCommand(*List, "Whole range", [this] { GraphOf(*FPage).ZoomReset(); });
     FTop += 20;
     AddCommand(*List, "Save...", [this] { SaveAs(*FEntry, *FPage); });
     AddCommand(*List, "Copy", [this] { GraphOf(*FPage).CopyToClipboard(); });
@@ -139,7 +151,7 @@ class TGalleryForm : public TForm {
     Command->SetCaption(Text);
     Command->SetCursor(crHandPoint);
     Command->SetOnClick([Run](TObject*) { Run(); });
-    FTop += 30;
+    FTop += 28;
   }
 
   void Show(const TEntry& Entry) {
@@ -148,6 +160,8 @@ class TGalleryForm : public TForm {
     FPage->SetParent(this);
     FPage->SetAlign(alClient);
     Entry.Make(*FPage);
+    for (TComponent* Component : FPage->Components())  // the window has nothing to scroll: the wheel is the charts'
+      if (auto* const Graph = dynamic_cast<TZyGraph2D*>(Component)) Graph->Zoom().SetWheelZoom(TZyWheelZoom::Always);
   }
 
   std::unique_ptr<TFrame> FPage;

@@ -118,6 +118,12 @@ bool TZyAxis::Panning() const {
   return Parent != nullptr && Parent->Panning();
 }
 
+/// Ends that follow the fingers are not rounded.
+bool TZyAxis::KeepsEnds() const {
+  const TZyGraph2D* const Parent = Graph();
+  return Parent != nullptr && (Parent->Panning() || Parent->Pinching());
+}
+
 /// Undo writes what was there: no limit and no dependence on another property changes it then.
 bool TZyAxis::Restoring() const { return FUndoStack != nullptr && FUndoStack->Restoring(); }
 

@@ -415,6 +415,7 @@ class TZyAxis : public TGraphicControl {
   bool HasLogKind() const { return FScaling == TZyAxisScaling::Log || FScaling == TZyAxisScaling::LogEE; }
   bool ChoosesOwnParts() const { return FScaling > TZyAxisScaling::LogEE; }
   bool Panning() const;
+  bool KeepsEnds() const;
   bool IsSlave() const { return FIsSlaveAxis && FMasterAxis != nullptr; }
   void DoNothing() {}
   /// Dates before the first day do not order as their numbers do.

@@ -337,7 +337,7 @@ double TZyAxis::SmallestPositiveBelow(double Stop) const {
 
 /// Room of the user's own at the ends, for steps that are chosen for it.
 void TZyAxis::AddPadding(double& Start, double& Stop) {
-  if ((!FAutoTickParts && !ChoosesOwnParts()) || Panning()) return;
+  if ((!FAutoTickParts && !ChoosesOwnParts()) || KeepsEnds()) return;
   TakeLogScaling(Start, Stop);
   if (FScale.HasLogScaling) return;
   const double Span = Stop - Start;
@@ -356,7 +356,7 @@ void TZyAxis::RoundToSteps(double& Start, double& Stop) {
   for (int Round = 0; Round < MostRounds; ++Round) {
     TakeLogScaling(Start, Stop);
     TakeTickParts(Start, Stop);
-    if (Panning()) return;
+    if (KeepsEnds()) return;
     const double FromStart = Start, FromStop = Stop;
     RoundToTicks(Start, Stop);
     if (FScaling == TZyAxisScaling::DateTime) LimitEnds(Start, Stop);

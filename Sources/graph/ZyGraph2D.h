@@ -113,6 +113,7 @@ class TZyGraph2D : public TZyCustomGraph {
   void MouseMove(TShiftState Shift, int X, int Y) override;
   void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
   bool MouseWheel(TShiftState Shift, int WheelDelta, int X, int Y) override;
+  bool Gesture(const TGesture& Gesture) override;
   void KeyDown(TKey& Key, TShiftState Shift) override;
 
   /// Draws the whole chart: the one order for screen, image and printer.
@@ -181,9 +182,10 @@ class TZyGraph2D : public TZyCustomGraph {
   /// Whether the graph's X axis is the child of another graph.
   bool IsCoupledGraph() const { return FIsCoupledGraph; }
 
-  /// A mouse gesture is running.
+  /// A gesture is running: a frame, a pan, a pinch. Ends are not rounded during the latter two.
   bool Zooming() const { return FZooming; }
   bool Panning() const { return FPanning; }
+  bool Pinching() const { return FPinching; }
   void SetPanning(bool Value);
   /// While the graph paints for a printer or a file: places of ticks and grid lines keep their fractions.
   bool DoingMetafile() const { return FDoingMetafile; }
@@ -270,12 +272,20 @@ class TZyGraph2D : public TZyCustomGraph {
   template <class TDo>
   void WalkStages(const TDo& Do);
   void AddStage();
+  void NoteEnds();
+  void BeginScale(TPoint Place);
+  bool ScaleBy(double Factor);
+  void EndScale();
   void TakeFrameEdges(const RectF& Frame, std::vector<TZoomRange>& Ranges) const;
   void TakeFramePoints(const RectF& Frame, std::vector<TZoomRange>& Ranges) const;
   void Fire(const TNotifyEvent& Event);
   void InvalidateFrame();
   void EndFrame();
   void StartPan();
+  bool PanByPad(double Dx, double Dy);
+  void PinchBy(TPoint Place, double Scale);
+  bool EndPadGesture();
+  void SetPinching(bool Value);
   void PanBy(double Dx, double Dy);
   void EndPan();
   void ShowMove();
@@ -311,9 +321,14 @@ class TZyGraph2D : public TZyCustomGraph {
   TNotifyEvent FOnBeginZoom, FOnEndZoom, FOnBeginPanning, FOnEndPanning;
   TPoint FDragStart, FDragEnd;  // of the mouse gesture, in client pixels
   TCursor FSavedCursor = crDefault;
-  std::vector<double> FPanStarts, FPanStops;  // ends of each axis of FAxes when the pan began, on its scale
-  int FWheelTurn = 0;                         // of a notch that is not complete
-  TRect FLastClip;                            // of the previous paint
+  std::vector<double> FPanStarts, FPanStops;  // ends of each axis of FAxes when the gesture began, on its scale
+  std::vector<double> FScalePlaces;           // of each axis, the place that stays; not a number for an axis that does
+  PointF FPadWay;                             // of a pan on the touch pad, in pixels
+  double FPinchScale = 1;
+  bool FPanIsMouse = false;
+  bool FPinching = false;
+  int FWheelTurn = 0;  // of a notch that is not complete
+  TRect FLastClip;     // of the previous paint
   RectF FDrawingArea;
   std::vector<TZySeries*> FRelatedSeries;
   std::vector<TZyAxis*> FAxes;

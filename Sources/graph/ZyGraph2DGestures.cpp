@@ -61,12 +61,7 @@ void TZyGraph2D::StartPan() {
   SetPanning(true);
   FSavedCursor = Cursor();
   SetCursor(FZoom.PanningCursor());
-  FPanStarts.clear();
-  FPanStops.clear();
-  for (const TZyAxis* Axis : FAxes) {
-    FPanStarts.push_back(Axis->ToScale(Axis->Start()));
-    FPanStops.push_back(Axis->ToScale(Axis->Stop()));
-  }
+  NoteEnds();
   Fire(FOnBeginPanning);
 }
 
@@ -89,6 +84,7 @@ void TZyGraph2D::PanBy(double Dx, double Dy) {
 
 /// The place that was reached becomes a stage.
 void TZyGraph2D::EndPan() {
+  FPanIsMouse = false;
   SetPanning(false);
   SetCursor(FSavedCursor);
   AddStage();
@@ -105,6 +101,7 @@ void TZyGraph2D::CancelGesture() {
   for (std::size_t Index = 0; Index < std::min(FAxes.size(), FPanStarts.size()); ++Index)
     FAxes[Index]->SetStartStop(FAxes[Index]->FromScale(FPanStarts[Index]), FAxes[Index]->FromScale(FPanStops[Index]));
   ShowMove();
+  FPanIsMouse = false;
   SetPanning(false);
   SetCursor(FSavedCursor);
   Fire(FOnEndPanning);
@@ -119,7 +116,10 @@ void TZyGraph2D::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y)
       FZooming = true;
       Fire(FOnBeginZoom);
     }
-    if (GetCanZoomBack() && Shift == FZoom.StartPanning()) StartPan();
+    if (GetCanZoomBack() && Shift == FZoom.StartPanning()) {
+      FPanIsMouse = true;
+      StartPan();
+    }
     if (FZooming || FPanning) SetKeyCapture(FZoom.KeyboardZoom());
   }
   TZyCustomGraph::MouseDown(Button, Shift, X, Y);
@@ -131,7 +131,7 @@ void TZyGraph2D::MouseMove(TShiftState Shift, int X, int Y) {
     FDragEnd = {X, Y};
     InvalidateFrame();
   }
-  if (FPanning) {
+  if (FPanIsMouse) {
     const int Dx = FDragStart.X - X, Dy = Y - FDragStart.Y;
     if (Dx != 0 && Dy != 0) PanBy(Dx, Dy);
   }
@@ -143,7 +143,7 @@ void TZyGraph2D::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
     FZooming = false;
     EndFrame();
   }
-  if (FPanning) EndPan();
+  if (FPanIsMouse) EndPan();
   SetKeyCapture(false);
   TZyCustomGraph::MouseUp(Button, Shift, X, Y);
 }
@@ -189,6 +189,63 @@ bool TZyGraph2D::MouseWheel(TShiftState Shift, int WheelDelta, int X, int Y) {
   const int Notches = FWheelTurn / Notch;
   FWheelTurn -= Notches * Notch;
   if (Notches != 0) ZoomStep({X, Y}, std::pow(ZoomOutStep, -Notches));
+  return true;
+}
+
+bool TZyGraph2D::Gesture(const TGesture& Gesture) {
+  if (TZyCustomGraph::Gesture(Gesture)) return true;
+  if (!FZoom.Auto() || !FZoom.TouchGestures() || FZooming || FPanIsMouse) return false;
+  switch (Gesture.Kind) {
+    case gkBegin:
+      return true;
+    case gkZoom:
+      PinchBy({Gesture.X, Gesture.Y}, Gesture.Scale);
+      return true;
+    case gkPan:
+      return PanByPad(Gesture.DeltaX, Gesture.DeltaY);
+    case gkEnd:
+      return EndPadGesture();
+    case gkDoubleTap:
+      if (!GetCanZoomBack()) return false;
+      ZoomReset();
+      return true;
+  }
+  return false;
+}
+
+/// Things follow the fingers. A chart that shows all leaves the pan to what holds it.
+bool TZyGraph2D::PanByPad(double Dx, double Dy) {
+  if (FPinching) return true;
+  if (!FPanning) {
+    if (!GetCanZoomBack()) return false;
+    FPadWay = {};
+    StartPan();
+  }
+  FPadWay.X += static_cast<float>(FPrimaryXAxis->Twisted() ? Dx : -Dx);
+  FPadWay.Y += static_cast<float>(FPrimaryYAxis->Twisted() ? -Dy : Dy);
+  PanBy(static_cast<double>(FPadWay.X), static_cast<double>(FPadWay.Y));
+  return true;
+}
+
+void TZyGraph2D::PinchBy(TPoint Place, double Scale) {
+  if (FPanning || !(Scale > 0) || FPrimaryYAxis == nullptr) return;
+  if (!FPinching) {
+    SetPinching(true);
+    FPinchScale = 1;
+    Fire(FOnBeginZoom);
+    BeginScale(Place);
+  }
+  FPinchScale *= Scale;
+  ScaleBy(1 / FPinchScale);
+  ShowMove();
+}
+
+bool TZyGraph2D::EndPadGesture() {
+  if (FPanning) EndPan();
+  if (!FPinching) return true;
+  SetPinching(false);
+  EndScale();
+  Fire(FOnEndZoom);
   return true;
 }
 

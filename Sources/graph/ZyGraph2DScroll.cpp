@@ -29,10 +29,15 @@ void TZyGraph2D::ShowScrollBars() {
   if (FVerticalScrollbar != nullptr) FVerticalScrollbar->SetVisible(FDoVScrollBar);
 }
 
-/// A pan of graphs that share an X axis is one of all of them.
+/// A gesture of a graph moves those that share its X axis too.
 void TZyGraph2D::SetPanning(bool Value) {
   FPanning = Value;
   for (TZyGraph2D* Other : CoupledGraphs()) Other->FPanning = Value;
+}
+
+void TZyGraph2D::SetPinching(bool Value) {
+  FPinching = Value;
+  for (TZyGraph2D* Other : CoupledGraphs()) Other->FPinching = Value;
 }
 
 /// Shows what a move of the axes changed, also in coupled graphs.

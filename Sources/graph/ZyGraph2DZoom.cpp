@@ -177,31 +177,64 @@ void TZyGraph2D::ZoomTo(TPoint TopLeft, TPoint BottomRight) {
   EndUpdate();
 }
 
-bool TZyGraph2D::ZoomAround(TPoint Place, double Factor) {
+// --- Around a place -------------------------------------------------------------------------------------------------
+
+/// Notes where a gesture starts from.
+void TZyGraph2D::NoteEnds() {
+  FPanStarts.clear();
+  FPanStops.clear();
+  for (const TZyAxis* Axis : FAxes) {
+    FPanStarts.push_back(Axis->ToScale(Axis->Start()));
+    FPanStops.push_back(Axis->ToScale(Axis->Stop()));
+  }
+}
+
+void TZyGraph2D::BeginScale(TPoint Place) {
   CalculateWhenDirty();
-  if (!(Factor > 0) || !std::isfinite(Factor)) return false;
+  NoteEnds();
   const auto X = static_cast<float>(Place.X), Y = static_cast<float>(Place.Y);
   const bool IsInX = X >= FDrawingArea.X && X <= FDrawingArea.X + FDrawingArea.Width;
   const bool IsInY = Y >= FDrawingArea.Y && Y <= FDrawingArea.Y + FDrawingArea.Height;
-  bool Moved = false, ShowsWhole = true;
+  FScalePlaces.clear();
+  for (const TZyAxis* Axis : FAxes) {
+    const bool Moves = !Axis->RelatedSeries().empty() && (Axis->GetHorizontal() ? IsInX : IsInY);
+    const double Fixed = Axis->ToScale(Axis->WorldToNumber(Axis->GetHorizontal() ? X : Y));
+    FScalePlaces.push_back(Moves ? Fixed : std::numeric_limits<double>::quiet_NaN());
+  }
+}
+
+/// Scales the ranges of the start of the gesture. Returns whether any axis moved.
+bool TZyGraph2D::ScaleBy(double Factor) {
   for (TZyAxis* Axis : FAxes) Axis->BeginZoomBuffer();
   OnCoupledAxes([](TZyAxis& Axis) { Axis.BeginZoomBuffer(); });
-  for (TZyAxis* Axis : FAxes) {
-    const double Start = Axis->Start(), Stop = Axis->Stop();
-    if (!Axis->RelatedSeries().empty() && (Axis->GetHorizontal() ? IsInX : IsInY))
-      Axis->ZoomAround(Axis->ToScale(Start), Axis->ToScale(Stop),
-                       Axis->ToScale(Axis->WorldToNumber(Axis->GetHorizontal() ? X : Y)), Factor);
-    Moved = Moved || Axis->Start() != Start || Axis->Stop() != Stop;
-    ShowsWhole = ShowsWhole && Axis->ShowsWhole();
+  bool Moved = false;
+  for (std::size_t Index = 0; Index < std::min(FAxes.size(), FScalePlaces.size()); ++Index) {
+    if (std::isnan(FScalePlaces[Index])) continue;
+    TZyAxis& Axis = *FAxes[Index];
+    const double Start = Axis.Start(), Stop = Axis.Stop();
+    Axis.ZoomAround(FPanStarts[Index], FPanStops[Index], FScalePlaces[Index], Factor);
+    Moved = Moved || Axis.Start() != Start || Axis.Stop() != Stop;
   }
-  if (!Moved) return false;
+  return Moved;
+}
+
+/// The ranges that were reached become a stage; the whole range is one already.
+void TZyGraph2D::EndScale() {
+  const bool ShowsWhole =
+      std::all_of(FAxes.begin(), FAxes.end(), [](const TZyAxis* Axis) { return Axis->ShowsWhole(); });
   if (ShowsWhole && GetCanZoomBack()) {
     ZoomToStage(0);
   } else {
     AddStage();
-    SeriesModified();
   }
-  Invalidate();
+  ShowMove();
+}
+
+bool TZyGraph2D::ZoomAround(TPoint Place, double Factor) {
+  if (!(Factor > 0) || !std::isfinite(Factor)) return false;
+  BeginScale(Place);
+  if (!ScaleBy(Factor)) return false;
+  EndScale();
   return true;
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QKeyEvent>
+#include <QPointingDevice>
 #include <QWheelEvent>
 #include <cmath>
 
@@ -338,6 +339,39 @@ TEST(Zoom, TheWheelNarrowsEachScaleOnAndOn) {
     EXPECT_LE(Chart.X->Start(), 1);
     EXPECT_GE(Chart.X->Stop(), 45000);
   }
+}
+
+TEST(Zoom, TheTouchPadPinchesPansAndTaps) {
+  TZoomChart Chart;
+  const QPointingDevice* const Pad = QPointingDevice::primaryPointingDevice();
+  const QPointF At(250, 175);
+  const auto Native = [&](Qt::NativeGestureType Type, double Value = 0) {
+    QNativeGestureEvent Event(Type, Pad, 2, At, At, Chart.Graph->Widget()->mapToGlobal(At), Value, {});
+    QCoreApplication::sendEvent(Chart.Graph->Widget(), &Event);
+    Chart.Paint();
+  };
+  const auto Fingers = [&](QPoint Way, Qt::ScrollPhase Phase) {
+    QWheelEvent Event(At, Chart.Graph->Widget()->mapToGlobal(At), Way, Way * 8, Qt::NoButton, Qt::NoModifier, Phase,
+                      false);
+    QCoreApplication::sendEvent(Chart.Graph->Widget(), &Event);
+    Chart.Paint();
+    return Event.isAccepted();
+  };
+  EXPECT_FALSE(Fingers({10, 0}, Qt::ScrollUpdate)) << "the host's, while all is shown";
+  Chart.X->SetEndRounding(TZyAxisEndRounding::RndToMajor);
+  Native(Qt::BeginNativeGesture);
+  Native(Qt::ZoomNativeGesture, 0.25);
+  Native(Qt::ZoomNativeGesture, 0.2);
+  EXPECT_EQ(Chart.State(), "13.333..80 1.667..8.333 0/1 z") << "not rounded yet";
+  Chart.X->SetEndRounding(TZyAxisEndRounding::RndNothing);
+  Native(Qt::EndNativeGesture);
+  EXPECT_EQ(Chart.State(), "13.333..80 1.667..8.333 1/2 zZ");
+  EXPECT_TRUE(Fingers({50, 0}, Qt::ScrollUpdate));
+  EXPECT_TRUE(Fingers({25, 0}, Qt::ScrollUpdate));
+  EXPECT_TRUE(Fingers({}, Qt::ScrollEnd));
+  EXPECT_EQ(Chart.State(), "3.333..70 1.667..8.333 2/3 zZpP");
+  Native(Qt::SmartZoomNativeGesture);
+  EXPECT_EQ(Chart.State(), "0..100 0..10 0/0 zZpP");
 }
 
 TEST(Zoom, Keys) {

@@ -82,6 +82,18 @@ using TMouseWheelEvent =
 /// Runs when the right button or the menu key asks for a menu at a place in the control, -1, -1 for the key. Setting
 /// Handled keeps the menu away.
 using TContextPopupEvent = std::function<void(TObject* Sender, TPoint Place, bool& Handled)>;
+/// What two fingers do on a touch pad. A double tap stands alone; the others come between a begin and an end.
+enum TGestureKind { gkBegin, gkZoom, gkPan, gkEnd, gkDoubleTap };
+struct TGesture {
+  TGestureKind Kind = gkBegin;
+  double Scale = 1;   ///< gkZoom: how much larger things become, since the event before
+  double DeltaX = 0;  ///< gkPan: pixels that things move, since the event before
+  double DeltaY = 0;
+  int X = 0;  ///< place of the mouse in the control
+  int Y = 0;
+};
+/// Unless Handled is set, the gesture goes on to the parent, and a pan becomes a turn of the wheel.
+using TGestureEvent = std::function<void(TObject* Sender, const TGesture& Gesture, bool& Handled)>;
 /// Setting Key to 0 uses it up.
 using TKeyEvent = std::function<void(TObject* Sender, TKey& Key, TShiftState Shift)>;
 using TKeyPressEvent = std::function<void(TObject* Sender, char32_t& Key)>;

@@ -6,7 +6,10 @@
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QMouseEvent>
+#include <QPointer>
+#include <QPointingDevice>
 #include <QStyleHints>
+#include <QTimer>
 #include <QToolTip>
 #include <QWidget>
 #include <algorithm>
@@ -190,8 +193,88 @@ void DispatchButtonOrMove(TWinControl& Control, const QMouseEvent& Event) {
   }
 }
 
+// --- Touch pad ------------------------------------------------------------------------------------------------------
+
+TControlMark PadPanned;         // took the last pan of the touch pad
+QPointer<QTimer> PadIdleTimer;  // ends a pan of a pad that does not tell its end
+
+/// Brings a gesture to what the mouse is over, and then to the control with the window. Returns who took it.
+TControl* SendGesture(TWinControl& Control, TPoint Place, TGesture Gesture) {
+  TControlMark Window;
+  Window.Set(&Control);
+  TControl& Target = ControlAt(Control, Place);
+  const auto Ask = [&Gesture](TControl& Asked, TPoint Inside) {
+    Gesture.X = Inside.X;
+    Gesture.Y = Inside.Y;
+    return Asked.Gesture(Gesture);
+  };
+  if (Ask(Target, PlaceIn(Target, Control, Place))) return &Target;
+  if (&Target != &Control && Window.Get() != nullptr && Ask(Control, Place)) return &Control;
+  return nullptr;
+}
+
+void EndPadPan() {
+  if (PadIdleTimer != nullptr) PadIdleTimer->stop();
+  TControl* const Control = PadPanned.Get();
+  PadPanned.Set(nullptr);
+  if (Control != nullptr) Control->Gesture({.Kind = gkEnd});
+}
+
+/// Two fingers that move on a touch pad come as a wheel with pixels. Returns whether they pan a control.
+bool PansByPad(TWinControl& Control, const QWheelEvent& Event) {
+  constexpr int IdleMilliseconds = 250;
+  const bool IsPad = Event.deviceType() == QInputDevice::DeviceType::TouchPad || Event.phase() != Qt::NoScrollPhase;
+  if (!IsPad || Event.modifiers().testFlag(Qt::ControlModifier)) return false;
+  if (Event.phase() == Qt::ScrollEnd) {
+    const bool Panned = PadPanned.Get() != nullptr;
+    EndPadPan();
+    return Panned;
+  }
+  const QPoint Way = Event.pixelDelta();
+  if (Way.isNull()) return false;
+  PadPanned.Set(SendGesture(Control, ToPoint(Event.position()),
+                            {.Kind = gkPan, .DeltaX = double(Way.x()), .DeltaY = double(Way.y())}));
+  if (PadPanned.Get() == nullptr) return false;
+  if (PadIdleTimer == nullptr) {
+    PadIdleTimer = new QTimer(QCoreApplication::instance());
+    PadIdleTimer->setSingleShot(true);
+    QObject::connect(PadIdleTimer, &QTimer::timeout, [] { EndPadPan(); });
+  }
+  PadIdleTimer->start(IdleMilliseconds);
+  return true;
+}
+
+bool DispatchNativeGesture(TWinControl& Control, const QNativeGestureEvent& Event) {
+  const TEventScope Scope(Event.globalPosition());
+  TGesture Gesture;
+  switch (Event.gestureType()) {
+    case Qt::BeginNativeGesture:
+      Gesture.Kind = gkBegin;
+      break;
+    case Qt::ZoomNativeGesture:
+      Gesture.Kind = gkZoom;
+      Gesture.Scale = 1 + Event.value();
+      break;
+    case Qt::PanNativeGesture:
+      Gesture.Kind = gkPan;
+      Gesture.DeltaX = Event.delta().x();
+      Gesture.DeltaY = Event.delta().y();
+      break;
+    case Qt::SmartZoomNativeGesture:
+      Gesture.Kind = gkDoubleTap;
+      break;
+    case Qt::EndNativeGesture:
+      Gesture.Kind = gkEnd;
+      break;
+    default:
+      return false;
+  }
+  return SendGesture(Control, ToPoint(Event.position()), Gesture) != nullptr;
+}
+
 void DispatchWheel(TWinControl& Control, QWheelEvent& Event) {
   const TEventScope Scope(Event.globalPosition());
+  if (PansByPad(Control, Event)) return Event.accept();
   TControlMark Window;
   Window.Set(&Control);
   const TPoint Place = ToPoint(Event.position());
@@ -292,6 +375,9 @@ bool DispatchMouse(TWinControl& Control, QEvent& Event) {
     case QEvent::Wheel:
       DispatchWheel(Control, static_cast<QWheelEvent&>(Event));
       return true;
+    case QEvent::NativeGesture:
+      Event.setAccepted(DispatchNativeGesture(Control, static_cast<QNativeGestureEvent&>(Event)));
+      return Event.isAccepted();
     case QEvent::Enter:
       if (Captured.Get() == nullptr) Hover(&ControlAt(Control, ToPoint(static_cast<QEnterEvent&>(Event).position())));
       return false;

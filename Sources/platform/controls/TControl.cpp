@@ -31,6 +31,7 @@ ZY_PUBLISHED(TControl, TComponent, Published<&TControl::Left, &TControl::SetLeft
              Published<&TControl::OnMouseMove, &TControl::SetOnMouseMove>("OnMouseMove"),
              Published<&TControl::OnMouseUp, &TControl::SetOnMouseUp>("OnMouseUp"),
              Published<&TControl::OnMouseWheel, &TControl::SetOnMouseWheel>("OnMouseWheel"),
+             Published<&TControl::OnGesture, &TControl::SetOnGesture>("OnGesture"),
              Published<&TControl::OnContextPopup, &TControl::SetOnContextPopup>("OnContextPopup"),
              Published<&TControl::OnMouseEnter, &TControl::SetOnMouseEnter>("OnMouseEnter"),
              Published<&TControl::OnMouseLeave, &TControl::SetOnMouseLeave>("OnMouseLeave"))
@@ -275,6 +276,12 @@ void TControl::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
 bool TControl::MouseWheel(TShiftState Shift, int WheelDelta, int X, int Y) {
   bool Handled = false;
   if (const TMouseWheelEvent Event = FOnMouseWheel) Event(this, Shift, WheelDelta, X, Y, Handled);
+  return Handled;
+}
+
+bool TControl::Gesture(const TGesture& Gesture) {
+  bool Handled = false;
+  if (const TGestureEvent Event = FOnGesture) Event(this, Gesture, Handled);
   return Handled;
 }
 

@@ -126,6 +126,8 @@ class TControl : public TComponent {
   virtual void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y);
   /// Returns whether the wheel ends here.
   virtual bool MouseWheel(TShiftState Shift, int WheelDelta, int X, int Y);
+  /// Returns whether the gesture ends here.
+  virtual bool Gesture(const TGesture& Gesture);
   /// Whether a place in the control's box is part of the control. Asked of controls without a window.
   virtual bool CMHitTest(int X, int Y);
   virtual void CMMouseEnter();
@@ -152,6 +154,8 @@ class TControl : public TComponent {
   void SetOnMouseWheel(TMouseWheelEvent Value) { FOnMouseWheel = std::move(Value); }
   const TContextPopupEvent& OnContextPopup() const { return FOnContextPopup; }
   void SetOnContextPopup(TContextPopupEvent Value) { FOnContextPopup = std::move(Value); }
+  const TGestureEvent& OnGesture() const { return FOnGesture; }
+  void SetOnGesture(TGestureEvent Value) { FOnGesture = std::move(Value); }
   const TNotifyEvent& OnMouseEnter() const { return FOnMouseEnter; }
   void SetOnMouseEnter(TNotifyEvent Value) { FOnMouseEnter = std::move(Value); }
   const TNotifyEvent& OnMouseLeave() const { return FOnMouseLeave; }
@@ -229,6 +233,7 @@ class TControl : public TComponent {
   TMouseEvent FOnMouseDown, FOnMouseUp;
   TMouseMoveEvent FOnMouseMove;
   TMouseWheelEvent FOnMouseWheel;
+  TGestureEvent FOnGesture;
   TContextPopupEvent FOnContextPopup;
 };
 

@@ -293,6 +293,7 @@ bool TWinControl::WidgetEvent(QEvent& Event) {
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
     case QEvent::Wheel:
+    case QEvent::NativeGesture:
     case QEvent::Enter:
     case QEvent::Leave: {
       const bool Painted = FPainted;  // a widget of the toolkit's goes on to handle its mouse events itself
