@@ -282,6 +282,29 @@ TEST(GraphImageTest, ShowsMarkersAndRichLabelsButNoOtherControls) {
   EXPECT_FALSE(Chart.Graph->DoingMetafile());
 }
 
+TEST(GraphImageTest, LeavesScrollBarsOut) {
+  TOutputChart Chart;
+  Chart.Graph->Zoom().SetHScrollbarVisible(true);
+  Chart.Graph->Zoom().SetVScrollbarVisible(true);
+  Chart.Paint();
+  Chart.Graph->ZoomTo({100, 60}, {200, 120});
+  ASSERT_FALSE(Chart.Graph->VerticalScrollbar()->Visible());
+  TMemoryStream Stream;
+  Chart.Graph->SaveImage(Stream, EMF);  // lays out, and brings the bars
+  const TScrollBar &Across = *Chart.Graph->HorizontalScrollBar(), &Upright = *Chart.Graph->VerticalScrollbar();
+  ASSERT_TRUE(Across.Visible() && Upright.Visible());
+  EXPECT_EQ(Chart.Graph->ImageGraphLeft(), Upright.Width());
+  const Bitmap Picture = Chart.SavedPicture(), Screen = Chart.Paint();
+  ASSERT_EQ(Picture.GetWidth(), 300 - Upright.Width());
+  ASSERT_EQ(Picture.GetHeight(), 200 - Across.Height());
+  for (int X = 0; X < Picture.GetWidth(); ++X)
+    ASSERT_EQ(Picture.GetPixel(X, 100), Screen.GetPixel(X + Upright.Width(), 100)) << X;
+  TMemoryStream Drawing(Stream.Bytes());
+  TMetafile Metafile;
+  Metafile.LoadFromStream(Drawing);
+  EXPECT_EQ(Metafile.Width(), Picture.GetWidth());
+}
+
 TEST(GraphImageTest, CoupledGraphsAreOnePicture) {
   TOutputChart Chart;
   TZyGraph2D* Others[2];
