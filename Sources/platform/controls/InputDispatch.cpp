@@ -203,10 +203,10 @@ TControl* SendGesture(TWinControl& Control, TPoint Place, TGesture Gesture) {
   TControlMark Window;
   Window.Set(&Control);
   TControl& Target = ControlAt(Control, Place);
-  const auto Ask = [&Gesture](TControl& Asked, TPoint Inside) {
+  const auto Ask = [&Gesture](TControl& Taker, TPoint Inside) {
     Gesture.X = Inside.X;
     Gesture.Y = Inside.Y;
-    return Asked.Gesture(Gesture);
+    return Taker.Gesture(Gesture);
   };
   if (Ask(Target, PlaceIn(Target, Control, Place))) return &Target;
   if (&Target != &Control && Window.Get() != nullptr && Ask(Control, Place)) return &Control;
