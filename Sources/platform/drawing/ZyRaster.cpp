@@ -44,6 +44,11 @@ class TBlender : public TCoverageSink {
     FPaint.Fetch(X, Y, Count, FColors.data());
     BlendColors(Pixels, Coverage, Count, FColors.data());
   }
+  bool EvenRow(int X, int Y, int Count, std::uint8_t Coverage) override {
+    if (FClip.Mask != nullptr || !FSolid) return false;
+    BlendEven(FTarget.Pixels + Y * FTarget.Stride + X, ScaledByte(Coverage, FOpacity), Count, FColor);
+    return true;
+  }
 
  private:
   const TRasterTarget& FTarget;
