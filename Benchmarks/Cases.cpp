@@ -1,9 +1,12 @@
-// The cases that users of chart libraries ask for, each in a process of its own. Prints a row for each:
+// The cases that users of chart libraries ask for, each in a process of its own. Prints for each:
 //
-//     zyphos CASE SECONDS PEAK_KIB
+//     aim CASE UNITS                  where one is set
+//     zyphos CASE SECONDS PEAK_KIB    the median of its runs
+//     limit CASE SECONDS              the unit: one scan of a million values for their extremes, in turns with the runs
+//     allocations CASE COUNT          of one more repaint with nothing changed
 //
-// with the median of five runs, and as the unit beside them one scan of a million values for their extremes. Names of
-// cases as arguments choose among them.
+// Names of cases as arguments choose among them. `--cold FILE` draws a chart of 100 points into a PNG file and ends, to
+// be measured from outside.
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -13,6 +16,7 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <random>
@@ -20,6 +24,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Allocations.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
@@ -85,18 +90,60 @@ struct TChart {
   TZyGraph2D* Graph = new TZyGraph2D(&Form);
 };
 
-/// Seconds of the middle one of five runs. Prepare runs before each and is not counted.
-double Median(
-    const std::function<void()>& Run, const std::function<void()>& Prepare = [] {}) {
-  std::vector<double> Seconds;
-  for (int i = 0; i < 5; ++i) {
-    Prepare();
-    const auto Start = std::chrono::steady_clock::now();
-    Run();
-    Seconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - Start).count());
+/// What a case came to.
+struct TResult {
+  double Seconds = 0;
+  double Limit = 0;  // seconds of the scan
+  long Allocations = 0;
+};
+
+double MiddleOf(std::vector<double>& Values) {
+  std::sort(Values.begin(), Values.end());
+  return Values[Values.size() / 2];
+}
+
+double SecondsOf(const std::function<void()>& Run) {
+  const auto Start = std::chrono::steady_clock::now();
+  Run();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - Start).count();
+}
+
+/// What it takes to look at each of a million values once.
+double Scan(const std::vector<double>& Values) {
+  double Low = Values[0], High = Values[0];
+  for (const double Value : Values) {
+    Low = std::min(Low, Value);
+    High = std::max(High, Value);
   }
-  std::sort(Seconds.begin(), Seconds.end());
-  return Seconds[Seconds.size() / 2];
+  return High - Low;
+}
+
+constexpr int FewestRuns = 5, MostRuns = 60;
+
+/// The middle one of some runs: at least five, and up to sixty within a second and a half. A scan after each run meets
+/// the same weather on the machine. Prepare runs before each and is not counted.
+TResult Median(
+    const std::function<void()>& Run, const std::function<void()>& Prepare = [] {}) {
+  constexpr double Patience = 1.5;
+  const std::vector<double> Values = TData(Million).Y;
+  std::vector<double> Runs, Scans;
+  const auto Start = std::chrono::steady_clock::now();
+  for (int i = 0; i < MostRuns; ++i) {
+    if (i >= FewestRuns && std::chrono::steady_clock::now() - Start > std::chrono::duration<double>(Patience)) break;
+    Prepare();
+    Runs.push_back(SecondsOf(Run));
+    volatile double Span = 0;
+    Scans.push_back(SecondsOf([&] { Span = Scan(Values); }));
+  }
+  return {MiddleOf(Runs), MiddleOf(Scans), 0};
+}
+
+/// Paints once more and counts.
+TResult WithAllocations(TResult Result, TChart& Chart, Bitmap& Picture) {
+  const long Before = Allocations();
+  Chart.Paint(Picture);
+  Result.Allocations = Allocations() - Before;
+  return Result;
 }
 
 void Style(TZyLineSeries& Series, std::string_view Kind) {
@@ -108,11 +155,11 @@ void Style(TZyLineSeries& Series, std::string_view Kind) {
 }
 
 /// A new chart with a line of Count points: load, layout, first paint. Kind "copied" copies the data.
-double FirstPaint(int Count, std::string_view Kind) {
+TResult FirstPaint(int Count, std::string_view Kind) {
   std::unique_ptr<TData> Data;
   Bitmap Picture(Width, Height);
   std::unique_ptr<TChart> Chart;
-  return Median(
+  const TResult Result = Median(
       [&] {
         Chart = std::make_unique<TChart>();
         Style(Kind == "copied" ? Chart->Add(Data->X, Data->Y) : Chart->Take(*Data), Kind);
@@ -122,10 +169,11 @@ double FirstPaint(int Count, std::string_view Kind) {
         Chart.reset();
         Data = std::make_unique<TData>(Count);
       });
+  return WithAllocations(Result, *Chart, Picture);
 }
 
 /// The same chart once more, with nothing changed.
-double Repaint(int Count, std::string_view Kind, float Ratio = 1) {
+TResult Repaint(int Count, std::string_view Kind, float Ratio = 1) {
   TChart Chart;
   {
     TData Data(Count);
@@ -133,22 +181,34 @@ double Repaint(int Count, std::string_view Kind, float Ratio = 1) {
   }
   Bitmap Picture(Width, Height, Ratio);
   Chart.Paint(Picture);
-  return Median([&] { Chart.Paint(Picture); });
+  return WithAllocations(Median([&] { Chart.Paint(Picture); }), Chart, Picture);
 }
 
-/// The same with the pixels of the line computed anew, as after a change of size.
-double PaintAnew(int Count) {
+/// The same with the pixels of the line computed anew, as after a change of size. Kind "loglog" has both axes
+/// logarithmic, for a power law over six decades with noise.
+TResult PaintAnew(int Count, std::string_view Kind) {
   TChart Chart;
-  const TData Data(Count);
-  Chart.Add(Data.X, Data.Y);
+  {
+    TData Data(Count);
+    if (Kind == "loglog") {
+      for (std::size_t i = 0; i < Data.X.size(); ++i) {
+        Data.X[i] = std::pow(10.0, 6 * Data.X[i] / 1000);
+        Data.Y[i] = std::sqrt(Data.X[i]) * std::exp(Data.Y[i] / 10);
+      }
+      Chart.Graph->PrimaryXAxis()->SetScaling(TZyAxisScaling::Log);
+      Chart.Graph->PrimaryYAxis()->SetScaling(TZyAxisScaling::Log);
+    }
+    Chart.Take(Data);
+  }
   Bitmap Picture(Width, Height);
   Chart.Paint(Picture);
-  return Median([&] { Chart.Paint(Picture); }, [&] { Chart.Graph->SeriesModified(); });
+  const TResult Result = Median([&] { Chart.Paint(Picture); }, [&] { Chart.Graph->SeriesModified(); });
+  return WithAllocations(Result, Chart, Picture);
 }
 
 /// A thousand new points for a million, with the axes following.
-double Stream() {
-  constexpr int Step = 1000, Steps = 6;
+TResult Stream() {
+  constexpr int Step = 1000, Steps = MostRuns + 1;
   const TData Data(Million + Steps * Step);
   TChart Chart;
   const std::span<const double> X(Data.X), Y(Data.Y);
@@ -163,10 +223,10 @@ double Stream() {
     Chart.Paint(Picture);
   };
   Append();
-  return Median(Append);
+  return WithAllocations(Median(Append), Chart, Picture);
 }
 
-double Scatter() {
+TResult Scatter() {
   constexpr int Count = 100000;
   std::mt19937 Random(1);
   std::uniform_real_distribution<double> Anywhere(0, 1);
@@ -177,7 +237,7 @@ double Scatter() {
   }
   Bitmap Picture(Width, Height);
   std::unique_ptr<TChart> Chart;
-  return Median(
+  const TResult Result = Median(
       [&] {
         Chart = std::make_unique<TChart>();
         auto& Series = Chart->Add<TZyPointSeries>(X, Y);
@@ -187,13 +247,16 @@ double Scatter() {
         Chart->Paint(Picture);
       },
       [&] { Chart.reset(); });
+  return WithAllocations(Result, *Chart, Picture);
 }
 
-/// One percent of a million points, another one each time.
-double Zoom() {
+/// One percent of the points, another one each time.
+TResult Zoom(int Count) {
   TChart Chart;
-  const TData Data(Million);
-  Chart.Add(Data.X, Data.Y);
+  {
+    TData Data(Count);
+    Chart.Take(Data);
+  }
   TZyAxis& Axis = *Chart.Graph->PrimaryXAxis();
   Axis.SetStartEnd(TZyAxisEnd::Fixed);
   Axis.SetStopEnd(TZyAxisEnd::Fixed);
@@ -201,19 +264,19 @@ double Zoom() {
   double Start = 495;
   const auto Show = [&] {
     Axis.SetStartStop(Start, Start + 10);
-    Start += 1;
+    Start = Start < 900 ? Start + 1 : 495;
     Chart.Paint(Picture);
   };
   Show();
-  return Median(Show);
+  return WithAllocations(Median(Show), Chart, Picture);
 }
 
 /// Many charts or curves: created, filled, laid out and painted.
-double ManyCharts() {
+TResult ManyCharts() {
   const TData Data(200);
   Bitmap Picture(300, 200);
   std::vector<std::unique_ptr<TChart>> Charts;
-  return Median(
+  const TResult Result = Median(
       [&] {
         for (int i = 0; i < 100; ++i) {
           Charts.push_back(std::make_unique<TChart>(300, 200));
@@ -222,13 +285,14 @@ double ManyCharts() {
         }
       },
       [&] { Charts.clear(); });
+  return WithAllocations(Result, *Charts.back(), Picture);
 }
 
-double ManyCurves() {
+TResult ManyCurves() {
   TData Data(500);
   Bitmap Picture(Width, Height);
   std::unique_ptr<TChart> Chart;
-  return Median(
+  const TResult Result = Median(
       [&] {
         Chart = std::make_unique<TChart>();
         for (int i = 0; i < 2000; ++i) {
@@ -238,56 +302,76 @@ double ManyCurves() {
         Chart->Paint(Picture);
       },
       [&] { Chart.reset(); });
+  return WithAllocations(Result, *Chart, Picture);
 }
 
-/// The unit: what it takes to look at each of a million values once.
-double Scan() {
-  const TData Data(Million);
-  volatile double Result = 0;
-  return Median([&] {
-    double Low = Data.Y[0], High = Data.Y[0];
-    for (const double Value : Data.Y) {
-      Low = std::min(Low, Value);
-      High = std::max(High, Value);
-    }
-    Result = High - Low;
-  });
+/// Whether the machine has room for so many points, and for a chart beside them.
+bool HasMemoryFor(double Points) {
+  const double Free = static_cast<double>(sysconf(_SC_AVPHYS_PAGES)) * static_cast<double>(sysconf(_SC_PAGESIZE));
+  return Free > 2.5 * 2 * sizeof(double) * Points;
+}
+
+/// A chart of a few points from nothing to a file.
+void DrawCold(const char* FileName) {
+  const TData Data(100);
+  Bitmap Picture(Width, Height);
+  TChart Chart;
+  Chart.Add(Data.X, Data.Y);
+  Chart.Paint(Picture);
+  Picture.Save(std::filesystem::path(FileName));
 }
 
 struct TCase {
   const char* Name;
-  std::function<double()> Run;
+  double Aim;  // units; 0 for none
+  std::function<TResult()> Run;
 };
 
+constexpr int Hundred = 100 * Million;
+
 const TCase Cases[] = {
-    {"A-line1e6", [] { return FirstPaint(Million, "line"); }},
-    {"A-line1e6-copied", [] { return FirstPaint(Million, "copied"); }},
-    {"A-line1e6-repaint", [] { return Repaint(Million, "line"); }},
-    {"A-line1e6-anew", [] { return PaintAnew(Million); }},
-    {"A2-line1e6-w2", [] { return FirstPaint(Million, "w2"); }},
-    {"A2-line1e6-w2-repaint", [] { return Repaint(Million, "w2"); }},
-    {"A3-area1e6", [] { return FirstPaint(Million, "area"); }},
-    {"A3-area1e6-repaint", [] { return Repaint(Million, "area"); }},
-    {"B-line1e7", [] { return FirstPaint(10 * Million, "line"); }},
-    {"B-line1e7-repaint", [] { return Repaint(10 * Million, "line"); }},
-    {"C-stream", Stream},
-    {"D-scatter1e5", Scatter},
-    {"F-zoom1pct", Zoom},
-    {"H-100charts", ManyCharts},
-    {"J-2000curves", ManyCurves},
-    {"K-hidpi2", [] { return Repaint(Million, "line", 2); }},
+    {"A-line1e6", 18, [] { return FirstPaint(Million, "line"); }},
+    {"A-line1e6-copied", 0, [] { return FirstPaint(Million, "copied"); }},
+    {"A-line1e6-repaint", 3, [] { return Repaint(Million, "line"); }},
+    {"A-line1e6-anew", 0, [] { return PaintAnew(Million, "line"); }},
+    {"A2-line1e6-w2", 20, [] { return FirstPaint(Million, "w2"); }},
+    {"A2-line1e6-w2-repaint", 5, [] { return Repaint(Million, "w2"); }},
+    {"A3-area1e6", 20, [] { return FirstPaint(Million, "area"); }},
+    {"A3-area1e6-repaint", 5, [] { return Repaint(Million, "area"); }},
+    {"B-line1e7", 130, [] { return FirstPaint(10 * Million, "line"); }},
+    {"B-line1e7-repaint", 6, [] { return Repaint(10 * Million, "line"); }},
+    {"B8-line1e8-repaint", 0, [] { return Repaint(Hundred, "line"); }},
+    {"B8-line1e8-zoom1pct", 0, [] { return Zoom(Hundred); }},
+    {"C-stream", 2.8, Stream},
+    {"D-scatter1e5", 20, Scatter},
+    {"F-zoom1pct", 1.4, [] { return Zoom(Million); }},
+    {"G-loglog1e6", 3.6, [] { return PaintAnew(Million, "loglog"); }},
+    {"H-100charts", 20, ManyCharts},
+    {"J-2000curves", 60, ManyCurves},
+    {"K-hidpi2", 6, [] { return Repaint(Million, "line", 2); }},
+    // How the cost grows with the points, together with the cases above.
+    {"N4-first", 0, [] { return FirstPaint(Million / 100, "line"); }},
+    {"N5-first", 0, [] { return FirstPaint(Million / 10, "line"); }},
+    {"N4-repaint", 0, [] { return Repaint(Million / 100, "line"); }},
+    {"N5-repaint", 0, [] { return Repaint(Million / 10, "line"); }},
+    {"N4-zoom1pct", 0, [] { return Zoom(Million / 100); }},
+    {"N5-zoom1pct", 0, [] { return Zoom(Million / 10); }},
+    {"N7-zoom1pct", 0, [] { return Zoom(10 * Million); }},
 };
 
 /// Runs a case in a child, so that its peak of memory is its own. False when it failed.
-bool RunAlone(const char* Who, const char* Name, const std::function<double()>& Run, int ArgCount, char** Args) {
+bool RunAlone(const TCase& Case, int ArgCount, char** Args) {
   std::fflush(stdout);
   const pid_t Child = fork();
   if (Child == 0) {
     const TApplication Program(ArgCount, Args);
-    const double Seconds = Run();
+    const TResult Result = Case.Run();
     rusage Usage{};
     getrusage(RUSAGE_SELF, &Usage);
-    std::printf("%s %s %.6f %ld\n", Who, Name, Seconds, Usage.ru_maxrss);
+    if (Case.Aim > 0) std::printf("aim %s %g\n", Case.Name, Case.Aim);
+    std::printf("zyphos %s %.6f %ld\n", Case.Name, Result.Seconds, Usage.ru_maxrss);
+    std::printf("limit %s %.6f\n", Case.Name, Result.Limit);
+    std::printf("allocations %s %ld\n", Case.Name, Result.Allocations);
     std::fflush(stdout);
     _exit(0);
   }
@@ -298,12 +382,22 @@ bool RunAlone(const char* Who, const char* Name, const std::function<double()>& 
 }  // namespace
 
 int main(int ArgCount, char** Args) {
-  bool Good = RunAlone("limit", "A-line1e6", Scan, ArgCount, Args);
+  if (ArgCount == 3 && std::string_view(Args[1]) == "--cold") {
+    const TApplication Program(ArgCount, Args);
+    DrawCold(Args[2]);
+    return 0;
+  }
+  bool Good = true;
   for (const TCase& Case : Cases) {
-    const bool Chosen = ArgCount == 1 || std::any_of(Args + 1, Args + ArgCount, [&](const char* Name) {
-                          return std::string_view(Name) == Case.Name;
-                        });
-    if (Chosen) Good = RunAlone("zyphos", Case.Name, Case.Run, ArgCount, Args) && Good;
+    const std::string_view Name = Case.Name;
+    const bool Chosen =
+        ArgCount == 1 || std::any_of(Args + 1, Args + ArgCount, [&](const char* Arg) { return Name == Arg; });
+    if (!Chosen) continue;
+    if (Name.starts_with("B8") && !HasMemoryFor(Hundred)) {
+      std::printf("skipped %s too little free memory for 100,000,000 points\n", Case.Name);
+      continue;
+    }
+    Good = RunAlone(Case, ArgCount, Args) && Good;
   }
   return Good ? 0 : 1;
 }

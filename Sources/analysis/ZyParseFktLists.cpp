@@ -11,13 +11,6 @@ namespace {
 
 char Upper(char C) { return C >= 'a' && C <= 'z' ? static_cast<char>(C - 'a' + 'A') : C; }
 
-bool SameEntry(const TZyFunctionRec& One, const TZyFunctionRec& Two) { return SameName(One.Id, Two.Id); }
-
-template <typename TRec>
-bool SameEntry(const TRec& One, const TRec& Two) {
-  return One.Container == Two.Container && SameName(One.Id, Two.Id);
-}
-
 /// The callback of an entry, whatever its kind.
 auto& Getter(TZyDoubleGetterRec& Row) { return Row.AGetter; }
 auto& Getter(TZyStringGetterRec& Row) { return Row.AGetter; }
@@ -49,9 +42,11 @@ bool HasFullName(const TRec& Row, std::string_view Name) {
          SameName(Name.substr(0, Prefix - 1), Row.Container->VariablesRef());
 }
 
+const TZyVariableContainer* ContainerOf(const TZyFunctionRec&) { return nullptr; }
+
 template <typename TRec>
-void RemoveContainer(const TZyVariableContainer* Container, TZyRecList<TRec>& List) {
-  List.RemoveIf([Container](const TRec& Row) { return Row.Container == Container; });
+const TZyVariableContainer* ContainerOf(const TRec& Row) {
+  return Row.Container;
 }
 
 }  // namespace
@@ -131,13 +126,13 @@ void TZyVariableContainer::DeRegisterVariables() {
 
 template <typename TRec>
 void TZyRecList<TRec>::Put(TRec Row) {
+  std::vector<std::size_t>& Own = FPlaces[ContainerOf(Row)];
   const auto Found =
-      std::find_if(FRows.begin(), FRows.end(), [&Row](const TRec& Other) { return SameEntry(Other, Row); });
-  if (Found == FRows.end()) {
-    FRows.push_back(std::move(Row));
-  } else {
-    Overwrite(*Found, std::move(Row));
-  }
+      std::find_if(Own.begin(), Own.end(), [&](std::size_t Place) { return SameName(FRows[Place].Id, Row.Id); });
+  if (Found != Own.end()) return Overwrite(FRows[*Found], std::move(Row));
+  Own.push_back(FRows.size());
+  FRows.push_back(std::move(Row));
+  FIsThere.push_back(true);
 }
 
 template <typename TRec>
@@ -147,11 +142,48 @@ void TZyRecList<TRec>::Clear() {
 
 template <typename TRec>
 void TZyRecList<TRec>::RemoveIf(const std::function<bool(const TRec&)>& Gone) {
-  std::erase_if(FRows, [&Gone](TRec& Row) {
-    const bool Leaves = Gone(Row);
-    if (Leaves) Release(Row);
-    return Leaves;
-  });
+  for (std::size_t Place = 0; Place < FRows.size(); ++Place) {
+    if (!FIsThere[Place] || !Gone(FRows[Place])) continue;
+    Release(FRows[Place]);
+    FIsThere[Place] = false;
+    ++FGone;
+  }
+  Compact();
+}
+
+template <typename TRec>
+void TZyRecList<TRec>::RemoveContainer(const TZyVariableContainer* Container) {
+  const auto Own = FPlaces.find(Container);
+  if (Own == FPlaces.end()) return;
+  for (const std::size_t Place : Own->second) {
+    Release(FRows[Place]);
+    FIsThere[Place] = false;
+    ++FGone;
+  }
+  FPlaces.erase(Own);
+  if (2 * FGone > FRows.size()) Compact();
+}
+
+template <typename TRec>
+const std::vector<TRec>& TZyRecList<TRec>::Rows() const {
+  Compact();
+  return FRows;
+}
+
+template <typename TRec>
+void TZyRecList<TRec>::Compact() const {
+  if (FGone == 0) return;
+  FPlaces.clear();
+  std::size_t Count = 0;
+  for (std::size_t Place = 0; Place < FRows.size(); ++Place) {
+    if (!FIsThere[Place]) continue;
+    if (Count != Place) FRows[Count] = std::move(FRows[Place]);
+    FPlaces[ContainerOf(FRows[Count])].push_back(Count);
+    ++Count;
+  }
+  FRows.erase(FRows.begin() + static_cast<std::ptrdiff_t>(Count), FRows.end());
+  FIsThere.assign(Count, true);
+  FGone = 0;
 }
 
 template class TZyRecList<TZyFunctionRec>;
@@ -210,15 +242,15 @@ void RemoveFromFunctionsList(std::string_view Text, TZyFunctionsList& List) {
 }
 
 void RemoveFromVariablesList(const TZyVariableContainer* Container, TZyDoubleGetterList& List) {
-  RemoveContainer(Container, List);
+  List.RemoveContainer(Container);
 }
 
 void RemoveFromStringList(const TZyVariableContainer* Container, TZyStringGetterList& List) {
-  RemoveContainer(Container, List);
+  List.RemoveContainer(Container);
 }
 
 void RemoveFromArrayList(const TZyVariableContainer* Container, TZyDoubleArraysList& List) {
-  RemoveContainer(Container, List);
+  List.RemoveContainer(Container);
 }
 
 template <typename TRec>

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -155,7 +156,8 @@ struct TZyDoubleArrayRec {
   TZyBoundGetter<double(std::int32_t)> AArray;
 };
 
-/// Entries in the order in which they were added.
+/// Entries in the order in which they were added. An entry is put, and the entries of a container are removed, at a
+/// cost that does not grow with the list.
 template <typename TRec>
 class TZyRecList {
  public:
@@ -164,20 +166,29 @@ class TZyRecList {
   TZyRecList& operator=(const TZyRecList&) = delete;
   ~TZyRecList() { Clear(); }
 
-  auto begin() const { return FRows.begin(); }
-  auto end() const { return FRows.end(); }
-  bool empty() const { return FRows.empty(); }
-  std::size_t size() const { return FRows.size(); }
-  const TRec& operator[](std::size_t Index) const { return FRows[Index]; }
+  auto begin() const { return Rows().begin(); }
+  auto end() const { return Rows().end(); }
+  bool empty() const { return size() == 0; }
+  std::size_t size() const { return FRows.size() - FGone; }
+  const TRec& operator[](std::size_t Index) const { return Rows()[Index]; }
 
   /// Overwrites the entry of the same name (ignoring case) and container, formulas that use it included, or appends.
   void Put(TRec Row);
   /// Removes the entries that a predicate names; the others keep their order.
   void RemoveIf(const std::function<bool(const TRec&)>& Gone);
+  /// Removes all entries of one container.
+  void RemoveContainer(const TZyVariableContainer* Container);
   void Clear();
 
  private:
-  std::vector<TRec> FRows;
+  const std::vector<TRec>& Rows() const;
+  void Compact() const;
+
+  // What a container takes out only loses its mark, until somebody looks at the list.
+  mutable std::vector<TRec> FRows;
+  mutable std::vector<bool> FIsThere;
+  mutable std::size_t FGone = 0;
+  mutable std::unordered_map<const TZyVariableContainer*, std::vector<std::size_t>> FPlaces;  // of a container's rows
 };
 
 using TZyFunctionsList = TZyRecList<TZyFunctionRec>;

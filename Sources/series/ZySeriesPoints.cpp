@@ -246,8 +246,9 @@ void TZySeries::ReduceToColumns(int Start, int Stop) {
 }
 
 /// Keeps the first, smallest, largest and last point of those from First up to, but not including, Last: all that a
-/// line within one column of pixels shows (Jugel, Jerzak, Hackenbroich, Markl: M4, PVLDB 7(10), 2014). Extremes between
-/// the ends stand in the middle of the column: there the line fills it, as all the points together would.
+/// line within one column of pixels shows (Jugel, Jerzak, Hackenbroich, Markl: M4, PVLDB 7(10), 2014). Extremes stand
+/// in the middle of the column, so that the line between them goes straight up or down: there it fills the column, as
+/// all the points together would.
 void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
   constexpr int Few = 4;
   int Ends[2] = {-1, -1}, Extremes[2] = {-1, -1};
@@ -277,11 +278,13 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
     From = Next + (Next == Outlier ? 1 : 0);
   }
   if (Ends[0] < 0) return;
-  Keep(Ends[0]);
   if (Extremes[0] > Extremes[1]) std::swap(Extremes[0], Extremes[1]);
-  for (const int Extreme : Extremes)
-    if (Extreme > Ends[0] && Extreme < Ends[1] && Extreme != FReduced.back().Index) Keep(Extreme).Pixel.X = Centre;
-  if (Ends[1] > Ends[0]) Keep(Ends[1]);
+  const int Kept[] = {Ends[0], Extremes[0], Extremes[1], Ends[1]};
+  for (int i = 0; i < 4; ++i) {
+    if (i > 0 && Kept[i] == FReduced.back().Index) continue;
+    TReducedPixel& Pixel = Keep(Kept[i]);
+    if (Kept[i] == Extremes[0] || Kept[i] == Extremes[1]) Pixel.Pixel.X = Centre;
+  }
 }
 
 // --- Area -----------------------------------------------------------------------------------------------------------

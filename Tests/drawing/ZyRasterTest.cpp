@@ -211,6 +211,39 @@ TEST(ZyRasterStroke, LooksAsTheToolkitDrawsIt) {
   }
 }
 
+/// Lines with a start and stop anywhere, some far outside, others within a pixel.
+TPoints AnyLine(std::mt19937& Random) {
+  TPoints Result;
+  std::uniform_real_distribution<float> Anywhere(-60, 160), Nearby(-3, 3), Choice(0, 1);
+  for (int Index = 0; Index < 12; ++Index) {
+    const bool IsNear = Index > 0 && Choice(Random) < 0.4f;
+    const PointF From = IsNear ? Result.back() : PointF{};
+    auto& Spread = IsNear ? Nearby : Anywhere;
+    Result.push_back({From.X + Spread(Random), From.Y + Spread(Random)});
+  }
+  if (Choice(Random) < 0.3f) Result[3].X *= 1000;
+  return Result;
+}
+
+TEST(ZyRasterThin, LooksAsTheToolkitDrawsIt) {
+  std::mt19937 Random(1);
+  for (int Round = 0; Round < 300; ++Round) {
+    const TPoints Points = Round < 3 ? *Lines[Round] : AnyLine(Random);
+    const std::uint32_t Color = Round % 4 == 3 ? 0x90000000 : Black;
+    TCanvas Canvas;
+    Canvas.Raster().ThinLine(Points, 1, TRasterCap::Flat, Color);
+    EXPECT_TRUE(Canvas.MarginIsUntouched());
+    TReference Reference(Canvas);
+    Reference.Draw([&](QPainter& Painter) {
+      Painter.setPen(QPen(QColor::fromRgba(Color), 1, Qt::SolidLine, Qt::FlatCap));
+      Painter.drawPolyline(ToQt(Points));
+    });
+    const TDistance Distance = Compare(Canvas, Reference);
+    EXPECT_LT(Distance.Mean, 0.015) << Round;
+    EXPECT_LT(Distance.Worst, 0.2) << Round;
+  }
+}
+
 TEST(ZyRasterStroke, DashesLookAsTheToolkitDrawsThem) {
   const float Pattern[] = {9, 5, 3.5f, 6};
   for (const float Width : {1.3f, 2.0f, 4.0f}) {

@@ -401,7 +401,9 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
   const bool IsLine = Shape.Kind == TShape::Lines || Shape.Kind == TShape::Polygon;
   const float Width = Pen.EffectiveWidth() * Scale;
   if (!FHasMask) {
-    if (!IsLine || IsLevel(Shape.Points)) return false;
+    if (!IsLine) return false;
+    if (StrokeThin(Pen, Shape, Device, Width)) return true;
+    if (IsLevel(Shape.Points)) return false;
     if (!RasterPays(Shape.Points.size() - 1, Width, LengthOf(Shape.Points) * Scale) &&
         !FillsColumns(Shape.Points, Pen.EffectiveWidth()))
       return false;
@@ -427,6 +429,24 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
     }
     Raster.StrokeLines(Figure, Stroke, *Paint);
   }
+  return true;
+}
+
+/// Thin solid lines in the way of the toolkit. Translucent ones so long that they cross themselves everywhere are left
+/// to the coverage rasteriser, which keeps them even, and so are those that fill columns.
+bool TPainterBackend::StrokeThin(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width) {
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Pen.GetBrush());
+  if (Solid == nullptr || Width > 1 || Pen.GetDashStyle() != DashStyleSolid) return false;
+  if (FillsColumns(Shape.Points, Pen.EffectiveWidth())) return false;
+  const bool IsOpaque = Solid->GetColor() >> 24 == 255 && Width == 1;
+  const auto Scale = static_cast<float>(Device.UniformScale());
+  if (!IsOpaque && RasterPays(Shape.Points.size(), Width, LengthOf(Shape.Points) * Scale)) return false;
+  thread_local std::vector<PointF> Points;
+  Points.clear();
+  for (const PointF& Point : Shape.Points) Points.push_back(Device.TransformPoint(Point));
+  if (Shape.Kind == TShape::Polygon) Points.push_back(Points.front());
+  const TRasterCap Cap = Shape.Kind == TShape::Polygon ? TRasterCap::Flat : CapOf(Pen.GetEndCap());
+  TZyRaster(TargetOf(*FImage), RasterClip()).ThinLine(Points, Width, Cap, Solid->GetColor());
   return true;
 }
 

@@ -47,6 +47,7 @@ class TPainterBackend : public TGraphicsBackend {
 
   void DrawPlain(const TDrawState& State, const Pen& Pen, const TShape& Shape);
   bool StrokeByRaster(const TDrawState& State, const Pen& Pen, const TShape& Shape);
+  bool StrokeThin(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width);
   bool FillByRaster(const TDrawState& State, const Brush& Brush, const TShape& Shape);
   bool FillByPicture(const TDrawState& State, const Brush& Brush, const TShape& Shape);
   template <class TPaint>

@@ -9,6 +9,7 @@
 #include "platform/drawing/ZyRasterCells.h"
 #include "platform/drawing/ZyRasterComb.h"
 #include "platform/drawing/ZyRasterStroke.h"
+#include "platform/drawing/ZyRasterThin.h"
 
 namespace zy {
 namespace {
@@ -42,6 +43,11 @@ class TBlender : public TCoverageSink {
     if (FSolid) return BlendColor(Pixels, Coverage, Count, FColor);
     FPaint.Fetch(X, Y, Count, FColors.data());
     BlendColors(Pixels, Coverage, Count, FColors.data());
+  }
+  bool EvenRow(int X, int Y, int Count, std::uint8_t Coverage) override {
+    if (FClip.Mask != nullptr || !FSolid) return false;
+    BlendEven(FTarget.Pixels + Y * FTarget.Stride + X, ScaledByte(Coverage, FOpacity), Count, FColor);
+    return true;
   }
 
  private:
@@ -173,6 +179,14 @@ void TZyRaster::StrokeLines(std::span<const PointF> Points, const TRasterStroke&
   else
     StrokeSolid(Stroker, Guard, Points, Stroke);
   this->Paint(Kept.Cells, true, Alpha, Paint);
+}
+
+void TZyRaster::ThinLine(std::span<const PointF> Points, float Width, TRasterCap Cap, std::uint32_t Color) {
+  if (FClip.Box.IsEmpty() || !(Width > 0)) return;
+  const auto Alpha = static_cast<std::uint32_t>(std::lround(static_cast<float>(Color >> 24) * std::min(Width, 1.0f)));
+  std::uint32_t Ink = 0;
+  TSolidPaint((Color & 0x00FFFFFF) | Alpha << 24).IsSolid(Ink);
+  TRasterThin(FTarget, FClip.Box, Ink).Line(Points, Cap, Cap);
 }
 
 void TZyRaster::FillPolygon(std::span<const PointF> Points, bool Winding, const TRasterPaint& Paint, bool Smooth) {

@@ -152,6 +152,28 @@ void BlendColors(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count,
   Blend(Pixels, Coverage, Count, false, [&](int I) { return Colors + I; });
 }
 
+void BlendEven(std::uint32_t* Pixels, std::uint8_t Coverage, int Count, std::uint32_t Color) {
+  const std::uint32_t Part = Packed(Scaled(Lanes(Color), Coverage));
+  if (Part >> 24 == 255) return static_cast<void>(std::fill_n(Pixels, Count, Part));
+  std::uint8_t Add[4 * ChunkSize];
+  const auto Keep = static_cast<std::uint16_t>(255 - (Part >> 24));
+  for (int I = 0; I < ChunkSize; ++I) std::memcpy(Add + 4 * I, &Part, sizeof Part);
+  int I = 0;
+  for (; I + ChunkSize <= Count; I += ChunkSize) {
+    std::uint8_t Old[4 * ChunkSize];
+    std::memcpy(Old, Pixels + I, sizeof Old);
+    for (int K = 0; K < 4 * ChunkSize; ++K)
+      Old[K] = static_cast<std::uint8_t>(Add[K] + ScaledByte(Old[K], static_cast<std::uint8_t>(Keep)));
+    std::memcpy(Pixels + I, Old, sizeof Old);
+  }
+  for (; I < Count; ++I) Pixels[I] = Packed(Lanes(Part) + Scaled(Lanes(Pixels[I]), Keep));
+}
+
+void BlendRowsOver(std::uint32_t* Pixels, std::ptrdiff_t Stride, const std::uint32_t* Colors, int Width, int Height) {
+  for (int Row = 0; Row < Height; ++Row, Pixels += Stride, Colors += Width)
+    for (int I = 0; I < Width; I += GroupSize) PutOver<GroupSize>(Pixels + I, Colors + I);
+}
+
 void BlendOver(std::uint32_t* Pixels, const std::uint32_t* Colors, int Count) {
   int I = 0;
   for (; I + ChunkSize <= Count; I += ChunkSize) PutOver<ChunkSize>(Pixels + I, Colors + I);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace zy {
@@ -19,7 +20,11 @@ void ScaleBytes(std::uint8_t* Values, std::uint8_t Factor, int Count);
 void BlendColor(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count, std::uint32_t Color);
 /// The same with a colour for each pixel.
 void BlendColors(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count, const std::uint32_t* Colors);
+/// Puts a premultiplied colour over all of the pixels, as far as one coverage says.
+void BlendEven(std::uint32_t* Pixels, std::uint8_t Coverage, int Count, std::uint32_t Color);
 /// Puts premultiplied pixels over others.
 void BlendOver(std::uint32_t* Pixels, const std::uint32_t* Colors, int Count);
+/// The same with a box of pixels; its rows have Width pixels, a multiple of four.
+void BlendRowsOver(std::uint32_t* Pixels, std::ptrdiff_t Stride, const std::uint32_t* Colors, int Width, int Height);
 
 }  // namespace zy

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int BlockShift = 4;
 constexpr int BlockSize = 1 << BlockShift;
+constexpr int FewestEvenBlocks = 2;    // that are worth a call of their own
 constexpr std::int32_t One = 1 << 16;  // full coverage, and a pixel in fixed point
 constexpr double ToFixed = 65536.0;
 constexpr double Rounding = 0.5;  // what is converted is never negative
@@ -152,6 +153,7 @@ void TRasterCells::AddRows(std::int64_t Row, std::int64_t RowEnd, double X, doub
     return static_cast<std::int64_t>(std::clamp(Place, Guard, FWidth - Guard) * ToFine);
   };
   std::int64_t Next = Fine(X);
+  if (Slope == 0) return AddUpright(Row, RowEnd, Next >> 16, Sign);
   // Towards the clamped end: ends are rounded in height, and a flat edge would overshoot by its slope times that.
   const std::int64_t Step = (Fine(X + static_cast<double>(RowEnd - Row) * Slope) - Next) / (RowEnd - Row);
   std::int32_t* Cells = FCells.data() + Row * FCellStride;
@@ -171,6 +173,21 @@ void TRasterCells::AddRows(std::int64_t Row, std::int64_t RowEnd, double X, doub
     } else {
       AddWideSpan(Row, std::min(Xa, Xb), std::max(Xa, Xb), One, Sign);
     }
+  }
+}
+
+/// A side straight up or down; of one between two columns the second one has no share.
+void TRasterCells::AddUpright(std::int64_t Row, std::int64_t RowEnd, std::int64_t X, std::int32_t Sign) {
+  const std::int64_t Column = X >> 16;
+  const std::int32_t Behind = static_cast<std::int32_t>(X & (One - 1)) * Sign, Here = Sign * One - Behind;
+  std::int32_t* Cells = FCells.data() + Row * FCellStride + Column;
+  std::uint8_t* Flags = FFlags.data() + Row * FFlagStride;
+  const std::int64_t Block = Column >> BlockShift, BlockBehind = (Column + (Behind != 0 ? 1 : 0)) >> BlockShift;
+  for (; Row < RowEnd; ++Row, Cells += FCellStride, Flags += FFlagStride) {
+    Grow(Cells[0], Here);
+    if (Behind != 0) Grow(Cells[1], Behind);
+    Flags[Block] = 1;
+    Flags[BlockBehind] = 1;
   }
 }
 
@@ -307,10 +324,14 @@ void TRasterCells::SweepRow(int Row, TCoverageSink& Sink) {
     ++Block;
     if (Block < FBlocks && Flags[Block] != 0) continue;
     const int Next = NextFlag(Block);
-    if (const std::uint8_t Even = CoverageOf<Winding>(Sum); Even != 0)
-      std::memset(Coverage + BlockSize, Even, static_cast<std::size_t>(Next - Block) << BlockShift);
-    else
+    if (const std::uint8_t Even = CoverageOf<Winding>(Sum); Even == 0) {
       EndRun(Block);
+    } else if (const int From = Block << BlockShift, To = std::min(Next << BlockShift, Width);
+               Next - Block >= FewestEvenBlocks && Sink.EvenRow(FBox.Left + From, FBox.Top + Row, To - From, Even)) {
+      EndRun(Block);
+    } else {
+      std::memset(Coverage + BlockSize, Even, static_cast<std::size_t>(Next - Block) << BlockShift);
+    }
     Block = Next;
   }
   EndRun(FBlocks);

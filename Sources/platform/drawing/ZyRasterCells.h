@@ -13,6 +13,8 @@ class TCoverageSink {
   virtual ~TCoverageSink() = default;
   /// Coverage may be changed.
   virtual void Row(int X, int Y, int Count, std::uint8_t* Coverage) = 0;
+  /// Many pixels of one coverage. False when they have to come as a row.
+  virtual bool EvenRow(int, int, int, std::uint8_t) { return false; }
 };
 
 /// The accumulation buffer of TZyRaster.
@@ -37,6 +39,7 @@ class TRasterCells {
   void AddInside(double X0, double Y0, double X1, double Y1);
   void AddInsideAtCentres(double X0, double Y0, double X1, double Y1);
   void AddRows(std::int64_t Row, std::int64_t RowEnd, double X, double Slope, std::int32_t Sign);
+  void AddUpright(std::int64_t Row, std::int64_t RowEnd, std::int64_t X, std::int32_t Sign);
   void AddSpan(std::int64_t Row, double X0, double X1, std::int32_t Height, std::int32_t Sign);
   void AddWideSpan(std::int64_t Row, std::int64_t Xa, std::int64_t Xb, std::int32_t Height, std::int32_t Sign);
   template <bool Winding>

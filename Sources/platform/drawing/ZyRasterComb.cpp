@@ -42,6 +42,7 @@ void TRasterComb::Run(TRasterCells& Cells, TRasterStroker& Stroker, const TRaste
     const auto [Top, Bottom] = std::minmax(Points[i].Y, Points[i + 1].Y);
     const TBar Bar{i, Points[i].X, Top, Bottom};
     if (!FGroup.empty() && !Follows(FGroup.back(), Bar, Step)) FillGroup();
+    if (!FGroup.empty() && !HidesWay(FGroup.back(), Bar)) StrokeBetween(FGroup.back().First + 1, Bar.First);
     if (FGroup.size() == 1) Step = Bar.X - FGroup.back().X;
     FGroup.push_back(Bar);
   }
@@ -49,19 +50,29 @@ void TRasterComb::Run(TRasterCells& Cells, TRasterStroker& Stroker, const TRaste
   StrokeUpTo(Points.size() - 1);
 }
 
-/// Whether the bars touch and hide all of the line between them. Step is the distance of those before, if there are
-/// any.
+/// Whether the bars touch. Step is the distance of those before, if there are any.
 bool TRasterComb::Follows(const TBar& Last, const TBar& Next, double Step) const {
   const double Distance = Next.X - Last.X;
   if (std::fabs(Distance) > FWidth + SameStep || std::fabs(Distance) < SameStep) return false;
   if (FGroup.size() > 1 && std::fabs(Distance - Step) > SameStep) return false;
-  if (Next.First - Last.First > LongestWay + 2) return false;
+  return Next.First - Last.First <= LongestWay + 2;
+}
+
+/// Whether two bars that touch cover all of the line between them.
+bool TRasterComb::HidesWay(const TBar& Last, const TBar& Next) const {
   const double Top = std::max(Last.Top, Next.Top) + FWidth / 2,
                Bottom = std::min(Last.Bottom, Next.Bottom) - FWidth / 2;
   const auto [Left, Right] = std::minmax(Last.X, Next.X);
   for (std::size_t i = Last.First + 2; i < Next.First; ++i)
     if (FPoints[i].Y < Top || FPoints[i].Y > Bottom || FPoints[i].X < Left || FPoints[i].X > Right) return false;
   return Next.First > Last.First + 2;  // straight from end to end the line would stick out beside the shorter bar
+}
+
+/// A part of the line by itself, over what else is drawn.
+void TRasterComb::StrokeBetween(std::size_t First, std::size_t Last) {
+  TRasterStroke Part = *FStroke;
+  Part.StartCap = Part.EndCap = TRasterCap::Flat;
+  StrokeSolid(*FStroker, *FGuard, FPoints.subspan(First, Last - First + 1), Part);
 }
 
 /// The part of the line that is still to be drawn, up to a point.

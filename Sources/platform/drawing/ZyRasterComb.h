@@ -11,8 +11,9 @@ class TRasterCells;
 
 /// Draws lines of dense data: on every column of pixels a bar straight up or down, and short ways from bar to bar.
 ///
-/// Where neighbouring bars touch, and the line stays within both on its way from one to the other, only the outline of
-/// the bars together is left to draw, two steps for each bar however long it is. All else goes to the stroker.
+/// Where neighbouring bars touch, only the outline of the bars together is left to draw, two steps for each bar however
+/// long it is, and the way of the line from one to the other where it leaves what both cover. All else goes to the
+/// stroker.
 class TRasterComb {
  public:
   void Run(TRasterCells& Cells, TRasterStroker& Stroker, const TRasterGuard& Guard, std::span<const PointF> Points,
@@ -25,6 +26,8 @@ class TRasterComb {
   };
 
   bool Follows(const TBar& Last, const TBar& Next, double Step) const;
+  bool HidesWay(const TBar& Last, const TBar& Next) const;
+  void StrokeBetween(std::size_t First, std::size_t Last);
   void StrokeUpTo(std::size_t Last);
   void FillGroup();
 

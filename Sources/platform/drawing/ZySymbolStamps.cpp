@@ -9,6 +9,7 @@ namespace zy {
 namespace {
 
 constexpr float LargestExtent = 2048;
+constexpr int RowUnit = 4;  // rows of stamps end with transparent pixels, so that they are blended in whole groups
 
 /// The box around the pixels that are not transparent, in a picture of Width columns.
 TRasterRect InkOf(const std::vector<std::uint32_t>& Pixels, int Width, int Height) {
@@ -79,17 +80,24 @@ void TZySymbolStamps::Make(TStamp& Stamp, const RectF& Extent, PointF Fraction, 
   Stamp.Made = true;
   Stamp.Box = {Box.Left + Ink.Left, Box.Top + Ink.Top, Box.Left + Ink.Right, Box.Top + Ink.Bottom};
   if (Ink.IsEmpty()) return;
+  Stamp.Stride = (Ink.Right - Ink.Left + RowUnit - 1) / RowUnit * RowUnit;
   for (int Y = Ink.Top; Y < Ink.Bottom; ++Y) {
     const auto Row = Pixels.begin() + static_cast<std::ptrdiff_t>(Y) * Width;
     Stamp.Pixels.insert(Stamp.Pixels.end(), Row + Ink.Left, Row + Ink.Right);
+    Stamp.Pixels.resize(static_cast<std::size_t>((Y + 1 - Ink.Top) * Stamp.Stride));
   }
 }
 
 void TZySymbolStamps::Blit(const TRasterTarget& Target, const TRasterClip& Clip, const TStamp& Stamp, int X, int Y) {
   const TRasterRect At{X + Stamp.Box.Left, Y + Stamp.Box.Top, X + Stamp.Box.Right, Y + Stamp.Box.Bottom};
+  const std::ptrdiff_t Stride = Stamp.Stride;
+  const bool IsWhole = At.Left >= Clip.Box.Left && At.Top >= Clip.Box.Top && At.Bottom <= Clip.Box.Bottom &&
+                       At.Left + Stamp.Stride <= Clip.Box.Right;
+  if (IsWhole && Clip.Mask == nullptr)
+    return BlendRowsOver(Target.Pixels + At.Top * Target.Stride + At.Left, Target.Stride, Stamp.Pixels.data(),
+                         Stamp.Stride, At.Bottom - At.Top);
   const TRasterRect Shown = Intersection(At, Clip.Box);
   if (Shown.IsEmpty()) return;
-  const std::ptrdiff_t Stride = At.Right - At.Left;
   const int Count = Shown.Right - Shown.Left;
   const std::uint32_t* Colors = Stamp.Pixels.data() + (Shown.Top - At.Top) * Stride + (Shown.Left - At.Left);
   std::uint32_t* Pixels = Target.Pixels + Shown.Top * Target.Stride + Shown.Left;

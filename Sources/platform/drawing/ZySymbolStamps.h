@@ -37,6 +37,7 @@ class TZySymbolStamps {
  private:
   struct TStamp {
     TRasterRect Box;  // of what was painted, relative to the anchor's whole pixel
+    int Stride = 0;
     std::vector<std::uint32_t> Pixels;
     bool Made = false;
   };

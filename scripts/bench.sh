@@ -1,0 +1,52 @@
+#!/usr/bin/env bash
+# Runs the cases of Benchmarks/zy_cases several times (3, or as often as the argument says), prints a table of medians and
+# writes them to out/bench.json. Each time stands beside one scan of a million values that was measured in turns with it.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+Rounds=${1:-3}
+scripts/build.sh release zy_cases growth_chart
+mkdir -p out
+export QT_QPA_PLATFORM=offscreen
+Program=build/release/Benchmarks/zy_cases
+Rows=$(mktemp)
+trap 'rm -f "$Rows"' EXIT
+for ((Round = 0; Round < Rounds; ++Round)); do
+  "$Program" 2>>out/bench.log | tee -a "$Rows" | grep --line-buffered '^zyphos' >&2
+  # A process from its start to its end, measured from outside.
+  for ((Run = 0; Run < 5; ++Run)); do
+    Start=${EPOCHREALTIME/,/.}
+    "$Program" --cold out/cold.png 2>>out/bench.log
+    echo "cold I-cold $Start ${EPOCHREALTIME/,/.}" >>"$Rows"
+  done
+done
+awk -v Rounds="$Rounds" '
+  function Middle(List, Parts, Count, i, k, Swap) {
+    Count = split(List, Parts, " ")
+    for (i = 2; i <= Count; ++i)
+      for (k = i; k > 1 && Parts[k] + 0 < Parts[k - 1] + 0; --k) { Swap = Parts[k]; Parts[k] = Parts[k - 1]; Parts[k - 1] = Swap }
+    return Parts[int((Count + 1) / 2)]
+  }
+  function Note(Name) { if (!(Name in Known)) { Known[Name] = 1; Names[++Total] = Name } }
+  $1 == "aim" { Aim[$2] = $3 }
+  $1 == "zyphos" { Note($2); Last[$2] = $3; Seconds[$2] = Seconds[$2] " " $3; if ($4 > Peak[$2]) Peak[$2] = $4 }
+  $1 == "limit" { Limit[$2] = Limit[$2] " " $3; Units[$2] = Units[$2] " " Last[$2] / $3; Scans = Scans " " $3 }
+  $1 == "allocations" { Count[$2] = $3 }
+  $1 == "cold" { Note($2); Seconds[$2] = Seconds[$2] " " $4 - $3 }
+  $1 == "skipped" && !Told[$2]++ { Skipped = Skipped $0 "\n" }
+  END {
+    printf "%-24s %10s %10s %8s %6s %12s %10s\n", "case", "ms", "limit ms", "units", "aim", "allocations", "peak KiB"
+    Json = "out/bench.json"
+    printf "{\n  \"rounds\": %d,\n  \"limit_seconds\": %s,\n  \"cases\": [", Rounds, Middle(Scans) > Json
+    for (i = 1; i <= Total; ++i) {
+      Name = Names[i]; Time = Middle(Seconds[Name]); Unit = (Name in Limit) ? Middle(Limit[Name]) : Middle(Scans)
+      Ratio = (Name in Units) ? Middle(Units[Name]) : Time / Unit
+      printf "%-24s %10.2f %10.2f %8.1f %6s %12s %10s\n", Name, Time * 1000, Unit * 1000, Ratio, Aim[Name], Count[Name], Peak[Name]
+      printf "%s\n    {\"name\": \"%s\", \"seconds\": %s, \"limit_seconds\": %s, \"units\": %.3f", (i > 1 ? "," : ""), Name, Time, Unit, Ratio > Json
+      if (Name in Aim) printf ", \"aim\": %s", Aim[Name] > Json
+      if (Name in Count) printf ", \"allocations\": %s, \"peak_kib\": %s", Count[Name], Peak[Name] > Json
+      printf "}" > Json
+    }
+    printf "\n  ]\n}\n" > Json
+    printf "%s", Skipped
+  }' "$Rows"
+build/release/Benchmarks/growth_chart out/bench.json out/growth.png
