@@ -1,5 +1,6 @@
 #include "platform/framework/ClassRegistry.h"
 
+#include <algorithm>
 #include <string>
 #include <unordered_map>
 
@@ -30,6 +31,13 @@ const TClassInfo* GetClass(std::string_view ClassName) {
 const TClassInfo& FindClass(std::string_view ClassName) {
   if (const TClassInfo* Info = GetClass(ClassName)) return *Info;
   throw EClassNotFound(Format(LoadResString(_sClassNotFound), {ClassName}));
+}
+
+std::vector<const TClassInfo*> RegisteredClasses() {
+  std::vector<const TClassInfo*> Result;
+  for (const auto& [Name, Info] : Registry()) Result.push_back(Info);
+  std::ranges::sort(Result, {}, [](const TClassInfo* Info) { return std::string_view(Info->Name()); });
+  return Result;
 }
 
 }  // namespace zy

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 namespace zy {
 
@@ -15,5 +16,8 @@ const TClassInfo* GetClass(std::string_view ClassName);
 
 /// As GetClass, but throws EClassNotFound, naming the class, when there is none.
 const TClassInfo& FindClass(std::string_view ClassName);
+
+/// All registered classes, by name.
+std::vector<const TClassInfo*> RegisteredClasses();
 
 }  // namespace zy
