@@ -6,16 +6,18 @@ namespace zy {
 
 class TStream;
 
-/// Writes records to a stream: numbers little-endian in the width of their fields, see ZyIO.h.
-class TZyStreamWriter : public TZyArchive {
+/// Both directions of records in a stream: numbers little-endian in the width of their fields, see ZyIO.h. One method
+/// for each type of value writes or reads it.
+class TZyStreamArchive : public TZyArchive {
  public:
-  explicit TZyStreamWriter(TStream& Stream) : FStream(Stream) {}
-  bool IsReading() const override { return false; }
+  bool IsReading() const override { return FReading; }
   bool IsStream() const override { return true; }
   bool NextGroup() override;
   void EndRecord() override;
 
  protected:
+  TZyStreamArchive(TStream& Stream, bool Reading) : FStream(Stream), FReading(Reading) {}
+
   bool Visit(const TZyFieldName& Name, bool& Value) override;
   bool Visit(const TZyFieldName& Name, TOrdinal& Value) override;
   bool Visit(const TZyFieldName& Name, std::int32_t& Value) override;
@@ -25,29 +27,23 @@ class TZyStreamWriter : public TZyArchive {
   bool Visit(const TZyFieldName& Name, std::string& Value) override;
 
  private:
+  template <class T>
+  bool WriteOrRead(T& Value);
+
   TStream& FStream;
+  bool FReading;
+};
+
+/// Writes records to a stream.
+class TZyStreamWriter : public TZyStreamArchive {
+ public:
+  explicit TZyStreamWriter(TStream& Stream) : TZyStreamArchive(Stream, false) {}
 };
 
 /// Reads records from a stream. Throws EReadError for a record that is cut off and for a bad ordinal.
-class TZyStreamReader : public TZyArchive {
+class TZyStreamReader : public TZyStreamArchive {
  public:
-  explicit TZyStreamReader(TStream& Stream) : FStream(Stream) {}
-  bool IsReading() const override { return true; }
-  bool IsStream() const override { return true; }
-  bool NextGroup() override;
-  void EndRecord() override;
-
- protected:
-  bool Visit(const TZyFieldName& Name, bool& Value) override;
-  bool Visit(const TZyFieldName& Name, TOrdinal& Value) override;
-  bool Visit(const TZyFieldName& Name, std::int32_t& Value) override;
-  bool Visit(const TZyFieldName& Name, TZyColor& Value) override;
-  bool Visit(const TZyFieldName& Name, float& Value) override;
-  bool Visit(const TZyFieldName& Name, double& Value) override;
-  bool Visit(const TZyFieldName& Name, std::string& Value) override;
-
- private:
-  TStream& FStream;
+  explicit TZyStreamReader(TStream& Stream) : TZyStreamArchive(Stream, true) {}
 };
 
 }  // namespace zy
