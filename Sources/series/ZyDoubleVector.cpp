@@ -132,8 +132,10 @@ void TZyDoubleVector::SetInternalArray(std::vector<double> Value) {
   if (Value.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
     detail::VectorIndexOutOfRange(std::numeric_limits<int>::max());
   FArray = std::move(Value);
-  FCount = static_cast<int>(FArray.size());
-  SetCapacity(FCount);
+  const auto NewCount = static_cast<int>(FArray.size());
+  FCount = 0;  // the capacity may become the very count, which it never does while the vector is filled
+  SetCapacity(NewCount);
+  FCount = NewCount;
   OutOfRange();
 }
 

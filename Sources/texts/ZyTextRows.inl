@@ -85,9 +85,6 @@ ZY_TEXT(_sZoomOptimizeSeries, "Graph zoom optimize for series data")
 ZY_TEXT(_sZoomStartPanning, "Graph panning start keys")
 ZY_TEXT(_sZoomStartZoom, "Graph zoom start keys")
 ZY_TEXT(_sZoomAuto, "Graph auto zooming")
-ZY_TEXT(_sZoomWheelZoom, "Graph zoom by mouse wheel")
-ZY_TEXT(_sZoomTouchGestures, "Graph zoom by touch pad")
-ZY_TEXT(_sZoomKeyboardZoom, "Graph zoom by keyboard")
 
 // Axis
 ZY_TEXT(_sAxisNumbersDrawEffect, "Drawing effect of axis scaling numbers")

@@ -277,6 +277,9 @@ TEST(ZyDoubleVectorTest, CapacityGrowsByTheIncrement) {
   Vector.Clear();
   EXPECT_EQ(Vector.Capacity(), std::numeric_limits<int>::max());
   EXPECT_EQ(Vector.Count(), 0);
+  Vector.SetInternalArray(std::vector<double>(300, 1.0));
+  EXPECT_EQ(Vector.Count(), 300);
+  EXPECT_EQ(Vector.Capacity(), 300) << "both are the length of the array";
 }
 
 TEST(ZyDoubleVectorTest, AddsRangesOfEachKind) {
