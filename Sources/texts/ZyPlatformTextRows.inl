@@ -136,7 +136,7 @@ ZY_TEXT(_sNothingToCall, "There is nothing to call behind the name \"%s\"")
 ZY_TEXT(_sNoArgument, "There is no variable \"%s\" to evaluate the formula over")
 ZY_TEXT(_sResultCount, "%u results cannot take the values of %u arguments")
 
-// Gestures beyond the settings of old
+// ---- Zooming ----
 ZY_TEXT(_sZoomWheelZoom, "Graph zoom by mouse wheel")
 ZY_TEXT(_sZoomTouchGestures, "Graph zoom by touch pad")
 ZY_TEXT(_sZoomKeyboardZoom, "Graph zoom by keyboard")
