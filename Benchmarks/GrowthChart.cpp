@@ -81,6 +81,10 @@ int main(int ArgCount, char** Args) {
   if (ArgCount != 3) return 2;
   const TApplication Program(ArgCount, Args);
   const std::map<std::string, double> Measured = Read(Args[1]);
+  if (Measured.empty()) {
+    std::fprintf(stderr, "%s holds no cases\n", Args[1]);
+    return 1;
+  }
   TForm Form;
   auto* const Graph = new TZyGraph2D(&Form);
   Graph->SetBounds(0, 0, 640, 400);
@@ -94,6 +98,7 @@ int main(int ArgCount, char** Args) {
   Graph->PrimaryYAxis()->SetCaption("Milliseconds");
   Graph->PrimaryXAxis()->SetScaling(TZyAxisScaling::LogEE);
   Graph->PrimaryYAxis()->SetScaling(TZyAxisScaling::Log);
+  std::string Title;
   for (const TLine& Line : Lines) {
     std::vector<double> X, Y;
     for (const auto& [Points, Name] : Line.Cases) {
@@ -115,8 +120,16 @@ int main(int ArgCount, char** Args) {
     Series->Line().SetColor(Line.Color);
     Series->Line().SetWidth(2);
     Series->PointSymbol().SetBorderColor(Line.Color);
+    char Part[120];
+    std::snprintf(Part, sizeof Part, "\\c[A=255, R=%u, G=%u, B=%u]%s   ", Line.Color >> 16 & 255, Line.Color >> 8 & 255,
+                  Line.Color & 255, Line.Name);
+    Title += Part;
     std::printf("%s: n^%.2f\n", Line.Name, ExponentOf(X, Y));
   }
+  Graph->SetCaption(TZyRichCaption(Title));
+  Graph->SetCaptionVisible(true);
+  Graph->SetCaptionDistanceBefore(8);
+  Graph->SetCaptionDistanceAfter(6);
   Bitmap Picture(640, 400);
   {
     Graphics Canvas(Picture);

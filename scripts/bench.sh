@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs the cases of Benchmarks/zy_cases several times (3, or as often as the argument says), prints a table of medians
-# (and of the quickest runs) and writes them to out/bench.json. Each time stands beside one scan of a million values that was measured in turns with it.
+# (and of the quickest runs) and writes them to out/bench.json. Each time stands beside one scan of a million values that was measured in turns with it; the unit
+# is the median of all these scans.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 Rounds=${1:-3}
@@ -28,8 +29,8 @@ awk -v Rounds="$Rounds" '
   }
   function Note(Name) { if (!(Name in Known)) { Known[Name] = 1; Names[++Total] = Name } }
   $1 == "aim" { Aim[$2] = $3 }
-  $1 == "zyphos" { Note($2); Last[$2] = $3; Seconds[$2] = Seconds[$2] " " $3; if ($4 > Peak[$2]) Peak[$2] = $4 }
-  $1 == "limit" { Limit[$2] = Limit[$2] " " $3; Units[$2] = Units[$2] " " Last[$2] / $3; Scans = Scans " " $3 }
+  $1 == "zyphos" { Note($2); Seconds[$2] = Seconds[$2] " " $3; if ($4 > Peak[$2]) Peak[$2] = $4 }
+  $1 == "limit" { Limit[$2] = Limit[$2] " " $3; Scans = Scans " " $3 }
   $1 == "best" && (!($2 in Best) || $3 < Best[$2]) { Best[$2] = $3 }
   $1 == "allocations" { Count[$2] = $3 }
   $1 == "cold" { Note($2); Seconds[$2] = Seconds[$2] " " $4 - $3 }
@@ -37,16 +38,18 @@ awk -v Rounds="$Rounds" '
   END {
     printf "%-24s %9s %9s %7s %7s %5s %11s %9s\n", "case", "ms", "limit ms", "units", "best", "aim", "allocations", "peak KiB"
     Json = "out/bench.json"
-    printf "{\n  \"rounds\": %d,\n  \"limit_seconds\": %s,\n  \"cases\": [", Rounds, Middle(Scans) > Json
+    Unit = Middle(Scans)
+    printf "{\n  \"rounds\": %d,\n  \"limit_seconds\": %s,\n  \"cases\": [", Rounds, Unit > Json
     for (i = 1; i <= Total; ++i) {
-      Name = Names[i]; Time = Middle(Seconds[Name]); Unit = (Name in Limit) ? Middle(Limit[Name]) : Middle(Scans)
-      Ratio = (Name in Units) ? Middle(Units[Name]) : Time / Unit
+      Name = Names[i]; Time = Middle(Seconds[Name]); Own = (Name in Limit) ? Middle(Limit[Name]) : Unit
+      Ratio = Time / Unit
+      Goal = (Name in Aim) ? Aim[Name] : ""
       Least = (Name in Best) ? sprintf("%.1f", Best[Name] / Unit) : ""
-      printf "%-24s %9.2f %9.2f %7.1f %7s %5s %11s %9s\n", Name, Time * 1000, Unit * 1000, Ratio, Least, Aim[Name], Count[Name], Peak[Name]
-      printf "%s\n    {\"name\": \"%s\", \"seconds\": %s, \"limit_seconds\": %s, \"units\": %.3f", (i > 1 ? "," : ""), Name, Time, Unit, Ratio > Json
+      printf "%-24s %9.2f %9.2f %7.1f %7s %5s %11s %9s\n", Name, Time * 1000, Own * 1000, Ratio, Least, Goal, Count[Name], Peak[Name]
+      printf "%s\n    {\"name\": \"%s\", \"seconds\": %s, \"limit_seconds\": %s, \"units\": %.3f", (i > 1 ? "," : ""), Name, Time, Own, Ratio > Json
       if (Name in Best) printf ", \"best_seconds\": %s, \"best_units\": %s", Best[Name], Least > Json
-      if (Name in Aim) printf ", \"aim\": %s", Aim[Name] > Json
-      if (Name in Count) printf ", \"allocations\": %s, \"peak_kib\": %s", Count[Name], Peak[Name] > Json
+      if (Goal != "") printf ", \"aim\": %s", Goal > Json
+      if (Name in Best) printf ", \"allocations\": %s, \"peak_kib\": %s", Count[Name], Peak[Name] > Json
       printf "}" > Json
     }
     printf "\n  ]\n}\n" > Json
