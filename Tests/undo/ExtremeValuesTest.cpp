@@ -24,8 +24,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double Inf = std::numeric_limits<double>::infinity();
-constexpr double Reals[] = {NaN,    Inf, -Inf, 1e308, -1e308, 1e38, -1e38, 5e-324, -5e-324, 1e-300,
-                            -1e-40, 0,   -0.0, 1,     -1,     1e9,  -1e9,  1e15,   -1e15,   0.3};
+constexpr double Reals[] = {NaN, Inf, -Inf, 1e308, -1e308, 5e-324, -1e-40, 0, -0.0, -1, 1e9, -1e15, 0.3};
 constexpr std::int64_t Wholes[] = {std::numeric_limits<std::int64_t>::min(),
                                    std::numeric_limits<std::int64_t>::max(),
                                    std::numeric_limits<std::int32_t>::min(),
@@ -151,7 +150,7 @@ class ExtremeValuesTest : public ::testing::Test {
     TPersistent* const Old = Info.GetObject(Object);
     std::vector<TPersistent*> Fitting{nullptr, &Object};
     for (const auto& [Other, OtherPath] : FObjects)
-      if (Other->ClassInfo().InheritsFrom(Info.ObjectClass())) Fitting.push_back(Other);
+      if (Fitting.size() < 6 && Other->ClassInfo().InheritsFrom(Info.ObjectClass())) Fitting.push_back(Other);
     for (TPersistent* Value : Fitting) {
       Try(Object, Info, Name + (Value == nullptr ? "null" : Value->ClassName()),
           [&] { Info.SetObject(Object, Value); });

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <set>
 
 #include "framework/SampleComponent.h"
 #include "graph/ZyGraph2D.h"
@@ -12,20 +11,14 @@
 #include "platform/framework/Reflection.h"
 #include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
+#include "undo/RandomSetters.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
 namespace {
 
-/// What is set without undo: what the designer sets once, the one look without a step, and the paddings of an axis.
-const std::set<std::string_view> NotUndone = {"BufferType", "PanningCursor", "SmoothingMode", "AutoUpdate",
-                                              "ParentFont", "StartPadding",  "StopPadding",   "MergeLegendItemWith",
-                                              "DrawBandTo", "RubricsField",  "DataSource",    "DataField"};
-
-/// What every panel has, places and names above all, is set without undo too.
-bool IsUndone(const TPropInfo& Info) {
-  return !NotUndone.contains(Info.Name) && TCustomPanel::StaticClassInfo().FindProperty(Info.Name) == nullptr;
-}
+using testing::IsUndone;
+using testing::SetAtRandom;
 
 /// A form with a chart of two series, all of which push to one stack.
 class ZyChartUndoTest : public ::testing::Test {
@@ -74,35 +67,6 @@ class ZyChartUndoTest : public ::testing::Test {
   TZyUndoStack Stack{&Form};
   std::vector<TPersistent*> Objects;
 };
-
-/// Writes some value of the property's kind through its setter. False for kinds that the walk leaves alone.
-bool SetAtRandom(TPersistent& Object, const TPropInfo& Info, TComponent& Root, std::mt19937& Random) {
-  const auto Roll = [&Random](std::size_t Count) { return static_cast<std::int64_t>(Random() % Count); };
-  switch (Info.Kind) {
-    case TPropKind::Enumeration:
-      Info.SetOrd(Object, Roll(Info.Values->Values.size()));
-      return true;
-    case TPropKind::Integer:
-      Info.SetOrd(Object, Roll(2000));
-      return true;
-    case TPropKind::Float:
-      Info.SetFloat(Object, static_cast<double>(Roll(4000) - 1000) / 16);
-      return true;
-    case TPropKind::String:
-      Info.SetStr(Object, "text " + std::to_string(Roll(100)));
-      return true;
-    case TPropKind::Class: {
-      if (Info.IsOwnedObject) return false;
-      std::vector<TPersistent*> Fitting{nullptr};
-      for (TComponent* Component : Root.Components())
-        if (Component->ClassInfo().InheritsFrom(Info.ObjectClass())) Fitting.push_back(Component);
-      Info.SetObject(Object, Fitting[static_cast<std::size_t>(Roll(Fitting.size()))]);
-      return true;
-    }
-    default:
-      return false;
-  }
-}
 
 TEST_F(ZyChartUndoTest, EverySetterPushesOneStepThatUndoReverts) {
   std::mt19937 Random(5);
