@@ -28,7 +28,7 @@ bool WriteNewFile(const fs::path& FileName, std::string_view Content, const fs::
   std::error_code Error;
   if (const fs::file_status Status = fs::status(Model, Error); fs::exists(Status))
     fs::permissions(FileName, Status.permissions(), Error);
-  const bool Written = std::fwrite(Content.data(), 1, Content.size(), File) == Content.size();
+  const bool Written = Content.empty() || std::fwrite(Content.data(), 1, Content.size(), File) == Content.size();
   if (std::fclose(File) == 0 && Written) return true;
   fs::remove(FileName, Error);
   return false;
