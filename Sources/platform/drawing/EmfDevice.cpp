@@ -57,6 +57,17 @@ QPainterPath WithoutOverlaps(const QPainterPath& Path) {
   return Path.fillRule() == Qt::WindingFill && Path.elementCount() <= MostElements ? Path.simplified() : Path;
 }
 
+/// Whether some pixels are neither opaque nor clear: only those mean different colours to different readers.
+bool HasHalfTones(const QImage& Image) {
+  if (!Image.hasAlphaChannel()) return false;
+  const QImage Pixels = Image.convertToFormat(QImage::Format_ARGB32);
+  for (int Row = 0; Row < Pixels.height(); ++Row) {
+    const auto* Line = reinterpret_cast<const QRgb*>(Pixels.constScanLine(Row));
+    if (std::any_of(Line, Line + Pixels.width(), [](QRgb Pixel) { return qAlpha(Pixel) % 255 != 0; })) return true;
+  }
+  return false;
+}
+
 QColor Faded(QColor Color, double Opacity) {
   Color.setAlphaF(static_cast<float>(std::clamp(Color.alphaF() * Opacity, 0.0, 1.0)));
   return Color;
@@ -136,7 +147,9 @@ class TEmfDevice::TEngine : public QPaintEngine {
   QTransform BrushToDevice(const QBrush& Brush) const;
   QRectF Vicinity() const;
   template <typename TPaint>
-  void PaintPicture(const QRectF& Box, double Scale, const TPaint& Paint);
+  void PaintPicture(const QPainterPath& Area, double Scale, const TPaint& Paint);
+  void PutPicture(const QRectF& Place, const QImage& Image, const QPainterPath& Area);
+  TEmfPlus ClippedAlternative() const;
 
   QSizeF FPixels;
   double FDotsPerInch;
@@ -292,11 +305,35 @@ void TEmfDevice::TEngine::FillWithColor(const QPainterPath& Area, const QColor& 
   if (Box.isEmpty()) return;
   QImage Pixel(1, 1, QImage::Format_ARGB32);
   Pixel.setPixelColor(0, 0, Color);
-  if (AsRectangle(Area)) return FRecords.Picture(Box, Pixel);
+  TEmfPlus Shape = ClippedAlternative();
+  Shape.Fill(WithoutOverlaps(Area), Color);
+  Shape.Finish();
+  FRecords.BeginAlternative(Shape);
   FRecords.BeginLevel();
-  ClipTo(Area);
+  if (!AsRectangle(Area)) ClipTo(Area);
   FRecords.Picture(Box, Pixel);
   FRecords.EndLevel();
+  FRecords.EndAlternative();
+}
+
+/// An alternative with the clips that records have set for themselves.
+TEmfPlus TEmfDevice::TEngine::ClippedAlternative() const {
+  TEmfPlus Result;
+  if (!FIsClipping) return Result;
+  for (const QPainterPath& Clip : FClips) Result.ClipTo(WithoutOverlaps(Clip));
+  return Result;
+}
+
+/// A picture under a clip to Area, which is already set for records.
+void TEmfDevice::TEngine::PutPicture(const QRectF& Place, const QImage& Image, const QPainterPath& Area) {
+  if (!HasHalfTones(Image)) return FRecords.Picture(Place, Image);
+  TEmfPlus Drawing = ClippedAlternative();
+  Drawing.ClipTo(WithoutOverlaps(Area));
+  Drawing.Draw(Place, Image);
+  Drawing.Finish();
+  FRecords.BeginAlternative(Drawing);
+  FRecords.Picture(Place, Image);
+  FRecords.EndAlternative();
 }
 
 void TEmfDevice::TEngine::FillSolid(const QPainterPath& Area, QRgb Color) {
@@ -377,11 +414,12 @@ bool TEmfDevice::TEngine::FillWithRadial(const QPainterPath& Area, const QBrush&
   return true;
 }
 
-/// A picture of Box made by Paint with a painter in pixels of the file; Scale of its own pixels make one of them.
+/// A picture of Area's box made by Paint with a painter in pixels of the file; Scale of its own pixels make one of
+/// them.
 template <typename TPaint>
-void TEmfDevice::TEngine::PaintPicture(const QRectF& Box, double Scale, const TPaint& Paint) {
+void TEmfDevice::TEngine::PaintPicture(const QPainterPath& Area, double Scale, const TPaint& Paint) {
   constexpr double MostPixels = 1 << 24;
-  const QRectF Part = Box & FSeen;
+  const QRectF Part = Area.boundingRect() & FSeen;
   const QRectF Whole(QPointF(std::floor(Part.left()), std::floor(Part.top())),
                      QPointF(std::ceil(Part.right()), std::ceil(Part.bottom())));
   if (!(Whole.width() > 0 && Whole.height() > 0)) return;  // nothing, or a shape far out that is no number any more
@@ -397,7 +435,7 @@ void TEmfDevice::TEngine::PaintPicture(const QRectF& Box, double Scale, const TP
   Painter.setOpacity(state->opacity());
   Paint(Painter);
   Painter.end();
-  FRecords.Picture(Whole, Image);
+  PutPicture(Whole, Image, Area);
 }
 
 void TEmfDevice::TEngine::FillWithPicture(const QPainterPath& Area, const QBrush& Brush) {
@@ -405,7 +443,7 @@ void TEmfDevice::TEngine::FillWithPicture(const QPainterPath& Area, const QBrush
   const bool IsPattern = Brush.style() <= Qt::DiagCrossPattern;
   const bool IsOnPixels =
       IsPattern || (Brush.style() == Qt::TexturePattern && BrushToDevice(Brush).type() <= QTransform::TxTranslate);
-  PaintPicture(Area.boundingRect(), IsOnPixels ? 1 : 2, [&](QPainter& Painter) {
+  PaintPicture(Area, IsOnPixels ? 1 : 2, [&](QPainter& Painter) {
     if (IsOnPixels) Painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform, false);
     const QTransform ToDevice = state->transform();
     bool IsInvertible = false;
@@ -506,10 +544,10 @@ void TEmfDevice::TEngine::drawImage(const QRectF& Place, const QImage& Image, co
   const bool IsUpright = ToDevice.type() <= QTransform::TxScale && ToDevice.m11() > 0 && ToDevice.m22() > 0;
   if (IsUpright && state->opacity() >= 1 && QRectF(Whole) == Part && Image.rect().contains(Whole) &&
       Vicinity().contains(Target)) {
-    FRecords.Picture(Target, Whole == Image.rect() ? Image : Image.copy(Whole));
+    PutPicture(Target, Whole == Image.rect() ? Image : Image.copy(Whole), PathOf(Target));
     return;
   }
-  PaintPicture(Target, 2, [&](QPainter& Painter) {
+  PaintPicture(PathOf(Target), 2, [&](QPainter& Painter) {
     Painter.setWorldTransform(ToDevice, true);
     Painter.drawImage(Place, Image, Part);
   });

@@ -14,9 +14,10 @@ class TStream;
 /// file. Painting anew starts a new picture.
 ///
 /// Lines, areas and texts stay what they are. What the format has no word for is put together from what it has:
-/// gradients from strips and rings under a clip, translucent areas from one blended pixel under a clip, other brushes
-/// and turned pictures from pictures of two pixels for each one. Texts that are sheared, mirrored or stretched become
-/// outlines. Composition modes other than "source over" are painted as that one.
+/// gradients from strips and rings under a clip, other brushes and turned pictures from pictures of two
+/// pixels for each one. Translucent shapes are there twice: as shapes and pictures of EMF+, and, for readers that do
+/// not know it, as pictures under a clip, multiplied by their alpha as the format wants them. Texts that are sheared,
+/// mirrored or stretched become outlines. Composition modes other than "source over" are painted as that one.
 class TEmfDevice : public QPaintDevice {
  public:
   /// Pixels is the extent of the picture, DotsPerInch how many pixels make an inch of it. Throws ERangeError for an

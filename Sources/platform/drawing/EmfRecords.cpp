@@ -43,6 +43,7 @@ enum TRecordType : std::uint32_t {
   EMR_STROKEANDFILLPATH = 63,
   EMR_STROKEPATH = 64,
   EMR_SELECTCLIPPATH = 67,
+  EMR_COMMENT = 70,
   EMR_STRETCHDIBITS = 81,
   EMR_EXTCREATEFONTINDIRECTW = 82,
   EMR_EXTTEXTOUTW = 84,
@@ -569,11 +570,47 @@ void TEmfRecords::Text(const QPointF& BaseLine, const QString& Text, std::span<c
   End();
 }
 
+void TEmfRecords::PutComment(const TEmfPlus& Drawing) {
+  constexpr std::uint32_t Language = 0x2B464D45;  // "EMF+"
+  Begin(EMR_COMMENT);
+  Put(static_cast<std::uint32_t>(sizeof Language + Drawing.Bytes().size()));
+  Put(Language);
+  FBytes.insert(FBytes.end(), Drawing.Bytes().begin(), Drawing.Bytes().end());
+  End();
+}
+
+void TEmfRecords::BeginAlternative(const TEmfPlus& Drawing) {
+  FHasAlternatives = true;
+  PutComment(Drawing);
+}
+
+/// Some readers draw alternatives with the pen and brush of the records, and do not select anew what was selected
+/// before: a shape that nobody sees, without either, makes them do so for the next one.
+void TEmfRecords::EndAlternative() {
+  PutComment(TEmfPlus::ThenRecords());
+  SelectPen({});
+  SelectBrush({});
+  PutPoints(EMR_POLYGON, std::array<QPointF, 3>());
+}
+
+/// A file with alternatives has to say so in the first record behind the header.
+void TEmfRecords::PutOpening() {
+  std::uint32_t HeaderSize = 0;
+  std::memcpy(&HeaderSize, FBytes.data() + 4, sizeof HeaderSize);
+  const auto Record = static_cast<std::ptrdiff_t>(FBytes.size());
+  PutComment(TEmfPlus::Opening(FDotsPerInch));
+  std::rotate(FBytes.begin() + HeaderSize, FBytes.begin() + Record, FBytes.end());
+}
+
 void TEmfRecords::Finish() {
   constexpr std::size_t PlaceOfCounts = 48;
   constexpr std::uint32_t EofSize = 20;
   while (FStates.size() > 1) EndLevel();
   ForgetObjects();
+  if (FHasAlternatives) {
+    PutOpening();
+    PutComment(TEmfPlus::Closing());
+  }
   Begin(EMR_EOF);
   for (const std::uint32_t Part : {0u, EofSize - 4, EofSize}) Put(Part);
   End();

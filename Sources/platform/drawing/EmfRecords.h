@@ -17,6 +17,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/drawing/EmfPlus.h"
+
 namespace zy {
 
 /// The styles of a geometric pen; one of each group is or-ed together.
@@ -88,6 +90,9 @@ class TEmfRecords {
   void FillPath(const QPainterPath& Path);
   /// Blended when the picture has transparent pixels, copied when it has none.
   void Picture(const QRectF& Place, const QImage& Picture);
+  /// What a reader draws that knows the other language, in place of all records up to EndAlternative.
+  void BeginAlternative(const TEmfPlus& Drawing);
+  void EndAlternative();
   /// Ends has, for each UTF-16 unit, the way in pixels from the start of the line to the unit's end.
   void Text(const QPointF& BaseLine, const QString& Text, std::span<const double> Ends);
 
@@ -124,6 +129,8 @@ class TEmfRecords {
   std::uint32_t Object(std::uint32_t Type, const std::string& Look);
   void ForgetObjects();
   void SetFillMode(Qt::FillRule Rule);
+  void PutComment(const TEmfPlus& Drawing);
+  void PutOpening();
   void Finish();
 
   QSizeF FPixels;
@@ -133,6 +140,7 @@ class TEmfRecords {
   std::uint32_t FRecordCount = 0;
   std::unordered_map<std::string, std::uint32_t> FObjects;  // handles by kind and look
   std::uint32_t FMostObjects = 0;
+  bool FHasAlternatives = false;
   std::vector<TState> FStates;  // one for each open level, the current one last
 };
 

@@ -11,8 +11,9 @@ namespace zy {
 
 class TStream;
 
-/// An enhanced metafile as a document: read, handed on to other programs and written, byte for byte. Drawings that are
-/// to be replayed by this program are a `Metafile`. Empty at first.
+/// An enhanced metafile as a document: read, handed on to other programs and written, byte for byte. It is not drawn:
+/// that takes a player of the whole format, and drawings that are to be replayed by this program are a `Metafile`.
+/// Empty at first.
 class TMetafile : public TPersistent {
   ZY_CLASS(TMetafile, TPersistent)
 
