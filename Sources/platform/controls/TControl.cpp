@@ -67,8 +67,10 @@ void TControl::Loaded() {
 
 void TControl::SetBounds(int Left, int Top, int Width, int Height) {
   const bool Placed = std::exchange(FPlacedByParent, false);  // what Resize does is the control's own again
-  Width = std::max(Width, 0);
-  Height = std::max(Height, 0);
+  Left = std::clamp(Left, -MostExtent, MostExtent);
+  Top = std::clamp(Top, -MostExtent, MostExtent);
+  Width = std::clamp(Width, 0, MostExtent);
+  Height = std::clamp(Height, 0, MostExtent);
   const bool Resized = Width != FWidth || Height != FHeight;
   if (!Resized && Left == FLeft && Top == FTop) return;
   Invalidate();

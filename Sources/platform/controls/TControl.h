@@ -38,6 +38,9 @@ class TControl : public TComponent {
 
   // --- Place ---
 
+  /// What the toolkit takes as the largest extent of a window; sums of a few of them still fit an int.
+  static constexpr int MostExtent = (1 << 24) - 1;
+
   int Left() const { return FLeft; }
   void SetLeft(int Value) { SetBounds(Value, FTop, FWidth, FHeight); }
   int Top() const { return FTop; }
@@ -46,8 +49,8 @@ class TControl : public TComponent {
   void SetWidth(int Value) { SetBounds(FLeft, FTop, Value, FHeight); }
   int Height() const { return FHeight; }
   void SetHeight(int Value) { SetBounds(FLeft, FTop, FWidth, Value); }
-  /// Moves and resizes in one step; every other change of the bounds comes here. Extents below 0 become 0. A changed
-  /// extent is followed by Resize.
+  /// Moves and resizes in one step; every other change of the bounds comes here. Extents below 0 become 0, and nothing
+  /// is larger or further away than MostExtent. A changed extent is followed by Resize.
   virtual void SetBounds(int Left, int Top, int Width, int Height);
   TRect BoundsRect() const { return {FLeft, FTop, FLeft + FWidth, FTop + FHeight}; }
   /// Extent of the inside.
