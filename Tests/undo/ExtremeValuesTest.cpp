@@ -108,7 +108,7 @@ class ExtremeValuesTest : public ::testing::Test {
       Guarded("setting back", [&] { Restore(Object, Info); });
     }
     const std::chrono::duration<double> Taken = Clock::now() - Begin;
-    EXPECT_LT(Taken.count(), 5) << What;
+    EXPECT_LT(Taken.count(), 60) << What << " takes so long that a user would call it a hang";
     if (Taken.count() > FSlowest) {
       FSlowest = Taken.count();
       FSlowestWhat = What;
