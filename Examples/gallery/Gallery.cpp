@@ -146,9 +146,9 @@ class TGalleryForm : public TForm {
   void AddCommand(TFrame& List, const char* Text, const std::function<void()>& Run) {
     auto* const Command = new TLabel(this);
     Command->SetParent(&List);
-    Command->SetLeft(16);
-    Command->SetTop(FTop);
     Command->SetCaption(Text);
+    Command->SetAutoSize(false);  // the whole row takes the click
+    Command->SetBounds(16, FTop, ListWidth - 16, Command->Height());
     Command->SetCursor(crHandPoint);
     Command->SetOnClick([Run](TObject*) { Run(); });
     FTop += 28;
@@ -160,8 +160,12 @@ class TGalleryForm : public TForm {
     FPage->SetParent(this);
     FPage->SetAlign(alClient);
     Entry.Make(*FPage);
-    for (TComponent* Component : FPage->Components())  // the window has nothing to scroll: the wheel is the charts'
-      if (auto* const Graph = dynamic_cast<TZyGraph2D*>(Component)) Graph->Zoom().SetWheelZoom(TZyWheelZoom::Always);
+    for (TComponent* Component : FPage->Components()) {
+      auto* const Graph = dynamic_cast<TZyGraph2D*>(Component);
+      if (Graph == nullptr) continue;
+      Graph->Zoom().SetWheelZoom(TZyWheelZoom::Always);  // the window has nothing that the wheel could scroll instead
+      Graph->SetTabStop(true);                           // a click or the Tab key brings the keyboard here
+    }
   }
 
   std::unique_ptr<TFrame> FPage;
