@@ -273,6 +273,43 @@ TResult Zoom(int Count) {
   return WithAllocations(Median(Show), Chart, Picture);
 }
 
+/// Thirty notches of the wheel over the middle, each with its paint. What counts is the stage that took longest: its
+/// middle and its quickest time of several ways down.
+TResult WheelStages() {
+  constexpr int Stages = 30, Ways = 15;
+  constexpr double Notch = 1 / 1.5;
+  TChart Chart;
+  {
+    TData Data(Million);
+    Chart.Take(Data);
+  }
+  Bitmap Picture(Width, Height);
+  Chart.Paint(Picture);
+  std::vector<std::vector<double>> Times(Stages);
+  std::vector<double> Scans;
+  const std::vector<double> Values = TData(Million).Y;
+  volatile double Span = 0;
+  for (int Way = 0; Way < Ways; ++Way) {
+    for (std::vector<double>& OfStage : Times) {
+      OfStage.push_back(SecondsOf([&] {
+        Chart.Graph->ZoomAround({Width / 2, Height / 2}, Notch);
+        Chart.Paint(Picture);
+      }));
+      Span = Scan(Values);
+      Scans.push_back(SecondsOf([&] { Span = Scan(Values); }));
+    }
+    Chart.Graph->ZoomReset();
+    Chart.Paint(Picture);
+  }
+  TResult Result;
+  for (std::vector<double>& OfStage : Times) {
+    Result.Best = std::max(Result.Best, *std::min_element(OfStage.begin(), OfStage.end()));
+    Result.Seconds = std::max(Result.Seconds, MiddleOf(OfStage));
+  }
+  Result.Limit = MiddleOf(Scans);
+  return WithAllocations(Result, Chart, Picture);
+}
+
 /// Many charts or curves: created, filled, laid out and painted.
 TResult ManyCharts() {
   const TData Data(200);
@@ -347,6 +384,7 @@ const TCase Cases[] = {
     {"C-stream", 2.8, Stream},
     {"D-scatter1e5", 20, Scatter},
     {"F-zoom1pct", 1.4, [] { return Zoom(Million); }},
+    {"W-wheel30", 1.4, WheelStages},
     {"G-loglog1e6", 3.6, [] { return PaintAnew(Million, "loglog"); }},
     {"H-100charts", 20, ManyCharts},
     {"J-2000curves", 60, ManyCurves},

@@ -383,6 +383,8 @@ void TZyAxisLayout::TakeCommonArea(TZyGraph2D& Graph, float Left, float Right) {
   Area.X = Left;
   Area.Width = Right - Left + 1;
   Graph.SetDrawingArea(Area);
+  if (TScrollBar* const Bar = Graph.HorizontalScrollBar(); Bar != nullptr)
+    Bar->SetBounds(Rounded(Left), Bar->Top(), Rounded(Area.Width), Bar->Height());  // it stays below its axis
   for (TZyAxis* Axis : Graph.AllAxes()) {
     if (Axis->GetHorizontal()) {
       Axis->FAxLeft = Left;

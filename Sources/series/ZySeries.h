@@ -256,6 +256,7 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   struct TReducedPixel {
     PointF Pixel;
     int Index;
+    float Column;  // its middle
   };
 
   void JoinGraph();

@@ -17,8 +17,6 @@ constexpr int FewestPointsToSkip = 21;
 /// More points than this on a column of pixels are reduced before anything else looks at them.
 constexpr float ManyPerColumn = 4;
 
-bool SameColumn(const PointF& P, const PointF& Q) { return std::fabs(P.X - Q.X) < 1; }
-bool SamePixel(const PointF& P, const PointF& Q) { return SameColumn(P, Q) && std::fabs(P.Y - Q.Y) < 1; }
 
 /// The first index from First on, up to Last, whose value lies not below Limit; Last when there is none. Looks near
 /// First at first: Stride ahead, and farther and farther.
@@ -56,6 +54,7 @@ class TZySeries::TPixelBlocks {
     return {FX[Place], FY[Place]};
   }
   int IndexOf(int Idx) const { return Idx; }
+  static bool SameColumn(const PointF& P, int, const PointF& Q, int) { return std::fabs(P.X - Q.X) < 1; }
   /// The next point with values; one behind the last when there is none.
   int Next(int Idx) {
     for (++Idx; Idx <= FLast; ++Idx) {
@@ -111,8 +110,11 @@ class TZySeries::TReducedPixels {
   PointF At(int Place) const { return FPixels[static_cast<std::size_t>(Place)].Pixel; }
   int IndexOf(int Place) const { return FPixels[static_cast<std::size_t>(Place)].Index; }
   int Next(int Place) const { return Place + 1; }
+  bool SameColumn(const PointF&, int P, const PointF&, int Q) const { return ColumnOf(P) == ColumnOf(Q); }
 
  private:
+  float ColumnOf(int Place) const { return FPixels[static_cast<std::size_t>(Place)].Column; }
+
   const std::vector<TReducedPixel>& FPixels;
 };
 
@@ -194,23 +196,27 @@ void TZySeries::ThinToSymbols(TPixelBlocks& Pixels, int Start, int Stop) {
   }
 }
 
-/// Keeps of each pixel column the turning points of the line: points that fall on the pixel before vanish, and a run
+/// Keeps of each pixel column the turning points of the line, a column being as wide to both sides of where a run begins
+/// or else one of those that the data were reduced to: points that fall on the pixel before vanish, and a run
 /// that goes on in one vertical direction collapses to its end.
 template <class TPixels>
 void TZySeries::ThinToLine(TPixels& Pixels, int Start, int Stop) {
+  const auto SamePixel = [&](const PointF& P, int PlaceOfP, const PointF& Q, int PlaceOfQ) {
+    return std::fabs(P.Y - Q.Y) < 1 && Pixels.SameColumn(P, PlaceOfP, Q, PlaceOfQ);
+  };
   PointF A = Pixels.At(Start);
   int PlaceOfA = Start;
   int i = Pixels.Next(Start);
   while (i <= Stop) {
     Keep(A, Pixels.IndexOf(PlaceOfA));
     PointF B = Pixels.At(i);
-    while (i < Stop && SamePixel(A, B)) B = Pixels.At(i = Pixels.Next(i));
-    if (i < Stop - 1 && SameColumn(A, B)) {
+    while (i < Stop && SamePixel(A, PlaceOfA, B, i)) B = Pixels.At(i = Pixels.Next(i));
+    if (i < Stop - 1 && Pixels.SameColumn(A, PlaceOfA, B, i)) {
       const bool Downwards = B.Y > A.Y;
       while (i < Stop - 1) {
         const int Next = Pixels.Next(i);
         const PointF C = Pixels.At(Next);
-        if (!SameColumn(A, C) || (Downwards ? C.Y < B.Y : C.Y > B.Y)) break;
+        if (!Pixels.SameColumn(A, PlaceOfA, C, Next) || (Downwards ? C.Y < B.Y : C.Y > B.Y)) break;
         B = C;
         i = Next;
       }
@@ -256,8 +262,8 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
   const auto Y = [this, Values = FYData->Values()](int i) {
     return Values.empty() ? FYData->GetValue(i) : Values[static_cast<std::size_t>(i)];
   };
-  const auto Keep = [this](int i) -> TReducedPixel& {
-    return FReduced.emplace_back(TReducedPixel{GetCalcPoint(i), i});
+  const auto Keep = [this, Centre](int i) -> TReducedPixel& {
+    return FReduced.emplace_back(TReducedPixel{GetCalcPoint(i), i, Centre});
   };
   const bool IsFew = Last - First <= Few;
   for (int From = First; From < Last;) {

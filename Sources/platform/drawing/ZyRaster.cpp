@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <vector>
 
 #include "platform/drawing/ZyRasterBlend.h"
@@ -114,6 +115,14 @@ TPattern PreparePattern(const TRasterStroke& Stroke, double Width, std::vector<d
   return TPattern::Solid;
 }
 
+/// What may be written without blending; nothing where the old colour of a pixel counts.
+std::optional<TRasterComb::TInk> InkOf(const TRasterTarget& Target, const TRasterClip& Clip, const TRasterRect& Box,
+                                       const TRasterPaint& Paint, int Opacity) {
+  TRasterComb::TInk Result{Target, Box, 0};
+  const bool IsOpaque = Paint.IsSolid(Result.Color) && Result.Color >> 24 == 255 && Opacity == 255;
+  return IsOpaque && Clip.Mask == nullptr ? std::optional(Result) : std::nullopt;
+}
+
 }  // namespace
 
 TRasterPaint::~TRasterPaint() = default;
@@ -175,7 +184,7 @@ void TZyRaster::StrokeLines(std::span<const PointF> Points, const TRasterStroke&
   if (Pattern == TPattern::Dashed)
     Kept.Dasher.Run(Stroker, Guard, Points, Stroke, Kept.Dashes);
   else if (!Stroke.Closed && Stroke.Join != TRasterJoin::Round && FillsColumns(Points, Stroke.Width))
-    Kept.Comb.Run(Kept.Cells, Stroker, Guard, Points, Stroke, Width);
+    Kept.Comb.Run(Kept.Cells, Stroker, Guard, Points, Stroke, Width, InkOf(FTarget, FClip, Box, Paint, Alpha));
   else
     StrokeSolid(Stroker, Guard, Points, Stroke);
   this->Paint(Kept.Cells, true, Alpha, Paint);
@@ -206,7 +215,10 @@ void TZyRaster::FillPolygons(std::span<const std::span<const PointF>> Polygons, 
   for (const std::span<const PointF> Points : Polygons) {
     if (Points.empty()) continue;
     PointF Last = Points.back();
-    for (const PointF& Point : Points) {
+    for (std::size_t i = 0; i < Points.size(); ++i) {
+      const PointF& Point = Points[i];
+      // Of a way up and down at one place only the ends count.
+      if (Point.X == Last.X && i + 1 < Points.size() && Points[i + 1].X == Point.X) continue;
       Cells.AddEdge(Last.X, Last.Y, Point.X, Point.Y);
       Last = Point;
     }

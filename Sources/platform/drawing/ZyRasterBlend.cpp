@@ -155,10 +155,10 @@ void BlendColors(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count,
 void BlendEven(std::uint32_t* Pixels, std::uint8_t Coverage, int Count, std::uint32_t Color) {
   const std::uint32_t Part = Packed(Scaled(Lanes(Color), Coverage));
   if (Part >> 24 == 255) return static_cast<void>(std::fill_n(Pixels, Count, Part));
-  std::uint8_t Add[4 * ChunkSize];
   const auto Keep = static_cast<std::uint16_t>(255 - (Part >> 24));
-  for (int I = 0; I < ChunkSize; ++I) std::memcpy(Add + 4 * I, &Part, sizeof Part);
   int I = 0;
+  std::uint8_t Add[4 * ChunkSize];
+  for (int K = 0; Count >= ChunkSize && K < ChunkSize; ++K) std::memcpy(Add + 4 * K, &Part, sizeof Part);
   for (; I + ChunkSize <= Count; I += ChunkSize) {
     std::uint8_t Old[4 * ChunkSize];
     std::memcpy(Old, Pixels + I, sizeof Old);
