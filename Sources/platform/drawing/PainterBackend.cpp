@@ -1,5 +1,6 @@
 #include "platform/drawing/PainterBackend.h"
 
+#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <optional>
 
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
@@ -272,10 +274,45 @@ QBrush TPainterBackend::BrushOf(const TDrawState& State, TGrid Grid, const Brush
   return Result;
 }
 
-std::unique_ptr<TRasterPaint> TPainterBackend::PaintOf(const TDrawState& State, TGrid Grid, const Brush& Brush,
-                                                       TRasterRect Box) {
-  if (const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush))
-    return std::make_unique<TSolidPaint>(Solid->GetColor());
+namespace {
+
+/// The whole pixels around some points, Margin pixels wider on every side. Points that are not finite do not count.
+TRasterRect BoundsOf(std::span<const std::vector<PointF>> Figures, float Margin) {
+  double Left = HUGE_VAL, Top = HUGE_VAL, Right = -HUGE_VAL, Bottom = -HUGE_VAL;
+  for (const auto& Figure : Figures)
+    for (const PointF& Point : Figure) {
+      if (!AreFinite({Point.X, Point.Y})) continue;
+      Left = std::min<double>(Left, Point.X);
+      Right = std::max<double>(Right, Point.X);
+      Top = std::min<double>(Top, Point.Y);
+      Bottom = std::max<double>(Bottom, Point.Y);
+    }
+  const double Room = static_cast<double>(Margin) + 1;
+  return WholePixels(QRectF(QPointF(Left - Room, Top - Room), QPointF(Right + Room, Bottom + Room)));
+}
+
+}  // namespace
+
+/// What figures are filled with, within Margin of their points.
+class TPainterBackend::TInk {
+ public:
+  TInk(TPainterBackend& Backend, const TDrawState& State, TGrid Grid, const Brush& Brush,
+         std::span<const std::vector<PointF>> Figures, float Margin) {
+    if (const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush))
+      FSolid.emplace(Solid->GetColor());
+    else
+      FPicture = Backend.PictureOf(State, Grid, Brush, BoundsOf(Figures, Margin));
+  }
+  /// Null when nothing shows.
+  const TRasterPaint* Get() const { return FSolid ? &*FSolid : FPicture.get(); }
+
+ private:
+  std::optional<TSolidPaint> FSolid;
+  std::unique_ptr<TRasterPaint> FPicture;
+};
+
+std::unique_ptr<TRasterPaint> TPainterBackend::PictureOf(const TDrawState& State, TGrid Grid, const Brush& Brush,
+                                                         TRasterRect Box) {
   Box = Intersection(Box, FClipBox);
   if (Box.IsEmpty()) return nullptr;
   QImage Picture(Box.Right - Box.Left, Box.Bottom - Box.Top, QImage::Format_ARGB32_Premultiplied);
@@ -294,21 +331,6 @@ std::unique_ptr<TRasterPaint> TPainterBackend::PaintOf(const TDrawState& State, 
 
 namespace {
 
-/// The whole pixels around some points, Margin pixels wider on every side. Points that are not finite do not count.
-TRasterRect BoundsOf(std::span<const std::vector<PointF>> Figures, float Margin) {
-  double Left = HUGE_VAL, Top = HUGE_VAL, Right = -HUGE_VAL, Bottom = -HUGE_VAL;
-  for (const auto& Figure : Figures)
-    for (const PointF& Point : Figure) {
-      if (!AreFinite({Point.X, Point.Y})) continue;
-      Left = std::min<double>(Left, Point.X);
-      Right = std::max<double>(Right, Point.X);
-      Top = std::min<double>(Top, Point.Y);
-      Bottom = std::max<double>(Bottom, Point.Y);
-    }
-  const double Room = static_cast<double>(Margin) + 1;
-  return WholePixels(QRectF(QPointF(Left - Room, Top - Room), QPointF(Right + Room, Bottom + Room)));
-}
-
 std::vector<PointF> Mapped(const Matrix& Transform, std::span<const PointF> Points) {
   std::vector<PointF> Result;
   Result.reserve(Points.size());
@@ -316,10 +338,17 @@ std::vector<PointF> Mapped(const Matrix& Transform, std::span<const PointF> Poin
   return Result;
 }
 
-/// The figures of a shape in stored pixels.
-std::vector<std::vector<PointF>> FiguresOf(const Matrix& Device, const TShape& Shape) {
-  if (Shape.Kind == TShape::Lines || Shape.Kind == TShape::Polygon) return {Mapped(Device, Shape.Points)};
-  return Shape.AsPath().Flatten(Device);
+/// The figures of a shape in stored pixels, until the next call.
+std::span<const std::vector<PointF>> FiguresOf(const Matrix& Device, const TShape& Shape) {
+  thread_local std::vector<std::vector<PointF>> Figures;  // kept for their memory
+  if (Shape.Kind == TShape::Lines || Shape.Kind == TShape::Polygon) {
+    Figures.resize(1);
+    Figures[0].clear();
+    for (const PointF& Point : Shape.Points) Figures[0].push_back(Device.TransformPoint(Point));
+  } else {
+    Figures = Shape.AsPath().Flatten(Device);
+  }
+  return Figures;
 }
 
 /// A single level or upright line, which the toolkit draws as a box.
@@ -403,12 +432,12 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
   if (!FHasMask) {
     if (!IsLine) return false;
     if (StrokeThin(Pen, Shape, Device, Width)) return true;
-    if (IsLevel(Shape.Points)) return false;
-    if (!RasterPays(Shape.Points.size() - 1, Width, LengthOf(Shape.Points) * Scale) &&
-        !FillsColumns(Shape.Points, Pen.EffectiveWidth()))
+    if (IsLevel(Shape.Points)) return StrokeBox(Pen, Shape, Device, Width);
+    if (!FillsColumns(Shape.Points, Pen.EffectiveWidth()) &&
+        !RasterPays(Shape.Points.size() - 1, Width, LengthOf(Shape.Points) * Scale))
       return false;
   }
-  const auto Figures = FiguresOf(Device, Shape);
+  const std::span<const std::vector<PointF>> Figures = FiguresOf(Device, Shape);
   std::vector<float> Dashes = Pen.DashPattern();
   for (float& Length : Dashes) Length *= Width;
   TRasterStroke Stroke;
@@ -417,9 +446,9 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
   Stroke.MiterLimit = Pen.GetMiterLimit();
   Stroke.StartCap = Stroke.EndCap = Stroke.DashCap = CapOf(Pen.GetEndCap());
   Stroke.Dashes = Dashes;
-  const auto Paint =
-      PaintOf(State, TGrid::Centers, Pen.GetBrush(), BoundsOf(Figures, Width * std::max(Pen.GetMiterLimit(), 1.0f)));
-  if (Paint == nullptr) return true;
+  const TInk Paint(*this, State, TGrid::Centers, Pen.GetBrush(), Figures,
+                     Width * std::max(Pen.GetMiterLimit(), 1.0f));
+  if (Paint.Get() == nullptr) return true;
   TZyRaster Raster(TargetOf(*FImage), RasterClip());
   for (std::span<const PointF> Figure : Figures) {
     Stroke.Closed = Shape.Kind == TShape::Polygon;
@@ -427,8 +456,26 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
       Stroke.Closed = true;
       Figure = Figure.first(Figure.size() - 1);
     }
-    Raster.StrokeLines(Figure, Stroke, *Paint);
+    Raster.StrokeLines(Figure, Stroke, *Paint.Get());
   }
+  return true;
+}
+
+/// A level or upright line as the box that it is.
+bool TPainterBackend::StrokeBox(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width) {
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Pen.GetBrush());
+  if (Solid == nullptr || Shape.Kind != TShape::Lines || Pen.GetDashStyle() != DashStyleSolid ||
+      Pen.GetEndCap() == LineCapRound)
+    return false;
+  const PointF A = Device.TransformPoint(Shape.Points[0]), B = Device.TransformPoint(Shape.Points[1]);
+  if ((A.X != B.X) == (A.Y != B.Y)) return false;  // turned, or a dot
+  const float Half = Width / 2, Cap = Pen.GetEndCap() == LineCapSquare ? Half : 0;
+  const float AcrossX = A.X == B.X ? Half : Cap, AcrossY = A.X == B.X ? Cap : Half;
+  const auto [Left, Right] = std::minmax(A.X, B.X);
+  const auto [Top, Bottom] = std::minmax(A.Y, B.Y);
+  TZyRaster(TargetOf(*FImage), RasterClip())
+      .FillBox(static_cast<double>(Left - AcrossX), static_cast<double>(Top - AcrossY),
+               static_cast<double>(Right + AcrossX), static_cast<double>(Bottom + AcrossY), Solid->GetColor());
   return true;
 }
 
@@ -482,7 +529,7 @@ bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush,
 
 void TPainterBackend::Fill(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
   Prepare(State);
-  if (FillByRaster(State, Brush, Shape) || FillByPicture(State, Brush, Shape)) return;
+  if (FillBox(State, Brush, Shape) || FillByRaster(State, Brush, Shape) || FillByPicture(State, Brush, Shape)) return;
   const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
   PaintWithPainter(State, Grid, [&](QPainter& Painter) {
     if (!IsSolid(Brush)) Painter.setRenderHint(QPainter::SmoothPixmapTransform, !IsHatch(Brush));
@@ -493,18 +540,36 @@ void TPainterBackend::Fill(const TDrawState& State, const Brush& Brush, const TS
   });
 }
 
+/// An upright box in one colour. Where its edges are not smoothed they have to lie between pixels.
+bool TPainterBackend::FillBox(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush);
+  if (FImage == nullptr || FHasMask || Solid == nullptr || Shape.Kind != TShape::Rectangle) return false;
+  const QTransform Device = AsQt(DeviceTransform(State, TGrid::Corners));
+  if (!KeepsBoxes(Device)) return false;
+  const QRectF Box = Device.mapRect(AsQt(Shape.Rect));
+  const auto IsWhole = [](double Value) { return Value == std::floor(Value); };
+  const bool FitsPixels =
+      IsWhole(Box.left()) && IsWhole(Box.top()) && IsWhole(Box.right()) && IsWhole(Box.bottom());
+  if (!FitsPixels && State.Smoothing == SmoothingModeNone) return false;
+  TZyRaster(TargetOf(*FImage), RasterClip())
+      .FillBox(Box.left(), Box.top(), Box.right(), Box.bottom(), Solid->GetColor());
+  return true;
+}
+
 bool TPainterBackend::FillByRaster(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
   if (FImage == nullptr) return false;
   const bool IsBig = Shape.Kind == TShape::Polygon && Shape.Points.size() >= FewestCornersForRaster;
   if (!FHasMask && !(IsBig && State.Smoothing != SmoothingModeNone)) return false;
   const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
-  const auto Figures = FiguresOf(DeviceTransform(State, Grid), Shape);
-  const auto Paint = PaintOf(State, Grid, Brush, BoundsOf(Figures, 1));
-  if (Paint == nullptr) return true;
+  const std::span<const std::vector<PointF>> Figures = FiguresOf(DeviceTransform(State, Grid), Shape);
+  const TInk Paint(*this, State, Grid, Brush, Figures, 1);
+  if (Paint.Get() == nullptr) return true;
   const bool Winding =
       Shape.Kind == TShape::Path ? Shape.Outline->GetFillMode() == FillModeWinding : Shape.Mode == FillModeWinding;
-  const std::vector<std::span<const PointF>> Spans(Figures.begin(), Figures.end());
-  TZyRaster(TargetOf(*FImage), RasterClip()).FillPolygons(Spans, Winding, *Paint, State.Smoothing != SmoothingModeNone);
+  thread_local std::vector<std::span<const PointF>> Polygons;  // kept for its memory
+  Polygons.assign(Figures.begin(), Figures.end());
+  TZyRaster(TargetOf(*FImage), RasterClip())
+      .FillPolygons(Polygons, Winding, *Paint.Get(), State.Smoothing != SmoothingModeNone);
   return true;
 }
 
@@ -549,14 +614,75 @@ bool TPainterBackend::DrawStamps(const TDrawState& State, std::string_view Look,
   return true;
 }
 
+namespace {
+
+QFont FaceOf(const Font& Font, TextRenderingHint Hint) {
+  const bool WholePixels =
+      Hint == TextRenderingHintSingleBitPerPixelGridFit || Hint == TextRenderingHintSingleBitPerPixel;
+  QFont Result = Font.ToQt();
+  // Coloured subpixels would make texts differ between a widget and a picture.
+  Result.setStyleStrategy(WholePixels ? QFont::NoAntialias : QFont::NoSubpixelAntialias);
+  return Result;
+}
+
+}  // namespace
+
+/// Short level texts are kept as stamps, as the toolkit lays a text out anew each time. It too places glyphs at quarters
+/// of a pixel, and base lines at whole ones.
+bool TPainterBackend::DrawStringByStamp(const TDrawState& State, std::string_view Text, const Font& Font,
+                                        const Brush& Brush, PointF Origin) {
+  constexpr std::size_t LongestText = 64;
+  constexpr double LargestFont = 48;  // pixels; the toolkit draws larger ones by their outlines, anywhere
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush);
+  if (FImage == nullptr || Solid == nullptr || Text.size() > LongestText || Text.find('\n') != Text.npos) return false;
+  const QTransform Device = AsQt(DeviceTransform(State, TGrid::Corners));
+  const double Scale = Device.m11();
+  const double Pixels = static_cast<double>(Font.GetSize()) * static_cast<double>(Font::PixelsPerPoint) * Scale;
+  if (Device.type() > QTransform::TxScale || Device.m22() != Scale || !(Scale > 0) || Pixels > LargestFont)
+    return false;
+
+  const float Ascent = Font.GetAscent();
+  const struct {
+    float Scale, Size, Ascent;
+    std::uint32_t Color, Style, Hint;
+  } Look{static_cast<float>(Scale), Font.GetSize(),          Ascent,
+         Solid->GetColor(),         Font.GetStyle().Bits(), State.Hint};
+  thread_local std::string Key;  // kept for its memory
+  Key.assign(Text).append(1, '\0').append(Font.GetFamilyName());
+  Key.append(reinterpret_cast<const char*>(&Look), sizeof Look);
+  const QPointF Anchor = Device.map(QPointF(Origin.X, static_cast<double>(Origin.Y) + static_cast<double>(Ascent)));
+  const PointF Place{static_cast<float>(Anchor.x()), static_cast<float>(std::floor(Anchor.y() + 0.5))};
+  constexpr std::size_t MostTexts = 512;
+  thread_local TZySymbolStamps Stamps(MostTexts);
+  if (Stamps.DrawMade(TargetOf(*FImage), RasterClip(), Key, Place)) return true;
+
+  const QFont Face = FaceOf(Font, State.Hint);
+  const QString Written = ToQString(Text);
+  const double Factor = Scale * Font.QtScale();
+  const QRectF Lines = QFontMetricsF(Face).boundingRect(Written);
+  const double Room = Lines.height() / 2 + 2;  // for what leaves the line's box
+  const QRectF Box = QTransform::fromScale(Factor, Factor).mapRect(Lines.adjusted(-Room, -Room, Room, Room));
+  const RectF Extent{static_cast<float>(Box.x()), static_cast<float>(Box.y()), static_cast<float>(Box.width()),
+                     static_cast<float>(Box.height())};
+  Stamps.Draw(TargetOf(*FImage), RasterClip(), Key, Extent, {&Place, 1},
+              [&](const TRasterTarget& Stamp, PointF StampAnchor) {
+                QImage Picture(reinterpret_cast<uchar*>(Stamp.Pixels), Stamp.Width, Stamp.Height, Stamp.Stride * 4,
+                               QImage::Format_ARGB32_Premultiplied);
+                QPainter Painter(&Picture);
+                Painter.translate(AsQt(StampAnchor));
+                Painter.scale(Factor, Factor);
+                Painter.setFont(Face);
+                Painter.setPen(QColor::fromRgba(Solid->GetColor()));
+                Painter.drawText(QPointF(0, 0), Written);
+              });
+  return true;
+}
+
 void TPainterBackend::DrawString(const TDrawState& State, std::string_view Text, const Font& Font, const Brush& Brush,
                                  PointF Origin) {
   Prepare(State);
-  const bool WholePixels =
-      State.Hint == TextRenderingHintSingleBitPerPixelGridFit || State.Hint == TextRenderingHintSingleBitPerPixel;
-  QFont Face = Font.ToQt();
-  // Coloured subpixels would make texts differ between a widget and a picture.
-  Face.setStyleStrategy(WholePixels ? QFont::NoAntialias : QFont::NoSubpixelAntialias);
+  if (DrawStringByStamp(State, Text, Font, Brush, Origin)) return;
+  const QFont Face = FaceOf(Font, State.Hint);
   PaintWithPainter(State, TGrid::Corners, [&](QPainter& Painter) {
     const double Scale = Font.QtScale();
     QBrush Fill = BrushOf(State, TGrid::Corners, Brush);

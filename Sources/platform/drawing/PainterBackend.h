@@ -37,6 +37,8 @@ class TPainterBackend : public TGraphicsBackend {
   /// What integer coordinates are: centres of pixels for shapes, corners for boxes of pixels.
   enum class TGrid { Centers, Corners };
 
+  class TInk;
+
   void Begin();
   void Prepare(const TDrawState& State);
   void ApplyClip(const Region& Clip);
@@ -48,14 +50,18 @@ class TPainterBackend : public TGraphicsBackend {
   void DrawPlain(const TDrawState& State, const Pen& Pen, const TShape& Shape);
   bool StrokeByRaster(const TDrawState& State, const Pen& Pen, const TShape& Shape);
   bool StrokeThin(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width);
+  bool StrokeBox(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width);
+  bool FillBox(const TDrawState& State, const Brush& Brush, const TShape& Shape);
   bool FillByRaster(const TDrawState& State, const Brush& Brush, const TShape& Shape);
+  bool DrawStringByStamp(const TDrawState& State, std::string_view Text, const Font& Font, const Brush& Brush,
+                         PointF Origin);
   bool FillByPicture(const TDrawState& State, const Brush& Brush, const TShape& Shape);
   template <class TPaint>
   void PaintWithPainter(const TDrawState& State, TGrid Grid, const TPaint& Paint);
   void PaintLayer(const TDrawState& State, TGrid Grid, const std::function<void(QPainter&)>& Paint);
   QBrush BrushOf(const TDrawState& State, TGrid Grid, const Brush& Brush) const;
   void ClearThroughMask(ARGB Color);
-  std::unique_ptr<TRasterPaint> PaintOf(const TDrawState& State, TGrid Grid, const Brush& Brush, TRasterRect Box);
+  std::unique_ptr<TRasterPaint> PictureOf(const TDrawState& State, TGrid Grid, const Brush& Brush, TRasterRect Box);
 
   std::unique_ptr<QPainter> FOwnPainter;
   QPainter* FPainter;

@@ -198,6 +198,34 @@ void TZyRaster::ThinLine(std::span<const PointF> Points, float Width, TRasterCap
   TRasterThin(FTarget, FClip.Box, Ink).Line(Points, Cap, Cap);
 }
 
+void TZyRaster::FillBox(double Left, double Top, double Right, double Bottom, std::uint32_t Color) {
+  const TRasterRect& Box = FClip.Box;
+  Left = std::max<double>(Left, Box.Left);
+  Top = std::max<double>(Top, Box.Top);
+  Right = std::min<double>(Right, Box.Right);
+  Bottom = std::min<double>(Bottom, Box.Bottom);
+  if (!(Left < Right) || !(Top < Bottom)) return;
+  std::uint32_t Ink = 0;
+  TSolidPaint(Color).IsSolid(Ink);
+  const int FirstColumn = static_cast<int>(Left), LastColumn = static_cast<int>(std::ceil(Right)) - 1;
+  const int FirstRow = static_cast<int>(Top), LastRow = static_cast<int>(std::ceil(Bottom)) - 1;
+  const auto PartOf = [](int Pixel, double Low, double High) {
+    return std::min<double>(High, Pixel + 1) - std::max<double>(Low, Pixel);
+  };
+  const double LeftPart = PartOf(FirstColumn, Left, Right), RightPart = PartOf(LastColumn, Left, Right);
+  const int FullFrom = FirstColumn + (LeftPart < 1 ? 1 : 0), FullTo = LastColumn + (RightPart < 1 ? 0 : 1);
+  for (int Row = FirstRow; Row <= LastRow; ++Row) {
+    std::uint32_t* const Pixels = FTarget.Pixels + Row * FTarget.Stride;
+    const double Height = PartOf(Row, Top, Bottom) * 255;
+    const auto Blend = [&](int From, int To, double Part) {
+      if (From < To) BlendEven(Pixels + From, static_cast<std::uint8_t>(Part * Height + 0.5), To - From, Ink);
+    };
+    if (LeftPart < 1) Blend(FirstColumn, FirstColumn + 1, LeftPart);
+    Blend(FullFrom, FullTo, 1);
+    if (RightPart < 1 && LastColumn > FirstColumn) Blend(LastColumn, LastColumn + 1, RightPart);
+  }
+}
+
 void TZyRaster::FillPolygon(std::span<const PointF> Points, bool Winding, const TRasterPaint& Paint, bool Smooth) {
   FillPolygons({&Points, 1}, Winding, Paint, Smooth);
 }

@@ -28,15 +28,50 @@ TRasterRect InkOf(const std::vector<std::uint32_t>& Pixels, int Width, int Heigh
 
 TZySymbolStamps::TZySymbolStamps(std::size_t Capacity) : FCapacity(std::max<std::size_t>(Capacity, 1)) {}
 
+TZySymbolStamps::TQuarters::TQuarters(const PointF& Place)
+    : X(static_cast<int>(std::floor(Place.X * 4 + 0.5f))), Y(static_cast<int>(std::floor(Place.Y * 4 + 0.5f))) {}
+
+void TZySymbolStamps::Clear() {
+  FIndex.clear();
+  FLooks.clear();
+}
+
+TZySymbolStamps::TLook* TZySymbolStamps::Find(std::string_view Key) {
+  const auto Found = FIndex.find(Key);
+  if (Found == FIndex.end()) return nullptr;
+  FLooks.splice(FLooks.begin(), FLooks, Found->second);
+  return &FLooks.front();
+}
+
 TZySymbolStamps::TLook& TZySymbolStamps::LookOf(std::string_view Key) {
-  const auto Found = std::find_if(FLooks.begin(), FLooks.end(), [&](const TLook& Look) { return Look.Key == Key; });
-  if (Found != FLooks.end()) {
-    FLooks.splice(FLooks.begin(), FLooks, Found);
-  } else {
-    if (FLooks.size() >= FCapacity) FLooks.pop_back();
-    FLooks.emplace_front().Key = Key;
+  if (TLook* const Known = Find(Key)) return *Known;
+  if (FLooks.size() >= FCapacity) {
+    FIndex.erase(FLooks.back().Key);
+    FLooks.pop_back();
   }
+  FLooks.emplace_front().Key = Key;
+  FIndex.emplace(FLooks.front().Key, FLooks.begin());
   return FLooks.front();
+}
+
+// Anything farther out cannot show; what is left fits whole numbers.
+bool TZySymbolStamps::MayShow(const TRasterRect& Box, const PointF& Place) {
+  const auto IsNear = [](float At, int Low, int High) {
+    return At > static_cast<float>(Low) - 2 * LargestExtent - 2 && At < static_cast<float>(High) + LargestExtent + 2;
+  };
+  return IsNear(Place.X, Box.Left, Box.Right) && IsNear(Place.Y, Box.Top, Box.Bottom);
+}
+
+bool TZySymbolStamps::DrawMade(const TRasterTarget& Target, const TRasterClip& Clip, std::string_view Look,
+                               PointF Place) {
+  TRasterClip Within = Clip;
+  Within.Box = Intersection(Clip.Box, {0, 0, Target.Width, Target.Height});
+  if (Within.Box.IsEmpty() || !MayShow(Within.Box, Place)) return true;
+  TLook* const Used = Find(Look);
+  const TQuarters At(Place);
+  if (Used == nullptr || !Used->Stamps[At.Stamp()].Made) return false;
+  Blit(Target, Within, Used->Stamps[At.Stamp()], At.X >> 2, At.Y >> 2);
+  return true;
 }
 
 void TZySymbolStamps::Draw(const TRasterTarget& Target, const TRasterClip& Clip, std::string_view Look,
@@ -47,19 +82,13 @@ void TZySymbolStamps::Draw(const TRasterTarget& Target, const TRasterClip& Clip,
                       std::abs(Extent.X) <= LargestExtent && std::abs(Extent.Y) <= LargestExtent;
   if (Within.Box.IsEmpty() || !Usable) return;
   TLook& Used = LookOf(Look);
-  // Anything farther out cannot show; what is left fits whole numbers.
-  const auto Shows = [](float Place, int Low, int High) {
-    return Place > static_cast<float>(Low) - 2 * LargestExtent - 2 &&
-           Place < static_cast<float>(High) + LargestExtent + 2;
-  };
   for (const PointF& Place : Places) {
-    if (!Shows(Place.X, Within.Box.Left, Within.Box.Right) || !Shows(Place.Y, Within.Box.Top, Within.Box.Bottom))
-      continue;
-    const int X = static_cast<int>(std::floor(Place.X * 4 + 0.5f));
-    const int Y = static_cast<int>(std::floor(Place.Y * 4 + 0.5f));
-    TStamp& Stamp = Used.Stamps[(Y & 3) * 4 + (X & 3)];
-    if (!Stamp.Made) Make(Stamp, Extent, {static_cast<float>(X & 3) / 4, static_cast<float>(Y & 3) / 4}, PaintSymbol);
-    Blit(Target, Within, Stamp, X >> 2, Y >> 2);
+    if (!MayShow(Within.Box, Place)) continue;
+    const TQuarters At(Place);
+    TStamp& Stamp = Used.Stamps[At.Stamp()];
+    if (!Stamp.Made)
+      Make(Stamp, Extent, {static_cast<float>(At.X & 3) / 4, static_cast<float>(At.Y & 3) / 4}, PaintSymbol);
+    Blit(Target, Within, Stamp, At.X >> 2, At.Y >> 2);
   }
 }
 

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/drawing/ZyRaster.h"
@@ -31,8 +32,10 @@ class TZySymbolStamps {
   /// look and is cut to 2048 pixels. Places that are not finite are left out.
   void Draw(const TRasterTarget& Target, const TRasterClip& Clip, std::string_view Look, const RectF& Extent,
             std::span<const PointF> Places, const TPaintSymbol& PaintSymbol);
+  /// Draws a symbol whose stamp is there already; false when it has yet to be painted.
+  bool DrawMade(const TRasterTarget& Target, const TRasterClip& Clip, std::string_view Look, PointF Place);
   /// Forgets all looks.
-  void Clear() { FLooks.clear(); }
+  void Clear();
 
  private:
   struct TStamp {
@@ -45,13 +48,22 @@ class TZySymbolStamps {
     std::string Key;
     TStamp Stamps[16];
   };
+  /// A place in quarters of a pixel.
+  struct TQuarters {
+    explicit TQuarters(const PointF& Place);
+    int X, Y;
+    std::size_t Stamp() const { return static_cast<std::size_t>((Y & 3) * 4 + (X & 3)); }
+  };
 
+  TLook* Find(std::string_view Key);
   TLook& LookOf(std::string_view Key);
+  static bool MayShow(const TRasterRect& Box, const PointF& Place);
   static void Make(TStamp& Stamp, const RectF& Extent, PointF Fraction, const TPaintSymbol& PaintSymbol);
   static void Blit(const TRasterTarget& Target, const TRasterClip& Clip, const TStamp& Stamp, int X, int Y);
 
   std::size_t FCapacity;
   std::list<TLook> FLooks;  // the one used last comes first
+  std::unordered_map<std::string_view, std::list<TLook>::iterator> FIndex;
 };
 
 }  // namespace zy
