@@ -221,14 +221,12 @@ void TZyCustomDoubleVector::CheckMinMax() {
 void TZyCustomDoubleVector::ScanPlain() {
   const TZyExtremes New = FPyramid.Find(Values(), FLastCount, FCount);
   if (New.Minimum >= 0) {
-    const double Low = FArray[static_cast<std::size_t>(New.Minimum)],
-                 High = FArray[static_cast<std::size_t>(New.Maximum)];
-    if (Low < FPlain.Minimum) {
-      FPlain.Minimum = Low;
+    if (New.Low < FPlain.Minimum) {
+      FPlain.Minimum = New.Low;
       FPlain.MinimumIdx = New.Minimum;
     }
-    if (High > FPlain.Maximum) {
-      FPlain.Maximum = High;
+    if (New.High > FPlain.Maximum) {
+      FPlain.Maximum = New.High;
       FPlain.MaximumIdx = New.Maximum;
     }
     FPlain.Sum += New.Sum;

@@ -29,7 +29,7 @@ TZyExtremes TZyIndexer::FindExtremes(int First, int Last) const {
   First = std::max(First, 0);
   Last = std::min(Last, GetCount());
   if (First >= Last) return {};
-  return {First, Last - 1, (First + Last - 1) / 2.0 * (Last - First)};
+  return {First, Last - 1, (First + Last - 1) / 2.0 * (Last - First), static_cast<double>(First), Last - 1.0};
 }
 
 std::span<const double> TZyIndexer::ValuesAt(int First, int Count, std::span<double> Scratch) const {

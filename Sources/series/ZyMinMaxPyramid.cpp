@@ -13,6 +13,12 @@ constexpr double Infinity = std::numeric_limits<double>::infinity();
 
 std::size_t NodesFor(std::size_t Count, std::size_t Size) { return (Count + Size - 1) / Size; }
 
+/// Of the first value from First on that equals Value; there must be one.
+int IndexOf(std::span<const double> Values, std::size_t First, double Value) {
+  while (Values[First] != Value) ++First;
+  return static_cast<int>(First);
+}
+
 }  // namespace
 
 /// Independent lanes, so that a compiler can work on several values at a time: neither order nor rounding of a sum may
@@ -120,11 +126,8 @@ struct TZyMinMaxPyramid::TSearch {
     if (First >= Last) return;
     const auto Part = Values.subspan(First, Last - First);
     const TNode Whole = ExtremesOf(Part);
-    const auto IndexOf = [&](double Value) {
-      return static_cast<int>(First) + static_cast<int>(std::find(Part.begin(), Part.end(), Value) - Part.begin());
-    };
-    if (Whole.Low < Low.Value) Low = {Whole.Low, 0, 0, IndexOf(Whole.Low)};
-    if (Whole.High > High.Value) High = {Whole.High, 0, 0, IndexOf(Whole.High)};
+    if (Whole.Low < Low.Value) Low = {Whole.Low, 0, 0, IndexOf(Values, First, Whole.Low)};
+    if (Whole.High > High.Value) High = {Whole.High, 0, 0, IndexOf(Values, First, Whole.High)};
     Sum += Whole.Sum;
   }
   void TakeNode(const TNode& Node, std::size_t Level, std::size_t Place) {
@@ -145,22 +148,31 @@ void TZyMinMaxPyramid::Take(TSearch& Search, std::size_t Level, std::size_t Firs
   TakeNodes(LastAbove * Fan, Last);
 }
 
-/// Index of the first value that is the extreme of a node.
-int TZyMinMaxPyramid::Place(std::span<const double> Values, std::size_t Level, std::size_t Node, double Value,
-                            bool IsLow) const {
-  for (; Level > 0; --Level) {
-    Node *= Fan;
-    while ((IsLow ? FLevels[Level - 1][Node].Low : FLevels[Level - 1][Node].High) != Value) ++Node;
-  }
-  std::size_t i = Node * Block;
-  while (Values[i] != Value) ++i;
-  return static_cast<int>(i);
+int TZyMinMaxPyramid::IndexOfLow(std::span<const double> Values, std::size_t Level, std::size_t Node) {
+  TNode& Here = FLevels[Level][Node];
+  if (Here.LowIndex >= 0) return Here.LowIndex;
+  if (Level == 0) return Here.LowIndex = IndexOf(Values, Node * Block, Here.Low);
+  std::size_t Child = Node * Fan;
+  while (FLevels[Level - 1][Child].Low != Here.Low) ++Child;
+  return Here.LowIndex = IndexOfLow(Values, Level - 1, Child);
+}
+
+int TZyMinMaxPyramid::IndexOfHigh(std::span<const double> Values, std::size_t Level, std::size_t Node) {
+  TNode& Here = FLevels[Level][Node];
+  if (Here.HighIndex >= 0) return Here.HighIndex;
+  if (Level == 0) return Here.HighIndex = IndexOf(Values, Node * Block, Here.High);
+  std::size_t Child = Node * Fan;
+  while (FLevels[Level - 1][Child].High != Here.High) ++Child;
+  return Here.HighIndex = IndexOfHigh(Values, Level - 1, Child);
 }
 
 TZyExtremes TZyMinMaxPyramid::Find(std::span<const double> Values, int First, int Last) {
   if (First >= Last) return {};
   const auto From = static_cast<std::size_t>(First), To = static_cast<std::size_t>(Last);
   const std::size_t FirstWhole = NodesFor(From, Block), LastWhole = To / Block;
+  // The end is on its way from memory while the rest is looked at; the start came with what was asked before.
+  constexpr std::size_t Line = 8;
+  for (std::size_t i = std::max(LastWhole * Block, From); i < To; i += Line) __builtin_prefetch(&Values[i]);
   TSearch Search{.Values = Values};
   if (FirstWhole >= LastWhole) {
     Search.TakeValues(From, To);
@@ -170,11 +182,12 @@ TZyExtremes TZyMinMaxPyramid::Find(std::span<const double> Values, int First, in
     Take(Search, 0, FirstWhole, LastWhole);
     Search.TakeValues(LastWhole * Block, To);
   }
-  const auto IndexOf = [&](const TSearch::TEnd& End, bool IsLow) {
-    if (!std::isfinite(End.Value)) return -1;
-    return End.Index >= 0 ? End.Index : Place(Values, End.Level, End.Node, End.Value, IsLow);
-  };
-  return {IndexOf(Search.Low, true), IndexOf(Search.High, false), Search.Sum};
+  TZyExtremes Result{Search.Low.Index, Search.High.Index, Search.Sum, Search.Low.Value, Search.High.Value};
+  if (Result.Minimum < 0 && std::isfinite(Search.Low.Value))
+    Result.Minimum = IndexOfLow(Values, Search.Low.Level, Search.Low.Node);
+  if (Result.Maximum < 0 && std::isfinite(Search.High.Value))
+    Result.Maximum = IndexOfHigh(Values, Search.High.Level, Search.High.Node);
+  return Result;
 }
 
 }  // namespace zy

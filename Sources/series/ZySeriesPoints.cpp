@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 #include "graph/ZyGraph2D.h"
 #include "series/ZyLineSeries.h"
@@ -17,19 +18,22 @@ constexpr int FewestPointsToSkip = 21;
 /// More points than this on a column of pixels are reduced before anything else looks at them.
 constexpr float ManyPerColumn = 4;
 
-
-/// The first index from First on, up to Last, whose value lies not below Limit; Last when there is none. Looks near
-/// First at first: Stride ahead, and farther and farther.
+/// The first index from First on, up to Last, whose value lies not below Limit; Last when there is none. Looks Stride
+/// ahead at first, and from there farther and farther to the side where it must be.
 int FirstNotBelow(const TZyCustomDoubleVector& Data, int First, int Last, double Limit, int Stride) {
   const std::span<const double> Values = Data.Values();
   const auto IsBelow = [&](int i) {
     return (Values.empty() ? static_cast<double>(i) : Values[static_cast<std::size_t>(i)]) < Limit;
   };
-  int Low = First, High = First;  // all below Low lie below the limit
-  for (int Step = std::max(Stride, 1); High < Last && IsBelow(High); Step *= 2) {
-    Low = High + 1;
-    High = Last - Step > High ? High + Step : Last;
-    if (Step > Last / 2) Step = Last / 2 + 1;
+  int Low = First, High = Last;  // all before Low lie below the limit, and none from High on
+  const int Guess = Last - First > Stride ? First + Stride : Last;
+  const bool IsAhead = Guess < Last && IsBelow(Guess);
+  (IsAhead ? Low : High) = IsAhead ? Guess + 1 : Guess;
+  for (int Step = 1; Low < High; Step += Step < Last / 2 ? Step : 0) {
+    const int Probe = IsAhead ? Low + std::min(Step, High - Low) - 1 : High - std::min(Step, High - Low);
+    const bool IsBelowHere = IsBelow(Probe);
+    (IsBelowHere ? Low : High) = IsBelowHere ? Probe + 1 : Probe;
+    if (IsBelowHere != IsAhead) break;
   }
   while (Low < High) {
     const int Middle = Low + (High - Low) / 2;
@@ -196,8 +200,8 @@ void TZySeries::ThinToSymbols(TPixelBlocks& Pixels, int Start, int Stop) {
   }
 }
 
-/// Keeps of each pixel column the turning points of the line, a column being as wide to both sides of where a run begins
-/// or else one of those that the data were reduced to: points that fall on the pixel before vanish, and a run
+/// Keeps of each pixel column the turning points of the line, a column being as wide to both sides of where a run
+/// begins or else one of those that the data were reduced to: points that fall on the pixel before vanish, and a run
 /// that goes on in one vertical direction collapses to its end.
 template <class TPixels>
 void TZySeries::ThinToLine(TPixels& Pixels, int Start, int Stop) {
@@ -240,13 +244,16 @@ bool TZySeries::MayReduce(int Start, int Stop) const {
 void TZySeries::ReduceToColumns(int Start, int Stop) {
   FReduced.clear();
   const bool Rightwards = FXAxis->NumberToWorld(FXAxis->Start()) <= FXAxis->NumberToWorld(FXAxis->Stop());
+  const std::span<const double> XValues = FXData->Values();
   int First = Start, Width = 1, Outlier = NextOutlier(Start);
   while (First <= Stop) {
     const float Centre = std::round(FXAxis->NumberToWorld(FXData->GetValue(First)));
     const double Edge = FXAxis->WorldToNumber(Rightwards ? Centre + 0.5f : Centre - 0.5f);
     const int Last = std::max(First + 1, FirstNotBelow(*FXData, First, Stop + 1, Edge, Width));
-    ReduceColumn(First, Last, Centre, Outlier);
     Width = Last - First;
+    if (const auto Ahead = static_cast<std::size_t>(Last) + static_cast<std::size_t>(Width); Ahead < XValues.size())
+      __builtin_prefetch(&XValues[Ahead]);  // where the next column is looked for
+    ReduceColumn(First, Last, Centre, Outlier);
     First = Last;
   }
 }
@@ -254,16 +261,13 @@ void TZySeries::ReduceToColumns(int Start, int Stop) {
 /// Keeps the first, smallest, largest and last point of those from First up to, but not including, Last: all that a
 /// line within one column of pixels shows (Jugel, Jerzak, Hackenbroich, Markl: M4, PVLDB 7(10), 2014). Extremes stand
 /// in the middle of the column, so that the line between them goes straight up or down: there it fills the column, as
-/// all the points together would.
+/// all the points together would. So does an end in the same row of pixels, as the thinning takes it for the extreme.
 void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
   constexpr int Few = 4;
-  int Ends[2] = {-1, -1}, Extremes[2] = {-1, -1};
-  double Low = std::numeric_limits<double>::infinity(), High = -Low;
+  int Ends[2] = {-1, -1};
+  TZyExtremes Whole;
   const auto Y = [this, Values = FYData->Values()](int i) {
     return Values.empty() ? FYData->GetValue(i) : Values[static_cast<std::size_t>(i)];
-  };
-  const auto Keep = [this, Centre](int i) -> TReducedPixel& {
-    return FReduced.emplace_back(TReducedPixel{GetCalcPoint(i), i, Centre});
   };
   const bool IsFew = Last - First <= Few;
   for (int From = First; From < Last;) {
@@ -273,24 +277,32 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
     while (From < To && !std::isfinite(Y(From))) ++From;
     while (From < To && !std::isfinite(Y(To - 1))) --To;
     for (int i = From; IsFew && i < To; ++i)
-      if (std::isfinite(Y(i))) Keep(i);
+      if (std::isfinite(Y(i))) FReduced.push_back({GetCalcPoint(i), i, Centre});
     if (!IsFew && From < To) {
       if (Ends[0] < 0) Ends[0] = From;
       Ends[1] = To - 1;
       const TZyExtremes Run = FYData->FindExtremes(From, To);
-      if (Y(Run.Minimum) < Low) Low = Y(Extremes[0] = Run.Minimum);
-      if (Y(Run.Maximum) > High) High = Y(Extremes[1] = Run.Maximum);
+      if (Run.Low < Whole.Low) std::tie(Whole.Low, Whole.Minimum) = std::pair(Run.Low, Run.Minimum);
+      if (Run.High > Whole.High) std::tie(Whole.High, Whole.Maximum) = std::pair(Run.High, Run.Maximum);
     }
     From = Next + (Next == Outlier ? 1 : 0);
   }
   if (Ends[0] < 0) return;
-  if (Extremes[0] > Extremes[1]) std::swap(Extremes[0], Extremes[1]);
-  const int Kept[] = {Ends[0], Extremes[0], Extremes[1], Ends[1]};
-  for (int i = 0; i < 4; ++i) {
-    if (i > 0 && Kept[i] == FReduced.back().Index) continue;
-    TReducedPixel& Pixel = Keep(Kept[i]);
-    if (Kept[i] == Extremes[0] || Kept[i] == Extremes[1]) Pixel.Pixel.X = Centre;
+  int Extremes[] = {Whole.Minimum, Whole.Maximum};
+  float Heights[] = {FYAxis->NumberToWorld(Whole.Low), FYAxis->NumberToWorld(Whole.High)};
+  if (Extremes[0] > Extremes[1]) {
+    std::swap(Extremes[0], Extremes[1]);
+    std::swap(Heights[0], Heights[1]);
   }
+  const auto KeepEnd = [&](int i) {
+    PointF Pixel = GetCalcPoint(i);
+    if (std::fabs(Pixel.Y - Heights[0]) < 1 || std::fabs(Pixel.Y - Heights[1]) < 1) Pixel.X = Centre;
+    FReduced.push_back({Pixel, i, Centre});
+  };
+  if (Ends[0] != Extremes[0]) KeepEnd(Ends[0]);
+  FReduced.push_back({{Centre, Heights[0]}, Extremes[0], Centre});
+  if (Extremes[1] != Extremes[0]) FReduced.push_back({{Centre, Heights[1]}, Extremes[1], Centre});
+  if (Ends[1] != Extremes[1]) KeepEnd(Ends[1]);
 }
 
 // --- Area -----------------------------------------------------------------------------------------------------------

@@ -122,8 +122,8 @@ void TZySeries::SearchRange(const TZyCustomDoubleVector& Data, double& Low, doub
   if (!mXValueTransformation && !mYValueTransformation && NextOutlier(0) >= FCount) {
     const TZyExtremes Extremes = Data.FindExtremes(0, FCount);
     if (Extremes.Minimum < 0) return;
-    Low = Data.GetValue(Extremes.Minimum);
-    High = Data.GetValue(Extremes.Maximum);
+    Low = Extremes.Low;
+    High = Extremes.High;
     return;
   }
   for (int i = 0; i < FCount; ++i) {

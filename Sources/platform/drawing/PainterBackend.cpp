@@ -297,7 +297,7 @@ TRasterRect BoundsOf(std::span<const std::vector<PointF>> Figures, float Margin)
 class TPainterBackend::TInk {
  public:
   TInk(TPainterBackend& Backend, const TDrawState& State, TGrid Grid, const Brush& Brush,
-         std::span<const std::vector<PointF>> Figures, float Margin) {
+       std::span<const std::vector<PointF>> Figures, float Margin) {
     if (const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush))
       FSolid.emplace(Solid->GetColor());
     else
@@ -446,8 +446,7 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
   Stroke.MiterLimit = Pen.GetMiterLimit();
   Stroke.StartCap = Stroke.EndCap = Stroke.DashCap = CapOf(Pen.GetEndCap());
   Stroke.Dashes = Dashes;
-  const TInk Paint(*this, State, TGrid::Centers, Pen.GetBrush(), Figures,
-                     Width * std::max(Pen.GetMiterLimit(), 1.0f));
+  const TInk Paint(*this, State, TGrid::Centers, Pen.GetBrush(), Figures, Width * std::max(Pen.GetMiterLimit(), 1.0f));
   if (Paint.Get() == nullptr) return true;
   TZyRaster Raster(TargetOf(*FImage), RasterClip());
   for (std::span<const PointF> Figure : Figures) {
@@ -548,8 +547,7 @@ bool TPainterBackend::FillBox(const TDrawState& State, const Brush& Brush, const
   if (!KeepsBoxes(Device)) return false;
   const QRectF Box = Device.mapRect(AsQt(Shape.Rect));
   const auto IsWhole = [](double Value) { return Value == std::floor(Value); };
-  const bool FitsPixels =
-      IsWhole(Box.left()) && IsWhole(Box.top()) && IsWhole(Box.right()) && IsWhole(Box.bottom());
+  const bool FitsPixels = IsWhole(Box.left()) && IsWhole(Box.top()) && IsWhole(Box.right()) && IsWhole(Box.bottom());
   if (!FitsPixels && State.Smoothing == SmoothingModeNone) return false;
   TZyRaster(TargetOf(*FImage), RasterClip())
       .FillBox(Box.left(), Box.top(), Box.right(), Box.bottom(), Solid->GetColor());
@@ -627,8 +625,8 @@ QFont FaceOf(const Font& Font, TextRenderingHint Hint) {
 
 }  // namespace
 
-/// Short level texts are kept as stamps, as the toolkit lays a text out anew each time. It too places glyphs at quarters
-/// of a pixel, and base lines at whole ones.
+/// Short level texts are kept as stamps, as the toolkit lays a text out anew each time. It too places glyphs at
+/// quarters of a pixel, and base lines at whole ones.
 bool TPainterBackend::DrawStringByStamp(const TDrawState& State, std::string_view Text, const Font& Font,
                                         const Brush& Brush, PointF Origin) {
   constexpr std::size_t LongestText = 64;
@@ -645,8 +643,7 @@ bool TPainterBackend::DrawStringByStamp(const TDrawState& State, std::string_vie
   const struct {
     float Scale, Size, Ascent;
     std::uint32_t Color, Style, Hint;
-  } Look{static_cast<float>(Scale), Font.GetSize(),          Ascent,
-         Solid->GetColor(),         Font.GetStyle().Bits(), State.Hint};
+  } Look{static_cast<float>(Scale), Font.GetSize(), Ascent, Solid->GetColor(), Font.GetStyle().Bits(), State.Hint};
   thread_local std::string Key;  // kept for its memory
   Key.assign(Text).append(1, '\0').append(Font.GetFamilyName());
   Key.append(reinterpret_cast<const char*>(&Look), sizeof Look);

@@ -108,7 +108,8 @@ class TZyRaster {
   /// thin lines, at a fifth of the cost. Color is 0xAARRGGBB. Corners are not joined, and where a translucent line
   /// meets itself it is darker. The clip's mask does not count.
   void ThinLine(std::span<const PointF> Points, float Width, TRasterCap Cap, std::uint32_t Color);
-  /// The upright box between the edges, in a colour 0xAARRGGBB that is not premultiplied. The clip's mask does not count.
+  /// The upright box between the edges, in a colour 0xAARRGGBB that is not premultiplied. The clip's mask does not
+  /// count.
   void FillBox(double Left, double Top, double Right, double Bottom, std::uint32_t Color);
   /// The inside of the closed polygon: by the non-zero winding rule, or else the alternate one. Without Smooth, the
   /// pixels whose centres are inside are filled in full.

@@ -159,8 +159,7 @@ void TRasterComb::OutlineGroup() {
 /// Whether each bar of the group covers whole columns of pixels.
 bool TRasterComb::FillsPixels() const {
   const auto IsWhole = [](double Value) { return std::fabs(Value - std::round(Value)) < SameStep; };
-  return FInk.has_value() && IsWhole(FWidth) && IsWhole(FGroup[0].X - FWidth / 2) &&
-         IsWhole(FGroup[1].X - FGroup[0].X);
+  return FInk.has_value() && IsWhole(FWidth) && IsWhole(FGroup[0].X - FWidth / 2) && IsWhole(FGroup[1].X - FGroup[0].X);
 }
 
 /// Writes the pixels that bars side by side cover in full, at once the rows that all of them share, and their ends.

@@ -16,8 +16,8 @@ class TRasterCells;
 ///
 /// Where neighbouring bars touch, only the outline of the bars together is left to draw, two steps for each bar however
 /// long it is, and the way of the line from one to the other where it leaves what both cover. Of bars of an opaque
-/// colour that cover whole columns of pixels, the insides and the ends go straight into the picture. All else goes to the
-/// stroker, or is drawn like any thin line.
+/// colour that cover whole columns of pixels, the insides and the ends go straight into the picture. All else goes to
+/// the stroker, or is drawn like any thin line.
 class TRasterComb {
  public:
   /// Where pixels that are covered in full may be written at once.
