@@ -140,10 +140,11 @@ TResult Median(
   return {MiddleOf(Runs), *std::min_element(Runs.begin(), Runs.end()), MiddleOf(Scans), 0};
 }
 
-/// Paints once more and counts.
+/// Paints once more and counts; a canvas comes from the window that is painted.
 TResult WithAllocations(TResult Result, TChart& Chart, Bitmap& Picture) {
+  Graphics Canvas(Picture);
   const long Before = Allocations();
-  Chart.Paint(Picture);
+  Chart.Graph->PaintGr(Canvas);
   Result.Allocations = Allocations() - Before;
   return Result;
 }

@@ -1,7 +1,8 @@
 #include <array>
 #include <cmath>
+#include <functional>
 #include <optional>
-#include <string>
+#include <string_view>
 
 #include "graph/ZyDrawing.h"
 #include "platform/drawing/Brush.h"
@@ -81,26 +82,26 @@ float ReachOf(const Pen& Pen, float Size) {
   return 1.16f * std::fabs(Size - Width) / 2 + 2 * Width + 1;
 }
 
-/// Names all that a symbol's pixels depend on; nothing when that is more than a few numbers, or the place matters, as
+/// All that a symbol's pixels depend on.
+struct TLook {
+  ARGB Line, Fill;
+  float Size, Width, MiterLimit;
+  int Symbol, Join, StartCap, EndCap;
+
+  std::string_view Bytes() const { return {reinterpret_cast<const char*>(this), sizeof *this}; }
+};
+
+/// Names it; nothing when that is more than a few numbers, or the place matters, as
 /// it does for gradients and patterns.
-std::optional<std::string> LookOf(const Pen& Pen, const Brush& Brush, float Size, TZyPointSymbol Symbol) {
+std::optional<TLook> LookOf(const Pen& Pen, const Brush& Brush, float Size, TZyPointSymbol Symbol) {
   const auto* const Line = dynamic_cast<const SolidBrush*>(&Pen.GetBrush());
   const auto* const Fill = dynamic_cast<const SolidBrush*>(&Brush);
   if (Line == nullptr || Fill == nullptr || Pen.GetDashStyle() != DashStyleSolid) return {};
   if (!(ReachOf(Pen, Size) <= LargestStamp)) return {};
   if (Pen.StartShape() != nullptr || Pen.EndShape() != nullptr) return {};
-  std::string Look = "symbol";
-  const auto Add = [&Look](auto Value) { Look.append(reinterpret_cast<const char*>(&Value), sizeof Value); };
-  Add(Symbol);
-  Add(Size);
-  Add(Line->GetColor());
-  Add(Fill->GetColor());
-  Add(Pen.GetWidth());
-  Add(Pen.GetMiterLimit());
-  Add(Pen.GetLineJoin());
-  Add(Pen.GetStartCap());
-  Add(Pen.GetEndCap());
-  return Look;
+  return TLook{Line->GetColor(),  Fill->GetColor(),    Size,
+               Pen.GetWidth(),    Pen.GetMiterLimit(), static_cast<int>(Symbol),
+               Pen.GetLineJoin(), Pen.GetStartCap(),   Pen.GetEndCap()};
 }
 
 }  // namespace
@@ -137,8 +138,8 @@ void DrawPointSymbols(Graphics& Gr, const Pen& Pen, const Brush& Brush, std::spa
     for (const PointF& Point : Points) DrawPointSymbol(Gr, Pen, Brush, Point.X, Point.Y, Size, Symbol);
     return;
   }
-  Gr.DrawStamps(*Look, BoxAround(0, 0, ReachOf(Pen, Size)), Points,
-                [&](Graphics& Stamp) { DrawPointSymbol(Stamp, Pen, Brush, 0, 0, Size, Symbol); });
+  const auto Paint = [&](Graphics& Stamp) { DrawPointSymbol(Stamp, Pen, Brush, 0, 0, Size, Symbol); };
+  Gr.DrawStamps(Look->Bytes(), BoxAround(0, 0, ReachOf(Pen, Size)), Points, std::cref(Paint));
 }
 
 void ExcludeSymbolSpace(Graphics& Gr, float X, float Y, float Size, TZyPointSymbol Symbol) {

@@ -69,8 +69,7 @@ std::vector<TZyLineSettings*> TZyGraph2D::Lines() const {
 
 std::vector<TZyAxis*> TZyGraph2D::Axes() const {
   std::vector<TZyAxis*> Result;
-  for (TControl* Control : Controls())
-    if (auto* const Axis = dynamic_cast<TZyAxis*>(Control)) Result.push_back(Axis);
+  ForEachAxis([&Result](TZyAxis& Axis) { Result.push_back(&Axis); });
   return Result;
 }
 
@@ -244,7 +243,7 @@ void TZyGraph2D::TestSeriesAndAxis() {
       Series->CheckDBVectors();
       Series->Calculate();
     }
-  for (TZyAxis* Axis : Axes()) Axis->GetNewRanges();
+  ForEachAxis([](TZyAxis& Axis) { Axis.GetNewRanges(); });
 }
 
 void TZyGraph2D::SortLayers() {

@@ -173,6 +173,12 @@ class TZyGraph2D : public TZyCustomGraph {
   void RemoveRelatedSeries(TZySeries* Series) { std::erase(FRelatedSeries, Series); }
   /// All child axes in control order, as they are now.
   std::vector<TZyAxis*> Axes() const;
+  /// Does something to each of them, without a list.
+  template <class TDo>
+  void ForEachAxis(const TDo& Do) const {
+    for (std::size_t i = 0; i < Controls().size(); ++i)
+      if (auto* const Axis = dynamic_cast<TZyAxis*>(Controls()[i])) Do(*Axis);
+  }
   /// All child axes in control order, and behind them the X axis of a coupled graph, which is a child of another one;
   /// as CheckCoupled found them.
   const std::vector<TZyAxis*>& AllAxes() const { return FAxes; }

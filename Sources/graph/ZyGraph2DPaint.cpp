@@ -102,9 +102,9 @@ void TZyGraph2D::PaintGr(Graphics& Gr) {
 /// An axis that waits for layout counts as well, so that series never draw on a scale that is out of date.
 void TZyGraph2D::CalculateWhenDirty() {
   if (FPrimaryXAxis == nullptr || FPrimaryYAxis == nullptr) return;
-  const std::vector<TZyAxis*> Children = Axes();
-  const auto Waits = [](const TZyAxis* Axis) { return Axis->NeedsRecalculate(); };
-  if (FNeedsRecalculate || Waits(FPrimaryXAxis) || std::any_of(Children.begin(), Children.end(), Waits)) Calculate();
+  bool IsDirty = FNeedsRecalculate || FPrimaryXAxis->NeedsRecalculate();
+  ForEachAxis([&IsDirty](const TZyAxis& Axis) { IsDirty = IsDirty || Axis.NeedsRecalculate(); });
+  if (IsDirty) Calculate();
 }
 
 // --- Background and data area ---------------------------------------------------------------------------------------
@@ -269,8 +269,9 @@ void TZyGraph2D::PaintMoved(Graphics& Gr, const TControl& Control, const TPart& 
 }
 
 void TZyGraph2D::PaintAxes(Graphics& Gr) {
-  for (TZyAxis* Axis : Axes())
-    if (Axis->Visible()) PaintMoved(Gr, *Axis, [&] { Axis->PaintGr(Gr); });
+  ForEachAxis([&](TZyAxis& Axis) {
+    if (Axis.Visible()) PaintMoved(Gr, Axis, [&] { Axis.PaintGr(Gr); });
+  });
   SetHighQuality(Gr, true);
 }
 

@@ -295,6 +295,43 @@ TEST(FontTest, TextsAreDrawnWhereTheirBoxIs) {
   }
 }
 
+// A picture of another format goes to the toolkit as it is.
+TEST(FontTest, KeptTextsLookAsTheToolkitDrawsThem) {
+  const auto Draw = [](Graphics& Canvas, const Font& Face, PointF At, float Degrees) {
+    Canvas.Clear(0xFFFFFFFF);
+    Canvas.TranslateTransform(At.X, At.Y);
+    Canvas.RotateTransform(Degrees);
+    Canvas.DrawString("Way, 10 km", Face, SolidBrush(0xFF3060A0), 0, 0);
+  };
+  for (const int Ratio : {1, 2})
+    for (const auto& [Size, Style] : {std::pair(9.0f, TFontStyles{}), {10.0f, TFontStyles{TFontStyle::Italic}}})
+      for (const float Degrees : {0.0f, 90.0f, -90.0f})
+        for (const PointF At : {PointF{70, 70}, {70.25f, 70.5f}, {70.75f, 70.125f}, {70.5f, 70.875f}}) {
+          const Font Face("Arial", Size, Style);
+          Bitmap Kept(140, 140, static_cast<float>(Ratio));
+          QImage Plain(140 * Ratio, 140 * Ratio, QImage::Format_RGB32);
+          Plain.setDevicePixelRatio(Ratio);
+          for (int Round = 0; Round < 2; ++Round) {  // made, and made use of
+            Graphics Canvas(Kept);
+            Draw(Canvas, Face, At, Degrees);
+          }
+          QPainter Painter(&Plain);
+          Graphics Canvas(Painter);
+          Draw(Canvas, Face, At, Degrees);
+          long Covered = 0, Difference = 0;
+          for (int Y = 0; Y < Plain.height(); ++Y)
+            for (int X = 0; X < Plain.width(); ++X) {
+              const int Red = qRed(Plain.pixel(X, Y));
+              Covered += 255 - Red;
+              Difference += std::abs(Red - static_cast<int>(Kept.GetPixel(X, Y) >> 16 & 255));
+            }
+          // Upright ones come to lie at the nearest quarter of a pixel; a whole one beside it would be all different.
+          EXPECT_LE(Difference, Degrees == 0 ? 0 : Covered / 2)
+              << Ratio << ' ' << Size << ' ' << Degrees << ' ' << At.X;
+          EXPECT_GT(Covered, 10000);
+        }
+}
+
 TEST(FontTest, OneBitGlyphsHaveNoGreyPixels) {
   Bitmap Picture(80, 30);
   Graphics Canvas(Picture);

@@ -483,6 +483,53 @@ TEST(ZyRasterStroke, DenseLinesFillTheirColumns) {
     }
 }
 
+// Opaque bars go straight into the picture, others by their coverage. Ways that leave the bars are drawn by the model
+// of thin lines in the one case, and may differ a little.
+TEST(ZyRasterStroke, OpaqueBarsCoverWhatOthersCover) {
+  std::mt19937 Random(8);
+  std::uniform_real_distribution<float> Top(-9, 40), Bottom(50, 99), Inside(42, 48);
+  for (const bool Leaves : {false, true})
+    for (const int Width : {1, 2, 4}) {
+      TPoints Line;
+      for (float X = -2.5f + static_cast<float>(Width % 2) / 2; X < 123; ++X) {
+        Line.push_back({X - 0.3f, Leaves ? Top(Random) : Inside(Random)});
+        Line.push_back({X, Top(Random)});
+        Line.push_back({X, Bottom(Random)});
+        Line.push_back({X + 0.3f, Inside(Random)});
+      }
+      TCanvas Opaque, Nearly;
+      const TRasterStroke Stroke{.Width = static_cast<float>(Width), .Join = TRasterJoin::Bevel};
+      Opaque.Raster().StrokeLines(Line, Stroke, TSolidPaint(0xFF00FF00));
+      Nearly.Raster().StrokeLines(Line, Stroke, TSolidPaint(0xFE00FF00));
+      EXPECT_TRUE(Opaque.MarginIsUntouched());
+      EXPECT_NEAR(Opaque.Area(), Nearly.Area() * 255 / 254, 0.02 * Nearly.Area()) << Width;
+      // Of wide bars that overlap, two ends in one pixel add up in one way or the other.
+      for (int Y = 0; !Leaves && Width == 1 && Y < Opaque.Height(); ++Y)
+        for (int X = 0; X < Opaque.Width(); ++X)
+          ASSERT_NEAR(Opaque.Alpha(X, Y), Nearly.Alpha(X, Y), 3) << X << ' ' << Y;
+    }
+}
+
+TEST(ZyRasterStroke, BoxesCoverTheirArea) {
+  for (const RectF Box :
+       {RectF{10, 20, 30, 5}, {10.25f, 20.5f, 30.5f, 0.25f}, {7.5f, 3.125f, 0.25f, 60}, {-5, -5, 200, 200}}) {
+    TCanvas Boxed, Filled;
+    const float Right = Box.X + Box.Width, Bottom = Box.Y + Box.Height;
+    Boxed.Raster().FillBox(Box.X, Box.Y, Right, Bottom, 0xC0FF8000);
+    Filled.Raster().FillPolygon(TPoints{{Box.X, Box.Y}, {Right, Box.Y}, {Right, Bottom}, {Box.X, Bottom}}, true,
+                                TSolidPaint(0xC0FF8000));
+    EXPECT_TRUE(Boxed.MarginIsUntouched());
+    for (int Y = 0; Y < Boxed.Height(); ++Y)
+      for (int X = 0; X < Boxed.Width(); ++X) ASSERT_NEAR(Boxed.Alpha(X, Y), Filled.Alpha(X, Y), 1) << X << ' ' << Y;
+  }
+  TCanvas Canvas;
+  const double Nan = std::numeric_limits<double>::quiet_NaN();
+  Canvas.Raster().FillBox(Nan, 0, 5, 5, 0xFF000000);
+  Canvas.Raster().FillBox(0, 5, 5, Nan, 0xFF000000);
+  Canvas.Raster().FillBox(1e300, -1e300, 1e301, 1e300, 0xFF000000);
+  EXPECT_EQ(Canvas.Most(), 0);
+}
+
 TEST(ZyRasterStroke, ThinLinesPaleByTheirWidth) {
   for (const bool Exact : {false, true}) {
     for (const float Width : {0.25f, 0.5f, 0.75f}) {

@@ -152,28 +152,41 @@ void TPainterBackend::Prepare(const TDrawState& State) {
 }
 
 void TPainterBackend::ApplyClip(const Region& Clip) {
-  FPainter->restore();
-  FPainter->save();
-  FPainter->setRenderHint(QPainter::Antialiasing, FSmoothing != SmoothingModeNone);
-  FHasTransform = false;
   FClip = Clip;
   FHasMask = false;
   FClipBox = FOuterBox;
-  if (FImage == nullptr) return ApplyVectorClip(Clip);
-  const auto IsBox = [this](const Region::TPart& Part) {
-    return !Part.IsExcluded && Part.IsRect && KeepsBoxes(AsQt(Part.Transform) * *FDeviceBase);
-  };
+  FIsPainterClipped = false;
+  if (FImage == nullptr) return ClipPainter();
   for (const Region::TPart& Part : Clip.Parts()) {
     if (IsBox(Part)) {
       const QTransform Place = AsQt(Part.Transform) * *FDeviceBase;
       FClipBox = Intersection(FClipBox, WholePixels(Place.mapRect(AsQt(Part.Rect))));
-      FPainter->setWorldTransform(AsQt(Part.Transform) * *FBase);
-      FPainter->setClipRect(AsQt(Part.Rect), Qt::IntersectClip);
     } else {
       FHasMask = true;
     }
   }
   if (FHasMask) FMask.Update(Clip, *FDeviceBase, FImage->width(), FImage->height());
+}
+
+/// Whether a part of the clip is a box of pixels.
+bool TPainterBackend::IsBox(const Region::TPart& Part) const {
+  return !Part.IsExcluded && Part.IsRect && KeepsBoxes(AsQt(Part.Transform) * *FDeviceBase);
+}
+
+/// Gives the toolkit's painter the clip, once it is to draw.
+void TPainterBackend::ClipPainter() {
+  if (FIsPainterClipped) return;
+  FIsPainterClipped = true;
+  FPainter->restore();
+  FPainter->save();
+  FPainter->setRenderHint(QPainter::Antialiasing, FSmoothing != SmoothingModeNone);
+  FHasTransform = false;
+  if (FImage == nullptr) return ApplyVectorClip(FClip);
+  for (const Region::TPart& Part : FClip.Parts()) {
+    if (!IsBox(Part)) continue;
+    FPainter->setWorldTransform(AsQt(Part.Transform) * *FBase);
+    FPainter->setClipRect(AsQt(Part.Rect), Qt::IntersectClip);
+  }
 }
 
 /// A clip of paths, for printers and files. Shapes that are cut out are gathered into paths in which none overlaps
@@ -229,6 +242,7 @@ TRasterClip TPainterBackend::RasterClip() const {
 template <class TPaint>
 void TPainterBackend::PaintWithPainter(const TDrawState& State, TGrid Grid, const TPaint& Paint) {
   if (FHasMask) return PaintLayer(State, Grid, Paint);
+  ClipPainter();
   if (!FHasTransform || FGrid != Grid || !(FTransform == State.Transform)) {
     FPainter->setWorldTransform(WorldTransform(State, Grid));
     FTransform = State.Transform;
@@ -330,13 +344,6 @@ std::unique_ptr<TRasterPaint> TPainterBackend::PictureOf(const TDrawState& State
 }
 
 namespace {
-
-std::vector<PointF> Mapped(const Matrix& Transform, std::span<const PointF> Points) {
-  std::vector<PointF> Result;
-  Result.reserve(Points.size());
-  for (const PointF& Point : Points) Result.push_back(Transform.TransformPoint(Point));
-  return Result;
-}
 
 /// The figures of a shape in stored pixels, until the next call.
 std::span<const std::vector<PointF>> FiguresOf(const Matrix& Device, const TShape& Shape) {
@@ -589,8 +596,10 @@ bool TPainterBackend::DrawStamps(const TDrawState& State, std::string_view Look,
   const double Scale = Device.m11();
   if (FImage == nullptr || Device.type() > QTransform::TxScale || !(Scale > 0) || Device.m22() != Scale) return false;
   Prepare(State);
-  std::string Key(Look);
-  Key.append(reinterpret_cast<const char*>(&Scale), sizeof Scale);
+  thread_local std::string Key;  // kept for its memory, as are the places
+  thread_local std::vector<PointF> Kept;
+  std::vector<PointF> Places = std::move(Kept);  // a stamp may be made of stamps
+  Key.assign(Look).append(reinterpret_cast<const char*>(&Scale), sizeof Scale);
   Key += static_cast<char>(State.Smoothing);
   Key += static_cast<char>(State.Hint);
   const auto PaintStamp = [&](const TRasterTarget& Stamp, PointF Anchor) {
@@ -608,7 +617,10 @@ bool TPainterBackend::DrawStamps(const TDrawState& State, std::string_view Look,
   const RectF Room{(Extent.X - 1) * Factor, (Extent.Y - 1) * Factor, (Extent.Width + 2) * Factor,
                    (Extent.Height + 2) * Factor};
   thread_local TZySymbolStamps Stamps;
-  Stamps.Draw(TargetOf(*FImage), RasterClip(), Key, Room, Mapped(FromQt(Device), Points), PaintStamp);
+  Places.clear();
+  for (const PointF& Point : Points) Places.push_back(FromQt(Device).TransformPoint(Point));
+  Stamps.Draw(TargetOf(*FImage), RasterClip(), Key, Room, Places, std::cref(PaintStamp));
+  Kept = std::move(Places);
   return true;
 }
 
@@ -625,8 +637,8 @@ QFont FaceOf(const Font& Font, TextRenderingHint Hint) {
 
 }  // namespace
 
-/// Short level texts are kept as stamps, as the toolkit lays a text out anew each time. It too places glyphs at
-/// quarters of a pixel, and base lines at whole ones.
+/// Short texts are kept as stamps where they lie level or upright, as the toolkit lays a text out anew each time. It
+/// too places glyphs at quarters of a pixel, and level base lines at whole ones.
 bool TPainterBackend::DrawStringByStamp(const TDrawState& State, std::string_view Text, const Font& Font,
                                         const Brush& Brush, PointF Origin) {
   constexpr std::size_t LongestText = 64;
@@ -634,31 +646,40 @@ bool TPainterBackend::DrawStringByStamp(const TDrawState& State, std::string_vie
   const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush);
   if (FImage == nullptr || Solid == nullptr || Text.size() > LongestText || Text.find('\n') != Text.npos) return false;
   const QTransform Device = AsQt(DeviceTransform(State, TGrid::Corners));
-  const double Scale = Device.m11();
+  const bool IsLevel = Device.type() <= QTransform::TxScale;
+  const double Scale = IsLevel ? Device.m11() : std::abs(Device.m12());
+  const bool IsEven = IsLevel ? Device.m22() == Scale : Device.m21() == -Device.m12();
   const double Pixels = static_cast<double>(Font.GetSize()) * static_cast<double>(Font::PixelsPerPoint) * Scale;
-  if (Device.type() > QTransform::TxScale || Device.m22() != Scale || !(Scale > 0) || Pixels > LargestFont)
-    return false;
+  if (!KeepsBoxes(Device) || !IsEven || !(Scale > 0) || Pixels > LargestFont) return false;
 
   const float Ascent = Font.GetAscent();
   const struct {
-    float Scale, Size, Ascent;
+    float Across, Down, Size, Ascent;  // the first two are the way of the base line
     std::uint32_t Color, Style, Hint;
-  } Look{static_cast<float>(Scale), Font.GetSize(), Ascent, Solid->GetColor(), Font.GetStyle().Bits(), State.Hint};
+  } Look{static_cast<float>(Device.m11()),
+         static_cast<float>(Device.m12()),
+         Font.GetSize(),
+         Ascent,
+         Solid->GetColor(),
+         Font.GetStyle().Bits(),
+         State.Hint};
   thread_local std::string Key;  // kept for its memory
   Key.assign(Text).append(1, '\0').append(Font.GetFamilyName());
   Key.append(reinterpret_cast<const char*>(&Look), sizeof Look);
   const QPointF Anchor = Device.map(QPointF(Origin.X, static_cast<double>(Origin.Y) + static_cast<double>(Ascent)));
-  const PointF Place{static_cast<float>(Anchor.x()), static_cast<float>(std::floor(Anchor.y() + 0.5))};
+  const double Height = IsLevel ? std::floor(Anchor.y() + 0.5) : Anchor.y();
+  const PointF Place{static_cast<float>(Anchor.x()), static_cast<float>(Height)};
   constexpr std::size_t MostTexts = 512;
   thread_local TZySymbolStamps Stamps(MostTexts);
   if (Stamps.DrawMade(TargetOf(*FImage), RasterClip(), Key, Place)) return true;
 
   const QFont Face = FaceOf(Font, State.Hint);
   const QString Written = ToQString(Text);
-  const double Factor = Scale * Font.QtScale();
+  QTransform Way(Device.m11(), Device.m12(), Device.m21(), Device.m22(), 0, 0);
+  Way.scale(Font.QtScale(), Font.QtScale());
   const QRectF Lines = QFontMetricsF(Face).boundingRect(Written);
   const double Room = Lines.height() / 2 + 2;  // for what leaves the line's box
-  const QRectF Box = QTransform::fromScale(Factor, Factor).mapRect(Lines.adjusted(-Room, -Room, Room, Room));
+  const QRectF Box = Way.mapRect(Lines.adjusted(-Room, -Room, Room, Room));
   const RectF Extent{static_cast<float>(Box.x()), static_cast<float>(Box.y()), static_cast<float>(Box.width()),
                      static_cast<float>(Box.height())};
   Stamps.Draw(TargetOf(*FImage), RasterClip(), Key, Extent, {&Place, 1},
@@ -666,8 +687,7 @@ bool TPainterBackend::DrawStringByStamp(const TDrawState& State, std::string_vie
                 QImage Picture(reinterpret_cast<uchar*>(Stamp.Pixels), Stamp.Width, Stamp.Height, Stamp.Stride * 4,
                                QImage::Format_ARGB32_Premultiplied);
                 QPainter Painter(&Picture);
-                Painter.translate(AsQt(StampAnchor));
-                Painter.scale(Factor, Factor);
+                Painter.setWorldTransform(Way * QTransform::fromTranslate(StampAnchor.X, StampAnchor.Y));
                 Painter.setFont(Face);
                 Painter.setPen(QColor::fromRgba(Solid->GetColor()));
                 Painter.drawText(QPointF(0, 0), Written);
@@ -699,6 +719,7 @@ void TPainterBackend::DrawString(const TDrawState& State, std::string_view Text,
 void TPainterBackend::Clear(const TDrawState& State, ARGB Color) {
   Prepare(State);
   if (FHasMask) return ClearThroughMask(Color);
+  ClipPainter();
   FPainter->save();
   FPainter->resetTransform();
   FPainter->setCompositionMode(QPainter::CompositionMode_Source);
@@ -708,6 +729,7 @@ void TPainterBackend::Clear(const TDrawState& State, ARGB Color) {
 
 QPainter* TPainterBackend::GetHDC(const TDrawState& State) {
   Prepare(State);
+  ClipPainter();
   FPainter->save();
   FPainter->setWorldTransform(WorldTransform(State, TGrid::Corners));
   return FPainter;

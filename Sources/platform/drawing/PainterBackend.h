@@ -42,6 +42,8 @@ class TPainterBackend : public TGraphicsBackend {
   void Begin();
   void Prepare(const TDrawState& State);
   void ApplyClip(const Region& Clip);
+  bool IsBox(const Region::TPart& Part) const;
+  void ClipPainter();
   void ApplyVectorClip(const Region& Clip);
   QTransform WorldTransform(const TDrawState& State, TGrid Grid) const;
   Matrix DeviceTransform(const TDrawState& State, TGrid Grid) const;
@@ -75,6 +77,7 @@ class TPainterBackend : public TGraphicsBackend {
   bool FHasTransform = false;
   SmoothingMode FSmoothing = SmoothingModeNone;
   bool FHasMask = false;
+  bool FIsPainterClipped = true;
   TRasterRect FClipBox;
   TClipMask FMask;
 };

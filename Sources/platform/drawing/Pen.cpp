@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/drawing/Brush.h"
-
 namespace zy {
 namespace {
 
@@ -53,18 +51,21 @@ CustomLineCap::CustomLineCap(const GraphicsPath* FillPath, const GraphicsPath* S
       FBaseCap(BaseCap),
       FBaseInset(BaseInset) {}
 
-Pen::Pen(ARGB Color, float Width) : FBrush(std::make_shared<const SolidBrush>(Color)), FWidth(Width) {}
+Pen::Pen(ARGB Color, float Width) : FSolid(Color), FWidth(Width) {}
 
-Pen::Pen(const Brush& Fill, float Width) : FBrush(Fill.Clone()), FWidth(Width) {}
+Pen::Pen(const Brush& Fill, float Width) : FSolid(0), FWidth(Width) { SetBrush(Fill); }
 
-ARGB Pen::GetColor() const {
-  const auto* const Solid = dynamic_cast<const SolidBrush*>(FBrush.get());
-  return Solid == nullptr ? 0 : Solid->GetColor();
+ARGB Pen::GetColor() const { return FOther == nullptr ? FSolid.GetColor() : 0; }
+
+void Pen::SetColor(ARGB Value) {
+  FSolid.SetColor(Value);
+  FOther = nullptr;
 }
 
-void Pen::SetColor(ARGB Value) { FBrush = std::make_shared<const SolidBrush>(Value); }
-
-void Pen::SetBrush(const Brush& Value) { FBrush = Value.Clone(); }
+void Pen::SetBrush(const Brush& Value) {
+  if (const auto* const Solid = dynamic_cast<const SolidBrush*>(&Value)) return SetColor(Solid->GetColor());
+  FOther = Value.Clone();
+}
 
 float Pen::EffectiveWidth() const { return std::isfinite(FWidth) ? std::max(FWidth, 1.0f) : 1.0f; }
 
@@ -121,7 +122,7 @@ QPen Pen::ToQt() const {
   const Qt::PenJoinStyle Join = FLineJoin == LineJoinMiter   ? Qt::MiterJoin
                                 : FLineJoin == LineJoinBevel ? Qt::BevelJoin
                                                              : Qt::RoundJoin;
-  QPen Result(FBrush->ToQt(), EffectiveWidth(), Qt::SolidLine, AsQt(FEndShape ? FEndShape->GetBaseCap() : FEndCap),
+  QPen Result(GetBrush().ToQt(), EffectiveWidth(), Qt::SolidLine, AsQt(FEndShape ? FEndShape->GetBaseCap() : FEndCap),
               Join);
   Result.setMiterLimit(FMiterLimit);
   if (const std::vector<float> Pattern = DashPattern(); !Pattern.empty())

@@ -5,14 +5,13 @@
 #include <vector>
 
 #include "platform/drawing/Argb.h"
+#include "platform/drawing/Brush.h"
 #include "platform/drawing/GraphicsPath.h"
 #include "platform/framework/EnumInfo.h"
 
 class QPen;
 
 namespace zy {
-
-class Brush;
 
 /// How a line is broken up.
 enum TDashStyle {
@@ -77,7 +76,7 @@ class Pen {
   /// Colour of a pen of one colour; 0 for one from another brush.
   ARGB GetColor() const;
   void SetColor(ARGB Value);
-  const Brush& GetBrush() const { return *FBrush; }
+  const Brush& GetBrush() const { return FOther != nullptr ? *FOther : FSolid; }
   void SetBrush(const Brush& Value);
   float GetWidth() const { return FWidth; }
   void SetWidth(float Value) { FWidth = Value; }
@@ -110,7 +109,8 @@ class Pen {
   QPen ToQt() const;
 
  private:
-  std::shared_ptr<const Brush> FBrush;  // never changed, so that copies share it
+  SolidBrush FSolid;
+  std::shared_ptr<const Brush> FOther;  // in its place; never changed, so that copies share it
   float FWidth;
   float FMiterLimit = 10;
   TDashStyle FDashStyle = DashStyleSolid;

@@ -11,21 +11,28 @@ bool Region::TPart::operator==(const TPart& Other) const {
 }
 
 std::span<const Region::TPart> Region::Parts() const {
+  if (FCount == 1) return {&FOnly, 1};
   if (FParts == nullptr) return {};
   return {FParts->data(), FCount};
 }
 
 bool Region::operator==(const Region& Other) const {
   if (FCount != Other.FCount) return false;
-  return FParts == Other.FParts || std::equal(Parts().begin(), Parts().end(), Other.Parts().begin());
+  return (FCount > 1 && FParts == Other.FParts) || std::equal(Parts().begin(), Parts().end(), Other.Parts().begin());
 }
 
 void Region::Add(TPart Part) {
+  if (FCount == 0) {
+    FOnly = std::move(Part);
+    FCount = 1;
+    return;
+  }
   // Only the region that has all of the list may lengthen it; any other begins a list of its own.
   const bool IsEnd = FParts != nullptr && FParts->size() == FCount;
   if (!IsEnd) FParts = std::make_shared<std::vector<TPart>>(Parts().begin(), Parts().end());
   FParts->push_back(std::move(Part));
   ++FCount;
+  FOnly = {};
 }
 
 void Region::Intersect(const RectF& Rect, const Matrix& Transform) { Add({false, true, Rect, {}, {}, Transform}); }

@@ -53,13 +53,17 @@ class Region {
   std::span<const TPart> Parts() const;
   /// Whether Other is this region with further cuts, found without looking at them: those from this region's count of
   /// parts on are new.
-  bool IsStartOf(const Region& Other) const { return FParts == Other.FParts && FCount <= Other.FCount; }
+  bool IsStartOf(const Region& Other) const {
+    if (FCount == 1) return Other.FCount > 0 && Other.Parts().front() == FOnly;
+    return FParts == Other.FParts && FCount <= Other.FCount;
+  }
   std::size_t PartCount() const { return FCount; }
 
  private:
   void Add(TPart Part);
 
-  // Copies share the list and differ in how much of it is theirs.
+  // Copies share the list and differ in how much of it is theirs. A single cut, the common case, needs no list.
+  TPart FOnly;
   std::shared_ptr<std::vector<TPart>> FParts;
   std::size_t FCount = 0;
 };
