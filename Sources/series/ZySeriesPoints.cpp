@@ -294,8 +294,10 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
     std::swap(Extremes[0], Extremes[1]);
     std::swap(Heights[0], Heights[1]);
   }
+  constexpr float Within = 0.49f;  // the way from column to column is no third one
   const auto KeepEnd = [&](int i) {
     PointF Pixel = GetCalcPoint(i);
+    Pixel.X = std::clamp(Pixel.X, Centre - Within, Centre + Within);
     if (std::fabs(Pixel.Y - Heights[0]) < 1 || std::fabs(Pixel.Y - Heights[1]) < 1) Pixel.X = Centre;
     FReduced.push_back({Pixel, i, Centre});
   };
