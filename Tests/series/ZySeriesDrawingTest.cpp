@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -10,7 +11,9 @@
 
 #include "graph/SampleChart.h"
 #include "platform/controls/TGraphicControl.h"
+#include "platform/drawing/Bitmap.h"
 #include "platform/drawing/TRecordingGraphics.h"
+#include "platform/drawing/ZyRaster.h"
 #include "series/ZyFunctionSeries.h"
 #include "series/ZyPointSeries.h"
 
@@ -109,6 +112,68 @@ TEST_F(ZySeriesDrawingTest, ReducesColumnsAroundGaps) {
     EXPECT_NEAR(Drawn[Column].first, Wanted[Column].first, 0.09) << Column;
     EXPECT_NEAR(Drawn[Column].second, Wanted[Column].second, 0.09) << Column;
   }
+}
+
+// Beside it the line through each single point, by the rasteriser's plain way for round corners.
+TEST_F(ZySeriesDrawingTest, ReducedLinesLookLikeThatOfAllPoints) {
+  for (const int Count : {3000, 30000})
+    for (const float Width : {1.0f, 2.0f})
+      for (const float Ratio : {1.0f, 2.0f}) {
+        SCOPED_TRACE(::testing::Message() << Count << " points, width " << Width << ", ratio " << Ratio);
+        auto& Line = AddLine({});
+        std::mt19937 Random(5);
+        std::vector<double> Values;
+        for (int i = 0; i < Count; ++i)
+          Values.push_back(5 + 3 * std::sin(i * 9.0 / Count) + static_cast<double>(Random() % 1000) / 1000);
+        dynamic_cast<TZyDoubleVector&>(*Line.YData()).AddRange(Values);
+        Line.Line().SetWidth(Width);
+        Line.Line().SetColor(0xFF000000);
+        Chart.X->SetStop(Count - 1);
+        Bitmap Reduced(600, 350, Ratio), Plain(600, 350, Ratio);
+        {
+          Graphics Canvas(Reduced);
+          Chart.Graph->PaintGr(Canvas);
+          Canvas.Clear(0xFFFFFFFF);
+          Canvas.SetSmoothingMode(SmoothingModeHighQuality);
+          Line.PaintGr(Canvas);
+          Graphics(Plain).Clear(0xFFFFFFFF);
+        }
+        std::vector<PointF> Points;
+        for (int i = 0; i < Count; ++i)
+          Points.push_back({(Chart.X->NumberToWorld(i) + 0.5f) * Ratio,
+                            (Chart.Y->NumberToWorld(Values[static_cast<std::size_t>(i)]) + 0.5f) * Ratio});
+        QImage& Image = Plain.ToQt();
+        const TRasterTarget Target{reinterpret_cast<std::uint32_t*>(Image.bits()), Image.bytesPerLine() / 4,
+                                   Image.width(), Image.height()};
+        TZyRaster(Target, {{0, 0, Image.width(), Image.height()}})
+            .StrokeLines(Points, {.Width = Width * Ratio, .Join = TRasterJoin::Bevel}, TSolidPaint(0xFF000000));
+        const auto InkAt = [](const Bitmap& Picture, int X, int Y) {
+          return 255 - static_cast<int>(Picture.GetPixel(X, Y) & 255);
+        };
+        double Difference = 0, Ink = 0;
+        int Holes = 0, Spots = 0;  // where all of the neighbourhood is covered, or is not
+        for (int Y = 2; Y + 2 < Image.height(); ++Y)
+          for (int X = 2; X + 2 < Image.width(); ++X) {
+            const int Wanted = InkAt(Plain, X, Y), Drawn = InkAt(Reduced, X, Y);
+            Difference += std::abs(Drawn - Wanted);
+            Ink += Wanted;
+            if (Wanted == Drawn || (Wanted > 0 && Wanted < 255)) continue;
+            int Least = 255, Most = 0;
+            for (int i = -2; i <= 2; ++i)
+              for (int k = -2; k <= 2; ++k) {
+                Least = std::min(Least, InkAt(Plain, X + i, Y + k));
+                Most = std::max(Most, InkAt(Plain, X + i, Y + k));
+              }
+            Holes += Least == 255 && Drawn < 255 ? 1 : 0;
+            Spots += Most == 0 && Drawn > 0 ? 1 : 0;
+          }
+        // Six points on a column are no dense line yet: the plain one hides its gaps by slanting ways.
+        const bool IsDense = Count > 3000;
+        EXPECT_LT(Difference, (IsDense ? 0.05 : 0.12) * Ink);
+        EXPECT_LE(Holes, (IsDense ? 0.001 : 0.02) * Ink / 255);
+        EXPECT_EQ(Spots, 0);
+        Line.SetYData(nullptr);
+      }
 }
 
 TEST_F(ZySeriesDrawingTest, SymbolsCountUnlessTheyLieOnTheOneBefore) {
