@@ -438,8 +438,9 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
   const float Width = Pen.EffectiveWidth() * Scale;
   if (!FHasMask) {
     if (!IsLine) return false;
+    if (IsLevel(Shape.Points) && Width >= 1 && StrokeBox(Pen, Shape, Device, Width)) return true;
     if (StrokeThin(Pen, Shape, Device, Width)) return true;
-    if (IsLevel(Shape.Points)) return StrokeBox(Pen, Shape, Device, Width);
+    if (IsLevel(Shape.Points)) return false;
     if (!FillsColumns(Shape.Points, Pen.EffectiveWidth()) &&
         !RasterPays(Shape.Points.size() - 1, Width, LengthOf(Shape.Points) * Scale))
       return false;
