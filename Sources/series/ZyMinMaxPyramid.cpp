@@ -148,22 +148,15 @@ void TZyMinMaxPyramid::Take(TSearch& Search, std::size_t Level, std::size_t Firs
   TakeNodes(LastAbove * Fan, Last);
 }
 
-int TZyMinMaxPyramid::IndexOfLow(std::span<const double> Values, std::size_t Level, std::size_t Node) {
+/// Where one of the extremes of a node lies, which is looked for once.
+int TZyMinMaxPyramid::Place(std::span<const double> Values, std::size_t Level, std::size_t Node, double TNode::*Extreme,
+                            int TNode::*Index) {
   TNode& Here = FLevels[Level][Node];
-  if (Here.LowIndex >= 0) return Here.LowIndex;
-  if (Level == 0) return Here.LowIndex = IndexOf(Values, Node * Block, Here.Low);
+  if (Here.*Index >= 0) return Here.*Index;
+  if (Level == 0) return Here.*Index = IndexOf(Values, Node * Block, Here.*Extreme);
   std::size_t Child = Node * Fan;
-  while (FLevels[Level - 1][Child].Low != Here.Low) ++Child;
-  return Here.LowIndex = IndexOfLow(Values, Level - 1, Child);
-}
-
-int TZyMinMaxPyramid::IndexOfHigh(std::span<const double> Values, std::size_t Level, std::size_t Node) {
-  TNode& Here = FLevels[Level][Node];
-  if (Here.HighIndex >= 0) return Here.HighIndex;
-  if (Level == 0) return Here.HighIndex = IndexOf(Values, Node * Block, Here.High);
-  std::size_t Child = Node * Fan;
-  while (FLevels[Level - 1][Child].High != Here.High) ++Child;
-  return Here.HighIndex = IndexOfHigh(Values, Level - 1, Child);
+  while (FLevels[Level - 1][Child].*Extreme != Here.*Extreme) ++Child;
+  return Here.*Index = Place(Values, Level - 1, Child, Extreme, Index);
 }
 
 TZyExtremes TZyMinMaxPyramid::Find(std::span<const double> Values, int First, int Last) {
@@ -184,9 +177,9 @@ TZyExtremes TZyMinMaxPyramid::Find(std::span<const double> Values, int First, in
   }
   TZyExtremes Result{Search.Low.Index, Search.High.Index, Search.Sum, Search.Low.Value, Search.High.Value};
   if (Result.Minimum < 0 && std::isfinite(Search.Low.Value))
-    Result.Minimum = IndexOfLow(Values, Search.Low.Level, Search.Low.Node);
+    Result.Minimum = Place(Values, Search.Low.Level, Search.Low.Node, &TNode::Low, &TNode::LowIndex);
   if (Result.Maximum < 0 && std::isfinite(Search.High.Value))
-    Result.Maximum = IndexOfHigh(Values, Search.High.Level, Search.High.Node);
+    Result.Maximum = Place(Values, Search.High.Level, Search.High.Node, &TNode::High, &TNode::HighIndex);
   return Result;
 }
 

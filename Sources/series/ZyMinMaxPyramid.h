@@ -38,8 +38,8 @@ class TZyMinMaxPyramid {
   static TNode ExtremesOf(std::span<const double> Values);
   void Refresh(std::span<const double> Values);
   void Take(TSearch& Search, std::size_t Level, std::size_t First, std::size_t Last) const;
-  int IndexOfLow(std::span<const double> Values, std::size_t Level, std::size_t Node);
-  int IndexOfHigh(std::span<const double> Values, std::size_t Level, std::size_t Node);
+  int Place(std::span<const double> Values, std::size_t Level, std::size_t Node, double TNode::*Extreme,
+            int TNode::*Index);
 
   std::vector<std::vector<TNode>> FLevels;
   std::size_t FCount = 0;  // values that the tree covers
