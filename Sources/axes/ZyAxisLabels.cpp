@@ -90,19 +90,20 @@ void TZyAxis::PlaceExtraExponent() {
   }
 }
 
-/// How far the power of ten reaches across from the line of the labels; 0 without one.
-float TZyAxis::ExtraExponentReach() const {
+/// How far the labels, and the power of ten that belongs to them, reach across from their line.
+float TZyAxis::NumbersReach() const {
+  const float Labels = GetHorizontal() ? FMaxNumberLabelHeight : FMaxNumberLabelWidth;
   const TZyRichCaptionObject& Power = FExtraExponentRec;
-  if (Power.Caption().empty()) return 0;
-  return GetHorizontal() ? std::fabs(Power.Y - LabelBase()) + Power.Height()
-                         : std::fabs(Power.X - LabelBase()) + Power.Width();
+  if (Power.Caption().empty()) return Labels;
+  const float Reach = GetHorizontal() ? std::fabs(Power.Y - LabelBase()) + Power.Height()
+                                      : std::fabs(Power.X - LabelBase()) + Power.Width();
+  return std::max(Labels, Reach);
 }
 
 /// The caption stands behind the numbers, at one end of the axis line or at its middle.
 void TZyAxis::PlaceCaption() {
   FCaptionRec.ParseIfNeeded();
-  const float Labels = GetHorizontal() ? FMaxNumberLabelHeight : FMaxNumberLabelWidth;
-  const float Numbers = FNumbersVisible ? DistanceNumbersCaption() + Labels : 0;
+  const float Numbers = FNumbersVisible ? DistanceNumbersCaption() + NumbersReach() : 0;
   const float Across = PointsOutwards() ? LabelBase() + Numbers : LabelBase() - Numbers;
   const int Where = FCaptionAlignment == TAlignment::taLeftJustify ? 0
                     : FCaptionAlignment == TAlignment::taCenter    ? 1
