@@ -1,30 +1,22 @@
 #include "platform/drawing/PainterBackend.h"
 
-#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
 #include <algorithm>
 #include <cmath>
-#include <numeric>
-#include <optional>
 
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
-#include "platform/drawing/Font.h"
 #include "platform/drawing/GradientStops.h"
-#include "platform/drawing/Graphics.h"
 #include "platform/drawing/LineCaps.h"
+#include "platform/drawing/PainterShapes.h"
 #include "platform/drawing/Pen.h"
 #include "platform/drawing/QtGeometry.h"
-#include "platform/drawing/QtText.h"
-#include "platform/drawing/ZySymbolStamps.h"
 
 namespace zy {
 namespace {
-
-constexpr std::size_t FewestCornersForRaster = 64;  // of a polygon; below, the toolkit is as fast
 
 /// End moved half a pixel away from Before, along the axis on which the line steps from pixel to pixel, so that the
 /// pixel at the end is covered in full.
@@ -32,73 +24,6 @@ QPointF WithWholePixel(const QPointF& End, const QPointF& Before) {
   const QPointF Way = End - Before;
   const double Longest = std::max(std::abs(Way.x()), std::abs(Way.y()));
   return Longest > 0 ? End + Way * (0.5 / Longest) : End;
-}
-
-/// Whether a rectangle stays one with upright edges.
-bool KeepsBoxes(const QTransform& Transform) {
-  return Transform.type() <= QTransform::TxScale ||
-         (Transform.type() == QTransform::TxRotate && Transform.m11() == 0 && Transform.m22() == 0);
-}
-
-/// The whole pixels of a box, as the toolkit's painter clips to them. Far ends saturate.
-TRasterRect WholePixels(const QRectF& Rect) {
-  const auto Pixel = [](double Value) { return static_cast<int>(std::lround(std::clamp(Value, -1e6, 1e6))); };
-  return {Pixel(Rect.left()), Pixel(Rect.top()), Pixel(Rect.right()), Pixel(Rect.bottom())};
-}
-
-/// Pixels of a picture that lies at a place of the target.
-class TPicturePaint : public TRasterPaint {
- public:
-  TPicturePaint(QImage Picture, int Left, int Top) : FPicture(std::move(Picture)), FLeft(Left), FTop(Top) {}
-  void Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const override {
-    const bool IsInside =
-        Y >= FTop && Y < FTop + FPicture.height() && X >= FLeft && X + Count <= FLeft + FPicture.width();
-    if (!IsInside) return static_cast<void>(std::fill_n(Pixels, Count, 0u));
-    const auto* const Row = reinterpret_cast<const std::uint32_t*>(FPicture.constScanLine(Y - FTop));
-    std::copy_n(Row + (X - FLeft), Count, Pixels);
-  }
-
- private:
-  QImage FPicture;
-  int FLeft;
-  int FTop;
-};
-
-bool IsSolid(const Brush& Brush) { return dynamic_cast<const SolidBrush*>(&Brush) != nullptr; }
-
-bool IsHatch(const Brush& Brush) { return dynamic_cast<const HatchBrush*>(&Brush) != nullptr; }
-
-TRasterTarget TargetOf(QImage& Picture) {
-  return {reinterpret_cast<std::uint32_t*>(Picture.bits()), Picture.bytesPerLine() / 4, Picture.width(),
-          Picture.height()};
-}
-
-TRasterCap CapOf(LineCap Cap) {
-  return Cap == LineCapSquare ? TRasterCap::Square : Cap == LineCapRound ? TRasterCap::Round : TRasterCap::Flat;
-}
-
-TRasterJoin JoinOf(LineJoin Join) {
-  return Join == LineJoinMiter   ? TRasterJoin::MiterCut
-         : Join == LineJoinBevel ? TRasterJoin::Bevel
-                                 : TRasterJoin::Round;
-}
-
-/// The shape for the toolkit's painter.
-void PaintShape(QPainter& Painter, const TShape& Shape) {
-  switch (Shape.Kind) {
-    case TShape::Lines:
-      return Painter.drawPolyline(AsQt(Shape.Points));
-    case TShape::Polygon:
-      return Painter.drawPolygon(AsQt(Shape.Points), Shape.Mode == FillModeWinding ? Qt::WindingFill : Qt::OddEvenFill);
-    case TShape::Rectangle:
-      return Painter.drawRect(AsQt(Shape.Rect));
-    case TShape::Ellipse:
-      return Painter.drawEllipse(AsQt(Shape.Rect));
-    case TShape::Pie:
-      return Painter.drawPath(Shape.AsPath().ToQt());  // a path: the toolkit's pies count angles in sixteenths
-    case TShape::Path:
-      return Painter.drawPath(Shape.Outline->ToQt());
-  }
 }
 
 }  // namespace
@@ -237,11 +162,8 @@ TRasterClip TPainterBackend::RasterClip() const {
 
 // --- Painting -------------------------------------------------------------------------------------------------------
 
-/// Lets the toolkit's painter paint: directly, or, under a mask, into a layer that is then put onto the picture through
-/// the mask.
-template <class TPaint>
-void TPainterBackend::PaintWithPainter(const TDrawState& State, TGrid Grid, const TPaint& Paint) {
-  if (FHasMask) return PaintLayer(State, Grid, Paint);
+/// The toolkit's painter with clip and transform.
+QPainter& TPainterBackend::PreparedPainter(const TDrawState& State, TGrid Grid) {
   ClipPainter();
   if (!FHasTransform || FGrid != Grid || !(FTransform == State.Transform)) {
     FPainter->setWorldTransform(WorldTransform(State, Grid));
@@ -249,7 +171,7 @@ void TPainterBackend::PaintWithPainter(const TDrawState& State, TGrid Grid, cons
     FGrid = Grid;
     FHasTransform = true;
   }
-  Paint(*FPainter);
+  return *FPainter;
 }
 
 void TPainterBackend::PaintLayer(const TDrawState& State, TGrid Grid, const std::function<void(QPainter&)>& Paint) {
@@ -287,104 +209,6 @@ QBrush TPainterBackend::BrushOf(const TDrawState& State, TGrid Grid, const Brush
   }
   return Result;
 }
-
-namespace {
-
-/// The whole pixels around some points, Margin pixels wider on every side. Points that are not finite do not count.
-TRasterRect BoundsOf(std::span<const std::vector<PointF>> Figures, float Margin) {
-  double Left = HUGE_VAL, Top = HUGE_VAL, Right = -HUGE_VAL, Bottom = -HUGE_VAL;
-  for (const auto& Figure : Figures)
-    for (const PointF& Point : Figure) {
-      if (!AreFinite({Point.X, Point.Y})) continue;
-      Left = std::min<double>(Left, Point.X);
-      Right = std::max<double>(Right, Point.X);
-      Top = std::min<double>(Top, Point.Y);
-      Bottom = std::max<double>(Bottom, Point.Y);
-    }
-  const double Room = static_cast<double>(Margin) + 1;
-  return WholePixels(QRectF(QPointF(Left - Room, Top - Room), QPointF(Right + Room, Bottom + Room)));
-}
-
-}  // namespace
-
-/// What figures are filled with, within Margin of their points.
-class TPainterBackend::TInk {
- public:
-  TInk(TPainterBackend& Backend, const TDrawState& State, TGrid Grid, const Brush& Brush,
-       std::span<const std::vector<PointF>> Figures, float Margin) {
-    if (const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush))
-      FSolid.emplace(Solid->GetColor());
-    else
-      FPicture = Backend.PictureOf(State, Grid, Brush, BoundsOf(Figures, Margin));
-  }
-  /// Null when nothing shows.
-  const TRasterPaint* Get() const { return FSolid ? &*FSolid : FPicture.get(); }
-
- private:
-  std::optional<TSolidPaint> FSolid;
-  std::unique_ptr<TRasterPaint> FPicture;
-};
-
-std::unique_ptr<TRasterPaint> TPainterBackend::PictureOf(const TDrawState& State, TGrid Grid, const Brush& Brush,
-                                                         TRasterRect Box) {
-  Box = Intersection(Box, FClipBox);
-  if (Box.IsEmpty()) return nullptr;
-  QImage Picture(Box.Right - Box.Left, Box.Bottom - Box.Top, QImage::Format_ARGB32_Premultiplied);
-  Picture.fill(0);
-  QPainter Painter(&Picture);
-  Painter.setRenderHint(QPainter::SmoothPixmapTransform, !IsHatch(Brush));
-  const QTransform World = AsQt(DeviceTransform(State, Grid)) * QTransform::fromTranslate(-Box.Left, -Box.Top);
-  bool Invertible = false;
-  const QRectF Whole = World.inverted(&Invertible).mapRect(QRectF(Picture.rect()));
-  if (!Invertible) return nullptr;
-  Painter.setWorldTransform(World);
-  Painter.fillRect(Whole.adjusted(-1, -1, 1, 1), BrushOf(State, Grid, Brush));
-  Painter.end();
-  return std::make_unique<TPicturePaint>(std::move(Picture), Box.Left, Box.Top);
-}
-
-namespace {
-
-/// The figures of a shape in stored pixels, until the next call.
-std::span<const std::vector<PointF>> FiguresOf(const Matrix& Device, const TShape& Shape) {
-  thread_local std::vector<std::vector<PointF>> Figures;  // kept for their memory
-  if (Shape.Kind == TShape::Lines || Shape.Kind == TShape::Polygon) {
-    Figures.resize(1);
-    Figures[0].clear();
-    for (const PointF& Point : Shape.Points) Figures[0].push_back(Device.TransformPoint(Point));
-  } else {
-    Figures = Shape.AsPath().Flatten(Device);
-  }
-  return Figures;
-}
-
-/// A single level or upright line, which the toolkit draws as a box.
-bool IsLevel(std::span<const PointF> Points) {
-  return Points.size() == 2 && (Points[0].X == Points[1].X || Points[0].Y == Points[1].Y);
-}
-
-float LengthOf(std::span<const PointF> Points) {
-  float Length = 0;
-  for (std::size_t Index = 1; Index < Points.size(); ++Index) {
-    const float X = Points[Index].X - Points[Index - 1].X, Y = Points[Index].Y - Points[Index - 1].Y;
-    Length += std::sqrt(X * X + Y * Y);
-  }
-  return Length;
-}
-
-/// Whether a line has more dashes than any eye could tell apart, and the toolkit would be busy with for minutes or for
-/// ever: such a line is drawn solid.
-bool HasCountlessDashes(const Pen& Pen, const TShape& Shape) {
-  constexpr float MaxDashes = 250'000;
-  const std::vector<float> Dashes = Pen.DashPattern();
-  if (Dashes.empty()) return false;
-  float Length = 0;
-  for (const auto& Figure : FiguresOf(Matrix(), Shape)) Length += LengthOf(Figure);
-  const float Pattern = std::accumulate(Dashes.begin(), Dashes.end(), 0.0f) * Pen.EffectiveWidth();
-  return !(Length * static_cast<float>(Dashes.size()) <= MaxDashes * Pattern);  // not so for what is no number either
-}
-
-}  // namespace
 
 void TPainterBackend::Draw(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
   Prepare(State);
@@ -427,81 +251,6 @@ void TPainterBackend::DrawPlain(const TDrawState& State, const Pen& Pen, const T
     }
     Painter.drawPolyline(Line);
   });
-}
-
-bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
-  if (FImage == nullptr || State.Smoothing == SmoothingModeNone) return false;
-  const Matrix Device = DeviceTransform(State, TGrid::Centers);
-  const auto Scale = static_cast<float>(Device.UniformScale());
-  if (Scale == 0) return false;
-  const bool IsLine = Shape.Kind == TShape::Lines || Shape.Kind == TShape::Polygon;
-  const float Width = Pen.EffectiveWidth() * Scale;
-  if (!FHasMask) {
-    if (!IsLine) return false;
-    if (IsLevel(Shape.Points) && Width >= 1 && StrokeBox(Pen, Shape, Device, Width)) return true;
-    if (StrokeThin(Pen, Shape, Device, Width)) return true;
-    if (IsLevel(Shape.Points)) return false;
-    if (!FillsColumns(Shape.Points, Pen.EffectiveWidth()) &&
-        !RasterPays(Shape.Points.size() - 1, Width, LengthOf(Shape.Points) * Scale))
-      return false;
-  }
-  const std::span<const std::vector<PointF>> Figures = FiguresOf(Device, Shape);
-  std::vector<float> Dashes = Pen.DashPattern();
-  for (float& Length : Dashes) Length *= Width;
-  TRasterStroke Stroke;
-  Stroke.Width = Width;
-  Stroke.Join = JoinOf(Pen.GetLineJoin());
-  Stroke.MiterLimit = Pen.GetMiterLimit();
-  Stroke.StartCap = Stroke.EndCap = Stroke.DashCap = CapOf(Pen.GetEndCap());
-  Stroke.Dashes = Dashes;
-  const TInk Paint(*this, State, TGrid::Centers, Pen.GetBrush(), Figures, Width * std::max(Pen.GetMiterLimit(), 1.0f));
-  if (Paint.Get() == nullptr) return true;
-  TZyRaster Raster(TargetOf(*FImage), RasterClip());
-  for (std::span<const PointF> Figure : Figures) {
-    Stroke.Closed = Shape.Kind == TShape::Polygon;
-    if (Shape.Kind != TShape::Lines && Figure.size() > 2 && Figure.front() == Figure.back()) {
-      Stroke.Closed = true;
-      Figure = Figure.first(Figure.size() - 1);
-    }
-    Raster.StrokeLines(Figure, Stroke, *Paint.Get());
-  }
-  return true;
-}
-
-/// A level or upright line as the box that it is.
-bool TPainterBackend::StrokeBox(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width) {
-  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Pen.GetBrush());
-  if (Solid == nullptr || Shape.Kind != TShape::Lines || Pen.GetDashStyle() != DashStyleSolid ||
-      Pen.GetEndCap() == LineCapRound)
-    return false;
-  const PointF A = Device.TransformPoint(Shape.Points[0]), B = Device.TransformPoint(Shape.Points[1]);
-  if ((A.X != B.X) == (A.Y != B.Y)) return false;  // turned, or a dot
-  const float Half = Width / 2, Cap = Pen.GetEndCap() == LineCapSquare ? Half : 0;
-  const float AcrossX = A.X == B.X ? Half : Cap, AcrossY = A.X == B.X ? Cap : Half;
-  const auto [Left, Right] = std::minmax(A.X, B.X);
-  const auto [Top, Bottom] = std::minmax(A.Y, B.Y);
-  TZyRaster(TargetOf(*FImage), RasterClip())
-      .FillBox(static_cast<double>(Left - AcrossX), static_cast<double>(Top - AcrossY),
-               static_cast<double>(Right + AcrossX), static_cast<double>(Bottom + AcrossY), Solid->GetColor());
-  return true;
-}
-
-/// Thin solid lines in the way of the toolkit. Translucent ones so long that they cross themselves everywhere are left
-/// to the coverage rasteriser, which keeps them even, and so are those that fill columns.
-bool TPainterBackend::StrokeThin(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width) {
-  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Pen.GetBrush());
-  if (Solid == nullptr || Width > 1 || Pen.GetDashStyle() != DashStyleSolid) return false;
-  if (FillsColumns(Shape.Points, Pen.EffectiveWidth())) return false;
-  const bool IsOpaque = Solid->GetColor() >> 24 == 255 && Width == 1;
-  const auto Scale = static_cast<float>(Device.UniformScale());
-  if (!IsOpaque && RasterPays(Shape.Points.size(), Width, LengthOf(Shape.Points) * Scale)) return false;
-  thread_local std::vector<PointF> Points;
-  Points.clear();
-  for (const PointF& Point : Shape.Points) Points.push_back(Device.TransformPoint(Point));
-  if (Shape.Kind == TShape::Polygon) Points.push_back(Points.front());
-  const TRasterCap Cap = Shape.Kind == TShape::Polygon ? TRasterCap::Flat : CapOf(Pen.GetEndCap());
-  TZyRaster(TargetOf(*FImage), RasterClip()).ThinLine(Points, Width, Cap, Solid->GetColor());
-  return true;
 }
 
 /// Files lose the translucency of gradients: there, one is painted into a picture that is shown through the shape.
@@ -547,38 +296,6 @@ void TPainterBackend::Fill(const TDrawState& State, const Brush& Brush, const TS
   });
 }
 
-/// An upright box in one colour. Where its edges are not smoothed they have to lie between pixels.
-bool TPainterBackend::FillBox(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
-  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush);
-  if (FImage == nullptr || FHasMask || Solid == nullptr || Shape.Kind != TShape::Rectangle) return false;
-  const QTransform Device = AsQt(DeviceTransform(State, TGrid::Corners));
-  if (!KeepsBoxes(Device)) return false;
-  const QRectF Box = Device.mapRect(AsQt(Shape.Rect));
-  const auto IsWhole = [](double Value) { return Value == std::floor(Value); };
-  const bool FitsPixels = IsWhole(Box.left()) && IsWhole(Box.top()) && IsWhole(Box.right()) && IsWhole(Box.bottom());
-  if (!FitsPixels && State.Smoothing == SmoothingModeNone) return false;
-  TZyRaster(TargetOf(*FImage), RasterClip())
-      .FillBox(Box.left(), Box.top(), Box.right(), Box.bottom(), Solid->GetColor());
-  return true;
-}
-
-bool TPainterBackend::FillByRaster(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
-  if (FImage == nullptr) return false;
-  const bool IsBig = Shape.Kind == TShape::Polygon && Shape.Points.size() >= FewestCornersForRaster;
-  if (!FHasMask && !(IsBig && State.Smoothing != SmoothingModeNone)) return false;
-  const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
-  const std::span<const std::vector<PointF>> Figures = FiguresOf(DeviceTransform(State, Grid), Shape);
-  const TInk Paint(*this, State, Grid, Brush, Figures, 1);
-  if (Paint.Get() == nullptr) return true;
-  const bool Winding =
-      Shape.Kind == TShape::Path ? Shape.Outline->GetFillMode() == FillModeWinding : Shape.Mode == FillModeWinding;
-  thread_local std::vector<std::span<const PointF>> Polygons;  // kept for its memory
-  Polygons.assign(Figures.begin(), Figures.end());
-  TZyRaster(TargetOf(*FImage), RasterClip())
-      .FillPolygons(Polygons, Winding, *Paint.Get(), State.Smoothing != SmoothingModeNone);
-  return true;
-}
-
 void TPainterBackend::DrawImage(const TDrawState& State, const Bitmap& Picture, const RectF& To, const RectF& From) {
   Prepare(State);
   const double Ratio = Picture.GetPixelRatio();
@@ -588,132 +305,6 @@ void TPainterBackend::DrawImage(const TDrawState& State, const Bitmap& Picture, 
     Painter.setBrush(Qt::NoBrush);  // PDF files give a picture the opacity of the brush
     Painter.setPen(Qt::SolidLine);
     Painter.drawImage(AsQt(To), Picture.ToQt(), Source);
-  });
-}
-
-bool TPainterBackend::DrawStamps(const TDrawState& State, std::string_view Look, const RectF& Extent,
-                                 std::span<const PointF> Points, const std::function<void(Graphics&)>& Paint) {
-  const QTransform Device = AsQt(DeviceTransform(State, TGrid::Centers));
-  const double Scale = Device.m11();
-  if (FImage == nullptr || Device.type() > QTransform::TxScale || !(Scale > 0) || Device.m22() != Scale) return false;
-  Prepare(State);
-  thread_local std::string Key;  // kept for its memory, as are the places
-  thread_local std::vector<PointF> Kept;
-  std::vector<PointF> Places = std::move(Kept);  // a stamp may be made of stamps
-  Key.assign(Look).append(reinterpret_cast<const char*>(&Scale), sizeof Scale);
-  Key += static_cast<char>(State.Smoothing);
-  Key += static_cast<char>(State.Hint);
-  const auto PaintStamp = [&](const TRasterTarget& Stamp, PointF Anchor) {
-    QImage Picture(reinterpret_cast<uchar*>(Stamp.Pixels), Stamp.Width, Stamp.Height, Stamp.Stride * 4,
-                   QImage::Format_ARGB32_Premultiplied);
-    QPainter Painter(&Picture);
-    Painter.translate(AsQt(Anchor) - QPointF(Scale, Scale) / 2);
-    Painter.scale(Scale, Scale);
-    Graphics Canvas(Painter);
-    Canvas.SetSmoothingMode(State.Smoothing);
-    Canvas.SetTextRenderingHint(State.Hint);
-    Paint(Canvas);
-  };
-  const auto Factor = static_cast<float>(Scale);
-  const RectF Room{(Extent.X - 1) * Factor, (Extent.Y - 1) * Factor, (Extent.Width + 2) * Factor,
-                   (Extent.Height + 2) * Factor};
-  thread_local TZySymbolStamps Stamps;
-  Places.clear();
-  for (const PointF& Point : Points) Places.push_back(FromQt(Device).TransformPoint(Point));
-  Stamps.Draw(TargetOf(*FImage), RasterClip(), Key, Room, Places, std::cref(PaintStamp));
-  Kept = std::move(Places);
-  return true;
-}
-
-namespace {
-
-QFont FaceOf(const Font& Font, TextRenderingHint Hint) {
-  const bool WholePixels =
-      Hint == TextRenderingHintSingleBitPerPixelGridFit || Hint == TextRenderingHintSingleBitPerPixel;
-  QFont Result = Font.ToQt();
-  // Coloured subpixels would make texts differ between a widget and a picture.
-  Result.setStyleStrategy(WholePixels ? QFont::NoAntialias : QFont::NoSubpixelAntialias);
-  return Result;
-}
-
-}  // namespace
-
-/// Short texts are kept as stamps where they lie level or upright, as the toolkit lays a text out anew each time. It
-/// too places glyphs at quarters of a pixel, and level base lines at whole ones.
-bool TPainterBackend::DrawStringByStamp(const TDrawState& State, std::string_view Text, const Font& Font,
-                                        const Brush& Brush, PointF Origin) {
-  constexpr std::size_t LongestText = 64;
-  constexpr double LargestFont = 48;  // pixels; the toolkit draws larger ones by their outlines, anywhere
-  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush);
-  if (FImage == nullptr || Solid == nullptr || Text.size() > LongestText || Text.find('\n') != Text.npos) return false;
-  const QTransform Device = AsQt(DeviceTransform(State, TGrid::Corners));
-  const bool IsLevel = Device.type() <= QTransform::TxScale;
-  const double Scale = IsLevel ? Device.m11() : std::abs(Device.m12());
-  const bool IsEven = IsLevel ? Device.m22() == Scale : Device.m21() == -Device.m12();
-  const double Pixels = static_cast<double>(Font.GetSize()) * static_cast<double>(Font::PixelsPerPoint) * Scale;
-  if (!KeepsBoxes(Device) || !IsEven || !(Scale > 0) || Pixels > LargestFont) return false;
-
-  const float Ascent = Font.GetAscent();
-  const struct {
-    float Across, Down, Size, Ascent;  // the first two are the way of the base line
-    std::uint32_t Color, Style, Hint;
-  } Look{static_cast<float>(Device.m11()),
-         static_cast<float>(Device.m12()),
-         Font.GetSize(),
-         Ascent,
-         Solid->GetColor(),
-         Font.GetStyle().Bits(),
-         State.Hint};
-  thread_local std::string Key;  // kept for its memory
-  Key.assign(Text).append(1, '\0').append(Font.GetFamilyName());
-  Key.append(reinterpret_cast<const char*>(&Look), sizeof Look);
-  const QPointF Anchor = Device.map(QPointF(Origin.X, static_cast<double>(Origin.Y) + static_cast<double>(Ascent)));
-  const double Height = IsLevel ? std::floor(Anchor.y() + 0.5) : Anchor.y();
-  const PointF Place{static_cast<float>(Anchor.x()), static_cast<float>(Height)};
-  constexpr std::size_t MostTexts = 512;
-  thread_local TZySymbolStamps Stamps(MostTexts);
-  if (Stamps.DrawMade(TargetOf(*FImage), RasterClip(), Key, Place)) return true;
-
-  const QFont Face = FaceOf(Font, State.Hint);
-  const QString Written = ToQString(Text);
-  QTransform Way(Device.m11(), Device.m12(), Device.m21(), Device.m22(), 0, 0);
-  Way.scale(Font.QtScale(), Font.QtScale());
-  const QRectF Lines = QFontMetricsF(Face).boundingRect(Written);
-  const double Room = Lines.height() / 2 + 2;  // for what leaves the line's box
-  const QRectF Box = Way.mapRect(Lines.adjusted(-Room, -Room, Room, Room));
-  const RectF Extent{static_cast<float>(Box.x()), static_cast<float>(Box.y()), static_cast<float>(Box.width()),
-                     static_cast<float>(Box.height())};
-  Stamps.Draw(TargetOf(*FImage), RasterClip(), Key, Extent, {&Place, 1},
-              [&](const TRasterTarget& Stamp, PointF StampAnchor) {
-                QImage Picture(reinterpret_cast<uchar*>(Stamp.Pixels), Stamp.Width, Stamp.Height, Stamp.Stride * 4,
-                               QImage::Format_ARGB32_Premultiplied);
-                QPainter Painter(&Picture);
-                Painter.setWorldTransform(Way * QTransform::fromTranslate(StampAnchor.X, StampAnchor.Y));
-                Painter.setFont(Face);
-                Painter.setPen(QColor::fromRgba(Solid->GetColor()));
-                Painter.drawText(QPointF(0, 0), Written);
-              });
-  return true;
-}
-
-void TPainterBackend::DrawString(const TDrawState& State, std::string_view Text, const Font& Font, const Brush& Brush,
-                                 PointF Origin) {
-  Prepare(State);
-  if (DrawStringByStamp(State, Text, Font, Brush, Origin)) return;
-  const QFont Face = FaceOf(Font, State.Hint);
-  PaintWithPainter(State, TGrid::Corners, [&](QPainter& Painter) {
-    const double Scale = Font.QtScale();
-    QBrush Fill = BrushOf(State, TGrid::Corners, Brush);
-    Fill.setTransform(Fill.transform() * QTransform::fromScale(1 / Scale, 1 / Scale));
-    Painter.setFont(Face);
-    Painter.setPen(QPen(Fill, 0));
-    if (Scale != 1) Painter.scale(Scale, Scale);
-    FHasTransform = FHasTransform && Scale == 1;
-    double BaseLine = static_cast<double>(Origin.Y) + static_cast<double>(Font.GetAscent());
-    ForEachLine(Text, [&](std::string_view Line) {
-      Painter.drawText(QPointF(Origin.X, BaseLine) / Scale, ToQString(Line));
-      BaseLine += static_cast<double>(Font.GetHeight());
-    });
   });
 }
 

@@ -58,8 +58,14 @@ class TPainterBackend : public TGraphicsBackend {
   bool DrawStringByStamp(const TDrawState& State, std::string_view Text, const Font& Font, const Brush& Brush,
                          PointF Origin);
   bool FillByPicture(const TDrawState& State, const Brush& Brush, const TShape& Shape);
+  QPainter& PreparedPainter(const TDrawState& State, TGrid Grid);
+  /// Has Paint draw with the toolkit's painter; under a clip of many shapes on a layer that is then shown through the
+  /// mask.
   template <class TPaint>
-  void PaintWithPainter(const TDrawState& State, TGrid Grid, const TPaint& Paint);
+  void PaintWithPainter(const TDrawState& State, TGrid Grid, const TPaint& Paint) {
+    if (FHasMask) return PaintLayer(State, Grid, Paint);
+    Paint(PreparedPainter(State, Grid));
+  }
   void PaintLayer(const TDrawState& State, TGrid Grid, const std::function<void(QPainter&)>& Paint);
   QBrush BrushOf(const TDrawState& State, TGrid Grid, const Brush& Brush) const;
   void ClearThroughMask(ARGB Color);

@@ -1,0 +1,172 @@
+// What the painter's backend draws past the toolkit.
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "platform/drawing/Brush.h"
+#include "platform/drawing/PainterBackend.h"
+#include "platform/drawing/PainterShapes.h"
+#include "platform/drawing/QtGeometry.h"
+
+namespace zy {
+namespace {
+
+constexpr std::size_t FewestCornersForRaster = 64;  // of a polygon; below, the toolkit is as fast
+
+TRasterCap CapOf(LineCap Cap) {
+  return Cap == LineCapSquare ? TRasterCap::Square : Cap == LineCapRound ? TRasterCap::Round : TRasterCap::Flat;
+}
+
+TRasterJoin JoinOf(LineJoin Join) {
+  return Join == LineJoinMiter   ? TRasterJoin::MiterCut
+         : Join == LineJoinBevel ? TRasterJoin::Bevel
+                                 : TRasterJoin::Round;
+}
+
+}  // namespace
+
+/// What figures are filled with, within Margin of their points.
+class TPainterBackend::TInk {
+ public:
+  TInk(TPainterBackend& Backend, const TDrawState& State, TGrid Grid, const Brush& Brush,
+       std::span<const std::vector<PointF>> Figures, float Margin) {
+    if (const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush))
+      FSolid.emplace(Solid->GetColor());
+    else
+      FPicture = Backend.PictureOf(State, Grid, Brush, BoundsOf(Figures, Margin));
+  }
+  /// Null when nothing shows.
+  const TRasterPaint* Get() const { return FSolid ? &*FSolid : FPicture.get(); }
+
+ private:
+  std::optional<TSolidPaint> FSolid;
+  std::unique_ptr<TRasterPaint> FPicture;
+};
+
+std::unique_ptr<TRasterPaint> TPainterBackend::PictureOf(const TDrawState& State, TGrid Grid, const Brush& Brush,
+                                                         TRasterRect Box) {
+  Box = Intersection(Box, FClipBox);
+  if (Box.IsEmpty()) return nullptr;
+  QImage Picture(Box.Right - Box.Left, Box.Bottom - Box.Top, QImage::Format_ARGB32_Premultiplied);
+  Picture.fill(0);
+  QPainter Painter(&Picture);
+  Painter.setRenderHint(QPainter::SmoothPixmapTransform, !IsHatch(Brush));
+  const QTransform World = AsQt(DeviceTransform(State, Grid)) * QTransform::fromTranslate(-Box.Left, -Box.Top);
+  bool Invertible = false;
+  const QRectF Whole = World.inverted(&Invertible).mapRect(QRectF(Picture.rect()));
+  if (!Invertible) return nullptr;
+  Painter.setWorldTransform(World);
+  Painter.fillRect(Whole.adjusted(-1, -1, 1, 1), BrushOf(State, Grid, Brush));
+  Painter.end();
+  return std::make_unique<TPicturePaint>(std::move(Picture), Box.Left, Box.Top);
+}
+
+bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
+  if (FImage == nullptr || State.Smoothing == SmoothingModeNone) return false;
+  const Matrix Device = DeviceTransform(State, TGrid::Centers);
+  const auto Scale = static_cast<float>(Device.UniformScale());
+  if (Scale == 0) return false;
+  const bool IsLine = Shape.Kind == TShape::Lines || Shape.Kind == TShape::Polygon;
+  const float Width = Pen.EffectiveWidth() * Scale;
+  if (!FHasMask) {
+    if (!IsLine) return false;
+    if (IsLevel(Shape.Points) && Width >= 1 && StrokeBox(Pen, Shape, Device, Width)) return true;
+    if (StrokeThin(Pen, Shape, Device, Width)) return true;
+    if (IsLevel(Shape.Points)) return false;
+    if (!FillsColumns(Shape.Points, Pen.EffectiveWidth()) &&
+        !RasterPays(Shape.Points.size() - 1, Width, LengthOf(Shape.Points) * Scale))
+      return false;
+  }
+  const std::span<const std::vector<PointF>> Figures = FiguresOf(Device, Shape);
+  std::vector<float> Dashes = Pen.DashPattern();
+  for (float& Length : Dashes) Length *= Width;
+  TRasterStroke Stroke;
+  Stroke.Width = Width;
+  Stroke.Join = JoinOf(Pen.GetLineJoin());
+  Stroke.MiterLimit = Pen.GetMiterLimit();
+  Stroke.StartCap = Stroke.EndCap = Stroke.DashCap = CapOf(Pen.GetEndCap());
+  Stroke.Dashes = Dashes;
+  const TInk Paint(*this, State, TGrid::Centers, Pen.GetBrush(), Figures, Width * std::max(Pen.GetMiterLimit(), 1.0f));
+  if (Paint.Get() == nullptr) return true;
+  TZyRaster Raster(TargetOf(*FImage), RasterClip());
+  for (std::span<const PointF> Figure : Figures) {
+    Stroke.Closed = Shape.Kind == TShape::Polygon;
+    if (Shape.Kind != TShape::Lines && Figure.size() > 2 && Figure.front() == Figure.back()) {
+      Stroke.Closed = true;
+      Figure = Figure.first(Figure.size() - 1);
+    }
+    Raster.StrokeLines(Figure, Stroke, *Paint.Get());
+  }
+  return true;
+}
+
+/// A level or upright line as the box that it is.
+bool TPainterBackend::StrokeBox(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width) {
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Pen.GetBrush());
+  if (Solid == nullptr || Shape.Kind != TShape::Lines || Pen.GetDashStyle() != DashStyleSolid ||
+      Pen.GetEndCap() == LineCapRound)
+    return false;
+  const PointF A = Device.TransformPoint(Shape.Points[0]), B = Device.TransformPoint(Shape.Points[1]);
+  if ((A.X != B.X) == (A.Y != B.Y)) return false;  // turned, or a dot
+  const float Half = Width / 2, Cap = Pen.GetEndCap() == LineCapSquare ? Half : 0;
+  const float AcrossX = A.X == B.X ? Half : Cap, AcrossY = A.X == B.X ? Cap : Half;
+  const auto [Left, Right] = std::minmax(A.X, B.X);
+  const auto [Top, Bottom] = std::minmax(A.Y, B.Y);
+  TZyRaster(TargetOf(*FImage), RasterClip())
+      .FillBox(static_cast<double>(Left - AcrossX), static_cast<double>(Top - AcrossY),
+               static_cast<double>(Right + AcrossX), static_cast<double>(Bottom + AcrossY), Solid->GetColor());
+  return true;
+}
+
+/// Thin solid lines in the way of the toolkit. Translucent ones so long that they cross themselves everywhere are left
+/// to the coverage rasteriser, which keeps them even, and so are those that fill columns.
+bool TPainterBackend::StrokeThin(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width) {
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Pen.GetBrush());
+  if (Solid == nullptr || Width > 1 || Pen.GetDashStyle() != DashStyleSolid) return false;
+  if (FillsColumns(Shape.Points, Pen.EffectiveWidth())) return false;
+  const bool IsOpaque = Solid->GetColor() >> 24 == 255 && Width == 1;
+  const auto Scale = static_cast<float>(Device.UniformScale());
+  if (!IsOpaque && RasterPays(Shape.Points.size(), Width, LengthOf(Shape.Points) * Scale)) return false;
+  thread_local std::vector<PointF> Points;
+  Points.clear();
+  for (const PointF& Point : Shape.Points) Points.push_back(Device.TransformPoint(Point));
+  if (Shape.Kind == TShape::Polygon) Points.push_back(Points.front());
+  const TRasterCap Cap = Shape.Kind == TShape::Polygon ? TRasterCap::Flat : CapOf(Pen.GetEndCap());
+  TZyRaster(TargetOf(*FImage), RasterClip()).ThinLine(Points, Width, Cap, Solid->GetColor());
+  return true;
+}
+
+/// An upright box in one colour. Where its edges are not smoothed they have to lie between pixels.
+bool TPainterBackend::FillBox(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush);
+  if (FImage == nullptr || FHasMask || Solid == nullptr || Shape.Kind != TShape::Rectangle) return false;
+  const QTransform Device = AsQt(DeviceTransform(State, TGrid::Corners));
+  if (!KeepsBoxes(Device)) return false;
+  const QRectF Box = Device.mapRect(AsQt(Shape.Rect));
+  const auto IsWhole = [](double Value) { return Value == std::floor(Value); };
+  const bool FitsPixels = IsWhole(Box.left()) && IsWhole(Box.top()) && IsWhole(Box.right()) && IsWhole(Box.bottom());
+  if (!FitsPixels && State.Smoothing == SmoothingModeNone) return false;
+  TZyRaster(TargetOf(*FImage), RasterClip())
+      .FillBox(Box.left(), Box.top(), Box.right(), Box.bottom(), Solid->GetColor());
+  return true;
+}
+
+bool TPainterBackend::FillByRaster(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
+  if (FImage == nullptr) return false;
+  const bool IsBig = Shape.Kind == TShape::Polygon && Shape.Points.size() >= FewestCornersForRaster;
+  if (!FHasMask && !(IsBig && State.Smoothing != SmoothingModeNone)) return false;
+  const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
+  const std::span<const std::vector<PointF>> Figures = FiguresOf(DeviceTransform(State, Grid), Shape);
+  const TInk Paint(*this, State, Grid, Brush, Figures, 1);
+  if (Paint.Get() == nullptr) return true;
+  const bool Winding =
+      Shape.Kind == TShape::Path ? Shape.Outline->GetFillMode() == FillModeWinding : Shape.Mode == FillModeWinding;
+  thread_local std::vector<std::span<const PointF>> Polygons;  // kept for its memory
+  Polygons.assign(Figures.begin(), Figures.end());
+  TZyRaster(TargetOf(*FImage), RasterClip())
+      .FillPolygons(Polygons, Winding, *Paint.Get(), State.Smoothing != SmoothingModeNone);
+  return true;
+}
+
+}  // namespace zy
