@@ -11,7 +11,6 @@
 #include "platform/controls/TForm.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/controls/TTimer.h"
-#include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/TRecordingGraphics.h"
 #include "platform/framework/TPropInfo.h"

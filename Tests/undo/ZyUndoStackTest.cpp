@@ -19,7 +19,6 @@
 #include "platform/framework/TPropInfo.h"
 #include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
-#include "texts/ZyLocalize.h"
 
 namespace zy {
 namespace {
