@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
-#include <string>
 
+#include "framework/Errors.h"
 #include "platform/framework/Exceptions.h"
 
 namespace zy {
@@ -72,15 +72,13 @@ TEST(ZyMathSolversTest, SystemsThatCannotBeSolvedAreRefused) {
   for (const auto& Case : Cases) {
     TDoubleDynMatrix Matrix(5, {1, 4, 1});
     TDoubleDynArray Lower(3, 1.0), Main = Case.Main, Upper(3, 1.0), Right(5, 1.0);
-    try {
-      if (Main.empty())
-        SolveBandMatrix(Case.N, Case.Lower, Case.Upper, Matrix, Right);
-      else
-        SolveTridiagonalEquationSystem(Case.N, Lower, Main, Upper, Right);
-      ADD_FAILURE() << Case.Text;
-    } catch (const EMathError& Error) {
-      EXPECT_STREQ(Error.what(), Case.Text);
-    }
+    EXPECT_EQ(testing::MessageOf<EMathError>([&] {
+                if (Main.empty())
+                  SolveBandMatrix(Case.N, Case.Lower, Case.Upper, Matrix, Right);
+                else
+                  SolveTridiagonalEquationSystem(Case.N, Lower, Main, Upper, Right);
+              }),
+              Case.Text);
     EXPECT_EQ(Right, TDoubleDynArray(5, 1.0));
   }
 }

@@ -11,6 +11,7 @@
 #include <set>
 
 #include "analysis/FormulaReference.h"
+#include "framework/Errors.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/NumberText.h"
 
@@ -53,12 +54,7 @@ struct TParser : TZyFunctionParser {
     return GetResult();
   }
   std::string Error(std::string_view Text) {
-    try {
-      SetExpression(Text);
-    } catch (const EMathError& Caught) {
-      return Caught.what();
-    }
-    return "";
+    return MessageOf<EMathError>([&] { SetExpression(Text); });
   }
   double X = 0.7;
 };

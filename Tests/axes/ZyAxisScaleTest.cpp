@@ -153,18 +153,6 @@ TEST(ZyAxisScaleTest, LogAxesGetEndsThatHaveLogarithms) {
   }
 }
 
-TEST(ZyAxisScaleTest, DatesCountInCalendarDistance) {
-  const struct {
-    double From, To, Days;
-  } Cases[] = {{1, 3.5, 2.5},
-               {-1.25, 1.25, 2},      // 6 o'clock to 6 o'clock, across day 0
-               {-1.75, -1.25, -0.5},  // 18 o'clock back to 6 o'clock of the same day
-               {-2.25, -1.75, 1.5},
-               {0, 0.999999999999995, 0},  // nearly a day is a rounded 0
-               {5, 2, -3}};
-  for (const auto& [From, To, Days] : Cases) EXPECT_NEAR(DateTimeSpan(From, To), Days, 1e-12) << From << ' ' << To;
-}
-
 TEST(ZyAxisScaleTest, MinuteAndLimitsOfDates) {
   TPlainScale Chart(400, 300);
   Chart.X->SetScaling(TZyAxisScaling::DateTime);
@@ -182,13 +170,6 @@ TEST(ZyAxisScaleTest, SettersKeepTheirRules) {
   TForm Form;
   TZyAxis Axis(&Form), Other(&Form), Across(&Form), Slave(&Form);
   Across.SetPosition(TZyAxisPosition::Left);
-  Axis.SetLogToNormalScalingLevel(-1);
-  EXPECT_EQ(Axis.LogToNormalScalingLevel(), 0);
-  const std::pair<float, float> Angles[] = {{-90, 270}, {720, 0}, {45, 45}, {359.5f, 359.5f}};
-  for (const auto& [Set, Read] : Angles) {
-    Axis.SetRubricsAngle(Set);
-    EXPECT_EQ(Axis.RubricsAngle(), Read);
-  }
   // Steps are the user's only while they are not automatic.
   const double Automatic = Axis.LabelPart();
   Axis.SetLabelPart(7);
@@ -211,11 +192,6 @@ TEST(ZyAxisScaleTest, SettersKeepTheirRules) {
     Axis.SetAutoTickParts(false);
     EXPECT_TRUE(Axis.AutoTickParts());
   }
-  for (const double NoPadding : {0.0, -1.0, NotANumber}) Axis.SetStartPadding(NoPadding);
-  EXPECT_EQ(Axis.StartPadding(), 0);
-  Axis.SetStartPadding(0.5);
-  Axis.SetStartPadding(0);
-  EXPECT_EQ(Axis.StartPadding(), 0.5);
   // Masters.
   for (TZyAxis* Refused : {&Axis, &Across}) {
     Axis.SetMasterAxis(Refused);
@@ -235,9 +211,6 @@ TEST(ZyAxisScaleTest, SettersKeepTheirRules) {
     EXPECT_TRUE(Axis.IsSlaveAxis());
   }
   EXPECT_EQ(Axis.MasterAxis(), nullptr);
-  // A moving range has a start that stays.
-  Axis.SetStopEnd(TZyAxisEnd::MovingSlit);
-  EXPECT_EQ(Axis.StartEnd(), TZyAxisEnd::Fixed);
 }
 
 TEST(ZyAxisScaleTest, UndoBringsBackWhatASetterChangedBesides) {

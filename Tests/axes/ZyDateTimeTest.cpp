@@ -42,8 +42,11 @@ TEST(ZyDateTimeTest, TimesOfDayOnBothSidesOfTheFirstDay) {
   EXPECT_EQ(At("1899-12-29 06:00"), -1.25);
   EXPECT_EQ(TryEncodeDateTime({2023, 2, 29}), std::nullopt);
   EXPECT_EQ(TryEncodeDateTime({2024, 2, 29, 24}), std::nullopt);
+  // From 6 o'clock across the first day, back within a day before it, and a day but for a rounding.
   EXPECT_EQ(DateTimeSpan(-1.25, 1.5), 2.25);
   EXPECT_EQ(DateTimeSpan(-1.75, -1.25), -0.5);
+  EXPECT_EQ(DateTimeSpan(-2.25, -1.75), 1.5);
+  EXPECT_NEAR(DateTimeSpan(0, 0.999999999999995), 0, 1e-12);
 }
 
 TEST(ZyDateTimeTest, UnitsSinceTheYearBegan) {

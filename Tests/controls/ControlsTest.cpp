@@ -3,10 +3,7 @@
 #include <QVBoxLayout>
 #include <QWidget>
 #include <array>
-#include <filesystem>
 #include <functional>
-#include <memory>
-#include <stdexcept>
 
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TCustomPanel.h"
@@ -15,9 +12,7 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
-#include "platform/drawing/Pen.h"
 #include "platform/framework/Exceptions.h"
-#include "platform/framework/Reflection.h"
 
 namespace zy {
 namespace {
@@ -98,22 +93,6 @@ TEST(ControlsTest, OnlyWhatTheRootOwnsIsStreamedInsideItsParent) {
   };
   EXPECT_EQ(ChildrenOf(&Form), (std::vector<TComponent*>{Panel, Plain}));
   EXPECT_EQ(ChildrenOf(Panel), (std::vector<TComponent*>{Inner}));
-}
-
-TEST(ControlsTest, PublishedBoundsRunThroughSetBounds) {
-  TPanelPatch Panel(nullptr);
-  SetOrdProp(Panel, "Width", 300);
-  EXPECT_EQ(Panel.Width(), 300);
-  EXPECT_EQ(Panel.Resizes, 1);
-  Panel.SetLeft(20);
-  Panel.SetBounds(20, 0, 300, 41);
-  EXPECT_EQ(Panel.Resizes, 1) << "a move is no new extent";
-  Panel.SetHeight(-5);
-  EXPECT_EQ(Panel.ClientHeight(), 0);
-  TForm Form;
-  EXPECT_FALSE(Form.Visible());
-  EXPECT_TRUE(GetPropInfo(Form, "Visible")->IsDefault(Form));
-  EXPECT_TRUE(GetPropInfo(Panel, "Visible")->IsDefault(Panel));
 }
 
 TEST(ControlsTest, PaintsInControlOrderWithinTheBoxes) {
@@ -237,26 +216,6 @@ TEST(ControlsTest, HiddenControlsComeInWithTheirHost) {
   EXPECT_TRUE(Panel.Widget()->isVisible());
 }
 
-TEST(ControlsTest, FormsShowCloseAndAreListed) {
-  auto* const Form = new TForm(&Application());
-  Form->SetName("MainForm");
-  Form->SetCaption("Overview");
-  EXPECT_EQ(Screen().FindByName("MainForm"), Form);
-  EXPECT_FALSE(Form->HasWidget());
-  ShowNow(*Form);
-  EXPECT_TRUE(Form->Widget()->isVisible());
-  EXPECT_EQ(Form->Widget()->windowTitle(), "Overview");
-  EXPECT_EQ(Form->Widget()->size(), QSize(640, 480));
-  Form->Close();
-  EXPECT_FALSE(Form->Visible());
-  Form->SetVisible(true);
-  EXPECT_TRUE(Form->Widget()->isVisible());
-  Form->Widget()->close();  // as the user does
-  EXPECT_FALSE(Form->Visible());
-  delete Form;
-  EXPECT_EQ(Screen().FindByName("MainForm"), nullptr);
-}
-
 /// A form with a panel and a graphic control in it, on the screen, and a control that watches them die.
 struct TScene {
   TScene() : Form(new TForm), Panel(new TPanelPatch(nullptr)), Patch(new TGraphicPatch(nullptr)) {
@@ -293,19 +252,6 @@ TEST(ControlsTest, AnyOrderOfDestructionIsSafe) {
       ProcessMessages();
     }
   }
-}
-
-TEST(ControlsTest, OwnersDeleteWhatLiesInOtherParents) {
-  auto Owner = std::make_unique<TComponent>();
-  TForm Form;
-  auto* const Panel = new TPanelPatch(Owner.get());
-  auto* const Patch = new TGraphicPatch(Owner.get());
-  Panel->SetParent(&Form);
-  Patch->SetParent(Panel);
-  ShowNow(Form);
-  Owner.reset();
-  EXPECT_TRUE(Form.Controls().empty());
-  ProcessMessages();
 }
 
 TEST(ControlsTest, WidgetsMayDieFirst) {
@@ -354,14 +300,6 @@ TEST(ControlsTest, ExceptionsOfAPaintReachTheApplication) {
   ShowNow(Form);
   Program.OnException = nullptr;
   EXPECT_EQ(Seen, "out of paint");
-}
-
-TEST(ApplicationTest, KnowsItsProgramAndItsScreen) {
-  auto& Program = dynamic_cast<TApplication&>(Application());
-  EXPECT_TRUE(std::filesystem::exists(Program.ExeName()));
-  EXPECT_EQ(Program.HasDisplay(),
-            qEnvironmentVariable("QT_QPA_PLATFORM") != "offscreen" && !qEnvironmentVariableIsEmpty("DISPLAY"));
-  EXPECT_TRUE(Program.QuitAfterLastWindow());
 }
 
 TEST(ApplicationTest, RunEndsWithTheLastWindow) {

@@ -14,7 +14,6 @@
 #include "platform/controls/TCustomPanel.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/framework/Exceptions.h"
-#include "platform/framework/Reflection.h"
 
 namespace zy {
 namespace {

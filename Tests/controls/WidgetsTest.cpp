@@ -4,17 +4,13 @@
 #include <QElapsedTimer>
 #include <QImage>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QPixmap>
 #include <QProcess>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionSlider>
-#include <QWheelEvent>
 #include <cmath>
-#include <memory>
-#include <set>
 #include <stdexcept>
 
 #include "controls/ControlSamples.h"
@@ -147,21 +143,6 @@ TEST(PaintTest, PicturesHoldTheInnerWindowsToo) {
   for (const TCase& Case : {TCase{0, 0, White}, TCase{20, 30, Blue}, TCase{30, 40, Green}, TCase{39, 49, Green},
                             TCase{40, 45, White}, TCase{35, 50, White}})
     EXPECT_EQ(Picture.GetPixel(Case.X, Case.Y), Case.Color) << Case.X << ", " << Case.Y;
-}
-
-TEST(PaintTest, BothWaysOfBufferingShowTheSame) {
-  TLog Log;
-  TForm Form;
-  TTold<TCustomPanel> Panel(&Form, Log, "p", Blue);
-  TTold<TGraphicControl> Patch(&Form, Log, "g", Red);
-  Panel.SetParent(&Form);
-  Patch.SetParent(&Panel);
-  Patch.SetBounds(3, 4, 10, 10);
-  Form.Show();
-  const QImage Buffered = Panel.Widget()->grab().toImage();
-  Panel.SetDoubleBuffered(false);
-  EXPECT_EQ(Panel.Widget()->grab().toImage(), Buffered);
-  EXPECT_EQ(Buffered.pixel(3, 4), Red);
 }
 
 /// A panel that shows what lies behind it, and draws a line at its top.

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "framework/Errors.h"
 #include "platform/data/TFieldDataLink.h"
 #include "platform/framework/Exceptions.h"
 
@@ -29,12 +30,7 @@ using TEvents = std::vector<TDataEvent>;
 /// The text of the EDatabaseError that Call throws, empty when it throws none.
 template <class TCall>
 std::string ErrorOf(const TCall& Call) {
-  try {
-    Call();
-  } catch (const EDatabaseError& Error) {
-    return Error.what();
-  }
-  return {};
+  return MessageOf<EDatabaseError>(Call);
 }
 
 }  // namespace zy::testing

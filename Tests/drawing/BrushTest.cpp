@@ -10,6 +10,7 @@
 #include <set>
 #include <vector>
 
+#include "drawing/Pixels.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/GraphicsPath.h"
@@ -20,14 +21,6 @@ namespace zy {
 namespace {
 
 constexpr ARGB Black = 0xFF000000, White = 0xFFFFFFFF, Red = 0xFFFF0000, Green = 0xFF00FF00, Blue = 0xFF0000FF;
-
-/// Largest difference of a channel.
-int Distance(ARGB A, ARGB B) {
-  int Result = 0;
-  for (int Shift = 0; Shift < 32; Shift += 8)
-    Result = std::max(Result, std::abs(static_cast<int>(A >> Shift & 255u) - static_cast<int>(B >> Shift & 255u)));
-  return Result;
-}
 
 Bitmap Filled(const Brush& Brush, const RectF& Rect, int Width = 120, int Height = 120) {
   Bitmap Picture(Width, Height);

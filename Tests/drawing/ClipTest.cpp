@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <vector>
+#include <functional>
 
 #include "drawing/Pixels.h"
 #include "platform/drawing/Bitmap.h"
@@ -27,32 +26,29 @@ Region Circle(float X, float Y, float Radius) {
 void DrawEverything(Graphics& Canvas, int Kind) {
   const SolidBrush Fill(Red);
   const RectF All{0, 0, 100, 100};
-  switch (Kind) {
-    case 0:
-      return Canvas.FillRectangle(Fill, All);
-    case 1:
-      return Canvas.FillEllipse(Fill, {-50, -50, 200, 200});
-    case 2:
-      return Canvas.DrawLine(Pen(Red, 200), 0, 50, 100, 50);
-    case 3:
-      return Canvas.FillPie(Fill, {-100, -100, 300, 300}, 0, 360);
-    case 4: {
-      GraphicsPath Path;
-      Path.AddRectangle({-5, -5, 110, 110});
-      return Canvas.FillPath(Fill, Path);
-    }
-    case 5: {
-      Bitmap Picture(10, 10);
-      Graphics(Picture).FillRectangle(Fill, 0, 0, 10, 10);
-      return Canvas.DrawImage(Picture, {-5, -5, 110, 110});
-    }
-    case 6:
-      return Canvas.Clear(Red);
-    case 7:
-      return Canvas.FillRectangle(LinearGradientBrush(PointF{0, 0}, PointF{100, 0}, Red, Red), All);
-    default:
-      return Canvas.DrawString("████████", Font("DejaVu Sans", 150), Fill, -50, -80);
-  }
+  GraphicsPath Path;
+  Path.AddRectangle({-5, -5, 110, 110});
+  Bitmap Picture(10, 10);
+  Graphics(Picture).FillRectangle(Fill, 0, 0, 10, 10);
+  const std::function<void()> Calls[] = {
+      [&] { Canvas.FillRectangle(Fill, All); },
+      [&] {
+        Canvas.FillEllipse(Fill, {-50, -50, 200, 200});
+      },
+      [&] { Canvas.DrawLine(Pen(Red, 200), 0, 50, 100, 50); },
+      [&] {
+        Canvas.FillPie(Fill, {-100, -100, 300, 300}, 0, 360);
+      },
+      [&] { Canvas.FillPath(Fill, Path); },
+      [&] {
+        Canvas.DrawImage(Picture, {-5, -5, 110, 110});
+      },
+      [&] { Canvas.Clear(Red); },
+      [&] {
+        Canvas.FillRectangle(LinearGradientBrush(PointF{0, 0}, PointF{100, 0}, Red, Red), All);
+      },
+      [&] { Canvas.DrawString("████████", Font("DejaVu Sans", 150), Fill, -50, -80); }};
+  Calls[Kind]();
 }
 
 TEST(ClipTest, EveryCallKeepsOutOfHolesAndInsidePaths) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 
 #include "platform/drawing/Bitmap.h"
@@ -47,6 +48,14 @@ inline TInkBox InkBox(const Bitmap& Picture) {
     }
   }
   return Box;
+}
+
+/// Largest difference of a channel of two colours.
+inline int Distance(ARGB A, ARGB B) {
+  int Result = 0;
+  for (int Shift = 0; Shift < 32; Shift += 8)
+    Result = std::max(Result, std::abs(static_cast<int>(A >> Shift & 255u) - static_cast<int>(B >> Shift & 255u)));
+  return Result;
 }
 
 }  // namespace zy

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "framework/SampleComponent.h"
-#include "platform/framework/Application.h"
-#include "platform/framework/ComponentPath.h"
 #include "platform/framework/Exceptions.h"
 
 namespace zy::testing {
@@ -133,35 +131,6 @@ TEST(Component, ANoticeAskedForInADestructorDiesWithIt) {
   EXPECT_TRUE(Other.Removed.empty());
 }
 
-TEST(Component, StateFlagsReachWhatIsOwned) {
-  TComponent Owner;
-  auto* const Before = new TComponent(&Owner);
-  Owner.SetDesigning(true);
-  const auto* const After = new TComponent(&Owner);
-  EXPECT_TRUE(Before->IsDesigning());
-  EXPECT_TRUE(After->IsDesigning());
-  Owner.Destroying();
-  EXPECT_TRUE(Before->IsDestroying());
-}
-
-TEST(Component, PathsLeadFromFormsAndDataModules) {
-  TDataModule Module;
-  Module.SetName("Data");
-  auto* const Outer = new TComponent(&Module);
-  Outer->SetName("Outer");
-  auto* const Inner = new TComponent(Outer);
-  Inner->SetName("Inner");
-  EXPECT_EQ(ComponentPath(Inner), "Data.Outer.Inner");
-  EXPECT_EQ(ComponentPath(Inner, Outer), "Inner");
-  EXPECT_EQ(ComponentFromPath("Data.Outer.Inner"), Inner);
-  EXPECT_EQ(ComponentFromPath("Outer.Inner", &Module), Inner);
-  for (const char* Path : {"", ".", "Data.Inner", "data", "Data.Outer.Other", "Data..Outer"})
-    EXPECT_EQ(ComponentFromPath(Path), nullptr) << Path;
-  Outer->SetName("");
-  EXPECT_EQ(ComponentPath(Inner), "");
-  EXPECT_EQ(ComponentPath(nullptr), "");
-}
-
 TEST(Persistent, AHandleNamesOneObjectForEver) {
   auto First = std::make_unique<TSampleStyle>();
   const std::uint64_t Handle = First->LiveHandle();
@@ -172,43 +141,6 @@ TEST(Persistent, AHandleNamesOneObjectForEver) {
     EXPECT_NE(Next.LiveHandle(), Handle);
     EXPECT_EQ(TPersistent::FromLiveHandle(Handle), nullptr);
   }
-}
-
-TEST(Persistent, ForeignClassesAreRefused) {
-  TSampleStyle Style;
-  TStringList Lines;
-  EXPECT_THROW(Style.Assign(&Lines), EConvertError);
-  EXPECT_THROW(Lines.Assign(nullptr), EConvertError);
-}
-
-TEST(Strings, NotifyAroundEachChangeAndOnceInAnUpdate) {
-  TStringList Lines;
-  std::string Log;
-  Lines.OnChanging = [&](TObject*) { Log += '('; };
-  Lines.OnChange = [&](TObject*) { Log += ')'; };
-  Lines.Add("b");
-  Lines.Insert(0, "a");
-  Lines.Put(1, "c");
-  Lines.Delete(0);
-  Lines.Clear();
-  Lines.Clear();
-  EXPECT_EQ(Log, "()()()()()");
-  Log.clear();
-  Lines.SetText("one\r\ntwo\rthree\n\nfive");
-  EXPECT_EQ(Log, "()");
-  EXPECT_EQ(Lines.Count(), 5);
-  EXPECT_EQ(Lines.Text(), "one\ntwo\nthree\n\nfive\n");
-  EXPECT_EQ(Lines.IndexOf("three"), 2);
-  EXPECT_EQ(Lines.IndexOf("none"), -1);
-  for (const int Index : {-1, 5}) {
-    EXPECT_THROW(Lines.Get(Index), ERangeError);
-    EXPECT_THROW(Lines.Put(Index, ""), ERangeError);
-    EXPECT_THROW(Lines.Delete(Index), ERangeError);
-    EXPECT_THROW(Lines.Insert(Index < 0 ? Index : 6, ""), ERangeError);
-  }
-  TStringList Copy;
-  Copy.Assign(&Lines);
-  EXPECT_EQ(Copy.Text(), Lines.Text());
 }
 
 }  // namespace

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <limits>
 
 #include "framework/Bytes.h"
+#include "framework/Errors.h"
 #include "platform/framework/Application.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/TRegistryIniFile.h"
@@ -84,13 +84,8 @@ TEST(Ini, TypedValuesReadBackAndDefaultsFillGaps) {
   for (const auto& Read : {std::function<void()>([&] { Ini.ReadInteger("Part", "Key", 0); }),
                            std::function<void()>([&] { Ini.ReadBool("Part", "Key", false); }),
                            std::function<void()>([&] { Ini.ReadFloat("Part", "Key", 0); })}) {
-    try {
-      Read();
-      ADD_FAILURE();
-    } catch (const EConvertError& Error) {
-      for (const char* What : {"1,5", "Key", "Part"})
-        EXPECT_NE(std::string(Error.what()).find(What), std::string::npos);
-    }
+    const std::string Message = MessageOf<EConvertError>(Read);
+    for (const char* What : {"1,5", "Key", "Part"}) EXPECT_NE(Message.find(What), std::string::npos) << Message;
   }
 }
 
@@ -150,12 +145,8 @@ TEST(Ini, MalformedTextNamesSourceAndLineAndChangesNothing) {
   for (const auto& [Text, Line] : Rows) {
     TMemIniFile Ini;
     Ini.WriteString("S", "Key", "kept");
-    try {
-      Ini.LoadFromText(Text, "some.ini");
-      ADD_FAILURE() << Text;
-    } catch (const EIniFileError& Error) {
-      EXPECT_EQ(std::string(Error.what()).find("some.ini, line " + std::to_string(Line) + ":"), 0u) << Error.what();
-    }
+    const std::string Message = MessageOf<EIniFileError>([&] { Ini.LoadFromText(Text, "some.ini"); });
+    EXPECT_EQ(Message.find("some.ini, line " + std::to_string(Line) + ":"), 0u) << Text << ": " << Message;
     EXPECT_EQ(Ini.SaveToText(), "[S]\nKey=kept\n");
   }
 }
@@ -187,12 +178,7 @@ TEST(IniFile, IsReadAtOnceAndWrittenWhole) {
   EXPECT_EQ(ContentOf(Path), "[S]\nKey=through\n");
   EXPECT_EQ(fs::status(Path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
   Put(Path, "[S]\nbroken");
-  try {
-    const TIniFile Ini(Path);
-    FAIL();
-  } catch (const EIniFileError& Error) {
-    EXPECT_EQ(std::string(Error.what()).find(Path.string() + ", line 2:"), 0u) << Error.what();
-  }
+  EXPECT_EQ(MessageOf<EIniFileError>([&] { const TIniFile Ini(Path); }).find(Path.string() + ", line 2:"), 0u);
   EXPECT_EQ(ContentOf(Path), "[S]\nbroken");
   EXPECT_THROW(TIniFile(Folder.Path()), EFileError);
 }

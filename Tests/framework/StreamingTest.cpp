@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "framework/Bytes.h"
+#include "framework/Errors.h"
 #include "framework/SampleComponent.h"
 #include "platform/framework/Application.h"
 #include "platform/framework/Exceptions.h"
@@ -81,12 +82,7 @@ TComponent* ReadBytes(const std::string& Bytes, TComponent* Instance) {
 
 std::string MessageOf(const std::string& Bytes) {
   TSample Root;
-  try {
-    ReadBytes(Bytes, &Root);
-  } catch (const Exception& Error) {
-    return Error.what();
-  }
-  return {};
+  return testing::MessageOf<Exception>([&] { ReadBytes(Bytes, &Root); });
 }
 
 void ExpectSettled(const TComponent& Component) {

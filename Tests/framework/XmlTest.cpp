@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <optional>
-
 #include "framework/Bytes.h"
+#include "framework/Errors.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/XmlDocument.h"
 
@@ -141,14 +140,9 @@ TEST(Xml, MalformedTextNamesThePlaceAndChangesNothing) {
                        {"<r \xC3\x97='1'/>", nullptr}};
   for (const TRow& Row : Rows) {
     TXMLDocument Document("kept");
-    try {
-      Document.LoadFromText(Row.Text, "some.xml");
-      ADD_FAILURE() << Row.Text;
-    } catch (const EXMLError& Error) {
-      const std::string Message = Error.what();
-      EXPECT_EQ(Message.find("some.xml, "s + (Row.Place == nullptr ? "line " : Row.Place)), 0u)
-          << Row.Text << ": " << Message;
-    }
+    const std::string Message = MessageOf<EXMLError>([&] { Document.LoadFromText(Row.Text, "some.xml"); });
+    EXPECT_EQ(Message.find("some.xml, "s + (Row.Place == nullptr ? "line " : Row.Place)), 0u)
+        << Row.Text << ": " << Message;
     EXPECT_EQ(Document.SaveToText(), Declared + "<kept />\n");
   }
 }

@@ -68,11 +68,6 @@ TEST(ZyColorsTest, ColorsAreWrittenAsTheFirstNameOrAsANumber) {
   EXPECT_EQ(ColorToARGB(ARGBToString(Desktop, false)), Desktop);
 }
 
-TEST(ZyColorsTest, ControlColorsSwapRedAndBlue) {
-  EXPECT_EQ(TColorToARGB(0x00332211), 0xFF112233u);
-  EXPECT_EQ(ARGBToTColor(0x80112233), 0x00332211);
-}
-
 TEST(ZyColorsTest, RichIdsComeBackWithoutTheirBracket) {
   EXPECT_EQ(ARGBToRichID(0x80FF0102), "[A=128, R=255, G=1, B=2]");
   EXPECT_EQ(RGBToRichID(0x00332211), "[A=255, R=17, G=34, B=51]");

@@ -35,13 +35,6 @@ TEST(ZyGraph2DTest, FirstPaintMakesTheAxesThatAreMissing) {
   EXPECT_EQ(Graph.PrimaryXAxis(), nullptr);
 }
 
-TEST(ZyGraph2DTest, AGraphWithoutOwnerKeepsItsAxesItself) {
-  TZyGraph2D Graph;
-  TSampleChart::Paint(Graph);
-  ASSERT_NE(Graph.PrimaryXAxis(), nullptr);
-  EXPECT_EQ(Graph.PrimaryXAxis()->Owner(), &Graph);
-}
-
 TEST(ZyGraph2DTest, PrimaryAxesGetTheirDirection) {
   TSampleChart Chart;
   Chart.X->SetPosition(TZyAxisPosition::Right);
@@ -190,25 +183,6 @@ TEST(ZyGraph2DTest, LinesLieWhereTheAxesSay) {
       EXPECT_EQ(Picture.GetPixel(149, Y), 0u) << Y;
     }
   }
-}
-
-TEST(ZyGraph2DTest, ServesEverySmallSize) {
-  TSampleChart Chart;
-  Chart.AddSeries("Series", {0, 1, 2, 3}, {5, -3, 4, 1e6});
-  Chart.Graph->SetCaption("Title");
-  Chart.Graph->SetCaptionVisible(true);
-  Chart.Graph->MajorGridHorizontal().SetVisible(true);
-  Chart.Graph->DataAreaFrame().SetVisible(true);
-  Chart.Graph->SetDataAreaColor(Colors::Red);
-  for (int Width = 0; Width <= 50; Width += 7)
-    for (int Height = 0; Height <= 50; Height += 7) {
-      Chart.Graph->SetBounds(0, 0, Width, Height);
-      Chart.Paint();
-      EXPECT_LT(Chart.X->NumberToWorld(0), Chart.X->NumberToWorld(3)) << Width << " x " << Height;
-      EXPECT_FALSE(TZyAxis::LayoutRunning);
-    }
-  Chart.Graph->SetBounds(0, 0, 1, 1);
-  Chart.Paint();
 }
 
 TEST(ZyGraph2DTest, PaintsAfterAChangeOfDataMoveTheEnds) {

@@ -5,11 +5,11 @@
 #include <QImage>
 #include <QPrinter>
 #include <algorithm>
-#include <cmath>
 #include <fstream>
 #include <tuple>
 
 #include "annotations/ZyRichLabel.h"
+#include "drawing/Pixels.h"
 #include "graph/OtherPrograms.h"
 #include "graph/SampleChart.h"
 #include "platform/controls/TClipboard.h"
@@ -68,13 +68,6 @@ bool SamePixels(const Bitmap& A, const Bitmap& B) {
   return A.GetWidth() == B.GetWidth() && A.GetHeight() == B.GetHeight();
 }
 
-int LargestDifference(ARGB A, ARGB B) {
-  int Result = 0;
-  for (int Shift = 0; Shift < 32; Shift += 8)
-    Result = std::max(Result, std::abs(static_cast<int>(A >> Shift & 255u) - static_cast<int>(B >> Shift & 255u)));
-  return Result;
-}
-
 /// The box of pixels of a colour.
 struct TFound {
   int Left = 100'000, Top = 100'000, Right = -1, Bottom = -1;
@@ -83,7 +76,7 @@ TFound FindColor(const Bitmap& Page, ARGB Color) {
   TFound Box;
   for (int Y = 0; Y < Page.GetHeight(); ++Y)
     for (int X = 0; X < Page.GetWidth(); ++X)
-      if (LargestDifference(Page.GetPixel(X, Y), Color) < 8)
+      if (Distance(Page.GetPixel(X, Y), Color) < 8)
         Box = {std::min(Box.Left, X), std::min(Box.Top, Y), std::max(Box.Right, X), std::max(Box.Bottom, Y)};
   return Box;
 }
@@ -107,8 +100,8 @@ TEST(GraphFilesTest, PicturesAreReadByAnotherProgram) {
     const auto Color = [](const char* Hex) {
       return static_cast<ARGB>(std::stoul(std::string(Hex).substr(0, 6), nullptr, 16)) | 0xFF000000u;
     };
-    EXPECT_LE(LargestDifference(Color(Back), Colors::Navy), Tolerance) << Output;
-    EXPECT_LE(LargestDifference(Color(Area), Colors::Orange), Tolerance) << Output;
+    EXPECT_LE(Distance(Color(Back), Colors::Navy), Tolerance) << Output;
+    EXPECT_LE(Distance(Color(Area), Colors::Orange), Tolerance) << Output;
   }
 }
 
@@ -125,7 +118,7 @@ TEST(GraphFilesTest, SvgIsDrawnByAnotherProgram) {
   EXPECT_EQ(Drawn.GetPixel(150, 130), Colors::Orange);
   int Different = 0;
   for (int Y = 0; Y < 200; ++Y)
-    for (int X = 0; X < 300; ++X) Different += LargestDifference(Drawn.GetPixel(X, Y), Screen.GetPixel(X, Y)) > 64;
+    for (int X = 0; X < 300; ++X) Different += Distance(Drawn.GetPixel(X, Y), Screen.GetPixel(X, Y)) > 64;
   EXPECT_LT(Different, 300 * 200 / 100) << "the same chart but for the edges of glyphs";
 }
 
@@ -158,7 +151,7 @@ TEST(GraphFilesTest, EmfIsDrawnByAnotherProgram) {
   ASSERT_GT(Box.Right, Box.Left + 100) << Output;
   const int Width = Box.Right - Box.Left + 1, Height = Box.Bottom - Box.Top + 1;
   EXPECT_NEAR(Width, Height * 1.5, 3);
-  EXPECT_LE(LargestDifference(Page.GetPixel(Box.Left + Width / 2, Box.Top + Height * 13 / 20), Colors::Orange), 2);
+  EXPECT_LE(Distance(Page.GetPixel(Box.Left + Width / 2, Box.Top + Height * 13 / 20), Colors::Orange), 2);
 }
 
 TEST(GraphFilesTest, AFailedSaveLeavesTheOldFile) {

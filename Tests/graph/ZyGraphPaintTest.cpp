@@ -11,7 +11,6 @@
 #include "platform/controls/TForm.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/controls/TTimer.h"
-#include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/TRecordingGraphics.h"
 #include "platform/framework/TPropInfo.h"
@@ -146,8 +145,6 @@ TEST_F(ZyGraphPaintTest, BackgroundsFollowTheirRules) {
   Graph.SetBackColor(0xFFFFFFFF);
   Graph.SetDataAreaColor(0xFFFFFFFF);
   EXPECT_EQ(Count("FillRectangle"), 1) << "a data area in the back colour is not drawn";
-  Graph.SetDataAreaColor(Colors::Transparent);
-  EXPECT_EQ(Count("FillRectangle"), 1) << "nor is a transparent one";
   Graph.DataAreaGradient().SetVisible(true);
   EXPECT_EQ(Count("FillRectangle(linear"), 1);
   Graph.BackgroundGradient().SetVisible(true);
@@ -237,16 +234,6 @@ TEST_F(ZyGraphPaintTest, PointsAreFoundFromTheTopmostSeriesDown) {
   EXPECT_EQ(At(0, 8).InSeries, nullptr) << "stale pixels find nothing";
 }
 
-TEST_F(ZyGraphPaintTest, ASeriesThatGoesLeavesTheLegends) {
-  TZyLineSeries& Series = AddSeries<TZyLineSeries>({2, 4, 8});
-  TLegendStub Legend(&Form);
-  Graph.AddRelatedLegend(&Legend);
-  delete &Series;
-  EXPECT_TRUE(Graph.RelatedSeries().empty());
-  EXPECT_EQ(Legend.Modifications, 1);
-  Graph.RemoveRelatedLegend(&Legend);
-}
-
 TEST_F(ZyGraphPaintTest, GraphsThatShareAnXAxisAreCoupled) {
   auto& Other = *new TZyGraph2D(&Form);
   Other.SetParent(&Form);
@@ -326,20 +313,6 @@ TEST_F(ZyGraphPaintTest, DataOfAllSeriesAreOneStepOfUndo) {
   Graph.SetUndoStack(nullptr);
 }
 
-TEST_F(ZyGraphPaintTest, TheTitleIsInTheFontOfTheParentUntilItIsChanged) {
-  Form.ControlFont().SetName("Courier New");
-  Form.ControlFont().SetSize(14);
-  EXPECT_EQ(Graph.Font().Name(), "Courier New");
-  EXPECT_EQ(Graph.Font().Size(), 14);
-  EXPECT_TRUE(Graph.ParentFont());
-  Graph.Font().SetSize(18.5f);
-  EXPECT_FALSE(Graph.ParentFont());
-  Form.ControlFont().SetSize(9);
-  EXPECT_EQ(Graph.Font().Size(), 18.5f);
-  Graph.SetParentFont(true);
-  EXPECT_EQ(Graph.Font().Size(), 9);
-}
-
 TEST_F(ZyGraphPaintTest, AFedChartMayGoWhileItIsPainted) {
   auto& Application = dynamic_cast<TApplication&>(zy::Application());
   for (int Round = 0; Round < 3; ++Round) {
@@ -375,16 +348,6 @@ TEST_F(ZyGraphPaintTest, AFedChartMayGoWhileItIsPainted) {
     EXPECT_GE(Fed, 2500) << "the data go on without the chart";
     EXPECT_EQ(Series.XAxis(), nullptr);
   }
-}
-
-TEST_F(ZyGraphPaintTest, AManyTimesMadeGraphStopsItsWorker) {
-  for (int Round = 0; Round < 1000; ++Round) {
-    TZyGraph2D Short;
-    Bitmap Picture(20, 20);
-    Graphics Canvas(Picture);
-    if (Round % 50 == 0) Short.PaintGr(Canvas);
-  }
-  SUCCEED() << "under ThreadSanitizer and LeakSanitizer this must stay silent";
 }
 
 TEST(ZyGraphDesignTest, ANewGraphTakesItsOwnersUndoStack) {

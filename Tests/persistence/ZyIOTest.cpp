@@ -4,21 +4,16 @@
 
 #include <limits>
 
+#include "framework/Bytes.h"
 #include "graph/ZyStringFunctions.h"
 #include "platform/framework/Application.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/NumberText.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TWriter.h"
-#include "platform/framework/XmlDocument.h"
 
 namespace zy {
 namespace {
-
-std::string BytesOf(const TMemoryStream& Stream) {
-  const auto Bytes = Stream.Bytes();
-  return {reinterpret_cast<const char*>(Bytes.data()), Bytes.size()};
-}
 
 enum class TKind { First, Second, Third };
 
@@ -46,7 +41,7 @@ TEST(ZyIOTest, PrimitivesAreLittleEndianInTheirOwnWidth) {
       "\x00\x00\x00\x00"
       "\x00\x00\x00\x00\x00\x00\xF0\x3F\x00\x00\x00\x00\x00\x00\xE0\x3F"
       "\x00";
-  EXPECT_EQ(BytesOf(Stream), std::string(Expected, sizeof Expected - 1));
+  EXPECT_EQ(testing::AsText(Stream), std::string(Expected, sizeof Expected - 1));
 
   Stream.SetPosition(0);
   EXPECT_TRUE(FromStream<bool>(Stream));
@@ -150,13 +145,6 @@ TEST(ZyIOTest, UniqueNamesTakeTheFirstFreeNumber) {
   EXPECT_EQ(UniqueName(&Owner, "Axis"), "Axis3");
   EXPECT_EQ(UniqueName(&Owner, "Graph"), "Graph1");
   EXPECT_EQ(UniqueName(nullptr, "Graph"), "Graph1");
-}
-
-TEST(ZyIOTest, NodesAreFoundByExactName) {
-  TXMLDocument Document("Chart");
-  Document.DocumentElement().AddChild("Line");
-  EXPECT_TRUE(ContainsNode(Document.DocumentElement(), "Line"));
-  EXPECT_FALSE(ContainsNode(Document.DocumentElement(), "line"));
 }
 
 }  // namespace

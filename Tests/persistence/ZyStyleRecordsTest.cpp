@@ -4,11 +4,11 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <map>
 
 #include "annotations/ZyFont.h"
 #include "framework/Bytes.h"
+#include "framework/Errors.h"
 #include "graph/ZyStyles.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/NumberText.h"
@@ -252,12 +252,8 @@ TEST(ZyStyleRecordsTest, AbsentIniKeysKeepTheValueButForFixedDefaults) {
   EXPECT_FALSE(Line.Visible());
 
   Ini.WriteString("S", "G.Style", "3");
-  try {
-    FromIni(Ini, "S", "G", Gradient);
-    FAIL();
-  } catch (const EConvertError& Error) {
-    EXPECT_NE(std::string(Error.what()).find("G.Style"), std::string::npos) << Error.what();
-  }
+  const std::string Message = testing::MessageOf<EConvertError>([&] { FromIni(Ini, "S", "G", Gradient); });
+  EXPECT_NE(Message.find("G.Style"), std::string::npos) << Message;
   Ini.WriteString("Other", ".Width", "4");
   FromIni(Ini, "Other", "", Line);
   EXPECT_EQ(Line.Width(), 4.0f);

@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cmath>
 #include <iostream>
 #include <limits>
-#include <set>
 
 #include "graph/SampleChart.h"
 #include "platform/framework/Application.h"

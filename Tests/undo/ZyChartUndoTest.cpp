@@ -5,12 +5,8 @@
 #include <random>
 
 #include "framework/SampleComponent.h"
-#include "graph/ZyGraph2D.h"
-#include "platform/controls/TForm.h"
-#include "platform/framework/Exceptions.h"
+#include "graph/SampleChart.h"
 #include "platform/framework/Reflection.h"
-#include "series/ZyDoubleVector.h"
-#include "series/ZyLineSeries.h"
 #include "undo/RandomSetters.h"
 #include "undo/ZyUndoStack.h"
 
@@ -24,28 +20,10 @@ using testing::SetAtRandom;
 class ZyChartUndoTest : public ::testing::Test {
  protected:
   ZyChartUndoTest() {
-    Form.SetName("Form");
-    auto* const Graph = new TZyGraph2D(&Form);
-    Graph->SetName("Graph");
-    Graph->SetParent(&Form);
-    Graph->SetParentFont(false);  // else the first colour of its own would end it, which is no step
-    Graph->TestPrimaryAxis();
-    for (const char* Name : {"Series1", "Series2"}) {
-      auto* const X = new TZyDoubleVector(&Form);
-      auto* const Y = new TZyDoubleVector(&Form);
-      X->SetName(std::string(Name) + "X");
-      Y->SetName(std::string(Name) + "Y");
-      X->AddRange({1, 2, 3, 4});
-      Y->AddRange({10, 30, 20, 40});
-      auto* const Series = new TZyLineSeries(&Form);
-      Series->SetName(Name);
-      Series->SetXData(X);
-      Series->SetYData(Y);
-      Series->SetXAxis(Graph->PrimaryXAxis());
-      Series->SetYAxis(Graph->PrimaryYAxis());
-    }
+    Chart.Graph->SetParentFont(false);  // else the first colour of its own would end it, which is no step
+    for (const char* Name : {"Series1", "Series2"}) Chart.AddSeries(Name, {1, 2, 3, 4}, {10, 30, 20, 40});
     Stack.SetLimit(0);
-    Graph->SetUndoStack(&Stack);
+    Chart.Graph->SetUndoStack(&Stack);
     for (TComponent* Component : Form.Components())
       if (dynamic_cast<TZyGraph2D*>(Component) != nullptr || dynamic_cast<TZyAxis*>(Component) != nullptr ||
           dynamic_cast<TZySeries*>(Component) != nullptr)
@@ -63,7 +41,8 @@ class ZyChartUndoTest : public ::testing::Test {
 
   static std::string Text(TComponent& Root) { return testing::BytesOf(Root); }
 
-  TForm Form;
+  testing::TSampleChart Chart;
+  TForm& Form = Chart.Form;
   TZyUndoStack Stack{&Form};
   std::vector<TPersistent*> Objects;
 };

@@ -6,9 +6,11 @@
 #include <bit>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <random>
 
+#include "framework/Errors.h"
 #include "framework/SampleComponent.h"
 #include "persistence/ZyIO.h"
 #include "platform/framework/Application.h"
@@ -17,7 +19,6 @@
 #include "platform/framework/TPropInfo.h"
 #include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
-#include "texts/ZyLocalize.h"
 
 namespace zy {
 namespace {
@@ -62,37 +63,6 @@ class ZyUndoStackTest : public ::testing::Test {
   TCountingStack& Stack = *new TCountingStack(&Module);  // the oldest component of the module, and so the last to go
 };
 
-TEST_F(ZyUndoStackTest, BringsBackEveryKindOfProperty) {
-  TSample& Sample = *MakeSample("Sample");
-  TSample& Other = *MakeSample("Other");
-  const std::string Before = testing::BytesOf(Module);
-  Sample.SetWhole(-5);
-  Sample.SetSmall(7);
-  Sample.SetLetter('x');
-  Sample.SetSwitch(true);
-  Sample.SetShade(TShade::Dark);
-  Sample.SetShades({TShade::Light, TShade::Dark});
-  Sample.SetSingle(1.25f);
-  Sample.SetReal(1e-300);
-  Sample.SetText("Grüße\r\n");
-  Sample.SetLink(&Other);
-  Sample.SetBig(std::int64_t{1} << 50);
-  Sample.SetNumbers({1, 2.5});
-  Sample.SetNumbers({});
-  Sample.SetAny(TVariant::TArray{1, "two", 3.5});
-  Sample.Lines().Add("first");
-  Sample.Lines().Add("second");
-  Sample.Style().SetWidth(4);  // no component: found again by its handle
-  const std::string After = testing::BytesOf(Module);
-  EXPECT_EQ(Stack.UndoList().Get(0), "Width");
-  Stack.Undo(16);
-  EXPECT_EQ(testing::BytesOf(Module), Before);
-  EXPECT_EQ(LabelsOf(Stack.RedoList()).front(), "Whole");
-  Stack.Redo(16);
-  EXPECT_EQ(testing::BytesOf(Module), After);
-  EXPECT_EQ(Stack.OnCount, 2);
-}
-
 TEST_F(ZyUndoStackTest, GroupsAreOneStepWithTheOuterLabel) {
   TSample& Sample = *MakeSample("Sample");
   Stack.StartGroup("outer");
@@ -122,22 +92,6 @@ TEST_F(ZyUndoStackTest, GroupsAreOneStepWithTheOuterLabel) {
   EXPECT_EQ(Stack.RedoCount(), 0);
 }
 
-TEST_F(ZyUndoStackTest, EveryStepThatWasUndoneOneByOneCanBeRedone) {
-  TSample& Sample = *MakeSample("Sample");
-  for (int Value = 1; Value <= 10; ++Value) Sample.SetWhole(Value);
-  for (int Value = 9; Value >= 0; --Value) {
-    Stack.Undo();
-    EXPECT_EQ(Sample.Whole(), Value);
-  }
-  EXPECT_FALSE(Stack.CanUndo());
-  EXPECT_EQ(Stack.RedoList().Count(), 10);
-  for (int Value = 1; Value <= 10; ++Value) {
-    Stack.Redo();
-    EXPECT_EQ(Sample.Whole(), Value);
-  }
-  EXPECT_FALSE(Stack.CanRedo());
-}
-
 TEST_F(ZyUndoStackTest, EmptyOrDisabledStacksDoNothing) {
   TSample& Sample = *MakeSample("Sample");
   Stack.Undo();
@@ -158,14 +112,7 @@ TEST_F(ZyUndoStackTest, EmptyOrDisabledStacksDoNothing) {
 
 TEST_F(ZyUndoStackTest, FailedPushesLeaveNoTrace) {
   TSample& Sample = *MakeSample("Sample");
-  const auto MessageOf = [&](const auto& Act) -> std::string {
-    try {
-      Act();
-    } catch (const Exception& Error) {
-      return Error.what();
-    }
-    return "no exception";
-  };
+  using testing::MessageOf;
   EXPECT_EQ(MessageOf([&] { Stack.PushProperty(&Sample, "label", "Nothing"); }), "Property: \"Nothing\" not found");
   Sample.SetTable({{1, 2}, {3}});
   EXPECT_EQ(MessageOf([&] { Stack.PushProperty(&Sample, "label", "Table"); }), "Only one dimensional arrays suported");
@@ -428,43 +375,27 @@ TEST_F(ZyUndoStackTest, ListsAreRightAtEachStepForEveryLimit) {
 /// Calls one setter of one sample with a value of its kind.
 void SetAtRandom(TSample& Sample, TSample& Other, std::mt19937& Random) {
   const auto Roll = [&Random](int Count) { return static_cast<int>(Random() % static_cast<unsigned>(Count)); };
-  switch (Roll(17)) {
-    case 0:
-      return Sample.SetWhole(Roll(5) - 2);
-    case 1:
-      return Sample.SetSmall(static_cast<std::int8_t>(Roll(256) - 128));
-    case 2:
-      return Sample.SetLetter(static_cast<char>(Roll(256) - 128));
-    case 3:
-      return Sample.SetSwitch(Roll(2) == 1);
-    case 4:
-      return Sample.SetShade(static_cast<TShade>(Roll(3)));
-    case 5:
-      return Sample.SetShades(TSet<TShade>::FromBits(static_cast<std::uint32_t>(Roll(8))));
-    case 6:
-      return Sample.SetSingle(static_cast<float>(Roll(1000)) / 7);
-    case 7:
-      return Sample.SetReal(std::bit_cast<double>(std::uint64_t{Random()} << 30 | Random()));
-    case 8:
-      return Sample.SetText(std::string(static_cast<std::size_t>(Roll(300)), 'a'));
-    case 9:
-      return Sample.SetLink(Roll(3) == 0 ? nullptr : &Other);
-    case 10:
-      return Sample.SetBig(static_cast<std::int64_t>(Random()) << Roll(31));
-    case 11:
-      return Sample.SetNumbers(std::vector<double>(static_cast<std::size_t>(Roll(5)), Roll(9) / 3.0));
-    case 12:
-      return Sample.SetAny(Roll(2) == 0 ? TVariant("text") : TVariant(Roll(100)));
-    case 13:
-      static_cast<void>(Sample.Lines().Add("line " + std::to_string(Roll(100))));
-      return;
-    case 14:
-      return Sample.Lines().Count() > 0 ? Sample.Lines().Delete(Roll(Sample.Lines().Count())) : void();
-    case 15:
-      return Sample.Style().SetWidth(static_cast<float>(Roll(10)));
-    default:
-      return Sample.Part()->SetWhole(Roll(100));
-  }
+  const std::function<void()> Setters[] = {
+      [&] { Sample.SetWhole(Roll(5) - 2); },
+      [&] { Sample.SetSmall(static_cast<std::int8_t>(Roll(256) - 128)); },
+      [&] { Sample.SetLetter(static_cast<char>(Roll(256) - 128)); },
+      [&] { Sample.SetSwitch(Roll(2) == 1); },
+      [&] { Sample.SetShade(static_cast<TShade>(Roll(3))); },
+      [&] { Sample.SetShades(TSet<TShade>::FromBits(static_cast<std::uint32_t>(Roll(8)))); },
+      [&] { Sample.SetSingle(static_cast<float>(Roll(1000)) / 7); },
+      [&] { Sample.SetReal(std::bit_cast<double>(std::uint64_t{Random()} << 30 | Random())); },
+      [&] { Sample.SetText(std::string(static_cast<std::size_t>(Roll(300)), 'a')); },
+      [&] { Sample.SetLink(Roll(3) == 0 ? nullptr : &Other); },
+      [&] { Sample.SetBig(static_cast<std::int64_t>(Random()) << Roll(31)); },
+      [&] { Sample.SetNumbers(std::vector<double>(static_cast<std::size_t>(Roll(5)), Roll(9) / 3.0)); },
+      [&] {
+        Sample.SetAny(Roll(2) == 0 ? TVariant(TVariant::TArray{1, "two", 3.5}) : TVariant(Roll(100)));
+      },
+      [&] { Sample.Lines().Add("line " + std::to_string(Roll(100))); },
+      [&] { Sample.Lines().Count() > 0 ? Sample.Lines().Delete(Roll(Sample.Lines().Count())) : void(); },
+      [&] { Sample.Style().SetWidth(static_cast<float>(Roll(10))); },
+      [&] { Sample.Part()->SetWhole(Roll(100)); }};
+  Setters[Roll(static_cast<int>(std::size(Setters)))]();
 }
 
 TEST_F(ZyUndoStackTest, ARandomWalkOf10000SettersComesBackToTheFirstBytes) {
@@ -523,17 +454,6 @@ TEST_F(ZyUndoStackTest, FilesOfALogGoWithTheStack) {
     EXPECT_EQ(Count(), Before + 3);
   }
   EXPECT_EQ(Count(), Before);
-}
-
-TEST_F(ZyUndoStackTest, ListsAreReadOnlyViews) {
-  TSample& Sample = *MakeSample("Sample");
-  Sample.SetWhole(1);
-  auto& List = const_cast<TStrings&>(Stack.UndoList());
-  List.Clear();
-  List.Delete(0);
-  List.Insert(0, "more");
-  EXPECT_EQ(LabelsOf(List), (TLabels{"Whole"}));
-  EXPECT_THROW(List.Get(1), ERangeError);
 }
 
 }  // namespace
