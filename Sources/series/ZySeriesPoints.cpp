@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <tuple>
 
 #include "graph/ZyGraph2D.h"
 #include "series/ZyLineSeries.h"
@@ -282,8 +281,14 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
       if (Ends[0] < 0) Ends[0] = From;
       Ends[1] = To - 1;
       const TZyExtremes Run = FYData->FindExtremes(From, To);
-      if (Run.Low < Whole.Low) std::tie(Whole.Low, Whole.Minimum) = std::pair(Run.Low, Run.Minimum);
-      if (Run.High > Whole.High) std::tie(Whole.High, Whole.Maximum) = std::pair(Run.High, Run.Maximum);
+      if (Run.Low < Whole.Low) {
+        Whole.Low = Run.Low;
+        Whole.Minimum = Run.Minimum;
+      }
+      if (Run.High > Whole.High) {
+        Whole.High = Run.High;
+        Whole.Maximum = Run.Maximum;
+      }
     }
     From = Next + (Next == Outlier ? 1 : 0);
   }
