@@ -503,6 +503,7 @@ class TZyAxis : public TGraphicControl {
   void AddLabel(const std::string& Text, double Value, float Pos);
   float SlantShift(float Along) const;
   void PlaceExtraExponent();
+  float ExtraExponentReach() const;
   float NumbersReach() const;
   void PlaceCaption();
 

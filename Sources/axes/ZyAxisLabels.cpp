@@ -90,14 +90,17 @@ void TZyAxis::PlaceExtraExponent() {
   }
 }
 
-/// How far the labels, and the power of ten that belongs to them, reach across from their line.
-float TZyAxis::NumbersReach() const {
-  const float Labels = GetHorizontal() ? FMaxNumberLabelHeight : FMaxNumberLabelWidth;
+/// How far the power of ten reaches across from the line of the labels; 0 without one.
+float TZyAxis::ExtraExponentReach() const {
   const TZyRichCaptionObject& Power = FExtraExponentRec;
-  if (Power.Caption().empty()) return Labels;
-  const float Reach = GetHorizontal() ? std::fabs(Power.Y - LabelBase()) + Power.Height()
-                                      : std::fabs(Power.X - LabelBase()) + Power.Width();
-  return std::max(Labels, Reach);
+  if (Power.Caption().empty()) return 0;
+  return GetHorizontal() ? std::fabs(Power.Y - LabelBase()) + Power.Height()
+                         : std::fabs(Power.X - LabelBase()) + Power.Width();
+}
+
+/// How far the labels reach together with the power of ten; the caption stands behind both.
+float TZyAxis::NumbersReach() const {
+  return std::max(GetHorizontal() ? FMaxNumberLabelHeight : FMaxNumberLabelWidth, ExtraExponentReach());
 }
 
 /// The caption stands behind the numbers, at one end of the axis line or at its middle.

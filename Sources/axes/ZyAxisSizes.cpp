@@ -31,6 +31,8 @@ float TZyAxisLayout::NeedOf(const TZyAxis& Axis) {
   float Need = std::ceil(Axis.FAxisThicknes / 2) + Axis.DistanceToBorder() + Axis.FMajorTickLength;
   if (Labels > 0) Need += Axis.FDistanceAxisLabels + Axis.NumbersReach();
   if (Caption > 0) Need += Caption + (Labels > 0 ? Axis.DistanceNumbersCaption() : Axis.FDistanceAxisLabels);
+  if (const float Power = Axis.ExtraExponentReach(); Power > 0)
+    Need = std::max(Need, Axis.FAxisThicknes + Axis.FMajorTickLength + Axis.FDistanceAxisLabels + Power);
   return std::ceil(std::max(Need, 0.0f));
 }
 

@@ -510,6 +510,18 @@ TEST(ZyRasterStroke, OpaqueBarsCoverWhatOthersCover) {
     }
 }
 
+TEST(ZyRasterStroke, BarsBeyondAllIntegersShowNowhere) {
+  TPoints Line = {{100, -400}};
+  for (int i = 0; i < 64; ++i) {  // 512 apart, the spacing of floats there
+    const float X = 4294967296.0f + 512.0f * static_cast<float>(i);
+    Line.push_back({X, i % 2 == 0 ? -400.0f : 1000.0f});
+    Line.push_back({X, i % 2 == 0 ? 1000.0f : -400.0f});
+  }
+  TCanvas Canvas;
+  Canvas.Raster().StrokeLines(Line, {.Width = 512, .Join = TRasterJoin::Bevel}, Ink);
+  EXPECT_EQ(Canvas.Most(), 0);
+}
+
 TEST(ZyRasterStroke, BoxesCoverTheirArea) {
   for (const RectF Box :
        {RectF{10, 20, 30, 5}, {10.25f, 20.5f, 30.5f, 0.25f}, {7.5f, 3.125f, 0.25f, 60}, {-5, -5, 200, 200}}) {

@@ -143,7 +143,7 @@ bool TPainterBackend::FillBox(const TDrawState& State, const Brush& Brush, const
   if (FImage == nullptr || FHasMask || Solid == nullptr || Shape.Kind != TShape::Rectangle) return false;
   const QTransform Device = AsQt(DeviceTransform(State, TGrid::Corners));
   if (!KeepsBoxes(Device)) return false;
-  const QRectF Box = Device.mapRect(AsQt(Shape.Rect));
+  const QRectF Box = Device.mapRect(AsQt(Shape.Rect)).normalized();
   const auto IsWhole = [](double Value) { return Value == std::floor(Value); };
   const bool FitsPixels = IsWhole(Box.left()) && IsWhole(Box.top()) && IsWhole(Box.right()) && IsWhole(Box.bottom());
   if (!FitsPixels && State.Smoothing == SmoothingModeNone) return false;

@@ -165,7 +165,9 @@ bool TRasterComb::FillsPixels() const {
 /// Writes the pixels that bars side by side cover in full, at once the rows that all of them share, and their ends.
 void TRasterComb::FillPixels(std::span<const TBar> Bars) {
   const TRasterRect& Box = FInk->Box;
-  const auto Column = [&](double X) { return std::clamp(static_cast<int>(std::lround(X)), Box.Left, Box.Right); };
+  const auto Column = [&](double X) {
+    return static_cast<int>(std::lround(std::clamp<double>(X, Box.Left, Box.Right)));
+  };
   const auto FirstOf = [&](const TBar& Bar) {
     return static_cast<int>(std::ceil(std::clamp<double>(Bar.Top, Box.Top, Box.Bottom)));
   };
