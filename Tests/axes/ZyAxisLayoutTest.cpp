@@ -323,6 +323,25 @@ TEST(ZyAxisLayoutTest, SolidSeriesReserveTheirDepth) {
   }
 }
 
+TEST(ZyAxisLayoutTest, TheCaptionKeepsClearOfThePowerOfTen) {
+  TSampleChart Chart;
+  Chart.Y->SetStop(250000);
+  Chart.Y->SetCaption("Caption as long as the axis");
+  Chart.Y->SetCaptionVisible(true);
+  Chart.Y->SetCaptionColor(0xFFFF0000);
+  Chart.Y->Font().SetColor(0xFF0000FF);
+  const Bitmap Picture = Chart.Paint();
+  ASSERT_EQ(Chart.Y->ExtraExponent().Caption(), "·10\\+5");
+  const float Edge =
+      static_cast<float>(Chart.Y->Left()) + Chart.Y->ExtraExponent().X - Chart.Y->ExtraExponent().Width();
+  int LastRed = -1;
+  for (int Y = 0; Y < Picture.GetHeight(); ++Y)
+    for (int X = 0; X < 100; ++X)
+      if ((Picture.GetPixel(X, Y) & 0xFFFFFF) == 0xFF0000) LastRed = std::max(LastRed, X);
+  EXPECT_GT(LastRed, 0);
+  EXPECT_LT(static_cast<float>(LastRed), Edge);
+}
+
 TEST(ZyAxisLayoutTest, CoupledGraphsShareTheWidthThatBothHave) {
   TSampleChart Chart;
   Chart.UsePlainAxes();
@@ -358,6 +377,8 @@ TEST(ZyAxisLayoutTest, CoupledGraphsShareTheWidthThatBothHave) {
     EXPECT_EQ(LineOf(*Y), 91);
     EXPECT_EQ(LineOf(*Chart.Y), 91);
     EXPECT_EQ(LineOf(*Far), 550);
+    for (const TZyGraph2D* Graph : {static_cast<TZyGraph2D*>(Chart.Graph), Lower})
+      EXPECT_EQ(Graph->HorizontalScrollBar()->Left(), std::lround(Graph->DrawingArea().X)) << "below the axis";
   }
 }
 
