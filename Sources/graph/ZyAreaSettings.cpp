@@ -15,11 +15,7 @@ ZY_PUBLISHED(
     Published<static_cast<TZyGradientSettings& (TZyAreaSettings::*)()>(&TZyAreaSettings::Gradient)>("Gradient"))
 
 TZyAreaSettings::TZyAreaSettings(ModifiedCallback WhenModified)
-    : mModifiedCallBack(WhenModified), FGradient(std::move(WhenModified)) {}
-
-void TZyAreaSettings::Modified() {
-  if (mModifiedCallBack) mModifiedCallBack();
-}
+    : TZyStyleSettings(WhenModified), FGradient(std::move(WhenModified)) {}
 
 void TZyAreaSettings::SetVisible(bool Value) {
   Change(this, FVisible, Value, _sAreaVisible, "Visible", &TZyAreaSettings::Modified);
@@ -38,7 +34,7 @@ void TZyAreaSettings::SetBackColor(TZyColor Value) {
 }
 
 void TZyAreaSettings::SetUndoStack(TZyUndoStack* Value) {
-  FUndoStack = Value;
+  TZyStyleSettings::SetUndoStack(Value);
   FGradient.SetUndoStack(Value);
 }
 

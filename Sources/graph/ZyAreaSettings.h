@@ -8,7 +8,7 @@
 namespace zy {
 
 /// How to fill an area: style and two colours; a visible gradient takes the place of both.
-class TZyAreaSettings : public TPersistent {
+class TZyAreaSettings : public TZyStyleSettings {
   ZY_CLASS(TZyAreaSettings, TPersistent)
   explicit TZyAreaSettings(ModifiedCallback WhenModified);
 
@@ -32,14 +32,9 @@ class TZyAreaSettings : public TPersistent {
 
   /// Copies all values without undo, and tells the owner once.
   void Assign(const TPersistent* Source) override;
-  TZyUndoStack* UndoStack() const { return FUndoStack; }
-  void SetUndoStack(TZyUndoStack* Value);
+  void SetUndoStack(TZyUndoStack* Value) override;
 
  private:
-  void Modified();
-
-  ModifiedCallback mModifiedCallBack;
-  TZyUndoStack* FUndoStack = nullptr;  // the owner's; it clears it here when the stack dies
   bool FVisible = false;
   TZyAreaStyle FAreaStyle = TZyAreaStyle::Total;
   TZyColor FForeColor = Colors::LightGray;

@@ -66,15 +66,9 @@ void TZyArrowSettings::Assign(const TPersistent* Source) {
   TZyLineSettings::Assign(Source);
 }
 
-TZyAxisArrowPoint::TZyAxisArrowPoint(ModifiedCallback WhenModified) : mModifiedCallBack(std::move(WhenModified)) {}
-
-void TZyAxisArrowPoint::Modified() {
-  if (mModifiedCallBack) mModifiedCallBack();
-}
-
 void TZyAxisArrowPoint::SetLength(float& Field, float Value, TZyText Label, const char* PropName) {
   if (Field == Value) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(Label), PropName);
+  if (UndoStack() != nullptr) UndoStack()->PushProperty(this, LoadResString(Label), PropName);
   Field = AtLeastMin(Value);
   Modified();
 }

@@ -38,9 +38,9 @@ class TZyArrowSettings : public TZyLineSettings {
 };
 
 /// The arrow tip at the end of an axis; measures as for TZyArrowSettings.
-class TZyAxisArrowPoint : public TPersistent {
+class TZyAxisArrowPoint : public TZyStyleSettings {
   ZY_CLASS(TZyAxisArrowPoint, TPersistent)
-  explicit TZyAxisArrowPoint(ModifiedCallback WhenModified);
+  explicit TZyAxisArrowPoint(ModifiedCallback WhenModified) : TZyStyleSettings(std::move(WhenModified)) {}
 
   bool Visible() const { return FVisible; }
   void SetVisible(bool Value);
@@ -53,15 +53,10 @@ class TZyAxisArrowPoint : public TPersistent {
 
   /// Copies all values; tells nobody.
   void Assign(const TPersistent* Source) override;
-  TZyUndoStack* UndoStack() const { return FUndoStack; }
-  void SetUndoStack(TZyUndoStack* Value) { FUndoStack = Value; }
 
  private:
-  void Modified();
   void SetLength(float& Field, float Value, TZyText Label, const char* PropName);
 
-  ModifiedCallback mModifiedCallBack;
-  TZyUndoStack* FUndoStack = nullptr;  // the owner's; it clears it here when the stack dies
   bool FVisible = false;
   float FPointLength = 7;
   float FInnerLength = 5;

@@ -28,12 +28,6 @@ float Fraction(float Value) { return Value > 0 ? std::min(Value, 1.0f) : 0.0f; }
 
 }  // namespace
 
-TZyGradientSettings::TZyGradientSettings(ModifiedCallback WhenModified) : mModifiedCallBack(std::move(WhenModified)) {}
-
-void TZyGradientSettings::Modified() {
-  if (mModifiedCallBack) mModifiedCallBack();
-}
-
 void TZyGradientSettings::SetVisible(bool Value) {
   Change(this, FVisible, Value, _sGradientVisible, "Visible", &TZyGradientSettings::Modified);
 }

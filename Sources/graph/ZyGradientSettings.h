@@ -1,29 +1,23 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 
 #include "graph/ZyColors.h"
+#include "graph/ZyStyleSettings.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Geometry.h"
 #include "platform/framework/EnumInfo.h"
-#include "platform/framework/TPersistent.h"
 
 namespace zy {
-
-class TZyUndoStack;
-
-/// What a settings object calls after a change; may be empty. Its owner gives it at construction and outlives it.
-using ModifiedCallback = std::function<void()>;
 
 /// The way of a gradient's colours: along a direction, or from a circle or an ellipse inwards to a point.
 enum class TZyGradientStyle { Linear, Radial, Elliptical };
 ZY_ENUM(TZyGradientStyle, "Linear", "Radial", "Elliptical")
 
 /// A gradient of three colours, used in place of a plain colour while it is visible.
-class TZyGradientSettings : public TPersistent {
+class TZyGradientSettings : public TZyStyleSettings {
   ZY_CLASS(TZyGradientSettings, TPersistent)
-  explicit TZyGradientSettings(ModifiedCallback WhenModified);
+  explicit TZyGradientSettings(ModifiedCallback WhenModified) : TZyStyleSettings(std::move(WhenModified)) {}
 
   bool Visible() const { return FVisible; }
   void SetVisible(bool Value);
@@ -54,14 +48,8 @@ class TZyGradientSettings : public TPersistent {
 
   /// Copies all values without undo, and tells the owner once.
   void Assign(const TPersistent* Source) override;
-  TZyUndoStack* UndoStack() const { return FUndoStack; }
-  void SetUndoStack(TZyUndoStack* Value) { FUndoStack = Value; }
 
  private:
-  void Modified();
-
-  ModifiedCallback mModifiedCallBack;
-  TZyUndoStack* FUndoStack = nullptr;  // the owner's; it clears it here when the stack dies
   bool FVisible = false;
   TZyGradientStyle FStyle = TZyGradientStyle::Linear;
   TZyColor FFirstColor = 0xFFD3D3D3;

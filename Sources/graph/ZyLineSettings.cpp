@@ -18,11 +18,7 @@ ZY_PUBLISHED(TZyLineSettings, TZySimpleLineSettings,
              Published<&TZyLineSettings::Visible, &TZyLineSettings::SetVisible>("Visible"))
 
 TZySimpleLineSettings::TZySimpleLineSettings(ModifiedCallback WhenModified)
-    : mModifiedCallBack(WhenModified), FGradient(std::move(WhenModified)) {}
-
-void TZySimpleLineSettings::Modified() {
-  if (mModifiedCallBack) mModifiedCallBack();
-}
+    : TZyStyleSettings(WhenModified), FGradient(std::move(WhenModified)) {}
 
 void TZySimpleLineSettings::SetColor(TZyColor Value) {
   Change(this, FColor, Value, _sLineColor, "Color", &TZySimpleLineSettings::Modified);
@@ -37,7 +33,7 @@ void TZySimpleLineSettings::SetWidth(float Value) {
 }
 
 void TZySimpleLineSettings::SetUndoStack(TZyUndoStack* Value) {
-  FUndoStack = Value;
+  TZyStyleSettings::SetUndoStack(Value);
   FGradient.SetUndoStack(Value);
 }
 

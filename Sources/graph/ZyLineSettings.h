@@ -8,7 +8,7 @@
 namespace zy {
 
 /// How to draw a line: colour, width in pixels, dash style; a visible gradient takes the place of the colour.
-class TZySimpleLineSettings : public TPersistent {
+class TZySimpleLineSettings : public TZyStyleSettings {
   ZY_CLASS(TZySimpleLineSettings, TPersistent)
   explicit TZySimpleLineSettings(ModifiedCallback WhenModified);
 
@@ -29,16 +29,12 @@ class TZySimpleLineSettings : public TPersistent {
 
   /// Copies colour, width, dash style and gradient without undo, and tells the owner once.
   void Assign(const TPersistent* Source) override;
-  TZyUndoStack* UndoStack() const { return FUndoStack; }
-  void SetUndoStack(TZyUndoStack* Value);
+  void SetUndoStack(TZyUndoStack* Value) override;
 
  protected:
-  void Modified();
   bool FVisible = true;
 
  private:
-  ModifiedCallback mModifiedCallBack;
-  TZyUndoStack* FUndoStack = nullptr;  // the owner's; it clears it here when the stack dies
   TZyColor FColor = Colors::Red;
   TDashStyle FDashStyle = DashStyleSolid;
   float FWidth = 1;

@@ -15,13 +15,6 @@ ZY_PUBLISHED(TZyPointSymbolSettings, TPersistent,
              Published<&TZyPointSymbolSettings::FillColor, &TZyPointSymbolSettings::SetFillColor>("FillColor"),
              Published<&TZyPointSymbolSettings::PointSymbol, &TZyPointSymbolSettings::SetPointSymbol>("PointSymbol"))
 
-TZyPointSymbolSettings::TZyPointSymbolSettings(ModifiedCallback WhenModified)
-    : mModifiedCallBack(std::move(WhenModified)) {}
-
-void TZyPointSymbolSettings::Modified() {
-  if (mModifiedCallBack) mModifiedCallBack();
-}
-
 void TZyPointSymbolSettings::SetVisible(bool Value) {
   Change(this, FVisible, Value, _sPointSymbolVisible, "Visible", &TZyPointSymbolSettings::Modified);
 }

@@ -9,9 +9,9 @@ enum class TZyPointSymbol { Dot, Cross, Ex, Star, FiveStar, Circle, Square, Diam
 ZY_ENUM(TZyPointSymbol, "Dot", "Cross", "Ex", "Star", "FiveStar", "Circle", "Square", "Diamond", "Delta", "Nabla")
 
 /// How to draw the symbols at data points; size and line width in pixels.
-class TZyPointSymbolSettings : public TPersistent {
+class TZyPointSymbolSettings : public TZyStyleSettings {
   ZY_CLASS(TZyPointSymbolSettings, TPersistent)
-  explicit TZyPointSymbolSettings(ModifiedCallback WhenModified);
+  explicit TZyPointSymbolSettings(ModifiedCallback WhenModified) : TZyStyleSettings(std::move(WhenModified)) {}
 
   bool Visible() const { return FVisible; }
   void SetVisible(bool Value);
@@ -28,14 +28,8 @@ class TZyPointSymbolSettings : public TPersistent {
 
   /// Copies all values without undo, and tells the owner once.
   void Assign(const TPersistent* Source) override;
-  TZyUndoStack* UndoStack() const { return FUndoStack; }
-  void SetUndoStack(TZyUndoStack* Value) { FUndoStack = Value; }
 
  private:
-  void Modified();
-
-  ModifiedCallback mModifiedCallBack;
-  TZyUndoStack* FUndoStack = nullptr;  // the owner's; it clears it here when the stack dies
   bool FVisible = true;
   float FSize = 11;
   float FBorderLineWidth = 1;
