@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "annotations/ZyRichCaption.h"
-#include "platform/controls/TApplication.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
 
@@ -101,10 +100,3 @@ void PaintLabels(benchmark::State& State) {
 BENCHMARK(PaintLabels)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
-
-int main(int ArgCount, char** Args) {
-  const zy::TApplication Program(ArgCount, Args);
-  benchmark::Initialize(&ArgCount, Args);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}

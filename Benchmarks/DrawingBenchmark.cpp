@@ -9,7 +9,6 @@
 #include <random>
 
 #include "graph/ZyDrawing.h"
-#include "platform/controls/TApplication.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
@@ -168,11 +167,3 @@ void LineWithHoles(benchmark::State& State) {
 BENCHMARK(LineWithHoles)->ArgName("holes")->Arg(0)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
-
-int main(int ArgCount, char** Args) {
-  const zy::TApplication Program(ArgCount, Args);
-  benchmark::Initialize(&ArgCount, Args);
-  if (benchmark::ReportUnrecognizedArguments(ArgCount, Args)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}

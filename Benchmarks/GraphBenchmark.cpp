@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "graph/ZyGraph2D.h"
-#include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
@@ -93,11 +92,3 @@ BENCHMARK_CAPTURE(PaintData, PixelsAnew, true)
     ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
-
-int main(int ArgCount, char** Args) {
-  const zy::TApplication Program(ArgCount, Args);
-  benchmark::Initialize(&ArgCount, Args);
-  if (benchmark::ReportUnrecognizedArguments(ArgCount, Args)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}

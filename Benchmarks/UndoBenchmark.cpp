@@ -3,7 +3,6 @@
 #include <benchmark/benchmark.h>
 
 #include "axes/ZyAxis.h"
-#include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
 #include "platform/framework/Reflection.h"
 #include "texts/ZyLocalize.h"
@@ -73,11 +72,3 @@ void FloatByName(benchmark::State& State) {
 BENCHMARK(FloatByName);
 
 }  // namespace
-
-int main(int ArgCount, char** Args) {
-  const zy::TApplication Program(ArgCount, Args);
-  benchmark::Initialize(&ArgCount, Args);
-  if (benchmark::ReportUnrecognizedArguments(ArgCount, Args)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}

@@ -8,9 +8,8 @@
 
 namespace zy::examples {
 
-/// A comma-separated file with a line of column names, and so many fields in each row. A field with commas
-/// stands in quotes. Line ends
-/// may be LF or CR LF, and blank lines are skipped.
+/// A comma-separated file with a line of column names, and so many fields in each row. A field with commas stands in
+/// quotes. Line ends may be LF or CR LF, and blank lines are skipped.
 ///
 /// All errors are EReadErrors that name file, line and column (of characters, both counted from 1).
 class TCsvFile {

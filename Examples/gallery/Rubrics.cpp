@@ -29,14 +29,14 @@ void zy::examples::MakeRubrics(TFrame& Page) {
   Axis.SetStopEnd(TZyAxisEnd::FirstSet);
 
   const TZyColor Tints[] = {Colors::DimGray, Colors::DarkOrange, Colors::SeaGreen};
-  const TZyColor* Tint = Tints;
+  std::size_t Count = 0;
   for (const auto& [Source, Values] : Sources) {
-    auto& Series = Chart.AddSeries<TZyPointSeries>(Graph, &Middles, *Values, *Tint);
+    const TZyColor Tint = Tints[Count++ % std::size(Tints)];
+    auto& Series = Chart.AddSeries<TZyPointSeries>(Graph, &Middles, *Values, Tint);
     Series.SetCaption(Source);
     Series.Line().SetWidth(2);
-    Series.PointSymbol().SetBorderColor(*Tint);
-    Series.PointSymbol().SetFillColor(*Tint);
+    Series.PointSymbol().SetBorderColor(Tint);
+    Series.PointSymbol().SetFillColor(Tint);
     Series.PointSymbol().SetSize(9);
-    ++Tint;
   }
 }
