@@ -1,10 +1,14 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <string>
 
 #include "platform/drawing/Bitmap.h"
+#include "platform/drawing/Graphics.h"
 
 namespace zy {
 
@@ -56,6 +60,27 @@ inline int Distance(ARGB A, ARGB B) {
   for (int Shift = 0; Shift < 32; Shift += 8)
     Result = std::max(Result, std::abs(static_cast<int>(A >> Shift & 255u) - static_cast<int>(B >> Shift & 255u)));
   return Result;
+}
+
+/// What is drawn on a transparent picture.
+inline Bitmap PictureOf(int Width, int Height, const std::function<void(Graphics&)>& Draw, float PixelRatio = 1) {
+  Bitmap Picture(Width, Height, PixelRatio);
+  Graphics Canvas(Picture);
+  Draw(Canvas);
+  return Picture;
+}
+
+/// Expects colours at places.
+struct TSpot {
+  int X, Y;
+  ARGB Color;
+};
+inline void ExpectSpots(const Bitmap& Picture, std::initializer_list<TSpot> Spots, int Tolerance = 0) {
+  for (const auto& [X, Y, Color] : Spots) {
+    const ARGB Found = Picture.GetPixel(X, Y);
+    EXPECT_LE(Distance(Found, Color), Tolerance)
+        << std::hex << Found << " instead of " << Color << std::dec << " at " << X << ", " << Y;
+  }
 }
 
 }  // namespace zy

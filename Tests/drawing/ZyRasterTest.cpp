@@ -9,7 +9,6 @@
 #include <limits>
 #include <numbers>
 #include <random>
-#include <set>
 #include <vector>
 
 #include "platform/drawing/ZySymbolStamps.h"
@@ -19,6 +18,7 @@ namespace {
 
 constexpr std::uint32_t Black = 0xFF000000;
 const TSolidPaint Ink(Black);
+constexpr float Nan = std::numeric_limits<float>::quiet_NaN(), Infinite = std::numeric_limits<float>::infinity();
 
 using TPoints = std::vector<PointF>;
 
@@ -27,8 +27,14 @@ class TCanvas {
  public:
   explicit TCanvas(int Width = 120, int Height = 90)
       : FWidth(Width), FHeight(Height), FPixels(static_cast<std::size_t>(Stride() * (Height + 2)), Untouched) {
-    for (int Y = 0; Y < Height; ++Y)
-      for (int X = 0; X < Width; ++X) At(X, Y) = 0;
+    for (int Y = 0; Y < Height; ++Y) std::fill_n(&At(0, Y), Width, 0u);
+  }
+  ~TCanvas() {
+    int Touched = 0;
+    for (int Y = -1; Y <= FHeight; ++Y)
+      for (int X = -1; X <= FWidth; ++X)
+        Touched += (X < 0 || Y < 0 || X == FWidth || Y == FHeight) && At(X, Y) != Untouched;
+    EXPECT_EQ(Touched, 0) << "pixels of the margin";
   }
   TRasterTarget Target() { return {&At(0, 0), Stride(), FWidth, FHeight}; }
   TRasterClip Clip() const { return {{0, 0, FWidth, FHeight}}; }
@@ -50,15 +56,14 @@ class TCanvas {
       for (int X = 0; X < FWidth; ++X) Result = std::max(Result, Alpha(X, Y));
     return Result;
   }
-  bool MarginIsUntouched() const {
-    const auto Stays = [this](int X, int Y) {
-      return FPixels[static_cast<std::size_t>(Y * Stride() + X)] == Untouched;
-    };
-    for (int X = 0; X < FWidth + 2; ++X)
-      if (!Stays(X, 0) || !Stays(X, FHeight + 1)) return false;
-    for (int Y = 0; Y < FHeight + 2; ++Y)
-      if (!Stays(0, Y) || !Stays(FWidth + 1, Y)) return false;
-    return true;
+  /// The first pixel whose alpha is not what Expected says of it; empty if there is none.
+  template <typename TExpected>
+  std::string Unlike(TExpected Expected, double Tolerance = 0) {
+    for (int Y = 0; Y < FHeight; ++Y)
+      for (int X = 0; X < FWidth; ++X)
+        if (const double Alpha = Expected(X, Y); !(std::abs(this->Alpha(X, Y) - Alpha) <= Tolerance))
+          return (testing::Message() << this->Alpha(X, Y) << " at " << X << ',' << Y << ", not " << Alpha).GetString();
+    return {};
   }
 
  private:
@@ -70,50 +75,31 @@ class TCanvas {
   std::vector<std::uint32_t> FPixels;
 };
 
-/// The toolkit's picture of the same.
-class TReference {
- public:
-  explicit TReference(const TCanvas& Like) : FImage(Like.Width(), Like.Height(), QImage::Format_ARGB32_Premultiplied) {
-    FImage.fill(0);
-  }
-  template <typename TDraw>
-  void Draw(TDraw Action) {
-    QPainter Painter(&FImage);
-    Painter.setRenderHint(QPainter::Antialiasing);
-    Action(Painter);
-  }
-  const QImage& Image() const { return FImage; }
-
- private:
-  QImage FImage;
-};
+/// Expects the toolkit's picture of the same. Tolerances are coverages from 0 to 1: the mean over the pixels that
+/// either covers, and at worst.
+template <typename TDraw>
+void ExpectAsTheToolkit(TCanvas& Canvas, double MeanTolerance, double WorstTolerance, TDraw Draw) {
+  QImage Theirs(Canvas.Width(), Canvas.Height(), QImage::Format_ARGB32_Premultiplied);
+  Theirs.fill(0);
+  QPainter Painter(&Theirs);
+  Painter.setRenderHint(QPainter::Antialiasing);
+  Draw(Painter);
+  Painter.end();
+  int Sum = 0, Worst = 0, Count = 0;
+  for (int Y = 0; Y < Canvas.Height(); ++Y)
+    for (int X = 0; X < Canvas.Width(); ++X) {
+      const int Alpha = qAlpha(Theirs.pixel(X, Y)), Difference = std::abs(Canvas.Alpha(X, Y) - Alpha);
+      Count += Alpha != 0 || Difference != 0;
+      Sum += Difference;
+      Worst = std::max(Worst, Difference);
+    }
+  EXPECT_LE(Sum, MeanTolerance * 255 * Count);
+  EXPECT_LE(Worst, WorstTolerance * 255);
+}
 
 QPolygonF ToQt(const TPoints& Points) {
   QPolygonF Result;
   for (const PointF& Point : Points) Result.append({Point.X, Point.Y});
-  return Result;
-}
-
-/// How far two pictures are apart, in fractions of full coverage: over the pixels that either has, and at worst.
-struct TDistance {
-  double Mean = 0;
-  double Worst = 0;
-};
-
-TDistance Compare(TCanvas& Ours, const TReference& Theirs) {
-  TDistance Result;
-  int Count = 0;
-  for (int Y = 0; Y < Ours.Height(); ++Y) {
-    for (int X = 0; X < Ours.Width(); ++X) {
-      const int A = Ours.Alpha(X, Y), B = qAlpha(Theirs.Image().pixel(X, Y));
-      if (A == 0 && B == 0) continue;
-      const double Difference = std::abs(A - B) / 255.0;
-      Result.Mean += Difference;
-      Result.Worst = std::max(Result.Worst, Difference);
-      ++Count;
-    }
-  }
-  if (Count > 0) Result.Mean /= Count;
   return Result;
 }
 
@@ -126,89 +112,80 @@ TPoints Circle(float X, float Y, float Radius, int Count, int Step = 1) {
   return Result;
 }
 
+TPoints Box(float Left, float Top, float Right, float Bottom) {
+  return {{Left, Top}, {Right, Top}, {Right, Bottom}, {Left, Bottom}};
+}
+
 TPoints Wave() {
   TPoints Result;
-  for (int Index = 0; Index <= 200; ++Index) {
-    const float X = 10 + static_cast<float>(Index) / 2;
-    Result.push_back({X, 45 + 30 * std::sin(X / 9)});
-  }
+  for (float X = 10; X <= 110; X += 0.5f) Result.push_back({X, 45 + 30 * std::sin(X / 9)});
   return Result;
 }
 
 const TPoints ZigZag = {{15.2f, 20.1f}, {40.7f, 70.3f}, {60, 25.5f}, {70.5f, 65}, {104.3f, 60.2f}};
 const TPoints Tight = {{20, 20}, {95.3f, 30.1f}, {22.2f, 40.4f}, {60, 75}, {60.5f, 50}};
-
 const TPoints WaveLine = Wave();
 const TPoints* const Lines[] = {&ZigZag, &Tight, &WaveLine};
 
 // --- beside the toolkit's picture ---
 
-struct TJoinPair {
-  TRasterJoin Ours;
-  Qt::PenJoinStyle Theirs;
-};
+using TJoinPair = std::pair<TRasterJoin, Qt::PenJoinStyle>;
 constexpr TJoinPair Joins[] = {{TRasterJoin::Miter, Qt::SvgMiterJoin},
                                {TRasterJoin::MiterCut, Qt::MiterJoin},
                                {TRasterJoin::Bevel, Qt::BevelJoin},
                                {TRasterJoin::Round, Qt::RoundJoin}};
-struct TCapPair {
-  TRasterCap Ours;
-  Qt::PenCapStyle Theirs;
-};
+using TCapPair = std::pair<TRasterCap, Qt::PenCapStyle>;
 constexpr TCapPair Caps[] = {
     {TRasterCap::Flat, Qt::FlatCap}, {TRasterCap::Square, Qt::SquareCap}, {TRasterCap::Round, Qt::RoundCap}};
 
-// Measured: 0.011 and 0.35. The worst pixels are those in which two sides of a line meet: there both rasterisers add
-// what the sides cover, and cut the outline into different pieces.
-constexpr double MeanTolerance = 0.015;
-constexpr double WorstTolerance = 0.4;
-
-TDistance StrokeDistance(const TPoints& Points, TRasterStroke Stroke, const TJoinPair& Join, const TCapPair& Cap) {
+void ExpectStrokeAsTheToolkit(const TPoints& Points, TRasterStroke Stroke, const TJoinPair& Join, const TCapPair& Cap) {
+  SCOPED_TRACE(testing::Message() << "width " << Stroke.Width << ", join " << Join.second << ", cap " << Cap.second
+                                  << ", closed " << Stroke.Closed << ", offset " << Stroke.DashOffset << ", first at "
+                                  << Points.front().X);
   TCanvas Canvas;
-  Stroke.Join = Join.Ours;
-  Stroke.StartCap = Stroke.EndCap = Stroke.DashCap = Cap.Ours;
+  Stroke.Join = Join.first;
+  Stroke.StartCap = Stroke.EndCap = Stroke.DashCap = Cap.first;
   Canvas.Raster().StrokeLines(Points, Stroke, Ink);
-  EXPECT_TRUE(Canvas.MarginIsUntouched());
-  TReference Reference(Canvas);
-  Reference.Draw([&](QPainter& Painter) {
-    QPen Pen(Qt::black, static_cast<double>(Stroke.Width), Qt::SolidLine, Cap.Theirs, Join.Theirs);
-    Pen.setMiterLimit(static_cast<double>(Stroke.MiterLimit));
-    QList<qreal> Pattern;
-    for (const float Length : Stroke.Dashes) Pattern.append(static_cast<double>(Length / Stroke.Width));
-    if (!Pattern.isEmpty()) {
-      Pen.setDashPattern(Pattern);
-      Pen.setDashOffset(static_cast<double>(Stroke.DashOffset / Stroke.Width));
-    }
-    QPainterPath Path;
-    Path.addPolygon(ToQt(Points));
-    if (Stroke.Closed) Path.closeSubpath();
-    Painter.strokePath(Path, Pen);
+  QPen Pen(Qt::black, static_cast<double>(Stroke.Width), Qt::SolidLine, Cap.second, Join.second);
+  Pen.setMiterLimit(static_cast<double>(Stroke.MiterLimit));
+  QList<qreal> Pattern;
+  for (const float Length : Stroke.Dashes) Pattern.append(static_cast<double>(Length / Stroke.Width));
+  if (!Pattern.isEmpty()) {
+    Pen.setDashPattern(Pattern);
+    Pen.setDashOffset(static_cast<double>(Stroke.DashOffset / Stroke.Width));
+  }
+  QPainterPath Path;
+  Path.addPolygon(ToQt(Points));
+  if (Stroke.Closed) Path.closeSubpath();
+  // Measured: 0.011 and 0.39. The worst pixels are those in which two sides of a line meet: there both rasterisers add
+  // what the sides cover, and cut the outline into different pieces. A gentle curve has no such place.
+  const bool IsRound = Join.first == TRasterJoin::Round, IsGentle = &Points == &WaveLine && Stroke.Width < 5;
+  const double Worst = IsRound && IsGentle && !Stroke.Closed ? 0.1 : 0.4;
+  ExpectAsTheToolkit(Canvas, IsRound ? 0.009 : 0.015, Worst, [&](QPainter& Painter) {
+    // The toolkit's round corners darken the rim of a curve, unless their overlaps are taken out before.
+    if (!IsRound) return Painter.strokePath(Path, Pen);
+    Painter.fillPath(QPainterPathStroker(Pen).createStroke(Path).simplified(), Qt::black);
   });
-  const TDistance Result = Compare(Canvas, Reference);
-  if (getenv("ZY_SHOW")) printf("%g %g\n", Result.Mean, Result.Worst);
-  return Result;
 }
 
 TEST(ZyRasterStroke, LooksAsTheToolkitDrawsIt) {
-  for (const float Width : {1.3f, 2.0f, 3.5f, 8.0f, 20.0f}) {
-    for (const TJoinPair& Join : Joins) {
-      for (const TCapPair& Cap : Caps) {
-        for (const bool Closed : {false, true}) {
-          for (const TPoints* Points : Lines) {
-            // The toolkit's round corners darken the rim of a curve: see RoundLinesCoverWhatIsNear for these.
-            if (Join.Ours == TRasterJoin::Round && Points == &WaveLine) continue;
-            const TDistance Distance =
-                StrokeDistance(*Points, {.Width = Width, .MiterLimit = 3, .Closed = Closed}, Join, Cap);
-            SCOPED_TRACE(testing::Message()
-                         << "width " << Width << ", join " << static_cast<int>(Join.Ours) << ", cap "
-                         << static_cast<int>(Cap.Ours) << ", closed " << Closed << ", first at " << Points->front().X);
-            EXPECT_LT(Distance.Mean, MeanTolerance);
-            EXPECT_LT(Distance.Worst, WorstTolerance);
+  for (const TPoints* Points : Lines)
+    for (const TCapPair& Cap : Caps) {
+      for (const float Width : {0.7f, 1.3f, 2.0f, 3.5f, 8.0f, 20.0f})
+        for (const TJoinPair& Join : Joins)
+          for (const bool Closed : {false, true}) {
+            const bool IsRound = Join.first == TRasterJoin::Round;
+            // The toolkit has no finer pens, and discs of its wide curves reach over a flat end.
+            if (!IsRound && Width < 1) continue;
+            if (IsRound && Width > 8 && Cap.first == TRasterCap::Flat && Points == &WaveLine) continue;
+            ExpectStrokeAsTheToolkit(
+                *Points, {.Width = Width, .ExactWidth = Width < 1, .MiterLimit = 3, .Closed = Closed}, Join, Cap);
           }
-        }
-      }
+      const float Pattern[] = {9, 5, 3.5f, 6};
+      for (const float Width : {1.3f, 2.0f, 4.0f})
+        for (const float Offset : {0.0f, 4.0f, 12.5f, 50.0f})
+          ExpectStrokeAsTheToolkit(*Points, {.Width = Width, .Dashes = Pattern, .DashOffset = Offset}, Joins[2], Cap);
     }
-  }
 }
 
 /// Lines with a start and stop anywhere, some far outside, others within a pixel.
@@ -228,90 +205,15 @@ TPoints AnyLine(std::mt19937& Random) {
 TEST(ZyRasterThin, LooksAsTheToolkitDrawsIt) {
   std::mt19937 Random(1);
   for (int Round = 0; Round < 300; ++Round) {
+    SCOPED_TRACE(Round);
     const TPoints Points = Round < 3 ? *Lines[Round] : AnyLine(Random);
     const std::uint32_t Color = Round % 4 == 3 ? 0x90000000 : Black;
     TCanvas Canvas;
     Canvas.Raster().ThinLine(Points, 1, TRasterCap::Flat, Color);
-    EXPECT_TRUE(Canvas.MarginIsUntouched());
-    TReference Reference(Canvas);
-    Reference.Draw([&](QPainter& Painter) {
+    ExpectAsTheToolkit(Canvas, 0.015, 0.2, [&](QPainter& Painter) {
       Painter.setPen(QPen(QColor::fromRgba(Color), 1, Qt::SolidLine, Qt::FlatCap));
       Painter.drawPolyline(ToQt(Points));
     });
-    const TDistance Distance = Compare(Canvas, Reference);
-    EXPECT_LT(Distance.Mean, 0.015) << Round;
-    EXPECT_LT(Distance.Worst, 0.2) << Round;
-  }
-}
-
-TEST(ZyRasterStroke, DashesLookAsTheToolkitDrawsThem) {
-  const float Pattern[] = {9, 5, 3.5f, 6};
-  for (const float Width : {1.3f, 2.0f, 4.0f}) {
-    for (const TCapPair& Cap : Caps) {
-      for (const float Offset : {0.0f, 4.0f, 12.5f, 50.0f}) {
-        for (const TPoints* Points : Lines) {
-          const TDistance Distance =
-              StrokeDistance(*Points, {.Width = Width, .Dashes = Pattern, .DashOffset = Offset}, Joins[2], Cap);
-          SCOPED_TRACE(testing::Message() << "width " << Width << ", cap " << static_cast<int>(Cap.Ours) << ", offset "
-                                          << Offset << ", first at " << Points->front().X);
-          EXPECT_LT(Distance.Mean, MeanTolerance);
-          EXPECT_LT(Distance.Worst, WorstTolerance);
-        }
-      }
-    }
-  }
-}
-
-/// Covered part of each pixel by what is nearer than Radius to the line: counted at 16 x 16 places.
-double NearPart(const TPoints& Points, float Radius, int X, int Y) {
-  const auto Distance = [&](float Px, float Py) {
-    float Least = std::numeric_limits<float>::max();
-    for (std::size_t Index = 1; Index < Points.size(); ++Index) {
-      const PointF &A = Points[Index - 1], &B = Points[Index];
-      const float Dx = B.X - A.X, Dy = B.Y - A.Y;
-      const float Part = std::clamp(((Px - A.X) * Dx + (Py - A.Y) * Dy) / (Dx * Dx + Dy * Dy), 0.0f, 1.0f);
-      Least = std::min(Least, std::hypot(Px - A.X - Part * Dx, Py - A.Y - Part * Dy));
-    }
-    return Least;
-  };
-  const float Middle = Distance(static_cast<float>(X) + 0.5f, static_cast<float>(Y) + 0.5f);
-  if (std::abs(Middle - Radius) > 0.75f) return Middle < Radius;  // all of the pixel is on one side
-  int Hits = 0;
-  for (int Row = 0; Row < 16; ++Row)
-    for (int Column = 0; Column < 16; ++Column)
-      Hits += Distance(static_cast<float>(X) + (static_cast<float>(Column) + 0.5f) / 16,
-                       static_cast<float>(Y) + (static_cast<float>(Row) + 0.5f) / 16) <= Radius;
-  return Hits / 256.0;
-}
-
-TEST(ZyRasterStroke, RoundLinesCoverWhatIsNear) {
-  for (const float Width : {0.7f, 1.0f, 1.3f, 3.5f, 8.0f, 20.0f}) {
-    for (const TPoints* Points : Lines) {
-      TCanvas Canvas;
-      Canvas.Raster().StrokeLines(*Points,
-                                  {.Width = Width,
-                                   .ExactWidth = true,
-                                   .Join = TRasterJoin::Round,
-                                   .StartCap = TRasterCap::Round,
-                                   .EndCap = TRasterCap::Round},
-                                  Ink);
-      double Sum = 0, Worst = 0;
-      int Count = 0;
-      for (int Y = 0; Y < Canvas.Height(); ++Y) {
-        for (int X = 0; X < Canvas.Width(); ++X) {
-          const double Part = NearPart(*Points, Width / 2, X, Y);
-          if (Part == 0 && Canvas.Alpha(X, Y) == 0) continue;
-          const double Error = std::abs(Canvas.Alpha(X, Y) / 255.0 - Part);
-          Sum += Error;
-          Worst = std::max(Worst, Error);
-          ++Count;
-        }
-      }
-      EXPECT_LT(Sum / Count, 0.008) << Width;
-      // Where two sides meet in a pixel, what they cover is added; a gentle curve has no such place.
-      const bool IsGentle = Points == &WaveLine && Width < 5;
-      EXPECT_LT(Worst, IsGentle ? 0.03 : WorstTolerance) << Width;
-    }
   }
 }
 
@@ -322,224 +224,127 @@ TEST(ZyRasterFill, LooksAsTheToolkitDrawsIt) {
       {Circle(60, 45, 40, 60), Circle(55, 45, 20, 7)},
       {Circle(60, 45, 40, 60), Circle(55, 45, 20, 7, -1)},  // the other way
       {Circle(30, 45, 70, 9, 4)}};                          // beyond the picture
-  for (const std::vector<TPoints>& Shape : Shapes) {
-    for (const bool Winding : {false, true}) {
+  for (const std::vector<TPoints>& Shape : Shapes)
+    for (const bool Winding : {false, true})
       for (const bool Smooth : {false, true}) {
+        SCOPED_TRACE(testing::Message() << &Shape - Shapes.data() << Winding << Smooth);
         TCanvas Canvas;
         QPainterPath Path;
         Path.setFillRule(Winding ? Qt::WindingFill : Qt::OddEvenFill);
-        std::vector<std::span<const PointF>> Parts;
+        std::vector<std::span<const PointF>> Parts(Shape.begin(), Shape.end());
         for (const TPoints& Part : Shape) {
-          Parts.emplace_back(Part);
           Path.addPolygon(ToQt(Part));
           Path.closeSubpath();
         }
         Canvas.Raster().FillPolygons(Parts, Winding, Ink, Smooth);
-        EXPECT_TRUE(Canvas.MarginIsUntouched());
-        TReference Reference(Canvas);
-        Reference.Draw([&](QPainter& Painter) {
+        ExpectAsTheToolkit(Canvas, 0.004, Smooth ? 0.1 : 1.1, [&](QPainter& Painter) {
           Painter.setRenderHint(QPainter::Antialiasing, Smooth);
           Painter.fillPath(Path, Qt::black);
         });
-        const TDistance Distance = Compare(Canvas, Reference);
-        if (getenv("ZY_SHOW")) printf("fill %d %d %g %g\n", Winding, Smooth, Distance.Mean, Distance.Worst);
-        EXPECT_LT(Distance.Mean, 0.004) << Winding << Smooth;
-        if (Smooth) {
-          EXPECT_LT(Distance.Worst, 0.1) << Winding;
-        }
       }
-    }
-  }
 }
 
 // --- by hand ---
 
-double Overlap(double Low, double High, int Pixel) {
-  return std::max(0.0, std::min(High, Pixel + 1.0) - std::max(Low, static_cast<double>(Pixel)));
-}
-
-/// Checks the picture of an upright rectangle, whose pixels are covered by the product of what they share each way.
-void ExpectRectangle(TCanvas& Canvas, double Left, double Top, double Right, double Bottom, double Alpha = 255) {
-  for (int Y = 0; Y < Canvas.Height(); ++Y)
-    for (int X = 0; X < Canvas.Width(); ++X)
-      ASSERT_NEAR(Canvas.Alpha(X, Y), Alpha * Overlap(Left, Right, X) * Overlap(Top, Bottom, Y), 0.51) << X << ',' << Y;
+/// An upright rectangle, whose pixels are covered by the product of what they share each way.
+auto Rectangle(double Left, double Top, double Right, double Bottom, double Alpha = 255) {
+  const auto Overlap = [](double Low, double High, int Pixel) {
+    return std::max(0.0, std::min(High, Pixel + 1.0) - std::max(Low, static_cast<double>(Pixel)));
+  };
+  return [=](int X, int Y) { return Alpha * Overlap(Left, Right, X) * Overlap(Top, Bottom, Y); };
 }
 
 TEST(ZyRasterFill, UprightRectanglesAreExact) {
   struct TBox {
     float Left, Top, Right, Bottom;
   };
-  const TBox Boxes[] = {{10.25f, 5.75f, 20.5f, 9.125f}, {3.25f, 4.5f, 3.5f, 4.75f},   {0, 0, 120, 90},
-                        {-7.5f, -3, 4.5f, 95.5f},       {100.5f, 80.25f, 1e6f, 1e6f}, {-1e9f, 30.5f, 1e9f, 31.75f}};
-  for (const TBox& Box : Boxes) {
-    for (const bool Winding : {false, true}) {
-      TCanvas Canvas;
-      const TPoints Points = {
-          {Box.Left, Box.Top}, {Box.Left, Box.Bottom}, {Box.Right, Box.Bottom}, {Box.Right, Box.Top}};
-      Canvas.Raster().FillPolygon(Points, Winding, Ink);
-      ExpectRectangle(Canvas, Box.Left, Box.Top, Box.Right, Box.Bottom);
-      EXPECT_TRUE(Canvas.MarginIsUntouched());
-    }
+  for (const auto& [Left, Top, Right, Bottom] : {TBox{10.25f, 5.75f, 20.5f, 9.125f},
+                                                 {3.25f, 4.5f, 3.5f, 4.75f},
+                                                 {7.5f, 3.125f, 7.75f, 63.125f},
+                                                 {0, 0, 120, 90},
+                                                 {-7.5f, -3, 4.5f, 95.5f},
+                                                 {100.5f, 80.25f, 1e6f, 1e6f},
+                                                 {-1e9f, 30.5f, 1e9f, 31.75f}}) {
+    TCanvas Filled, Wound, Boxed;
+    Filled.Raster().FillPolygon(Box(Left, Top, Right, Bottom), false, Ink);
+    Wound.Raster().FillPolygon(Box(Left, Bottom, Right, Top), true, Ink);
+    Boxed.Raster().FillBox(Left, Top, Right, Bottom, 0xC0FF8000);
+    EXPECT_EQ(Filled.Unlike(Rectangle(Left, Top, Right, Bottom), 0.51), "") << Left;
+    EXPECT_EQ(Wound.Unlike(Rectangle(Left, Top, Right, Bottom), 0.51), "") << Left;
+    EXPECT_EQ(Boxed.Unlike(Rectangle(Left, Top, Right, Bottom, 0xC0), 1), "") << Left;
   }
   // An upright line is a rectangle too; a square cap adds half a width.
   TCanvas Canvas;
   Canvas.Raster().StrokeLines(TPoints{{10.5f, 40.25f}, {60.25f, 40.25f}}, {.Width = 2.5f, .EndCap = TRasterCap::Square},
                               TSolidPaint(0x80000000));
-  ExpectRectangle(Canvas, 10.5, 39, 61.5, 41.5, 128);
+  EXPECT_EQ(Canvas.Unlike(Rectangle(10.5, 39, 61.5, 41.5, 128), 0.51), "");
 }
 
 TEST(ZyRasterFill, CoverageAddsUpToTheArea) {
   std::mt19937 Random(3);
   std::uniform_real_distribution<float> X(0, 120), Y(0, 90);
   for (int Round = 0; Round < 200; ++Round) {
-    const TPoints Corners = {{X(Random), Y(Random)}, {X(Random), Y(Random)}, {X(Random), Y(Random)}};
-    const double Area = std::abs(static_cast<double>(Corners[1].X - Corners[0].X) * (Corners[2].Y - Corners[0].Y) -
-                                 static_cast<double>(Corners[2].X - Corners[0].X) * (Corners[1].Y - Corners[0].Y)) /
-                        2;
+    const PointF A{X(Random), Y(Random)}, B{X(Random), Y(Random)}, C{X(Random), Y(Random)};
+    const double Doubled = static_cast<double>(B.X - A.X) * (C.Y - A.Y) - static_cast<double>(C.X - A.X) * (B.Y - A.Y);
     TCanvas Canvas;
-    Canvas.Raster().FillPolygon(Corners, Round % 2 == 0, Ink);
-    EXPECT_NEAR(Canvas.Area(), Area, 0.1) << Round;
-  }
-}
-
-TEST(ZyRasterStroke, TranslucentLinesAreEven) {
-  std::mt19937 Random(4);
-  std::uniform_real_distribution<float> Y(5, 85);
-  TPoints Noise;
-  for (int Index = 0; Index < 400; ++Index) Noise.push_back({static_cast<float>(Index) * 0.3f, Y(Random)});
-  for (const TRasterJoin Join : {TRasterJoin::Miter, TRasterJoin::MiterCut, TRasterJoin::Bevel, TRasterJoin::Round}) {
-    TCanvas Canvas;
-    Canvas.Raster().StrokeLines(Noise, {.Width = 3, .Join = Join}, TSolidPaint(0x60FF0000));
-    EXPECT_EQ(Canvas.Most(), 0x60);
-    EXPECT_EQ(Canvas.At(60, 45), 0x60600000u);  // well within the noise: covered hundreds of times
+    Canvas.Raster().FillPolygon(TPoints{A, B, C}, Round % 2 == 0, Ink);
+    EXPECT_NEAR(Canvas.Area(), std::abs(Doubled) / 2, 0.1) << Round;
   }
 }
 
 TEST(ZyRasterStroke, ALineMayRunOverItselfAnyNumberOfTimes) {
-  for (const std::size_t Count : {std::size_t{4}, std::size_t{32768}, std::size_t{65537}, std::size_t{300'000}}) {
-    TPoints Points(Count);
-    for (std::size_t Index = 0; Index < Count; ++Index) Points[Index] = {50, Index % 2 == 0 ? 10.0f : 80.0f};
-    for (const TRasterJoin Join : {TRasterJoin::Miter, TRasterJoin::Round}) {
+  for (const int Count : {4, 400, 32768, 65537, 300'000}) {
+    TPoints Points;
+    for (int Index = 0; Index < Count; ++Index) Points.push_back({50, Index % 2 == 0 ? 10.0f : 80.0f});
+    for (const TJoinPair& Join : Joins) {
       TCanvas Canvas;
-      Canvas.Raster().StrokeLines(Points, {.Width = 2, .Join = Join, .MiterLimit = 2}, Ink);
+      Canvas.Raster().StrokeLines(Points, {.Width = 2, .Join = Join.first, .MiterLimit = 2}, TSolidPaint(0x60FF0000));
       for (int Y = 12; Y < 78; ++Y)
-        for (const int X : {48, 49, 50, 51}) ASSERT_EQ(Canvas.Alpha(X, Y), X == 49 || X == 50 ? 255 : 0) << Count;
+        for (const int X : {48, 49, 50, 51}) ASSERT_EQ(Canvas.At(X, Y), X == 49 || X == 50 ? 0x60600000u : 0) << Count;
     }
   }
 }
 
 // On each column a bar, and two points on the way to the next that mostly lie within both bars. Each bar is covered
-// wholly, and nothing but the ways that leave the bars shows beside them.
+// wholly, and nothing shows where neither a bar nor a way between two is, drawn by itself. Opaque bars go straight into
+// the picture, others by their coverage.
 TEST(ZyRasterStroke, DenseLinesFillTheirColumns) {
   std::mt19937 Random(6);
-  const auto Between = [&Random](float Low, float High) {
-    return std::uniform_real_distribution<float>(Low, High)(Random);
-  };
-  for (const float Step : {1.0f, 2.0f, -1.0f, 0.7f})
-    for (const int Width : {1, 2, 3}) {
-      struct TColumn {
-        float X, Top, Bottom;
-        bool Leaves;  // the way to the next bar leaves one of the two
-      };
-      std::vector<TColumn> Columns;
-      TPoints Line;
-      float X = Step > 0 ? 10.5f : 109.5f;
-      for (; X > 10 && X < 110; X += Step) {
-        const bool Leaves = Random() % 8 == 0;
-        const float Ends[] = {Between(15, 30), Between(60, 75)};
-        const bool Down = Random() % 2 == 0;
-        Line.push_back({X - Step * 0.3f, Between(40, 50)});
-        Line.push_back({X, Ends[Down ? 0 : 1]});
-        Line.push_back({X, Ends[Down ? 1 : 0]});
-        Line.push_back({X + Step * 0.3f, Leaves ? 5.0f : Between(40, 50)});
-        Columns.push_back({X, Ends[0], Ends[1], Leaves});
-      }
-      ASSERT_TRUE(FillsColumns(Line, static_cast<float>(Width)));
-      TCanvas Canvas;
-      Canvas.Raster().StrokeLines(Line, {.Width = static_cast<float>(Width), .Join = TRasterJoin::Bevel}, Ink);
-      EXPECT_TRUE(Canvas.MarginIsUntouched());
-      std::vector<float> Highest(120, 90), Lowest(120, 0);
-      std::vector<bool> MayShowMore(120);
-      const float Half = static_cast<float>(Width) / 2;
-      for (const TColumn& Column : Columns) {
-        for (int Y = static_cast<int>(Column.Top) + 2; Y < static_cast<int>(Column.Bottom) - 1; ++Y)
-          for (auto Pixel = std::ceil(Column.X - Half); Pixel + 1 <= Column.X + Half; ++Pixel)
-            ASSERT_EQ(Canvas.Alpha(static_cast<int>(Pixel), Y), 255) << Step << ' ' << Width << ' ' << Column.X;
-        const float Reach = Half + std::fabs(Step) * 0.3f + (Column.Leaves ? 2.0f : 1.0f);
-        for (auto Pixel = static_cast<int>(Column.X - Reach); Pixel <= static_cast<int>(Column.X + Reach); ++Pixel) {
-          const auto At = static_cast<std::size_t>(Pixel);
-          Highest[At] = std::min(Highest[At], Column.Top);
-          Lowest[At] = std::max(Lowest[At], Column.Bottom);
-          MayShowMore[At] = MayShowMore[At] || Column.Leaves;
+  const auto Between = [&](float Low, float High) { return std::uniform_real_distribution<float>(Low, High)(Random); };
+  for (const unsigned Leaving : {0, 2, 8})
+    for (const auto& [First, Step] : {PointF{-2.5f, 1}, {-2, 1}, {-2.5f, 2}, {122.5f, -1}, {-2.5f, 0.7f}})
+      for (const float Width : {1.0f, 2.0f, 3.0f, 4.0f}) {
+        SCOPED_TRACE(testing::Message() << Leaving << ' ' << First << ' ' << Step << ' ' << Width);
+        const TRasterStroke Stroke{.Width = Width, .Join = TRasterJoin::Bevel};
+        TCanvas Opaque, Nearly, Bars, Pieces;
+        TPoints Line;
+        for (float X = First; X > -3 && X < 123; X += Step) {
+          const float Top = Between(-9, 40), Bottom = Between(50, 99), Start = Between(42, 48);
+          const bool Down = Random() % 2 == 0, Leaves = Leaving != 0 && Random() % Leaving == 0;
+          Line.insert(Line.end(), {{X - Step * 0.3f, Start},
+                                   {X, Down ? Top : Bottom},
+                                   {X, Down ? Bottom : Top},
+                                   {X + Step * 0.3f, Leaves ? Between(-15, 30) : Between(42, 48)}});
+          Bars.Raster().FillBox(std::ceil(X - Width / 2), std::ceil(Top), std::floor(X + Width / 2), std::floor(Bottom),
+                                Black);
         }
-      }
-      for (int Pixel = 0; Pixel < 120; ++Pixel)
-        for (int Y = 0; Y < 90; ++Y) {
-          const auto At = static_cast<std::size_t>(Pixel);
-          const auto Row = static_cast<float>(Y);
-          if (MayShowMore[At] || (Row >= Highest[At] - 2 && Row <= Lowest[At] + 1)) continue;
-          ASSERT_EQ(Canvas.Alpha(Pixel, Y), 0) << Step << ' ' << Width << ' ' << Pixel << ' ' << Y;
+        ASSERT_TRUE(FillsColumns(Line, Width));
+        Opaque.Raster().StrokeLines(Line, Stroke, TSolidPaint(0xFF00FF00));
+        Nearly.Raster().StrokeLines(Line, Stroke, TSolidPaint(0xFE00FF00));
+        for (std::size_t Index = 2; Index < Line.size(); ++Index)
+          Pieces.Raster().StrokeLines(std::span(Line).subspan(Index - 2, 3), Stroke, Ink);
+        for (TCanvas* Canvas : {&Opaque, &Nearly}) {
+          const auto Expected = [&](int X, int Y) {
+            return Bars.Alpha(X, Y) == 255 ? 255 : Pieces.Alpha(X, Y) == 0 ? 0 : Canvas->Alpha(X, Y);
+          };
+          EXPECT_EQ(Canvas->Unlike(Expected, 2), "");
         }
-    }
-}
-
-// Opaque bars go straight into the picture, others by their coverage. Ways that leave the bars are drawn by the model
-// of thin lines in the one case, and may differ a little.
-TEST(ZyRasterStroke, OpaqueBarsCoverWhatOthersCover) {
-  std::mt19937 Random(8);
-  std::uniform_real_distribution<float> Top(-9, 40), Bottom(50, 99), Inside(42, 48);
-  for (const bool Leaves : {false, true})
-    for (const int Width : {1, 2, 4}) {
-      TPoints Line;
-      for (float X = -2.5f + static_cast<float>(Width % 2) / 2; X < 123; ++X) {
-        Line.push_back({X - 0.3f, Leaves ? Top(Random) : Inside(Random)});
-        Line.push_back({X, Top(Random)});
-        Line.push_back({X, Bottom(Random)});
-        Line.push_back({X + 0.3f, Inside(Random)});
+        if (std::fabs(Step) > Width) continue;  // ways between are drawn by two models
+        EXPECT_NEAR(Opaque.Area(), Nearly.Area() * 255 / 254, 0.02 * Nearly.Area());
+        // Of wide bars that overlap, two ends in one pixel add up in one way or the other.
+        if (Leaving != 0 || Width > 1) continue;
+        EXPECT_EQ(Opaque.Unlike([&](int X, int Y) { return Nearly.Alpha(X, Y); }, 3), "");
       }
-      TCanvas Opaque, Nearly;
-      const TRasterStroke Stroke{.Width = static_cast<float>(Width), .Join = TRasterJoin::Bevel};
-      Opaque.Raster().StrokeLines(Line, Stroke, TSolidPaint(0xFF00FF00));
-      Nearly.Raster().StrokeLines(Line, Stroke, TSolidPaint(0xFE00FF00));
-      EXPECT_TRUE(Opaque.MarginIsUntouched());
-      EXPECT_NEAR(Opaque.Area(), Nearly.Area() * 255 / 254, 0.02 * Nearly.Area()) << Width;
-      // Of wide bars that overlap, two ends in one pixel add up in one way or the other.
-      for (int Y = 0; !Leaves && Width == 1 && Y < Opaque.Height(); ++Y)
-        for (int X = 0; X < Opaque.Width(); ++X)
-          ASSERT_NEAR(Opaque.Alpha(X, Y), Nearly.Alpha(X, Y), 3) << X << ' ' << Y;
-    }
-}
-
-TEST(ZyRasterStroke, BarsBeyondAllIntegersShowNowhere) {
-  TPoints Line = {{100, -400}};
-  for (int i = 0; i < 64; ++i) {  // 512 apart, the spacing of floats there
-    const float X = 4294967296.0f + 512.0f * static_cast<float>(i);
-    Line.push_back({X, i % 2 == 0 ? -400.0f : 1000.0f});
-    Line.push_back({X, i % 2 == 0 ? 1000.0f : -400.0f});
-  }
-  TCanvas Canvas;
-  Canvas.Raster().StrokeLines(Line, {.Width = 512, .Join = TRasterJoin::Bevel}, Ink);
-  EXPECT_EQ(Canvas.Most(), 0);
-}
-
-TEST(ZyRasterStroke, BoxesCoverTheirArea) {
-  for (const RectF Box :
-       {RectF{10, 20, 30, 5}, {10.25f, 20.5f, 30.5f, 0.25f}, {7.5f, 3.125f, 0.25f, 60}, {-5, -5, 200, 200}}) {
-    TCanvas Boxed, Filled;
-    const float Right = Box.X + Box.Width, Bottom = Box.Y + Box.Height;
-    Boxed.Raster().FillBox(Box.X, Box.Y, Right, Bottom, 0xC0FF8000);
-    Filled.Raster().FillPolygon(TPoints{{Box.X, Box.Y}, {Right, Box.Y}, {Right, Bottom}, {Box.X, Bottom}}, true,
-                                TSolidPaint(0xC0FF8000));
-    EXPECT_TRUE(Boxed.MarginIsUntouched());
-    for (int Y = 0; Y < Boxed.Height(); ++Y)
-      for (int X = 0; X < Boxed.Width(); ++X) ASSERT_NEAR(Boxed.Alpha(X, Y), Filled.Alpha(X, Y), 1) << X << ' ' << Y;
-  }
-  TCanvas Canvas;
-  const double Nan = std::numeric_limits<double>::quiet_NaN();
-  Canvas.Raster().FillBox(Nan, 0, 5, 5, 0xFF000000);
-  Canvas.Raster().FillBox(0, 5, 5, Nan, 0xFF000000);
-  Canvas.Raster().FillBox(1e300, -1e300, 1e301, 1e300, 0xFF000000);
-  EXPECT_EQ(Canvas.Most(), 0);
 }
 
 TEST(ZyRasterStroke, ThinLinesPaleByTheirWidth) {
@@ -553,22 +358,19 @@ TEST(ZyRasterStroke, ThinLinesPaleByTheirWidth) {
   }
   TCanvas Canvas;
   Canvas.Raster().StrokeLines(TPoints{{10, 20.5f}, {20, 20.5f}}, {.Width = 0.25f}, Ink);
-  ExpectRectangle(Canvas, 10, 20, 20, 21, 64);
+  EXPECT_EQ(Canvas.Unlike(Rectangle(10, 20, 20, 21, 64), 0.51), "");
 }
 
 TEST(ZyRasterStroke, DashesCloseUp) {
   // Once around is 120 pixels, and the pattern starts and ends within a dash about the first corner.
   const float Pattern[] = {20, 10};
   TCanvas Canvas;
-  Canvas.Raster().StrokeLines(TPoints{{20, 20}, {60, 20}, {60, 40}, {20, 40}},
-                              {.Width = 4, .Dashes = Pattern, .DashOffset = 10, .Closed = true}, Ink);
+  Canvas.Raster().StrokeLines(Box(20, 20, 60, 40), {.Width = 4, .Dashes = Pattern, .DashOffset = 10, .Closed = true},
+                              Ink);
   EXPECT_EQ(Canvas.Alpha(18, 18), 255);  // joined: neither end of the line covers this one
-  const auto RowText = [&](int Y, int From, int To) {
-    std::string Text;
-    for (int X = From; X < To; X += 2) Text += Canvas.Alpha(X, Y) == 255 ? '#' : Canvas.Alpha(X, Y) == 0 ? '.' : '+';
-    return Text;
-  };
-  EXPECT_EQ(RowText(20, 16, 64), ".######.....##########..");  // up to 30, and from 40 to 60
+  std::string Row;
+  for (int X = 16; X < 64; X += 2) Row += Canvas.Alpha(X, 20) == 255 ? '#' : Canvas.Alpha(X, 20) == 0 ? '.' : '+';
+  EXPECT_EQ(Row, ".######.....##########..");  // up to 30, and from 40 to 60
 }
 
 // --- clips and paints ---
@@ -580,27 +382,22 @@ TEST(ZyRaster, ClipsToBoxAndMask) {
     const float Pattern[] = {5, 3};
     Raster.StrokeLines(Tight, {.Width = 2, .Dashes = Pattern}, Ink);
   };
-  TCanvas Whole;
+  TCanvas Whole, Half;
   Draw(Whole.Raster());
-  const TRasterRect Box{33, 21, 78, 60};
-  std::vector<std::uint8_t> Mask(static_cast<std::size_t>(Whole.Width() * Whole.Height()));
+  std::vector<std::uint8_t> Mask(120 * 90);
   for (std::size_t Index = 0; Index < Mask.size(); ++Index) Mask[Index] = Index % 3 == 0 ? 255 : 0;
   for (const bool Masked : {false, true}) {
     TCanvas Part;
-    Draw({Part.Target(), {Box, Masked ? Mask.data() : nullptr, Part.Width()}});
-    for (int Y = 0; Y < Part.Height(); ++Y) {
-      for (int X = 0; X < Part.Width(); ++X) {
-        const bool Inside = X >= Box.Left && X < Box.Right && Y >= Box.Top && Y < Box.Bottom &&
-                            (!Masked || (Y * Part.Width() + X) % 3 == 0);
-        ASSERT_NEAR(Part.Alpha(X, Y), Inside ? Whole.Alpha(X, Y) : 0, 2) << X << ',' << Y;
-      }
-    }
+    Draw({Part.Target(), {{33, 21, 78, 60}, Masked ? Mask.data() : nullptr, 120}});
+    const auto Expected = [&](int X, int Y) {
+      const bool IsInside = X >= 33 && X < 78 && Y >= 21 && Y < 60 && (!Masked || (Y * 120 + X) % 3 == 0);
+      return IsInside ? Whole.Alpha(X, Y) : 0;
+    };
+    EXPECT_EQ(Part.Unlike(Expected, 2), "") << Masked;
   }
-  TCanvas Half;
   std::fill(Mask.begin(), Mask.end(), std::uint8_t{128});
-  TZyRaster(Half.Target(), {{0, 0, 999, 999}, Mask.data(), Half.Width()})
-      .FillPolygon(TPoints{{10, 10}, {20, 10}, {20, 20}, {10, 20}}, true, Ink);
-  ExpectRectangle(Half, 10, 10, 20, 20, 128);
+  TZyRaster(Half.Target(), {{0, 0, 999, 999}, Mask.data(), 120}).FillPolygon(Box(10, 10, 20, 20), true, Ink);
+  EXPECT_EQ(Half.Unlike(Rectangle(10, 10, 20, 20, 128), 0.51), "");
 }
 
 /// Every pixel has a colour of its own.
@@ -612,84 +409,95 @@ class TPlacePaint : public TRasterPaint {
   }
 };
 
-TEST(ZyRaster, FetchesThePaintOfEachPixel) {
+TEST(ZyRaster, BlendsThePaintOfEachPixel) {
   TCanvas Canvas;
-  Canvas.Raster().FillPolygon(TPoints{{7, 5}, {101, 5}, {101, 80}, {7, 80}}, true, TPlacePaint());
+  Canvas.Raster().FillPolygon(Box(7, 5, 101, 80), true, TPlacePaint());
   for (int Y = 5; Y < 80; ++Y)
     for (int X = 7; X < 101; ++X) ASSERT_EQ(Canvas.At(X, Y), TPlacePaint::ColorAt(X, Y));
   EXPECT_EQ(Canvas.Area(), 94 * 75);
+  Canvas.At(4, 4) = 0xFF0000FF;
+  Canvas.Raster().FillPolygon(Box(4, 4, 5, 5), true, TSolidPaint(0x80FF0000));
+  EXPECT_EQ(Canvas.At(4, 4), 0xFF80007Fu);  // 128 of red, and 127 / 255 of the blue
 }
 
-TEST(ZyRaster, BlendsAsPremultipliedSourceOver) {
+TEST(ZyRaster, EdgesThatEndAtTheBorderLeaveNothingBehind) {
   TCanvas Canvas;
-  Canvas.At(4, 4) = 0xFF0000FF;
-  Canvas.Raster().FillPolygon(TPoints{{4, 4}, {5, 4}, {5, 5}, {4, 5}}, true, TSolidPaint(0x80FF0000));
-  EXPECT_EQ(Canvas.At(4, 4), 0xFF80007Fu);  // 128 of red, and 127 / 255 of the blue
+  for (int Row = 1; Row < 80; ++Row) {
+    const float End = std::nextafter(static_cast<float>(Row), 0.0f);  // a flat edge that ends just above a whole row
+    Canvas.Raster().FillPolygon(TPoints{{110, 0}, {0, End}, {0, 0}}, false, TSolidPaint(0));
+    Canvas.Raster().FillPolygon(Box(100, 80, 110, 85), false, Ink);
+  }
+  EXPECT_NEAR(Canvas.Area(), 50, 1e-6) << "the second shape alone";
 }
 
 // --- hostile input ---
 
 TEST(ZyRasterHostile, FarPointsKeepTheVisiblePart) {
   for (const float Far : {1e4f, 1e9f, 1e12f, 1e20f, 3e38f}) {
-    TCanvas Level;
+    TCanvas Level, Slanted, Full, Beside;
     Level.Raster().StrokeLines(TPoints{{-Far, 45}, {Far, 45}}, {.Width = 3}, Ink);
-    if (Far <= 1e12f) ExpectRectangle(Level, 0, 43.5, 120, 46.5);
-    TCanvas Slanted;
     Slanted.Raster().StrokeLines(TPoints{{-Far, -Far}, {Far, Far}, {Far, 0}, {Far, -Far}}, {.Width = 4}, Ink);
-    for (int Place = 4; Place < 86 && Far <= 1e12f; ++Place) {
-      EXPECT_EQ(Slanted.Alpha(Place, Place), 255) << Far;
-      EXPECT_EQ(Slanted.Alpha(Place + 4, Place), 0) << Far;
+    if (Far <= 1e12f) {
+      EXPECT_EQ(Level.Unlike(Rectangle(0, 43.5, 120, 46.5), 0.51), "") << Far;
+      for (int Place = 4; Place < 86; ++Place) {
+        EXPECT_EQ(Slanted.Alpha(Place, Place), 255) << Far;
+        EXPECT_EQ(Slanted.Alpha(Place + 4, Place), 0) << Far;
+      }
     }
-    TCanvas Full;
-    Full.Raster().FillPolygon(TPoints{{-Far, -Far}, {Far, -Far}, {Far, Far}, {-Far, Far}}, false, Ink);
-    ExpectRectangle(Full, 0, 0, 120, 90);
-    TCanvas Beside;
-    for (const PointF& Way : {PointF{1, 0}, {-1, 0}, {0, 1}, {0, -1}}) {
-      const float X = Way.X * Far, Y = Way.Y * Far;
+    Full.Raster().FillPolygon(Box(-Far, -Far, Far, Far), false, Ink);
+    EXPECT_EQ(Full.Unlike(Rectangle(0, 0, 120, 90)), "") << Far;
+    for (const auto& [X, Y] : {PointF{Far, 0}, {-Far, 0}, {0, Far}, {0, -Far}}) {
       Beside.Raster().FillPolygon(TPoints{{X, Y}, {X * 0.9f, Y + 30}, {X, Y + 60}}, true, Ink);
       Beside.Raster().StrokeLines(TPoints{{X, Y}, {X + 50, Y}, {X, Y + 60}}, {.Width = 3, .Closed = true}, Ink);
     }
     EXPECT_EQ(Beside.Most(), 0) << Far;
   }
+  TPoints Dense = {{100, -400}};  // bars beyond all integers, 512 apart: the spacing of floats there
+  for (int Index = 0; Index < 64; ++Index) {
+    const float X = 4294967296.0f + 512.0f * static_cast<float>(Index);
+    Dense.insert(Dense.end(), {{X, Index % 2 == 0 ? -400.0f : 1000.0f}, {X, Index % 2 == 0 ? 1000.0f : -400.0f}});
+  }
+  TCanvas Canvas;
+  Canvas.Raster().StrokeLines(Dense, {.Width = 512, .Join = TRasterJoin::Bevel}, Ink);
+  EXPECT_EQ(Canvas.Most(), 0);
 }
 
 TEST(ZyRasterHostile, ClosedLinesMayLeaveThePicture) {
-  const TPoints Points = {{20.5f, 30.5f}, {20.5f, 1e4f}, {1e4f, 1e4f}, {1e4f, 30.5f}};
-  for (std::size_t First = 0; First < Points.size(); ++First) {
-    TPoints Turned = Points;
-    std::rotate(Turned.begin(), Turned.begin() + static_cast<std::ptrdiff_t>(First), Turned.end());
+  TPoints Points = Box(20.5f, 30.5f, 1e4f, 1e4f);
+  TCanvas Frame;  // its left and upper side, corner included
+  Frame.Raster().FillPolygon(TPoints{{19, 29}, {120, 29}, {120, 32}, {22, 32}, {22, 90}, {19, 90}}, true, Ink);
+  for (int First = 0; First < 4; ++First) {
     TCanvas Canvas;
-    Canvas.Raster().StrokeLines(Turned, {.Width = 3, .Closed = true}, TSolidPaint(0x80000000));
-    TCanvas Frame;  // its left and upper side, corner included
-    Frame.Raster().FillPolygon(TPoints{{19, 29}, {120, 29}, {120, 32}, {22, 32}, {22, 90}, {19, 90}}, true, Ink);
-    for (int Y = 0; Y < Canvas.Height(); ++Y)
-      for (int X = 0; X < Canvas.Width(); ++X)
-        ASSERT_EQ(Canvas.Alpha(X, Y), Frame.Alpha(X, Y) == 255 ? 128 : 0) << First;
+    Canvas.Raster().StrokeLines(Points, {.Width = 3, .Closed = true}, TSolidPaint(0x80000000));
+    EXPECT_EQ(Canvas.Unlike([&](int X, int Y) { return Frame.Alpha(X, Y) == 255 ? 128 : 0; }), "") << First;
+    std::rotate(Points.begin(), Points.begin() + 1, Points.end());
   }
 }
 
 TEST(ZyRasterHostile, DashesKeepTheirPhaseOverAnyLength) {
-  const float Pattern[] = {8, 4};
-  for (const float Start : {0.0f, -12.0f, -1.2e6f, -1.5e7f}) {  // whole periods before the picture
+  const float Pattern[] = {8, 4}, Fine[] = {1e-30f, 3e-30f};
+  struct {
+    TPoints Line;
+    int Phase;
+  } const Cases[] = {{{{0, 45}, {1e7f, 45}}, 0},  // whole periods before the picture
+                     {{{-12, 45}, {1e7f, 45}}, 0},
+                     {{{-1.2e6f, 45}, {1e7f, 45}}, 0},
+                     {{{-1.5e7f, 45}, {1e7f, 45}}, 0},
+                     // A detour out of sight of 2,000 pixels comes first: 166 periods and a dash.
+                     {{{-100, 45}, {-100, -955}, {-100, 45}, {200, 45}}, 100 + 8}};
+  for (const auto& [Line, Phase] : Cases) {
     TCanvas Canvas;
-    Canvas.Raster().StrokeLines(TPoints{{Start, 45}, {1e7f, 45}}, {.Width = 2, .Dashes = Pattern}, Ink);
-    for (int X = 0; X < 120; ++X) EXPECT_NEAR(Canvas.Alpha(X, 45), X % 12 < 8 ? 255 : 0, 1) << Start << ' ' << X;
+    Canvas.Raster().StrokeLines(Line, {.Width = 2, .Dashes = Pattern}, Ink);
+    for (int X = 0; X < 120; ++X)
+      EXPECT_NEAR(Canvas.Alpha(X, 45), (X + Phase) % 12 < 8 ? 255 : 0, 1) << Line[0].X << ' ' << X;
   }
-  // A detour out of sight of 2,000 pixels comes first: 166 periods and a dash.
-  TCanvas Detour;
-  Detour.Raster().StrokeLines(TPoints{{-100, 45}, {-100, -955}, {-100, 45}, {200, 45}}, {.Width = 2, .Dashes = Pattern},
-                              Ink);
-  for (int X = 0; X < 120; ++X) EXPECT_NEAR(Detour.Alpha(X, 45), (X + 100 + 8) % 12 < 8 ? 255 : 0, 1) << X;
   // Too fine to see: as pale as what is drawn of it.
-  const float Fine[] = {1e-30f, 3e-30f};
   TCanvas Canvas;
   Canvas.Raster().StrokeLines(TPoints{{10, 45}, {20, 45}}, {.Width = 2, .Dashes = Fine}, Ink);
-  ExpectRectangle(Canvas, 10, 44, 20, 46, 64);
+  EXPECT_EQ(Canvas.Unlike(Rectangle(10, 44, 20, 46, 64), 0.51), "");
 }
 
 TEST(ZyRasterHostile, WhatIsNotANumberIsLeftOut) {
-  constexpr float Nan = std::numeric_limits<float>::quiet_NaN();
-  constexpr float Infinite = std::numeric_limits<float>::infinity();
   TCanvas Canvas;
   for (const float Bad : {Nan, Infinite, -Infinite}) {
     for (const PointF& Point : {PointF{Bad, 40}, {40, Bad}, {Bad, Bad}}) {
@@ -702,11 +510,14 @@ TEST(ZyRasterHostile, WhatIsNotANumberIsLeftOut) {
   Canvas.Raster().FillPolygon({}, true, Ink);
   Canvas.Raster().FillPolygon(TPoints{{10, 10}, {20, 20}}, true, Ink);
   Canvas.Raster().StrokeLines(TPoints{{10, 10}, {10, 10}}, {.Width = 3}, Ink);
+  Canvas.Raster().FillBox(double{Nan}, 0, 5, 5, Black);
+  Canvas.Raster().FillBox(0, 5, 5, double{Nan}, Black);
+  Canvas.Raster().FillBox(1e300, -1e300, 1e301, 1e300, Black);
   EXPECT_EQ(Canvas.Most(), 0);
   const float Dashes[] = {Nan, -3, Infinite};  // no length: solid
   Canvas.Raster().StrokeLines(TPoints{{10, 45}, {20, 45}},
                               {.Width = 2, .MiterLimit = Nan, .Dashes = Dashes, .DashOffset = Nan}, Ink);
-  ExpectRectangle(Canvas, 10, 44, 20, 46);
+  EXPECT_EQ(Canvas.Unlike(Rectangle(10, 44, 20, 46)), "");
 }
 
 /// Whatever was drawn: nothing outside the clip, nothing beyond the paint's alpha, and nothing left behind for the
@@ -716,6 +527,7 @@ TEST(ZyRasterHostile, RandomShapesStayWithinTheirBounds) {
   const auto Pick = [&](int Count) { return static_cast<int>(Random() % static_cast<unsigned>(Count)); };
   const auto Real = [&](float Low, float High) { return std::uniform_real_distribution<float>(Low, High)(Random); };
   for (int Round = 0; Round < 3000; ++Round) {
+    SCOPED_TRACE(Round);
     TCanvas Canvas(1 + Pick(90), 1 + Pick(60));
     const float Spread = std::pow(10.0f, Real(0, Pick(4) == 0 ? 30 : 3));
     TPoints Points(static_cast<std::size_t>(Pick(40)));
@@ -745,34 +557,29 @@ TEST(ZyRasterHostile, RandomShapesStayWithinTheirBounds) {
                           .Closed = Pick(2) == 0},
                          Paint);
     }
-    ASSERT_TRUE(Canvas.MarginIsUntouched()) << Round;
-    ASSERT_LE(Canvas.Most(), 0x70) << Round;
-    for (int Y = 0; Y < Canvas.Height(); ++Y)
-      for (int X = 0; X < Canvas.Width(); ++X)
-        ASSERT_TRUE(Canvas.Alpha(X, Y) == 0 || (X >= Box.Left && X < Box.Right && Y >= Box.Top && Y < Box.Bottom));
+    const auto Bounded = [&](int X, int Y) {
+      const bool IsInside = X >= Box.Left && X < Box.Right && Y >= Box.Top && Y < Box.Bottom;
+      return IsInside ? std::min(Canvas.Alpha(X, Y), 0x70) : 0;
+    };
+    ASSERT_EQ(Canvas.Unlike(Bounded), "");
     if (Round % 50 != 0) continue;
     TCanvas After;
-    After.Raster().FillPolygon(TPoints{{10.5f, 10}, {20, 10}, {20, 20}, {10.5f, 20}}, true, Ink);
-    ExpectRectangle(After, 10.5, 10, 20, 20);
+    After.Raster().FillPolygon(zy::Box(10.5f, 10, 20, 20), true, Ink);
+    ASSERT_EQ(After.Unlike(Rectangle(10.5, 10, 20, 20), 0.51), "");
   }
 }
 
 // --- stamps ---
 
-/// Paints a disc by the rasteriser and counts how often it was asked to.
-struct TDiscPainter {
-  int Calls = 0;
-  TZySymbolStamps::TPaintSymbol Function() {
-    return [this](const TRasterTarget& Stamp, PointF Anchor) {
-      ++Calls;
-      Paint(Stamp, {{0, 0, Stamp.Width, Stamp.Height}}, Anchor);
-    };
-  }
-  static void Paint(const TRasterTarget& Target, const TRasterClip& Clip, PointF At) {
-    TZyRaster(Target, Clip).FillPolygon(Circle(At.X, At.Y, 5, 24), true, TSolidPaint(0xC03060FF));
-  }
-  static constexpr RectF Extent{-5, -5, 10, 10};
-};
+void PaintDisc(const TRasterTarget& Target, const TRasterClip& Clip, PointF At) {
+  TZyRaster(Target, Clip).FillPolygon(Circle(At.X, At.Y, 5, 24), true, TSolidPaint(0xC03060FF));
+}
+constexpr RectF DiscExtent{-5, -5, 10, 10};
+int StampsPainted = 0;
+void PaintStamp(const TRasterTarget& Stamp, PointF Anchor) {
+  ++StampsPainted;
+  PaintDisc(Stamp, {{0, 0, Stamp.Width, Stamp.Height}}, Anchor);
+}
 
 TEST(ZySymbolStamps, LookAsIfPaintedAtTheNearestQuarterPixel) {
   std::mt19937 Random(6);
@@ -780,72 +587,50 @@ TEST(ZySymbolStamps, LookAsIfPaintedAtTheNearestQuarterPixel) {
   TPoints Places(300);
   for (PointF& Place : Places) Place = {X(Random), Y(Random)};
   TCanvas Stamped, Painted;
+  StampsPainted = 0;
   const TRasterClip Clip{{3, 2, 110, 85}};
   TZySymbolStamps Stamps;
-  TDiscPainter Painter;
-  Stamps.Draw(Stamped.Target(), Clip, "disc", TDiscPainter::Extent, Places, Painter.Function());
+  Stamps.Draw(Stamped.Target(), Clip, "disc", DiscExtent, Places, PaintStamp);
   for (const PointF& Place : Places)
-    TDiscPainter::Paint(Painted.Target(), Clip,
-                        {std::floor(Place.X * 4 + 0.5f) / 4, std::floor(Place.Y * 4 + 0.5f) / 4});
+    PaintDisc(Painted.Target(), Clip, {std::round(Place.X * 4) / 4, std::round(Place.Y * 4) / 4});
   for (int Row = 0; Row < Stamped.Height(); ++Row)
     for (int Column = 0; Column < Stamped.Width(); ++Column)
       for (const int Shift : {0, 8, 16, 24})
         ASSERT_NEAR((Stamped.At(Column, Row) >> Shift) & 255, (Painted.At(Column, Row) >> Shift) & 255, 3)
             << Column << ',' << Row;
-  EXPECT_EQ(Painter.Calls, 16);
-  EXPECT_TRUE(Stamped.MarginIsUntouched());
+  EXPECT_EQ(StampsPainted, 16);
 }
 
 TEST(ZySymbolStamps, KeepTheLooksUsedLast) {
   TCanvas Canvas;
   TZySymbolStamps Stamps(2);
-  TDiscPainter Painter;
   const TPoints Places = {{20, 20}, {40.1f, 50.05f}};  // the same quarter
-  const auto CallsFor = [&](std::string_view Look) {
-    Painter.Calls = 0;
-    Stamps.Draw(Canvas.Target(), Canvas.Clip(), Look, TDiscPainter::Extent, Places, Painter.Function());
-    return Painter.Calls;
-  };
-  EXPECT_EQ(CallsFor("a"), 1);
-  EXPECT_EQ(CallsFor("b"), 1);
-  EXPECT_EQ(CallsFor("a"), 0);
-  EXPECT_EQ(CallsFor("c"), 1);  // in place of b
-  EXPECT_EQ(CallsFor("a"), 0);
-  EXPECT_EQ(CallsFor("b"), 1);
-  Stamps.Clear();
-  EXPECT_EQ(CallsFor("b"), 1);
-}
-
-TEST(ZyRaster, EdgesThatEndAtTheBorderLeaveNothingBehind) {
-  TCanvas Canvas;
-  for (int Row = 1; Row < 80; ++Row) {
-    const float End = std::nextafter(static_cast<float>(Row), 0.0f);  // a flat edge that ends just above a whole row
-    const TPoints Slope = {{110, 0}, {0, End}, {0, 0}};
-    Canvas.Raster().FillPolygon(Slope, false, TSolidPaint(0));
-    const TPoints Corner = {{100, 80}, {110, 80}, {110, 85}, {100, 85}};
-    Canvas.Raster().FillPolygon(Corner, false, TSolidPaint(0xFF000000));
+  std::string Calls;
+  for (const char Look : std::string_view("abacab-b")) {  // c takes the place of b
+    StampsPainted = 0;
+    if (Look == '-') {
+      Stamps.Clear();
+    } else {
+      Stamps.Draw(Canvas.Target(), Canvas.Clip(), {&Look, 1}, DiscExtent, Places, PaintStamp);
+    }
+    Calls += std::to_string(StampsPainted);
   }
-  EXPECT_NEAR(Canvas.Area(), 50, 1e-6) << "the second shape alone";
+  EXPECT_EQ(Calls, "11010101");
 }
 
 TEST(ZySymbolStamps, HonourMasksAndHostilePlaces) {
   TCanvas Canvas;
-  std::vector<std::uint8_t> Mask(static_cast<std::size_t>(Canvas.Width() * Canvas.Height()));
-  for (int Y = 0; Y < Canvas.Height(); ++Y)
-    for (int X = 0; X < Canvas.Width() / 2; ++X) Mask[static_cast<std::size_t>(Y * Canvas.Width() + X)] = 255;
-  const float Nan = std::numeric_limits<float>::quiet_NaN();
-  const TPoints Places = {{60, 45},   {Nan, 3},       {3, Nan},
-                          {1e30f, 3}, {-3e38f, 2e9f}, {3, -std::numeric_limits<float>::infinity()}};
+  std::vector<std::uint8_t> Mask(120 * 90);
+  for (std::size_t Index = 0; Index < Mask.size(); ++Index) Mask[Index] = Index % 120 < 60 ? 255 : 0;
+  const TPoints Places = {{60, 45}, {Nan, 3}, {3, Nan}, {1e30f, 3}, {-3e38f, 2e9f}, {3, -Infinite}};
   TZySymbolStamps Stamps;
-  TDiscPainter Painter;
   const auto Draw = [&](const RectF& Extent) {
     Stamps.Clear();
-    Stamps.Draw(Canvas.Target(), {Canvas.Clip().Box, Mask.data(), Canvas.Width()}, "disc", Extent, Places,
-                Painter.Function());
+    Stamps.Draw(Canvas.Target(), {Canvas.Clip().Box, Mask.data(), 120}, "disc", Extent, Places, PaintStamp);
   };
   for (const RectF& Unusable : {RectF{Nan, 0, 5, 5}, {0, 0, 0, 5}, {0, 0, 5, Nan}, {1e30f, 0, 5, 5}}) Draw(Unusable);
   EXPECT_EQ(Canvas.Most(), 0);
-  Draw(TDiscPainter::Extent);
+  Draw(DiscExtent);
   EXPECT_EQ(Canvas.Alpha(58, 45), 0xC0);
   EXPECT_EQ(Canvas.Alpha(61, 45), 0);
   Draw({-1e3f, -1e3f, 1e30f, 1e30f});  // cut, not fatal
