@@ -2,8 +2,9 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
+
+#include "framework/Bytes.h"
 
 namespace zy::testing {
 
@@ -22,21 +23,13 @@ inline std::string OutputOf(const std::string& Command) {
   return Result;
 }
 
-/// A folder that is gone with this.
-class TScratchFolder {
+/// A new folder that gives names as texts.
+class TScratchFolder : public TTemporaryFolder {
  public:
-  TScratchFolder() {
-    std::string Template = (std::filesystem::temp_directory_path() / "zyphos_XXXXXX").string();
-    FPath = mkdtemp(Template.data());
+  std::string operator/(const std::string& Name) const { return (Path() / Name).string(); }
+  bool IsEmptyBut(std::ptrdiff_t Files) const {
+    return std::distance(std::filesystem::directory_iterator(Path()), {}) == Files;
   }
-  ~TScratchFolder() { std::filesystem::remove_all(FPath); }
-  std::string operator/(const std::string& Name) const { return (FPath / Name).string(); }
-  bool IsEmptyBut(std::size_t Files) const {
-    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(FPath), {})) == Files;
-  }
-
- private:
-  std::filesystem::path FPath;
 };
 
 #define ZY_NEED_PROGRAM(Name) \

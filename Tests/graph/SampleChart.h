@@ -1,13 +1,16 @@
 #pragma once
 
 #include <algorithm>
-#include <initializer_list>
+#include <functional>
 #include <string>
+#include <vector>
 
+#include "drawing/Pixels.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/controls/TForm.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
+#include "platform/drawing/TRecordingGraphics.h"
 #include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
 
@@ -16,6 +19,16 @@ namespace zy::testing {
 /// Extent of a text of one line as a caption: with a sixth of the font's size at each side, and as high as a line.
 inline SizeF CaptionExtent(const Font& Face, std::string_view Text) {
   return {Face.MeasureString(Text).Width + Face.GetSize() * Font::PixelsPerPoint / 3, Face.GetHeight()};
+}
+
+/// The first and last columns and rows of the pixels of a colour; from the far end to -1 for none.
+inline TRect BoxOf(const Bitmap& Picture, ARGB Color) {
+  TRect Box{Picture.GetWidth(), Picture.GetHeight(), -1, -1};
+  for (int Y = 0; Y < Picture.GetHeight(); ++Y)
+    for (int X = 0; X < Picture.GetWidth(); ++X)
+      if (Distance(Picture.GetPixel(X, Y), Color) < 8)
+        Box = {std::min(Box.Left, X), std::min(Box.Top, Y), std::max(Box.Right, X), std::max(Box.Bottom, Y)};
+  return Box;
 }
 
 /// A graph that counts how often it asked for a new picture.
@@ -44,7 +57,7 @@ class TSampleChart {
     Graph->SetPrimaryYAxis(Y);
   }
 
-  TZyDoubleVector* AddVector(const char* Name, std::initializer_list<double> Values = {}) {
+  TZyDoubleVector* AddVector(const std::string& Name, const std::vector<double>& Values = {}) {
     auto* const Vector = new TZyDoubleVector(&Form);
     Vector->SetName(Name);
     Vector->SetPersistentValues(true);
@@ -53,14 +66,15 @@ class TSampleChart {
   }
 
   /// A series of its own vectors on both axes.
-  TZyLineSeries* AddSeries(const char* Name, std::initializer_list<double> XValues = {},
-                           std::initializer_list<double> YValues = {}) {
-    auto* const Series = new TZyLineSeries(&Form);
+  template <class TSeries = TZyLineSeries>
+  TSeries* AddSeries(const std::string& Name, const std::vector<double>& XValues = {},
+                     const std::vector<double>& YValues = {}) {
+    auto* const Series = new TSeries(&Form);
     Series->SetName(Name);
     Series->SetXAxis(X);
     Series->SetYAxis(Y);
-    Series->SetXData(AddVector((std::string(Name) + "X").c_str(), XValues));
-    Series->SetYData(AddVector((std::string(Name) + "Y").c_str(), YValues));
+    Series->SetXData(AddVector(Name + "X", XValues));
+    Series->SetYData(AddVector(Name + "Y", YValues));
     return Series;
   }
 
@@ -77,6 +91,13 @@ class TSampleChart {
     Graph->SetDistanceBorderAxisBottom(100 - 10);  // one less: the line is the axis's second row
   }
 
+  static void FixEnds(TZyAxis* Axis, double Start, double Stop) {
+    Axis->SetStop(Stop);
+    Axis->SetStart(Start);
+    Axis->SetStartEnd(TZyAxisEnd::Fixed);
+    Axis->SetStopEnd(TZyAxisEnd::Fixed);
+  }
+
   static Bitmap Paint(TZyGraph2D& Graph) {
     Bitmap Picture(std::max(Graph.Width(), 1), std::max(Graph.Height(), 1));
     Graphics Gr(Picture);
@@ -84,6 +105,20 @@ class TSampleChart {
     return Picture;
   }
   Bitmap Paint() { return Paint(*Graph); }
+
+  using TCalls = std::vector<std::string>;
+  static TCalls CallsOf(const std::function<void(Graphics&)>& Draw) {
+    TRecordingGraphics Canvas;
+    Draw(Canvas);
+    return Canvas.Calls();
+  }
+  TCalls Calls() {
+    return CallsOf([this](Graphics& Gr) { Graph->PaintGr(Gr); });
+  }
+  /// The number of calls that hold a text.
+  static std::ptrdiff_t CountOf(const TCalls& Calls, std::string_view Text) {
+    return std::ranges::count_if(Calls, [&](const std::string& Call) { return Call.find(Text) != std::string::npos; });
+  }
 
   TForm Form;
   TCountingGraph* Graph = new TCountingGraph(&Form);

@@ -12,7 +12,7 @@
 namespace zy {
 namespace {
 
-TEST(ZyColorsTest, FixedColorsHaveTheValuesOfTheWeb) {
+TEST(ZyColorsTest, TheTableHasItsOrderAndTheValuesOfTheWeb) {
   for (int Index = FirstFixedColor + 1; Index <= NamedColorCount; ++Index) {
     const std::string Name(ColorName(Index));
     EXPECT_EQ(NamedColor(Index), QColor(Name.c_str()).rgb()) << Name;  // the toolkit's own table of the same names
@@ -20,21 +20,14 @@ TEST(ZyColorsTest, FixedColorsHaveTheValuesOfTheWeb) {
   }
   EXPECT_THROW(ColorName(0), ERangeError);
   EXPECT_THROW(NamedColor(NamedColorCount + 1), ERangeError);
-  static_assert(Colors::DarkRed == 0xFF8B0000 && Colors::Transparent == 0x00FFFFFF);
-}
-
-TEST(ZyColorsTest, TheTableIsInItsOrder) {
-  const std::pair<int, const char*> Places[] = {{1, "ActiveBorder"}, {10, "ControlText"}, {13, "Highlight"},
-                                                {19, "Info"},        {26, "WindowText"},  {27, "Transparent"},
-                                                {28, "Black"},       {52, "LightSalmon"}, {96, "LimeGreen"},
-                                                {117, "Aqua"},       {166, "Pink"},       {167, "LightPink"}};
-  for (const auto& [Index, Name] : Places) EXPECT_EQ(ColorName(Index), Name);
+  std::string Names;
+  for (const int Index : {1, 10, 19, 26, 27, 28, 52, 96, 117, 167}) Names += std::string(ColorName(Index)) + " ";
+  EXPECT_EQ(Names, "ActiveBorder ControlText Info WindowText Transparent Black LightSalmon LimeGreen Aqua LightPink ");
 }
 
 TEST(ZyColorsTest, DesktopColorsAreOpaqueAndNumbered) {
-  const std::pair<const char*, int> Numbers[] = {{"ScrollBar", 0}, {"Desktop", 1},      {"Window", 5},
-                                                 {"Control", 15},  {"WindowText", 8},   {"Info", 24},
-                                                 {"HotTrack", 26}, {"ControlText", 18}, {"ControlLightLight", 20}};
+  const std::pair<const char*, int> Numbers[] = {{"ScrollBar", 0}, {"Window", 5}, {"WindowText", 8},
+                                                 {"Control", 15},  {"Info", 24},  {"HotTrack", 26}};
   for (const auto& [Name, Number] : Numbers) {
     EXPECT_EQ(ColorToARGB(Name), SystemColor(Number)) << Name;
     EXPECT_EQ(TColorToARGB(SystemColorFlag | Number), SystemColor(Number)) << Name;
@@ -46,26 +39,21 @@ TEST(ZyColorsTest, DesktopColorsAreOpaqueAndNumbered) {
 }
 
 TEST(ZyColorsTest, ColorsAreReadFromNamesAndNumbers) {
-  const std::pair<const char*, TZyColor> Good[] = {{"cYaN", 0xFF00FFFF},
-                                                   {"TRANSPARENT", 0x00FFFFFF},
-                                                   {"$80ff0102", 0x80FF0102},
-                                                   {"255", 255},
-                                                   {"-1", 0xFFFFFFFF},
-                                                   {"4294967295", 0xFFFFFFFF},
-                                                   {"$0", 0}};
-  for (const auto& [Text, Color] : Good) EXPECT_EQ(ColorToARGB(Text), Color) << Text;
+  EXPECT_EQ(ColorToARGB("cYaN"), 0xFF00FFFF);
+  EXPECT_EQ(ColorToARGB("TRANSPARENT"), 0x00FFFFFFu);
+  EXPECT_EQ(ColorToARGB("$80ff0102"), 0x80FF0102);
+  EXPECT_EQ(ColorToARGB("255"), 255u);
+  for (const char* White : {"-1", "4294967295"}) EXPECT_EQ(ColorToARGB(White), 0xFFFFFFFF) << White;
   for (const char* Bad : {"", "Reddish", "Red ", "#FF0000", "$123456789", "4294967296", "-2147483649", "1.5"})
     EXPECT_THROW(ColorToARGB(Bad), EConvertError) << Bad;
 }
 
 TEST(ZyColorsTest, ColorsAreWrittenAsTheFirstNameOrAsANumber) {
   EXPECT_EQ(ARGBToString(0xFF00FFFF, false), "Aqua");
-  EXPECT_EQ(ARGBToString(0xFFFF00FF, false), "Magenta");
   EXPECT_EQ(ARGBToString(0x00FFFFFF, false), "Transparent");
   EXPECT_EQ(ARGBToString(0x0A0B0C0D, false), "$0A0B0C0D");
-  const TZyColor Desktop = SystemColor(10);
-  EXPECT_EQ(ARGBToString(Desktop, true), "ActiveBorder");
-  EXPECT_EQ(ColorToARGB(ARGBToString(Desktop, false)), Desktop);
+  EXPECT_EQ(ARGBToString(SystemColor(10), true), "ActiveBorder");
+  EXPECT_EQ(ColorToARGB(ARGBToString(SystemColor(10), false)), SystemColor(10));
 }
 
 TEST(ZyColorsTest, RichIdsComeBackWithoutTheirBracket) {
@@ -74,32 +62,22 @@ TEST(ZyColorsTest, RichIdsComeBackWithoutTheirBracket) {
   EXPECT_EQ(RichIDToTZyColor("[A=128, R=255, G=1, B=2"), 0x80FF0102u);
   EXPECT_EQ(RichIDToTZyColor("A=256,R=257,G=-1,B= 3"), 0x0001FF03u);
   EXPECT_EQ(RichIDToTColor("[A=128, R=17, G=34, B=51"), 0x00332211);
-  for (const char* Bad : {"", "[A=1, R=2, G=3, B=4]", "[A=1, R=2, G=3", "[R=2, A=1, G=3, B=4", "[A=x, R=2, G=3, B=4",
-                          "[A=1 R=2, G=3, B=4"})
+  for (const char* Bad : {"", "[A=1, R=2, G=3, B=4]", "[A=1, R=2, G=3", "[R=2, A=1, G=3, B=4", "[A=x, R=2, G=3, B=4"})
     EXPECT_THROW(RichIDToTZyColor(Bad), EConvertError) << Bad;
 }
 
 TEST(ZyColorsTest, HueSaturationAndLightness) {
-  struct TCase {
-    TZyColor Color;
-    double Hue, Saturation, Brightness;
-  };
-  const TCase Cases[] = {
-      {0xFF000000, 0, 0, 0},
-      {0xFFFFFFFF, 0, 0, 1},
-      {0xFF808080, 0, 0, 128.0 / 255},
-      {0xFF336699, 210, 0.5, 0.4},
-      {0xFFFFCC00, 48, 1, 0.5},
-      {0xFF00FF80, 120 + 60 * 128.0 / 255, 1, 0.5},
-      {0xFFFF0080, 360 - 60 * 128.0 / 255, 1, 0.5},
-      {0xFFE0C0FF, 240 + 60 * 32.0 / 63, 1, 447.0 / 510},
-      {0xFFBF4040, 0, 127.0 / 255, 0.5},
-  };
-  for (const TCase& Case : Cases) {
-    EXPECT_NEAR(static_cast<double>(GetHue(Case.Color)), Case.Hue, 1e-4) << std::hex << Case.Color;
-    EXPECT_NEAR(static_cast<double>(GetSaturation(Case.Color)), Case.Saturation, 1e-6) << std::hex << Case.Color;
-    EXPECT_NEAR(static_cast<double>(GetBrightness(Case.Color)), Case.Brightness, 1e-6) << std::hex << Case.Color;
-    EXPECT_EQ(HSLToColor(Case.Hue / 360, Case.Saturation, Case.Brightness), Case.Color);
+  const std::tuple<TZyColor, double, double, double> Cases[] = {{0xFFFFFFFF, 0, 0, 1},
+                                                                {0xFF336699, 210, 0.5, 0.4},
+                                                                {0xFFFFCC00, 48, 1, 0.5},
+                                                                {0xFF00FF80, 150.117647, 1, 0.5},
+                                                                {0xFFFF0080, 329.882353, 1, 0.5},
+                                                                {0xFFE0C0FF, 270.476190, 1, 0.87647059}};
+  for (const auto& [Color, Hue, Saturation, Brightness] : Cases) {
+    EXPECT_NEAR(GetHue(Color), Hue, 1e-4) << std::hex << Color;
+    EXPECT_NEAR(GetSaturation(Color), Saturation, 1e-6) << std::hex << Color;
+    EXPECT_NEAR(GetBrightness(Color), Brightness, 1e-6) << std::hex << Color;
+    EXPECT_EQ(HSLToColor(Hue / 360, Saturation, Brightness), Color);
   }
   EXPECT_EQ(HSLToColor(0.3, 1, 0), Colors::Black);
   EXPECT_EQ(HSLToColor(0.3, 0, 7), Colors::White);
@@ -114,24 +92,17 @@ TEST(ZyColorsTest, BrightenKeepsAlphaAndHue) {
 }
 
 TEST(ZyColorsTest, ContrastsTurnAtTheirLimits) {
-  const std::pair<TZyColor, TZyColor> BackGrounds[] = {
-      {0xFFFFC003, Colors::White},    // hue 45
-      {0xFFFFC103, Colors::DimGray},  // hue just above
-      {0xFF808000, Colors::White},    // a dark yellow
-      {0xFFFF9898, Colors::White},    // brightness 407 / 510
-      {0xFFFF9999, Colors::DimGray},  // brightness 0.8
-  };
-  for (const auto& [Color, Contrast] : BackGrounds)
-    EXPECT_EQ(ContrastBackGroundARGB(Color), Contrast) << std::hex << Color;
+  // Hue 45, a dark yellow, brightness 407 / 510; hue just above 45, brightness 0.8.
+  for (const TZyColor Color : {0xFFFFC003, 0xFF808000, 0xFFFF9898})
+    EXPECT_EQ(ContrastBackGroundARGB(Color), Colors::White) << std::hex << Color;
+  for (const TZyColor Color : {0xFFFFC103, 0xFFFF9999})
+    EXPECT_EQ(ContrastBackGroundARGB(Color), Colors::DimGray) << std::hex << Color;
   EXPECT_EQ(ContrastBackGround(0x0003C1FF), Colors::DimGray);
 
+  // Hue just below 45, 45, 250, just above 250.
   const std::pair<TZyColor, TZyColor> ForeColors[] = {
-      {0xFFFFBF03, Colors::LightGreen},  // hue just below 45
-      {0xFFFFC003, Colors::DarkRed},     // hue 45
-      {0xFF2D03FF, Colors::DarkRed},     // hue 250
-      {0xFF2E03FF, Colors::LightGreen},  // hue just above
-      {0xFF004000, Colors::LightCoral}, {0xFFFFFFFF, Colors::DarkGreen},
-  };
+      {0xFFFFBF03, Colors::LightGreen}, {0xFFFFC003, Colors::DarkRed},    {0xFF2D03FF, Colors::DarkRed},
+      {0xFF2E03FF, Colors::LightGreen}, {0xFF004000, Colors::LightCoral}, {0xFFFFFFFF, Colors::DarkGreen}};
   for (const auto& [Color, Contrast] : ForeColors)
     EXPECT_EQ(ContrastForeColorARGB(Color), Contrast) << std::hex << Color;
 }
@@ -141,19 +112,15 @@ TEST(ZyColorsTest, AreaStylesAreHatchesButTheLast) {
   EXPECT_EQ(Names.size(), 54u);
   for (const auto& [Style, Name, Hatch] :
        {std::tuple(TZyAreaStyle::Percent50, "Percent50", HatchStyle50Percent),
-        std::tuple(TZyAreaStyle::DashedUpwardDiagonal, "DashedUpwardDiagonal", HatchStyleDashedUpwardDiagonal),
         std::tuple(TZyAreaStyle::SolidDiamond, "SolidDiamond", HatchStyleSolidDiamond)}) {
     EXPECT_EQ(Names[static_cast<std::size_t>(Style)], Name);
     const auto Made = GetAreaBrush(Style, Colors::Red, Colors::Blue);
-    const auto* const Brush = dynamic_cast<HatchBrush*>(Made.get());
-    ASSERT_NE(Brush, nullptr);
-    EXPECT_EQ(Brush->GetHatchStyle(), Hatch);
-    EXPECT_EQ(Brush->GetForegroundColor(), Colors::Red);
-    EXPECT_EQ(Brush->GetBackgroundColor(), Colors::Blue);
+    const auto& Brush = dynamic_cast<const HatchBrush&>(*Made);
+    EXPECT_EQ(Brush.GetHatchStyle(), Hatch);
+    EXPECT_EQ(std::pair(Brush.GetForegroundColor(), Brush.GetBackgroundColor()), std::pair(Colors::Red, Colors::Blue));
   }
   const auto Total = GetAreaBrush(TZyAreaStyle::Total, Colors::Red, Colors::Blue);
-  ASSERT_NE(dynamic_cast<SolidBrush*>(Total.get()), nullptr);
-  EXPECT_EQ(dynamic_cast<SolidBrush&>(*Total).GetColor(), Colors::Red);
+  EXPECT_EQ(dynamic_cast<const SolidBrush&>(*Total).GetColor(), Colors::Red);
 }
 
 TEST(ZyColorsTest, FontNamesReplaceWhatWasInTheList) {

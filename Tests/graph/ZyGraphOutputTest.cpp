@@ -4,8 +4,6 @@
 
 #include <QImage>
 #include <QPrinter>
-#include <algorithm>
-#include <fstream>
 #include <tuple>
 
 #include "annotations/ZyRichLabel.h"
@@ -23,15 +21,11 @@
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
 
-namespace zy {
+namespace zy::testing {
 namespace {
 
-using testing::OutputOf;
-using testing::TSampleChart;
-using testing::TScratchFolder;
 using enum TZyImageFileFormat;
 
-constexpr TZyImageFileFormat AllFormats[] = {EMF, BMP, JPEG, PNG, GIF, TIFF, EXIF, Icon, SVG, PDF};
 constexpr TColor Yellow = 0x00FFFF;  // as 0x00BBGGRR
 
 /// A chart of 300 by 200 pixels: an orange data area on navy, a title, a red curve with its top in the middle.
@@ -51,107 +45,55 @@ class TOutputChart : public TSampleChart {
   std::string Saved(TZyImageFileFormat Format, bool RemoveTransparency = false, TColor Color = 0xFFFFFF) {
     TMemoryStream Stream;
     Graph->SaveImage(Stream, Format, RemoveTransparency, Color);
-    const auto Bytes = Stream.Bytes();
-    return {reinterpret_cast<const char*>(Bytes.data()), Bytes.size()};
+    return AsText(Stream);
   }
-  Bitmap SavedPicture(bool RemoveTransparency = false, TColor Color = 0xFFFFFF) {
-    const std::string Bytes = Saved(PNG, RemoveTransparency, Color);
-    TMemoryStream Stream(std::as_bytes(std::span(Bytes)));
+  Bitmap SavedPicture() { return PictureOf(Saved(PNG)); }
+  static Bitmap PictureOf(const std::string& Bytes) {
+    TMemoryStream Stream(AsBytes(Bytes));
     return Bitmap::Load(Stream);
   }
 };
 
+/// How many pixels differ from the chart of 300 by 200 on the screen by more than the edges of a glyph.
+int DifferencesFromScreen(TOutputChart& Chart, const Bitmap& Picture) {
+  const Bitmap Screen = Chart.Paint();
+  if (Picture.GetWidth() != 300 || Picture.GetHeight() != 200) return 300 * 200;
+  int Result = 0;
+  for (int Y = 0; Y < 200; ++Y)
+    for (int X = 0; X < 300; ++X) Result += Distance(Picture.GetPixel(X, Y), Screen.GetPixel(X, Y)) > 64;
+  return Result;
+}
+
 bool SamePixels(const Bitmap& A, const Bitmap& B) {
-  for (int Y = 0; Y < A.GetHeight(); ++Y)
-    for (int X = 0; X < A.GetWidth(); ++X)
-      if (A.GetPixel(X, Y) != B.GetPixel(X, Y)) return false;
-  return A.GetWidth() == B.GetWidth() && A.GetHeight() == B.GetHeight();
+  return A.ToQt().convertToFormat(QImage::Format_ARGB32) == B.ToQt().convertToFormat(QImage::Format_ARGB32);
 }
 
-/// The box of pixels of a colour.
-struct TFound {
-  int Left = 100'000, Top = 100'000, Right = -1, Bottom = -1;
-};
-TFound FindColor(const Bitmap& Page, ARGB Color) {
-  TFound Box;
-  for (int Y = 0; Y < Page.GetHeight(); ++Y)
-    for (int X = 0; X < Page.GetWidth(); ++X)
-      if (Distance(Page.GetPixel(X, Y), Color) < 8)
-        Box = {std::min(Box.Left, X), std::min(Box.Top, Y), std::max(Box.Right, X), std::max(Box.Bottom, Y)};
-  return Box;
-}
-
-TEST(GraphFilesTest, PicturesAreReadByAnotherProgram) {
+TEST(GraphFilesTest, OtherProgramsReadTheSameChart) {
   ZY_NEED_PROGRAM("identify");
-  TOutputChart Chart;
-  const TScratchFolder Folder;
-  for (const auto& [Format, Name, Tolerance] :
-       {std::tuple(BMP, "BMP", 0), {JPEG, "JPEG", 12}, {PNG, "PNG", 0}, {GIF, "GIF", 0}, {TIFF, "TIFF", 0}}) {
-    const std::string File = Folder / (std::string("chart.") + Name);
-    Chart.Graph->SaveImage(File, Format);
-    int Width = 0, Height = 0;
-    char Kind[8] = "", Back[16] = "", Area[16] = "";
-    const std::string Output =
-        OutputOf("convert " + File + " -depth 8 -format '%m %w %h %[hex:u.p{5,190}] %[hex:u.p{150,130}]' info:");
-    ASSERT_EQ(std::sscanf(Output.c_str(), "%7s %d %d %15s %15s", Kind, &Width, &Height, Back, Area), 5) << Output;
-    EXPECT_TRUE(std::string(Kind).starts_with(Name)) << Kind;
-    EXPECT_EQ(Width, 300) << Name;
-    EXPECT_EQ(Height, 200) << Name;
-    const auto Color = [](const char* Hex) {
-      return static_cast<ARGB>(std::stoul(std::string(Hex).substr(0, 6), nullptr, 16)) | 0xFF000000u;
-    };
-    EXPECT_LE(Distance(Color(Back), Colors::Navy), Tolerance) << Output;
-    EXPECT_LE(Distance(Color(Area), Colors::Orange), Tolerance) << Output;
-  }
-}
-
-TEST(GraphFilesTest, SvgIsDrawnByAnotherProgram) {
   ZY_NEED_PROGRAM("rsvg-convert");
   TOutputChart Chart;
   const TScratchFolder Folder;
-  Chart.Graph->SaveImage(Folder / "chart.svg", SVG);
-  EXPECT_EQ(OutputOf("rsvg-convert " + (Folder / "chart.svg") + " -o " + (Folder / "drawn.png")), "");
-  const Bitmap Drawn = Bitmap::Load(Folder / "drawn.png"), Screen = Chart.Paint();
-  ASSERT_EQ(Drawn.GetWidth(), 300);
-  ASSERT_EQ(Drawn.GetHeight(), 200);
-  EXPECT_EQ(Drawn.GetPixel(5, 190), Colors::Navy);
-  EXPECT_EQ(Drawn.GetPixel(150, 130), Colors::Orange);
-  int Different = 0;
-  for (int Y = 0; Y < 200; ++Y)
-    for (int X = 0; X < 300; ++X) Different += Distance(Drawn.GetPixel(X, Y), Screen.GetPixel(X, Y)) > 64;
-  EXPECT_LT(Different, 300 * 200 / 100) << "the same chart but for the edges of glyphs";
+  const std::string Read = Folder / "read.png";
+  for (const auto& [Format, Name] :
+       {std::pair(BMP, "BMP"), {JPEG, "JPEG"}, {PNG, "PNG"}, {GIF, "GIF"}, {TIFF, "TIFF"}, {SVG, "SVG"}}) {
+    const std::string File = Folder / (std::string("chart.") + Name);
+    Chart.Graph->SaveImage(File, Format);
+    EXPECT_TRUE(Format == SVG || OutputOf("identify -format %m " + File).starts_with(Name)) << Name;
+    ASSERT_EQ(OutputOf(Format == SVG ? "rsvg-convert " + File + " -o " + Read : "convert " + File + " " + Read), "");
+    const Bitmap Picture = Bitmap::Load(Read);
+    EXPECT_LT(DifferencesFromScreen(Chart, Picture), Format == SVG || Format == JPEG ? 1200 : 1) << Name;
+    EXPECT_LE(Distance(Picture.GetPixel(150, 130), Colors::Orange), Format == JPEG ? 12 : 0) << Name;
+  }
 }
 
 TEST(GraphFilesTest, PdfKeepsTextAndSize) {
   ZY_NEED_PROGRAM("pdftotext");
   TOutputChart Chart;
-  Chart.X->SetNumbersVisible(true);
   const TScratchFolder Folder;
   const std::string File = Folder / "chart.pdf";
   Chart.Graph->SaveImage(File, PDF);
-  const std::string Text = OutputOf("pdftotext -layout " + File + " -");
-  EXPECT_NE(Text.find("Harvest of 1914"), std::string::npos) << Text;
-  EXPECT_NE(Text.find("0.5"), std::string::npos) << Text;
+  EXPECT_EQ(OutputOf("pdftotext " + File + " - | head -1"), "Harvest of 1914\n");
   EXPECT_NE(OutputOf("pdfinfo " + File).find("225 x 150 pts"), std::string::npos) << "300 x 200 pixels of 1/96 inch";
-  const std::string Fonts = OutputOf("pdffonts " + File);
-  EXPECT_NE(Fonts.find("LiberationSans "), std::string::npos) << Fonts;
-  EXPECT_NE(Fonts.find(" yes no  yes "), std::string::npos) << "embedded and with its characters: " << Fonts;
-}
-
-TEST(GraphFilesTest, EmfIsDrawnByAnotherProgram) {
-  ZY_NEED_PROGRAM("soffice");
-  TOutputChart Chart;
-  const TScratchFolder Folder;
-  Chart.Graph->SaveImage(Folder / "chart.emf", EMF);
-  const std::string Output =
-      OutputOf("soffice -env:UserInstallation=file://" + (Folder / "profile") +
-               " --headless --convert-to png --outdir " + (Folder / "drawn") + " " + (Folder / "chart.emf"));
-  const Bitmap Page = Bitmap::Load(Folder / "drawn/chart.png");
-  const TFound Box = FindColor(Page, Colors::Navy);
-  ASSERT_GT(Box.Right, Box.Left + 100) << Output;
-  const int Width = Box.Right - Box.Left + 1, Height = Box.Bottom - Box.Top + 1;
-  EXPECT_NEAR(Width, Height * 1.5, 3);
-  EXPECT_LE(Distance(Page.GetPixel(Box.Left + Width / 2, Box.Top + Height * 13 / 20), Colors::Orange), 2);
 }
 
 TEST(GraphFilesTest, AFailedSaveLeavesTheOldFile) {
@@ -165,37 +107,30 @@ TEST(GraphFilesTest, AFailedSaveLeavesTheOldFile) {
   Chart.Graph->SaveImage(File, PNG);
   Chart.Graph->SetBounds(0, 0, 300, 200);
   Chart.Graph->SaveImage(File, EXIF);
-  std::string Content;
-  std::getline(std::ifstream(File), Content);
-  EXPECT_EQ(Content, "old");
+  EXPECT_EQ(OutputOf("cat " + File), "old");
   EXPECT_TRUE(Folder.IsEmptyBut(1));
   EXPECT_THROW(Chart.Graph->SaveImage(Folder / "no/folder.png", PNG), EFileError);
   Chart.Graph->SaveImage(Folder / "icon.ico", Icon);
   EXPECT_EQ(std::filesystem::file_size(Folder / "icon.ico"), 0u);
   Chart.Graph->SaveImage(File, PNG);
-  EXPECT_EQ(Bitmap::Load(File).GetWidth(), 300);
+  EXPECT_EQ(DifferencesFromScreen(Chart, Bitmap::Load(File)), 0);
 }
 
 TEST(GraphImageTest, TransparencyStaysOrTakesTheColour) {
   TOutputChart Chart;
   Chart.Graph->SetBackColor(Colors::Transparent);
-  Bitmap Picture = Chart.SavedPicture();
-  EXPECT_EQ(Picture.GetPixel(5, 190) >> 24, 0u);
   EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(Chart.Saved(PNG))).pixel(5, 190), 0x00FFFFFFu) << "white";
-  EXPECT_EQ(Picture.GetPixel(150, 130), Colors::Orange);
-  Picture = Chart.SavedPicture(true, Yellow);
+  const Bitmap Picture = Chart.PictureOf(Chart.Saved(PNG, true, Yellow));
   EXPECT_EQ(Picture.GetPixel(5, 190), Colors::Yellow);
   EXPECT_EQ(Picture.GetPixel(150, 130), Colors::Orange);
 
   Chart.Graph->SetDataAreaColor(Colors::Yellow);
   const std::unique_ptr<TBitmap> Copy = Chart.Graph->AsTBitmap(Yellow);
-  EXPECT_TRUE(Copy->Transparent());
-  EXPECT_EQ(Copy->TransparentColor(), Yellow);
   EXPECT_EQ(Copy->Pixel(5, 190), Yellow);
   Bitmap Sheet(310, 200);
-  Graphics(Sheet).Clear(Colors::Lime);
   {
     Graphics Canvas(Sheet);
+    Canvas.Clear(Colors::Lime);
     Copy->Draw(Canvas, 10, 0);
   }
   EXPECT_EQ(Sheet.GetPixel(15, 190), Colors::Lime);
@@ -216,13 +151,12 @@ TEST(GraphImageTest, NoOutputChangesTheScreenOrLeavesAFlag) {
     Chart.Graph->Modified();
     Chart.Saved(SVG);  // lays out
     const int Invalidations = Chart.Graph->Invalidations;
-    for (const TZyImageFileFormat Format : AllFormats) Chart.Saved(Format);
+    for (const TZyImageFileFormat Format : {EMF, BMP, JPEG, PNG, GIF, TIFF, EXIF, Icon, SVG, PDF}) Chart.Saved(Format);
     Chart.Graph->CopyToClipboard();
     Chart.Graph->SetDoingMetafile(true);
     Metafile Recording(300, 200);
     Chart.Graph->PaintToImage(Recording);
-    EXPECT_FALSE(Chart.Graph->DoingMetafile());
-    EXPECT_FALSE(Chart.Graph->DoingImage());
+    EXPECT_FALSE(Chart.Graph->DoingMetafile() || Chart.Graph->DoingImage());
     EXPECT_EQ(Chart.Graph->Invalidations, Invalidations);
     EXPECT_TRUE(SamePixels(Before, Screen()));
     EXPECT_TRUE(SamePixels(Chart.Paint(), Chart.SavedPicture())) << "pixels of the screen";
@@ -244,35 +178,26 @@ class TBoxMarker : public TGraphicControl, public IZyGraphMarker {
 
 TEST(GraphImageTest, ShowsMarkersAndRichLabelsButNoOtherControls) {
   TOutputChart Chart;
-  auto* const Marker = new TBoxMarker(&Chart.Form);
-  auto* const Hidden = new TBoxMarker(&Chart.Form);
-  auto* const Label = new TZyRichLabel(&Chart.Form);
-  auto* const Plain = new TLabel(&Chart.Form);
-  int Left = 100;
-  for (TControl* Control : std::initializer_list<TControl*>{Marker, Hidden, Label, Plain}) {
+  TBoxMarker Marker(&Chart.Form), Hidden(&Chart.Form);
+  TZyRichLabel Label(&Chart.Form);
+  TLabel Plain(&Chart.Form);
+  Label.SetAutoSize(false);
+  Label.SetBackColor(Colors::Lime);
+  Plain.SetCaption("XXXXXXXXX");
+  int Left = 60;
+  for (TControl* Control : std::initializer_list<TControl*>{&Marker, &Hidden, &Label, &Plain}) {
     Control->SetParent(Chart.Graph);
-    Control->SetBounds(Left, 170, 10, 10);
-    Left += 40;
+    Control->SetBounds(Left += 40, 170, 10, 10);
   }
-  Hidden->SetVisible(false);
-  Label->SetAutoSize(false);
-  Label->SetBounds(180, 170, 10, 10);
-  Label->SetBackColor(Colors::Lime);
-  Plain->SetCaption("XXXXXXXXX");
+  Hidden.SetVisible(false);
   const Bitmap Picture = Chart.SavedPicture();
-  EXPECT_EQ(Picture.GetPixel(105, 175), Colors::Red);
-  EXPECT_EQ(Picture.GetPixel(111, 175), Colors::Navy);
-  EXPECT_EQ(Picture.GetPixel(145, 175), Colors::Navy);
-  EXPECT_EQ(Picture.GetPixel(185, 175), Colors::Lime);
-  for (int X = 215; X < 245; ++X) EXPECT_EQ(Picture.GetPixel(X, 175), Colors::Navy) << X;
-
-  Marker->Fails = true;
-  TMemoryStream Stream;
-  for (const TZyImageFileFormat Format : {PNG, SVG})
-    EXPECT_THROW(Chart.Graph->SaveImage(Stream, Format), EInvalidOperation);
-  EXPECT_EQ(Stream.Size(), 0);
-  EXPECT_FALSE(Chart.Graph->DoingImage());
-  EXPECT_FALSE(Chart.Graph->DoingMetafile());
+  for (int X = 100; X < 250; ++X) {
+    const ARGB Expected = X < 110 ? Colors::Red : X >= 180 && X < 190 ? Colors::Lime : Colors::Navy;
+    EXPECT_EQ(Picture.GetPixel(X, 175), Expected) << X;
+  }
+  Marker.Fails = true;
+  for (const TZyImageFileFormat Format : {PNG, SVG}) EXPECT_THROW(Chart.Saved(Format), EInvalidOperation);
+  EXPECT_FALSE(Chart.Graph->DoingImage() || Chart.Graph->DoingMetafile());
 }
 
 TEST(GraphImageTest, LeavesScrollBarsOut) {
@@ -281,18 +206,12 @@ TEST(GraphImageTest, LeavesScrollBarsOut) {
   Chart.Graph->Zoom().SetVScrollbarVisible(true);
   Chart.Paint();
   Chart.Graph->ZoomTo({100, 60}, {200, 120});
-  ASSERT_FALSE(Chart.Graph->VerticalScrollbar()->Visible());
-  TMemoryStream Stream;
-  Chart.Graph->SaveImage(Stream, EMF);  // lays out, and brings the bars
-  const TScrollBar &Across = *Chart.Graph->HorizontalScrollBar(), &Upright = *Chart.Graph->VerticalScrollbar();
-  ASSERT_TRUE(Across.Visible() && Upright.Visible());
-  EXPECT_EQ(Chart.Graph->ImageGraphLeft(), Upright.Width());
+  TMemoryStream Drawing(AsBytes(Chart.Saved(EMF)));  // lays out, and brings the bars
+  const int Left = Chart.Graph->VerticalScrollbar()->Width(), Bottom = Chart.Graph->HorizontalScrollBar()->Height();
+  EXPECT_EQ(Chart.Graph->ImageGraphLeft(), Left);
   const Bitmap Picture = Chart.SavedPicture(), Screen = Chart.Paint();
-  ASSERT_EQ(Picture.GetWidth(), 300 - Upright.Width());
-  ASSERT_EQ(Picture.GetHeight(), 200 - Across.Height());
-  for (int X = 0; X < Picture.GetWidth(); ++X)
-    ASSERT_EQ(Picture.GetPixel(X, 100), Screen.GetPixel(X + Upright.Width(), 100)) << X;
-  TMemoryStream Drawing(Stream.Bytes());
+  ASSERT_EQ(std::pair(Picture.GetWidth(), Picture.GetHeight()), std::pair(300 - Left, 200 - Bottom));
+  for (int X = 0; X < Picture.GetWidth(); ++X) ASSERT_EQ(Picture.GetPixel(X, 100), Screen.GetPixel(X + Left, 100)) << X;
   TMetafile Metafile;
   Metafile.LoadFromStream(Drawing);
   EXPECT_EQ(Metafile.Width(), Picture.GetWidth());
@@ -300,36 +219,32 @@ TEST(GraphImageTest, LeavesScrollBarsOut) {
 
 TEST(GraphImageTest, CoupledGraphsAreOnePicture) {
   TOutputChart Chart;
-  TZyGraph2D* Others[2];
-  int Height = 50;
-  for (TZyGraph2D*& Other : Others) {
-    Other = new TZyGraph2D(&Chart.Form);
+  const auto AddOther = [&](int Height, TZyColor Color) {
+    auto* const Other = new TZyGraph2D(&Chart.Form);
     Other->SetParent(&Chart.Form);
-    Other->SetBounds(0, 300, 300, Height += 50);
-    Other->SetBackColor(Height == 100 ? Colors::Lime : Colors::Yellow);
+    Other->SetBounds(0, 300, 300, Height);
+    Other->SetBackColor(Color);
     Other->SetPrimaryXAxis(Chart.X);
     Other->TestPrimaryAxis();
-  }
-  EXPECT_EQ(Others[0]->ImgageGraphHeight(), 200 + 100 + 150);
-  TMemoryStream FromMaster, FromChild;
-  Chart.Graph->SaveImage(FromMaster, PNG);
-  Others[1]->SaveImage(FromChild, PNG);
-  ASSERT_TRUE(std::ranges::equal(FromMaster.Bytes(), FromChild.Bytes()));
-  FromMaster.SetPosition(0);
-  const Bitmap Picture = Bitmap::Load(FromMaster);
-  ASSERT_EQ(Picture.GetHeight(), 450);
-  EXPECT_EQ(Picture.GetPixel(2, 2), Colors::Yellow) << "the last of the coupled graphs on top";
-  EXPECT_EQ(Picture.GetPixel(2, 149), Colors::Yellow);
-  EXPECT_EQ(Picture.GetPixel(2, 150), Colors::Lime);
+    return Other;
+  };
+  AddOther(100, Colors::Lime);
+  TZyGraph2D* const Last = AddOther(150, Colors::Yellow);
+  EXPECT_EQ(Last->ImgageGraphHeight(), 200 + 100 + 150);
+  TMemoryStream FromChild;
+  Last->SaveImage(FromChild, PNG);
+  ASSERT_EQ(AsText(FromChild), Chart.Saved(PNG));
+  const Bitmap Picture = Chart.SavedPicture();
+  EXPECT_EQ(BoxOf(Picture, Colors::Yellow), (TRect{0, 0, 299, 149})) << "the last of the coupled graphs on top";
+  EXPECT_EQ(BoxOf(Picture, Colors::Lime), (TRect{0, 150, 299, 249}));
   EXPECT_EQ(Picture.GetPixel(2, 250), Colors::Navy);
-  EXPECT_EQ(Picture.GetPixel(2, 449), Colors::Navy);
+  EXPECT_EQ(Picture.GetHeight(), 450);
 }
 
 TEST(GraphMetafileTest, IsAnEnhancedMetafile) {
   TOutputChart Chart;
   const std::unique_ptr<TMetafile> Copy = Chart.Graph->AsTMetafile();
-  EXPECT_EQ(Copy->Width(), 300);
-  EXPECT_EQ(Copy->Height(), 200);
+  EXPECT_EQ(std::pair(Copy->Width(), Copy->Height()), std::pair(300, 200));
   EXPECT_NEAR(Copy->MMWidth(), 300 / 96.0 * 2540, 1);
   TMemoryStream Stream;
   Copy->SaveToStream(Stream);
@@ -344,8 +259,7 @@ TEST(GraphMetafileTest, IsAnEnhancedMetafile) {
   }
   EXPECT_FALSE(Loaded.Empty());
   Chart.Graph->SetWidth(0);
-  EXPECT_TRUE(Chart.Graph->AsTMetafile()->Empty());
-  EXPECT_TRUE(Chart.Graph->AsTBitmap(Yellow)->Empty());
+  EXPECT_TRUE(Chart.Graph->AsTMetafile()->Empty() && Chart.Graph->AsTBitmap(Yellow)->Empty());
 }
 
 TEST(GraphClipboardTest, HoldsEveryFormAtOnce) {
@@ -357,20 +271,17 @@ TEST(GraphClipboardTest, HoldsEveryFormAtOnce) {
   EXPECT_TRUE(Clipboard().AsBytes("application/pdf").starts_with("%PDF-"));
   EXPECT_EQ(Clipboard().AsBytes("image/x-emf").substr(40, 4), " EMF");
   EXPECT_TRUE(Clipboard().HasFormat("application/x-qt-image"));
-  const std::string Png = Clipboard().AsBytes("image/png");
-  TMemoryStream Stream(std::as_bytes(std::span(Png)));
-  EXPECT_TRUE(SamePixels(Bitmap::Load(Stream), Chart.SavedPicture()));
+  EXPECT_TRUE(SamePixels(Chart.PictureOf(Clipboard().AsBytes("image/png")), Chart.SavedPicture()));
 }
 
 TEST(GraphPrintTest, FitsThePictureIntoTheRectangle) {
   ZY_NEED_PROGRAM("pdftoppm");
   TOutputChart Chart;
   const TScratchFolder Folder;
+  const std::string File = Folder / "page.pdf";
   TPrinter Printer;
-  Printer.SetFileName(Folder / "page.pdf");
-  Printer.SetTitle("Harvest");
-  const double Inch = TPrinter::PixelsPerInch;
-  ASSERT_GT(Printer.PageWidth(), 6 * Inch) << "any usual paper";
+  Printer.SetFileName(File);
+  ASSERT_GT(Printer.PageWidth(), 6 * TPrinter::PixelsPerInch) << "any usual paper";
   Printer.BeginDoc();
   Chart.Graph->PrintTo(nullptr, {0, 0, 100, 100});
   Chart.Graph->PrintTo(&Printer, {600, 1200, 3600, 4200});  // as wide as 5 inches: room is left at the bottom
@@ -378,15 +289,15 @@ TEST(GraphPrintTest, FitsThePictureIntoTheRectangle) {
   Chart.Graph->PrintTo(&Printer, {600, 1200, 3600, 2400});  // as high as 2 inches: 3 wide, in the middle
   Chart.Graph->PrintTo(&Printer, {600, 1200, 600, 2400});   // nothing
   EXPECT_EQ(Printer.PageNumber(), 2);
-  EXPECT_FALSE(std::filesystem::exists(Folder / "page.pdf")) << "the file comes as a whole";
+  EXPECT_FALSE(std::filesystem::exists(File)) << "the file comes as a whole";
   Printer.EndDoc();
   EXPECT_FALSE(Chart.Graph->DoingMetafile());
-  ASSERT_EQ(OutputOf("pdftoppm -png -r 100 " + (Folder / "page.pdf") + " " + (Folder / "page")), "");
-  EXPECT_NE(OutputOf("pdftotext " + (Folder / "page.pdf") + " -").find("Harvest of 1914"), std::string::npos);
+  ASSERT_EQ(OutputOf("pdftoppm -png -r 100 " + File + " " + (Folder / "page")), "");
+  EXPECT_NE(OutputOf("pdftotext " + File + " -").find("Harvest of 1914"), std::string::npos);
   const QMarginsF Margins = Printer.ToQt().pageLayout().margins(QPageLayout::Inch);
   int Number = 1;
   for (const auto& [Left, Top, Right, Bottom] : {std::tuple(1.0, 2.0, 6.0, 2 + 5 / 1.5), {2.0, 2.0, 5.0, 4.0}}) {
-    const TFound Box = FindColor(Bitmap::Load(Folder / ("page-" + std::to_string(Number++) + ".png")), Colors::Navy);
+    const TRect Box = BoxOf(Bitmap::Load(Folder / ("page-" + std::to_string(Number++) + ".png")), Colors::Navy);
     EXPECT_NEAR(Box.Left, (Left + Margins.left()) * 100, 1.5);
     EXPECT_NEAR(Box.Top, (Top + Margins.top()) * 100, 1.5);
     EXPECT_NEAR(Box.Right, (Right + Margins.left()) * 100, 2.5);
@@ -401,9 +312,6 @@ TEST(PrinterTest, SaysWhatItCannotDo) {
   EXPECT_THROW(Chart.Graph->PrintTo(&Printer, {0, 0, 100, 100}), EPrinter);
   EXPECT_THROW(Printer.SetPrinterName("no such printer"), EPrinter);
   EXPECT_THROW(Printer.EndDoc(), EPrinter);
-  if (TPrinter::Printers().empty()) {
-    EXPECT_THROW(Printer.BeginDoc(), EPrinter);
-  }
   Printer.SetFileName(Folder / "no/folder.pdf");
   EXPECT_THROW(Printer.BeginDoc(), EPrinter);
   EXPECT_FALSE(Printer.Printing());
@@ -414,7 +322,7 @@ TEST(PrinterTest, SaysWhatItCannotDo) {
   EXPECT_THROW(Printer.SetFileName(""), EPrinter);
   Chart.Graph->PrintTo(&Printer, {0, 0, 3000, 2000});
   Printer.Abort();
-  EXPECT_EQ(std::filesystem::file_size(Printer.FileName()), 3u);
+  EXPECT_EQ(OutputOf("cat " + (Folder / "page.pdf")), "old");
   EXPECT_TRUE(Folder.IsEmptyBut(1));
   const int Portrait = Printer.PageWidth();
   Printer.SetOrientation(poLandscape);
@@ -422,4 +330,4 @@ TEST(PrinterTest, SaysWhatItCannotDo) {
 }
 
 }  // namespace
-}  // namespace zy
+}  // namespace zy::testing

@@ -6,19 +6,15 @@
 #include <cmath>
 #include <thread>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/SampleChart.h"
 #include "platform/controls/TApplication.h"
-#include "platform/controls/TForm.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/controls/TTimer.h"
 #include "platform/drawing/Brush.h"
-#include "platform/drawing/TRecordingGraphics.h"
 #include "platform/framework/TPropInfo.h"
-#include "series/ZyDoubleVector.h"
-#include "series/ZyLineSeries.h"
 #include "undo/ZyUndoStack.h"
 
-namespace zy {
+namespace zy::testing {
 namespace {
 
 /// A series that is drawn as solids of 20 x 12 pixels depth.
@@ -56,297 +52,207 @@ class TLegendStub : public TGraphicControl, public IZyGraphLegend {
 };
 ZY_PUBLISHED(TLegendStub, TGraphicControl)
 
-class ZyGraphPaintTest : public ::testing::Test {
+class ZyGraphPaintTest : public ::testing::Test, public TSampleChart {
  protected:
-  ZyGraphPaintTest() {
-    Graph.SetParent(&Form);
-    Graph.SetBounds(0, 0, 600, 400);
-    Graph.TestPrimaryAxis();
-  }
+  ZyGraphPaintTest() { Y->SetCaption("Y-Axis"); }
 
-  template <class TSeries>
-  TSeries& AddSeries(std::initializer_list<double> Y) {
-    auto* const X = new TZyDoubleVector(&Form);
-    auto* const Data = new TZyDoubleVector(&Form);
-    Data->SetName("Data" + std::to_string(Form.Components().size()));
-    for (std::size_t Index = 0; Index < Y.size(); ++Index) X->Add(static_cast<double>(Index));
-    Data->AddRange(Y);
-    auto* const Series = new TSeries(&Form);
-    Series->SetName("Series" + std::to_string(Form.Components().size()));
-    Series->SetXData(X);
-    Series->SetYData(Data);
-    Series->SetXAxis(Graph.PrimaryXAxis());
-    Series->SetYAxis(Graph.PrimaryYAxis());
-    return *Series;
-  }
-
-  std::vector<std::string> Calls() {
-    TRecordingGraphics Canvas;
-    Graph.PaintGr(Canvas);
-    return Canvas.Calls();
-  }
   /// Index of the first call from First on that holds a text.
-  static std::size_t Find(const std::vector<std::string>& Calls, std::string_view Text, std::size_t First = 0) {
+  static std::size_t Find(const TCalls& Calls, std::string_view Text, std::size_t First = 0) {
     for (std::size_t Index = First; Index < Calls.size(); ++Index)
       if (Calls[Index].find(Text) != std::string::npos) return Index;
     ADD_FAILURE() << "no call with " << Text;
     return Calls.size();
   }
   static std::string Number(float Value) { return std::to_string(static_cast<int>(Value)); }
-
-  TForm Form;
-  TZyGraph2D& Graph = *new TZyGraph2D(&Form);
 };
 
 TEST_F(ZyGraphPaintTest, EverythingIsDrawnInTheOneOrder) {
-  AddSeries<TSymbolStub>({1, 3, 2, 9}).Line().SetColor(0xFF0A0B0C);
-  Graph.SetCaption("Title");
-  Graph.SetCaptionVisible(true);
-  Graph.SetBackColor(0xFFFAFAFA);
-  Graph.SetDataAreaColor(0xFFE0E0E0);
-  Graph.DataAreaFrame().SetVisible(true);
-  Graph.DataAreaFrame().SetColor(0xFF010101);
-  Graph.MajorGridVertical().SetVisible(true);
-  Graph.MinorGridVertical().SetVisible(true);
-  Graph.MajorGridHorizontal().SetVisible(true);
-  Graph.MajorGridHorizontal().SetColor(0xFF020202);
-  Graph.MajorGridVertical().SetColor(0xFF030303);
-  Graph.MinorGridVertical().SetColor(0xFF040404);
-  TLegendStub Legend(&Form);
-  Legend.SetParent(&Graph);
-  Legend.SetBounds(500, 20, 50, 60);
-  Graph.AddRelatedLegend(&Legend);
-  const auto List = Calls();
-  const char* const Order[] = {"FillRectangle(FFFAFAFA, 0 0 600 400)",
-                               "FillRectangle(FFE0E0E0",
-                               "\"Title\"",
-                               "pen FF030303",
-                               "pen FF040404",
-                               "pen FF020202",
-                               "pen FF0A0B0C",
-                               "FillRectangle(FF654321",  // symbols cover their lines, and later the axes
-                               "DrawRectangle(pen FF010101",
-                               "\"Y-Axis\"",
-                               "FillRectangle(FF654321",
-                               "FillRectangle(FF123456, 0 0 7 8)"};
-  std::size_t Last = 0;
-  for (const char* Text : Order) {
-    Last = Find(List, Text, Last);
+  AddSeries<TSymbolStub>("A", {0, 1, 2, 3}, {1, 3, 2, 9})->Line().SetColor(0xFF0A0B0C);
+  Graph->SetCaption("Title");
+  Graph->SetCaptionVisible(true);
+  Graph->SetBackColor(0xFFFAFAFA);
+  Graph->SetDataAreaColor(0xFFE0E0E0);
+  TZyColor Color = 0xFF010101;
+  for (TZyLineSettings* Line : {&Graph->DataAreaFrame(), &Graph->MajorGridHorizontal(), &Graph->MajorGridVertical(),
+                                &Graph->MinorGridVertical()}) {
+    Line->SetVisible(true);
+    Line->SetColor(Color);
+    Color += 0x010101;
   }
-  EXPECT_EQ(List[Find(List, "FillRectangle(FF123456") - 1].substr(0, 30), "SetTransform(1 0 0 1, 500 20)");
+  TLegendStub Legend(&Form);
+  Legend.SetParent(Graph);
+  Legend.SetBounds(500, 20, 50, 60);
+  Graph->AddRelatedLegend(&Legend);
+  const TCalls List = Calls();
+  std::size_t Last = 0;
+  for (const char* Text :
+       {"FillRectangle(FFFAFAFA, 0 0 600 400)", "FillRectangle(FFE0E0E0", "\"Title\"", "pen FF030303", "pen FF040404",
+        "pen FF020202", "pen FF0A0B0C",
+        "FillRectangle(FF654321",  // symbols cover their lines, and later the axes
+        "DrawRectangle(pen FF010101", "\"Y-Axis\"", "FillRectangle(FF654321", "FillRectangle(FF123456, 0 0 7 8)"})
+    Last = Find(List, Text, Last);
+  EXPECT_TRUE(List[Last - 1].starts_with("SetTransform(1 0 0 1, 500 20)")) << List[Last - 1];
 }
 
 TEST_F(ZyGraphPaintTest, BackgroundsFollowTheirRules) {
-  const auto Count = [this](std::string_view Text) {
-    int Found = 0;
-    for (const std::string& Call : Calls()) Found += Call.find(Text) != std::string::npos ? 1 : 0;
-    return Found;
-  };
-  Graph.SetBackColor(0xFFFFFFFF);
-  Graph.SetDataAreaColor(0xFFFFFFFF);
-  EXPECT_EQ(Count("FillRectangle"), 1) << "a data area in the back colour is not drawn";
-  Graph.DataAreaGradient().SetVisible(true);
-  EXPECT_EQ(Count("FillRectangle(linear"), 1);
-  Graph.BackgroundGradient().SetVisible(true);
-  EXPECT_EQ(Count("FillRectangle(linear"), 2);
-  Graph.SetBackColor(Colors::Transparent);
-  EXPECT_EQ(Count("FillRectangle(FF"), 0) << "a transparent back shows what lies behind";
-}
+  Graph->SetBackColor(0xFFFFFFFF);
+  Graph->SetDataAreaColor(0xFFFFFFFF);
+  EXPECT_EQ(CountOf(Calls(), "FillRectangle"), 1) << "a data area in the back colour is not drawn";
+  Graph->DataAreaGradient().SetVisible(true);
+  EXPECT_EQ(CountOf(Calls(), "FillRectangle(linear"), 1);
+  Graph->BackgroundGradient().SetVisible(true);
+  EXPECT_EQ(CountOf(Calls(), "FillRectangle(linear"), 2);
+  Graph->SetBackColor(Colors::Transparent);
+  EXPECT_EQ(CountOf(Calls(), "FillRectangle(FF"), 0) << "a transparent back shows what lies behind";
 
-TEST_F(ZyGraphPaintTest, ABorderRunsRoundTheChartOnTheScreen) {
-  Graph.SetBorderStyle(bsSingle);
-  EXPECT_TRUE(Graph.NeedsRecalculate());
-  TRecordingGraphics Screen;
-  Graph.PaintTo(Screen);
-  EXPECT_EQ(Screen.Calls().back().substr(0, 14), "DrawRectangle(");
-  EXPECT_NE(Screen.Calls().back().find("0 0 599 399"), std::string::npos);
-  for (const std::string& Call : Calls()) EXPECT_EQ(Call.find("599 399"), std::string::npos) << "not in files";
+  Graph->SetBorderStyle(bsSingle);
+  EXPECT_TRUE(Graph->NeedsRecalculate());
+  const TCalls Screen = CallsOf([this](Graphics& Gr) { Graph->PaintTo(Gr); });
+  EXPECT_TRUE(Screen.back().starts_with("DrawRectangle(") && Screen.back().ends_with("0 0 599 399)")) << Screen.back();
+  EXPECT_EQ(CountOf(Calls(), "599 399"), 0) << "not in files";
 }
 
 TEST_F(ZyGraphPaintTest, SolidsOpenARoom) {
-  TSolidStub& Series = AddSeries<TSolidStub>({1, 5});
-  Graph.SetDataAreaColor(0xFF808080);
-  Graph.MajorGridHorizontal().SetVisible(true);
-  Graph.MajorGridHorizontal().SetColor(0xFF020202);
-  const auto List = Calls();
+  TSolidStub& Series = *AddSeries<TSolidStub>("A", {0, 1}, {1, 5});
+  Graph->SetDataAreaColor(0xFF808080);
+  Graph->MajorGridHorizontal().SetVisible(true);
+  Graph->MajorGridHorizontal().SetColor(0xFF020202);
+  const TCalls List = Calls();
   EXPECT_GT(Series.Prepared, 0);
-  const auto [X, Y, W, H] = Graph.DrawingArea();
+  const auto [Left, Top, Width, Height] = Graph->DrawingArea();
   // Depth 20 to the right and 12 up: the back wall is the data area moved by that, in a gradient around its colour.
-  const std::size_t Back = Find(List, "FillRectangle(linear");
-  EXPECT_NE(List[Back].find(Number(X + 20) + " " + Number(Y - 12) + " " + Number(W - 1) + " " + Number(H)),
-            std::string::npos)
-      << List[Back];
+  EXPECT_TRUE(List[Find(List, "FillRectangle(linear")].ends_with(", " + Number(Left + 20) + " " + Number(Top - 12) +
+                                                                 " " + Number(Width - 1) + " " + Number(Height) + ")"));
   // The left wall at 0.85 and the floor at 0.75 of the lightness: 128 x 0.85 = 109 = 6D, 128 x 0.75 = 96 = 60.
-  EXPECT_EQ(Find(List, "FillPolygon(FF6D6D6D, " + Number(X) + " " + Number(Y) + ", " + Number(X) + " " + Number(Y + H)),
-            Find(List, "FillPolygon(FF6D6D6D"));
-  EXPECT_GT(Find(List, "FillPolygon(FF606060, "), Find(List, "FillPolygon(FF6D6D6D"));
+  const std::size_t Wall = Find(List, "FillPolygon(FF6D6D6D, " + Number(Left) + " " + Number(Top) + ", " +
+                                          Number(Left) + " " + Number(Top + Height));
+  Find(List, "FillPolygon(FF606060, ", Wall);
   // Each grid line goes along the side wall and then along the back.
+  const float Place = std::round(Y->Ticks().front());
+  const std::string Corner = Number(Left + 20) + " " + Number(Place - 12);
   const std::size_t Side = Find(List, "pen FF020202");
-  const float Place = std::round(Graph.PrimaryYAxis()->Ticks().front());
-  EXPECT_EQ(List[Side], "DrawLine(pen FF020202 1, " + Number(X) + " " + Number(Place) + ", " + Number(X + 20) + " " +
-                            Number(Place - 12) + ")");
-  EXPECT_EQ(List[Side + 1], "DrawLine(pen FF020202 1, " + Number(X + 20) + " " + Number(Place - 12) + ", " +
-                                Number(X + W + 19) + " " + Number(Place - 12) + ")");
+  EXPECT_EQ(List[Side], "DrawLine(pen FF020202 1, " + Number(Left) + " " + Number(Place) + ", " + Corner + ")");
+  EXPECT_EQ(List[Side + 1],
+            "DrawLine(pen FF020202 1, " + Corner + ", " + Number(Left + Width + 19) + " " + Number(Place - 12) + ")");
 }
 
 TEST_F(ZyGraphPaintTest, DataAreCutOnlyWhereTheAxisDoesNotShowThem) {
-  AddSeries<TZyLineSeries>({1, 5, 3, 9});
-  const auto Clip = [this] {
-    for (const std::string& Call : Calls())
-      if (Call.rfind("SetClip", 0) == 0) return Call;
-    return std::string();
-  };
-  EXPECT_EQ(Clip(), "") << "a chart that shows everything cuts nothing";
-  Graph.PrimaryYAxis()->SetStop(6);  // the 9 lies above, the 1 is shown
-  Graph.PrimaryYAxis()->SetStopEnd(TZyAxisEnd::FirstSet);
-  Graph.PrimaryYAxis()->SetStartStop(0, 6);
-  const std::string AtTop = Clip();
-  const auto [X, Y, W, H] = Graph.DrawingArea();
-  EXPECT_NE(AtTop.find("0 " + Number(Y) + " 600 " + Number(400 - Y)), std::string::npos) << AtTop;
-  Graph.PrimaryYAxis()->SetTwisted(true);  // now the same data lie below
-  const std::string AtBottom = Clip();
-  const RectF Area = Graph.DrawingArea();
-  EXPECT_NE(AtBottom.find("0 0 600 " + Number(Area.Y + Area.Height)), std::string::npos) << AtBottom;
+  AddSeries("A", {0, 1, 2, 3}, {1, 5, 3, 9});
+  EXPECT_EQ(CountOf(Calls(), "SetClip"), 0) << "a chart that shows everything cuts nothing";
+  Y->SetStopEnd(TZyAxisEnd::FirstSet);
+  Y->SetStartStop(0, 6);  // the 9 lies above, the 1 is shown
+  const TCalls AtTop = Calls();
+  const RectF& Area = Graph->DrawingArea();
+  EXPECT_EQ(CountOf(AtTop, "SetClip(0 " + Number(Area.Y) + " 600 " + Number(400 - Area.Y)), 1);
+  Y->SetTwisted(true);  // now the same data lie below
+  const TCalls AtBottom = Calls();
+  EXPECT_EQ(CountOf(AtBottom, "SetClip(0 0 600 " + Number(Area.Y + Area.Height)), 1);
 }
 
 TEST_F(ZyGraphPaintTest, PointsAreFoundFromTheTopmostSeriesDown) {
-  TZyLineSeries& Below = AddSeries<TZyLineSeries>({2, 4, 8});
-  TZyLineSeries& Above = AddSeries<TZyLineSeries>({8, 4, 2});
-  Calls();
-  const auto At = [this](double X, double Y) {
-    return Graph.FindSeriesPoint(static_cast<int>(std::lround(Graph.PrimaryXAxis()->NumberToWorld(X))),
-                                 static_cast<int>(std::lround(Graph.PrimaryYAxis()->NumberToWorld(Y))));
+  const TZySeries* const Below = AddSeries("A", {0, 1, 2}, {2, 4, 8});
+  TZySeries* const Above = AddSeries("B", {0, 1, 2}, {8, 4, 2});
+  Paint();
+  const auto At = [this](double AtX, double AtY) {
+    return Graph->FindSeriesPoint(static_cast<int>(std::lround(X->NumberToWorld(AtX))),
+                                  static_cast<int>(std::lround(Y->NumberToWorld(AtY))));
   };
-  const TZyFindSeriesPointResult Shared = At(1, 4);
-  EXPECT_TRUE(Shared.Found);
-  EXPECT_EQ(Shared.InSeries, &Above);
-  EXPECT_EQ(Shared.Index, 1);
-  const TZyFindSeriesPointResult Lone = At(2, 8);
-  EXPECT_EQ(Lone.InSeries, &Below);
-  EXPECT_EQ(Lone.Index, 2);
-  EXPECT_EQ(Lone.X, 2.0);
-  EXPECT_EQ(Lone.Y, 8.0);
-  const TZyFindSeriesPointResult None = At(0.5, 8);
-  EXPECT_FALSE(None.Found);
-  EXPECT_EQ(None.InSeries, nullptr);
-  EXPECT_EQ(None.Index, -1);
-  Above.PointsModified();
+  const TZyFindSeriesPointResult Shared = At(1, 4), Lone = At(2, 8), None = At(0.5, 8);
+  EXPECT_TRUE(Shared.Found && Shared.InSeries == Above && Shared.Index == 1);
+  EXPECT_TRUE(Lone.Found && Lone.InSeries == Below && Lone.Index == 2 && Lone.X == 2 && Lone.Y == 8);
+  EXPECT_TRUE(!None.Found && None.InSeries == nullptr && None.Index == -1);
+  Above->PointsModified();
   EXPECT_EQ(At(0, 8).InSeries, nullptr) << "stale pixels find nothing";
 }
 
 TEST_F(ZyGraphPaintTest, GraphsThatShareAnXAxisAreCoupled) {
   auto& Other = *new TZyGraph2D(&Form);
   Other.SetParent(&Form);
-  Other.SetPrimaryXAxis(Graph.PrimaryXAxis());
+  Other.SetPrimaryXAxis(X);
   TLegendStub Legend(&Form), OtherLegend(&Form);
-  Graph.AddRelatedLegend(&Legend);
+  Graph->AddRelatedLegend(&Legend);
   Other.AddRelatedLegend(&OtherLegend);
   Other.AddRelatedLegend(&OtherLegend);
-  Graph.CheckCoupled();
+  Graph->CheckCoupled();
   Other.CheckCoupled();
-  EXPECT_TRUE(Graph.HasChildGraphs());
-  EXPECT_FALSE(Graph.IsCoupledGraph());
-  EXPECT_EQ(Graph.ChildGraphs(), (std::vector<TZyGraph2D*>{&Other}));
+  EXPECT_FALSE(Graph->IsCoupledGraph());
+  EXPECT_EQ(Graph->ChildGraphs(), (std::vector<TZyGraph2D*>{&Other}));
   EXPECT_TRUE(Other.IsCoupledGraph());
-  EXPECT_EQ(Other.AllAxes().back(), Graph.PrimaryXAxis());
+  EXPECT_EQ(Other.AllAxes().back(), X);
   Other.LegendsModified();  // goes through the graph of the axis, which reaches this graph's legends once more
   EXPECT_EQ(Legend.Modifications, 1);
   EXPECT_EQ(OtherLegend.Modifications, 2);
   TZyUndoStack Stack(&Form);
-  Graph.SetUndoStack(&Stack);
+  Graph->SetUndoStack(&Stack);
   EXPECT_EQ(Legend.Stack, &Stack);
-  Graph.SetUndoStack(nullptr);
+  Graph->SetUndoStack(nullptr);
   delete &Other;
-  Graph.CheckCoupled();
-  EXPECT_FALSE(Graph.HasChildGraphs());
-  Graph.RemoveRelatedLegend(&Legend);
-}
+  Graph->CheckCoupled();
+  EXPECT_FALSE(Graph->HasChildGraphs());
 
-TEST_F(ZyGraphPaintTest, GraphsMayUseEachOthersXAxes) {
-  auto& Other = *new TZyGraph2D(&Form);
-  Other.SetParent(&Form);
-  Other.TestPrimaryAxis();
-  TZyAxis* const Own = Graph.PrimaryXAxis();
-  Graph.SetPrimaryXAxis(Other.PrimaryXAxis());
-  Other.SetPrimaryXAxis(Own);
-  TLegendStub Legend(&Form);
-  Graph.AddRelatedLegend(&Legend);
-  Calls();
-  TRecordingGraphics Canvas;
-  Other.PaintGr(Canvas);
-  Graph.LegendsModified();
+  auto& Crossed = *new TZyGraph2D(&Form);  // two that use each other's
+  Crossed.SetParent(&Form);
+  Crossed.TestPrimaryAxis();
+  Graph->SetPrimaryXAxis(Crossed.PrimaryXAxis());
+  Crossed.SetPrimaryXAxis(X);
+  for (TZyGraph2D* One : {static_cast<TZyGraph2D*>(Graph), &Crossed}) Paint(*One);
+  Legend.Modifications = 0;
+  Graph->LegendsModified();
   EXPECT_EQ(Legend.Modifications, 1);
-  Graph.RemoveRelatedLegend(&Legend);
+  Graph->RemoveRelatedLegend(&Legend);
 }
 
 TEST_F(ZyGraphPaintTest, ThePollTakesNewDataOnTheControlThread) {
-  auto& Application = dynamic_cast<TApplication&>(zy::Application());
-  TZyLineSeries& Series = AddSeries<TZyLineSeries>({0, 1, 2});
-  Calls();
-  const double Before = Graph.PrimaryYAxis()->Stop();
-  dynamic_cast<TZyDoubleVector&>(*Series.YData()).SetValue(2, 500);
-  EXPECT_EQ(Graph.PrimaryYAxis()->Stop(), Before) << "a write computes nothing";
+  TZySeries* const Series = AddSeries("A", {0, 1, 2}, {0, 1, 2});
+  Paint();
+  const double Before = Y->Stop();
+  Series->YData()->SetValue(2, 500);
+  EXPECT_EQ(Y->Stop(), Before) << "a write computes nothing";
   std::this_thread::sleep_for(std::chrono::milliseconds(350));
-  EXPECT_EQ(Graph.PrimaryYAxis()->Stop(), Before) << "nor does the worker";
-  for (int Tries = 0; Tries < 50 && Graph.PrimaryYAxis()->Stop() == Before; ++Tries) {
-    Application.ProcessMessages();
+  EXPECT_EQ(Y->Stop(), Before) << "nor does the worker";
+  for (int Tries = 0; Tries < 50 && Y->Stop() == Before; ++Tries) {
+    dynamic_cast<TApplication&>(Application()).ProcessMessages();
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
   }
-  EXPECT_GE(Graph.PrimaryYAxis()->Stop(), 500.0);
+  EXPECT_GE(Y->Stop(), 500.0);
 }
 
 TEST_F(ZyGraphPaintTest, DataOfAllSeriesAreOneStepOfUndo) {
   TZyUndoStack Stack(&Form);
-  Form.SetName("PaintForm");
-  Graph.SetUndoStack(&Stack);
-  TZyLineSeries& Series = AddSeries<TZyLineSeries>({1, 2, 3});
-  TZyLineSeries& Second = AddSeries<TZyLineSeries>({4, 5, 6});
-  Second.SetXData(Series.XData());  // shared
-  EXPECT_EQ(Graph.GetVectorsList().size(), 3u);
+  Graph->SetUndoStack(&Stack);
+  TZySeries* const Series = AddSeries("A", {0, 1, 2}, {1, 2, 3});
+  AddSeries("B", {}, {4, 5, 6})->SetXData(Series->XData());  // shared
+  EXPECT_EQ(Graph->GetVectorsList().size(), 3u);
   Stack.Clear();
-  Graph.UndoPushSeriesVectors();
-  dynamic_cast<TZyDoubleVector*>(Series.YData())->Clear();
-  EXPECT_EQ(Stack.UndoList().Get(0), "Graph series data");
-  EXPECT_EQ(Stack.UndoList().Count(), 1);
+  Graph->UndoPushSeriesVectors();
+  Series->YData()->Clear();
+  EXPECT_EQ(Stack.UndoList().Text(), "Graph series data\n");
   Stack.Undo();
-  EXPECT_EQ(Series.YData()->Count(), 3);
-  Graph.SetUndoStack(nullptr);
+  EXPECT_EQ(Series->YData()->Count(), 3);
+  Graph->SetUndoStack(nullptr);
 }
 
 TEST_F(ZyGraphPaintTest, AFedChartMayGoWhileItIsPainted) {
-  auto& Application = dynamic_cast<TApplication&>(zy::Application());
   for (int Round = 0; Round < 3; ++Round) {
-    TForm Window;
-    Window.SetBounds(0, 0, 300, 200);
-    auto* Chart = new TZyGraph2D(&Window);
-    Chart->SetParent(&Window);
-    Chart->SetAlign(alClient);
-    Chart->TestPrimaryAxis();
-    TZyDoubleVector X(&Window), Y(&Window);
-    TZyLineSeries Series(&Window);
-    Series.SetXData(&X);
-    Series.SetYData(&Y);
-    Series.SetXAxis(Chart->PrimaryXAxis());
-    Series.SetYAxis(Chart->PrimaryYAxis());
-    Window.Show();
-    TTimer Feed(&Window);
+    TSampleChart Chart;
+    TZySeries* const Series = Chart.AddSeries("A");
+    Chart.Form.Show();
+    TTimer Feed(&Chart.Form);
     Feed.SetInterval(1);
     int Fed = 0;
     Feed.SetOnTimer([&](TObject*) {
       for (int Point = 0; Point < 20; ++Point, ++Fed) {
-        X.Add(Fed);
-        Y.Add(std::sin(0.01 * Fed));
+        Series->XData()->Add(Fed);
+        Series->YData()->Add(std::sin(0.01 * Fed));
       }
-      if (Chart != nullptr) Chart->Invalidate();
-      if (Fed < 2000) return;
-      delete Chart;
-      Chart = nullptr;
+      if (Chart.Graph != nullptr) Chart.Graph->Invalidate();
+      if (Fed >= 2000) delete std::exchange(Chart.Graph, nullptr);
     });
     const auto End = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (Fed < 2500 && std::chrono::steady_clock::now() < End) Application.ProcessMessages();
-    EXPECT_EQ(Chart, nullptr);
+    while (Fed < 2500 && std::chrono::steady_clock::now() < End)
+      dynamic_cast<TApplication&>(Application()).ProcessMessages();
     EXPECT_GE(Fed, 2500) << "the data go on without the chart";
-    EXPECT_EQ(Series.XAxis(), nullptr);
+    EXPECT_EQ(Series->XAxis(), nullptr);
   }
 }
 
@@ -354,12 +260,12 @@ TEST(ZyGraphDesignTest, ANewGraphTakesItsOwnersUndoStack) {
   TForm Form;
   Form.SetDesigning(true);
   auto* const First = new TZyGraph2D(&Form);
-  First->SetName("Graph1");
+  for (const char* Name : {"Graph1", "Graph5"}) {
+    First->SetName(Name);
+    EXPECT_EQ(First->Caption(), Name) << "the caption follows the name";
+  }
   ASSERT_NE(First->UndoStack(), nullptr);
   EXPECT_EQ(First->UndoStack()->Name(), "ZyUndoStack1");
-  EXPECT_EQ(First->Caption(), "Graph1") << "the caption follows the name";
-  First->SetName("Graph5");
-  EXPECT_EQ(First->Caption(), "Graph5");
   First->SetCaption("own");
   First->SetName("Graph6");
   EXPECT_EQ(First->Caption(), "own");
@@ -372,4 +278,4 @@ TEST(ZyGraphDesignTest, ANewGraphTakesItsOwnersUndoStack) {
 }
 
 }  // namespace
-}  // namespace zy
+}  // namespace zy::testing
