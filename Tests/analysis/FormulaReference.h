@@ -67,18 +67,12 @@ class TFormulaReference {
     if (!Left) return Left;
     const auto Right = Value(Text.substr(At + 1));
     if (!Right) return Right;
-    switch (Text[At]) {
-      case '+':
-        return *Left + *Right;
-      case '-':
-        return *Left - *Right;
-      case '*':
-        return *Left * *Right;
-      case '/':
-        return *Left / *Right;
-      default:
-        return *Right == 2 ? *Left * *Left : std::pow(*Left, *Right);
-    }
+    const char Operator = Text[At];
+    if (Operator == '+') return *Left + *Right;
+    if (Operator == '-') return *Left - *Right;
+    if (Operator == '*') return *Left * *Right;
+    if (Operator == '/') return *Left / *Right;
+    return *Right == 2 ? *Left * *Left : std::pow(*Left, *Right);
   }
 };
 

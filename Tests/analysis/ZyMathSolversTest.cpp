@@ -25,16 +25,16 @@ TEST(ZyMathSolversTest, BandsOfEveryWidthSolveTheirEquations) {
   };
   for (std::size_t Lower = 0; Lower <= 4; ++Lower)
     for (std::size_t Upper = 0; Lower + Upper <= N; ++Upper) {
-      TDoubleDynMatrix Full(N, TDoubleDynArray(N)), Matrix(N, TDoubleDynArray(Lower + Upper + 1, std::nan("")));
+      TDoubleDynMatrix Matrix(N, TDoubleDynArray(Lower + Upper + 1, std::nan("")));
       for (std::size_t i = 0; i < N; ++i)
         for (std::size_t j = i - std::min(i, Lower); j <= std::min(N - 1, i + Upper); ++j)
-          Full[i][j] = Matrix[i][Lower + j - i] = Element(i, j);
+          Matrix[i][Lower + j - i] = Element(i, j);
       const TDoubleDynArray Right{3, -1, 4, 1, -5, 9, 2};
       TDoubleDynArray X = Right;
       SolveBandMatrix(static_cast<int>(N), static_cast<int>(Lower), static_cast<int>(Upper), Matrix, X);
       for (std::size_t i = 0; i < N; ++i) {
         double Sum = 0;
-        for (std::size_t j = 0; j < N; ++j) Sum += Full[i][j] * X[j];
+        for (std::size_t j = i - std::min(i, Lower); j <= std::min(N - 1, i + Upper); ++j) Sum += Element(i, j) * X[j];
         EXPECT_NEAR(Sum, Right[i], 1e-13) << Lower << ", " << Upper << " row " << i;
       }
     }
@@ -50,37 +50,27 @@ TEST(ZyMathSolversTest, TridiagonalSystemHasItsClosedForm) {
 }
 
 TEST(ZyMathSolversTest, SystemsThatCannotBeSolvedAreRefused) {
-  const char* const NotEnough = "Not enough data points to calculate function";
-  const char* const NotPositive = "The dimension of the matrix must be positive";
-  const char* const TooSmall = "Not enough data, matrix is to small to solve";
-  const char* const NotTridiagonal = "Matrix is not tridiagonal";
-  const struct {
+  struct TCase {
     int N, Lower, Upper;
     TDoubleDynArray Main;  // of a tridiagonal system where there are no bandwidths
-    const char* Text;
-  } Cases[] = {{2, 1, 0, {}, NotEnough},
-               {3, 2, 2, {}, NotEnough},
-               {4, INT_MAX, 2, {}, NotEnough},
-               {6, 1, 1, {}, NotEnough},
-               {3, 1, 2, {}, NotEnough},
-               {3, 1, -1, {}, NotPositive},
-               {1, 0, 0, {1, 1, 1}, TooSmall},
-               {4, 0, 0, {1, 1, 1}, TooSmall},
-               {3, 0, 0, {4, 0.25, 1}, NotTridiagonal},
-               {2, 0, 0, {1, 1, 9}, NotTridiagonal},
-               {3, 0, 0, {1, std::nan(""), 1}, NotTridiagonal}};
-  for (const auto& Case : Cases) {
-    TDoubleDynMatrix Matrix(5, {1, 4, 1});
-    TDoubleDynArray Lower(3, 1.0), Main = Case.Main, Upper(3, 1.0), Right(5, 1.0);
-    EXPECT_EQ(testing::MessageOf<EMathError>([&] {
-                if (Main.empty())
-                  SolveBandMatrix(Case.N, Case.Lower, Case.Upper, Matrix, Right);
-                else
-                  SolveTridiagonalEquationSystem(Case.N, Lower, Main, Upper, Right);
-              }),
-              Case.Text);
-    EXPECT_EQ(Right, TDoubleDynArray(5, 1.0));
-  }
+  };
+  const std::pair<const char*, std::vector<TCase>> Messages[] = {
+      {"Not enough data points to calculate function",
+       {{2, 1, 0, {}}, {3, 2, 2, {}}, {4, INT_MAX, 2, {}}, {6, 1, 1, {}}, {3, 1, 2, {}}}},
+      {"The dimension of the matrix must be positive", {{3, 1, -1, {}}}},
+      {"Not enough data, matrix is to small to solve", {{1, 0, 0, {1, 1, 1}}, {4, 0, 0, {1, 1, 1}}}},
+      {"Matrix is not tridiagonal", {{3, 0, 0, {4, 0.25, 1}}, {2, 0, 0, {1, 1, 9}}, {3, 0, 0, {1, std::nan(""), 1}}}}};
+  for (const auto& [Message, Cases] : Messages)
+    for (const auto& Case : Cases) {
+      TDoubleDynMatrix Matrix(5, {1, 4, 1});
+      TDoubleDynArray Lower(3, 1.0), Main = Case.Main, Upper(3, 1.0), Right(5, 1.0);
+      EXPECT_EQ(testing::MessageOf<EMathError>([&] {
+                  Main.empty() ? SolveBandMatrix(Case.N, Case.Lower, Case.Upper, Matrix, Right)
+                               : SolveTridiagonalEquationSystem(Case.N, Lower, Main, Upper, Right);
+                }),
+                Message);
+      EXPECT_EQ(Right, TDoubleDynArray(5, 1.0));
+    }
 }
 
 }  // namespace

@@ -85,11 +85,9 @@ TEST(ZyMathTest, RoundsOntoTheLogarithmicGrid) {
 TEST(ZyMathTest, EdgesBelongToARectangle) {
   constexpr struct { int Left, Top, Right, Bottom; } Edges{-2, 1, 5, 9};
   constexpr struct { float X, Y, Width, Height; } Box{-2, 1, 7, 8};
-  const std::pair<TSmallPoint, bool> Cases[] = {{{-2, 1}, true}, {{5, 9}, true}, {{6, 9}, false}, {{0, 0}, false}};
-  for (const auto& [Point, Inside] : Cases) {
-    EXPECT_EQ(PointInRect(Point, Edges), Inside) << Point.X << ", " << Point.Y;
-    EXPECT_EQ(PointInRect(Point, Box), Inside) << Point.X << ", " << Point.Y;
-  }
+  for (const auto& [Point, Inside] :
+       {std::pair{TSmallPoint{-2, 1}, true}, {{5, 9}, true}, {{6, 9}, false}, {{0, 0}, false}})
+    EXPECT_TRUE(PointInRect(Point, Edges) == Inside && PointInRect(Point, Box) == Inside) << Point.X << ", " << Point.Y;
   EXPECT_EQ(MySign(0), 1);
   EXPECT_EQ(MySign(-1e-300), -1);
 }

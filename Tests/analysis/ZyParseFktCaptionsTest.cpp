@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <list>
+#include <sstream>
 
 #include "analysis/ZyParseFktLists.h"
 #include "analysis/ZyParseFktPicker.h"
@@ -15,11 +16,10 @@
 namespace zy::testing {
 namespace {
 
-class TGraph : public TZyVariableContainer {
- public:
+struct TGraph : TZyVariableContainer {
   std::string VariablesRef() const override { return "Form.Graph"; }
   TZyDependentList* ObjectsToUpdate() override { return &FObjectsToUpdate; }
-  void Add(const char* Id, std::string Text) {
+  void Add(const std::string& Id, const std::string& Text) {
     AddStringToList(Id, "", this, GlobalStringList(), [Text] { return Text; });
   }
   TZyDependentList FObjectsToUpdate;
@@ -34,14 +34,11 @@ TEST(ZyParseFktCaptions, MarksAreReplaced) {
   Graph.Add("Caption", "Title");
   Graph.Add("Nested", "[<%form.graph.caption%>, <%1+1%>]");
   Graph.Add("Marked", "<%<%Pi%>%>");
-  Graph.Add("Empty", "");
+  // A text that begins with a mark is not expanded again; formats are in upper case as the formula is.
   const std::pair<const char*, const char*> Cases[] = {
       {"", ""},
-      {"no marks % > <", "no marks % > <"},
-      {"<%Pi;0.00%>", "3.14"},
-      {"a<%1+1%>b<%2*3;0.0%>c", "a2b6.0c"},
-      {"<%FORM.Graph.caption%>!", "Title!"},
-      {"<%Form.Graph.Nested%>", "[Title, 2]"},
+      {"% > <<%Pi;0.00%>, a<%1+1%>b<%2*3;0.0%>c", "% > <3.14, a2b6.0c"},
+      {"<%FORM.Graph.caption%>!<%Form.Graph.Nested%>", "Title![Title, 2]"},
       {"<%<%", "<%"},
       {"x<%<%y%>%>z", "x<%y%>z"},
       {"<%<%<%1%>", "<%1"},
@@ -49,23 +46,17 @@ TEST(ZyParseFktCaptions, MarksAreReplaced) {
       {"a%>%>", "a%>%>"},
       {"a%>b<%1%>", "a%>b1"},
       {"<%2%>%>", "2"},
-      {"<%Form.Graph.Marked%> <%3%>", "<%Pi%> 3"},  // begins with a mark, which is not expanded again
-      {"<%5;0x'a;b'%>", "5XA;B"},                   // in upper case as the formula is
-  };
+      {"<%Form.Graph.Marked%> <%3%>", "<%Pi%> 3"},
+      {"<%5;0x'a;b'%>", "5XA;B"}};
   for (const auto& [Text, Value] : Cases) EXPECT_EQ(ParseVariables(Text, nullptr), Value) << Text;
   for (const char* Text : {"<%%>", "a<%", "<%1", "<%>", "<%;0.0%>"})
     EXPECT_EQ(MessageOf<EExternal>([&] { ParseVariables(Text, nullptr); }), "No valid expression defined") << Text;
   EXPECT_THROW(ParseVariables("<%Form.Graph.Nothing%>", nullptr), EMathError);
   EXPECT_EQ(FindTheVar("form.graph.CAPTION", nullptr), "Title");
-}
-
-TEST(ZyParseFktCaptions, DependenciesAreNoted) {
-  TGraph Graph;
   TLabel Label;
-  Graph.Add("Name", "n");
   ParseVariables("<%1%>", &Label);
   EXPECT_TRUE(Graph.FObjectsToUpdate.empty());
-  ParseVariables("<%Form.Graph.Name%>", &Label);
+  ParseVariables("<%Form.Graph.Caption%>", &Label);
   EXPECT_TRUE(Graph.FObjectsToUpdate.Contains(Label));
 }
 
@@ -78,9 +69,7 @@ TEST(ZyParseFktCaptions, EndlessVariablesEnd) {
   std::string Wide = "z";
   for (int i = 0; i < 12; ++i) {
     const std::string Id = "W" + std::to_string(i);
-    std::string Text;
-    for (int Copy = 0; Copy < 10; ++Copy) Text += Wide;
-    Graph.Add(Id.c_str(), Text);
+    Graph.Add(Id, Wide + Wide + Wide + Wide + Wide + Wide + Wide + Wide + Wide + Wide);
     Wide = " <%Form.Graph." + Id + "%>";
   }
   for (const char* Id : {"Twice", "Grows", "W11"})
@@ -88,52 +77,25 @@ TEST(ZyParseFktCaptions, EndlessVariablesEnd) {
 }
 
 TEST(FormatFloat, SectionsAndPlaceholders) {
-  constexpr double Infinite = std::numeric_limits<double>::infinity();
-  const struct {
-    const char* Format;
-    double Value;
-    const char* Text;
-  } Cases[] = {
-      {"", 1234.5, "1234.5"},
-      {"0", 2.5, "3"},
-      {"0", -2.5, "-3"},
-      {"0", 0.49999999999999994, "0"},
-      {"0.00", 0.125, "0.13"},
-      {"0.00", 1.005, "1.00"},  // the double lies below
-      {"0.00", 99.999, "100.00"},
-      {"00.0", 5, "05.0"},
-      {"#.##", 0.5, ".5"},
-      {"#.##", 5, "5"},
-      {"#.##", 0, ""},
-      {"0.0#", 1.5, "1.5"},
-      {"0.0#", 1.256, "1.26"},
-      {".00", 12.3, "12.30"},
-      {"#,##0.00", 1234567.891, "1,234,567.89"},
-      {"0,000", 12, "0,012"},
-      {"##0.##%", 12.345, "12.35%"},
-      {"0.00E+00", 1234.5, "1.23E+03"},
-      {"0.00E-00", 1234.5, "1.23E03"},
-      {"0.###e+0", -0.00012, "-1.2e-4"},
-      {"00.0E+0", 12345, "12.3E+3"},
-      {"0E+0000", 9.6, "1E+0001"},
-      {"0.0E+0", 0, "0.0E+0"},
-      {"0.0;(0.0);none", 1.25, "1.3"},
-      {"0.0;(0.0);none", -1.25, "(1.3)"},
-      {"0.0;(0.0);none", 0, "none"},
-      {"0.0;(0.0);none", -0.01, "none"},
-      {"0.0;;none", -2, "-2.0"},
-      {"0.0;(0.0)", -0.01, "0.0"},
-      {";(0)", 7.25, "7.25"},
-      {"0 'm;\"' \"it's\"", 3, "3 m;\" it's"},
-      {"0'open", 1, "1open"},
-      {"abc", -3, "-abc"},
-      {"0-0", 12, "1-2"},
-      {"0", 123456789012345678.0, "123456789012345680"},
-      {"0", 1e18, "1e+18"},
-      {"0.0", Infinite, "INF"},
-      {"0.0000000000000000000000", 0.1, "0.1000000000000000060000"},
-  };
-  for (const auto& [Format, Value, Text] : Cases) EXPECT_EQ(FormatFloat(Format, Value), Text) << Format << " " << Value;
+  // Formats, values and texts.
+  std::istringstream Cases(R"(
+      0 2.5 3             0 -2.5 -3           0 0.49999999999999994 0   0.00 0.125 0.13    0.00 1.005 1.00
+      0.00 99.999 100.00  00.0 5 05.0         #.## 0.5 .5               #.## 5 5           0.0# 1.5 1.5
+      0.0# 1.256 1.26     .00 12.3 12.30      0,000 12 0,012            0-0 12 1-2         #,##0.00 1234567.891 1,234,567.89
+      0.00E+00 1234.5 1.23E+03  0.00E-00 1234.5 1.23E03  0.###e+0 -0.00012 -1.2e-4  00.0E+0 12345 12.3E+3
+      0E+0000 9.6 1E+0001       0.0E+0 0 0.0E+0          ##0.##% 12.345 12.35%
+      0.0;(0.0);none 1.25 1.3   0.0;(0.0);none -1.25 (1.3)   0.0;(0.0);none 0 none   0.0;(0.0);none -0.01 none
+      0.0;;none -2 -2.0         0.0;(0.0) -0.01 0.0          ;(0) 7.25 7.25          0'open 1 1open   abc -3 -abc
+      0 123456789012345678 123456789012345680   0 1e18 1e+18   0.0000000000000000000000 0.1 0.1000000000000000060000)");
+  std::string Format, Text;
+  int Count = 0;
+  for (double Value = 0; Cases >> Format >> Value >> Text; ++Count)
+    EXPECT_EQ(FormatFloat(Format, Value), Text) << Format << " " << Value;
+  EXPECT_EQ(Count, 34);
+  EXPECT_EQ(FormatFloat("", 1234.5), "1234.5");
+  EXPECT_EQ(FormatFloat("#.##", 0), "");
+  EXPECT_EQ(FormatFloat("0 'm;\"' \"it's\"", 3), "3 m;\" it's");
+  EXPECT_EQ(FormatFloat("0.0", std::numeric_limits<double>::infinity()), "INF");
   FormatSettings() = {',', '.'};
   EXPECT_EQ(FormatFloat("#,##0.00", 1234.5), "1.234,50");
   FormatSettings() = {};

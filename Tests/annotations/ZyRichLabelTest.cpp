@@ -48,14 +48,13 @@ TEST_F(ZyRichLabelTest, FitsItsTurnedTextFromTheFirstPaintOn) {
   Paint();
   const auto [Width, Height] = Extent();
   EXPECT_EQ(Label.PlainText(), "some text");
-  EXPECT_EQ(Label.BoundsRect(),
-            (TRect{7, 8, 7 + static_cast<int>(std::lround(Width)), 8 + static_cast<int>(std::lround(Height))}));
+  const auto Round = [](float Value) { return static_cast<int>(std::lround(Value)); };
+  EXPECT_EQ(Label.BoundsRect(), (TRect{7, 8, 7 + Round(Width), 8 + Round(Height)}));
   Label.SetAngle(-270);
   EXPECT_EQ(Label.Angle(), 90.0f);
-  EXPECT_EQ(Label.Width(), std::lround(Height));
-  EXPECT_EQ(Label.Height(), std::lround(Width));
+  EXPECT_EQ((TPoint{Label.Width(), Label.Height()}), (TPoint{Round(Height), Round(Width)}));
   Label.SetAngle(30);
-  EXPECT_EQ(Label.Width(), std::lround(std::sqrt(0.75f) * Width + 0.5f * Height));
+  EXPECT_EQ(Label.Width(), Round(std::sqrt(0.75f) * Width + 0.5f * Height));
   const int Before = Label.Width();
   Label.Font().SetSize(20);
   EXPECT_GT(Label.Width(), Before);
@@ -72,32 +71,26 @@ TEST_F(ZyRichLabelTest, TheTurnedTextStandsWhereItIsAligned) {
   Label.SetCaption("wide text");
   Label.SetAutoSize(false);
   Label.SetBounds(0, 0, 300, 200);
-  const auto [Width, Height] = Extent();
-  for (const float Angle : {0.0f, 60.0f, 90.0f, 140.0f, 180.0f, 200.0f, 270.0f, 300.0f})
+  const double Width = Extent().Width, Height = Extent().Height;
+  for (const int Angle : {0, 60, 90, 140, 180, 200, 270, 300})
     for (int Place = 0; Place < 9; ++Place) {
-      Label.SetAngle(Angle);
+      Label.SetAngle(static_cast<float>(Angle));
       Label.SetTextAlign(static_cast<TZyContentAlignment>(Place));
       Paint();
-      double M11 = 1, M12 = 0, M21 = 0, M22 = 1, Dx = 0, Dy = 0;
-      const std::string& Transform = Canvas.Calls()[0];
-      const int Read =
-          std::sscanf(Transform.c_str(), "SetTransform(%lf %lf %lf %lf, %lf %lf", &M11, &M12, &M21, &M22, &Dx, &Dy);
-      EXPECT_EQ(Read, Transform.starts_with("SetTransform") ? 6 : 0);
-      const double Turn = static_cast<double>(Angle) * std::acos(-1) / 180;
-      EXPECT_NEAR(M11, std::cos(Turn), 0.006);
-      EXPECT_NEAR(M12, -std::sin(Turn), 0.006);
-      // The box around the text, from where its corner is put.
-      const double Xs[] = {0, std::cos(Turn) * static_cast<double>(Width),
-                           std::sin(Turn) * static_cast<double>(Height)};
-      const double Ys[] = {0, -std::sin(Turn) * static_cast<double>(Width),
-                           std::cos(Turn) * static_cast<double>(Height)};
-      const auto Check = [](const double(&Ends)[3], double From, int Where, int Room) {
-        const double Low = From + std::min(Ends[1], 0.0) + std::min(Ends[2], 0.0);
-        const double High = From + std::max(Ends[1], 0.0) + std::max(Ends[2], 0.0);
+      double M11 = 1, M12 = 0, Dx = 0, Dy = 0;
+      std::sscanf(Canvas.Calls()[0].c_str(), "SetTransform(%lf %lf %*f %*f, %lf %lf", &M11, &M12, &Dx, &Dy);
+      const double Turn = Angle * std::acos(-1) / 180, Cos = std::cos(Turn), Sin = std::sin(Turn);
+      EXPECT_NEAR(M11, Cos, 0.006);
+      EXPECT_NEAR(M12, -Sin, 0.006);
+      EXPECT_EQ(Canvas.GetTransform(), Matrix());
+      // The box around the text along one direction, from where its corner is put.
+      const auto Check = [](double AlongText, double AcrossText, double From, int Where, int Room) {
+        const double Low = From + std::min(AlongText, 0.0) + std::min(AcrossText, 0.0);
+        const double High = From + std::max(AlongText, 0.0) + std::max(AcrossText, 0.0);
         EXPECT_NEAR(Where == 0 ? Low : Where == 1 ? (Low + High) / 2 : High, Room * Where / 2.0, 0.02);
       };
-      Check(Xs, Dx, Place % 3, 300);
-      Check(Ys, Dy, Place / 3, 200);
+      Check(Cos * Width, Sin * Height, Dx, Place % 3, 300);
+      Check(-Sin * Width, Cos * Height, Dy, Place / 3, 200);
     }
 }
 

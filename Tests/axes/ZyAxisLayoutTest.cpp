@@ -4,20 +4,19 @@
 
 #include <cmath>
 #include <functional>
+#include <tuple>
+#include <utility>
 
-#include "graph/SampleChart.h"
+#include "axes/AxisSamples.h"
 #include "graph/ZyGraphParts.h"
-#include "platform/controls/TGraphicControl.h"
 #include "platform/drawing/Font.h"
-#include "platform/framework/TPropInfo.h"
 
 namespace zy::testing {
 namespace {
 
 using enum TZyAxisPosition;
 
-class TStubLegend : public TGraphicControl, public IZyGraphLegend {
- public:
+struct TStubLegend : TGraphicControl, IZyGraphLegend {
   TStubLegend(TSampleChart& Chart, TZyLegendPosition Position, int Width, int Height)
       : TGraphicControl(&Chart.Form), FPosition(Position), FWidth(Width), FHeight(Height) {
     SetBounds(7, 9, 1, 1);
@@ -29,14 +28,11 @@ class TStubLegend : public TGraphicControl, public IZyGraphLegend {
   void PaintGr(Graphics&) override {}
   void Modified() override {}
   void SetUndoStack(TZyUndoStack*) override {}
-
- private:
-  TZyLegendPosition FPosition;
-  int FWidth, FHeight;
+  const TZyLegendPosition FPosition;
+  const int FWidth, FHeight;
 };
 
-class TStubMarker : public TGraphicControl, public IZyGraphMarker {
- public:
+struct TStubMarker : TGraphicControl, IZyGraphMarker {
   using TGraphicControl::TGraphicControl;
   void PaintGr(Graphics&) override {}
   void UpdatePosition() override { ++(TZyAxis::LayoutRunning ? Inside : After); }
@@ -44,43 +40,36 @@ class TStubMarker : public TGraphicControl, public IZyGraphMarker {
   int Inside = 0, After = 0;
 };
 
-/// A series whose bars have depth.
-class TSolidSeries : public TZyLineSeries, public IZySolidSeries {
- public:
-  using TZyLineSeries::TZyLineSeries;
+/// A series whose bars may have depth, and that may be drawn beyond its last point.
+struct TStubSeries : TZyLineSeries, IZySolidSeries {
+  explicit TStubSeries(TSampleChart& Chart) : TZyLineSeries(&Chart.Form) {
+    SetXAxis(Chart.X);
+    SetYAxis(Chart.Y);
+    SetXData(Chart.AddVector("VX", {0, 5, 10}));
+    SetYData(Chart.AddVector("VY", {0, 5, 10}));
+  }
   bool IsSolid() const override { return Solid; }
-  void PrepareDepth() override { ++Prepared; }
+  void PrepareDepth() override {}
   float HorizontalDepth() const override { return 12.4f; }
   float VerticalDepth() const override { return 30; }
-  bool Solid = true;
-  int Prepared = 0;
+  float ExtraSpaceAt(TZyAxisPosition Side) const override { return Side == Right ? ExtraSpace : 0; }
+  bool Solid = false;
+  float ExtraSpace = 0;
 };
 
 /// A chart of five axes without texts: X, Y, a second one at the left, and one each at the top and at the right.
-class TFiveAxes : public TSampleChart {
- public:
+struct TFiveAxes : TSampleChart {
   TFiveAxes() {
-    Left2 = AddAxis(Left);
-    Top2 = AddAxis(Top);
-    Right2 = AddAxis(Right);
     for (TZyAxis* Axis : Graph->Axes()) Axis->SetNumbersVisible(false);
   }
-  TZyAxis* AddAxis(TZyAxisPosition Position) {
-    auto* const Axis = new TZyAxis(&Form);
-    Axis->SetPosition(Position);
-    Axis->SetParent(Graph);
-    return Axis;
+  /// Without those that stand upright, and without a series.
+  void HideUpright() {
+    for (TZyAxis* Axis : {Y, Left2, Right2}) Axis->SetVisible(false);
+    Series.SetVisible(false);
   }
-  TZyAxis *Left2, *Top2, *Right2;
+  TZyAxis *Left2 = AddAxis(*Graph, Left), *Top2 = AddAxis(*Graph, Top), *Right2 = AddAxis(*Graph, Right);
+  TStubSeries Series{*this};
 };
-
-/// A series that is drawn 29.5 pixels beyond its last point.
-class TWideSeries : public TZyLineSeries {
-  ZY_CLASS(TWideSeries, TZyLineSeries)
-  using TZyLineSeries::TZyLineSeries;
-  float ExtraSpaceAt(TZyAxisPosition Side) const override { return Side == Right ? 29.5f : 0; }
-};
-ZY_PUBLISHED(TWideSeries, TZyLineSeries)
 
 /// Where the line of an axis lies in the graph.
 float LineOf(const TZyAxis& Axis) {
@@ -93,6 +82,14 @@ float LineOf(const TZyAxis& Axis) {
 // outside the data area, which counts one pixel more than lies between its edges.
 TEST(ZyAxisLayoutTest, AddsUpAxesOnAllSides) {
   using TC = TFiveAxes;
+  const auto LongArrow = [](TC& C) { C.X->ArrowPoint().SetVisible(true), C.X->ArrowPoint().SetPointLength(9.5f); };
+  const auto Zoom = [](TC& C) {
+    C.Series.ExtraSpace = 29.5f;
+    C.Paint();
+    C.X->SetStartStop(2, 8);
+    C.Graph->Modified();
+  };
+  const auto Walls = [](TC& C) { C.Graph->MajorGridHorizontal().SetVisible(true); };
   const struct {
     const char* Name;
     std::function<void(TC&)> Set;
@@ -100,15 +97,10 @@ TEST(ZyAxisLayoutTest, AddsUpAxesOnAllSides) {
     float YLine, Left2Line;
   } Cases[] = {
       {"plain", [](TC&) {}, {22, 11, 569, 380}, 22, 11},
-      {"borders",
-       [](TC& C) { C.Graph->SetDistanceBorderAxisLeft(4.2f), C.Graph->SetDistanceBorderAxisBottom(3); },
-       {27, 11, 564, 377},
-       27,
-       16},
+      {"border", [](TC& C) { C.Graph->SetDistanceBorderAxisLeft(4.2f); }, {27, 11, 564, 380}, 27, 16},
       {"single border", [](TC& C) { C.Graph->SetBorderStyle(bsSingle); }, {22, 11, 569, 376}, 22, 11},
       {"inner axis hidden", [](TC& C) { C.Y->SetVisible(false); }, {11, 11, 580, 380}, 22, 11},
-      {"outer axis hidden", [](TC& C) { C.Left2->SetVisible(false); }, {11, 11, 580, 380}, 11, 11},
-      {"both hidden", [](TC& C) { C.Y->SetVisible(false), C.Left2->SetVisible(false); }, {0, 11, 591, 380}, 11, 11},
+      {"all hidden at the sides", [](TC& C) { C.HideUpright(); }, {0, 11, 600, 380}, 11, 11},
       {"bottom hidden", [](TC& C) { C.X->SetVisible(false); }, {22, 11, 569, 390}, 22, 11},
       {"gap to the values", [](TC& C) { C.Y->SetDistanceValuesAxis(5); }, {27, 11, 564, 380}, 22, 11},
       {"gap on the outer axis", [](TC& C) { C.Left2->SetDistanceValuesAxis(5); }, {22, 11, 569, 380}, 22, 11},
@@ -119,17 +111,21 @@ TEST(ZyAxisLayoutTest, AddsUpAxesOnAllSides) {
       {"border gap", [](TC& C) { C.Y->SetDistanceToBorder(6); }, {28, 11, 563, 380}, 28, 11},
       {"arrow to the right", [](TC& C) { C.X->ArrowPoint().SetVisible(true); }, {22, 11, 558, 380}, 22, 11},
       // 28.5 of room, where the axes have 22
-      {"arrow to the left",
-       [](TC& C) { C.X->ArrowPoint().SetVisible(true), C.X->ArrowPoint().SetPointLength(9.5f), C.X->SetTwisted(true); },
-       {29, 11, 562, 380},
-       29,
-       11},
+      {"arrow to the left", [&](TC& C) { LongArrow(C), C.X->SetTwisted(true); }, {29, 11, 562, 380}, 29, 11},
+      // 30 pixels at the right, where the axis has 10; zoomed, the drawing goes beyond the data area anyway, and there
+      // is a scroll bar of 17 pixels
+      {"drawn beyond the last point", [](TC& C) { C.Series.ExtraSpace = 29.5f; }, {22, 11, 549, 380}, 22, 11},
+      {"zoomed", Zoom, {22, 11, 569, 363}, 22, 11},
+      // Depth is there before walls only.
+      {"solid series", [](TC& C) { C.Series.Solid = true; }, {22, 11, 569, 380}, 22, 11},
+      {"walls", Walls, {22, 11, 569, 380}, 22, 11},
+      {"depth", [&](TC& C) { C.Series.Solid = true, Walls(C); }, {22, 30, 566, 361}, 22, 11},
       {"arrow upwards", [](TC& C) { C.Y->ArrowPoint().SetVisible(true); }, {22, 21, 569, 370}, 22, 11},
   };
   for (const auto& Case : Cases) {
     TFiveAxes Chart;
     Case.Set(Chart);
-    Chart.Graph->Calculate();
+    Chart.Paint();
     SCOPED_TRACE(Case.Name);
     const RectF& Area = Chart.Graph->DrawingArea();
     EXPECT_EQ(Area, Case.Area);
@@ -140,32 +136,13 @@ TEST(ZyAxisLayoutTest, AddsUpAxesOnAllSides) {
       EXPECT_EQ(Axis->GetHorizontal() ? Axis->AxLeft() : Axis->AxTop(), Axis->GetHorizontal() ? Area.X : Area.Y);
       EXPECT_FALSE(Axis->NeedsRecalculate());
     }
-    EXPECT_FALSE(TZyAxis::LayoutRunning);
   }
-}
-
-TEST(ZyAxisLayoutTest, SeriesGetTheRoomThatTheyNeed) {
-  TFiveAxes Chart;
-  TZyDoubleVector X, Y;
-  X.AddRange({0, 5, 10});
-  Y.AddRange({0, 5, 10});
-  TWideSeries Series;
-  Series.SetXData(&X);
-  Series.SetYData(&Y);
-  Series.SetXAxis(Chart.X);
-  Series.SetYAxis(Chart.Y);
-  Chart.Paint();
-  EXPECT_EQ(Chart.Graph->DrawingArea(), (RectF{22, 11, 549, 380})) << "30 pixels at the right, where the axis has 10";
-  Chart.X->SetStartStop(2, 8);  // zoomed, the drawing goes beyond the data area anyway
-  Chart.Graph->Modified();
-  Chart.Paint();
-  EXPECT_EQ(Chart.Graph->DrawingArea(), (RectF{22, 11, 569, 363})) << "above a scroll bar of 17 pixels";
 }
 
 TEST(ZyAxisLayoutTest, ArrowsStandWhereTheValuesGrow) {
   for (const bool Twisted : {false, true}) {
     TFiveAxes Chart;
-    for (TZyAxis* Axis : {Chart.Y, Chart.Left2, Chart.Right2}) Axis->SetVisible(false);
+    Chart.HideUpright();
     Chart.X->SetForeColor(Colors::Red);
     Chart.X->ArrowPoint().SetVisible(true);  // 21 pixels of line and tip beyond the end
     Chart.X->SetTwisted(Twisted);
@@ -178,64 +155,62 @@ TEST(ZyAxisLayoutTest, ArrowsStandWhereTheValuesGrow) {
   }
 }
 
+SizeF NumberExtent(std::string_view Text) { return CaptionExtent(Font("Arial", 12, {TFontStyle::Bold}), Text); }
+
 TEST(ZyAxisLayoutTest, LongLabelsPushTheMarginsAcross) {
-  const Font NumbersFont("Arial", 12, {TFontStyle::Bold});
   for (const bool Twisted : {false, true}) {
     TFiveAxes Chart;
-    for (TZyAxis* Axis : {Chart.Y, Chart.Left2, Chart.Right2}) Axis->SetVisible(false);
+    Chart.HideUpright();
     Chart.X->SetNumbersVisible(true);
     Chart.X->SetTwisted(Twisted);
     Chart.X->SetOnGetScaleLabel(
         [](TObject*, TZyScaleLabelEventArgs& Args) { Args.Caption = Args.Value == 10 ? "ten ten ten" : "-"; });
     Chart.Graph->Calculate();
     // No axis stands at the sides, so that half of the outer label is the margin; 2 pixels more at the right.
-    const float Long = CaptionExtent(NumbersFont, "ten ten ten").Width / 2,
-                Short = CaptionExtent(NumbersFont, "-").Width / 2;
+    const float Long = NumberExtent("ten ten ten").Width / 2, Short = NumberExtent("-").Width / 2;
     const float Left = std::ceil(Twisted ? Long : Short), Right = std::ceil((Twisted ? Short : Long) + 2);
-    const RectF& Area = Chart.Graph->DrawingArea();
-    EXPECT_EQ(Area.X, Left);
-    EXPECT_EQ(Area.Width, 600 - Left - Right + 1);
+    EXPECT_EQ(Chart.Graph->DrawingArea().X, Left);
+    EXPECT_EQ(Chart.Graph->DrawingArea().Width, 600 - Left - Right + 1);
   }
   // A turned label takes the other extent across, and both in parts along.
   TFiveAxes Chart;
   Chart.X->SetNumbersVisible(true);
   Chart.X->SetRubricsAngle(90);
   Chart.Graph->Calculate();
-  const float Across = std::ceil(1 + 10 + CaptionExtent(NumbersFont, "10").Width);
+  const float Across = std::ceil(1 + 10 + NumberExtent("10").Width);
   EXPECT_NEAR(Chart.Graph->DrawingArea().Height, 400 - 11 - (Across - 1) + 1, 1);
 }
 
-TEST(ZyAxisLayoutTest, CaptionsTakeTheRoomOfTheirDirection) {
-  const SizeF Text = CaptionExtent(Font("Times New Roman", 14, {TFontStyle::Bold}), "ordinate");
-  for (const bool Horizontal : {false, true}) {
-    TFiveAxes Chart;
-    Chart.Y->SetCaption("ordinate");
-    Chart.Y->SetCaptionHorizontalOnVerticalAxis(Horizontal);
+TEST(ZyAxisLayoutTest, LeavesRoomForNumbersCaptionsAndOverhangs) {
+  for (const bool Lying : {false, true}) {  // the caption on Y
+    TSampleChart Chart;
+    Chart.X->SetCaption("abscissa");
+    Chart.Y->SetCaption("ordinate  ");
+    Chart.Y->SetCaptionHorizontalOnVerticalAxis(Lying);
     Chart.Graph->Calculate();
-    EXPECT_EQ(Chart.Graph->DrawingArea().X, 11 + std::ceil(11 + (Horizontal ? Text.Width : Text.Height)));
+    const SizeF Label = NumberExtent("10");
+    const SizeF Caption = CaptionExtent(Font("Times New Roman", 14, {TFontStyle::Bold}), "ordinate");
+    const float Left = std::ceil(1 + 10 + Label.Width + (Lying ? Caption.Width : Caption.Height));
+    const float Bottom = std::ceil(1 + 10 + Label.Height + Caption.Height) - 1;
+    const float Right = std::ceil(Label.Width / 2 + 2), Top = std::ceil(Label.Height / 2);
+    EXPECT_EQ(Chart.Graph->DrawingArea(), (RectF{Left, Top, 601 - Left - Right, 401 - Top - Bottom}));
   }
 }
 
-// 10 pixels between values 0 and 1; the data area is from 50 to 550 and from 50 to 300 when no axis takes room.
 TEST(ZyAxisLayoutTest, AxesCrossAtZero) {
   TSampleChart Chart;
-  Chart.X->SetStart(-5);
-  Chart.X->SetStop(5);
-  Chart.Y->SetStart(-5);
-  Chart.Y->SetStop(5);
-  Chart.X->SetVisible(false);
-  Chart.Graph->Calculate();
+  Lay(Chart, *Chart.Y, -5, 5);
   const auto Ticks = Chart.Y->Ticks().size();
+  Chart.X->SetVisible(false);
   Chart.Graph->SetZeroOrigin(true);
   Chart.Graph->SetDistanceBorderAxisLeft(50);
   Chart.Graph->SetDistanceBorderAxisRight(50);
-  Chart.Graph->Calculate();
+  Lay(Chart, *Chart.X, -5, 5);
   EXPECT_TRUE(Chart.X->Visible());
   const RectF& Area = Chart.Graph->DrawingArea();
   // The first label on X is -5 with half its width beyond the end, and no axis at the sides: border and overhang.
-  const Font NumbersFont("Arial", 12, {TFontStyle::Bold});
-  EXPECT_EQ(Area.X, 50 + std::ceil(CaptionExtent(NumbersFont, "-5").Width / 2));
-  EXPECT_EQ(Area.X + Area.Width - 1, 600 - 50 - std::ceil(CaptionExtent(NumbersFont, "5").Width / 2 + 2));
+  EXPECT_EQ(Area.X, 50 + std::ceil(NumberExtent("-5").Width / 2));
+  EXPECT_EQ(Area.X + Area.Width - 1, 600 - 50 - std::ceil(NumberExtent("5").Width / 2 + 2));
   EXPECT_NEAR(LineOf(*Chart.Y), Area.X + (Area.Width - 1) / 2, 0.5);
   EXPECT_NEAR(static_cast<float>(Chart.X->Top()), Area.Y + (Area.Height - 1) / 2, 0.5);
   for (const TZyAxis* Axis : {Chart.X, Chart.Y}) {
@@ -245,21 +220,11 @@ TEST(ZyAxisLayoutTest, AxesCrossAtZero) {
     EXPECT_EQ(Axis->Ticks().size(), Axis->MajorGridTicks().size());
   }
   EXPECT_EQ(Chart.Y->Ticks().size(), Ticks - 1);
-}
-
-TEST(ZyAxisLayoutTest, AxesThatDoNotReachZeroKeepTheirSides) {
-  const std::pair<double, std::vector<std::string>> Cases[] = {
-      {1, {"1.5", "2.0", "2.5", "3.0", "3.5", "4.0", "4.5", "5.0", "5.5", "6.0"}},
-      {0, {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}}};
-  for (const auto& [Start, Texts] : Cases) {
-    TSampleChart Chart;
-    Chart.Graph->SetZeroOrigin(true);
-    Chart.X->SetStop(Start > 0 ? 6 : 10);
-    Chart.X->SetStart(Start);
-    Chart.X->SetLabelDistanceFactor(Start > 0 ? 0.5f : 1);
-    Chart.Graph->Calculate();
-    const RectF& Area = Chart.Graph->DrawingArea();
-    EXPECT_EQ(Chart.X->LabelTexts(), Texts);
+  // Axes that do not reach zero, or begin there, keep their sides.
+  for (const double Start : {0.0, 1.0}) {
+    Lay(Chart, *Chart.Y, Start, 5);
+    Lay(Chart, *Chart.X, Start, 5);
+    EXPECT_EQ(LabelsOf(*Chart.X), std::string("0.5|1.0|1.5|2.0|2.5|3.0|3.5|4.0|4.5|5.0").substr(Start == 0 ? 0 : 8));
     EXPECT_EQ(LineOf(*Chart.Y), Area.X);
     EXPECT_EQ(LineOf(*Chart.X), Area.Y + Area.Height - 1);
   }
@@ -288,38 +253,14 @@ TEST(ZyAxisLayoutTest, LegendsReserveTheirSides) {
   for (const auto& Case : Cases) {
     TFiveAxes Chart;
     TStubLegend Legend(Chart, Case.Position, 40, 60);
-    if (Case.Position == FreeFloating) Legend.SetBounds(7, 9, 40, 60);
     TStubLegend Smaller(Chart, Case.Position, 30, 50);  // shares the side and takes no more room
     TStubLegend Hidden(Chart, Case.Position, 300, 300);
     Hidden.SetVisible(false);
     Chart.Graph->Calculate();
     SCOPED_TRACE(static_cast<int>(Case.Position));
     EXPECT_EQ(Chart.Graph->DrawingArea(), Case.Area);
-    EXPECT_EQ(Legend.Left(), Case.Left);
-    EXPECT_EQ(Legend.Top(), Case.Top);
+    EXPECT_EQ((TPoint{Legend.Left(), Legend.Top()}), (TPoint{Case.Left, Case.Top}));
     EXPECT_EQ(Hidden.Left(), 7);
-  }
-}
-
-TEST(ZyAxisLayoutTest, SolidSeriesReserveTheirDepth) {
-  for (const bool Walls : {false, true}) {
-    for (const bool Solid : {false, true}) {
-      TFiveAxes Chart;
-      Chart.Right2->SetVisible(false);
-      auto* const Series = new TSolidSeries(&Chart.Form);
-      Series->Solid = Solid;
-      Series->SetXAxis(Chart.X);
-      Series->SetYAxis(Chart.Y);
-      Series->SetXData(Chart.AddVector("VX", {0, 10}));
-      Series->SetYData(Chart.AddVector("VY", {0, 10}));
-      if (Walls) Chart.Graph->MajorGridHorizontal().SetVisible(true);
-      Chart.Graph->Calculate();
-      const bool Deep = Walls && Solid;
-      const RectF Area = Chart.Graph->DrawingArea();
-      EXPECT_EQ(Area.Width, 600 - 22 - (Deep ? 13 : 1) + 1);  // without depth, room for half of the last tick
-      EXPECT_EQ(Area.Y, Deep ? 30 : 11);
-      EXPECT_EQ(Series->Prepared > 0, Deep);
-    }
   }
 }
 
@@ -327,37 +268,27 @@ TEST(ZyAxisLayoutTest, TheCaptionKeepsClearOfThePowerOfTen) {
   TSampleChart Chart;
   Chart.Y->SetStop(250000);
   Chart.Y->SetCaption("Caption as long as the axis");
-  Chart.Y->SetCaptionVisible(true);
-  Chart.Y->SetCaptionColor(0xFFFF0000);
-  Chart.Y->Font().SetColor(0xFF0000FF);
+  Chart.Y->SetCaptionColor(Colors::Red);
   const Bitmap Picture = Chart.Paint();
-  ASSERT_EQ(Chart.Y->ExtraExponent().Caption(), "·10\\+5");
-  const float Edge =
-      static_cast<float>(Chart.Y->Left()) + Chart.Y->ExtraExponent().X - Chart.Y->ExtraExponent().Width();
+  const TZyRichCaptionObject& Power = Chart.Y->ExtraExponent();
+  ASSERT_EQ(Power.Caption(), "·10\\+5");
   int LastRed = -1;
   for (int Y = 0; Y < Picture.GetHeight(); ++Y)
     for (int X = 0; X < 100; ++X)
-      if ((Picture.GetPixel(X, Y) & 0xFFFFFF) == 0xFF0000) LastRed = std::max(LastRed, X);
+      if (Picture.GetPixel(X, Y) == Colors::Red) LastRed = std::max(LastRed, X);
   EXPECT_GT(LastRed, 0);
-  EXPECT_LT(static_cast<float>(LastRed), Edge);
+  EXPECT_LT(static_cast<float>(LastRed), static_cast<float>(Chart.Y->Left()) + Power.X - Power.Width());
 }
 
 TEST(ZyAxisLayoutTest, CoupledGraphsShareTheWidthThatBothHave) {
   TSampleChart Chart;
   Chart.UsePlainAxes();
   auto* const Lower = new TZyGraph2D(&Chart.Form);
-  Lower->SetName("Lower");
   Lower->SetParent(&Chart.Form);
   Lower->SetBounds(0, 400, 600, 300);
-  auto* const Y = new TZyAxis(&Chart.Form);
-  Y->SetPosition(Left);
-  Y->SetParent(Lower);
-  Y->SetNumbersVisible(false);
+  TZyAxis *const Y = AddAxis(*Lower, Left), *const Far = AddAxis(*Lower, Right);
+  for (TZyAxis* Axis : {Y, Far}) Axis->SetNumbersVisible(false);
   Y->SetMajorTickLength(90);  // 91 pixels across
-  auto* const Far = new TZyAxis(&Chart.Form);
-  Far->SetPosition(Right);
-  Far->SetParent(Lower);
-  Far->SetNumbersVisible(false);
   Lower->SetPrimaryXAxis(Chart.X);
   Lower->SetPrimaryYAxis(Y);
   for (int Round = 0; Round < 3; ++Round) {  // a layout that is due again finds the same
@@ -368,22 +299,21 @@ TEST(ZyAxisLayoutTest, CoupledGraphsShareTheWidthThatBothHave) {
     Y->Calculate();
     Chart.Graph->Calculate();
     // The upper graph alone has 50 to 550, the lower one 91 to 590.
-    EXPECT_EQ(Lower->DrawingArea().X, 91);
-    EXPECT_EQ(Chart.Graph->DrawingArea().X, 91);
-    EXPECT_EQ(Lower->DrawingArea().Width, 550 - 91 + 1);
-    EXPECT_EQ(Chart.Graph->DrawingArea().Width, 550 - 91 + 1);
+    for (const TZyGraph2D* Graph : {static_cast<TZyGraph2D*>(Chart.Graph), Lower}) {
+      EXPECT_EQ(Graph->DrawingArea().X, 91);
+      EXPECT_EQ(Graph->DrawingArea().Width, 550 - 91 + 1);
+      EXPECT_EQ(Graph->HorizontalScrollBar()->Left(), 91) << "below the axis";
+    }
     EXPECT_EQ(Chart.X->AxLeft(), 91);
     EXPECT_EQ(Chart.X->AxLength(), 550 - 91);
     EXPECT_EQ(LineOf(*Y), 91);
     EXPECT_EQ(LineOf(*Chart.Y), 91);
     EXPECT_EQ(LineOf(*Far), 550);
-    for (const TZyGraph2D* Graph : {static_cast<TZyGraph2D*>(Chart.Graph), Lower})
-      EXPECT_EQ(Graph->HorizontalScrollBar()->Left(), std::lround(Graph->DrawingArea().X)) << "below the axis";
   }
 }
 
 TEST(ZyAxisLayoutTest, TinyChartsKeepUsableAxes) {
-  for (const int Size : {0, 1, 2, 11, 22, 39, 60}) {
+  for (const int Size : {0, 1, 11, 39, 60})
     for (const bool Zero : {false, true}) {
       TSampleChart Chart(Size, Size);
       Chart.X->SetCaption("abscissa");
@@ -397,9 +327,7 @@ TEST(ZyAxisLayoutTest, TinyChartsKeepUsableAxes) {
         for (const float Tick : Axis->Ticks()) EXPECT_TRUE(std::isfinite(Tick));
       }
       EXPECT_TRUE(std::isfinite(Chart.Graph->DrawingArea().Width));
-      EXPECT_FALSE(TZyAxis::LayoutRunning);
     }
-  }
 }
 
 TEST(ZyAxisLayoutTest, TellsMarkersAndLeavesTheFlagClear) {
@@ -412,8 +340,7 @@ TEST(ZyAxisLayoutTest, TellsMarkersAndLeavesTheFlagClear) {
   EXPECT_EQ(Marker.After, 0);
   Chart.Graph->EndUpdate();
   Chart.X->SetOnCalculated([&](TObject*) {
-    delete Chart.Y;  // a listener may free what stands behind it
-    Chart.Y = nullptr;
+    delete std::exchange(Chart.Y, nullptr);  // a listener may free what stands behind it
     Chart.X->SetOnCalculated({});
   });
   Chart.X->Calculate();
@@ -437,20 +364,17 @@ TEST(ZyAxisLayoutTest, PanningMovesTicksOnly) {
 }
 
 TEST(ZyAxisLayoutTest, DesignedAxesTakeTheSideWhereTheyAreDropped) {
-  const struct {
-    int X, Y;
-    TZyAxisPosition Position;
-  } Cases[] = {{300, 390, Bottom}, {10, 200, Left},  {590, 200, Right},
-               {300, 10, Top},     {150, 101, Left}, {150, 99, Top}};
-  for (const auto& Case : Cases) {
+  const std::tuple<int, int, TZyAxisPosition> Cases[] = {{300, 390, Bottom}, {10, 200, Left},  {590, 200, Right},
+                                                         {300, 10, Top},     {150, 101, Left}, {150, 99, Top}};
+  for (const auto& [X, Y, Position] : Cases) {
     TSampleChart Chart;
     Chart.Form.SetDesigning(true);
-    auto* const Axis = new TZyAxis(&Chart.Form);
-    Axis->SetDesigning(true);
-    Axis->SetBounds(Case.X, Case.Y, 400, 20);
-    Axis->SetParent(Chart.Graph);
-    EXPECT_EQ(Axis->Position(), Case.Position) << Case.X << ' ' << Case.Y;
-    EXPECT_EQ(Axis->GetHorizontal() ? Axis->Width() : Axis->Height(), Axis->GetHorizontal() ? 600 : 400);
+    TZyAxis Axis(&Chart.Form);
+    Axis.SetDesigning(true);
+    Axis.SetBounds(X, Y, 400, 20);
+    Axis.SetParent(Chart.Graph);
+    EXPECT_EQ(Axis.Position(), Position) << X << ' ' << Y;
+    EXPECT_EQ(Axis.GetHorizontal() ? Axis.Width() : Axis.Height(), Axis.GetHorizontal() ? 600 : 400);
   }
 }
 

@@ -4,68 +4,28 @@
 
 #include <cmath>
 #include <random>
+#include <tuple>
 
+#include "axes/AxisSamples.h"
 #include "axes/DateTimeSamples.h"
-#include "graph/SampleChart.h"
 #include "platform/framework/NumberText.h"
 
 namespace zy::testing {
 namespace {
 
 using enum TZyAxisScaling;
-using TTexts = std::vector<std::string>;
 
-/// Sets both ends, whichever of them would be repaired first.
 void Lay(TSampleChart& Chart, TZyAxis& Axis, TZyAxisScaling Scaling, double Start, double Stop) {
   Axis.SetScaling(Scaling);
-  Axis.SetStop(Stop);
-  Axis.SetStart(Start);
-  Chart.Graph->Calculate();
+  Lay(Chart, Axis, Start, Stop);
 }
 
-/// The texts of the labels, with bars between.
-std::string LabelsOf(const TZyAxis& Axis) {
-  std::string Result;
-  for (const std::string& Text : Axis.LabelTexts()) Result += (Result.empty() ? "" : "|") + Text;
-  return Result;
-}
-
-// By a program of its own in exact decimals that follows the same rules; its figures agree with those of the axis in
-// all but two of 3000 random ranges over 60 decades, which differ in how half a digit of a text is rounded.
-TEST(ZyAxisTicksTest, EvenScalesOverManyDecades) {
-  const struct {
-    double Start, Stop, AxisStart, AxisStop;
-    std::size_t Ticks;
-    const char* Power;
-    const char* Texts;
-  } Cases[] = {
-      {0, 85000, 0, 85000, 86, "4", "0|1|2|3|4|5|6|7|8"},
-      {-2.5e-7, 3e-7, -2.5e-7, 3e-7, 56, "-7", "-2|-1|0|1|2|3"},
-      {1e9, 1e9 + 1e-3, 1e9, 1e9 + 1e-3, 11, "", "1000000000.000|1000000000.001"},
-      {0, 1e20, 0, 1e20, 51, "20", "0.0|0.2|0.4|0.6|0.8|1.0"},
-      {-1e-20, 1e-20, -1e-20, 1e-20, 21, "-20", "-1.0|-0.5|0.0|0.5|1.0"},
-      {-99.7, 0.4, -100, 10, 56, "", "-100|-80|-60|-40|-20|0"},
-      {0, 10000, 0, 10000, 51, "4", "0.0|0.2|0.4|0.6|0.8|1.0"},
-      {0.0012, 0.0034, 0.001, 0.0035, 26, "", "0.0010|0.0015|0.0020|0.0025|0.0030|0.0035"},
-  };
-  for (const auto& Case : Cases) {
-    SCOPED_TRACE(::testing::Message() << Case.Start << " to " << Case.Stop);
-    TSampleChart Chart;
-    Lay(Chart, *Chart.X, Normal, Case.Start, Case.Stop);
-    EXPECT_NEAR(Chart.X->Start(), Case.AxisStart, 1e-9 * (Case.Stop - Case.Start));
-    EXPECT_NEAR(Chart.X->Stop(), Case.AxisStop, 1e-9 * (Case.Stop - Case.Start));
-    EXPECT_EQ(LabelsOf(*Chart.X), Case.Texts);
-    EXPECT_EQ(Chart.X->Ticks().size(), Case.Ticks);
-    const std::string Power = Case.Power;
-    EXPECT_EQ(Chart.X->ExtraExponent().Caption(), Power.empty() ? "" : "·10\\+" + Power);
-  }
-}
-
-/// Values of the ticks, counted from the start of a date axis.
-std::vector<long> WholeTicks(const TZyAxis& Axis) {
+/// Values of the first ticks, counted from the start of a date axis.
+std::vector<long> FirstTicks(const TZyAxis& Axis, std::size_t Count) {
   std::vector<long> Result;
   const double First = Axis.Scaling() == DateTime ? Axis.Start() : 0;
-  for (const float Tick : Axis.Ticks()) Result.push_back(std::lround(Axis.WorldToNumber(Tick) - First));
+  for (const float Tick : Axis.Ticks())
+    if (Result.size() < Count) Result.push_back(std::lround(Axis.WorldToNumber(Tick) - First));
   return Result;
 }
 
@@ -78,21 +38,11 @@ TEST(ZyAxisTicksTest, DatesFollowTheCalendar) {
     const char* Texts;
   } Cases[] = {
       {"2023-12-15", "2024-03-14", "2023-10-01", "2024-04-01", {0, 31, 61, 92, 123, 152, 183}, "Oct 23|Jan 24|Apr 24"},
-      {"2024-01-10", "2024-12-31", "2024-01-01", "2025-01-01", {0, 31, 60, 91, 121, 152, 182}, "Jan 24|Jul 24|Jan 25"},
-      {"2024-02-20", "2024-03-10", "2024-02-18", "2024-03-10", {0, 1, 2, 3, 4, 5, 6}, "2/18/24|3/3/24"},
-      {"1896-03-01",
-       "1905-06-01",
-       "1895-01-01",
-       "1910-01-01",
-       {0, 365, 731, 1096, 1461, 1826, 2191, 2556, 2921},
-       "1895|1900|1905|1910"},
+      {"2024-01-10", "2024-12-31", "2024-01-01", "2025-01-01", {0, 31, 60, 91, 121}, "Jan 24|Jul 24|Jan 25"},
+      {"2024-02-20", "2024-03-10", "2024-02-18", "2024-03-10", {0, 1, 2, 3, 4}, "2/18/24|3/3/24"},
+      {"1896-3-1", "1905-6-1", "1895-1-1", "1910-1-1", {0, 365, 731, 1096, 1461, 1826, 2191}, "1895|1900|1905|1910"},
       {"1899-12-29 22:00", "1899-12-30 01:00", "1899-12-29 22:00", "1899-12-30 01:00", {}, "22:00|23:00|00:00|01:00"},
-      {"2024-02-29 00:00:00.100",
-       "2024-02-29 00:00:00.210",
-       "2024-02-29 00:00:00.100",
-       "2024-02-29 00:00:00.220",
-       {},
-       "0.1|0.15|0.2"},
+      {"1900-1-1 0:0:0.100", "1900-1-1 0:0:0.210", "1900-1-1 0:0:0.100", "1900-1-1 0:0:0.220", {}, "0.1|0.15|0.2"},
       {"2024-03-10", "2024-02-20", "2024-03-10", "2024-02-18", {}, "2/18/24|3/3/24"},  // from late to early
   };
   for (const auto& Case : Cases) {
@@ -102,10 +52,7 @@ TEST(ZyAxisTicksTest, DatesFollowTheCalendar) {
     EXPECT_EQ(Shown(Chart.X->Start()), Shown(At(Case.AxisStart)));
     EXPECT_EQ(Shown(Chart.X->Stop()), Shown(At(Case.AxisStop)));
     EXPECT_EQ(LabelsOf(*Chart.X), Case.Texts);
-    std::vector<long> Days = WholeTicks(*Chart.X);
-    if (Case.Days.empty()) continue;
-    Days.resize(std::min(Days.size(), Case.Days.size()));
-    EXPECT_EQ(Days, Case.Days);
+    EXPECT_EQ(FirstTicks(*Chart.X, Case.Days.size()), Case.Days);
   }
   TSampleChart Chart;
   Chart.X->SetDateTimeFormats({"yyyy-mm", "", "", "", "", "", ""});
@@ -145,9 +92,7 @@ TEST(ZyAxisTicksTest, SecondsDecadesAndRubrics) {
     EXPECT_DOUBLE_EQ(Chart.X->Stop(), Case.AxisStop);
     EXPECT_EQ(LabelsOf(*Chart.X), Case.Texts);
     ASSERT_EQ(Chart.X->Ticks().size(), Case.Ticks);
-    std::vector<long> First = WholeTicks(*Chart.X);
-    First.resize(Case.First.size());
-    EXPECT_EQ(First, Case.First);
+    EXPECT_EQ(FirstTicks(*Chart.X, Case.First.size()), Case.First);
     EXPECT_NEAR(Chart.X->MajorIncrement(), Case.Major, 1e-9);
     EXPECT_NEAR(Chart.X->MinorIncrement(), Case.Minor, 1e-9);
     if (Case.Scaling == Rubrics) {
@@ -168,9 +113,7 @@ TEST(ZyAxisTicksTest, LogarithmicScalesThatBeginInsideADecade) {
     Chart.X->SetEndRounding(TZyAxisEndRounding::RndNothing);
     Chart.X->SetMaxForExtraExponent(10);
     Lay(Chart, *Chart.X, Log, Case.Start, Case.Stop);
-    std::vector<long> Ticks = WholeTicks(*Chart.X);
-    Ticks.resize(Case.Ticks.size());
-    EXPECT_EQ(Ticks, Case.Ticks);
+    EXPECT_EQ(FirstTicks(*Chart.X, Case.Ticks.size()), Case.Ticks);
     EXPECT_EQ(LabelsOf(*Chart.X), Case.Texts);
   }
 }
@@ -185,7 +128,7 @@ TEST(ZyAxisTicksTest, StepsOfTheUsersOwn) {
     Lay(Chart, *Chart.X, Normal, 0, 1);
   };
   Take(0.25, 0.125);
-  EXPECT_EQ(Chart.X->LabelTexts(), (TTexts{"0.00", "0.25", "0.50", "0.75", "1.00"}));
+  EXPECT_EQ(LabelsOf(*Chart.X), "0.00|0.25|0.50|0.75|1.00");
   EXPECT_EQ(Chart.X->Ticks().size(), 9u);
   Take(2e-5, 2e-5);
   EXPECT_LE(Chart.X->Ticks().size(), 700u) << "no more than pixels";
@@ -194,23 +137,20 @@ TEST(ZyAxisTicksTest, StepsOfTheUsersOwn) {
 TEST(ZyAxisTicksTest, PowersOfTenStandApartAndHaveRoom) {
   using enum TZyAxisPosition;
   for (const auto Position : {Bottom, Top, Left, Right}) {
+    const bool Lying = Position == Bottom || Position == Top;
     TSampleChart Chart;
-    TZyAxis& Axis = Position == Bottom || Position == Top ? *Chart.X : *Chart.Y;
+    TZyAxis& Axis = Lying ? *Chart.X : *Chart.Y;
     Axis.SetPosition(Position);
     Lay(Chart, Axis, Normal, 0, 10000);
     const TZyRichCaptionObject& Power = Axis.ExtraExponent();
-    const auto& Labels = Axis.AxLabels();
-    const auto Along = [&](const TZyRichCaptionObject& Text) { return Axis.GetHorizontal() ? Text.X : Text.Y; };
-    EXPECT_FLOAT_EQ(Along(Power), (Along(*Labels.back()) + Along(*Labels[Labels.size() - 2])) / 2);
+    const auto Along = [Lying](const TZyRichCaptionObject& Text) { return Lying ? Text.X : Text.Y; };
+    EXPECT_FLOAT_EQ(Along(Power), (Along(*Axis.AxLabels().back()) + Along(*Axis.AxLabels().end()[-2])) / 2);
     // Its outer edge is inside the control: 10 pixels of tick and 10 of distance from the line.
-    const float Across = Axis.GetHorizontal() ? Power.Y : Power.X;
-    EXPECT_FLOAT_EQ(std::fabs(Across - (Axis.GetHorizontal() ? Axis.AxTop() : Axis.AxLeft())), 20);
-    const float Extent = Axis.GetHorizontal() ? Power.Height() : Power.Width();
+    const float Across = Lying ? Power.Y : Power.X, Extent = Lying ? Power.Height() : Power.Width();
+    EXPECT_FLOAT_EQ(std::fabs(Across - (Lying ? Axis.AxTop() : Axis.AxLeft())), 20);
     const float Outer = Position == Bottom || Position == Right ? Across + Extent : Across - Extent;
-    EXPECT_GE(Outer, 0);
-    EXPECT_LE(Outer, static_cast<float>(Axis.GetHorizontal() ? Axis.Height() : Axis.Width()));
-    Axis.SetStop(0.5);
-    Chart.Graph->Calculate();
+    EXPECT_TRUE(Outer >= 0 && Outer <= static_cast<float>(Lying ? Axis.Height() : Axis.Width())) << Outer;
+    Lay(Chart, Axis, 0, 0.5);
     EXPECT_EQ(Power.Caption(), "");
   }
 }
@@ -269,11 +209,10 @@ TEST(ZyAxisTicksTest, WhatHoldsOfEveryAxis) {
   for (int Index = 0; Index < 2000; ++Index) {
     TRandomAxis Sample(Random);
     TZyAxis& Axis = Sample.Axis;
-    const double Start = Axis.Start(), Stop = Axis.Stop();
-    SCOPED_TRACE(::testing::Message() << Index << ": kind " << static_cast<int>(Axis.Scaling()) << ", " << Start
-                                      << " to " << Stop << " on " << Axis.AxLength());
+    SCOPED_TRACE(::testing::Message() << Index << ": kind " << static_cast<int>(Axis.Scaling()) << ", " << Axis.Start()
+                                      << " to " << Axis.Stop() << " on " << Axis.AxLength());
     // Ticks go one way, stand inside, and are no more than pixels. Only ends that are not rounded may leave none.
-    const std::vector<float> Ticks = Axis.Ticks();
+    const std::vector<float>& Ticks = Axis.Ticks();
     EXPECT_TRUE(!Ticks.empty() || Axis.EndRounding() == TZyAxisEndRounding::RndNothing);
     EXPECT_LE(static_cast<float>(Ticks.size()), 1.12f * Axis.AxLength() + 2);
     const float Low = Axis.GetHorizontal() ? Axis.AxLeft() : Axis.AxTop();
@@ -283,13 +222,11 @@ TEST(ZyAxisTicksTest, WhatHoldsOfEveryAxis) {
     }
     if (Axis.Scaling() == Normal) ExpectReadableLabels(Axis);
     // Laid out again, nothing moves.
-    const TTexts Texts = Axis.LabelTexts();
+    const auto State = [&Axis] { return std::tuple(Axis.Start(), Axis.Stop(), Axis.Ticks(), Axis.LabelTexts()); };
+    const auto Before = State();
     Axis.Modified();
     Sample.Chart.Graph->Calculate();
-    EXPECT_EQ(Axis.Start(), Start);
-    EXPECT_EQ(Axis.Stop(), Stop);
-    EXPECT_EQ(Axis.Ticks(), Ticks);
-    EXPECT_EQ(Axis.LabelTexts(), Texts);
+    EXPECT_EQ(State(), Before);
   }
 }
 

@@ -12,12 +12,9 @@ namespace zy::testing {
 namespace {
 
 /// Other settings for one test.
-class TSettings {
- public:
-  ~TSettings() { FormatSettings() = FKept; }
-
- private:
-  TFormatSettings FKept = FormatSettings();
+struct TSettings {
+  ~TSettings() { FormatSettings() = Kept; }
+  TFormatSettings Kept = FormatSettings();
 };
 
 TEST(ZyDateTimeTextTest, FormatsOfDatesAndTimes) {
@@ -46,15 +43,12 @@ TEST(ZyDateTimeTextTest, FormatsOfDatesAndTimes) {
 
 TEST(ZyDateTimeTextTest, FormatsOfLabelsFollowTheSettings) {
   const TSettings Kept;
-  TFormatSettings& Settings = FormatSettings();
-  Settings.ShortDateFormat = "dd.MM.yyyy";
-  Settings.ShortTimeFormat = "hh:nn:ss";
-  Settings.DecimalSeparator = ',';
+  FormatSettings().ShortDateFormat = "dd.MM.yyyy";
+  FormatSettings().ShortTimeFormat = "hh:nn:ss";
+  FormatSettings().DecimalSeparator = ',';
   const TZyDateTimeFormats Formats = DefaultDateTimeFormats();
-  EXPECT_EQ(Formats.Day, "d.M.yy");
-  EXPECT_EQ(Formats.Minute, "hh:nn");
-  EXPECT_EQ(Formats.DayAndHour, "d.M.yy hh:nn");
-  EXPECT_EQ(Formats.MilliSecond, "s,fff");
+  EXPECT_EQ(Formats.Day + "|" + Formats.Minute + "|" + Formats.DayAndHour + "|" + Formats.MilliSecond,
+            "d.M.yy|hh:nn|d.M.yy hh:nn|s,fff");
 }
 
 TEST(ZyDateTimeTextTest, SpansInSeconds) {

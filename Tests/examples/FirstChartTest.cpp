@@ -10,48 +10,35 @@
 #include <fstream>
 #include <string>
 
-#include "drawing/Pixels.h"
+#include "framework/Bytes.h"
 
 namespace zy {
 namespace {
 
-namespace fs = std::filesystem;
-
 class FirstChartTest : public ::testing::Test {
  protected:
-  ~FirstChartTest() override { fs::remove_all(Folder); }
-
-  fs::path WriteCsv(const std::string& Content) {
-    const fs::path FileName = Folder / "prices.csv";
-    std::ofstream(FileName, std::ios::binary) << Content;
-    return FileName;
-  }
-
   /// Runs the program and returns its exit code; what it printed is in Output.
-  int Run(const fs::path& Csv) {
-    const std::string Command = std::string(ZY_FIRST_CHART) + " " + Csv.string() + " " + Picture.string() + " 2>&1";
-    std::FILE* const Pipe = popen(Command.c_str(), "r");
+  int Run(const std::string& FileName) {
+    std::FILE* const Pipe = popen((ZY_FIRST_CHART " " + FileName + " " + Picture + " 2>&1").c_str(), "r");
     Output.clear();
     for (int Character = std::fgetc(Pipe); Character != EOF; Character = std::fgetc(Pipe))
       Output += static_cast<char>(Character);
     return WEXITSTATUS(pclose(Pipe));
   }
-
-  static fs::path MakeFolder() {
-    std::string Template = (fs::temp_directory_path() / "first_chart_XXXXXX").string();
-    return mkdtemp(Template.data());
+  int RunWith(const std::string& Content) {
+    std::ofstream(Csv, std::ios::binary) << Content;
+    return Run(Csv);
   }
 
-  const fs::path Folder = MakeFolder();
-  const fs::path Picture = Folder / "sub" / "chart.png";
+  const testing::TTemporaryFolder Folder;
+  const std::string Csv = Folder / "prices.csv", Picture = Folder / "sub/chart.png";
   std::string Output;
 };
 
 TEST_F(FirstChartTest, DrawsTheCurveIntoAPicture) {
   ASSERT_EQ(Run(ZY_EXAMPLE_DATA "/sp500-2000.csv"), 0) << Output;
-  const QImage Image(QString::fromStdString(Picture.string()));
-  ASSERT_EQ(Image.width(), 1200);
-  ASSERT_EQ(Image.height(), 800);
+  const QImage Image(QString::fromStdString(Picture));
+  ASSERT_EQ(Image.size(), QSize(1200, 800));
   // The curve is dark blue on white. Its first value, 1455, lies well below its highest, 3386 in February 2020, which
   // lies right of the middle; prices of 20 years leave ink in every part of the width.
   const auto HighestInk = [&Image](int From, int To) {
@@ -71,28 +58,21 @@ TEST_F(FirstChartTest, TellsWhatIsWrongWithItsDataAndWhere) {
   const std::string Head = "date,open,close\n2000-01-03,1,2.5\n";
   const std::pair<std::string, std::string> Cases[] = {
       {Head + "2000-01-04,1,two\n", "line 3, column 14: \"two\" is no number"},
-      {Head + "2000-01-04,1,\n", "line 3, column 14: \"\" is no number"},
       {Head + "2000-01-04,1,inf\n", "line 3, column 14: \"inf\" is no number"},
       {Head + "2000-01-04,1\n", "line 3, column 13: 2 fields found, 3 wanted"},
       {Head + "\r\n2000-01-04,1,2,3\r\n", "line 4, column 16: 4 fields found, 3 wanted"},
       {Head + "2001-02-29,1,2\n", "line 3, column 1: \"2001-02-29\" is no date"},
-      {Head + "2001-2-3,1,2\n", "line 3, column 1: \"2001-2-3\" is no date"},
       {"date,open\n2000-01-03,1\n", "line 1, column 1: there is no column \"close\""},
-      {"date,close\n", "line 1, column 1: there are no rows of data"},
       {"", "line 1, column 1: there are no rows of data"}};
   for (const auto& [Content, Message] : Cases) {
-    const fs::path Csv = WriteCsv(Content);
-    EXPECT_EQ(Run(Csv), 1) << Content;
-    EXPECT_NE(Output.find(Csv.string() + ", " + Message + "\n"), std::string::npos) << Output;
-    EXPECT_FALSE(fs::exists(Picture));
+    EXPECT_EQ(RunWith(Content), 1) << Content;
+    EXPECT_NE(Output.find(Csv + ", " + Message + "\n"), std::string::npos) << Output;
+    EXPECT_FALSE(std::filesystem::exists(Picture));
   }
-  EXPECT_EQ(Run(Folder / "nothing.csv"), 1);
+  EXPECT_EQ(Run("/nothing.csv"), 1);
   EXPECT_NE(Output.find("nothing.csv"), std::string::npos) << Output;
-}
-
-TEST_F(FirstChartTest, TakesAShortFileWithEveryLineEnd) {
-  EXPECT_EQ(Run(WriteCsv("date,close\r\n2000-01-03,1\r\n2000-01-04,2")), 0) << Output;
-  EXPECT_TRUE(fs::exists(Picture));
+  EXPECT_EQ(RunWith("date,close\r\n2000-01-03,1\r\n2000-01-04,2"), 0) << Output;  // every line end
+  EXPECT_TRUE(std::filesystem::exists(Picture));
 }
 
 }  // namespace

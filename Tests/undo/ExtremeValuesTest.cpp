@@ -4,8 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <iostream>
-#include <limits>
+#include <cmath>
+#include <cstdint>
+#include <functional>
 
 #include "graph/SampleChart.h"
 #include "platform/framework/Application.h"
@@ -18,20 +19,8 @@
 namespace zy {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double Inf = std::numeric_limits<double>::infinity();
-constexpr double Reals[] = {NaN, Inf, -Inf, 1e308, -1e308, 5e-324, -1e-40, 0, -0.0, -1, 1e9, -1e15, 0.3};
-constexpr std::int64_t Wholes[] = {std::numeric_limits<std::int64_t>::min(),
-                                   std::numeric_limits<std::int64_t>::max(),
-                                   std::numeric_limits<std::int32_t>::min(),
-                                   std::numeric_limits<std::int32_t>::max(),
-                                   std::numeric_limits<std::uint32_t>::max(),
-                                   -1,
-                                   0,
-                                   1,
-                                   100000};
+constexpr double Reals[] = {NAN, HUGE_VAL, -HUGE_VAL, 1e308, -1e308, 5e-324, -1e-40, 0, -0.0, -1, 1e9, -1e15, 0.3};
+constexpr std::int64_t Wholes[] = {INT64_MIN, INT64_MAX, INT32_MIN, INT32_MAX, UINT32_MAX, -1, 0, 1, 100000};
 
 std::vector<std::string> Texts() {
   std::string Marked;
@@ -71,17 +60,11 @@ class ExtremeValuesTest : public ::testing::Test {
         Collect(*Info->GetObject(Object), Path + "." + Info->Name);
   }
 
-  void Paint() {
-    Bitmap Picture(120, 90);
-    Graphics Gr(Picture);
-    FChart.Graph->PaintGr(Gr);
-  }
-
   /// Sets a property, paints, undoes and paints: what is thrown names its reason, nothing takes long, and what was
   /// undone is what it was.
   template <class TSet>
   void Try(TPersistent& Object, const TPropInfo& Info, const std::string& What, const TSet& Set) {
-    const auto Begin = Clock::now();
+    const auto Begin = std::chrono::steady_clock::now();
     FStack.Clear();
     const std::string Before = ValueOf(Object, Info);
     const auto Guarded = [&](const char* Doing, const auto& Step) {
@@ -96,76 +79,65 @@ class ExtremeValuesTest : public ::testing::Test {
     };
     Guarded("setting", Set);
     const bool IsStep = FStack.CanUndo();
-    Guarded("painting", [this] { Paint(); });
+    Guarded("painting", [this] { FChart.Paint(); });
     while (FStack.CanUndo()) FStack.Undo();
     if (IsStep) {
       ++FUndone;
       const std::string After = ValueOf(Object, Info);
       EXPECT_TRUE(After == Before) << What << ": " << Before.substr(0, 40) << " became " << After.substr(0, 40);
-    } else if (Info.Kind != TPropKind::Class && !Info.IsReadOnly) {
-      Guarded("setting back", [&] { Restore(Object, Info); });
+    } else {
+      Guarded("setting back", FRestore);
     }
-    const std::chrono::duration<double> Taken = Clock::now() - Begin;
-    EXPECT_LT(Taken.count(), 60) << What << " takes so long that a user would call it a hang";
-    if (Taken.count() > FSlowest) {
-      FSlowest = Taken.count();
-      FSlowestWhat = What;
-    }
+    EXPECT_LT(std::chrono::steady_clock::now() - Begin, std::chrono::seconds(60)) << What << ", as good as a hang";
     ++FTried;
   }
 
-  std::string ValueOf(TPersistent& Object, const TPropInfo& Info) {
-    if (Info.GetOrd != nullptr) FOrd = Info.GetOrd(Object);
-    if (Info.GetFloat != nullptr) FFloat = Info.GetFloat(Object);
+  static std::string ValueOf(TPersistent& Object, const TPropInfo& Info) {
     if (Info.GetStr != nullptr) return Info.GetStr(Object);
     if (Info.GetObject != nullptr) return std::to_string(reinterpret_cast<std::uintptr_t>(Info.GetObject(Object)));
-    return Info.GetOrd != nullptr ? std::to_string(FOrd) : Info.GetFloat != nullptr ? RealToText(FFloat) : "";
+    if (Info.GetOrd != nullptr) return std::to_string(Info.GetOrd(Object));
+    return Info.GetFloat != nullptr ? RealToText(Info.GetFloat(Object)) : "";
   }
-  void Restore(TPersistent& Object, const TPropInfo& Info) const {
-    if (Info.SetOrd != nullptr) Info.SetOrd(Object, FOldOrd);
-    if (Info.SetFloat != nullptr) Info.SetFloat(Object, FOldFloat);
-    if (Info.SetStr != nullptr) Info.SetStr(Object, FOldText);
+  /// What sets a property to the value that it has now.
+  static std::function<void()> RestoreOf(TPersistent& Object, const TPropInfo& Info) {
+    if (Info.SetOrd != nullptr) return [&, Old = Info.GetOrd(Object)] { Info.SetOrd(Object, Old); };
+    if (Info.SetFloat != nullptr) return [&, Old = Info.GetFloat(Object)] { Info.SetFloat(Object, Old); };
+    if (Info.SetStr != nullptr) return [&, Old = Info.GetStr(Object)] { Info.SetStr(Object, Old); };
+    if (Info.SetObject != nullptr) return [&, Old = Info.GetObject(Object)] { Info.SetObject(Object, Old); };
+    return [] {};
   }
 
   void TryAll(TPersistent& Object, const std::string& Path, const TPropInfo& Info) {
     const std::string Name = Path + "." + Info.Name + " = ";
-    FOldText = ValueOf(Object, Info);
-    FOldOrd = FOrd;
-    FOldFloat = FFloat;
+    FRestore = RestoreOf(Object, Info);
+    const auto Ord = [&](std::int64_t Value) {
+      Try(Object, Info, Name + std::to_string(Value), [&] { Info.SetOrd(Object, Value); });
+    };
     if (Info.SetFloat != nullptr)
       for (const double Value : Reals)
         Try(Object, Info, Name + RealToText(Value), [&] { Info.SetFloat(Object, Value); });
     if (Info.SetOrd != nullptr)
-      for (const std::int64_t Value : Wholes)
-        Try(Object, Info, Name + std::to_string(Value), [&] { Info.SetOrd(Object, Value); });
+      for (const std::int64_t Value : Wholes) Ord(Value);
     if (Info.Kind == TPropKind::Enumeration)
-      for (std::size_t Value = 0; Value <= Info.Values->Values.size(); ++Value)
-        Try(Object, Info, Name + std::to_string(Value), [&] { Info.SetOrd(Object, static_cast<std::int64_t>(Value)); });
+      for (std::size_t Value = 0; Value <= Info.Values->Values.size(); ++Value) Ord(static_cast<std::int64_t>(Value));
     if (Info.SetStr != nullptr)
       for (const std::string& Value : FTexts)
         Try(Object, Info, Name + Value.substr(0, 20), [&] { Info.SetStr(Object, Value); });
     if (Info.Kind != TPropKind::Class || Info.IsOwnedObject || Info.IsReadOnly) return;
-    TPersistent* const Old = Info.GetObject(Object);
     std::vector<TPersistent*> Fitting{nullptr, &Object};
     for (const auto& [Other, OtherPath] : FObjects)
       if (Fitting.size() < 6 && Other->ClassInfo().InheritsFrom(Info.ObjectClass())) Fitting.push_back(Other);
-    for (TPersistent* Value : Fitting) {
+    for (TPersistent* Value : Fitting)
       Try(Object, Info, Name + (Value == nullptr ? "null" : Value->ClassName()),
           [&] { Info.SetObject(Object, Value); });
-      Info.SetObject(Object, Old);
-    }
   }
 
   testing::TSampleChart FChart;
   TZyUndoStack FStack{&FChart.Form};
   std::vector<std::pair<TPersistent*, std::string>> FObjects;
   const std::vector<std::string> FTexts = Texts();
-  std::int64_t FOrd = 0, FOldOrd = 0;
-  double FFloat = 0, FOldFloat = 0;
-  std::string FOldText;
+  std::function<void()> FRestore;
   int FTried = 0, FRefused = 0, FUndone = 0;
-  double FSlowest = 0;
-  std::string FSlowestWhat;
 };
 
 TEST_F(ExtremeValuesTest, EverySetterTakesOrRefusesThem) {
@@ -174,8 +146,6 @@ TEST_F(ExtremeValuesTest, EverySetterTakesOrRefusesThem) {
   EXPECT_GT(FTried, 4000);
   EXPECT_GT(FRefused, 100) << "values beyond an enumeration";
   EXPECT_GT(FUndone, 1000);
-  std::cout << FTried << " values, " << FRefused << " refused, " << FUndone << " undone; slowest " << FSlowest
-            << " s: " << FSlowestWhat << '\n';
 }
 
 }  // namespace

@@ -11,10 +11,11 @@
 
 namespace zy::testing {
 
-/// What is set without undo: what the designer sets once, the one look without a step, and the paddings of an axis.
+/// What is set without undo: what the designer sets once, the one look without a step, the paddings of an axis, and the
+/// table and the part of a sample.
 inline const std::set<std::string_view> NotUndone = {
-    "BufferType",  "PanningCursor",       "SmoothingMode", "AutoUpdate",   "ParentFont", "StartPadding",
-    "StopPadding", "MergeLegendItemWith", "DrawBandTo",    "RubricsField", "DataSource", "DataField"};
+    "BufferType",          "PanningCursor", "SmoothingMode", "AutoUpdate", "ParentFont", "StartPadding", "StopPadding",
+    "MergeLegendItemWith", "DrawBandTo",    "RubricsField",  "DataSource", "DataField",  "Table",        "Part"};
 
 /// What every panel has, places and names above all, is set without undo too.
 inline bool IsUndone(const TPropInfo& Info) {
@@ -24,18 +25,27 @@ inline bool IsUndone(const TPropInfo& Info) {
 /// Writes some value of the property's kind through its setter. False for kinds that the walk leaves alone.
 inline bool SetAtRandom(TPersistent& Object, const TPropInfo& Info, TComponent& Root, std::mt19937& Random) {
   const auto Roll = [&Random](std::size_t Count) { return static_cast<std::int64_t>(Random() % Count); };
+  const auto SetOrd = [&](std::int64_t Value) { return Info.SetOrd(Object, Value), true; };
   switch (Info.Kind) {
     case TPropKind::Enumeration:
-      Info.SetOrd(Object, Roll(Info.Values->Values.size()));
-      return true;
+      return SetOrd(Roll(Info.Values->Values.size()));
+    case TPropKind::Char:
+      return SetOrd(Roll(256));
     case TPropKind::Integer:
-      Info.SetOrd(Object, Roll(2000));
-      return true;
+      return SetOrd(Info.Name == std::string_view("Small") ? Roll(256) - 128 : Roll(2000));
+    case TPropKind::Int64:
+      return SetOrd(Roll(2000) << Roll(31));
     case TPropKind::Float:
       Info.SetFloat(Object, static_cast<double>(Roll(4000) - 1000) / 16);
       return true;
     case TPropKind::String:
       Info.SetStr(Object, "text " + std::to_string(Roll(100)));
+      return true;
+    case TPropKind::DynArray:
+      Info.SetVariant(Object, TVariant::TArray(static_cast<std::size_t>(Roll(5)), static_cast<double>(Roll(9)) / 3));
+      return true;
+    case TPropKind::Variant:
+      Info.SetVariant(Object, Roll(2) == 0 ? TVariant(TVariant::TArray{1, "two", 3.5}) : TVariant(Roll(100)));
       return true;
     case TPropKind::Class: {
       if (Info.IsOwnedObject) return false;

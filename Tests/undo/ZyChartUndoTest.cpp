@@ -15,8 +15,9 @@ namespace {
 
 using testing::IsUndone;
 using testing::SetAtRandom;
+using testing::TSample;
 
-/// A form with a chart of two series, all of which push to one stack.
+/// A form with a chart of two series and a sample of every kind of property, all of which push to one stack.
 class ZyChartUndoTest : public ::testing::Test {
  protected:
   ZyChartUndoTest() {
@@ -24,6 +25,14 @@ class ZyChartUndoTest : public ::testing::Test {
     for (const char* Name : {"Series1", "Series2"}) Chart.AddSeries(Name, {1, 2, 3, 4}, {10, 30, 20, 40});
     Stack.SetLimit(0);
     Chart.Graph->SetUndoStack(&Stack);
+    Sample.SetName("Sample");
+    Sample.MakePart();
+    for (TSample* const Part : {&Sample, Sample.Part()}) {
+      Part->BeforeChange = [this](TPersistent* Instance, const char* Property) {
+        Stack.PushProperty(Instance, Property, Property);
+      };
+      Collect(*Part);
+    }
     for (TComponent* Component : Form.Components())
       if (dynamic_cast<TZyGraph2D*>(Component) != nullptr || dynamic_cast<TZyAxis*>(Component) != nullptr ||
           dynamic_cast<TZySeries*>(Component) != nullptr)
@@ -44,10 +53,12 @@ class ZyChartUndoTest : public ::testing::Test {
   testing::TSampleChart Chart;
   TForm& Form = Chart.Form;
   TZyUndoStack Stack{&Form};
+  TSample Sample{&Form};
   std::vector<TPersistent*> Objects;
 };
 
 TEST_F(ZyChartUndoTest, EverySetterPushesOneStepThatUndoReverts) {
+  Stack.SetToMemoryStream(false);  // the walks have the other kind
   std::mt19937 Random(5);
   int Tried = 0;
   for (TPersistent* Object : Objects) {
@@ -83,7 +94,10 @@ TEST_F(ZyChartUndoTest, RandomWalksComeBackToTheFirstBytesInGroupsToo) {
       const auto& Properties = Object.ClassInfo().Properties();
       const TPropInfo& Info = *Properties[Random() % Properties.size()];
       if (IsUndone(Info)) SetAtRandom(Object, Info, Form, Random);
+      if (Random() % 50 == 0) Sample.SetShades(TSet<testing::TShade>::FromBits(Random() % 8));
+      if (Random() % 50 == 0) Sample.Lines().Add("line " + std::to_string(Call));
       if (Random() % 8 == 0 && Level > 0) Stack.StopGroup(), --Level;
+      if (Random() % 50 == 0 && Level == 0 && Stack.CanUndo()) Stack.Undo();  // forgets a branch now and then
     }
     while (Level-- > 0) Stack.StopGroup();
     const std::string After = Text(Form);
