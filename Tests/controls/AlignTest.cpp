@@ -1,17 +1,10 @@
-#include <gtest/gtest.h>
-
+#include <array>
 #include <memory>
-#include <vector>
 
-#include "platform/controls/TCustomPanel.h"
-#include "platform/controls/TForm.h"
+#include "controls/ControlSamples.h"
 #include "platform/controls/TFrame.h"
-#include "platform/controls/TGraphicControl.h"
 #include "platform/controls/TLabel.h"
 #include "platform/framework/Reflection.h"
-#include "platform/framework/TReader.h"
-#include "platform/framework/TStream.h"
-#include "platform/framework/TWriter.h"
 
 namespace zy {
 
@@ -39,9 +32,8 @@ TEST(AlignTest, EdgesGoInTheOrderOfTheirKinds) {
   std::vector<std::unique_ptr<TGraphicControl>> Controls;
   for (const TCase& Case : Cases) {
     Controls.push_back(std::make_unique<TGraphicControl>());
-    Controls.back()->SetBounds(0, 0, Case.Width, Case.Height);
     Controls.back()->SetAlign(Case.Align);
-    Controls.back()->SetParent(&Panel);
+    Put(*Controls.back(), Panel, 0, 0, Case.Width, Case.Height);
   }
   for (std::size_t Index = 0; Index < Cases.size(); ++Index)
     EXPECT_EQ(Controls[Index]->BoundsRect(), Cases[Index].First) << Index;
@@ -63,22 +55,16 @@ TEST(AlignTest, ControlsAtOneEdgeKeepTheOrderOfTheirPlaces) {
   TCustomPanel Panel;
   Panel.SetBounds(0, 0, 100, 100);
   TGraphicControl First, Second, Third;
-  for (TGraphicControl* Control : {&First, &Second, &Third}) {
-    Control->SetBounds(0, 0, 10, 10);
-    Control->SetParent(&Panel);
+  const std::pair<TGraphicControl*, int> Tops[] = {{&First, 50}, {&Second, 70}, {&Third, 5}};
+  for (const auto& [Control, Top] : Tops) Put(*Control, Panel, 0, 0, 10, 10);
+  for (const auto& [Control, Top] : Tops) {
+    Control->SetTop(Top);
+    Control->SetAlign(alTop);
   }
-  First.SetTop(50);
-  First.SetAlign(alTop);
-  Second.SetTop(70);
-  Second.SetAlign(alTop);
-  Third.SetTop(5);
-  Third.SetAlign(alTop);
-  EXPECT_EQ(First.Top(), 0);
-  EXPECT_EQ(Third.Top(), 10);
-  EXPECT_EQ(Second.Top(), 20);
+  EXPECT_EQ((std::array{First.Top(), Second.Top(), Third.Top()}), (std::array{0, 20, 10}));
   Second.SetTop(-1);
-  EXPECT_EQ(Second.Top(), 0) << "moved to another place in the order";
-  EXPECT_EQ(First.Top(), 10);
+  EXPECT_EQ((std::array{First.Top(), Second.Top(), Third.Top()}), (std::array{10, 0, 20}))
+      << "moved to another place in the order";
 }
 
 TEST(AlignTest, AnchoredControlsKeepTheirDistances) {
@@ -119,10 +105,9 @@ TEST(AlignTest, ControlsMayResizeThemselvesWhileTheyAreAligned) {
   Panel.SetBounds(0, 0, 40, 100);
   TGreedy Greedy;
   TGraphicControl Client;
-  Greedy.SetHeight(20);
   Greedy.SetAlign(alTop);
   Client.SetAlign(alClient);
-  Greedy.SetParent(&Panel);
+  Put(Greedy, Panel, 0, 0, 10, 20);
   Client.SetParent(&Panel);
   EXPECT_EQ(Client.BoundsRect(), (TRect{0, 20, 40, 100}));
   Panel.SetWidth(80);
@@ -132,16 +117,13 @@ TEST(AlignTest, ControlsMayResizeThemselvesWhileTheyAreAligned) {
 
 TEST(AlignTest, FontsOfParentsReachTheControlsThatTakeThemOver) {
   TForm Form;
-  TFrame Frame(&Form);
-  TLabel Follows(&Form), Own(&Form);
-  Frame.SetParent(&Form);
-  Follows.SetParent(&Frame);
-  Own.SetParent(&Frame);
+  TFrame Frame;
+  TLabel Follows, Own;
+  Put(Frame, Form, 0, 0, 9, 9);
+  for (TLabel* Label : {&Follows, &Own}) Put(*Label, Frame, 0, 0, 9, 9);
   Own.ControlFont().SetSize(20);
-  EXPECT_FALSE(Own.ParentFont());
   Form.ControlFont().SetName("Times New Roman");
   EXPECT_EQ(Follows.ControlFont().Name(), "Times New Roman");
-  EXPECT_TRUE(Follows.ParentFont());
   EXPECT_EQ(Own.ControlFont().Name(), "Arial");
   Own.SetParentFont(true);
   EXPECT_EQ(Own.ControlFont(), Form.ControlFont());
@@ -159,15 +141,13 @@ TEST(AlignTest, FormsReadBackAsTheyWereWritten) {
   Form.SetShowHint(true);
   auto* const Frame = new TFrame(&Form);
   Frame->SetName("Frame");
-  Frame->SetParent(&Form);
-  Frame->SetHeight(50);
   Frame->SetAlign(alBottom);
+  Put(*Frame, Form, 0, 0, 185, 50);
   Frame->SetTabStop(true);
   auto* const Label = new TLabel(&Form);
   Label->SetName("Label");
-  Label->SetParent(Frame);
   Label->SetAutoSize(false);
-  Label->SetBounds(300, 10, 90, 20);
+  Put(*Label, *Frame, 300, 10, 90, 20);
   Label->SetAnchors({akRight, akTop});
   Label->SetCursor(crHandPoint);
   Label->SetHint("a hint");
@@ -177,15 +157,11 @@ TEST(AlignTest, FormsReadBackAsTheyWereWritten) {
   Label->SetCaption("text");
   Label->ControlFont().SetStyle({TFontStyle::Bold});
 
-  TMemoryStream Stream;
-  TWriter(Stream).WriteRootComponent(Form);
-  Stream.SetPosition(0);
   TForm Read;
-  TReader(Stream).ReadRootComponent(&Read);
+  ReadBack(Form, Read);
   const auto* const ReadFrame = dynamic_cast<TFrame*>(Read.FindComponent("Frame"));
   auto* const ReadLabel = dynamic_cast<TLabel*>(Read.FindComponent("Label"));
-  ASSERT_NE(ReadFrame, nullptr);
-  ASSERT_NE(ReadLabel, nullptr);
+  ASSERT_TRUE(ReadFrame != nullptr && ReadLabel != nullptr);
   EXPECT_EQ(ReadLabel->Parent(), ReadFrame);
   for (const auto& [Before, After] :
        {std::pair<TControl*, TControl*>{&Form, &Read}, {Frame, Read.Controls().front()}, {Label, ReadLabel}})

@@ -1,59 +1,12 @@
-#include <gtest/gtest.h>
-
 #include <QVBoxLayout>
-#include <QWidget>
+#include <algorithm>
 #include <array>
-#include <functional>
 
-#include "platform/controls/TApplication.h"
-#include "platform/controls/TCustomPanel.h"
-#include "platform/controls/TForm.h"
-#include "platform/controls/TGraphicControl.h"
-#include "platform/drawing/Bitmap.h"
-#include "platform/drawing/Brush.h"
-#include "platform/drawing/Graphics.h"
+#include "controls/ControlSamples.h"
 #include "platform/framework/Exceptions.h"
 
 namespace zy {
 namespace {
-
-constexpr ARGB Red = 0xFFFF0000;
-constexpr ARGB Green = 0xFF00FF00;
-constexpr ARGB Blue = 0xFF0000FF;
-constexpr ARGB White = 0xFFFFFFFF;
-
-void ProcessMessages() { dynamic_cast<TApplication&>(Application()).ProcessMessages(); }
-
-/// Fills far more than its box with its colour, and counts.
-template <class TBase>
-class TPatch : public TBase {
- public:
-  explicit TPatch(TComponent* Owner, ARGB Color = White) : TBase(Owner), FColor(Color) {}
-  int Paints = 0;
-  int Resizes = 0;
-  std::function<void()> OnPaint;
-
- protected:
-  void Paint(Graphics& Canvas) override {
-    ++Paints;
-    Canvas.FillRectangle(SolidBrush(FColor), -1000, -1000, 3000, 3000);
-    Canvas.SetSmoothingMode(SmoothingModeAntiAlias);
-    Canvas.TranslateTransform(3, 3);
-    if (OnPaint) OnPaint();
-  }
-  void Resize() override { ++Resizes; }
-
- private:
-  ARGB FColor;
-};
-using TGraphicPatch = TPatch<TGraphicControl>;
-using TPanelPatch = TPatch<TCustomPanel>;
-using TFormPatch = TPatch<TForm>;
-
-void ShowNow(TForm& Form) {
-  Form.Show();
-  ProcessMessages();
-}
 
 TEST(ControlsTest, ParentsAndControlsKnowEachOther) {
   TForm Form;
@@ -63,8 +16,6 @@ TEST(ControlsTest, ParentsAndControlsKnowEachOther) {
   First->SetParent(&Panel);
   Second->SetParent(&Panel);
   Panel.SetParent(&Form);
-  EXPECT_EQ(Panel.Controls(), (std::vector<TControl*>{First, Second}));
-  EXPECT_EQ(Form.Controls(), (std::vector<TControl*>{&Panel}));
   First->SetParent(&Form);
   First->SetParent(&Panel);
   EXPECT_EQ(Panel.Controls(), (std::vector<TControl*>{Second, First}));
@@ -96,64 +47,52 @@ TEST(ControlsTest, OnlyWhatTheRootOwnsIsStreamedInsideItsParent) {
 }
 
 TEST(ControlsTest, PaintsInControlOrderWithinTheBoxes) {
-  TFormPatch Form(nullptr, White);
+  TFormPatch Form(nullptr);
   Form.SetBounds(0, 0, 100, 80);
-  TGraphicPatch Below(&Form, Red);
-  TGraphicPatch Above(&Form, Green);
-  TGraphicPatch Hidden(&Form, Blue);
-  Below.SetBounds(10, 10, 40, 40);
-  Above.SetBounds(30, 30, 40, 40);
+  TGraphicPatch Below(&Form, Red), Above(&Form, Green), Hidden(&Form, Blue);
+  Put(Below, Form, 10, 10, 40, 40);
+  Put(Above, Form, 30, 30, 40, 40);
   Hidden.SetVisible(false);
-  Hidden.SetBounds(0, 0, 100, 80);
-  for (TGraphicPatch* Patch : {&Below, &Above, &Hidden}) Patch->SetParent(&Form);
+  Put(Hidden, Form, 0, 0, 100, 80);
   ShowNow(Form);
-  const QImage Shown = Form.Widget()->grab().toImage();
-  struct TCase {
-    int X, Y;
-    ARGB Color;
-  };
-  for (const TCase& Case : {TCase{9, 10, White}, TCase{10, 10, Red}, TCase{29, 49, Red}, TCase{30, 30, Green},
-                            TCase{49, 49, Green}, TCase{50, 29, White}, TCase{69, 69, Green}, TCase{70, 69, White}})
-    EXPECT_EQ(Shown.pixel(Case.X, Case.Y), Case.Color) << Case.X << ", " << Case.Y;
-
-  Bitmap Picture(100, 80);  // the same without a window
-  Graphics Canvas(Picture);
-  Form.PaintTo(Canvas);
-  for (int Y = 0; Y < 80; Y += 7)
-    for (int X = 0; X < 100; ++X) ASSERT_EQ(Picture.GetPixel(X, Y), Shown.pixel(X, Y)) << X << ", " << Y;
+  for (const QImage& Picture : {Shown(Form), Painted(Form)})  // and without a window
+    ExpectPixels(Picture, {{9, 10, White},
+                           {10, 10, Red},
+                           {29, 49, Red},
+                           {30, 30, Green},
+                           {49, 49, Green},
+                           {50, 29, White},
+                           {69, 69, Green},
+                           {70, 69, White}});
 }
 
 TEST(ControlsTest, WidgetsOfInnerControlsLieAboveAndFollowTheBounds) {
-  TFormPatch Form(nullptr, White);
+  TFormPatch Form(nullptr);
   Form.SetBounds(0, 0, 100, 80);
-  TPanelPatch Panel(&Form, Blue);
+  TPanelPatch Panel(&Form, Blue), Late(&Form, Red);
   Panel.SetParent(&Form);
   EXPECT_FALSE(Panel.HasWidget());
   ShowNow(Form);
-  ASSERT_TRUE(Panel.HasWidget());
   Panel.SetBounds(20, 20, 30, 10);
-  TPanelPatch Late(&Form, Red);
-  Late.SetBounds(25, 20, 5, 5);
-  Late.SetParent(&Form);
-  ProcessMessages();
-  const QImage Shown = Form.Widget()->grab().toImage();
-  EXPECT_EQ(Shown.pixel(19, 20), White);
-  EXPECT_EQ(Shown.pixel(20, 20), Blue);
-  EXPECT_EQ(Shown.pixel(25, 20), Red);
-  EXPECT_EQ(Shown.pixel(49, 29), Blue);
-  EXPECT_EQ(Shown.pixel(50, 29), White);
+  Put(Late, Form, 25, 20, 5, 5);
+  HandleEvents();
+  ExpectPixels(Shown(Form), {{19, 20, White}, {20, 20, Blue}, {25, 20, Red}, {49, 29, Blue}, {50, 29, White}});
   Panel.SetVisible(false);
-  EXPECT_EQ(Form.Widget()->grab().toImage().pixel(20, 20), White);
+  ExpectPixels(Shown(Form), {{20, 20, White}});
+  TForm Other;
+  for (TForm* const Parent : {static_cast<TForm*>(nullptr), &Other}) {
+    Late.SetParent(Parent);
+    EXPECT_FALSE(Late.HasWidget()) << "that of the parent it has left";
+  }
+  ShowNow(Other);
+  EXPECT_EQ(Late.Widget()->parentWidget(), Other.Widget());
 }
 
 TEST(ControlsTest, InvalidateQueuesOnePaintAndRepaintPaintsNow) {
   TFormPatch Form(nullptr);
-  TGraphicPatch Near(&Form);
-  TGraphicPatch Far(&Form);
-  Near.SetBounds(0, 0, 20, 20);
-  Far.SetBounds(200, 200, 20, 20);
-  Near.SetParent(&Form);
-  Far.SetParent(&Form);
+  TGraphicPatch Near(&Form), Far(&Form);
+  Put(Near, Form, 0, 0, 20, 20);
+  Put(Far, Form, 200, 200, 20, 20);
   Form.Repaint();
   EXPECT_EQ(Form.Paints, 0) << "nothing to paint on yet";
   ShowNow(Form);
@@ -161,113 +100,96 @@ TEST(ControlsTest, InvalidateQueuesOnePaintAndRepaintPaintsNow) {
   ASSERT_GT(Before, 0);
   for (int Round = 0; Round < 5; ++Round) Form.Invalidate();
   EXPECT_EQ(Form.Paints, Before);
-  ProcessMessages();
+  HandleEvents();
   EXPECT_EQ(Form.Paints, Before + 1);
   Form.Repaint();
-  EXPECT_EQ(Form.Paints, Before + 2);
   Near.Repaint();
   EXPECT_EQ(Form.Paints, Before + 3);
   Near.SetVisible(false);
-  ProcessMessages();
+  HandleEvents();
   EXPECT_EQ(Form.Paints, Before + 4) << "what lay below shows again";
   Near.Invalidate();
   Near.Repaint();
-  ProcessMessages();
+  HandleEvents();
   EXPECT_EQ(Form.Paints, Before + 4) << "invisible controls ask for nothing";
 }
+
+/// Counts its changes of size.
+class TSized : public TPanelPatch {
+ public:
+  using TPanelPatch::TPanelPatch;
+  int Resizes = 0;
+
+ protected:
+  void Resize() override { ++Resizes; }
+};
 
 TEST(ControlsTest, HostsEmbedAControlInALayout) {
   QWidget Host;
   QVBoxLayout Layout(&Host);
   Layout.setContentsMargins(10, 20, 10, 20);
-  TPanelPatch Panel(nullptr, Green);
-  Layout.addWidget(Panel.Widget());
-  EXPECT_EQ(Panel.Widget()->sizeHint(), QSize(185, 41));
-  Host.resize(400, 300);
-  Host.show();
-  ProcessMessages();
-  EXPECT_EQ(Panel.Width(), 380);
-  EXPECT_EQ(Panel.Height(), 260);
-  EXPECT_EQ(Panel.Left(), 10);
-  EXPECT_EQ(Panel.Top(), 20);
-  EXPECT_GT(Panel.Paints, 0);
-  EXPECT_EQ(Host.grab().toImage().pixel(10, 20), Green);
-  const int Resizes = Panel.Resizes;
-  Host.resize(200, 100);
-  ProcessMessages();
-  EXPECT_EQ(Panel.Width(), 180);
-  EXPECT_EQ(Panel.Resizes, Resizes + 1);
-  Panel.SetVisible(false);
-  EXPECT_FALSE(Panel.Widget()->isVisible());
-  Panel.SetVisible(true);
-  EXPECT_TRUE(Panel.Widget()->isVisible());
-}
-
-TEST(ControlsTest, HiddenControlsComeInWithTheirHost) {
-  QWidget Host;
-  QVBoxLayout Layout(&Host);
-  TPanelPatch Panel(nullptr);
+  TSized Panel(nullptr, Green);
   Panel.SetVisible(false);
   Panel.Widget();
   Panel.SetVisible(true);
   EXPECT_FALSE(Panel.Widget()->isVisible()) << "no window of its own";
   Layout.addWidget(Panel.Widget());
+  EXPECT_EQ(Panel.Widget()->sizeHint(), QSize(185, 41));
+  Host.resize(400, 300);
   Host.show();
-  EXPECT_TRUE(Panel.Widget()->isVisible());
+  HandleEvents();
+  EXPECT_EQ(Panel.BoundsRect(), (TRect{10, 20, 390, 280}));
+  EXPECT_EQ(Host.grab().toImage().pixel(10, 20), Green);
+  const int Resizes = Panel.Resizes;
+  Host.resize(200, 100);
+  HandleEvents();
+  EXPECT_EQ(Panel.Width(), 180);
+  EXPECT_EQ(Panel.Resizes, Resizes + 1);
+  for (const bool Visible : {false, true}) {
+    Panel.SetVisible(Visible);
+    EXPECT_EQ(Panel.Widget()->isVisible(), Visible);
+  }
 }
 
-/// A form with a panel and a graphic control in it, on the screen, and a control that watches them die.
-struct TScene {
-  TScene() : Form(new TForm), Panel(new TPanelPatch(nullptr)), Patch(new TGraphicPatch(nullptr)) {
+TEST(ControlsTest, AnyOrderOfDestructionIsSafe) {
+  std::array Order{0, 1, 2};
+  do {
+    auto* const Form = new TForm;
+    auto* const Panel = new TPanelPatch(nullptr);
+    auto* const Patch = new TGraphicPatch(nullptr);
     Panel->SetParent(Form);
     Patch->SetParent(Panel);
     ShowNow(*Form);
-  }
-  TForm* Form;
-  TPanelPatch* Panel;
-  TGraphicPatch* Patch;
-};
-
-TEST(ControlsTest, AnyOrderOfDestructionIsSafe) {
-  for (const auto& Order : {std::array{0, 1, 2}, std::array{0, 2, 1}, std::array{1, 0, 2}, std::array{1, 2, 0},
-                            std::array{2, 0, 1}, std::array{2, 1, 0}}) {
-    TScene Scene;
-    TControl* const Controls[] = {Scene.Form, Scene.Panel, Scene.Patch};
+    TControl* const Controls[] = {Form, Panel, Patch};
     std::array<bool, 3> Dead{};
     for (const int Index : Order) {
       delete Controls[Index];
       Dead[static_cast<std::size_t>(Index)] = true;
       if (!Dead[1] && Dead[0]) {
-        EXPECT_EQ(Scene.Panel->Parent(), nullptr);
-        EXPECT_FALSE(Scene.Panel->HasWidget());
-        Scene.Panel->Repaint();
+        EXPECT_EQ(Panel->Parent(), nullptr);
+        EXPECT_FALSE(Panel->HasWidget());
+        Panel->Repaint();
       }
       if (!Dead[2] && Dead[1]) {
-        EXPECT_EQ(Scene.Patch->Parent(), nullptr);
-        Scene.Patch->Invalidate();
+        EXPECT_EQ(Patch->Parent(), nullptr);
+        Patch->Invalidate();
       }
-      if (!Dead[1] && Dead[2]) {
-        EXPECT_TRUE(Scene.Panel->Controls().empty());
-      }
-      ProcessMessages();
+      EXPECT_TRUE(Dead[1] || !Dead[2] || Panel->Controls().empty());
+      HandleEvents();
     }
-  }
+  } while (std::next_permutation(Order.begin(), Order.end()));
 }
 
 TEST(ControlsTest, WidgetsMayDieFirst) {
-  TPanelPatch Panel(nullptr);
-  TPanelPatch Inner(nullptr);
+  TPanelPatch Panel(nullptr), Inner(nullptr);
   Inner.SetParent(&Panel);
   {
     QWidget Host;
-    QVBoxLayout Layout(&Host);
-    Layout.addWidget(Panel.Widget());
+    Panel.Widget()->setParent(&Host);
     Host.show();
-    ProcessMessages();
     EXPECT_TRUE(Inner.HasWidget());
   }
-  EXPECT_FALSE(Panel.HasWidget());
-  EXPECT_FALSE(Inner.HasWidget());
+  EXPECT_FALSE(Panel.HasWidget() || Inner.HasWidget());
   Panel.SetWidth(77);
   Panel.Repaint();
   QWidget Host;  // and it can be embedded anew
@@ -276,41 +198,29 @@ TEST(ControlsTest, WidgetsMayDieFirst) {
   EXPECT_TRUE(Inner.HasWidget());
 }
 
-TEST(ControlsTest, LeavingAParentTakesTheWidgetAway) {
-  TForm Form;
-  TPanelPatch Panel(nullptr);
-  Panel.SetParent(&Form);
-  ShowNow(Form);
-  ASSERT_TRUE(Panel.HasWidget());
-  Panel.SetParent(nullptr);
-  EXPECT_FALSE(Panel.HasWidget());
-  TForm Other;
-  Panel.SetParent(&Other);
-  EXPECT_FALSE(Panel.HasWidget());
-  ShowNow(Other);
-  EXPECT_EQ(Panel.Widget()->parentWidget(), Other.Widget());
-}
-
-TEST(ControlsTest, ExceptionsOfAPaintReachTheApplication) {
-  auto& Program = dynamic_cast<TApplication&>(Application());
-  std::string Seen;
-  Program.OnException = [&](const std::exception& Error) { Seen = Error.what(); };
+TEST(ControlsTest, ExceptionsOfHandlersAndPaintsReachTheApplication) {
+  TLog Seen;
+  Program().OnException = [&](const std::exception& Error) { Seen.push_back(Error.what()); };
   TFormPatch Form(nullptr);
-  Form.OnPaint = [] { throw ERangeError("out of paint"); };
+  Form.OnPaint = [](Graphics&) { throw ERangeError("painted"); };
   ShowNow(Form);
-  Program.OnException = nullptr;
-  EXPECT_EQ(Seen, "out of paint");
+  Form.OnPaint = nullptr;
+  Form.SetOnClick([](TObject*) { throw ERangeError("clicked"); });
+  Press(Form, 15, 15);
+  Release(Form, 15, 15);
+  Program().OnException = nullptr;
+  ASSERT_GE(Seen.size(), 2U);
+  EXPECT_EQ(Seen.front() + ", " + Seen.back(), "painted, clicked");
 }
 
 TEST(ApplicationTest, RunEndsWithTheLastWindow) {
-  auto& Program = dynamic_cast<TApplication&>(Application());
   TFormPatch Form(nullptr);
-  Form.OnPaint = [&] {
+  Form.OnPaint = [&](Graphics&) {
     QMetaObject::invokeMethod(
         Form.Widget(), [&] { Form.Close(); }, Qt::QueuedConnection);
   };
   Form.Show();
-  EXPECT_EQ(Program.Run(), 0);
+  EXPECT_EQ(Program().Run(), 0);
   EXPECT_FALSE(Form.Visible());
 }
 

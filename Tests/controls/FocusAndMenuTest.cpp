@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -7,13 +5,8 @@
 #include <array>
 
 #include "controls/ControlSamples.h"
-#include "platform/controls/TCustomPanel.h"
-#include "platform/controls/TGraphicControl.h"
 #include "platform/controls/TPopupMenu.h"
 #include "platform/framework/Exceptions.h"
-#include "platform/framework/TReader.h"
-#include "platform/framework/TStream.h"
-#include "platform/framework/TWriter.h"
 
 namespace zy {
 namespace {
@@ -29,13 +22,12 @@ class TabOrderTest : public testing::Test {
   TabOrderTest() {
     for (std::size_t Place = 0; Place < FPanels.size(); ++Place) {
       TCustomPanel& Panel = FPanels[Place];
-      Panel.SetName(Names[Place]);
-      Panel.SetBounds(10, 10 + static_cast<int>(Place) * 20, 20, 20);
+      Panel.SetName(std::array{"a", "b", "c", "d", "c1", "c2"}[Place]);
       Panel.SetTabStop(Place != 2);
-      Panel.SetParent(Place > 3 ? static_cast<TWinControl*>(&FPanels[2]) : &FForm);
+      TWinControl& Parent = Place > 3 ? static_cast<TWinControl&>(FPanels[2]) : FForm;
+      Put(Panel, Parent, 10, 10 + static_cast<int>(Place) * 20, 20, 20);
     }
-    FForm.Show();
-    HandleEvents();
+    ShowNow(FForm);
   }
 
   /// Where the tabulator key leads from a on, round the form.
@@ -51,7 +43,6 @@ class TabOrderTest : public testing::Test {
     return Seen;
   }
 
-  static constexpr std::array Names{"a", "b", "c", "d", "c1", "c2"};
   TForm FForm;
   std::array<TCustomPanel, 6> FPanels;
 };
@@ -78,26 +69,20 @@ TEST_F(TabOrderTest, TheTabulatorKeyFollowsTheOrder) {
 }
 
 TEST(TabOrderStreamTest, TheOrderIsReadBack) {
-  TMemoryStream Stream;
-  {
-    TForm Form;
-    Form.SetName("Form");
-    const std::array Names{"a", "b", "c"};
-    for (const char* Name : Names) {
-      auto* const Panel = new TCustomPanel(&Form);
-      Panel->SetName(Name);
-      Panel->SetParent(&Form);
-    }
-    static_cast<TWinControl*>(Form.FindComponent("a"))->SetTabOrder(2);
-    static_cast<TWinControl*>(Form.FindComponent("c"))->SetTabOrder(0);
-    TWriter(Stream).WriteRootComponent(Form);
+  TForm Form, Read;
+  Form.SetName("Form");
+  const std::array Names{"a", "b", "c"};
+  for (const char* Name : Names) {
+    auto* const Panel = new TCustomPanel(&Form);
+    Panel->SetName(Name);
+    Panel->SetParent(&Form);
   }
-  Stream.SetPosition(0);
-  TForm Form;
-  TReader(Stream).ReadRootComponent(&Form);
+  static_cast<TWinControl*>(Form.FindComponent("a"))->SetTabOrder(2);
+  static_cast<TWinControl*>(Form.FindComponent("c"))->SetTabOrder(0);
+  ReadBack(Form, Read);
   std::string Orders;
-  for (const char* Name : {"a", "b", "c"})
-    Orders += std::to_string(static_cast<TWinControl*>(Form.FindComponent(Name))->TabOrder());
+  for (const char* Name : Names)
+    Orders += std::to_string(static_cast<TWinControl*>(Read.FindComponent(Name))->TabOrder());
   EXPECT_EQ(Orders, "210") << "each place but the first lies beyond the controls that are there when it is read";
 }
 
@@ -108,13 +93,10 @@ class MenuTest : public testing::Test {
  protected:
   MenuTest() {
     FForm.SetBounds(0, 0, 400, 300);
-    FPanel.SetBounds(100, 50, 200, 200);
     FPanel.SetTabStop(true);
-    FPanel.SetParent(&FForm);
-    FPatch.SetBounds(10, 10, 40, 40);
-    FPatch.SetParent(&FPanel);
-    FForm.Show();
-    HandleEvents();
+    Put(FPanel, FForm, 100, 50, 200, 200);
+    Put(FPatch, FPanel, 10, 10, 40, 40);
+    ShowNow(FForm);
     FMenu.SetOnPopup([this](TObject*) { FLog.push_back("popup"); });
     for (const char* Caption : {"&Copy", "-", "&Grid"})
       FMenu.Items().Add(Caption,
@@ -122,13 +104,18 @@ class MenuTest : public testing::Test {
   }
   ~MenuTest() override { Shown(); }
 
-  void RightClick(int X, int Y, int MovedTo = -1) {
-    SendMouse(FPanel, QEvent::MouseButtonPress, X, Y, Qt::RightButton, Qt::RightButton);
-    SendMouse(FPanel, QEvent::MouseButtonRelease, MovedTo < 0 ? X : MovedTo, Y, Qt::RightButton);
+  static void Click(TWinControl& Control, int X, int Y, int MovedTo) {
+    SendMouse(Control, QEvent::MouseButtonPress, X, Y, Qt::RightButton, Qt::RightButton);
+    SendMouse(Control, QEvent::MouseButtonRelease, MovedTo, Y, Qt::RightButton);
   }
-  /// The lines of the menu that is shown, "" without one; closes it.
+  static QMenu* Open() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
+  /// The lines of the menu that a right click shows, "" without one; closes it.
+  std::string RightClick(int X, int Y, const char* Choose = nullptr) {
+    Click(FPanel, X, Y, X);
+    return Shown(Choose);
+  }
   std::string Shown(const char* Choose = nullptr) {
-    auto* const Menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QMenu* const Menu = Open();
     if (Menu == nullptr) return "";
     FPlace = Menu->pos();
     std::string Lines;
@@ -148,8 +135,6 @@ class MenuTest : public testing::Test {
     HandleEvents();
     return Lines;
   }
-  TLog Taken() { return std::exchange(FLog, {}); }
-
   TLog FLog;
   QPoint FPlace;
   TForm FForm;
@@ -159,31 +144,26 @@ class MenuTest : public testing::Test {
 };
 
 TEST_F(MenuTest, ARightClickBringsUpTheMenuOfTheControlOrItsParent) {
-  RightClick(15, 15);
-  EXPECT_EQ(Shown(), "") << "nobody has a menu";
+  EXPECT_EQ(RightClick(15, 15), "") << "nobody has a menu";
   FForm.SetPopupMenu(&FMenu);
-  RightClick(15, 15);
-  EXPECT_EQ(Shown(), "&Copy - &Grid ");
+  EXPECT_EQ(RightClick(15, 15), "&Copy - &Grid ");
   EXPECT_EQ(FMenu.PopupComponent(), &FForm);
   EXPECT_EQ(FPlace, FPanel.Widget()->mapToGlobal(QPoint(15, 15)));
-  RightClick(15, 15, 45);
+  Click(FPanel, 15, 15, 45);
   EXPECT_EQ(Shown(), "") << "a gesture of the right button is no click";
   TPopupMenu Own;
   Own.Items().Add("Own");
   FPatch.SetPopupMenu(&Own);
-  RightClick(15, 15);
-  EXPECT_EQ(Shown(), "Own ");
+  EXPECT_EQ(RightClick(15, 15), "Own ");
   Own.SetAutoPopup(false);
-  RightClick(15, 15);
-  EXPECT_EQ(Shown(), "&Copy - &Grid ");
+  EXPECT_EQ(RightClick(15, 15), "&Copy - &Grid ");
   TPoint Asked;
   bool Keep = true;
   FPanel.SetOnContextPopup([&](TObject*, TPoint Place, bool& Handled) {
     Asked = Place;
     Handled = Keep;
   });
-  RightClick(60, 70);
-  EXPECT_EQ(Shown(), "");
+  EXPECT_EQ(RightClick(60, 70), "");
   EXPECT_EQ(Asked, (TPoint{60, 70}));
   Keep = false;
   QContextMenuEvent ByKey(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
@@ -199,38 +179,37 @@ TEST_F(MenuTest, ARightClickBringsUpTheMenuOfTheControlOrItsParent) {
 }
 
 TEST_F(MenuTest, ItemsShowTheirStateAndAreClicked) {
-  TMenuItem& Copy = *FMenu.Items().Items()[0];
   TMenuItem& Grid = *FMenu.Items().Items()[2];
   FMenu.SetOnPopup([&](TObject*) { Grid.SetChecked(true); });
-  Copy.SetShortCut("ctrl+c");
+  FMenu.Items().Items()[0]->SetShortCut("ctrl+c");
   FMenu.Items().Add("Off").SetEnabled(false);
   FMenu.Items().Add("Hidden").SetVisible(false);
   FPanel.SetPopupMenu(&FMenu);
-  RightClick(5, 5);
-  EXPECT_EQ(Shown("&Grid"), "&CopyCtrl+C - &Grid(ticked) Off(off) ");
-  EXPECT_EQ(Taken(), (TLog{"&Grid"}));
-  RightClick(5, 5);
-  EXPECT_NE(Shown("Off"), "");
-  EXPECT_TRUE(Taken().empty());
+  EXPECT_EQ(RightClick(5, 5, "&Grid"), "&CopyCtrl+C - &Grid(ticked) Off(off) ");
+  EXPECT_EQ(Taken(FLog), "&Grid");
+  RightClick(5, 5, "Off");
+  EXPECT_EQ(Taken(FLog), "");
 
   TMenuItem& Sides = FMenu.Items().Add("Sides");
   Sides.SetOnClick([&](TObject*) {
     Sides.Clear();
     Sides.Add("Left", [this](TObject*) { FLog.push_back("left"); });
   });
-  RightClick(5, 5);
-  auto* const Menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-  ASSERT_NE(Menu, nullptr);
-  EXPECT_EQ(Menu->actions().back()->menu(), nullptr) << "nothing in it yet";
-  Menu->close();
-  Sides.Click();
-  RightClick(5, 5);
-  QMenu* const Outer = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-  ASSERT_NE(Outer, nullptr);
-  Outer->setActiveAction(Outer->actions().back());
-  SendKey(*Outer, Qt::Key_Right);
+  for (const bool Filled : {false, true}) {
+    Click(FPanel, 5, 5, 5);
+    ASSERT_NE(Open(), nullptr);
+    QAction* const Last = Open()->actions().back();
+    EXPECT_EQ(Last->menu() != nullptr, Filled);
+    if (!Filled) {
+      Open()->close();
+      Sides.Click();
+    } else {
+      Open()->setActiveAction(Last);
+      SendKey(*Open(), Qt::Key_Right);
+    }
+  }
   EXPECT_EQ(Shown("Left"), "Left ") << "filled anew as it opened";
-  EXPECT_EQ(Taken(), (TLog{"left"}));
+  EXPECT_EQ(Taken(FLog), "left");
 }
 
 TEST_F(MenuTest, KeysOfItemsWorkWhileTheControlHasTheKeyboard) {
@@ -242,12 +221,12 @@ TEST_F(MenuTest, KeysOfItemsWorkWhileTheControlHasTheKeyboard) {
   FPanel.SetOnKeyDown([this](TObject*, TKey& Key, TShiftState) { FLog.push_back(IntToStr(Key)); });
   FPanel.SetFocus();
   SendKey(*FPanel.Widget(), Qt::Key_F5, Qt::ControlModifier);
-  EXPECT_EQ(Taken(), (TLog{"116"}));
+  EXPECT_EQ(Taken(FLog), "116");
   SendKey(*FPanel.Widget(), Qt::Key_F5, Qt::ControlModifier | Qt::ShiftModifier);
-  EXPECT_EQ(Taken(), (TLog{"popup", "&Copy"}));
+  EXPECT_EQ(Taken(FLog), "popup; &Copy");
   FMenu.SetOnPopup([&](TObject*) { Copy.SetEnabled(false); });
   SendKey(*FPanel.Widget(), Qt::Key_F5, Qt::ControlModifier | Qt::ShiftModifier);
-  EXPECT_EQ(Taken(), (TLog{"116"})) << "OnPopup says what is possible";
+  EXPECT_EQ(Taken(FLog), "116") << "OnPopup says what is possible";
 }
 
 TEST_F(MenuTest, HandlersMayDeleteMenuAndWindow) {
@@ -259,42 +238,37 @@ TEST_F(MenuTest, HandlersMayDeleteMenuAndWindow) {
     delete std::exchange(Menu, nullptr);
     delete std::exchange(Panel, nullptr);
   });
-  SendMouse(*Panel, QEvent::MouseButtonPress, 5, 5, Qt::RightButton, Qt::RightButton);
-  SendMouse(*Panel, QEvent::MouseButtonRelease, 5, 5, Qt::RightButton);
+  Click(*Panel, 5, 5, 5);
   EXPECT_EQ(Shown("Delete all"), "Delete all ");
   EXPECT_EQ(Panel, nullptr);
 }
 
 TEST(MenuItemTest, ItemsMoveAndStream) {
-  TMemoryStream Stream;
-  {
-    TForm Form;
-    Form.SetName("Form");
-    auto* const Menu = new TPopupMenu(&Form);
-    Menu->SetName("Menu");
-    TMenuItem* Items[3];
-    for (TMenuItem*& Item : Items) Item = new TMenuItem(&Form);
-    Items[0]->SetCaption("outer");
-    Items[1]->SetCaption("inner");
-    Items[2]->SetCaption("first");
-    Items[2]->SetShortCut("F2");
-    Menu->Items().Insert(0, *Items[0]);
-    Menu->Items().Insert(0, *Items[2]);
-    Items[0]->Insert(0, *Items[1]);
-    EXPECT_THROW(Items[1]->Insert(0, *Items[0]), EInvalidOperation);
-    EXPECT_THROW(Menu->Items().Insert(2, *Items[0]), ERangeError) << "it lies there already";
-    Form.SetPopupMenu(Menu);
-    TWriter(Stream).WriteRootComponent(Form);
+  TForm Form, Read;
+  Form.SetName("Form");
+  auto* const Menu = new TPopupMenu(&Form);
+  Menu->SetName("Menu");
+  TMenuItem* Items[3];
+  for (const int Index : {0, 1, 2}) {
+    Items[Index] = new TMenuItem(&Form);
+    Items[Index]->SetCaption(std::array{"outer", "inner", "first"}[static_cast<std::size_t>(Index)]);
   }
-  Stream.SetPosition(0);
-  TForm Form;
-  TReader(Stream).ReadRootComponent(&Form);
-  ASSERT_NE(Form.PopupMenu(), nullptr);
-  const std::vector<TMenuItem*>& Items = Form.PopupMenu()->Items().Items();
-  ASSERT_EQ(Items.size(), 2U);
-  EXPECT_EQ(Items[0]->Caption() + Items[0]->ShortCut(), "firstF2");
-  ASSERT_EQ(Items[1]->Items().size(), 1U);
-  EXPECT_EQ(Items[1]->Items()[0]->Caption(), "inner");
+  Items[2]->SetShortCut("F2");
+  Menu->Items().Insert(0, *Items[0]);
+  Menu->Items().Insert(0, *Items[2]);
+  Items[0]->Insert(0, *Items[1]);
+  EXPECT_THROW(Items[1]->Insert(0, *Items[0]), EInvalidOperation);
+  EXPECT_THROW(Menu->Items().Insert(2, *Items[0]), ERangeError) << "it lies there already";
+  Form.SetPopupMenu(Menu);
+  ReadBack(Form, Read);
+  ASSERT_NE(Read.PopupMenu(), nullptr);
+  std::string Seen;
+  for (const TMenuItem* Item : Read.PopupMenu()->Items().Items()) {
+    Seen += Item->Caption() + Item->ShortCut() + "(";
+    for (const TMenuItem* Inner : Item->Items()) Seen += Inner->Caption();
+    Seen += ") ";
+  }
+  EXPECT_EQ(Seen, "firstF2() outer(inner) ");
 }
 
 }  // namespace

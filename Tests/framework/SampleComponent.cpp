@@ -25,18 +25,6 @@ ZY_PUBLISHED(TSample, TComponent, Published<&TSample::Whole, &TSample::SetWhole>
              Published<&TSample::Table, &TSample::SetTable>("Table").NotStored(), Published<&TSample::Part>("Part"),
              Published<&TSample::OnEvent>("OnEvent"))
 
-void TSampleStyle::SetWidth(float Value) {
-  if (FWidth == Value) return;
-  if (BeforeChange) BeforeChange(this, "Width");
-  FWidth = Value;
-}
-
-void TSampleStyle::SetColor(std::uint32_t Value) {
-  if (FColor == Value) return;
-  if (BeforeChange) BeforeChange(this, "Color");
-  FColor = Value;
-}
-
 void TSampleStyle::Assign(const TPersistent* Source) {
   const auto* const Other = dynamic_cast<const TSampleStyle*>(Source);
   if (Other == nullptr) return TPersistent::Assign(Source);

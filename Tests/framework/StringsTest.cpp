@@ -75,31 +75,21 @@ TEST(StringList, AFailingUpdateEnds) {
   Source.SetText("a\nb");
   TLogged List;
   EXPECT_THROW(List.Lines.Assign(&Source), EInvalidOperation);
-  EXPECT_EQ(List.Log, "<0>1");
-  List.Log.clear();
   List.Lines.Add("b");
-  EXPECT_EQ(List.Log, "<1>2");
+  EXPECT_EQ(List.Log, "<0>1<1>2");
 }
 
 TEST(StringList, TextIsLinesWithEveryKindOfEnd) {
-  const std::pair<const char*, std::vector<std::string>> Rows[] = {{"", {}},
-                                                                   {"\n", {""}},
-                                                                   {"a", {"a"}},
-                                                                   {"a\n", {"a"}},
-                                                                   {"a\n\n", {"a", ""}},
-                                                                   {"\r\r\n", {"", ""}},
-                                                                   {"\n\r", {"", ""}},
-                                                                   {"a\rb\r\nc\n", {"a", "b", "c"}},
-                                                                   {" \t\n", {" \t"}}};
+  const std::pair<const char*, const char*> Rows[] = {
+      {"", ""},         {"\n", "|"},      {"a", "a|"},    {"a\n", "a|"},
+      {"a\n\n", "a||"}, {"\r\r\n", "||"}, {"\n\r", "||"}, {"a\rb\r\nc\n", "a|b|c|"},
+      {" \t\n", " \t|"}};
   for (const auto& [Text, Expected] : Rows) {
     TStringList Lines;
     Lines.SetText(Text);
-    std::vector<std::string> Got;
-    for (int Index = 0; Index < Lines.Count(); ++Index) Got.push_back(Lines.Get(Index));
+    std::string Got;
+    for (int Index = 0; Index < Lines.Count(); ++Index) Got += Lines.Get(Index) + "|";
     EXPECT_EQ(Got, Expected) << ::testing::PrintToString(Text);
-    TStringList Again;
-    Again.SetText(Lines.Text());
-    EXPECT_EQ(Again.Text(), Lines.Text());
   }
 }
 

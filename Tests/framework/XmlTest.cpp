@@ -37,15 +37,10 @@ TEST(Xml, BuildsATreeAndFindsItsWay) {
                                        "  <Series>1 &lt; 2</Series>\n"
                                        "  <Axis Name=\"second\" />\n"
                                        "</Chart>\n");
-  EXPECT_EQ(Root.ChildCount(), 3);
   EXPECT_EQ(Root.ChildNode(2).Attribute("Name").AsText(), "second");
   EXPECT_EQ(Root.Node("Axis"), Axis);
   EXPECT_EQ(Axis.ParentNode(), Root);
-  EXPECT_TRUE(Root.ParentNode().IsNull());
   EXPECT_FALSE(Root.ContainsNode("axis"));
-  EXPECT_TRUE(Axis.Attribute("Visible").AsBoolean());
-  EXPECT_EQ(Axis.Attribute("Width").AsReal(), 0.1);
-  EXPECT_EQ(Axis.Attribute("Count").AsInteger(), -3);
   EXPECT_THROW(Axis.Attribute("Text").AsReal(), EConvertError);
   EXPECT_THROW(Axis.Attribute("visible"), EXMLError);
   EXPECT_THROW(Root.Node("None"), EXMLError);
@@ -59,7 +54,7 @@ TEST(Xml, BuildsATreeAndFindsItsWay) {
     EXPECT_THROW(Root.SetAttribute(Name, 1), EXMLError) << Name;
     EXPECT_THROW(TXMLDocument{Name}, EXMLError) << Name;
   }
-  EXPECT_NO_THROW(Root.AddChild("n\xC3\xA4h-1.2"));
+  Root.AddChild("n\xC3\xA4h-1.2");
   EXPECT_THROW(Root.SetAttribute("Array", TVariant::TArray{}), EConvertError);
   EXPECT_EQ(Root.ChildCount(), 4);
 }
@@ -99,60 +94,33 @@ TEST(Xml, ReadsWhatOthersWrite) {
 }
 
 TEST(Xml, MalformedTextNamesThePlaceAndChangesNothing) {
-  struct TRow {
-    std::string Text;
-    const char* Place;  // null where several would do
-  };
-  const TRow Rows[] = {{"", "line 1, column 1:"},
-                       {" \n ", "line 2, column 2:"},
-                       {"<!-- c -->", nullptr},
-                       {"text", "line 1, column 1:"},
-                       {"<r/><!--\n\xC3\xA4--> <s/>", "line 2, column 7:"},
-                       {"<r/>\r\n<s/>", "line 2, column 2:"},
-                       {"<r>\r\r\n<c>\n</d></r>", nullptr},
-                       {"<r><c></r>", nullptr},
-                       {"<r", nullptr},
-                       {"<r a></r>", nullptr},
-                       {"<r a=1/>", nullptr},
-                       {"<r a='1'b='2'/>", nullptr},
-                       {"<r a='1' a='2'/>", "line 1, column 2:"},
-                       {"<r a='<'/>", "line 1, column 2:"},
-                       {"<r>\n\xC3\xA4\x01</r>", "line 2, column 2:"},
-                       {"<r>\0</r>"s, "line 1, column 4:"},
-                       {"<r>\xC3</r>", "line 1, column 4:"},
-                       {"<r>&none;</r>", "line 1, column 4:"},
-                       {"<r>a & b</r>", "line 1, column 4:"},
-                       {"<r>&amp</r>", "line 1, column 4:"},
-                       {"<r>&#0;</r>", "line 1, column 4:"},
-                       {"<r>&#xD800;</r>", "line 1, column 4:"},
-                       {"<r>&#x110000;</r>", "line 1, column 4:"},
-                       {"<r>&#99999999999;</r>", "line 1, column 4:"},
-                       {"<r>&#-1;</r>", "line 1, column 4:"},
-                       {"<r a='&#x;'/>", "line 1, column 2:"},
-                       {"<r>]]></r>", "line 1, column 4:"},
-                       {"<r><![CDATA[x</r>", nullptr},
-                       {"<r><!-- a -- b --></r>", nullptr},
-                       {"<!--a---><r/>", nullptr},
-                       {"<!DOCTYPE r><r/>", "line 1"},
-                       {"<!DOCTYPE r [<!ENTITY e \"x\">]><r>&e;</r>", "line 1"},
-                       {"<r><!DOCTYPE r></r>", nullptr},
-                       {"<r><1/></r>", nullptr},
-                       {"<r \xC3\x97='1'/>", nullptr}};
-  for (const TRow& Row : Rows) {
-    TXMLDocument Document("kept");
-    const std::string Message = MessageOf<EXMLError>([&] { Document.LoadFromText(Row.Text, "some.xml"); });
-    EXPECT_EQ(Message.find("some.xml, "s + (Row.Place == nullptr ? "line " : Row.Place)), 0u)
-        << Row.Text << ": " << Message;
-    EXPECT_EQ(Document.SaveToText(), Declared + "<kept />\n");
-  }
+  const std::pair<const char*, std::vector<std::string>> Rows[] = {
+      {"line 1, column 1:", {"", "text"}},
+      {"line 2, column 2:", {" \n ", "<r/>\r\n<s/>", "<r>\n\xC3\xA4\x01</r>"}},
+      {"line 2, column 7:", {"<r/><!--\n\xC3\xA4--> <s/>"}},
+      {"line 1, column 2:", {"<r a='1' a='2'/>", "<r a='<'/>", "<r a='&#x;'/>"}},
+      {"line 1, column 4:",
+       {"<r>\0</r>"s, "<r>\xC3</r>", "<r>&none;</r>", "<r>a & b</r>", "<r>&amp</r>", "<r>&#0;</r>", "<r>&#xD800;</r>",
+        "<r>&#x110000;</r>", "<r>&#99999999999;</r>", "<r>&#-1;</r>", "<r>]]></r>"}},
+      {"line 1", {"<!DOCTYPE r><r/>", "<!DOCTYPE r [<!ENTITY e \"x\">]><r>&e;</r>"}},
+      // Several places would do.
+      {"line ",
+       {"<!-- c -->", "<r>\r\r\n<c>\n</d></r>", "<r", "<r a></r>", "<r a=1/>", "<r a='1'b='2'/>", "<r><![CDATA[x</r>",
+        "<r><!-- a -- b --></r>", "<!--a---><r/>", "<r><!DOCTYPE r></r>", "<r><1/></r>", "<r \xC3\x97='1'/>"}}};
+  for (const auto& [Place, Texts] : Rows)
+    for (const std::string& Text : Texts) {
+      TXMLDocument Document("kept");
+      const std::string Message = MessageOf<EXMLError>([&] { Document.LoadFromText(Text, "some.xml"); });
+      EXPECT_TRUE(Message.starts_with("some.xml, "s + Place)) << Text << ": " << Message;
+      EXPECT_EQ(Document.SaveToText(), Declared + "<kept />\n");
+    }
 }
 
 TEST(Xml, NestingIsBounded) {
   const auto Nested = [](int Depth) {
-    std::string Text;
-    for (int Level = 0; Level < Depth; ++Level) Text += "<e>";
-    for (int Level = 0; Level < Depth; ++Level) Text += "</e>";
-    return Text;
+    std::string Begins, Ends;
+    for (int Level = 0; Level < Depth; ++Level) Begins += "<e>", Ends += "</e>";
+    return Begins + Ends;
   };
   TXMLDocument Document;
   Document.LoadFromText(Nested(MaxXmlDepth));
@@ -171,12 +139,10 @@ TEST(Xml, NodesOutliveRemovalReloadAndDocument) {
     OldRoot = Document.DocumentElement();
     Child = OldRoot.Node("c");
     Grandchild = Child.Node("g");
-    EXPECT_THROW(OldRoot.RemoveChild(Grandchild), EXMLError);
     OldRoot.RemoveChild(Child);
-    EXPECT_THROW(OldRoot.RemoveChild(Child), EXMLError);
+    for (const IXMLNode& Alien : {Child, Grandchild}) EXPECT_THROW(OldRoot.RemoveChild(Alien), EXMLError);
     EXPECT_EQ(Document.SaveToText(), Declared + "<r>\n  <d />\n</r>\n");
     EXPECT_TRUE(Child.ParentNode().IsNull());
-    EXPECT_EQ(Document.DocumentElement(), OldRoot);
     Document.LoadFromText("<new/>");
     OldRoot.AddChild("more");
     EXPECT_EQ(Document.SaveToText(), Declared + "<new />\n");
@@ -189,16 +155,13 @@ TEST(Xml, NodesOutliveRemovalReloadAndDocument) {
 }
 
 TEST(Xml, NullNodesFindNothingAndRefuseChanges) {
-  const IXMLNode Null;
-  EXPECT_EQ(Null.ChildCount(), 0);
-  EXPECT_TRUE(Null.FindNode("a").IsNull());
-  EXPECT_FALSE(Null.HasAttribute("a"));
+  const IXMLNode Null = TXMLDocument().DocumentElement();
+  EXPECT_TRUE(Null.ChildCount() == 0 && Null.FindNode("a").IsNull() && !Null.HasAttribute("a"));
   EXPECT_EQ(Null.Text() + Null.NodeName(), "");
   EXPECT_THROW(Null.AddChild("a"), EXMLError);
   EXPECT_THROW(Null.SetText("a"), EXMLError);
   EXPECT_THROW(Null.SetAttribute("a", 1), EXMLError);
   EXPECT_THROW(Null.Attribute("a"), EXMLError);
-  EXPECT_TRUE(TXMLDocument().DocumentElement().IsNull());
   EXPECT_THROW(TXMLDocument().SaveToText(), EXMLError);
 }
 
@@ -210,8 +173,6 @@ TEST(Xml, FilesAreReadAndReplacedWhole) {
   EXPECT_EQ(Again.SaveToText(), Document.SaveToText());
   EXPECT_THROW(Again.LoadFromFile(Folder / "none.xml"), EFileError);
   EXPECT_THROW(Again.SaveToFile(Folder / "none" / "a.xml"), EFileError);
-  EXPECT_THROW(Again.SaveToFile(Folder.Path()), EFileError);
-  EXPECT_EQ(Again.DocumentElement().NodeName(), "r");
 }
 
 }  // namespace

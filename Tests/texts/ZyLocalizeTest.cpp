@@ -3,15 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <limits>
 #include <map>
 #include <set>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "framework/Bytes.h"
 #include "framework/Errors.h"
 #include "platform/framework/Exceptions.h"
 
@@ -43,79 +44,39 @@ TEST_F(ZyLocalizeTest, TableIsCompleteAndNamesAreUnique) {
     EXPECT_TRUE(Text.front() != ' ' && Text.back() != ' ') << Symbol << ": a language file could not give this text";
     EXPECT_EQ(FindText(Symbol), Row(i));
   }
-  EXPECT_EQ(TextSymbol(_sAxisThicknes), "_sAxisThicknes");
   for (const char* Unknown : {"", "_s", "_saxisstart", "_sAxisStart ", "AxisStart"}) EXPECT_FALSE(FindText(Unknown));
 }
 
 TEST_F(ZyLocalizeTest, WordingsAreTheGivenOnes) {
   const std::vector<std::pair<TZyText, std::string>> Cases = {
-      // Undo labels whose symbol does not give the wording away
-      {_sGradientRadialCenter, "Gradient center"},
-      {_sGradientRadialCenterX, "X component of gradient center"},
-      {_sDashStyle, "Line dash style"},
-      {_sAreaVisible, "Filled area visible"},
-      {_sPointSymbolPointSymbol, "Point symbol selection"},
-      {_sZoomResetOnRightBottomLeftTopFrame, "Graph zoom reset dragging bottom/right top/left"},
-      {_sGraphFont, "Font of graph title"},
-      {_sGraphDistanceBorderAxisTop, "Graph border distance at top"},
+      // Spelled as given
       {_sAxisMovingSlitIncrement, "Incement to move axis range"},
-      {_sAxisTwisted, "Axis twist order of numbers"},
-      {_sAxisThicknes, "Width of axis line"},
-      {_sAxisTickLength, "Axis minor ticks length"},
-      {_sAxisHorizontalCaptiononVerticalAxis, "Horizontal caption if axis is vertical"},
-      {_sCaptEditClear, "Edit clear selection"},
-      {_sLegendItemHeight, "Legend items height"},
-      {_sLegendItemWidth, "Legend item width"},
-      {_sMarkersCaptionPosition, "Caption of marker relative to"},
-      {_sMarkerClipToData, "Marker clip to graph drawing area"},
       {_sCalloutSpaceToBorder, "Calllout space to border"},
-      {_sPieCaptionsList, "Pie/Donut captions"},
-      {_sPieCaptions, "Pie labels captions"},
-      {_sPieExplodePercent, "Segment shift from center"},
-      {_sBarsOverlayStyle, "Bars stacked/shifted overlays"},
-      {_sSeriesDeltaXMinus, "Error bars X(-)-delta reference"},
-      {_sSeriesLayering, "Series drawing order"},
-      {_sFunctionsAutoStart, "Function series calculation start auto"},
-      {_sFnSmoothPoints, "Smoothing ON/OFF"},
       {_sMvgAvgAveragingRangeMethod, "Moving average by count/diatance"},
-      {_sPolynOrder, "General linear least squares order"},
-      // Messages
-      {_sOnlySetIfFixed, "The offset should only be set with fixed offset\rDou You want to set it to True?"},
-      {_sNoSmoothingWithApproxSpline,
-       "Approximative spline does not need the smoothing function!\rUse the ElasticityFactor to adjust the elasticity "
-       "of "
-       "the spline."},
       {_sOnlyOneDimensional, "Only one dimensional arrays suported"},
       {_sMatrixToSmall, "Not enough data, matrix is to small to solve"},
-      {_sNoNode, "XMLReadError: node \"%s\" not found"},
-      {_sEmpty, "empty"},
-      // Descriptions
-      {_sArcSin, "Reciprocal of Sine"},
-      {_sExp, "e (the base of natural logarithms) raised to a power"},
-      {_sPi, "Circle number, approximately 3.14159"},
+      // Not what the symbol says
+      {_sZoomResetOnRightBottomLeftTopFrame, "Graph zoom reset dragging bottom/right top/left"},
+      {_sAxisThicknes, "Width of axis line"},
+      {_sPolynOrder, "General linear least squares order"},
+      {_sr2, "Probability of the fitted line"},
+      {_sOnlySetIfFixed, "The offset should only be set with fixed offset\rDou You want to set it to True?"},
       {_sExponentialFactorForN,
        "Factor (<1) to multiply n\xC2\xB1"
        "1 th value for exponential decay of weighting"},
-      {_sSimple, "Simple moving average (all values equally weighted)"},
-      {_sNormalSplineDiff, "Differential (cubic spline)"},
-      {_sr2, "Probability of the fitted line"},
-      {_sOffset, "The offset used for regression calculation, if FixedOffset is set true"},
-      {_sDisplayStop, "Stop value of range used for display of line"},
   };
   for (const auto& [Symbol, Text] : Cases) EXPECT_EQ(LoadResString(Symbol), Text) << TextSymbol(Symbol);
 }
 
 TEST_F(ZyLocalizeTest, PlaceholdersAreThoseThatTheCallersFill) {
-  const std::map<TZyText, std::string> Expected = {
-      {_sUndoStatus, "d"},
-      {_sRedoStatus, "d"},
-      {_sVectorIdxOutOfRange, "d"},
-      {_sMissingCloseBracket, "u"},
-      {_sMissingOpenBracket, "u"},
-      {_sParserError, "s"},
-      {_sNoNode, "s"},
-      {_sPropNotFound, "s"},
-  };
+  const std::map<TZyText, std::string> Expected = {{_sUndoStatus, "d"},
+                                                   {_sRedoStatus, "d"},
+                                                   {_sVectorIdxOutOfRange, "d"},
+                                                   {_sMissingCloseBracket, "u"},
+                                                   {_sMissingOpenBracket, "u"},
+                                                   {_sParserError, "s"},
+                                                   {_sNoNode, "s"},
+                                                   {_sPropNotFound, "s"}};
   for (std::size_t i = 0; i < ChartTextCount; ++i) {
     const std::string& Text = LoadResString(Row(i));
     std::string Kinds;
@@ -130,20 +91,16 @@ TEST_F(ZyLocalizeTest, Format) {
   const std::string Name = "XAxis";
   const char* const Null = nullptr;
   const std::vector<std::pair<std::string, std::string>> Cases = {
-      {Format(LoadResString(_sUndoStatus), {5}), "Undo last 5 operations"},
       {Format(LoadResString(_sCannotAssign), {Name, "TZyAxis"}), "Cannot assign a XAxis to a TZyAxis"},
       {Format("%d %u", {std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::uint64_t>::max()}),
        "-9223372036854775808 18446744073709551615"},
       {Format("%d|%s|%u", {"text", 1234567, -1}), "text|1234567|-1"},
-      {Format("%d", {std::uint8_t{200}}), "200"},
       {Format("100%% of %s%%", {"all"}), "100% of all%"},
       {Format("%s and %s", {"one"}), "one and %s"},
-      {Format("%s", {"one", "two"}), "one"},
       {Format("%s %s", {"%s %d", "end"}), "%s %d end"},  // an argument is no text with placeholders
       {Format("%x %5d %", {1}), "%x %5d %"},             // no placeholders of ours
       {Format("%%s %s", {1}), "%s 1"},
       {Format("[%s]", {Null}), "[]"},
-      {Format("", {1}), ""},
       {Format("%d", {}), "%d"},
   };
   for (const auto& [Result, Expected] : Cases) EXPECT_EQ(Result, Expected);
@@ -173,11 +130,7 @@ TEST_F(ZyLocalizeTest, LanguageReplacesItsRowsAndLeavesTheOthersInEnglish) {
 }
 
 TEST_F(ZyLocalizeTest, BadLanguageFilesAreNamedAndChangeNothing) {
-  struct TCase {
-    std::string Line;
-    std::string Shown;
-  };
-  const std::vector<TCase> Cases = {
+  const std::pair<std::string, std::string> Cases[] = {
       {"_sRedo", "\"_sRedo\" is not a row"},
       {"= text", "\"= text\" is not a row"},
       {"_sRedo =  ", "\"_sRedo =\" is not a row"},
@@ -195,28 +148,26 @@ TEST_F(ZyLocalizeTest, BadLanguageFilesAreNamedAndChangeNothing) {
       {"_sRedo = \xE2\x82z", "UTF-8"},         // continuation missing
   };
   Load("_sRedo = Wiederholen");
-  for (const TCase& Case : Cases) {
+  for (const auto& [Line, Part] : Cases) {
     const std::string Message =
-        testing::MessageOf<EStreamError>([&] { Load("_sUndo = new\n\n" + Case.Line + "\n_sErr = new"); });
+        testing::MessageOf<EStreamError>([&] { Load("_sUndo = new\n\n" + Line + "\n_sErr = new"); });
     EXPECT_TRUE(Message.starts_with("test.lng, line 3: ")) << Message;
-    EXPECT_NE(Message.find(Case.Shown), std::string::npos) << Message;
+    EXPECT_NE(Message.find(Part), std::string::npos) << Message;
     EXPECT_EQ(LoadResString(_sUndo), "Undo");
     EXPECT_EQ(LoadResString(_sRedo), "Wiederholen");
   }
 }
 
 TEST_F(ZyLocalizeTest, LanguageFromAFile) {
-  const std::filesystem::path Folder = std::filesystem::path(::testing::TempDir()) / "ZyLocalizeTest";
-  std::filesystem::create_directories(Folder);
+  const testing::TTemporaryFolder Folder;
   const std::filesystem::path File = Folder / "fran\u00E7ais.lng";
   std::ofstream(File, std::ios::binary) << "_sUndo = Annuler\r\n";
   LoadLanguage(File);
   EXPECT_EQ(LoadResString(_sUndo), "Annuler");
 
   EXPECT_THROW(LoadLanguage(Folder / "missing.lng"), EFileError);
-  EXPECT_THROW(LoadLanguage(Folder), EStreamError) << "a folder is no file";
+  EXPECT_THROW(LoadLanguage(Folder.Path()), EStreamError) << "a folder is no file";
   EXPECT_EQ(LoadResString(_sUndo), "Annuler");
-  std::filesystem::remove_all(Folder);
 }
 
 }  // namespace
