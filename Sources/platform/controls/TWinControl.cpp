@@ -166,9 +166,9 @@ void TWinControl::SetParent(TWinControl* Value) {
 }
 
 void TWinControl::InsertControl(TControl* Control) {
+  Control->FParent = this;
   FControls.push_back(Control);
   if (auto* const Inner = dynamic_cast<TWinControl*>(Control)) FTabList.push_back(Inner);
-  Control->FParent = this;
   Control->Invalidate();
 }
 
@@ -371,7 +371,7 @@ void TWinControl::BringPictureUpToDate(const QRegion& Exposed, const QTransform&
   }
   if (IsNew) {
     const QSize Stored = Whole.size().expandedTo(QSize(1, 1));
-    FPicture.reset(new TPicture{QImage(Stored, QImage::Format_ARGB32_Premultiplied), ToPicture});
+    FPicture = std::make_unique<TPicture>(TPicture{QImage(Stored, QImage::Format_ARGB32_Premultiplied), ToPicture});
   }
   const QRect Part = IsNew ? FWidget->rect() : Exposed.boundingRect();
   const QRect Pixels = ToPicture.mapRect(QRectF(Part)).toAlignedRect().intersected(FPicture->Image.rect());

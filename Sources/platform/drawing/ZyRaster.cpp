@@ -216,9 +216,9 @@ void TZyRaster::FillBox(double Left, double Top, double Right, double Bottom, st
   const int FullFrom = FirstColumn + (LeftPart < 1 ? 1 : 0), FullTo = LastColumn + (RightPart < 1 ? 0 : 1);
   for (int Row = FirstRow; Row <= LastRow; ++Row) {
     std::uint32_t* const Pixels = FTarget.Pixels + Row * FTarget.Stride;
-    const double Height = PartOf(Row, Top, Bottom) * 255;
+    const double Height = PartOf(Row, Top, Bottom);
     const auto Blend = [&](int From, int To, double Part) {
-      if (From < To) BlendEven(Pixels + From, static_cast<std::uint8_t>(Part * Height + 0.5), To - From, Ink);
+      if (From < To) BlendEven(Pixels + From, CoverageOfPart(Part * Height), To - From, Ink);
     };
     if (LeftPart < 1) Blend(FirstColumn, FirstColumn + 1, LeftPart);
     Blend(FullFrom, FullTo, 1);

@@ -166,7 +166,7 @@ void BlendEven(std::uint32_t* Pixels, std::uint8_t Coverage, int Count, std::uin
   const auto Keep = static_cast<std::uint16_t>(255 - (Part >> 24));
   int I = 0;
   std::uint8_t Add[4 * ChunkSize];
-  for (int K = 0; Count >= ChunkSize && K < ChunkSize; ++K) std::memcpy(Add + 4 * K, &Part, sizeof Part);
+  for (std::ptrdiff_t K = 0; Count >= ChunkSize && K < ChunkSize; ++K) std::memcpy(Add + 4 * K, &Part, sizeof Part);
   for (; I + ChunkSize <= Count; I += ChunkSize) {
     std::uint8_t Old[4 * ChunkSize];
     std::memcpy(Old, Pixels + I, sizeof Old);

@@ -11,6 +11,11 @@ constexpr std::uint8_t ScaledByte(std::uint8_t Value, std::uint8_t Factor) {
   return static_cast<std::uint8_t>((Product + (Product >> 8)) >> 8);
 }
 
+/// A part of a pixel, from 0 to 1, as a coverage.
+constexpr std::uint8_t CoverageOfPart(double Part) {
+  return static_cast<std::uint8_t>(Part * 255 + 0.5);  // NOLINT(bugprone-incorrect-roundings): never negative
+}
+
 /// Values[i] scaled by Factors[i].
 void ScaleBytes(std::uint8_t* Values, const std::uint8_t* Factors, int Count);
 /// Values[i] scaled by Factor.

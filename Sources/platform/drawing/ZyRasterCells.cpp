@@ -323,15 +323,13 @@ void TRasterCells::SweepRow(int Row, TCoverageSink& Sink) {
     Flags[Block] = 0;
     ++Block;
     if (Block < FBlocks && Flags[Block] != 0) continue;
-    const int Next = NextFlag(Block);
-    if (const std::uint8_t Even = CoverageOf<Winding>(Sum); Even == 0) {
+    const int Next = NextFlag(Block), From = Block << BlockShift, To = std::min(Next << BlockShift, Width);
+    const std::uint8_t Even = CoverageOf<Winding>(Sum);
+    const bool IsLong = Next - Block >= FewestEvenBlocks;
+    if (Even == 0 || (IsLong && Sink.EvenRow(FBox.Left + From, FBox.Top + Row, To - From, Even)))
       EndRun(Block);
-    } else if (const int From = Block << BlockShift, To = std::min(Next << BlockShift, Width);
-               Next - Block >= FewestEvenBlocks && Sink.EvenRow(FBox.Left + From, FBox.Top + Row, To - From, Even)) {
-      EndRun(Block);
-    } else {
+    else
       std::memset(Coverage + BlockSize, Even, static_cast<std::size_t>(Next - Block) << BlockShift);
-    }
     Block = Next;
   }
   EndRun(FBlocks);

@@ -203,7 +203,7 @@ void TRasterComb::FillRows(int Left, int Right, int Top, int Bottom) {
 
 /// A row that the end of a bar covers in part.
 void TRasterComb::BlendPart(int Left, int Right, int Row, double Part) {
-  const auto Coverage = static_cast<std::uint8_t>(std::clamp(Part, 0.0, 1.0) * 255 + 0.5);
+  const std::uint8_t Coverage = CoverageOfPart(std::clamp(Part, 0.0, 1.0));
   if (Coverage == 0 || Left >= Right || Row < FInk->Box.Top || Row >= FInk->Box.Bottom) return;
   BlendEven(FInk->Target.Pixels + Row * FInk->Target.Stride + Left, Coverage, Right - Left, FInk->Color);
 }

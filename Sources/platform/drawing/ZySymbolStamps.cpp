@@ -113,7 +113,7 @@ void TZySymbolStamps::Make(TStamp& Stamp, const RectF& Extent, PointF Fraction, 
   for (int Y = Ink.Top; Y < Ink.Bottom; ++Y) {
     const auto Row = Pixels.begin() + static_cast<std::ptrdiff_t>(Y) * Width;
     Stamp.Pixels.insert(Stamp.Pixels.end(), Row + Ink.Left, Row + Ink.Right);
-    Stamp.Pixels.resize(static_cast<std::size_t>((Y + 1 - Ink.Top) * Stamp.Stride));
+    Stamp.Pixels.resize(static_cast<std::size_t>(Y + 1 - Ink.Top) * static_cast<std::size_t>(Stamp.Stride));
   }
 }
 

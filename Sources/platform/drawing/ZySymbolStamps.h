@@ -52,7 +52,7 @@ class TZySymbolStamps {
   struct TQuarters {
     explicit TQuarters(const PointF& Place);
     int X, Y;
-    std::size_t Stamp() const { return static_cast<std::size_t>((Y & 3) * 4 + (X & 3)); }
+    std::size_t Stamp() const { return static_cast<std::size_t>(Y & 3) * 4 + static_cast<std::size_t>(X & 3); }
   };
 
   TLook* Find(std::string_view Key);
