@@ -221,6 +221,12 @@ TEST(Zoom, ScrollBars) {
     EXPECT_EQ(Chart.State(), Expected) << EnumInfo(Code).Values[Code];
   }
   EXPECT_EQ(Upright.Position(), 0);
+  ShowNow(Chart.Form);
+  const std::string Paged = Chart.After([&Across] {
+    Press(Across, 460, 8);  // the track behind the thumb
+    Release(Across, 460, 8);
+  });
+  EXPECT_EQ(Paged, "50..90 6..10 8/9 ");
   Chart.Graph->ZoomReset();
   Chart.Paint();
   EXPECT_FALSE(Across.Visible() || Upright.Visible());
