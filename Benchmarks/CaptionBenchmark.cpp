@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "annotations/ZyRichCaption.h"
+#include "annotations/captions/ZyRichCaption.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
 

@@ -31,8 +31,8 @@
 #include "platform/controls/TForm.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZyPointSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <random>
 
-#include "graph/ZyDrawing.h"
+#include "graph/shapes/ZyDrawing.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"

@@ -2,13 +2,7 @@
 zy_add_library(
   zy_charts
   SOURCES
-    annotations/ZyCaptionCache.cpp
-    annotations/ZyCaptionLayout.cpp
-    annotations/ZyFont.cpp
-    annotations/ZyParentFont.cpp
-    annotations/ZyRichCaption.cpp
     annotations/ZyRichLabel.cpp
-    annotations/ZySubCaption.cpp
     axes/ZyAxis.cpp
     axes/ZyAxisLabels.cpp
     axes/ZyAxisLayout.cpp
@@ -25,19 +19,8 @@ zy_add_library(
     axes/ZyDateTimeSteps.cpp
     axes/ZyDateTimeText.cpp
     axes/ZySecondsSteps.cpp
-    graph/ZyAreaSettings.cpp
-    graph/ZyArrowSettings.cpp
-    graph/ZyColors.cpp
     graph/ZyCustomGraph.cpp
     graph/ZyCustomGraphOutput.cpp
-    graph/ZyDrawing.cpp
-    graph/ZyDrawingBars.cpp
-    graph/ZyDrawingBoxes.cpp
-    graph/ZyDrawingCylinders.cpp
-    graph/ZyDrawingSymbols.cpp
-    graph/ZyGDI.cpp
-    graph/ZyGradientBrushes.cpp
-    graph/ZyGradientSettings.cpp
     graph/ZyGraph2D.cpp
     graph/ZyGraph2DGestures.cpp
     graph/ZyGraph2DOutput.cpp
@@ -45,27 +28,12 @@ zy_add_library(
     graph/ZyGraph2DScroll.cpp
     graph/ZyGraph2DZoom.cpp
     graph/ZyImageFileNames.cpp
-    graph/ZyLineSettings.cpp
-    graph/ZyPointSymbolSettings.cpp
     graph/ZyPollingThread.cpp
     graph/ZyRegisterClasses.cpp
-    graph/ZyStringFunctions.cpp
     graph/ZyZoomSettings.cpp
-    persistence/ZyIniArchive.cpp
-    persistence/ZyIO.cpp
-    persistence/ZyStreamArchive.cpp
     persistence/ZyStyleRecords.cpp
-    persistence/ZyTextArchive.cpp
-    persistence/ZyXmlArchive.cpp
-    series/ZyCustomDoubleVector.cpp
-    series/ZyDoubleVector.cpp
-    series/ZyDoubleVectorRecords.cpp
     series/ZyFunctionSeries.cpp
-    series/ZyIndexer.cpp
     series/ZyLineSeries.cpp
-    series/ZyListLink.cpp
-    series/ZyMinMaxPyramid.cpp
-    series/ZyOutliers.cpp
     series/ZyPixelIndex.cpp
     series/ZyPointSeries.cpp
     series/ZySeries.cpp
@@ -74,9 +42,6 @@ zy_add_library(
     series/ZySeriesLegend.cpp
     series/ZySeriesPoints.cpp
     series/ZySeriesRanges.cpp
-    undo/ZyUndoList.cpp
-    undo/ZyUndoLog.cpp
-    undo/ZyUndoStack.cpp
-  LINK zy_controls zy_data zy_drawing zy_framework zy_numerics zy_texts)
+  LINK zy_captions zy_controls zy_shapes zy_sql zy_vectors)
 set_target_properties(zy_charts PROPERTIES EXPORT_NAME Charts)
 add_library(Zyphos::Charts ALIAS zy_charts)

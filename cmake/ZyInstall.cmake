@@ -17,5 +17,10 @@ install(FILES "${PROJECT_BINARY_DIR}/ZyphosConfig.cmake" "${PROJECT_BINARY_DIR}/
 # The prefix counts from the file itself, so that an installed tree can be moved.
 file(RELATIVE_PATH ZyPkgConfigPrefix "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 string(PREPEND ZyPkgConfigPrefix "\${pcfiledir}/")
+# Each library before those that it links, which were described before it.
+set(ZyPkgConfigLibraries ${ZyLibraries})
+list(REVERSE ZyPkgConfigLibraries)
+list(TRANSFORM ZyPkgConfigLibraries PREPEND "-l")
+list(JOIN ZyPkgConfigLibraries " " ZyPkgConfigLibraries)
 configure_file(cmake/zyphos.pc.in "${PROJECT_BINARY_DIR}/zyphos.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/zyphos.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")

@@ -16,8 +16,8 @@
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/Pen.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
 
 namespace {
 

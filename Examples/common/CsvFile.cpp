@@ -6,10 +6,10 @@
 #include <cstdio>
 #include <optional>
 
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy::examples {

@@ -16,8 +16,8 @@
 
 #include "graph/ZyGraph2D.h"
 #include "platform/controls/TApplication.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
 
 namespace {
 

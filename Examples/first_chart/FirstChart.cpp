@@ -12,8 +12,8 @@
 #include "platform/controls/TForm.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
 
 namespace {
 

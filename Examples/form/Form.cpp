@@ -16,9 +16,9 @@
 #include "platform/controls/TTimer.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
-#include "platform/framework/NumberText.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
+#include "texts/NumberText.h"
 
 namespace {
 

@@ -20,7 +20,7 @@
 #include "platform/controls/TPrinter.h"
 #include "platform/controls/TSaveDialog.h"
 #include "platform/drawing/Graphics.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy::examples {
 

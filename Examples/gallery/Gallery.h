@@ -6,8 +6,8 @@
 #include "common/CsvFile.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/controls/TFrame.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZyPointSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
 
 namespace zy::examples {
 

@@ -20,8 +20,8 @@
 #include "platform/controls/TTimer.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
 
 namespace {
 

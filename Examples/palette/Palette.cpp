@@ -8,8 +8,8 @@
 #include <string>
 
 #include "common/Pictures.h"
-#include "graph/ZyDrawing.h"
-#include "graph/ZyStyles.h"
+#include "graph/shapes/ZyDrawing.h"
+#include "graph/styles/ZyStyles.h"
 #include "platform/controls/TApplication.h"
 #include "platform/drawing/Font.h"
 #include "platform/drawing/Graphics.h"

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -5,7 +5,7 @@
 
 #include "analysis/ZyParseFktBuilder.h"
 #include "analysis/ZyParseFktFunctions.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -1,7 +1,7 @@
 #include "analysis/ZyParseFktBuilder.h"
 
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "annotations/ZyParentFont.h"
-#include "annotations/ZyRichCaption.h"
+#include "annotations/captions/ZyParentFont.h"
+#include "annotations/captions/ZyRichCaption.h"
 #include "platform/controls/TLabel.h"
 
 namespace zy {

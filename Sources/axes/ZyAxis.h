@@ -7,18 +7,18 @@
 #include <string>
 #include <vector>
 
-#include "annotations/ZyParentFont.h"
-#include "annotations/ZyRichCaption.h"
+#include "annotations/captions/ZyParentFont.h"
+#include "annotations/captions/ZyRichCaption.h"
 #include "axes/ZyDateTimeSteps.h"
 #include "axes/ZySecondsSteps.h"
-#include "graph/ZyArrowSettings.h"
+#include "graph/styles/ZyArrowSettings.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/data/TDataSource.h"
 #include "platform/framework/Alignment.h"
 #include "platform/framework/EnumInfo.h"
 #include "platform/framework/TRef.h"
 #include "platform/framework/TStrings.h"
-#include "series/ZyListLink.h"
+#include "series/vectors/ZyListLink.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

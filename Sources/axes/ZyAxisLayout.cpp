@@ -8,7 +8,7 @@
 #include <limits>
 
 #include "graph/ZyGraph2D.h"
-#include "graph/ZyGraphParts.h"
+#include "graph/parts/ZyGraphParts.h"
 
 namespace zy {
 namespace {

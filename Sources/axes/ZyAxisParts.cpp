@@ -7,7 +7,7 @@
 #include "analysis/ZyMath.h"
 #include "axes/ZyAxis.h"
 #include "platform/controls/TWinControl.h"
-#include "platform/framework/NumberText.h"
+#include "texts/NumberText.h"
 
 namespace zy {
 namespace {

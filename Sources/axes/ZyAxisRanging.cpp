@@ -10,8 +10,8 @@
 #include "axes/ZyDateTime.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/framework/Reflection.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZySeries.h"
+#include "series/vectors/ZyDoubleVector.h"
 #include "undo/ZyChange.h"
 
 namespace zy {

@@ -2,7 +2,7 @@
 
 #include "axes/ZyAxis.h"
 #include "platform/data/TDataSet.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {

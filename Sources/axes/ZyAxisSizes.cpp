@@ -5,7 +5,7 @@
 
 #include "axes/ZyAxisLayout.h"
 #include "graph/ZyGraph2D.h"
-#include "graph/ZyGraphParts.h"
+#include "graph/parts/ZyGraphParts.h"
 #include "series/ZySeries.h"
 
 namespace zy {

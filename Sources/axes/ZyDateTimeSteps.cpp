@@ -5,7 +5,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "platform/framework/NumberText.h"
+#include "texts/NumberText.h"
 
 namespace zy {
 namespace {

@@ -4,9 +4,9 @@
 #include <cmath>
 #include <cstddef>
 
-#include "graph/ZyStringFunctions.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "graph/values/ZyStringFunctions.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

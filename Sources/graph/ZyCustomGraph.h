@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "annotations/ZyParentFont.h"
-#include "annotations/ZyRichCaption.h"
-#include "graph/ZyGradientSettings.h"
-#include "graph/ZyGraphParts.h"
+#include "annotations/captions/ZyParentFont.h"
+#include "annotations/captions/ZyRichCaption.h"
 #include "graph/ZyImageFileFormat.h"
 #include "graph/ZyPollingThread.h"
+#include "graph/parts/ZyGraphParts.h"
+#include "graph/styles/ZyGradientSettings.h"
 #include "platform/controls/TCustomPanel.h"
 #include "platform/drawing/Geometry.h"
 #include "platform/framework/Alignment.h"

@@ -9,8 +9,8 @@
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZySeries.h"
+#include "series/vectors/ZyDoubleVector.h"
 #include "undo/ZyChange.h"
 
 namespace zy {

@@ -7,11 +7,12 @@
 
 #include "axes/ZyAxis.h"
 #include "graph/ZyCustomGraph.h"
-#include "graph/ZyStyles.h"
 #include "graph/ZyZoomSettings.h"
+#include "graph/styles/ZyStyles.h"
 #include "platform/controls/TScrollBar.h"
 #include "platform/drawing/Geometry.h"
 #include "texts/ZyLocalize.h"
+#include "undo/ZyUndoParts.h"
 
 namespace zy {
 
@@ -35,7 +36,7 @@ struct TZyFindSeriesPointResult {
 /// Axes are child controls of the graph; series join it by themselves. The graph owns neither: all belong to the
 /// graph's owner. A graph without axes makes its two primary ones at the first paint; they are the graph's own when it
 /// has no owner.
-class TZyGraph2D : public TZyCustomGraph {
+class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder {
   ZY_CLASS(TZyGraph2D, TZyCustomGraph)
   explicit TZyGraph2D(TComponent* Owner = nullptr);
   ~TZyGraph2D() override;
@@ -64,6 +65,7 @@ class TZyGraph2D : public TZyCustomGraph {
   void SetDistanceBorderAxisLeft(float Value);
   float DistanceBorderAxisRight() const { return FDistanceBorderAxisRight; }
   void SetDistanceBorderAxisRight(float Value);
+  TZyUndoStack* UndoStack() const override { return TZyCustomGraph::UndoStack(); }
   void SetUndoStack(TZyUndoStack* Value) override;
   TZyZoomSettings& Zoom() { return FZoom; }
   const TZyZoomSettings& Zoom() const { return FZoom; }

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "graph/ZyGradientBrushes.h"
 #include "graph/ZyGraph2D.h"
+#include "graph/styles/ZyGradientBrushes.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
 #include "series/ZySeries.h"

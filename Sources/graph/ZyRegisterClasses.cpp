@@ -3,10 +3,10 @@
 #include "annotations/ZyRichLabel.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/data/TDataSource.h"
-#include "platform/data/TSqlDataSet.h"
 #include "platform/framework/ClassRegistry.h"
-#include "series/ZyDoubleVector.h"
+#include "platform/sql/TSqlDataSet.h"
 #include "series/ZyPointSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "graph/ZyGraph2D.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
 #include "undo/ZyChange.h"
 
 namespace zy {

@@ -7,7 +7,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "graph/ZyColors.h"
+#include "graph/values/ZyColors.h"
 #include "platform/framework/EnumInfo.h"
 #include "platform/framework/ShiftState.h"
 

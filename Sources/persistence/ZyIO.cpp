@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <bit>
 
-#include "graph/ZyStringFunctions.h"
+#include "graph/values/ZyStringFunctions.h"
 #include "platform/framework/Application.h"
 #include "platform/framework/ComponentPath.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TWriter.h"
 #include "platform/framework/XmlNode.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -1,8 +1,8 @@
 #include "persistence/ZyIniArchive.h"
 
 #include "persistence/ZyIO.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TCustomIniFile.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -1,7 +1,7 @@
 #include "persistence/ZyStreamArchive.h"
 
 #include "persistence/ZyIO.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

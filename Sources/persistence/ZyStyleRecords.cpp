@@ -1,7 +1,7 @@
 #include "persistence/ZyStyleRecords.h"
 
-#include "annotations/ZyFont.h"
-#include "graph/ZyStyles.h"
+#include "annotations/captions/ZyFont.h"
+#include "graph/styles/ZyStyles.h"
 
 namespace zy {
 

@@ -1,9 +1,9 @@
 #include "persistence/ZyTextArchive.h"
 
-#include "graph/ZyStringFunctions.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "graph/values/ZyStringFunctions.h"
 #include "platform/framework/TVariant.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 
 namespace zy {
 

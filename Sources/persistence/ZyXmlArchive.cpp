@@ -1,6 +1,6 @@
 #include "persistence/ZyXmlArchive.h"
 
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -48,7 +48,8 @@ void SetLook(TZyPointSymbolSettings& Settings, TZyPointSymbol Symbol, TZyColor B
 ZY_PUBLISHED(TZySeries, TComponent, Published<&TZySeries::Visible, &TZySeries::SetVisible>("Visible", true),
              Published<&TZySeries::Caption, &TZySeries::SetCaption>("Caption"),
              Published<&TZySeries::IncludeInLegend, &TZySeries::SetIncludeInLegend>("IncludeInLegend", true),
-             Published<&TZySeries::MergeLegendItemWith, &TZySeries::SetMergeLegendItemWith>("MergeLegendItemWith"))
+             Published<&TZySeries::MergeLegendItemWith, &TZySeries::SetMergeLegendItemWith>("MergeLegendItemWith"),
+             Published<&TZySeries::Layer, &TZySeries::SetLayer>("Layer").Hidden())
 
 TZySeries::TZySeries(TComponent* Owner)
     : TComponent(Owner),

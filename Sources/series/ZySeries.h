@@ -4,17 +4,17 @@
 #include <string>
 #include <vector>
 
-#include "annotations/ZyRichCaption.h"
+#include "annotations/captions/ZyRichCaption.h"
 #include "axes/ZyAxis.h"
-#include "graph/ZyStyles.h"
+#include "graph/styles/ZyStyles.h"
 #include "platform/drawing/Region.h"
 #include "platform/framework/TRef.h"
-#include "series/ZyCustomDoubleVector.h"
-#include "series/ZyIndexer.h"
 #include "series/ZyPixelIndex.h"
+#include "series/ZyPointVector.h"
 #include "series/ZySeriesEvents.h"
 #include "series/ZyStyleObject.h"
-#include "series/ZyVectors.h"
+#include "series/vectors/ZyCustomDoubleVector.h"
+#include "series/vectors/ZyIndexer.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

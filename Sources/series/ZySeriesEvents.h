@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "graph/ZyPointSymbolSettings.h"
+#include "graph/styles/ZyPointSymbolSettings.h"
 #include "platform/drawing/Geometry.h"
 
 namespace zy {

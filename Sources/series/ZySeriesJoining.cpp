@@ -3,8 +3,8 @@
 #include <random>
 
 #include "graph/ZyGraph2D.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {

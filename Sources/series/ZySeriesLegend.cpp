@@ -4,8 +4,8 @@
 #include <cmath>
 #include <optional>
 
-#include "graph/ZyDrawing.h"
 #include "graph/ZyGraph2D.h"
+#include "graph/shapes/ZyDrawing.h"
 #include "platform/drawing/Graphics.h"
 #include "series/ZyFunctionSeries.h"
 

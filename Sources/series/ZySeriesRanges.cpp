@@ -5,8 +5,8 @@
 #include <limits>
 
 #include "graph/ZyGraph2D.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
 
 namespace zy {
 namespace {

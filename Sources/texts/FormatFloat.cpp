@@ -5,7 +5,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "platform/framework/NumberText.h"
+#include "texts/NumberText.h"
 
 namespace zy {
 namespace {

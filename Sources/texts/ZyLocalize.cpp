@@ -8,7 +8,7 @@
 #include <istream>
 #include <utility>
 
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/Utf8.h"
 
 namespace zy {

@@ -1,7 +1,7 @@
 #include "undo/ZyUndoList.h"
 
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 #include "undo/ZyUndoStack.h"
 

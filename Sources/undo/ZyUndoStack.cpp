@@ -2,25 +2,15 @@
 
 #include <algorithm>
 
-#include "graph/ZyGraph2D.h"
 #include "persistence/ZyIO.h"
 #include "platform/framework/Application.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
 #include "platform/framework/Reflection.h"
-#include "series/ZyDoubleVector.h"
-#include "series/ZySeries.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {
 namespace {
-
-constexpr std::string_view LayerName = "Layer";
-
-/// The series whose drawing order is meant; "Layer" is no published property, but undone like one.
-TZySeries* SeriesOfLayer(TPersistent* Instance, std::string_view PropName) {
-  return PropName == LayerName ? dynamic_cast<TZySeries*>(Instance) : nullptr;
-}
 
 void TestOneDimension(const TVariant& Value) {
   for (const TVariant& Element : Value.AsArray())
@@ -37,8 +27,8 @@ ZY_PUBLISHED(TZyUndoStack, TComponent, Published<&TZyUndoStack::Enabled, &TZyUnd
 TZyUndoStack::TZyUndoStack(TComponent* Owner) : TComponent(Owner) {
   if (!IsDesigning()) return;
   for (TComponent* Component : Owner->Components())
-    if (auto* const Graph = dynamic_cast<TZyGraph2D*>(Component))
-      if (Graph->UndoStack() == nullptr) Graph->SetUndoStack(this);
+    if (auto* const Holder = dynamic_cast<IZyUndoHolder*>(Component))
+      if (Holder->UndoStack() == nullptr) Holder->SetUndoStack(this);
 }
 
 TZyUndoStack::~TZyUndoStack() {
@@ -92,14 +82,12 @@ void TZyUndoStack::Push(std::string_view Comment, TZyUndoToken Token, const TPay
 
 void TZyUndoStack::PushProperty(TPersistent* Instance, std::string_view Comment, std::string_view PropName) {
   if (Silent()) return;
-  if (SeriesOfLayer(Instance, PropName) == nullptr) {
-    const TPropInfo& Info = FindPropInfo(*Instance, PropName);
-    if (Info.Kind == TPropKind::DynArray) TestOneDimension(Info.GetVariant(*Instance));
-  }
+  const TPropInfo& Info = FindPropRow(*Instance, PropName);
+  if (Info.Kind == TPropKind::DynArray) TestOneDimension(Info.GetVariant(*Instance));
   Push(Comment, TZyUndoToken::udProperty, [&] {
     WriteObjectInstance(FUndo.Writer(), Instance);
     FUndo.Writer().WriteString(PropName);
-    WritePropertyTo(FUndo.Writer(), *Instance, PropName);
+    WritePropertyTo(FUndo.Writer(), *Instance, Info);
   });
 }
 
@@ -129,9 +117,10 @@ void TZyUndoStack::PushEditState(TComponent* AEdit, std::string_view ACaption, i
   });
 }
 
-void TZyUndoStack::PushVectorState(TZyDoubleVector* AVector, std::string_view Comment) {
+void TZyUndoStack::PushVectorState(TPersistent* AVector, std::string_view Comment) {
   if (Silent()) return;
-  Push(Comment, TZyUndoToken::udVectorState, [&] { WriteVectorTo(FUndo, *AVector); });
+  const auto& State = dynamic_cast<const IZyStreamState&>(*AVector);
+  Push(Comment, TZyUndoToken::udVectorState, [&] { WriteVectorTo(FUndo, AVector, State); });
 }
 
 void TZyUndoStack::StartGroup(std::string_view Comment) {
@@ -177,9 +166,7 @@ TZyUndoStack::TInstance TZyUndoStack::ReadObjectInstance(TReader& Reader) {
   return {TPersistent::FromLiveHandle(Handle), Handle == 0};
 }
 
-void TZyUndoStack::WritePropertyTo(TWriter& Writer, TPersistent& Instance, std::string_view PropName) {
-  if (const TZySeries* const Series = SeriesOfLayer(&Instance, PropName)) return Writer.WriteInteger(Series->Layer());
-  const TPropInfo& Info = FindPropInfo(Instance, PropName);
+void TZyUndoStack::WritePropertyTo(TWriter& Writer, TPersistent& Instance, const TPropInfo& Info) {
   if (Info.GetOrd != nullptr) {
     Writer.WriteInteger(Info.GetOrd(Instance));
   } else if (Info.GetFloat != nullptr) {
@@ -199,15 +186,13 @@ void TZyUndoStack::WritePropertyTo(TWriter& Writer, TPersistent& Instance, std::
     Writer.WriteInteger(static_cast<std::int64_t>(Value.AsArray().size()) - 1);
     for (const TVariant& Element : Value.AsArray()) Writer.WriteVariant(Element);
   } else {
-    Writer.WriteVariant(GetPropValue(Instance, PropName));
+    Writer.WriteVariant(GetPropValue(Instance, Info.Name));
   }
 }
 
 void TZyUndoStack::ReadPropertryFrom(TReader& Reader, TPersistent* Instance, const std::string& PropName) {
   if (Instance == nullptr) throw EFilerError(Format(LoadResString(_sPropNotFound), {PropName}));
-  if (TZySeries* const Series = SeriesOfLayer(Instance, PropName))
-    return Series->SetLayer(static_cast<int>(Reader.ReadInteger()));
-  const TPropInfo& Info = FindPropInfo(*Instance, PropName);
+  const TPropInfo& Info = FindPropRow(*Instance, PropName);
   if (Info.SetOrd != nullptr) {
     Info.SetOrd(*Instance, Reader.ReadInteger());
   } else if (Info.SetFloat != nullptr) {
@@ -263,17 +248,17 @@ void TZyUndoStack::ReadComponentFrom(TReader& Reader, TComponent* Instance) {
 }
 
 /// The vector writes its own binary form straight into the stream, behind what the writer has flushed.
-void TZyUndoStack::WriteVectorTo(TZyUndoLog& Log, TZyDoubleVector& Vector) {
-  WriteObjectInstance(Log.Writer(), &Vector);
+void TZyUndoStack::WriteVectorTo(TZyUndoLog& Log, TPersistent* Vector, const IZyStreamState& State) {
+  WriteObjectInstance(Log.Writer(), Vector);
   Log.Writer().FlushBuffer();
-  Vector.WriteTo(Log.Stream());
+  State.WriteTo(Log.Stream());
 }
 
 void TZyUndoStack::ReadVectorFrom(TZyUndoLog& Log, TPersistent* Instance) {
-  auto* const Vector = dynamic_cast<TZyDoubleVector*>(Instance);
-  if (Vector == nullptr) throw EFilerError(LoadResString(_sComponentNotNamed));
+  auto* const State = dynamic_cast<IZyStreamState*>(Instance);
+  if (State == nullptr) throw EFilerError(LoadResString(_sComponentNotNamed));
   Log.Reader().FlushBuffer();
-  Vector->ReadFrom(Log.Stream());
+  State->ReadFrom(Log.Stream());
 }
 
 void TZyUndoStack::RestoreEdit(TReader& Reader, IZyEditState& Edit) {
@@ -355,7 +340,7 @@ void TZyUndoStack::UndoProperty() {
     WriteToken(FRedo.Writer(), TZyUndoToken::udProperty);
     WriteObjectInstance(FRedo.Writer(), Instance.Object);
     FRedo.Writer().WriteString(PropName);
-    WritePropertyTo(FRedo.Writer(), *Instance.Object, PropName);
+    WritePropertyTo(FRedo.Writer(), *Instance.Object, FindPropRow(*Instance.Object, PropName));
     FRedo.Commit();
   }
   ReadPropertryFrom(FUndo.Reader(), Instance.Object, PropName);
@@ -403,9 +388,9 @@ void TZyUndoStack::UndoEditState() {
 
 void TZyUndoStack::UndoVectorState() {
   TPersistent* const Instance = ReadObjectInstance(FUndo.Reader()).Object;
-  if (auto* const Vector = dynamic_cast<TZyDoubleVector*>(Instance)) {
+  if (const auto* const State = dynamic_cast<const IZyStreamState*>(Instance)) {
     WriteToken(FRedo.Writer(), TZyUndoToken::udVectorState);
-    WriteVectorTo(FRedo, *Vector);
+    WriteVectorTo(FRedo, Instance, *State);
     FRedo.Commit();
   }
   ReadVectorFrom(FUndo, Instance);

@@ -10,12 +10,12 @@
 #include "undo/ZyEditState.h"
 #include "undo/ZyUndoList.h"
 #include "undo/ZyUndoLog.h"
+#include "undo/ZyUndoParts.h"
 
 namespace zy {
 
 class TPropInfo;
 class TVariant;
-class TZyDoubleVector;
 
 /// Records changes of objects and plays them back.
 ///
@@ -59,7 +59,7 @@ class TZyUndoStack : public TComponent {
   const TStrings& UndoList() const { return FUndoList; }
   const TStrings& RedoList() const { return FRedoList; }
 
-  /// Logs the present value of a published property, before it changes. "Layer" of a series counts as one.
+  /// Logs the present value of a property that has a row in its class's table, before it changes.
   /// Throws EFilerError when Instance has no such property and EStreamError for an array of more than one dimension;
   /// then nothing is logged.
   void PushProperty(TPersistent* Instance, std::string_view Comment, std::string_view PropName);
@@ -70,8 +70,8 @@ class TZyUndoStack : public TComponent {
   /// Logs text and selection of an edit control (a component that is an IZyEditState as well).
   void PushEditState(TComponent* AEdit, std::string_view ACaption, int ASelStart, int ASelLength,
                      std::string_view Comment);
-  /// Logs the contents of a vector, before they change.
-  void PushVectorState(TZyDoubleVector* AVector, std::string_view Comment);
+  /// Logs the contents of a data vector (an IZyStreamState), before they change.
+  void PushVectorState(TPersistent* AVector, std::string_view Comment);
   /// Opens a group. Groups nest; only the outermost is a step, with its own label.
   void StartGroup(std::string_view Comment);
   /// Closes the innermost group. Throws EOverflow when none is open.
@@ -102,12 +102,12 @@ class TZyUndoStack : public TComponent {
   void WriteToken(TWriter& Writer, TZyUndoToken Token) { Writer.WriteInteger(static_cast<int>(Token)); }
   void WriteObjectInstance(TWriter& Writer, TPersistent* Instance);
   TInstance ReadObjectInstance(TReader& Reader);
-  void WritePropertyTo(TWriter& Writer, TPersistent& Instance, std::string_view PropName);
+  void WritePropertyTo(TWriter& Writer, TPersistent& Instance, const TPropInfo& Info);
   void ReadPropertryFrom(TReader& Reader, TPersistent* Instance, const std::string& PropName);
   void ReadObjectProperty(TReader& Reader, TPersistent& Instance, const TPropInfo& Info);
   void WriteComponentTo(TWriter& Writer, TComponent& Component);
   void ReadComponentFrom(TReader& Reader, TComponent* Instance);
-  void WriteVectorTo(TZyUndoLog& Log, TZyDoubleVector& Vector);
+  void WriteVectorTo(TZyUndoLog& Log, TPersistent* Vector, const IZyStreamState& State);
   void ReadVectorFrom(TZyUndoLog& Log, TPersistent* Instance);
   void RestoreEdit(TReader& Reader, IZyEditState& Edit);
 

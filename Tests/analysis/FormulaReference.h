@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 
 namespace zy::testing {
 

@@ -7,7 +7,7 @@
 #include <cmath>
 
 #include "framework/Errors.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

@@ -9,9 +9,9 @@
 #include "analysis/ZyParseFktLists.h"
 #include "analysis/ZyParseFktPicker.h"
 #include "framework/Errors.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "texts/Exceptions.h"
 #include "texts/FormatFloat.h"
+#include "texts/NumberText.h"
 
 namespace zy::testing {
 namespace {

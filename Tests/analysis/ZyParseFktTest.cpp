@@ -13,8 +13,8 @@
 
 #include "analysis/FormulaReference.h"
 #include "framework/Errors.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 
 namespace zy::testing {
 namespace {

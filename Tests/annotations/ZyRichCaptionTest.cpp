@@ -1,6 +1,6 @@
 // The caption language: text in, runs out; measures as relations that hold for any font; painting as a list of calls.
 
-#include "annotations/ZyRichCaption.h"
+#include "annotations/captions/ZyRichCaption.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 
 #include "graph/SampleChart.h"
 #include "platform/drawing/TRecordingGraphics.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

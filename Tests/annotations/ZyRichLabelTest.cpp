@@ -6,8 +6,8 @@
 
 #include "platform/controls/TForm.h"
 #include "platform/drawing/TRecordingGraphics.h"
-#include "platform/framework/Exceptions.h"
 #include "series/ZyLineSeries.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

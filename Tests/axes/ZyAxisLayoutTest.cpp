@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "axes/AxisSamples.h"
-#include "graph/ZyGraphParts.h"
+#include "graph/parts/ZyGraphParts.h"
 #include "platform/drawing/Font.h"
 
 namespace zy::testing {

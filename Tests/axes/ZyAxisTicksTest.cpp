@@ -8,7 +8,7 @@
 
 #include "axes/AxisSamples.h"
 #include "axes/DateTimeSamples.h"
-#include "platform/framework/NumberText.h"
+#include "texts/NumberText.h"
 
 namespace zy::testing {
 namespace {

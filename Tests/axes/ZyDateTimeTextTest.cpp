@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "axes/DateTimeSamples.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 
 namespace zy::testing {
 namespace {

@@ -19,10 +19,10 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
-#include "platform/framework/NumberText.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/TWriter.h"
+#include "texts/NumberText.h"
 
 namespace zy {
 

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "controls/ControlSamples.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

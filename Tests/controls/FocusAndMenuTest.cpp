@@ -6,7 +6,7 @@
 
 #include "controls/ControlSamples.h"
 #include "platform/controls/TPopupMenu.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "controls/ControlSamples.h"
 #include "platform/controls/InputDispatch.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

@@ -13,7 +13,7 @@
 #include "platform/controls/TScrollBar.h"
 #include "platform/controls/TTimer.h"
 #include "platform/drawing/Pen.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "data/NotingLink.h"
 #include "platform/data/TDataSource.h"
-#include "platform/data/TSqlDataSet.h"
+#include "platform/sql/TSqlDataSet.h"
 
 namespace zy::testing {
 namespace {

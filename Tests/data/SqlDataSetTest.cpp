@@ -1,4 +1,4 @@
-#include "platform/data/TSqlDataSet.h"
+#include "platform/sql/TSqlDataSet.h"
 
 #include <gtest/gtest.h>
 

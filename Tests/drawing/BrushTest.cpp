@@ -14,7 +14,7 @@
 #include "drawing/Pixels.h"
 #include "platform/drawing/GraphicsPath.h"
 #include "platform/drawing/Pen.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

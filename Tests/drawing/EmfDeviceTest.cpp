@@ -19,8 +19,8 @@
 
 #include "drawing/Pixels.h"
 #include "graph/OtherPrograms.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

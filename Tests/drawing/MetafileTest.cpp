@@ -13,8 +13,8 @@
 #include "platform/drawing/Font.h"
 #include "platform/drawing/Pen.h"
 #include "platform/drawing/TRecordingGraphics.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "framework/SampleComponent.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

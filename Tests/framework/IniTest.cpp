@@ -5,8 +5,8 @@
 #include "framework/Bytes.h"
 #include "framework/Errors.h"
 #include "platform/framework/Application.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TRegistryIniFile.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/framework/NumberText.h"
+#include "texts/NumberText.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <limits>
 #include <random>
 
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "framework/Errors.h"
 #include "framework/SampleComponent.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

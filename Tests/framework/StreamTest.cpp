@@ -9,9 +9,9 @@
 
 #include "framework/Bytes.h"
 #include "framework/Errors.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TWriter.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

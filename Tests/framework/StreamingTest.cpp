@@ -7,10 +7,10 @@
 #include "framework/Errors.h"
 #include "framework/SampleComponent.h"
 #include "platform/framework/Application.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TWriter.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

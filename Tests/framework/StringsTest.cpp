@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

@@ -2,8 +2,8 @@
 
 #include "framework/Bytes.h"
 #include "framework/Errors.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/XmlDocument.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

@@ -6,12 +6,12 @@
 #include <string>
 
 #include "analysis/ZyParseFktCaptions.h"
-#include "annotations/ZyRichCaption.h"
+#include "annotations/captions/ZyRichCaption.h"
 #include "fuzz/Check.h"
 #include "platform/controls/TApplication.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

@@ -15,8 +15,8 @@
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/Metafile.h"
 #include "platform/drawing/Pen.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
+#include "texts/Exceptions.h"
 
 namespace {
 

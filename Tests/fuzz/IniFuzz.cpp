@@ -3,8 +3,8 @@
 // refused or read back exactly.
 
 #include "fuzz/Check.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TMemIniFile.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

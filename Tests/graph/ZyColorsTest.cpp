@@ -1,13 +1,13 @@
-#include "graph/ZyColors.h"
+#include "graph/values/ZyColors.h"
 
 #include <gtest/gtest.h>
 
 #include <QColor>
 
-#include "graph/ZyGDI.h"
-#include "platform/drawing/SystemColors.h"
-#include "platform/framework/Exceptions.h"
+#include "graph/styles/ZyGDI.h"
+#include "platform/framework/SystemColors.h"
 #include "platform/framework/TStrings.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

@@ -1,4 +1,4 @@
-#include "graph/ZyDrawing.h"
+#include "graph/shapes/ZyDrawing.h"
 
 #include <gtest/gtest.h>
 

@@ -17,9 +17,9 @@
 #include "platform/drawing/Metafile.h"
 #include "platform/drawing/TBitmap.h"
 #include "platform/drawing/TMetafile.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

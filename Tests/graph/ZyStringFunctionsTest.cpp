@@ -1,4 +1,4 @@
-#include "graph/ZyStringFunctions.h"
+#include "graph/values/ZyStringFunctions.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <sstream>
 
 #include "framework/Errors.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 
 namespace zy {
 namespace {

@@ -1,17 +1,17 @@
-#include "graph/ZyStyles.h"
+#include "graph/styles/ZyStyles.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cmath>
 
-#include "annotations/ZyFont.h"
+#include "annotations/captions/ZyFont.h"
 #include "drawing/Pixels.h"
 #include "platform/controls/TControlFont.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/Reflection.h"
+#include "texts/Exceptions.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {

@@ -9,7 +9,7 @@
 
 #include "controls/ControlSamples.h"
 #include "graph/SampleChart.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {

@@ -5,12 +5,12 @@
 #include <cstdint>
 
 #include "framework/Bytes.h"
-#include "graph/ZyStringFunctions.h"
+#include "graph/values/ZyStringFunctions.h"
 #include "platform/framework/Application.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TWriter.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 
 namespace zy {
 namespace {

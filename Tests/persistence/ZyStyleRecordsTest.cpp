@@ -6,14 +6,14 @@
 
 #include <sstream>
 
-#include "annotations/ZyFont.h"
+#include "annotations/captions/ZyFont.h"
 #include "framework/Bytes.h"
 #include "framework/Errors.h"
-#include "graph/ZyStyles.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "graph/styles/ZyStyles.h"
 #include "platform/framework/TMemIniFile.h"
 #include "platform/framework/XmlDocument.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 
 namespace zy {
 namespace {

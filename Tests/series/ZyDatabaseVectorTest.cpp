@@ -2,8 +2,8 @@
 
 #include "graph/SampleChart.h"
 #include "platform/data/TDataSource.h"
-#include "platform/data/TSqlDataSet.h"
-#include "platform/framework/Exceptions.h"
+#include "platform/sql/TSqlDataSet.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

@@ -1,4 +1,4 @@
-#include "series/ZyDoubleVector.h"
+#include "series/vectors/ZyDoubleVector.h"
 
 #include <gtest/gtest.h>
 
@@ -13,10 +13,10 @@
 #include "framework/Bytes.h"
 #include "framework/Errors.h"
 #include "graph/SampleChart.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TMemIniFile.h"
 #include "platform/framework/XmlDocument.h"
-#include "series/ZyVectors.h"
+#include "series/ZyPointVector.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {

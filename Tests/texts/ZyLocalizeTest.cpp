@@ -14,7 +14,7 @@
 
 #include "framework/Bytes.h"
 #include "framework/Errors.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

@@ -10,10 +10,10 @@
 
 #include "graph/SampleChart.h"
 #include "platform/framework/Application.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
 #include "platform/framework/Reflection.h"
 #include "series/ZyPointSeries.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {

@@ -11,10 +11,10 @@
 #include "framework/SampleComponent.h"
 #include "persistence/ZyIO.h"
 #include "platform/framework/Application.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
-#include "series/ZyDoubleVector.h"
 #include "series/ZyLineSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

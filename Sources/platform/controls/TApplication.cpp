@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

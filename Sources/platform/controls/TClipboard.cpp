@@ -10,8 +10,8 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Metafile.h"
 #include "platform/drawing/QtText.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -6,8 +6,8 @@
 #include "platform/controls/InputDispatch.h"
 #include "platform/controls/TPopupMenu.h"
 #include "platform/controls/TWinControl.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

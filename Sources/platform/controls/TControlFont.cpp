@@ -1,8 +1,8 @@
 #include "platform/controls/TControlFont.h"
 
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -3,8 +3,8 @@
 #include <functional>
 #include <string>
 
-#include "platform/drawing/Argb.h"
 #include "platform/drawing/Font.h"
+#include "platform/framework/Argb.h"
 #include "platform/framework/TPersistent.h"
 
 namespace zy {

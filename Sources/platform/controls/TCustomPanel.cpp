@@ -2,7 +2,7 @@
 
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/Pen.h"
-#include "platform/drawing/SystemColors.h"
+#include "platform/framework/SystemColors.h"
 #include "platform/framework/TPropInfo.h"
 
 namespace zy {

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "platform/controls/TGraphicControl.h"
-#include "platform/drawing/Argb.h"
 #include "platform/framework/Alignment.h"
+#include "platform/framework/Argb.h"
 
 namespace zy {
 

@@ -9,8 +9,8 @@
 
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TPopupMenu.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

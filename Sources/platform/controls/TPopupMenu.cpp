@@ -4,8 +4,8 @@
 #include <QMenu>
 
 #include "platform/controls/TWinControl.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -6,7 +6,7 @@
 
 #include "platform/controls/TPrinter.h"
 #include "platform/controls/TWinControl.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -11,7 +11,7 @@
 
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/QtText.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

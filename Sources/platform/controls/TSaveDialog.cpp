@@ -6,7 +6,7 @@
 
 #include "platform/controls/TWinControl.h"
 #include "platform/drawing/QtText.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -18,9 +18,9 @@
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/drawing/Graphics.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/Reflection.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "platform/controls/TWinControl.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

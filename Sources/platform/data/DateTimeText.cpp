@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdio>
 
-#include "platform/framework/NumberText.h"
+#include "texts/NumberText.h"
 
 namespace zy {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "platform/data/TDataSet.h"
 #include "platform/data/TDataSource.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -4,8 +4,8 @@
 
 #include "platform/data/DateTimeText.h"
 #include "platform/data/TDataSet.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -1,7 +1,7 @@
 #include "platform/data/TFieldDataLink.h"
 
 #include "platform/data/TDataSet.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 

@@ -10,9 +10,9 @@
 #include <string>
 
 #include "platform/drawing/GifEncoder.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/drawing/Argb.h"
+#include "platform/framework/Argb.h"
 
 class QImage;
 

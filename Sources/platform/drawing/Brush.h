@@ -4,9 +4,9 @@
 #include <span>
 #include <vector>
 
-#include "platform/drawing/Argb.h"
 #include "platform/drawing/Geometry.h"
 #include "platform/drawing/Matrix.h"
+#include "platform/framework/Argb.h"
 #include "platform/framework/EnumInfo.h"
 
 class QBrush;

@@ -13,8 +13,8 @@
 
 #include "platform/drawing/EmfGeometry.h"
 #include "platform/drawing/EmfRecords.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -6,8 +6,8 @@
 #include <cmath>
 
 #include "platform/drawing/QtText.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -8,7 +8,7 @@
 #include <new>
 #include <vector>
 
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {

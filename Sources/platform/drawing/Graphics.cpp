@@ -8,9 +8,12 @@
 #include "platform/drawing/Metafile.h"
 #include "platform/drawing/PainterBackend.h"
 #include "platform/drawing/QtGeometry.h"
+#include "platform/drawing/SystemPalette.h"
 
 namespace zy {
 namespace {
+
+[[maybe_unused]] const bool UsesPalette = UseSystemPalette();
 
 bool IsFinite(const RectF& Rect) { return AreFinite({Rect.X, Rect.Y, Rect.Width, Rect.Height}); }
 

@@ -5,13 +5,13 @@
 #include <span>
 #include <string_view>
 
-#include "platform/drawing/Argb.h"
 #include "platform/drawing/Geometry.h"
 #include "platform/drawing/GraphicsBackend.h"
 #include "platform/drawing/GraphicsPath.h"
 #include "platform/drawing/Matrix.h"
 #include "platform/drawing/Region.h"
 #include "platform/drawing/StringFormat.h"
+#include "platform/framework/Argb.h"
 
 class QPainter;
 

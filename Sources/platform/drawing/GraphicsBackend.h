@@ -4,10 +4,10 @@
 #include <span>
 #include <string_view>
 
-#include "platform/drawing/Argb.h"
 #include "platform/drawing/GraphicsPath.h"
 #include "platform/drawing/Matrix.h"
 #include "platform/drawing/Region.h"
+#include "platform/framework/Argb.h"
 
 class QPainter;
 

@@ -4,7 +4,7 @@
 #include <QImage>
 
 #include "platform/drawing/Brush.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -13,9 +13,9 @@
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/Pen.h"
 #include "platform/drawing/SvgBackend.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -8,7 +8,7 @@
 #include "platform/drawing/GradientStops.h"
 #include "platform/drawing/GraphicsPath.h"
 #include "platform/drawing/QtGeometry.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

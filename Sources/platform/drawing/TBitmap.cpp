@@ -6,7 +6,7 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
-#include "platform/drawing/SystemColors.h"
+#include "platform/framework/SystemColors.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"

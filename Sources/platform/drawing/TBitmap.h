@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "platform/drawing/Argb.h"
+#include "platform/framework/Argb.h"
 #include "platform/framework/TPersistent.h"
 
 namespace zy {

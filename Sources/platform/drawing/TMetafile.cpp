@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

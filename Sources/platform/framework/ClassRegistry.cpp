@@ -4,8 +4,8 @@
 #include <string>
 #include <unordered_map>
 
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TObject.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

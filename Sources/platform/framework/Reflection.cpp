@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {
@@ -72,6 +72,11 @@ std::int64_t OrdinalOfNames(const TPropInfo& Info, std::string_view Names) {
 
 const TPropInfo& FindPropInfo(const TObject& Instance, std::string_view PropName) {
   if (const TPropInfo* Info = GetPropInfo(Instance, PropName)) return *Info;
+  throw EFilerError(Format(LoadResString(_sPropNotFound), {PropName}));
+}
+
+const TPropInfo& FindPropRow(const TObject& Instance, std::string_view PropName) {
+  if (const TPropInfo* Info = Instance.ClassInfo().FindRow(PropName)) return *Info;
   throw EFilerError(Format(LoadResString(_sPropNotFound), {PropName}));
 }
 

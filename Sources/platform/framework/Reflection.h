@@ -16,6 +16,8 @@ inline const TPropInfo* GetPropInfo(const TObject& Instance, std::string_view Pr
 
 /// As GetPropInfo, but throws EFilerError, naming the property, when there is none.
 const TPropInfo& FindPropInfo(const TObject& Instance, std::string_view PropName);
+/// The same among all rows of the table, those that are not published included.
+const TPropInfo& FindPropRow(const TObject& Instance, std::string_view PropName);
 
 /// Value of any property that is neither object nor event: ordinals as integers (booleans as such), reals, texts,
 /// arrays. Throws EFilerError for an unknown name and EConvertError for an object or an event.

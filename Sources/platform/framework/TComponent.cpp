@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TRef.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

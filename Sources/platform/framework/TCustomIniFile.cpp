@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/NumberText.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <charconv>
 
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
+#include "texts/Exceptions.h"
 #include "texts/Utf8.h"
 #include "texts/ZyLocalize.h"
 

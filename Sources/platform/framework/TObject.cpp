@@ -1,6 +1,7 @@
 #include "platform/framework/TObject.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/framework/TPropInfo.h"
 
@@ -14,18 +15,42 @@ const TClassInfo& TObject::StaticClassInfo() {
 const char* TObject::ClassName() const { return ClassInfo().Name(); }
 
 TClassInfo::TClassInfo(const char* ClassName, const TClassInfo* Base, TFactory Maker, std::vector<TPropInfo> Own)
-    : FName(ClassName), FParent(Base), FFactory(Maker), FOwn(std::move(Own)) {
-  if (FParent != nullptr) FAll = FParent->FAll;
-  for (const TPropInfo& Row : FOwn) {
-    const auto Same = [&Row](const TPropInfo* Known) { return std::string_view(Known->Name) == Row.Name; };
-    const auto Place = std::find_if(FAll.begin(), FAll.end(), Same);
-    if (Place == FAll.end()) {
-      FAll.push_back(&Row);
+    : FName(ClassName), FParent(Base), FFactory(Maker) {
+  if (FParent != nullptr) {
+    FAll = FParent->FAll;
+    FByName = FParent->FByName;
+  }
+  for (TPropInfo& Row : Own) {
+    if (Row.IsRepublished) {
+      Republish(Row.Name);
     } else {
-      *Place = &Row;
+      Publish(FOwn.emplace_back(std::move(Row)));
     }
   }
-  for (const TPropInfo* Property : FAll) FByName.emplace(Property->Name, Property);
+}
+
+void TClassInfo::Publish(const TPropInfo& Row) {
+  FByName[Row.Name] = &Row;
+  if (!Row.IsPublished) return;
+  const auto Same = [&Row](const TPropInfo* Known) { return std::string_view(Known->Name) == Row.Name; };
+  const auto Place = std::find_if(FAll.begin(), FAll.end(), Same);
+  if (Place == FAll.end()) {
+    FAll.push_back(&Row);
+  } else {
+    *Place = &Row;
+  }
+}
+
+void TClassInfo::Republish(std::string_view Names) {
+  while (!Names.empty()) {
+    const std::size_t Length = std::min(Names.find(' '), Names.size());
+    const TPropInfo* const Row = FindRow(Names.substr(0, Length));
+    Names.remove_prefix(std::min(Length + 1, Names.size()));
+    if (Row == nullptr) std::abort();  // a table names what no base class has: no program may start with it
+    TPropInfo& Copy = FOwn.emplace_back(*Row);
+    Copy.IsPublished = true;
+    Publish(Copy);
+  }
 }
 
 TClassInfo::~TClassInfo() = default;
@@ -37,6 +62,11 @@ bool TClassInfo::InheritsFrom(const TClassInfo& Base) const {
 }
 
 const TPropInfo* TClassInfo::FindProperty(std::string_view PropName) const {
+  const auto Found = FByName.find(PropName);
+  return Found == FByName.end() || !Found->second->IsPublished ? nullptr : Found->second;
+}
+
+const TPropInfo* TClassInfo::FindRow(std::string_view PropName) const {
   const auto Found = FByName.find(PropName);
   return Found == FByName.end() ? nullptr : Found->second;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -51,12 +52,17 @@ class TClassInfo {
   const std::vector<const TPropInfo*>& Properties() const { return FAll; }
   /// The published property of exactly this name, null when there is none. Costs one hash look-up.
   const TPropInfo* FindProperty(std::string_view PropName) const;
+  /// The same among all rows, hidden ones included.
+  const TPropInfo* FindRow(std::string_view PropName) const;
 
  private:
+  void Publish(const TPropInfo& Row);
+  void Republish(std::string_view Names);
+
   const char* FName;
   const TClassInfo* FParent;
   TFactory FFactory;
-  std::vector<TPropInfo> FOwn;
+  std::deque<TPropInfo> FOwn;  // rows stay where they are
   std::vector<const TPropInfo*> FAll;
   std::unordered_map<std::string_view, const TPropInfo*> FByName;
 };

@@ -51,6 +51,10 @@ class TPropInfo {
   bool IsReadOnly = false;
   /// A Float of 32 bits.
   bool IsSingle = false;
+  /// Whether the property is listed, streamed and found by GetPropInfo; see Hidden and Republished.
+  bool IsPublished = true;
+  /// Not a property, but the names of inherited ones that this class publishes; see Republished.
+  bool IsRepublished = false;
 
   std::int64_t (*GetOrd)(const TObject&) = nullptr;
   void (*SetOrd)(TObject&, std::int64_t) = nullptr;
@@ -77,6 +81,8 @@ class TPropInfo {
   TPropInfo StoredIf() &&;
   /// Never streams the property; another operation of the class does, or it is no part of the stored form.
   TPropInfo NotStored() &&;
+  /// Keeps the property from being published: descendants may do it (Republished), and undo finds it all the same.
+  TPropInfo Hidden() && { return IsPublished = false, std::move(*this); }
 
  private:
   TVariant FDefault;
@@ -324,6 +330,15 @@ TPropInfo Published(const char* Name, typename detail::TPropRow<Getter, Setter>:
   } else {
     Info.SetDefault(detail::ToVariant(Default));
   }
+  return Info;
+}
+
+/// Publishes rows of the base classes, as they are described there, in this class and in this order: their names, with
+/// blanks between them.
+inline TPropInfo Republished(const char* Names) {
+  TPropInfo Info;
+  Info.Name = Names;
+  Info.IsRepublished = true;
   return Info;
 }
 

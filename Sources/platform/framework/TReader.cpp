@@ -5,9 +5,9 @@
 #include <cstring>
 
 #include "platform/framework/ComponentPath.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/Reflection.h"
 #include "platform/framework/TComponent.h"
+#include "texts/Exceptions.h"
 #include "texts/Utf8.h"
 #include "texts/ZyLocalize.h"
 

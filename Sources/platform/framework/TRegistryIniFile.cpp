@@ -4,7 +4,7 @@
 #include <system_error>
 
 #include "platform/framework/Application.h"
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

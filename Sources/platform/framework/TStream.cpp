@@ -5,7 +5,7 @@
 #include <limits>
 #include <system_error>
 
-#include "platform/framework/Exceptions.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

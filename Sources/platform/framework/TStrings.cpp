@@ -1,10 +1,10 @@
 #include "platform/framework/TStrings.h"
 
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TFiler.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TWriter.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -7,9 +7,9 @@
 #include <type_traits>
 
 #include "platform/framework/ComponentPath.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TComponent.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -5,8 +5,8 @@
 #include <random>
 #include <system_error>
 
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
 #include "platform/framework/XmlText.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {

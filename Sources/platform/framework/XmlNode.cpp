@@ -4,8 +4,8 @@
 #include <pugixml.hpp>
 #include <utility>
 
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/XmlText.h"
+#include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
 // Values lie in the tree in their escaped form, just as they stand in a file; see TXMLDocument for the reason.

@@ -1,0 +1,147 @@
+#include "annotations/captions/ZyFont.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/controls/TControlFont.h"
+#include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
+#include "texts/ZyLocalize.h"
+#include "undo/ZyUndoStack.h"
+
+namespace zy {
+
+// Color and Height say less than FillColor and Size, which are what is stored.
+ZY_PUBLISHED(TZyFont, TPersistent, Published<&TZyFont::Charset, &TZyFont::SetCharset>("Charset", 1),
+             Published<&TZyFont::Color, &TZyFont::SetColor>("Color").NotStored(),
+             Published<&TZyFont::Height, &TZyFont::SetHeight>("Height").NotStored(),
+             Published<&TZyFont::Name, &TZyFont::SetName>("Name"), Published<&TZyFont::Size, &TZyFont::SetSize>("Size"),
+             Published<&TZyFont::Style, &TZyFont::SetStyle>("Style"),
+             Published<&TZyFont::FillColor, &TZyFont::SetFillColor>("FillColor"),
+             Published<&TZyFont::DrawEffects, &TZyFont::SetDrawEffects>("DrawEffects", {}),
+             Published<&TZyFont::RenderingHint, &TZyFont::SetRenderingHint>("RenderingHint",
+                                                                            TZyTextRenderingHint::SystemDefault),
+             Published<static_cast<TZyGradientSettings& (TZyFont::*)()>(&TZyFont::Gradient)>("Gradient"))
+
+TZyFont::TZyFont(ModifiedCallback NeedsInvalidate)
+    : mNeedsInvalidate(NeedsInvalidate), FGradient(std::move(NeedsInvalidate)) {}
+
+void TZyFont::NeedsInvalidate() {
+  if (mNeedsInvalidate) mNeedsInvalidate();
+}
+
+void TZyFont::NeedsResize() {
+  if (OnNeedsResize) OnNeedsResize();
+}
+
+void TZyFont::SetName(const std::string& Value) {
+  if (FName == Value) return;
+  FName = Value;
+  NeedsResize();
+}
+
+void TZyFont::SetSize(float Value) {
+  if (FSize == Value) return;
+  if (!(Value <= Font::MaxSize))
+    throw ERangeError(Format(LoadResString(_sPropOutOfRange), {FloatToStr(static_cast<double>(Value)), "Size"}));
+  FSize = Value;
+  if (Value > 0) FWholeSize = std::max(static_cast<int>(std::lround(Value)), 1);
+  NeedsResize();
+}
+
+int TZyFont::Height() const {
+  return -static_cast<int>(std::lround(static_cast<float>(FWholeSize) * Font::PixelsPerPoint));
+}
+
+void TZyFont::SetHeight(int Value) {
+  const float Points = std::abs(static_cast<float>(Value)) / Font::PixelsPerPoint;
+  FWholeSize = std::clamp(static_cast<int>(std::lround(Points)), 1, static_cast<int>(Font::MaxSize));
+  NeedsResize();
+}
+
+void TZyFont::SetCharset(int Value) {
+  if (FCharset == Value) return;
+  FCharset = Value;
+  NeedsResize();
+}
+
+void TZyFont::SetStyle(TFontStyles Value) {
+  if (FStyle == Value) return;
+  FStyle = Value;
+  NeedsResize();
+}
+
+void TZyFont::SetFillColor(TZyColor Value) {
+  if (FFillColor == Value) return;
+  FFillColor = Value;
+  NeedsInvalidate();
+}
+
+void TZyFont::SetColor(TColor Value) {
+  FFillColor = TColorToARGB(Value);
+  NeedsInvalidate();
+}
+
+void TZyFont::SetDrawEffects(TZyCharDrawEffects Value) {
+  if (FDrawEffects == Value) return;
+  const std::uint32_t Added = Value.Bits() & ~FDrawEffects.Bits();
+  FDrawEffects = TZyCharDrawEffects::FromBits(Added & (~Added + 1));  // the lowest bit alone
+  NeedsInvalidate();
+}
+
+void TZyFont::SetRenderingHint(TZyTextRenderingHint Value) {
+  if (FRenderingHint == Value) return;
+  FRenderingHint = Value;
+  NeedsResize();
+}
+
+std::unique_ptr<TControlFont> TZyFont::AsTFont() const {
+  auto Result = std::make_unique<TControlFont>();
+  Result->SetName(FName);
+  Result->SetSize(Size());
+  Result->SetStyle(FStyle);
+  Result->SetColor(FFillColor);
+  return Result;
+}
+
+void TZyFont::SetAsTFont(const TControlFont& Value) { Assign(&Value); }
+
+void TZyFont::Assign(const TPersistent* Source) {
+  const auto* const Other = dynamic_cast<const TZyFont*>(Source);
+  if (Other == nullptr) {
+    const auto* const Plain = dynamic_cast<const TControlFont*>(Source);
+    return Plain != nullptr ? AssignPlain(*Plain) : TPersistent::Assign(Source);
+  }
+  FFillColor = Other->FFillColor;
+  SetSize(Other->Size());
+  SetDrawEffects(Other->FDrawEffects);
+  SetRenderingHint(Other->FRenderingHint);
+  FGradient.Assign(&Other->FGradient);
+  FCharset = Other->FCharset;
+  FName = Other->FName;
+  FStyle = Other->FStyle;
+  NeedsResize();
+}
+
+/// Controls count whole points.
+void TZyFont::AssignPlain(const TControlFont& Source) {
+  FName = Source.Name();
+  FWholeSize = static_cast<int>(std::lround(Source.Size()));
+  FSize = static_cast<float>(FWholeSize);
+  FStyle = Source.Style();
+  SetFillColor(Source.Color());
+  NeedsResize();
+}
+
+void TZyFont::PushToUndoStack(TZyUndoStack* Stack, std::string_view Comment) {
+  if (Stack == nullptr) return;
+  Stack->StartGroup(Comment);
+  for (const char* Name : {"Name", "Style", "Size", "FillColor", "DrawEffects"}) Stack->PushProperty(this, "", Name);
+  for (const char* Name : {"Visible", "Style", "FirstColor", "MiddleColor", "LastColor", "LinearAngle", "LinearCenter",
+                           "RadialCenterX", "RadialCenterY"})
+    Stack->PushProperty(&FGradient, "", Name);
+  Stack->StopGroup();
+}
+
+}  // namespace zy

@@ -1,0 +1,58 @@
+#include "graph/styles/ZyAreaSettings.h"
+
+#include "graph/styles/ZyGradientBrushes.h"
+#include "platform/framework/TPropInfo.h"
+#include "undo/ZyChange.h"
+
+namespace zy {
+
+// Colours and visibility have no default: owners start with their own, and a reader could not tell.
+ZY_PUBLISHED(
+    TZyAreaSettings, TPersistent, Published<&TZyAreaSettings::Visible, &TZyAreaSettings::SetVisible>("Visible"),
+    Published<&TZyAreaSettings::AreaStyle, &TZyAreaSettings::SetAreaStyle>("AreaStyle", TZyAreaStyle::Total),
+    Published<&TZyAreaSettings::ForeColor, &TZyAreaSettings::SetForeColor>("ForeColor"),
+    Published<&TZyAreaSettings::BackColor, &TZyAreaSettings::SetBackColor>("BackColor"),
+    Published<static_cast<TZyGradientSettings& (TZyAreaSettings::*)()>(&TZyAreaSettings::Gradient)>("Gradient"))
+
+TZyAreaSettings::TZyAreaSettings(ModifiedCallback WhenModified)
+    : TZyStyleSettings(WhenModified), FGradient(std::move(WhenModified)) {}
+
+void TZyAreaSettings::SetVisible(bool Value) {
+  Change(this, FVisible, Value, _sAreaVisible, "Visible", &TZyAreaSettings::Modified);
+}
+
+void TZyAreaSettings::SetAreaStyle(TZyAreaStyle Value) {
+  Change(this, FAreaStyle, Value, _sAreaStyle, "AreaStyle", &TZyAreaSettings::Modified);
+}
+
+void TZyAreaSettings::SetForeColor(TZyColor Value) {
+  Change(this, FForeColor, Value, _sAreaForeColor, "ForeColor", &TZyAreaSettings::Modified);
+}
+
+void TZyAreaSettings::SetBackColor(TZyColor Value) {
+  Change(this, FBackColor, Value, _sAreaBackColor, "BackColor", &TZyAreaSettings::Modified);
+}
+
+void TZyAreaSettings::SetUndoStack(TZyUndoStack* Value) {
+  TZyStyleSettings::SetUndoStack(Value);
+  FGradient.SetUndoStack(Value);
+}
+
+std::unique_ptr<Brush> TZyAreaSettings::GetBrush(const RectF& View) const {
+  if (FGradient.Visible()) return FGradient.GetBrush(View, 0);
+  return GetAreaBrush(FAreaStyle, FForeColor, FBackColor);
+}
+
+std::unique_ptr<Brush> TZyAreaSettings::GetBrush(const TRect& View) const { return GetBrush(ToRectF(View)); }
+
+void TZyAreaSettings::Assign(const TPersistent* Source) {
+  const auto* const Other = dynamic_cast<const TZyAreaSettings*>(Source);
+  if (Other == nullptr) return TPersistent::Assign(Source);
+  FVisible = Other->FVisible;
+  FAreaStyle = Other->FAreaStyle;
+  FForeColor = Other->FForeColor;
+  FBackColor = Other->FBackColor;
+  FGradient.Assign(&Other->FGradient);  // tells the owner
+}
+
+}  // namespace zy

@@ -1,0 +1,70 @@
+#include "graph/styles/ZyLineSettings.h"
+
+#include "graph/styles/ZyGradientBrushes.h"
+#include "platform/framework/TPropInfo.h"
+#include "undo/ZyChange.h"
+
+namespace zy {
+
+// Colour, dash style and visibility have no default: owners start with their own, and a reader could not tell.
+ZY_PUBLISHED(
+    TZySimpleLineSettings, TPersistent,
+    Published<&TZySimpleLineSettings::Color, &TZySimpleLineSettings::SetColor>("Color"),
+    Published<&TZySimpleLineSettings::DashStyle, &TZySimpleLineSettings::SetDashStyle>("DashStyle"),
+    Published<&TZySimpleLineSettings::Width, &TZySimpleLineSettings::SetWidth>("Width", 1.0f),
+    Published<static_cast<TZyGradientSettings& (TZySimpleLineSettings::*)()>(&TZySimpleLineSettings::Gradient)>(
+        "Gradient"))
+ZY_PUBLISHED(TZyLineSettings, TZySimpleLineSettings,
+             Published<&TZyLineSettings::Visible, &TZyLineSettings::SetVisible>("Visible"))
+
+TZySimpleLineSettings::TZySimpleLineSettings(ModifiedCallback WhenModified)
+    : TZyStyleSettings(WhenModified), FGradient(std::move(WhenModified)) {}
+
+void TZySimpleLineSettings::SetColor(TZyColor Value) {
+  Change(this, FColor, Value, _sLineColor, "Color", &TZySimpleLineSettings::Modified);
+}
+
+void TZySimpleLineSettings::SetDashStyle(TDashStyle Value) {
+  Change(this, FDashStyle, Value, _sDashStyle, "DashStyle", &TZySimpleLineSettings::Modified);
+}
+
+void TZySimpleLineSettings::SetWidth(float Value) {
+  Change(this, FWidth, Value, _sLineWidth, "Width", &TZySimpleLineSettings::Modified);
+}
+
+void TZySimpleLineSettings::SetUndoStack(TZyUndoStack* Value) {
+  TZyStyleSettings::SetUndoStack(Value);
+  FGradient.SetUndoStack(Value);
+}
+
+std::unique_ptr<TZyPen> TZySimpleLineSettings::GetPen(const RectF& View, float Angle) const {
+  auto Result = FGradient.Visible() ? std::make_unique<TZyPen>(*FGradient.GetBrush(View, Angle), FWidth)
+                                    : std::make_unique<TZyPen>(FColor, FWidth);
+  Result->SetMiterLimit(0);
+  Result->SetDashStyle(FDashStyle);
+  return Result;
+}
+
+std::unique_ptr<TZyPen> TZySimpleLineSettings::GetPen(const TRect& View, float Angle) const {
+  return GetPen(ToRectF(View), Angle);
+}
+
+void TZySimpleLineSettings::Assign(const TPersistent* Source) {
+  const auto* const Line = dynamic_cast<const TZySimpleLineSettings*>(Source);
+  if (Line == nullptr) return TPersistent::Assign(Source);
+  FDashStyle = Line->FDashStyle;
+  FColor = Line->FColor;
+  FWidth = Line->FWidth;
+  FGradient.Assign(&Line->FGradient);  // tells the owner
+}
+
+void TZyLineSettings::SetVisible(bool Value) {
+  Change(this, FVisible, Value, _sLineVisible, "Visible", &TZyLineSettings::Modified);
+}
+
+void TZyLineSettings::Assign(const TPersistent* Source) {
+  if (const auto* const Line = dynamic_cast<const TZyLineSettings*>(Source)) SetVisible(Line->FVisible);
+  TZySimpleLineSettings::Assign(Source);
+}
+
+}  // namespace zy

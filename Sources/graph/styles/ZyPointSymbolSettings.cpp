@@ -1,0 +1,55 @@
+#include "graph/styles/ZyPointSymbolSettings.h"
+
+#include "platform/framework/TPropInfo.h"
+#include "undo/ZyChange.h"
+
+namespace zy {
+
+// Symbol, colours and visibility have no default: owners start with their own, and a reader could not tell.
+ZY_PUBLISHED(TZyPointSymbolSettings, TPersistent,
+             Published<&TZyPointSymbolSettings::Visible, &TZyPointSymbolSettings::SetVisible>("Visible"),
+             Published<&TZyPointSymbolSettings::Size, &TZyPointSymbolSettings::SetSize>("Size", 11.0f),
+             Published<&TZyPointSymbolSettings::BorderLineWidth, &TZyPointSymbolSettings::SetBorderLineWidth>(
+                 "BorderLineWidth", 1.0f),
+             Published<&TZyPointSymbolSettings::BorderColor, &TZyPointSymbolSettings::SetBorderColor>("BorderColor"),
+             Published<&TZyPointSymbolSettings::FillColor, &TZyPointSymbolSettings::SetFillColor>("FillColor"),
+             Published<&TZyPointSymbolSettings::PointSymbol, &TZyPointSymbolSettings::SetPointSymbol>("PointSymbol"))
+
+void TZyPointSymbolSettings::SetVisible(bool Value) {
+  Change(this, FVisible, Value, _sPointSymbolVisible, "Visible", &TZyPointSymbolSettings::Modified);
+}
+
+void TZyPointSymbolSettings::SetSize(float Value) {
+  Change(this, FSize, Value, _sPointSymbolSize, "Size", &TZyPointSymbolSettings::Modified);
+}
+
+void TZyPointSymbolSettings::SetBorderLineWidth(float Value) {
+  Change(this, FBorderLineWidth, Value, _sPointSymbolBorderLineWidth, "BorderLineWidth",
+         &TZyPointSymbolSettings::Modified);
+}
+
+void TZyPointSymbolSettings::SetBorderColor(TZyColor Value) {
+  Change(this, FBorderColor, Value, _sPointSymbolBorderColor, "BorderColor", &TZyPointSymbolSettings::Modified);
+}
+
+void TZyPointSymbolSettings::SetFillColor(TZyColor Value) {
+  Change(this, FFillColor, Value, _sPointSymbolFillColor, "FillColor", &TZyPointSymbolSettings::Modified);
+}
+
+void TZyPointSymbolSettings::SetPointSymbol(TZyPointSymbol Value) {
+  Change(this, FPointSymbol, Value, _sPointSymbolPointSymbol, "PointSymbol", &TZyPointSymbolSettings::Modified);
+}
+
+void TZyPointSymbolSettings::Assign(const TPersistent* Source) {
+  const auto* const Other = dynamic_cast<const TZyPointSymbolSettings*>(Source);
+  if (Other == nullptr) return TPersistent::Assign(Source);
+  FVisible = Other->FVisible;
+  FSize = Other->FSize;
+  FBorderLineWidth = Other->FBorderLineWidth;
+  FBorderColor = Other->FBorderColor;
+  FFillColor = Other->FFillColor;
+  FPointSymbol = Other->FPointSymbol;
+  Modified();
+}
+
+}  // namespace zy

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace zy {
+
+/// Lets SystemColor answer with the palette of the application object, once there is one. The drawing surface calls it
+/// at start. Returns true.
+bool UseSystemPalette();
+
+}  // namespace zy

@@ -1,0 +1,289 @@
+#include "series/vectors/ZyCustomDoubleVector.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+#include "platform/framework/TPropInfo.h"
+#include "series/vectors/ZyVectors.h"
+#include "texts/Exceptions.h"
+#include "texts/ZyLocalize.h"
+
+namespace zy {
+namespace {
+
+constexpr int SmallestIncrement = 128;
+constexpr int LargestReserve = 1 << 20;
+constexpr double LargestDouble = std::numeric_limits<double>::max();
+
+using detail::VectorIndexOutOfRange;
+
+}  // namespace
+
+void detail::VectorIndexOutOfRange(int i) { throw ERangeError(Format(LoadResString(_sVectorIdxOutOfRange), {i})); }
+
+ZY_PUBLISHED(TZyCustomDoubleVector, TComponent)
+
+TZyCustomDoubleVector::TZyCustomDoubleVector(TComponent* Owner) : TComponent(Owner) {}
+
+TZyCustomDoubleVector::~TZyCustomDoubleVector() { Destroying(); }
+
+// --- Values ---------------------------------------------------------------------------------------------------------
+
+double TZyCustomDoubleVector::GetValue(int i) const {
+  if (i < 0 || i >= FCount) VectorIndexOutOfRange(i);
+  return FArray[static_cast<std::size_t>(i)];
+}
+
+void TZyCustomDoubleVector::SetValue(int i, double n) {
+  if (i < 0 || i == std::numeric_limits<int>::max()) VectorIndexOutOfRange(i);
+  CheckCount(i + 1);
+  double& Stored = FArray[static_cast<std::size_t>(i)];
+  if (i <= FLastCount && Stored == n) return;
+  bool RangesGo = false;
+  if (i < FLastCount) {
+    RangesGo = MovesRanges(i, n);
+    const double Change = (std::isfinite(n) ? n : 0) - (std::isfinite(Stored) ? Stored : 0);
+    FAll.Sum += Change;
+    if (!IsOutlier(i)) FPlain.Sum += Change;
+  }
+  Stored = n;
+  FPyramid.Changed(i, i + 1);
+  if (RangesGo) {
+    TellOutOfRange();
+  } else {
+    InvalidateRelatedSeries();
+  }
+}
+
+/// Whether extremes or order may be others with n in the place of a scanned value: it held an extreme, the new value
+/// is one, or stands out of order.
+bool TZyCustomDoubleVector::MovesRanges(int i, double n) const {
+  if (i == FAll.MinimumIdx || i == FAll.MaximumIdx || i == FPlain.MinimumIdx || i == FPlain.MaximumIdx) return true;
+  const TTracked& Tracked = IsOutlier(i) ? FAll : FPlain;
+  if (std::isfinite(n) && (n < Tracked.Minimum || n > Tracked.Maximum)) return true;
+  return (FIsSorted || FOnlyAscending) && !StandsInOrder(i, n);
+}
+
+/// Whether n at index i would be greater than the value before it and smaller than the scanned one behind it.
+bool TZyCustomDoubleVector::StandsInOrder(int i, double n) const {
+  const auto At = static_cast<std::size_t>(i);
+  return (i == 0 || n > FArray[At - 1]) && (i + 1 >= FLastCount || n < FArray[At + 1]);
+}
+
+int TZyCustomDoubleVector::Add(double n) {
+  SetValue(FCount, n);
+  return FCount;
+}
+
+int TZyCustomDoubleVector::Insert(int Idx, double n) {
+  if (Idx < 0 || Idx > FCount) VectorIndexOutOfRange(Idx);
+  if (Idx == FCount) return Add(n);
+  FOutliers.Inserted(Idx);
+  CheckCount(FCount + 1);
+  const auto At = FArray.begin() + Idx;
+  std::copy_backward(At, FArray.end() - 1, FArray.end());
+  *At = 0;
+  FPyramid.Changed(Idx, FCount);
+  for (TTracked* Tracked : {&FPlain, &FAll})
+    for (int* Place : {&Tracked->MinimumIdx, &Tracked->MaximumIdx}) *Place += *Place >= Idx ? 1 : 0;
+  if (Idx < FLastCount) ++FLastCount;
+  SetValue(Idx, n);
+  // A 0 is what stands there already, and told nobody; it may be an extreme all the same.
+  if (n == 0) TellOutOfRange();
+  const std::vector<IZyVectorReader*> Readers = FRelatedSeries;
+  for (IZyVectorReader* Reader : Readers) Reader->DataInserted(*this, Idx);
+  return FCount;
+}
+
+void TZyCustomDoubleVector::Delete(int Idx, bool WithLinkedMarkers) {
+  if (Idx < 0 || Idx >= FCount) return;
+  const bool RangesGo =
+      Idx == FAll.MinimumIdx || Idx == FAll.MaximumIdx || Idx == FPlain.MinimumIdx || Idx == FPlain.MaximumIdx;
+  const auto At = FArray.begin() + Idx;
+  if (Idx < FLastCount && std::isfinite(*At)) {
+    FAll.Sum -= *At;
+    if (!IsOutlier(Idx)) FPlain.Sum -= *At;
+  }
+  FOutliers.Deleted(Idx);
+  FArray.erase(At);
+  if (WithLinkedMarkers) {
+    const std::vector<IZyVectorReader*> Readers = FRelatedSeries;
+    for (IZyVectorReader* Reader : Readers) Reader->DataDeleted(*this, Idx);
+  }
+  --FCount;
+  FPyramid.Changed(Idx, FCount);
+  for (TTracked* Tracked : {&FPlain, &FAll})
+    for (int* Place : {&Tracked->MinimumIdx, &Tracked->MaximumIdx}) *Place -= *Place > Idx ? 1 : 0;
+  if (Idx < FLastCount) --FLastCount;
+  if (RangesGo) {
+    TellOutOfRange();
+  } else {
+    ResetRelatedSeries();
+  }
+}
+
+void TZyCustomDoubleVector::Clear(bool WithLinkedMarkers) {
+  FCount = 0;
+  FArray.clear();
+  FOutliers.Clear();
+  ResetRanges();
+  const std::vector<IZyVectorReader*> Readers = FRelatedSeries;
+  for (IZyVectorReader* Reader : Readers) Reader->DataCleared(*this, WithLinkedMarkers);
+}
+
+TZyExtremes TZyCustomDoubleVector::FindExtremes(int First, int Last) const {
+  return FPyramid.Find(Values(), std::max(First, 0), std::min(Last, FCount));
+}
+
+std::span<const double> TZyCustomDoubleVector::ValuesAt(int First, int Count, std::span<double>) const {
+  return Values().subspan(static_cast<std::size_t>(First), static_cast<std::size_t>(Count));
+}
+
+// --- Outliers -------------------------------------------------------------------------------------------------------
+
+void TZyCustomDoubleVector::AddOutlier(int Idx) {
+  if (FOutliers.Add(Idx)) TellOutOfRange();
+}
+
+void TZyCustomDoubleVector::RemoveOutlier(int Idx) {
+  if (FOutliers.Remove(Idx)) TellOutOfRange();
+}
+
+void TZyCustomDoubleVector::SetOutlier(int i, bool Value) {
+  if (Value) {
+    AddOutlier(i);
+  } else {
+    RemoveOutlier(i);
+  }
+}
+
+void TZyCustomDoubleVector::ClearOutlieres() {
+  if (FOutliers.IsEmpty()) return;
+  FOutliers.Clear();
+  TellOutOfRange();
+}
+
+// --- Storage --------------------------------------------------------------------------------------------------------
+
+void TZyCustomDoubleVector::SetCapacity(int Value) {
+  if (Value <= FCount || Value == FCapacity) return;
+  FCapacity = Value;
+  // A stored chart may name any capacity: memory is set aside for a bounded part of it only, and the rest on demand.
+  FArray.reserve(static_cast<std::size_t>(std::min<std::int64_t>(Value, std::int64_t{FCount} + LargestReserve)));
+}
+
+void TZyCustomDoubleVector::SetIncrement(int Value) {
+  if (Value >= SmallestIncrement) FIncrement = Value;
+}
+
+void TZyCustomDoubleVector::CheckCount(int NewCount) {
+  if (FCapacity < NewCount) {
+    const std::int64_t Steps = (std::int64_t{NewCount} - FCapacity + FIncrement - 1) / FIncrement;
+    FCapacity =
+        static_cast<int>(std::min<std::int64_t>(FCapacity + Steps * FIncrement, std::numeric_limits<int>::max()));
+  }
+  if (FCount >= NewCount) return;
+  FArray.resize(static_cast<std::size_t>(NewCount));
+  FPyramid.Changed(FCount, NewCount);
+  FCount = NewCount;
+}
+
+// --- Extremes and sums ----------------------------------------------------------------------------------------------
+
+TZyCustomDoubleVector::TTracked::TTracked() : Minimum(LargestDouble), Maximum(-LargestDouble) {}
+
+void TZyCustomDoubleVector::TTracked::Take(int i, double Value) {
+  if (!std::isfinite(Value)) return;
+  if (Value < Minimum) {
+    Minimum = Value;
+    MinimumIdx = i;
+  }
+  if (Value > Maximum) {
+    Maximum = Value;
+    MaximumIdx = i;
+  }
+  Sum += Value;
+}
+
+void TZyCustomDoubleVector::CheckMinMax() {
+  if (FOutliers.IsEmpty()) {
+    ScanPlain();
+  } else {
+    ScanWithOutliers();
+  }
+  FLastCount = FCount;
+}
+
+/// Extremes and sum come out of the pyramid, which remembers those of all blocks: only blocks that changed are walked,
+/// even when all tracked values were forgotten.
+void TZyCustomDoubleVector::ScanPlain() {
+  const TZyExtremes New = FPyramid.Find(Values(), FLastCount, FCount);
+  if (New.Minimum >= 0) {
+    if (New.Low < FPlain.Minimum) {
+      FPlain.Minimum = New.Low;
+      FPlain.MinimumIdx = New.Minimum;
+    }
+    if (New.High > FPlain.Maximum) {
+      FPlain.Maximum = New.High;
+      FPlain.MaximumIdx = New.Maximum;
+    }
+    FPlain.Sum += New.Sum;
+  }
+  FAll = FPlain;
+  constexpr int Piece = 1024;
+  for (int First = std::max(FLastCount, 1); First < FCount && (FIsSorted || FOnlyAscending); First += Piece) {
+    const double* const Value = FArray.data() + First;
+    std::int64_t Descents = 0;  // counted without a branch, several at a time
+    for (int i = 0; i < std::min(Piece, FCount - First); ++i) Descents += Value[i] > Value[i - 1] ? 0 : 1;
+    FIsSorted = FIsSorted && Descents == 0;
+    FOnlyAscending = FOnlyAscending && Descents == 0;
+  }
+}
+
+void TZyCustomDoubleVector::ScanWithOutliers() {
+  const std::span<const int> Marks = FOutliers.Sorted();
+  auto Mark = std::lower_bound(Marks.begin(), Marks.end(), FLastCount);
+  std::size_t Previous = 0;
+  for (int i = FLastCount; i < FCount; ++i) {
+    const auto At = static_cast<std::size_t>(i);
+    const double Value = FArray[At];
+    FAll.Take(i, Value);
+    if (i > 0 && FIsSorted) FIsSorted = Value > FArray[At - 1];
+    if (Mark != Marks.end() && *Mark == i) {
+      ++Mark;
+      continue;
+    }
+    FPlain.Take(i, Value);
+    if (Previous >= 2 && FOnlyAscending) FOnlyAscending = Value > FArray[Previous];
+    Previous = At;
+  }
+}
+
+void TZyCustomDoubleVector::ResetRanges() {
+  FLastCount = 0;
+  FPlain = FAll = TTracked();
+  FIsSorted = true;
+}
+
+/// The tracked values go, but the values themselves did not change behind the vector's back.
+void TZyCustomDoubleVector::TellOutOfRange() {
+  ResetRanges();
+  ResetRelatedSeries();
+}
+
+void TZyCustomDoubleVector::OutOfRange() {
+  FPyramid.Changed(0, FCount);
+  TellOutOfRange();
+}
+
+void TZyCustomDoubleVector::ResetRelatedSeries() {
+  for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataReset();
+}
+
+void TZyCustomDoubleVector::InvalidateRelatedSeries() {
+  for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataInvalidated();
+}
+
+}  // namespace zy

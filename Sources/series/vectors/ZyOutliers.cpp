@@ -1,0 +1,42 @@
+#include "series/vectors/ZyOutliers.h"
+
+#include <algorithm>
+
+namespace zy {
+
+bool TZyOutliers::Contains(int Idx) const {
+  return !FSorted.empty() && std::binary_search(FSorted.begin(), FSorted.end(), Idx);
+}
+
+bool TZyOutliers::Add(int Idx) {
+  const auto Place = std::lower_bound(FSorted.begin(), FSorted.end(), Idx);
+  if (Place != FSorted.end() && *Place == Idx) return false;
+  FSorted.insert(Place, Idx);
+  FMarked.push_back(Idx);
+  return true;
+}
+
+bool TZyOutliers::Remove(int Idx) {
+  if (!Contains(Idx)) return false;
+  FSorted.erase(std::lower_bound(FSorted.begin(), FSorted.end(), Idx));
+  FMarked.erase(std::find(FMarked.begin(), FMarked.end(), Idx));
+  return true;
+}
+
+void TZyOutliers::Clear() {
+  FMarked.clear();
+  FSorted.clear();
+}
+
+void TZyOutliers::Inserted(int Idx) {
+  for (std::vector<int>* Indexes : {&FMarked, &FSorted})
+    for (int& Each : *Indexes) Each += Each >= Idx ? 1 : 0;
+}
+
+void TZyOutliers::Deleted(int Idx) {
+  Remove(Idx);
+  for (std::vector<int>* Indexes : {&FMarked, &FSorted})
+    for (int& Each : *Indexes) Each -= Each > Idx ? 1 : 0;
+}
+
+}  // namespace zy

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace zy {
+
+namespace detail {
+
+/// Throws ERangeError with the vectors' own message.
+[[noreturn]] void VectorIndexOutOfRange(int i);
+
+}  // namespace detail
+
+/// Base of the small vectors: arrays that grow by fixed steps, for data that are computed over and over, such as the
+/// pixels of a series.
+///
+/// Count elements are in use out of Capacity; what lies behind Count keeps its old contents, and freshly grown elements
+/// are zero. The storage behind grows geometrically, so that appending costs linear time.
+template <class T>
+class TZyGrowingArray {
+ public:
+  /// NewCount is the first capacity and the step of growth; 128 when it is below 1.
+  explicit TZyGrowingArray(int NewCount = 0)
+      : FIncrement(NewCount < 1 ? DefaultIncrement : NewCount), FArray(static_cast<std::size_t>(FIncrement)) {}
+
+  int Count() const { return FCount; }
+  int Capacity() const { return static_cast<int>(FArray.size()); }
+  /// Throws ERangeError outside 0 to Count - 1.
+  const T& GetValue(int i) const {
+    if (i < 0 || i >= FCount) detail::VectorIndexOutOfRange(i);
+    return FArray[static_cast<std::size_t>(i)];
+  }
+  /// A write past the end extends the vector. Throws ERangeError for a negative index.
+  void SetValue(int i, const T& Value) { Element(i) = Value; }
+  /// Appends, and returns the new count.
+  int Add(const T& Value) {
+    const int i = FCount;
+    CheckCount(i + 1);
+    FArray[static_cast<std::size_t>(i)] = Value;
+    return FCount;
+  }
+  /// Forgets the elements and keeps the storage.
+  void Clear() { FCount = 0; }
+  /// Removes one element; nothing outside the vector.
+  void Delete(int i) {
+    if (i < 0 || i >= FCount) return;
+    std::copy(FArray.begin() + i + 1, FArray.begin() + FCount, FArray.begin() + i);
+    --FCount;
+  }
+  /// Makes room for, and extends the vector to, so many elements.
+  void CheckCount(int NewCount) {
+    if (Capacity() < NewCount) {
+      const int Steps = (NewCount - Capacity() + FIncrement - 1) / FIncrement;
+      FArray.resize(FArray.size() + static_cast<std::size_t>(Steps) * static_cast<std::size_t>(FIncrement));
+    }
+    FCount = std::max(FCount, NewCount);
+  }
+  /// Only grows.
+  void SetCapacity(int Value) {
+    if (Value > Capacity()) FArray.resize(static_cast<std::size_t>(Value));
+  }
+  /// Makes capacity and count exactly this.
+  void SetCount(int Value) {
+    FArray.resize(static_cast<std::size_t>(std::max(Value, 0)));
+    FCount = Capacity();
+  }
+  /// The elements in use; valid until the vector grows.
+  std::span<const T> Values() const { return {FArray.data(), static_cast<std::size_t>(FCount)}; }
+
+ protected:
+  T& Element(int i) {
+    if (i < 0) detail::VectorIndexOutOfRange(i);
+    CheckCount(i + 1);
+    return FArray[static_cast<std::size_t>(i)];
+  }
+
+ private:
+  static constexpr int DefaultIncrement = 128;
+
+  int FCount = 0;
+  int FIncrement;
+  std::vector<T> FArray;
+};
+
+/// Booleans of one byte each.
+class TZyBooleanVector : public TZyGrowingArray<std::uint8_t> {
+ public:
+  using TZyGrowingArray::TZyGrowingArray;
+  bool GetValue(int i) const { return TZyGrowingArray::GetValue(i) != 0; }
+};
+
+class TZyIntegerVector : public TZyGrowingArray<std::int32_t> {
+ public:
+  using TZyGrowingArray::TZyGrowingArray;
+};
+
+class TZySingleVector : public TZyGrowingArray<float> {
+ public:
+  using TZyGrowingArray::TZyGrowingArray;
+};
+
+}  // namespace zy

@@ -1,0 +1,28 @@
+#pragma once
+
+namespace zy {
+
+class TStream;
+class TZyUndoStack;
+
+// What the undo stack asks of the objects that it serves, so that it knows none of their classes. A class implements an
+// interface beside its own base; the stack finds it by a dynamic cast.
+
+/// An object whose contents are logged as bytes: a data vector.
+class IZyStreamState {
+ public:
+  virtual ~IZyStreamState() = default;
+  /// Writes everything that ReadFrom needs, and reads it back.
+  virtual void WriteTo(TStream& Stream) const = 0;
+  virtual void ReadFrom(TStream& Stream) = 0;
+};
+
+/// A chart that takes the first undo stack which is put on its form while that is designed.
+class IZyUndoHolder {
+ public:
+  virtual ~IZyUndoHolder() = default;
+  virtual TZyUndoStack* UndoStack() const = 0;
+  virtual void SetUndoStack(TZyUndoStack* Value) = 0;
+};
+
+}  // namespace zy
