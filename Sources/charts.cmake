@@ -32,16 +32,23 @@ zy_add_library(
     graph/ZyRegisterClasses.cpp
     graph/ZyZoomSettings.cpp
     persistence/ZyStyleRecords.cpp
+    series/ZyBubbles.cpp
+    series/ZyChildSeries.cpp
+    series/ZyCustomOHLC.cpp
     series/ZyFunctionSeries.cpp
     series/ZyLineSeries.cpp
+    series/ZyMovingAverage.cpp
+    series/ZyOHLC.cpp
     series/ZyPixelIndex.cpp
+    series/ZyPointLook.cpp
     series/ZyPointSeries.cpp
     series/ZySeries.cpp
     series/ZySeriesDrawing.cpp
+    series/ZySeriesInput.cpp
     series/ZySeriesJoining.cpp
     series/ZySeriesLegend.cpp
     series/ZySeriesPoints.cpp
     series/ZySeriesRanges.cpp
-  LINK zy_captions zy_controls zy_shapes zy_sql zy_vectors)
+  LINK zy_calculations zy_captions zy_controls zy_shapes zy_sql)
 set_target_properties(zy_charts PROPERTIES EXPORT_NAME Charts)
 add_library(Zyphos::Charts ALIAS zy_charts)

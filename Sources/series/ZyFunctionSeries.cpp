@@ -1,14 +1,271 @@
 #include "series/ZyFunctionSeries.h"
 
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/ZyMath.h"
+#include "analysis/ZyParseFktLists.h"
+#include "graph/ZyGraph2D.h"
+#include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
+#include "series/vectors/ZyDoubleVector.h"
+#include "texts/Exceptions.h"
+#include "undo/ZyChange.h"
+#include "undo/ZyUndoGroup.h"
 
 namespace zy {
 
-ZY_PUBLISHED(TZyFunctionSeries, TZySeries)
+// The display range is published by the kinds whose curve reaches beyond its data.
+ZY_PUBLISHED(
+    TZyFunctionSeries, TZyLineSeries, Published<&TZyFunctionSeries::Weight, &TZyFunctionSeries::SetWeight>("Weight"),
+    Published<&TZyFunctionSeries::AutoStart, &TZyFunctionSeries::SetAutoStart>("AutoStart", true),
+    Published<&TZyFunctionSeries::AutoStop, &TZyFunctionSeries::SetAutoStop>("AutoStop", true),
+    Published<&TZyFunctionSeries::CalculationStart, &TZyFunctionSeries::SetCalculationStart>("CalculationStart", 0.0),
+    Published<&TZyFunctionSeries::CalculationStop, &TZyFunctionSeries::SetCalculationStop>("CalculationStop", 0.0),
+    Published<&TZyFunctionSeries::ClipYValues, &TZyFunctionSeries::SetClipYValues>("ClipYValues", true),
+    Published<&TZyFunctionSeries::WeightValueTransformation>("WeightValueTransformation"),
+    Published<&TZyFunctionSeries::OnCalculated>("OnCalculated"),
+    Published<&TZyFunctionSeries::OnCalculationError>("OnCalculationError"),
+    Published<&TZyFunctionSeries::DisplayAutoStart, &TZyFunctionSeries::SetDisplayAutoStart>("DisplayAutoStart", true)
+        .Hidden(),
+    Published<&TZyFunctionSeries::DisplayAutoStop, &TZyFunctionSeries::SetDisplayAutoStop>("DisplayAutoStop", true)
+        .Hidden(),
+    Published<&TZyFunctionSeries::DisplayStart, &TZyFunctionSeries::SetDisplayStart>("DisplayStart", 0.0).Hidden(),
+    Published<&TZyFunctionSeries::DisplayStop, &TZyFunctionSeries::SetDisplayStop>("DisplayStop", 0.0).Hidden(),
+    Published<&TZyFunctionSeries::CoupleCalculationAndDisplay, &TZyFunctionSeries::SetCoupleCalculationAndDisplay>(
+        "CoupleCalculationAndDisplay", true)
+        .Hidden())
+
+TZyFunctionSeries::TZyFunctionSeries(TComponent* Owner, std::unique_ptr<TZyCalculation> Calculation)
+    : TZyLineSeries(Owner), FCalculation(std::move(Calculation)) {
+  FCalculation->Sender = this;
+}
+
+std::string TZyFunctionSeries::GetFormula() const { throw EMethodNotFound(LoadResString(_sFormulaMustbeOverridden)); }
+
+void TZyFunctionSeries::RegisterVariables() {
+  TZyLineSeries::RegisterVariables();
+  AddStringToList("Formula", LoadResString(_sSeriesFormula), this, GlobalStringList(), [this] { return GetFormula(); });
+  const auto Enter = [this](const char* Id, TZyText Comment, double (TZyFunctionSeries::*Getter)() const) {
+    AddVariableToList(Id, LoadResString(Comment), this, GlobalVariableList(),
+                      [this, Getter] { return (this->*Getter)(); });
+  };
+  Enter("CalculationStart", _sCalcStart, &TZyFunctionSeries::GetCalcStart);
+  Enter("CalculationStop", _sCalcStop, &TZyFunctionSeries::GetCalcStop);
+  Enter("DisplayStart", _sDisplayStart, &TZyFunctionSeries::GetDisplayStart);
+  Enter("DisplayStop", _sDisplayStop, &TZyFunctionSeries::GetDisplayStop);
+}
+
+// --- Calculation ----------------------------------------------------------------------------------------------------
+
+/// Whatever happens, the count is taken: a formula that fails is not tried again at every paint.
+void TZyFunctionSeries::Calculate() {
+  if (!TakeCount()) return;
+  SetRange(*FXAxis, FXStart, FXStop, RangeOfX());
+  struct TEnd {
+    TZyFunctionSeries& Series;
+    ~TEnd() {
+      Series.FState.RangesTaken();
+      if (!Series.FHasCurve) Series.CalculationFailed();
+      Series.Invalidate();
+    }
+  } const End{*this};
+  FHasCurve = false;
+  try {
+    CalculateFunction();
+    UpdateVariablesObjects(*ObjectsToUpdate());
+    FYAxis->RangeModified();
+    FHasCurve = true;
+  } catch (const std::exception& Error) {
+    if (!mCalculationError) throw;
+    mCalculationError(this, Error);
+  }
+}
+
+void TZyFunctionSeries::CalculationFailed() {
+  FPoints.Clear();
+  FPointIndex.Clear();
+  FPointCount = 0;
+  FState.PixelsTaken();
+}
+
+/// The range of the data, on a logarithmic axis without what is not positive; it covers a display range set by hand.
+TZySeries::TRange TZyFunctionSeries::RangeOfX() {
+  TRange Range = RangeOf(FX, FY, *FXAxis);
+  if (FXAxis->HasLogScaling() && Range.Low <= 0) Range.Low = SmallestPositive(FX, Range.Low);
+  if (FCoupleCalculationAndDisplay) return Range;
+  if (!FDisplayAutoStart) Range.Low = std::min(Range.Low, FDisplayStart);
+  if (!FDisplayAutoStop) Range.High = std::max(Range.High, FDisplayStop);
+  return Range;
+}
+
+void TZyFunctionSeries::SetLimits() {
+  if (FAutoStart) FCalcStart = FXStart;
+  if (FAutoStop) FCalcStop = FXStop;
+  if (FCoupleCalculationAndDisplay) {
+    FDisplayStart = FCalcStart;
+    FDisplayStop = FCalcStop;
+    return;
+  }
+  if (FDisplayAutoStart) FDisplayStart = FXStart;
+  if (FDisplayAutoStop) FDisplayStop = FXStop;
+}
+
+void TZyFunctionSeries::CalculateFunction() {
+  if (Count() < MinCount()) return;
+  SetLimits();
+  TZyCalculation& Curve = *FCalculation;
+  Curve.OutliersVisible = OutliersVisible();
+  Curve.XData = XData();
+  Curve.YData = YData();
+  Curve.Weight = Weight();
+  Curve.Start = FCalcStart;
+  Curve.Stop = FCalcStop;
+  if (!IsDesigning()) {
+    Curve.mXValueTransformation = XValueTransformation();
+    Curve.mYValueTransformation = YValueTransformation();
+    Curve.mWeightValueTransformation = WeightValueTransformation();
+  }
+  Curve.Calculate();
+  TRange Y;
+  Sample(FDisplayStart, FDisplayStop, [&](double x) { Y.Take(GetY(x)); });
+  if (FClipYValues && AnyOtherSeries()) Y = {};
+  FYStart = Y.Low;
+  FYStop = Y.High;
+  if (mCalculated) mCalculated(this);
+}
+
+/// Whether the Y axis has a visible series of data, to whose scale the curve then keeps.
+bool TZyFunctionSeries::AnyOtherSeries() const {
+  if (FYAxis == nullptr) return false;
+  const auto& Series = FYAxis->RelatedSeries();
+  return std::any_of(Series.begin(), Series.end(), [](const TZySeries* Each) {
+    return dynamic_cast<const TZyFunctionSeries*>(Each) == nullptr && Each->SeriesVisible();
+  });
+}
+
+/// Once for each column of pixels of the X axis, ends included; a range of no width, or on an axis of none, is sampled
+/// at its start alone.
+template <class TSample>
+void TZyFunctionSeries::Sample(double Start, double Stop, const TSample& Do) const {
+  if (!(Start <= Stop) || !std::isfinite(Start) || !std::isfinite(Stop)) return;
+  const int Columns = Start < Stop ? std::max(FXAxis->Width(), 0) : 0;
+  const double Step = Columns > 0 ? (Stop - Start) / Columns : 0;
+  for (int i = 0; i < Columns; ++i) Do(Start + i * Step);
+  Do(Columns > 0 ? Stop : Start);
+}
+
+void TZyFunctionSeries::CalculatePoints() {
+  FState.PixelsModified();  // the curve is sampled as a whole
+  TZyLineSeries::CalculatePoints();
+}
+
+void TZyFunctionSeries::TakeNewPixels() {
+  if (!FHasCurve || Count() < MinCount()) return;
+  const double Start = std::max(FDisplayStart, std::min(FXAxis->Start(), FXAxis->Stop()));
+  const double Stop = std::min(FDisplayStop, std::max(FXAxis->Start(), FXAxis->Stop()));
+  const auto Take = [this](double x) { Keep({FXAxis->NumberToWorld(x), FYAxis->NumberToWorld(GetY(x))}, -1); };
+  if (FXAxis->HasLogScaling()) {
+    Sample(std::log10(Start), std::log10(Stop), [&](double l) { Take(Exp10(l)); });
+  } else {
+    Sample(Start, Stop, Take);
+  }
+}
 
 TZySeries::TPointValues TZyFunctionSeries::ValuesOfPixel(int, float PixelX) const {
-  const double X = XAxis()->WorldToNumber(PixelX);
+  const double X = FXAxis->WorldToNumber(PixelX);
   return {-1, X, GetY(X)};
+}
+
+int TZyFunctionSeries::FindPoint(int X, int Y, float Delta) const {
+  const auto Fits = [&](const PointF& Pixel) {
+    return std::fabs(Pixel.X - static_cast<float>(X)) <= Delta && std::fabs(Pixel.Y - static_cast<float>(Y)) <= Delta;
+  };
+  return !RecalculatePoints() && std::ranges::any_of(Points(), Fits) ? 0 : -1;
+}
+
+void TZyFunctionSeries::PaintGr(Graphics& Gr) {
+  if (!SeriesVisible()) return;
+  if (!FClipYValues || Graph() == nullptr) return TZyLineSeries::PaintGr(Gr);
+  struct TClip {
+    Graphics& Gr;
+    Region Original;
+    ~TClip() { Gr.SetClip(Original); }
+  } const Clip{Gr, Gr.GetClip()};
+  Gr.SetClip(Graph()->DrawingArea());
+  TZyLineSeries::PaintGr(Gr);
+}
+
+// --- Setters --------------------------------------------------------------------------------------------------------
+
+void TZyFunctionSeries::SetWeight(TZyCustomDoubleVector* Value) {
+  constexpr int SampleCount = 10;
+  auto* const Sample = dynamic_cast<TZyDoubleVector*>(Value);
+  if (IsDesigning() && Sample != nullptr && Sample != Weight() && Sample->Count() == 0)
+    for (int i = 0; i < SampleCount; ++i) Sample->Add(1);
+  SetInput(FWeight, Value);
+}
+
+/// Switching on is undone together with what the next calculation overwrites.
+void TZyFunctionSeries::SetAuto(bool& Field, bool Value, TZyText Label, const char* PropName,
+                                std::initializer_list<const char*> Overwritten) {
+  if (Field == Value) return;
+  const TZyUndoGroup Group(Value ? UndoStack() : nullptr, Label);
+  if (UndoStack() != nullptr && Value)
+    for (const char* Each : Overwritten) UndoStack()->PushProperty(this, LoadResString(Label), Each);
+  Change(this, Field, Value, Label, PropName, &TZyFunctionSeries::CalculationModified);
+}
+
+void TZyFunctionSeries::SetAutoStart(bool Value) {
+  SetAuto(FAutoStart, Value, _sFunctionsAutoStart, "AutoStart", {"CalculationStart"});
+}
+
+void TZyFunctionSeries::SetAutoStop(bool Value) {
+  SetAuto(FAutoStop, Value, _sFunctionsAutoStop, "AutoStop", {"CalculationStop"});
+}
+
+void TZyFunctionSeries::SetDisplayAutoStart(bool Value) {
+  SetAuto(FDisplayAutoStart, Value, _sFunctionsDisplayAutoStart, "DisplayAutoStart", {"DisplayStart"});
+}
+
+void TZyFunctionSeries::SetDisplayAutoStop(bool Value) {
+  SetAuto(FDisplayAutoStop, Value, _sFunctionsDisplayAutoStop, "DisplayAutoStop", {"DisplayStop"});
+}
+
+void TZyFunctionSeries::SetCoupleCalculationAndDisplay(bool Value) {
+  SetAuto(FCoupleCalculationAndDisplay, Value, _sFunctionsCoupleCalculationAndDisplay, "CoupleCalculationAndDisplay",
+          {"DisplayStop", "DisplayStart"});
+}
+
+void TZyFunctionSeries::SetClipYValues(bool Value) {
+  Change(this, FClipYValues, Value, _sFunctionsClipYValues, "ClipYValues", &TZyFunctionSeries::CalculationModified);
+}
+
+void TZyFunctionSeries::SetLimit(double& Field, double Value, TZyText Label, const char* PropName) {
+  Change(this, Field, Value, Label, PropName, &TZyFunctionSeries::CalculationModified);
+}
+
+void TZyFunctionSeries::SetCalculationStart(double Value) {
+  SetLimit(FCalcStart, Value, _sFunctionsCalculationStart, "CalculationStart");
+}
+
+void TZyFunctionSeries::SetCalculationStop(double Value) {
+  SetLimit(FCalcStop, Value, _sFunctionsCalculationStop, "CalculationStop");
+}
+
+/// Within the data only other pixels are shown; beyond them the range of the series grows.
+void TZyFunctionSeries::SetDisplayLimit(double& Field, double Value, TZyText Label, const char* PropName,
+                                        bool LiesOutside) {
+  Change(this, Field, Value, Label, PropName,
+         LiesOutside ? &TZyFunctionSeries::CalculationModified : &TZyFunctionSeries::DisplayModified);
+}
+
+void TZyFunctionSeries::SetDisplayStart(double Value) {
+  SetDisplayLimit(FDisplayStart, Value, _sFunctionsDisplayStart, "DisplayStart", Value < FXStart);
+}
+
+void TZyFunctionSeries::SetDisplayStop(double Value) {
+  SetDisplayLimit(FDisplayStop, Value, _sFunctionsDisplayStop, "DisplayStop", Value > FXStop);
 }
 
 }  // namespace zy

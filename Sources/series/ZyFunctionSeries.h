@@ -1,21 +1,121 @@
 #pragma once
 
+#include <exception>
+#include <functional>
+#include <memory>
+
+#include "analysis/curves/ZyCalculation.h"
 #include "series/ZyLineSeries.h"
 
 namespace zy {
 
-/// Base of the curves that are computed from other series: it has a value everywhere and no points of its own.
-class TZyFunctionSeries : public TZySeries {
-  ZY_CLASS(TZyFunctionSeries, TZySeries)
-  using TZySeries::TZySeries;
+/// A calculation that failed: the series, and what it threw.
+using TZyCalculationErrorHandler = std::function<void(TObject* Sender, const std::exception& e)>;
 
-  /// The range of X whose data the curve was computed from.
-  virtual double GetCalcStart() const = 0;
-  virtual double GetCalcStop() const = 0;
+/// Base of the curves that are computed from data: a line with a value everywhere and no points of its own.
+///
+/// The series hands its vectors to a calculation and samples the resulting curve once for each column of pixels. New
+/// data and a changed setting mark it; the next paint, or poll, of the graph calculates, once. A calculation that fails
+/// leaves no curve until there are new data or settings, and ends in `OnCalculationError`; without a handler the
+/// exception goes on to the caller.
+///
+/// A kind of curve makes its calculation in the constructor and overrides `GetY`, `GetFormula` and, where it has
+/// variables, `RegisterVariables`.
+class TZyFunctionSeries : public TZyLineSeries {
+  ZY_CLASS(TZyFunctionSeries, TZyLineSeries)
+  using TNotifyEvent = std::function<void(TObject* Sender)>;
 
+  /// Weights of the points, by their magnitude; may be null.
+  TZyCustomDoubleVector* Weight() const { return FWeight.Vector(); }
+  void SetWeight(TZyCustomDoubleVector* Value);
+  const TZyValueTransformation& WeightValueTransformation() const { return FWeight.Transformation(); }
+  void SetWeightValueTransformation(TZyValueTransformation Value) { SetTransformation(FWeight, std::move(Value)); }
+  /// Whether the range of X whose points are computed with is that of the data, at each end.
+  bool AutoStart() const { return FAutoStart; }
+  void SetAutoStart(bool Value);
+  bool AutoStop() const { return FAutoStop; }
+  void SetAutoStop(bool Value);
+  double CalculationStart() const { return FCalcStart; }
+  void SetCalculationStart(double Value);
+  double CalculationStop() const { return FCalcStop; }
+  void SetCalculationStop(double Value);
+  /// Whether the curve is shown over the range of the calculation; else over one of its own.
+  bool CoupleCalculationAndDisplay() const { return FCoupleCalculationAndDisplay; }
+  void SetCoupleCalculationAndDisplay(bool Value);
+  bool DisplayAutoStart() const { return FDisplayAutoStart; }
+  void SetDisplayAutoStart(bool Value);
+  bool DisplayAutoStop() const { return FDisplayAutoStop; }
+  void SetDisplayAutoStop(bool Value);
+  double DisplayStart() const { return FDisplayStart; }
+  void SetDisplayStart(double Value);
+  double DisplayStop() const { return FDisplayStop; }
+  void SetDisplayStop(double Value);
+  /// Whether the curve leaves the Y axis to the other series there, and is cut where it leaves the data area.
+  bool ClipYValues() const { return FClipYValues; }
+  void SetClipYValues(bool Value);
+  /// Runs after each calculation that succeeded.
+  const TNotifyEvent& OnCalculated() const { return mCalculated; }
+  void SetOnCalculated(TNotifyEvent Value) { mCalculated = std::move(Value); }
+  const TZyCalculationErrorHandler& OnCalculationError() const { return mCalculationError; }
+  void SetOnCalculationError(TZyCalculationErrorHandler Value) { mCalculationError = std::move(Value); }
+
+  /// The ranges as the last calculation took them.
+  double GetCalcStart() const { return FCalcStart; }
+  double GetCalcStop() const { return FCalcStop; }
+  double GetDisplayStart() const { return FDisplayStart; }
+  double GetDisplayStop() const { return FDisplayStop; }
+
+  /// Text of the curve's formula. Throws EMethodNotFound unless a descendant has one.
+  virtual std::string GetFormula() const;
+  /// Computes the curve and its range of Y, from at least MinCount points.
+  virtual void CalculateFunction();
+
+  int MinCount() const override { return 2; }
+  TPointValues ValuesOfPixel(int Index, float PixelX) const override;
+  /// 0 within Delta pixels of the curve both ways; a curve has no data index.
+  int FindPoint(int X, int Y, float Delta) const override;
+  using TZyLineSeries::FindPoint;
+  void RegisterVariables() override;
+  void Calculate() override;
+  void CalculatePoints() override;
+  void PaintGr(Graphics& Gr) override;
   /// Any change of its data means to compute the curve anew.
   void DataInvalidated() override { SetLastCount(0); }
-  TPointValues ValuesOfPixel(int Index, float PixelX) const override;
+
+ protected:
+  TZyFunctionSeries(TComponent* Owner, std::unique_ptr<TZyCalculation> Calculation);
+  TZyCalculation& Calculation() const { return *FCalculation; }
+  /// What a setter of a setting of the calculation ends with: the next paint calculates.
+  void CalculationModified() { SetLastCount(0); }
+
+  void TakeNewPixels() override;
+
+ private:
+  void DisplayModified() { PointsModified(); }
+  void SetLimits();
+  TRange RangeOfX();
+  bool AnyOtherSeries() const;
+  void CalculationFailed();
+  template <class TSample>
+  void Sample(double Start, double Stop, const TSample& Do) const;
+  void SetAuto(bool& Field, bool Value, TZyText Label, const char* PropName,
+               std::initializer_list<const char*> Overwritten);
+  void SetLimit(double& Field, double Value, TZyText Label, const char* PropName);
+  void SetDisplayLimit(double& Field, double Value, TZyText Label, const char* PropName, bool LiesOutside);
+
+  std::unique_ptr<TZyCalculation> FCalculation;
+  TZySeriesInput FWeight{*this, "Weight", _sFunctionsWeight, TZyInputUse::Apart};
+  bool FAutoStart = true;
+  bool FAutoStop = true;
+  bool FDisplayAutoStart = true;
+  bool FDisplayAutoStop = true;
+  bool FCoupleCalculationAndDisplay = true;
+  bool FClipYValues = true;
+  bool FHasCurve = false;  // the last calculation succeeded
+  double FCalcStart = 0, FCalcStop = 0;
+  double FDisplayStart = 0, FDisplayStop = 0;
+  TZyCalculationErrorHandler mCalculationError;
+  TNotifyEvent mCalculated;
 };
 
 }  // namespace zy

@@ -13,10 +13,6 @@ namespace zy {
 class TZyLineSeries : public TZySeries {
   ZY_CLASS(TZyLineSeries, TZySeries)
   explicit TZyLineSeries(TComponent* Owner = nullptr);
-
-  /// Whether the data of a direction are a vector, and not the index that stands in for one.
-  bool StoresXData() const { return HasOwnXData(); }
-  bool StoresYData() const { return HasOwnYData(); }
 };
 
 }  // namespace zy

@@ -5,9 +5,8 @@
 
 namespace zy {
 
-ZY_PUBLISHED(TZyPointSeries, TZyLineSeries, Published<&TZyPointSeries::PointSymbol>("PointSymbol"),
-             Published<&TZyPointSeries::RangeFromFunction, &TZyPointSeries::SetRangeFromFunction>("RangeFromFunction"),
-             Published<&TZyPointSeries::OutOfRangePointSymbol>("OutOfRangePointSymbol"))
+ZY_PUBLISHED(TZyPointSeries, TZyLineSeries,
+             Republished("PointSymbol RangeFromFunction OutOfRangePointSymbol OnGetPointSymbol"))
 
 TZyPointSeries::TZyPointSeries(TComponent* Owner) : TZyLineSeries(Owner) {
   Initialize(StaticClassInfo().Name());

@@ -45,25 +45,42 @@ void SetLook(TZyPointSymbolSettings& Settings, TZyPointSymbol Symbol, TZyColor B
 
 }  // namespace
 
+// What only some kinds publish is hidden here; they name it.
 ZY_PUBLISHED(TZySeries, TComponent, Published<&TZySeries::Visible, &TZySeries::SetVisible>("Visible", true),
              Published<&TZySeries::Caption, &TZySeries::SetCaption>("Caption"),
              Published<&TZySeries::IncludeInLegend, &TZySeries::SetIncludeInLegend>("IncludeInLegend", true),
              Published<&TZySeries::MergeLegendItemWith, &TZySeries::SetMergeLegendItemWith>("MergeLegendItemWith"),
+             Published<&TZySeries::AutoUpdate, &TZySeries::SetAutoUpdate>("AutoUpdate", true).Hidden(),
+             Published<&TZySeries::OutliersVisible, &TZySeries::SetOutliersVisible>("OutliersVisible", false).Hidden(),
+             Published<&TZySeries::XAxis, &TZySeries::SetXAxis>("XAxis").Hidden(),
+             Published<&TZySeries::YAxis, &TZySeries::SetYAxis>("YAxis").Hidden(),
+             Published<&TZySeries::XData, &TZySeries::SetXData>("XData").StoredIf<&TZySeries::HasOwnXData>().Hidden(),
+             Published<&TZySeries::YData, &TZySeries::SetYData>("YData").StoredIf<&TZySeries::HasOwnYData>().Hidden(),
+             Published<&TZySeries::Line>("Line").Hidden(), Published<&TZySeries::Area>("Area").Hidden(),
+             Published<&TZySeries::DrawBandTo, &TZySeries::SetDrawBandTo>("DrawBandTo").Hidden(),
+             Published<&TZySeries::XValueTransformation>("XValueTransformation").Hidden(),
+             Published<&TZySeries::YValueTransformation>("YValueTransformation").Hidden(),
+             Published<&TZySeries::OnGetPen>("OnGetPen").Hidden(),
+             Published<&TZySeries::OnGetBrush>("OnGetBrush").Hidden(),
+             Published<&TZySeries::PointSymbol>("PointSymbol").Hidden(),
+             Published<&TZySeries::RangeFromFunction, &TZySeries::SetRangeFromFunction>("RangeFromFunction").Hidden(),
+             Published<&TZySeries::OutOfRangePointSymbol>("OutOfRangePointSymbol").Hidden(),
+             Published<&TZySeries::OnGetPointSymbol>("OnGetPointSymbol").Hidden(),
              Published<&TZySeries::Layer, &TZySeries::SetLayer>("Layer").Hidden())
 
 TZySeries::TZySeries(TComponent* Owner)
     : TComponent(Owner),
       FIndexer(std::make_unique<TZyIndexer>()),
+      FXStart(LargestDouble),
+      FXStop(-LargestDouble),
+      FYStart(LargestDouble),
+      FYStop(-LargestDouble),
       FLineSettings(std::make_unique<TZyLineSettings>([this] { TestVisibleChanged(); })),
       FAreaSettings(std::make_unique<TZyAreaSettings>([this] { TestVisibleChanged(); })),
       FPointSymbolSettings(std::make_unique<TZyPointSymbolSettings>([this] { TestVisibleChanged(); })),
       FOutOfRangeSymbolSettings(std::make_unique<TZyPointSymbolSettings>([this] { TestVisibleChanged(); })),
       FOutOfRangePen(Colors::DimGray),
-      FOutOfRangeBrush(Colors::LightGray),
-      FXStart(LargestDouble),
-      FXStop(-LargestDouble),
-      FYStart(LargestDouble),
-      FYStop(-LargestDouble) {
+      FOutOfRangeBrush(Colors::LightGray) {
   const TLook& Look = NextLook();
   FLineSettings->SetColor(Look.Line);
   SetLook(*FPointSymbolSettings, Look.Symbol, Look.Border, Look.Fill);
@@ -85,8 +102,6 @@ void TZySeries::Initialize(std::string_view KindName) {
 
 TZySeries::~TZySeries() {
   Destroying();
-  for (TZyCustomDoubleVector* Vector : {FXData.Get(), FYData.Get()})
-    if (Vector != nullptr) Vector->RemoveRelatedSeries(this);
   LeaveGraph();
   DeRegisterVariables();
 }
@@ -162,16 +177,6 @@ void TZySeries::SetRangeFromFunction(TZyFunctionSeries* Value) {
   Invalidate();
 }
 
-void TZySeries::SetXValueTransformation(TZyValueTransformation Value) {
-  mXValueTransformation = std::move(Value);
-  RangesModified();
-}
-
-void TZySeries::SetYValueTransformation(TZyValueTransformation Value) {
-  mYValueTransformation = std::move(Value);
-  RangesModified();
-}
-
 void TZySeries::SetOnGetPen(TZyPenEventHandler Value) {
   mGetPen = std::move(Value);
   Invalidate();
@@ -200,6 +205,11 @@ void TZySeries::SetUndoStack(TZyUndoStack* Value) {
   FAreaSettings->SetUndoStack(Value);
   FPointSymbolSettings->SetUndoStack(Value);
   FOutOfRangeSymbolSettings->SetUndoStack(Value);
+}
+
+void TZySeries::ReplaceLine(std::unique_ptr<TZyLineSettings> Value) {
+  Value->SetUndoStack(FUndoStack);
+  FLineSettings = std::move(Value);
 }
 
 void TZySeries::SetLinePen(const TZyPen* Value) {
@@ -242,13 +252,13 @@ void TZySeries::TestVisibleChanged() {
     }
   }
   // Symbols want other pixels than a line alone.
-  if (Symbol.Visible() != FPointsForSymbols && FLastPointsCount > 0) PointsModified();
+  if (Symbol.Visible() != FPointsForSymbols && FState.LastPointsCount() > 0) PointsModified();
   FPen.SetOwn(FLineSettings->GetPen(FGraph->DrawingArea(), 0));
   FBrush.SetOwn(FAreaSettings->GetBrush(FGraph->DrawingArea()));
   Invalidate();
   if (SeriesVisible() == FLastVisible) return;
   FLastVisible = SeriesVisible();
-  if (FYAxis->GetCurrentZoomStage() > 0) return;
+  if (FXAxis == nullptr || FYAxis == nullptr || FYAxis->GetCurrentZoomStage() > 0) return;
   FXAxis->RangeModified();
   FYAxis->RangeModified();
 }
@@ -269,38 +279,48 @@ void TZySeries::LegendsModified() {
   if (FGraph != nullptr) FGraph->LegendsModified();
 }
 
-void TZySeries::RangesModified() {
-  if (FXAxis == nullptr || FYAxis == nullptr) return;
+void TZySeries::ForgetRanges() {
   FXStart = FYStart = LargestDouble;
   FXStop = FYStop = -LargestDouble;
-  FLastCount = FCount = 0;
+  if (FXAxis != nullptr) FXAxis->RangeModified();
+  if (FYAxis != nullptr) FYAxis->RangeModified();
+}
+
+void TZySeries::RangesModified() {
+  if (FXAxis == nullptr || FYAxis == nullptr) return;
+  FState.Reset();
   PointsModified();
-  FXAxis->RangeModified();
-  FYAxis->RangeModified();
+  ForgetRanges();
 }
 
 void TZySeries::PointsModified() {
-  FLastPointsCount = 0;
-  FRecalculatePoints = true;
+  FState.PixelsModified();
   Invalidate();
 }
 
-void TZySeries::SetLastCount(int Value) {
-  FLastCount = std::min(FLastCount, Value);
-  FLastPointsCount = std::min(FLastPointsCount, FLastCount);
+void TZySeries::SetLastCount(int Value) { FState.SetLastCount(Value); }
+
+/// Data may have gone: no count lies beyond them, and with too few of them left there is nothing to show.
+void TZySeries::DataReset() {
+  FState.SetLastCount(0);
+  const int Count = GetCount();
+  if (!FState.Shrink(Count)) return;
+  if (Count < MinCount()) ForgetRanges();
+  Invalidate();
 }
 
 void TZySeries::DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMarkers) {
-  if (WithLinkedMarkers && FYData == &Vector) ClearLinkedMarkers();
+  if (WithLinkedMarkers && FY.Vector() == &Vector) ClearLinkedMarkers();
+  FState.Reset();  // without axes as well
   RangesModified();
 }
 
 void TZySeries::DataInserted(const TZyCustomDoubleVector& Vector, int Idx) {
-  if (FYData == &Vector) ValueInsertedLinkedMarkers(Idx);
+  if (FY.Vector() == &Vector) ValueInsertedLinkedMarkers(Idx);
 }
 
 void TZySeries::DataDeleted(const TZyCustomDoubleVector& Vector, int Idx) {
-  if (FYData == &Vector) DeleteLinkedMarkers(Idx);
+  if (FY.Vector() == &Vector) DeleteLinkedMarkers(Idx);
 }
 
 }  // namespace zy

@@ -9,9 +9,11 @@
 #include "graph/styles/ZyStyles.h"
 #include "platform/drawing/Region.h"
 #include "platform/framework/TRef.h"
+#include "series/ZyDataState.h"
 #include "series/ZyPixelIndex.h"
 #include "series/ZyPointVector.h"
 #include "series/ZySeriesEvents.h"
+#include "series/ZySeriesInput.h"
 #include "series/ZyStyleObject.h"
 #include "series/vectors/ZyCustomDoubleVector.h"
 #include "series/vectors/ZyIndexer.h"
@@ -26,15 +28,19 @@ class TZyGraph2D;
 class TZyLineSeries;
 class TZyUndoStack;
 
-/// Base of everything that shows data in a TZyGraph2D: a component that refers to two vectors and two axes, and turns
-/// them into ranges for the axes and a list of pixels to draw.
+/// Base of everything that shows data in a TZyGraph2D: a component that refers to vectors and two axes, and turns them
+/// into ranges for the axes and a list of pixels to draw.
 ///
-/// A series joins its graph by itself as soon as it has both axes and a vector, and leaves it when it loses them. With
-/// one vector alone, the other direction is the index of the value. Nothing is computed when data change: the next
-/// Calculate takes the ranges, the next paint the pixels.
+/// A series joins its graph by itself as soon as it has both axes and its vectors, and leaves it when it loses them.
+/// With one of X and Y alone, the other direction is the index of the value. Nothing is computed when data change: the
+/// next Calculate takes the ranges, the next paint the pixels.
 ///
-/// A point has values when both its coordinates are finite and, unless outliers are shown, no outliers. All others are
-/// left out as if they were not there: a line goes straight across them.
+/// A point has values when all its values are finite and, unless outliers are shown, no outliers. All others are left
+/// out as if they were not there: a line goes straight across them.
+///
+/// A further kind of series has its vectors as members of the class TZySeriesInput, and overrides hooks: `TakeRanges`
+/// for the ranges of the points, `TakePixels` for the pixels of a stretch of indexes, `DrawPoints` for the drawing of
+/// the points that were kept, `AddSampleData` for the form designer.
 class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableContainer {
   ZY_CLASS(TZySeries, TComponent)
   explicit TZySeries(TComponent* Owner = nullptr);
@@ -64,10 +70,13 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   virtual void SetYAxis(TZyAxis* Value);
   /// The data; one of the two may be the series' own indexer. Null does not remove the indexer, which stands in as long
   /// as the other vector is there.
-  TZyCustomDoubleVector* XData() const { return FXData; }
-  void SetXData(TZyCustomDoubleVector* Value);
-  TZyCustomDoubleVector* YData() const { return FYData; }
-  void SetYData(TZyCustomDoubleVector* Value);
+  TZyCustomDoubleVector* XData() const { return FX.Vector(); }
+  void SetXData(TZyCustomDoubleVector* Value) { SetInput(FX, Value); }
+  TZyCustomDoubleVector* YData() const { return FY.Vector(); }
+  void SetYData(TZyCustomDoubleVector* Value) { SetInput(FY, Value); }
+  /// Whether the data of a direction are a vector, and not the index that stands in for one.
+  bool HasOwnXData() const { return FX.Vector() != FIndexer.get(); }
+  bool HasOwnYData() const { return FY.Vector() != FIndexer.get(); }
   TZyLineSettings& Line() { return *FLineSettings; }
   /// What lies below the line, down to the start of the Y axis or to 0.
   TZyAreaSettings& Area() { return *FAreaSettings; }
@@ -75,10 +84,10 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   TZyLineSeries* DrawBandTo() const;
   void SetDrawBandTo(TZyLineSeries* Value);
   /// Events that turn the values of the vectors into those that the axes show.
-  const TZyValueTransformation& XValueTransformation() const { return mXValueTransformation; }
-  void SetXValueTransformation(TZyValueTransformation Value);
-  const TZyValueTransformation& YValueTransformation() const { return mYValueTransformation; }
-  void SetYValueTransformation(TZyValueTransformation Value);
+  const TZyValueTransformation& XValueTransformation() const { return FX.Transformation(); }
+  void SetXValueTransformation(TZyValueTransformation Value) { SetTransformation(FX, std::move(Value)); }
+  const TZyValueTransformation& YValueTransformation() const { return FY.Transformation(); }
+  void SetYValueTransformation(TZyValueTransformation Value) { SetTransformation(FY, std::move(Value)); }
   /// Asked for the pen of each segment of the line, and the brush of the area below it.
   const TZyPenEventHandler& OnGetPen() const { return mGetPen; }
   void SetOnGetPen(TZyPenEventHandler Value);
@@ -98,19 +107,21 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
 
   // ---- Data ----
 
-  /// Number of points: the smaller count of the two vectors, 0 when one is missing.
+  /// Number of points: the smallest count of the vectors that every point needs, 0 when one is missing.
   virtual int GetCount();
-  /// The same as of the last Calculate.
-  int Count() const { return FCount; }
-  int LastCount() const { return FLastCount; }
+  /// Fewest points that there is something to show of.
+  virtual int MinCount() const;
+  /// The number of points as of the last Calculate, or less when data went since.
+  int Count() const { return FState.Count(); }
+  int LastCount() const { return FState.LastCount(); }
   virtual bool HasValuesAt(int Idx) const;
   /// The first index from First on that has no values because it is marked as an outlier; the largest int for none.
-  virtual int NextOutlier(int First) const;
+  int NextOutlier(int First) const;
   /// Whether there is anything to show: visible, with a line, an area or symbols.
   virtual bool SeriesVisible() const;
   /// The value as the axis sees it: Value, or what the event makes of it.
-  double TransformX(double Value, int Idx) const;
-  double TransformY(double Value, int Idx) const;
+  double TransformX(double Value, int Idx) const { return FX.Transform(Value, Idx); }
+  double TransformY(double Value, int Idx) const { return FY.Transform(Value, Idx); }
   /// The data range as the axes read it; a start above its stop means that there is none.
   double XStart() const { return FXStart; }
   double XStop() const { return FXStop; }
@@ -131,7 +142,7 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   std::span<const PointF> AreaPoints() const {
     return FPoints.Values().first(static_cast<std::size_t>(FAreaPointCount));
   }
-  bool RecalculatePoints() const { return FRecalculatePoints; }
+  bool RecalculatePoints() const { return FState.PixelsAreStale(); }
   /// Data index of the first point of the line within Delta pixels of a place both ways; -1 for none, and always while
   /// the pixels are out of date. Without Delta it is the size of the symbols, or 1.
   virtual int FindPoint(int X, int Y, float Delta) const;
@@ -200,14 +211,14 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   void PointsModified();
   /// Lowers the count of points that are known to ranges and pixels, never raises it.
   void SetLastCount(int Value);
-  /// Exchanges the two vectors, with their transformations, and tells nobody.
+  /// Exchanges X and Y data, with their transformations, and tells nobody.
   void SwapDataVecs();
   /// What happens to the markers that snapped to points of this series when points go, or one goes or comes.
   void ClearLinkedMarkers();
   void DeleteLinkedMarkers(int Idx);
   void ValueInsertedLinkedMarkers(int Idx);
 
-  void DataReset() override { SetLastCount(0); }
+  void DataReset() override;
   void DataInvalidated() override { PointsModified(); }
   void DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMarkers) override;
   void DataInserted(const TZyCustomDoubleVector& Vector, int Idx) override;
@@ -217,6 +228,87 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   void DefineProperties(TFiler& Filer) override;
 
  protected:
+  friend class TZyPointLook;
+  friend class TZySeriesInput;
+
+  /// The range of a direction. A low end above the high one means that no point had values.
+  struct TRange {
+    double Low, High;
+    TRange();
+    void Take(double Value);
+    bool IsEmpty() const { return Low > High; }
+  };
+
+  // ---- Hooks of the kinds ----
+
+  /// The ranges of the points: all `Count` of them, since extremes may have gone.
+  virtual void TakeRanges(TRange& X, TRange& Y);
+  /// Forgets pixels beyond the first Count: in lists of the kind's own beside Points.
+  virtual void KeepPixels(int) {}
+  /// Appends the pixels of the points from Start to Stop.
+  virtual void TakePixels(int Start, int Stop);
+  /// Appends the pixels that are missing: those of the points behind the last ones.
+  virtual void TakeNewPixels();
+  /// Draws the points that were kept; there are some.
+  virtual void DrawPoints(Graphics& Gr);
+  /// Brings pixels up to date and draws; what PaintGr does for a series that is to be seen.
+  void PaintPoints(Graphics& Gr);
+  /// While a form is designed: fills vectors that are empty, so that a new series shows.
+  virtual void AddSampleData();
+
+  // ---- What hooks are written with ----
+
+  /// The setter of an input: undo, joining and leaving.
+  void SetInput(TZySeriesInput& Input, TZyCustomDoubleVector* Value);
+  void SetTransformation(TZySeriesInput& Input, TZyValueTransformation Value);
+  /// The setter of an axis. Without a name there is no undo.
+  void SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, TZyText Label, const char* PropName);
+  /// Does something with each index from First up to, but not including, Last that has values.
+  template <class TDo>
+  void ForEachPoint(int First, int Last, const TDo& Do) const {
+    for (int i = First; i < Last; ++i)
+      if (HasValuesAt(i)) Do(i);
+  }
+  /// Data index of the first kept point whose number Fits; -1 for none, and while pixels are out of date.
+  template <class TFits>
+  int FirstPoint(const TFits& Fits) const {
+    const std::size_t Number = FState.PixelsAreStale() ? 0 : Points().size();
+    for (std::size_t i = 0; i < Number; ++i)
+      if (Fits(i)) return PointIndex()[i];
+    return -1;
+  }
+  /// Keeps a pixel with its data index.
+  void Keep(const PointF& Pixel, int Idx);
+  /// Pixel of a data point.
+  PointF GetCalcPoint(int Idx) const;
+  /// The smallest value above 0 of an input, whatever lies behind the last point included; Otherwise when there is
+  /// none.
+  double SmallestPositive(const TZySeriesInput& Input, double Otherwise) const;
+  /// Range of an input by its tracked extremes, as far as they are those of the points.
+  TRange RangeOf(TZySeriesInput& Input, const TZySeriesInput& Other, const TZyAxis& Axis) const;
+  void SetRange(TZyAxis& Axis, double& Start, double& Stop, const TRange& Range);
+  /// What ends every Calculate that took new ranges.
+  void RangesTaken();
+  /// Counts anew. Whether there are points that the ranges do not know yet, and enough of them.
+  bool TakeCount();
+  void LegendsModified();
+  /// A vector's sample data: the start of the axis, nine values that scatter by a part of a step, its stop.
+  static bool FillSample(TZyCustomDoubleVector* Data, double Start, double Step, double Scatter, double Stop);
+  /// Number values from Size up to twice that.
+  static void FillRandom(TZyCustomDoubleVector* Data, int Number, double Size);
+  static double Random();
+  /// Changes settings without a step of undo, for what is no change of the user's.
+  template <class TDo>
+  void Silently(TZyStyleSettings& Settings, const TDo& Do) {
+    struct TSilence {
+      TZyStyleSettings& Settings;
+      TZyUndoStack* Stack;
+      ~TSilence() { Settings.SetUndoStack(Stack); }
+    } const Silence{Settings, FUndoStack};
+    Settings.SetUndoStack(nullptr);
+    Do();
+  }
+
   void Notification(TComponent* AComponent, TOperation Operation) override;
   /// Area and line.
   virtual void DrawLine(Graphics& Gr);
@@ -224,14 +316,13 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   virtual void GetCalcPointsStartStop(int& Start, int& Stop) const;
   /// Closes the area below the line, or to the line of the band's partner.
   virtual void AddBandPoints();
-  /// Pixel of a data point.
-  PointF GetCalcPoint(int Idx) const;
-  void SetStart(TZyAxis& Axis, double& Start, double& Stop, double Low, double High);
-  /// What ends every Calculate that took new ranges.
-  void RangesTaken();
   TZyGraph2D* Graph() const { return FGraph; }
-  bool HasOwnXData() const { return FXData != FIndexer.get(); }
-  bool HasOwnYData() const { return FYData != FIndexer.get(); }
+  const TZyPen& Pen() const { return *FPen; }
+  /// Whether brush and pen follow the settings.
+  bool OwnsBrush() const { return FBrush.IsOwn(); }
+  bool OwnsPen() const { return FPen.IsOwn(); }
+  /// Puts other settings in the place of those of the line, as a kind with more than a line has.
+  void ReplaceLine(std::unique_ptr<TZyLineSettings> Value);
 
   /// For the constructors of the kinds: the caption that a series has until one is set, and at design time its axes.
   void Initialize(std::string_view KindName);
@@ -249,6 +340,16 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   void SetSymbolFillBrush(const Brush* Value);
 
   bool FDoPointSettingsStorage = false;  // the kind has point symbols, and stores their settings
+  std::unique_ptr<TZyIndexer> FIndexer;
+  std::vector<TZySeriesInput*> FInputs;  // in the order of the members; above them, since they enter it
+  TZySeriesInput FX{*this, "XData", _sSeriesXData, TZyInputUse::Coordinate};
+  TZySeriesInput FY{*this, "YData", _sSeriesYData, TZyInputUse::Coordinate};
+  TRef<TZyAxis> FXAxis{this}, FYAxis{this};
+  double FXStart, FXStop, FYStart, FYStop;
+  TZyDataState FState;
+  int FPointCount = 0;  // pixels of the line
+  TZyPointVector FPoints;
+  TZyIntegerVector FPointIndex;
 
  private:
   class TPixelBlocks;
@@ -259,19 +360,19 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
     float Column;  // its middle
   };
 
+  void EnterInput(TZySeriesInput& Input) { FInputs.push_back(&Input); }
+  void LeaveInput(TZySeriesInput& Input);
+  bool Reads(const TZyCustomDoubleVector* Vector, const TZySeriesInput* But = nullptr) const;
+  bool HasOwnData(const TZySeriesInput& Input) const { return Input && Input.Vector() != FIndexer.get(); }
+  bool IsComplete() const;
+  void PointIndexer();
   void JoinGraph();
   void LeaveGraph();
-  void AddSampleData();
-  void SetVector(TRef<TZyCustomDoubleVector>& Field, TZyCustomDoubleVector* Value, TZyText Label, const char* PropName);
-  void SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, TZyText Label, const char* PropName);
-  void LegendsModified();
+  void ForgetRanges();
 
   // Ranges.
-  void TakeRange(TZyCustomDoubleVector& Data, const TZyCustomDoubleVector& Other, const TZyAxis& Axis, double& Low,
-                 double& High) const;
-  void TakeTransformedExtremes(TZyCustomDoubleVector& Data, double& Low, double& High) const;
-  void SearchRange(const TZyCustomDoubleVector& Data, double& Low, double& High) const;
-  double Transform(const TZyCustomDoubleVector& Data, double Value, int Idx) const;
+  TRange TransformedExtremes(const TZySeriesInput& Input, const TZySeriesInput& Other) const;
+  TRange SearchRange(const TZySeriesInput& Input, const TZySeriesInput& Other) const;
   std::vector<IZySnappingMarker*> LinkedMarkers() const;
   void CheckLinkedMarkers();
 
@@ -282,7 +383,7 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   template <class TPixels>
   void ThinToLine(TPixels& Pixels, int Start, int Stop);
   void ThinToSymbols(TPixelBlocks& Pixels, int Start, int Stop);
-  void Keep(const PointF& Pixel, int Idx);
+  bool IsBandStale() const;
 
   // Drawing.
   void DrawArea(Graphics& Gr);
@@ -295,8 +396,6 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   void ShootHolesToClip(Graphics& Gr);
   bool IsInRange(std::size_t Pixel) const;
   void DrawAskedSymbols(Graphics& Gr);
-  template <class TArgs>
-  TArgs ArgsOfPixel(std::size_t Pixel) const;
 
   // Hit tests.
   TZyNearestPointResult Nearest(PointF From, TZyPixelIndex::TMetric Metric) const;
@@ -307,16 +406,11 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   bool FLastVisible = true;
   bool FCaptionSet = false;
   bool FIncludeInLegend = true;
-  bool FRecalculatePoints = false;
   bool FCalculatingPoints = false;
   bool FPointsForSymbols = false;  // whether the pixels were computed for symbols
-  std::unique_ptr<TZyIndexer> FIndexer;
-  TRef<TZyAxis> FXAxis{this}, FYAxis{this};
-  TRef<TZyCustomDoubleVector> FXData{this}, FYData{this};
   TRef<TZySeries> FMergeLegendItemWith{this}, FRangeFromFunction{this}, FDrawBandTo{this};
   TRef<TZyGraph2D> FGraph{this};
   TRef<TZyUndoStack> FUndoStack{this};
-  TZyValueTransformation mXValueTransformation, mYValueTransformation;
   TZyPenEventHandler mGetPen;
   TZyBrushEventHandler mGetBrush;
   PointSymbolEventHandler mPointSymbol;
@@ -330,16 +424,10 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   float FLastSymbolSize = 0;
   TZyRichCaption FCaption;
   TZyDependentList FObjectsToUpdate;  // what shows values of the series
-  double FXStart, FXStop, FYStart, FYStop;
-  int FMinCount = 1;
-  int FCount = 0;
-  int FLastCount = 0;        // FCount at the last Calculate
-  int FLastPointsCount = 0;  // FCount at the last CalculatePoints
   int FLayer = 0;
-  int FPointCount = 0;      // pixels of the line
-  int FAreaPointCount = 0;  // with those that close the area
-  TZyPointVector FPoints;
-  TZyIntegerVector FPointIndex;
+  int FAreaPointCount = 0;              // pixels with those that close the area
+  int FPixelsVersion = 0;               // goes up whenever the pixels are computed
+  int FPartnerVersion = 0;              // that of the band's partner when the band was closed
   std::vector<PointF> FWholePixels;     // rounded, for the unsmoothed line; kept for its memory
   std::vector<TReducedPixel> FReduced;  // what the columns of pixels were reduced to; kept for its memory
   mutable TZyPixelIndex FPixelIndex;

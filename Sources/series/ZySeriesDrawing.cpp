@@ -8,6 +8,7 @@
 #include "graph/shapes/ZyDrawing.h"
 #include "platform/drawing/Graphics.h"
 #include "series/ZyFunctionSeries.h"
+#include "series/ZyPointLook.h"
 
 namespace zy {
 namespace {
@@ -18,31 +19,27 @@ bool IsTranslucent(const TZyPointSymbolSettings& Settings) { return GetAlpha(Set
 
 }  // namespace
 
-TZySeries::TPointValues TZySeries::ValuesOfPixel(int Index, float) const {
-  return {Index, TransformX(FXData->GetValue(Index), Index), TransformY(FYData->GetValue(Index), Index)};
-}
-
-/// The arguments of an event for a pixel, with what all of them have.
-template <class TArgs>
-TArgs TZySeries::ArgsOfPixel(std::size_t Pixel) const {
-  const TPointValues Values = ValuesOfPixel(PointIndex()[Pixel], Points()[Pixel].X);
-  TArgs Args;
-  Args.Index = Values.Index;
-  Args.X = Values.X;
-  Args.Y = Values.Y;
-  return Args;
-}
+TZySeries::TPointValues TZySeries::ValuesOfPixel(int Index, float) const { return {Index, FX.At(Index), FY.At(Index)}; }
 
 bool TZySeries::HasTranslucentSymbols() const {
   return IsTranslucent(*FPointSymbolSettings) || IsTranslucent(*FOutOfRangeSymbolSettings);
 }
 
 void TZySeries::PaintGr(Graphics& Gr) {
-  if (FGraph == nullptr || FXAxis == nullptr || FYAxis == nullptr || !SeriesVisible()) return;
-  if (FRecalculatePoints) CalculatePoints();
+  if (SeriesVisible()) PaintPoints(Gr);
+}
+
+void TZySeries::PaintPoints(Graphics& Gr) {
+  if (FGraph == nullptr || FXAxis == nullptr || FYAxis == nullptr) return;
+  if (IsBandStale()) FState.PixelsModified();
+  if (FState.PixelsAreStale()) CalculatePoints();
   if (FPointCount == 0) return;
+  if (!FPen.Get() || !FBrush.Get()) TestVisibleChanged();
+  DrawPoints(Gr);
+}
+
+void TZySeries::DrawPoints(Graphics& Gr) {
   if (FPointCount > 1) {
-    if (!FPen.Get() || !FBrush.Get()) TestVisibleChanged();
     std::optional<Region> OriginalClip;
     if (HasTranslucentSymbols()) {
       OriginalClip = Gr.GetClip();
@@ -65,7 +62,7 @@ bool TZySeries::SymbolsCoverThemselves() const {
 bool TZySeries::IsInRange(std::size_t Pixel) const {
   const TZyFunctionSeries* const Function = RangeFromFunction();
   if (Function == nullptr) return true;
-  const double X = FXData->GetValue(PointIndex()[Pixel]);
+  const double X = FX->GetValue(PointIndex()[Pixel]);
   return X >= Function->GetCalcStart() && X <= Function->GetCalcStop();
 }
 
@@ -108,26 +105,22 @@ void TZySeries::DrawArea(Graphics& Gr) {
 void TZySeries::DrawSegmentAreas(Graphics& Gr) {
   const float Base = FYAxis->Start() > 0 ? BaseLine() : BaseLine() - 0.5f;
   const std::span<const PointF> P = Points();
+  TZyPointLook Look(*this);
   for (std::size_t i = 0; i + 1 < P.size(); ++i) {
-    auto Args = ArgsOfPixel<TZyBrushEventArgs>(i);
-    Args.Brush = FBrush.Get();
-    Args.Visible = FAreaSettings->Visible();
-    mGetBrush(this, Args);
-    if (!Args.Visible || Args.Brush == nullptr) continue;
+    Look.Reset();
+    if (!Look.AskBrush(i)) continue;
     const float Right = P[i + 1].X + 0.5f;
     const PointF Corners[] = {P[i], {Right, P[i + 1].Y}, {Right, Base}, {P[i].X, Base}};
-    Gr.FillPolygon(*Args.Brush, Corners);
+    Gr.FillPolygon(Look.Brush(), Corners);
   }
 }
 
 void TZySeries::DrawSegments(Graphics& Gr) {
   const std::span<const PointF> P = Points();
+  TZyPointLook Look(*this);
   for (std::size_t i = 0; i + 1 < P.size(); ++i) {
-    auto Args = ArgsOfPixel<TZyPenEventArgs>(i);
-    Args.Pen = FPen.Get();
-    Args.Visible = FLineSettings->Visible();
-    mGetPen(this, Args);
-    if (Args.Visible && Args.Pen != nullptr) Gr.DrawLine(*Args.Pen, P[i].X, P[i].Y, P[i + 1].X, P[i + 1].Y);
+    Look.Reset();
+    if (Look.AskPen(i)) Gr.DrawLine(Look.Pen(), P[i].X, P[i].Y, P[i + 1].X, P[i + 1].Y);
   }
 }
 
@@ -136,25 +129,26 @@ void TZySeries::DrawUnsmoothed(Graphics& Gr) {
   TZyPen Plain(FLineSettings->Color(), std::max(std::round(FLineSettings->Width()), 1.0f));
   Plain.SetDashStyle(FLineSettings->DashStyle());
   Plain.SetMiterLimit(0);
+  const TZyPen& Used = FPen.IsOwn() ? Plain : *FPen;
   FWholePixels.assign(Points().begin(), Points().end());
   for (PointF& Point : FWholePixels) Point = {std::round(Point.X), std::round(Point.Y)};
   const Region Clip = Gr.GetClip();
   Gr.SetClip(FGraph->DrawingArea(), CombineModeIntersect);
-  Gr.DrawLines(Plain, FWholePixels);
+  Gr.DrawLines(Used, FWholePixels);
   Gr.SetClip(Clip);
 }
 
 bool TZySeries::CanDoCanvasDraw() const {
   constexpr int MinPoints = 101;
   if (FGraph == nullptr || FGraph->DoingImage() || FGraph->SmoothingMode() != TZySmoothingMode::None) return false;
-  if (FCount < MinPoints || GetAlpha(FLineSettings->Color()) < Opaque) return false;
+  if (Count() < MinPoints || GetAlpha(FLineSettings->Color()) < Opaque) return false;
   return FLineSettings->Width() <= 1 || FLineSettings->DashStyle() == DashStyleSolid;
 }
 
 // --- Symbols --------------------------------------------------------------------------------------------------------
 
 void TZySeries::DrawSymbols(Graphics& Gr) {
-  if (!FVisible || FRecalculatePoints || FGraph == nullptr) return;
+  if (!FVisible || FState.PixelsAreStale() || FGraph == nullptr) return;
   if (mPointSymbol) return DrawAskedSymbols(Gr);
   const TZyPointSymbolSettings& Inside = *FPointSymbolSettings;
   if (!Inside.Visible()) return;
@@ -173,7 +167,11 @@ void TZySeries::DrawSymbols(Graphics& Gr) {
 
 void TZySeries::DrawAskedSymbols(Graphics& Gr) {
   for (std::size_t Pixel = 0; Pixel < Points().size(); ++Pixel) {
-    auto Args = ArgsOfPixel<PointSymbolEventArgs>(Pixel);
+    const TPointValues Values = ValuesOfPixel(PointIndex()[Pixel], Points()[Pixel].X);
+    PointSymbolEventArgs Args;
+    Args.Index = Values.Index;
+    Args.X = Values.X;
+    Args.Y = Values.Y;
     Args.Size = FPointSymbolSettings->Size();
     Args.Pen = FSymbolPen.Get();
     Args.Brush = FSymbolBrush.Get();
@@ -188,14 +186,14 @@ void TZySeries::DrawAskedSymbols(Graphics& Gr) {
 
 float TZySeries::ExtraSpaceAt(TZyAxisPosition) const {
   const TZyPointSymbolSettings& Symbol = *FPointSymbolSettings;
-  if (!FVisible || !Symbol.Visible() || FXData == nullptr || FXData->Count() < 2) return 0;
+  if (!FVisible || !Symbol.Visible() || !FX || FX->Count() < 2) return 0;
   return (Symbol.Size() + Symbol.BorderLineWidth()) / 2 + 1;
 }
 
 // --- Hit tests ------------------------------------------------------------------------------------------------------
 
 int TZySeries::FindPoint(int X, int Y, float Delta) const {
-  if (FRecalculatePoints) return -1;
+  if (FState.PixelsAreStale()) return -1;
   const PointF Place{static_cast<float>(X), static_cast<float>(Y)};
   const int Position = FPixelIndex.FirstWithin(Points(), Place, Delta);
   return Position < 0 ? -1 : PointIndex()[static_cast<std::size_t>(Position)];
@@ -209,7 +207,7 @@ int TZySeries::FindPoint(int X, int Y) const {
 TZyNearestPointResult TZySeries::Nearest(PointF From, TZyPixelIndex::TMetric Metric) const {
   TZyNearestPointResult Result;
   Result.Distance = std::numeric_limits<float>::max();
-  if (FRecalculatePoints || FGraph == nullptr) return Result;
+  if (FState.PixelsAreStale() || FGraph == nullptr) return Result;
   const auto Found = FPixelIndex.Nearest(Points(), FGraph->DrawingArea(), From, Metric);
   if (Found.Position < 0) return Result;
   const auto Pixel = static_cast<std::size_t>(Found.Position);

@@ -4,6 +4,7 @@
 
 #include "graph/styles/ZyPointSymbolSettings.h"
 #include "platform/drawing/Geometry.h"
+#include "series/vectors/ZyValueTransformation.h"
 
 namespace zy {
 
@@ -14,14 +15,6 @@ class TZyPen;
 
 // What the events of a series carry. Index is the index of the data point, -1 for a curve that has none; X and Y are
 // its transformed values. A handler may change what is not const; pens and brushes stay the handler's own.
-
-/// A value on its way from a vector to an axis.
-struct TZyTransformEventArgs {
-  double Value = 0;
-  int Index = 0;
-};
-/// Returns the transformed value. It is taken to be monotonic.
-using TZyValueTransformation = std::function<double(TObject* Sender, const TZyTransformEventArgs& Args)>;
 
 /// A segment of the line that is about to be drawn, by its first point.
 struct TZyPenEventArgs {

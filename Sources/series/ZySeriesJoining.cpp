@@ -1,5 +1,6 @@
 // The references of a series, and how it joins its graph by them.
 
+#include <algorithm>
 #include <random>
 
 #include "graph/ZyGraph2D.h"
@@ -8,38 +9,48 @@
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
-namespace {
 
 /// A number from 0 up to 1, for the sample data of a chart that is being designed.
-double Random() {
+double TZySeries::Random() {
   static std::minstd_rand Generator;
   return std::uniform_real_distribution<double>(0, 1)(Generator);
 }
 
-}  // namespace
+void TZySeries::LeaveInput(TZySeriesInput& Input) {
+  if (Input && !Input->IsDestroying() && !Reads(Input.Vector(), &Input)) Input->RemoveRelatedSeries(this);
+  std::erase(FInputs, &Input);
+}
 
-void TZySeries::SetVector(TRef<TZyCustomDoubleVector>& Field, TZyCustomDoubleVector* Value, TZyText Label,
-                          const char* PropName) {
-  TRef<TZyCustomDoubleVector>& Other = &Field == &FXData ? FYData : FXData;
+/// Whether an input, other than But, has this vector.
+bool TZySeries::Reads(const TZyCustomDoubleVector* Vector, const TZySeriesInput* But) const {
+  return std::any_of(FInputs.begin(), FInputs.end(),
+                     [&](const TZySeriesInput* Input) { return Input != But && Input->Vector() == Vector; });
+}
+
+/// A vector has the series among its readers once, in however many places that reads it.
+void TZySeries::SetInput(TZySeriesInput& Input, TZyCustomDoubleVector* Value) {
   TZyCustomDoubleVector* const Indexer = FIndexer.get();
-  if (Field == Value || (Value == nullptr && Field == Indexer)) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(Label), PropName);
-  if (Field != nullptr && Field != Indexer && Field.Get() != Other.Get() && !Field->IsDestroying())
-    Field->RemoveRelatedSeries(this);
-  if (Value != nullptr && Value != Indexer && Value != Other) Value->AddRelatedSeries(this);
-  Field = Value;
-  // With no real vector left nothing is drawn.
-  if ((Value == nullptr || Value == Indexer) && Other == Indexer) Other = nullptr;
+  TZyCustomDoubleVector* const Old = Input.Vector();
+  if (Old == Value || (Value == nullptr && Old == Indexer)) return;
+  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(Input.Label()), Input.PropName());
+  if (Old != nullptr && Old != Indexer && !Old->IsDestroying() && !Reads(Old, &Input)) Old->RemoveRelatedSeries(this);
+  if (Value != nullptr && Value != Indexer && !Reads(Value)) Value->AddRelatedSeries(this);
+  Input.Point(Value);
+  // With no real coordinate left nothing is drawn.
+  if (!HasOwnData(FX) && !HasOwnData(FY))
+    for (TZySeriesInput* Coordinate : {&FX, &FY})
+      if (Coordinate->Vector() == Indexer) Coordinate->Point(nullptr);
   TestAllAssigned();
 }
 
-void TZySeries::SetXData(TZyCustomDoubleVector* Value) { SetVector(FXData, Value, _sSeriesXData, "XData"); }
-
-void TZySeries::SetYData(TZyCustomDoubleVector* Value) { SetVector(FYData, Value, _sSeriesYData, "YData"); }
+void TZySeries::SetTransformation(TZySeriesInput& Input, TZyValueTransformation Value) {
+  Input.SetTransformation(std::move(Value));
+  RangesModified();
+}
 
 void TZySeries::SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, TZyText Label, const char* PropName) {
   if (Field == Value) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(Label), PropName);
+  if (FUndoStack != nullptr && PropName != nullptr) FUndoStack->PushProperty(this, LoadResString(Label), PropName);
   if (Field != nullptr && !Field->IsDestroying()) Field->RemoveRelatedSeries(this);
   Field = Value;
   TestAllAssigned();
@@ -55,20 +66,36 @@ void TZySeries::SetDefaultAxis(TZyGraph2D& FromGraph) {
 }
 
 void TZySeries::SwapDataVecs() {
-  TZyCustomDoubleVector* const X = FXData;
-  FXData = FYData.Get();
-  FYData = X;
-  std::swap(mXValueTransformation, mYValueTransformation);
-  if (FXData == FIndexer.get()) FIndexer->SetRefVector(FYData);
-  if (FYData == FIndexer.get()) FIndexer->SetRefVector(FXData);
+  FX.SwapWith(FY);
+  if (FX.Vector() == FIndexer.get()) FIndexer->SetRefVector(FY.Vector());
+  if (FY.Vector() == FIndexer.get()) FIndexer->SetRefVector(FX.Vector());
+}
+
+/// Both axes, every vector that all points need, and one of X and Y at least.
+bool TZySeries::IsComplete() const {
+  if (FXAxis == nullptr || FYAxis == nullptr) return false;
+  bool HasCoordinate = false;
+  for (const TZySeriesInput* Input : FInputs) {
+    if (Input->Use() == TZyInputUse::Needed && !HasOwnData(*Input)) return false;
+    HasCoordinate = HasCoordinate || ((Input == &FX || Input == &FY) && HasOwnData(*Input));
+  }
+  return HasCoordinate;
 }
 
 void TZySeries::TestAllAssigned() {
-  if (FXAxis != nullptr && FYAxis != nullptr && (FXData != nullptr || FYData != nullptr)) {
+  if (IsComplete()) {
     JoinGraph();
   } else {
     LeaveGraph();
   }
+}
+
+/// The index stands in for a missing coordinate, and is as long as the other one.
+void TZySeries::PointIndexer() {
+  for (TZySeriesInput* Coordinate : {&FX, &FY})
+    if (!*Coordinate) Coordinate->Point(FIndexer.get());
+  if (!HasOwnData(FX)) FIndexer->SetRefVector(FY.Vector());
+  if (!HasOwnData(FY)) FIndexer->SetRefVector(FX.Vector());
 }
 
 /// The axes learn of the series without a graph as well: an axis that comes into one brings its series along.
@@ -86,32 +113,38 @@ void TZySeries::JoinGraph() {
     if (IsDesigning() && !IsLoading()) FLayer = static_cast<int>(Graph->RelatedSeries().size()) - 1;
     if (FUndoStack == nullptr) SetUndoStack(Graph->UndoStack());
   }
-  if (FXData == nullptr) FXData = FIndexer.get();
-  if (FYData == nullptr) FYData = FIndexer.get();
-  if (FXData == FIndexer.get()) FIndexer->SetRefVector(FYData);
-  if (FYData == FIndexer.get()) FIndexer->SetRefVector(FXData);
-  if (IsDesigning() && !IsLoading()) AddSampleData();
+  PointIndexer();
+  if (IsDesigning() && !IsLoading()) {
+    Graph->BeginUpdate();
+    AddSampleData();
+    Graph->EndUpdate();
+  }
   RangesModified();
   Graph->LegendsModified();
   Graph->Modified();
 }
 
+bool TZySeries::FillSample(TZyCustomDoubleVector* Data, double Start, double Step, double Scatter, double Stop) {
+  constexpr int Steps = 10;
+  auto* const Vector = dynamic_cast<TZyDoubleVector*>(Data);
+  if (Vector == nullptr || Vector->Count() > 0) return false;
+  Vector->Add(Start);
+  for (int i = 1; i < Steps; ++i) Vector->Add(Random() * Step * Scatter + i * Step + Start);
+  Vector->Add(Stop);
+  return true;
+}
+
+void TZySeries::FillRandom(TZyCustomDoubleVector* Data, int Number, double Size) {
+  auto* const Vector = dynamic_cast<TZyDoubleVector*>(Data);
+  if (Vector == nullptr || Vector->Count() > 0) return;
+  for (int i = 0; i < Number; ++i) Vector->Add(Random() * Size + Size);
+}
+
 /// Values between the ends of the axes, so that a new series can be seen in the form designer.
 void TZySeries::AddSampleData() {
-  constexpr int Steps = 10;
-  const auto Fill = [](TZyCustomDoubleVector* Data, const TZyAxis& Axis, double Scatter) {
-    auto* const Vector = dynamic_cast<TZyDoubleVector*>(Data);
-    if (Vector == nullptr || Vector->Count() > 0) return false;
-    const double Start = Axis.Start(), Stop = Axis.Stop(), Step = (Stop - Start) / Steps;
-    Vector->Add(Start);
-    for (int i = 1; i < Steps; ++i) Vector->Add(Random() * Step * Scatter + i * Step + Start);
-    Vector->Add(Stop);
-    return true;
-  };
-  FGraph->BeginUpdate();
-  Fill(FXData, *FXAxis, 0.2);
-  if (Fill(FYData, *FYAxis, 1)) FYAxis->ShrinkOtherYs();
-  FGraph->EndUpdate();
+  const double XStep = (FXAxis->Stop() - FXAxis->Start()) / 10, YStep = (FYAxis->Stop() - FYAxis->Start()) / 10;
+  FillSample(XData(), FXAxis->Start(), XStep, 0.2, FXAxis->Stop());
+  if (FillSample(YData(), FYAxis->Start(), YStep, 1, FYAxis->Stop())) FYAxis->ShrinkOtherYs();
 }
 
 void TZySeries::LeaveGraph() {
@@ -135,9 +168,9 @@ void TZySeries::Notification(TComponent* AComponent, TOperation Operation) {
     SetXAxis(nullptr);
     SetYAxis(nullptr);
   }
-  if (AComponent == FXData && AComponent == FYData) FYData = nullptr;  // the index stands in for none of the two
-  if (AComponent == FXData) SetXData(nullptr);
-  if (AComponent == FYData) SetYData(nullptr);
+  if (AComponent == XData() && AComponent == YData()) FY.Point(nullptr);  // the index stands in for none of the two
+  for (std::size_t i = 0; i < FInputs.size(); ++i)
+    if (FInputs[i]->Vector() == AComponent) SetInput(*FInputs[i], nullptr);
   if (AComponent == FXAxis) SetXAxis(nullptr);
   if (AComponent == FYAxis) SetYAxis(nullptr);
   if (AComponent == FMergeLegendItemWith) SetMergeLegendItemWith(nullptr);

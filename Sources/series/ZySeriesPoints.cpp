@@ -74,8 +74,8 @@ class TZySeries::TPixelBlocks {
     if (Idx < FFirst || Idx >= FFirst + FCount) {
       FFirst = Idx;
       FCount = std::min(Block, FLast + 1 - Idx);
-      const bool XIsFinite = Convert(*FSeries.FXData, *FSeries.FXAxis, FSeries.mXValueTransformation, FX);
-      const bool YIsFinite = Convert(*FSeries.FYData, *FSeries.FYAxis, FSeries.mYValueTransformation, FY);
+      const bool XIsFinite = Convert(FSeries.FX, *FSeries.FXAxis, FX);
+      const bool YIsFinite = Convert(FSeries.FY, *FSeries.FYAxis, FY);
       if (FNextOutlier < FFirst) FNextOutlier = FSeries.NextOutlier(FFirst);
       FIsWhole = XIsFinite && YIsFinite && FNextOutlier >= FFirst + FCount;
     }
@@ -83,14 +83,13 @@ class TZySeries::TPixelBlocks {
   }
 
   /// Whether all values are finite.
-  bool Convert(const TZyCustomDoubleVector& Data, const TZyAxis& Axis, const TZyValueTransformation& Transformation,
-               std::array<float, Block>& Pixels) {
-    std::span<const double> Values = Data.ValuesAt(FFirst, FCount, FScratch);
+  bool Convert(const TZySeriesInput& Input, const TZyAxis& Axis, std::array<float, Block>& Pixels) {
+    std::span<const double> Values = Input->ValuesAt(FFirst, FCount, FScratch);
     double Sum = 0;
     for (const double Value : Values) Sum += Value * 0;  // not-a-number as soon as one is not finite
-    if (Transformation) {
+    if (Input.IsTransformed()) {
       for (std::size_t i = 0; i < Values.size(); ++i)
-        FScratch[i] = Transformation(const_cast<TZySeries*>(&FSeries), {Values[i], FFirst + static_cast<int>(i)});
+        FScratch[i] = Input.Transform(Values[i], FFirst + static_cast<int>(i));
       Values = std::span<const double>(FScratch).first(Values.size());
     }
     Axis.NumberToWorld(Values, Pixels);
@@ -122,27 +121,25 @@ class TZySeries::TReducedPixels {
 };
 
 PointF TZySeries::GetCalcPoint(int Idx) const {
-  return {FXAxis->NumberToWorld(TransformX(FXData->GetValue(Idx), Idx)),
-          FYAxis->NumberToWorld(TransformY(FYData->GetValue(Idx), Idx))};
+  return {FXAxis->NumberToWorld(FX.At(Idx)), FYAxis->NumberToWorld(FY.At(Idx))};
 }
 
 /// Of ascending data one point on each side stays outside the axis, so that the line leaves the data area and is cut by
 /// the clip. Start above Stop when no point has values.
 void TZySeries::GetCalcPointsStartStop(int& Start, int& Stop) const {
   Start = Stop = 0;
-  if (FCount == 0) return;
-  Start = FLastPointsCount;
-  Stop = FCount - 1;
-  const bool IsSorted = FXData->GetIsSorted();
-  if ((FXData->OnlyAscending() || IsSorted) && Stop - Start >= FewestPointsToSkip) {
-    if (IsSorted && !mXValueTransformation) {
-      Start = FirstNotBelow(*FXData, Start + 1, Stop, FXAxis->Start(), FCount / 2) - 1;
+  if (Count() == 0) return;
+  Start = FState.LastPointsCount();
+  Stop = Count() - 1;
+  const bool IsSorted = FX->GetIsSorted();
+  if ((FX->OnlyAscending() || IsSorted) && Stop - Start >= FewestPointsToSkip) {
+    if (IsSorted && !FX.IsTransformed()) {
+      Start = FirstNotBelow(*FX.Vector(), Start + 1, Stop, FXAxis->Start(), Count() / 2) - 1;
       const double AboveStop = std::nextafter(FXAxis->Stop(), std::numeric_limits<double>::infinity());
-      Stop = FirstNotBelow(*FXData, Start + 1, Stop, AboveStop, FCount / 2);
+      Stop = FirstNotBelow(*FX.Vector(), Start + 1, Stop, AboveStop, Count() / 2);
     } else {
-      const auto X = [this](int i) { return TransformX(FXData->GetValue(i), i); };
-      while (Start + 1 < Stop && X(Start + 1) < FXAxis->Start()) ++Start;
-      while (Stop - 1 > Start && X(Stop - 1) > FXAxis->Stop()) --Stop;
+      while (Start + 1 < Stop && FX.At(Start + 1) < FXAxis->Start()) ++Start;
+      while (Stop - 1 > Start && FX.At(Stop - 1) > FXAxis->Stop()) --Stop;
     }
   }
   Start = std::min(Start, Stop);
@@ -150,35 +147,52 @@ void TZySeries::GetCalcPointsStartStop(int& Start, int& Stop) const {
   while (Stop > Start && !HasValuesAt(Stop)) --Stop;
 }
 
+/// Should a handler throw, the pixels stay out of date, and the next paint begins anew.
 void TZySeries::CalculatePoints() {
   if (FCalculatingPoints) return;  // bands that point at each other
-  FCalculatingPoints = true;
-  if (FLastPointsCount == 0) FPointCount = 0;
+  struct TRound {
+    explicit TRound(TZySeries& ASeries) : Series(ASeries) { Series.FCalculatingPoints = true; }
+    ~TRound() {
+      Series.FCalculatingPoints = false;
+      if (!IsDone) Series.FState.PixelsModified();
+    }
+    TZySeries& Series;
+    bool IsDone = false;
+  } Round(*this);
+  if (FState.LastPointsCount() == 0) FPointCount = 0;
   FPoints.Clear();
   FPoints.CheckCount(FPointCount);
   FPointIndex.Clear();
   FPointIndex.CheckCount(FPointCount);
+  KeepPixels(FPointCount);
   FAreaPointCount = FPointCount;
   FPixelIndex.Reset();
-  FPointsForSymbols = FPointSymbolSettings->Visible();
-  int Start = 0, Stop = -1;
-  if (FCount > 0) GetCalcPointsStartStop(Start, Stop);
-  if (Start <= Stop) {
-    TPixelBlocks Pixels(*this, Stop);
-    if (FPointsForSymbols) {
-      ThinToSymbols(Pixels, Start, Stop);
-    } else if (MayReduce(Start, Stop)) {
-      ReduceToColumns(Start, Stop);
-      TReducedPixels Reduced(FReduced);
-      ThinToLine(Reduced, 0, static_cast<int>(FReduced.size()) - 1);
-    } else {
-      ThinToLine(Pixels, Start, Stop);
-    }
-  }
-  FLastPointsCount = FCount;
+  ++FPixelsVersion;
+  TakeNewPixels();
   if (FPointCount > 0) AddBandPoints();
-  FRecalculatePoints = false;
-  FCalculatingPoints = false;
+  FState.PixelsTaken();
+  Round.IsDone = true;
+}
+
+void TZySeries::TakeNewPixels() {
+  FPointsForSymbols = FPointSymbolSettings->Visible();
+  if (Count() == 0) return;
+  int Start = 0, Stop = -1;
+  GetCalcPointsStartStop(Start, Stop);
+  if (Start <= Stop) TakePixels(Start, Stop);
+}
+
+void TZySeries::TakePixels(int Start, int Stop) {
+  TPixelBlocks Pixels(*this, Stop);
+  if (FPointsForSymbols) {
+    ThinToSymbols(Pixels, Start, Stop);
+  } else if (MayReduce(Start, Stop)) {
+    ReduceToColumns(Start, Stop);
+    TReducedPixels Reduced(FReduced);
+    ThinToLine(Reduced, 0, static_cast<int>(FReduced.size()) - 1);
+  } else {
+    ThinToLine(Pixels, Start, Stop);
+  }
 }
 
 void TZySeries::Keep(const PointF& Pixel, int Idx) {
@@ -234,7 +248,7 @@ void TZySeries::ThinToLine(TPixels& Pixels, int Start, int Stop) {
 // --- Reduction of columns -------------------------------------------------------------------------------------------
 
 bool TZySeries::MayReduce(int Start, int Stop) const {
-  if (mXValueTransformation || mYValueTransformation || !FXData->GetIsSorted()) return false;
+  if (FX.IsTransformed() || FY.IsTransformed() || !FX->GetIsSorted()) return false;
   return static_cast<float>(Stop - Start) > ManyPerColumn * std::max(FXAxis->AxLength(), 1.0f);
 }
 
@@ -243,12 +257,12 @@ bool TZySeries::MayReduce(int Start, int Stop) const {
 void TZySeries::ReduceToColumns(int Start, int Stop) {
   FReduced.clear();
   const bool Rightwards = FXAxis->NumberToWorld(FXAxis->Start()) <= FXAxis->NumberToWorld(FXAxis->Stop());
-  const std::span<const double> XValues = FXData->Values();
+  const std::span<const double> XValues = FX->Values();
   int First = Start, Width = 1, Outlier = NextOutlier(Start);
   while (First <= Stop) {
-    const float Centre = std::round(FXAxis->NumberToWorld(FXData->GetValue(First)));
+    const float Centre = std::round(FXAxis->NumberToWorld(FX->GetValue(First)));
     const double Edge = FXAxis->WorldToNumber(Rightwards ? Centre + 0.5f : Centre - 0.5f);
-    const int Last = std::max(First + 1, FirstNotBelow(*FXData, First, Stop + 1, Edge, Width));
+    const int Last = std::max(First + 1, FirstNotBelow(*FX.Vector(), First, Stop + 1, Edge, Width));
     Width = Last - First;
     if (const auto Ahead = static_cast<std::size_t>(Last) + static_cast<std::size_t>(Width); Ahead < XValues.size())
       __builtin_prefetch(&XValues[Ahead]);  // where the next column is looked for
@@ -265,8 +279,8 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
   constexpr int Few = 4;
   int Ends[2] = {-1, -1};
   TZyExtremes Whole;
-  const auto Y = [this, Values = FYData->Values()](int i) {
-    return Values.empty() ? FYData->GetValue(i) : Values[static_cast<std::size_t>(i)];
+  const auto Y = [this, Values = FY->Values()](int i) {
+    return Values.empty() ? FY->GetValue(i) : Values[static_cast<std::size_t>(i)];
   };
   const bool IsFew = Last - First <= Few;
   for (int From = First; From < Last;) {
@@ -280,7 +294,7 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
     if (!IsFew && From < To) {
       if (Ends[0] < 0) Ends[0] = From;
       Ends[1] = To - 1;
-      const TZyExtremes Run = FYData->FindExtremes(From, To);
+      const TZyExtremes Run = FY->FindExtremes(From, To);
       if (Run.Low < Whole.Low) {
         Whole.Low = Run.Low;
         Whole.Minimum = Run.Minimum;
@@ -314,6 +328,13 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
 
 // --- Area -----------------------------------------------------------------------------------------------------------
 
+/// Whether the other line of the band has other pixels than when the band was closed.
+bool TZySeries::IsBandStale() const {
+  const TZySeries* const Partner = FDrawBandTo;
+  return Partner != nullptr && Partner->Count() > 0 &&
+         (Partner->RecalculatePoints() || Partner->FPixelsVersion != FPartnerVersion);
+}
+
 float TZySeries::BaseLine() const {
   return FYAxis->Start() > 0 ? FYAxis->NumberToWorld(FYAxis->Start()) : FYAxis->NumberToWorld(0);
 }
@@ -321,13 +342,10 @@ float TZySeries::BaseLine() const {
 void TZySeries::AddBandPoints() {
   FPoints.CheckCount(FPointCount);
   TZySeries* const Partner = FDrawBandTo;
-  if (Partner != nullptr && Partner->FCount > 0 && Partner->FXAxis != nullptr && Partner->FYAxis != nullptr) {
-    if (!FAreaSettings->Visible()) {  // no change of the user's: nothing to undo
-      FAreaSettings->SetUndoStack(nullptr);
-      FAreaSettings->SetVisible(true);
-      FAreaSettings->SetUndoStack(FUndoStack);
-    }
-    if (Partner->FRecalculatePoints) Partner->CalculatePoints();
+  if (Partner != nullptr && Partner->Count() > 0 && Partner->FXAxis != nullptr && Partner->FYAxis != nullptr) {
+    if (!FAreaSettings->Visible()) Silently(*FAreaSettings, [this] { FAreaSettings->SetVisible(true); });
+    if (Partner->RecalculatePoints()) Partner->CalculatePoints();
+    FPartnerVersion = Partner->FPixelsVersion;
     const std::span<const PointF> Others = Partner->Points();
     for (auto Point = Others.rbegin(); Point != Others.rend(); ++Point) FPoints.Add(*Point);
     FAreaPointCount = FPointCount + static_cast<int>(Others.size());

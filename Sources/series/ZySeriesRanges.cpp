@@ -15,144 +15,162 @@ constexpr double LargestDouble = std::numeric_limits<double>::max();
 
 }  // namespace
 
-int TZySeries::GetCount() {
-  FMinCount = FPointSymbolSettings->Visible() ? 1 : 2;
-  if (FXData == nullptr || FYData == nullptr) return 0;
-  return std::min(FXData->Count(), FYData->Count());
+TZySeries::TRange::TRange() : Low(LargestDouble), High(-LargestDouble) {}
+
+void TZySeries::TRange::Take(double Value) {
+  if (!std::isfinite(Value)) return;
+  Low = std::min(Low, Value);
+  High = std::max(High, Value);
 }
 
+int TZySeries::GetCount() {
+  int Result = std::numeric_limits<int>::max();
+  for (const TZySeriesInput* Input : FInputs)
+    if (Input->IsNeeded()) Result = std::min(Result, Input->Count());
+  return Result;
+}
+
+int TZySeries::MinCount() const { return FPointSymbolSettings->Visible() ? 1 : 2; }
+
 bool TZySeries::HasValuesAt(int Idx) const {
-  if (!std::isfinite(FXData->GetValue(Idx)) || !std::isfinite(FYData->GetValue(Idx))) return false;
-  return FOutliersVisible || (!FXData->IsOutlier(Idx) && !FYData->IsOutlier(Idx));
+  for (const TZySeriesInput* Input : FInputs) {
+    if (Input->Use() == TZyInputUse::Apart) continue;
+    if (Input->Use() == TZyInputUse::Partial && Idx >= Input->Count()) continue;
+    const TZyCustomDoubleVector& Data = *Input->Vector();
+    if (!std::isfinite(Data.GetValue(Idx)) || (!FOutliersVisible && Data.IsOutlier(Idx))) return false;
+  }
+  return true;
 }
 
 int TZySeries::NextOutlier(int First) const {
   int Result = std::numeric_limits<int>::max();
   if (FOutliersVisible) return Result;
-  for (const TZyCustomDoubleVector* Data : {FXData.Get(), FYData.Get()}) {
-    const std::span<const int> Marks = Data->Outliers().Sorted();
+  for (const TZySeriesInput* Input : FInputs) {
+    if (!*Input || Input->Use() == TZyInputUse::Apart) continue;
+    const std::span<const int> Marks = Input->Vector()->Outliers().Sorted();
     const auto Next = std::lower_bound(Marks.begin(), Marks.end(), First);
     if (Next != Marks.end()) Result = std::min(Result, *Next);
   }
   return Result;
 }
 
-double TZySeries::TransformX(double Value, int Idx) const {
-  return mXValueTransformation ? mXValueTransformation(const_cast<TZySeries*>(this), {Value, Idx}) : Value;
-}
-
-double TZySeries::TransformY(double Value, int Idx) const {
-  return mYValueTransformation ? mYValueTransformation(const_cast<TZySeries*>(this), {Value, Idx}) : Value;
-}
-
-double TZySeries::Transform(const TZyCustomDoubleVector& Data, double Value, int Idx) const {
-  return &Data == FXData ? TransformX(Value, Idx) : TransformY(Value, Idx);
-}
-
 // --- Ranges ---------------------------------------------------------------------------------------------------------
 
 void TZySeries::Calculate() {
-  if (FXData == nullptr || FYData == nullptr || FXAxis == nullptr || FYAxis == nullptr) return;
-  if (FXData->Count() <= FLastCount && FYData->Count() <= FLastCount) return;
-  FCount = GetCount();
-  if (FLastCount >= FCount || FCount < FMinCount) return;
-  double Low = 0, High = 0;
-  TakeRange(*FXData, *FYData, *FXAxis, Low, High);
-  SetStart(*FXAxis, FXStart, FXStop, Low, High);
-  TakeRange(*FYData, *FXData, *FYAxis, Low, High);
-  SetStart(*FYAxis, FYStart, FYStop, Low, High);
+  if (!TakeCount()) return;
+  TRange X, Y;
+  TakeRanges(X, Y);
+  SetRange(*FXAxis, FXStart, FXStop, X);
+  SetRange(*FYAxis, FYStart, FYStop, Y);
   RangesTaken();
 }
 
-void TZySeries::SetStart(TZyAxis& Axis, double& Start, double& Stop, double Low, double High) {
-  if (Low == Start && High == Stop) return;
-  Start = Low;
-  Stop = High;
+/// Without new data this is a comparison of counts, ten times a second.
+bool TZySeries::TakeCount() {
+  if (FXAxis == nullptr || FYAxis == nullptr) return false;
+  const int Count = GetCount();
+  if (Count < FState.Count()) DataReset();
+  if (Count <= FState.LastCount()) return false;
+  FState.SetCount(Count);
+  return Count >= MinCount();
+}
+
+void TZySeries::TakeRanges(TRange& X, TRange& Y) {
+  X = RangeOf(FX, FY, *FXAxis);
+  Y = RangeOf(FY, FX, *FYAxis);
+}
+
+void TZySeries::SetRange(TZyAxis& Axis, double& Start, double& Stop, const TRange& Range) {
+  if (Range.Low == Start && Range.High == Stop) return;
+  Start = Range.Low;
+  Stop = Range.High;
   Axis.RangeModified();
 }
 
 void TZySeries::RangesTaken() {
   CheckLinkedMarkers();
-  FRecalculatePoints = true;
+  FState.RangesTaken();
   Invalidate();
-  FLastCount = FCount;
 }
 
-/// The range of a direction; without any value Low lies above High. Values beyond the last point, of a vector longer
-/// than the other one, do not count.
-void TZySeries::TakeRange(TZyCustomDoubleVector& Data, const TZyCustomDoubleVector& Other, const TZyAxis& Axis,
-                          double& Low, double& High) const {
-  const bool IsTransformed = &Data == FXData ? mXValueTransformation != nullptr : mYValueTransformation != nullptr;
+/// Values beyond the last point, of a vector longer than the other one, do not count.
+TZySeries::TRange TZySeries::RangeOf(TZySeriesInput& Input, const TZySeriesInput& Other, const TZyAxis& Axis) const {
+  TZyCustomDoubleVector& Data = *Input.Vector();
+  TRange Result;
   if (Data.Count() > Other.Count()) {
-    SearchRange(Data, Low, High);
-  } else if (IsTransformed) {
-    TakeTransformedExtremes(Data, Low, High);
+    Result = SearchRange(Input, Other);
+  } else if (Input.IsTransformed()) {
+    Result = TransformedExtremes(Input, Other);
   } else {
-    Low = FOutliersVisible ? Data.MinimumIncludingOutliers() : Data.Minimum();
-    High = FOutliersVisible ? Data.MaximumIncludingOutliers() : Data.Maximum();
+    Result.Low = FOutliersVisible ? Data.MinimumIncludingOutliers() : Data.Minimum();
+    Result.High = FOutliersVisible ? Data.MaximumIncludingOutliers() : Data.Maximum();
   }
-  if (!Axis.HasLogScaling() || !(Low < 0)) return;
-  double Smallest = LargestDouble;
+  if (Axis.HasLogScaling() && Result.Low < 0) Result.Low = SmallestPositive(Input, Result.Low);
+  return Result;
+}
+
+double TZySeries::SmallestPositive(const TZySeriesInput& Input, double Otherwise) const {
+  const TZyCustomDoubleVector& Data = *Input.Vector();
+  TRange Positive;
   for (int i = 0; i < Data.Count(); ++i) {
-    const bool HasValues = i < FCount ? HasValuesAt(i) : std::isfinite(Data.GetValue(i)) && !Data.IsOutlier(i);
+    const bool HasValues = i < Count() ? HasValuesAt(i) : std::isfinite(Data.GetValue(i)) && !Data.IsOutlier(i);
     if (!HasValues) continue;
-    const double Value = Transform(Data, Data.GetValue(i), i);
-    if (Value > 0) Smallest = std::min(Smallest, Value);
+    if (const double Value = Input.At(i); Value > 0) Positive.Take(Value);
   }
-  if (Smallest < LargestDouble) Low = Smallest;
+  return Positive.IsEmpty() ? Otherwise : Positive.Low;
 }
 
 /// A transformation is taken to be monotonic, so that the extremes stay extremes.
-void TZySeries::TakeTransformedExtremes(TZyCustomDoubleVector& Data, double& Low, double& High) const {
+TZySeries::TRange TZySeries::TransformedExtremes(const TZySeriesInput& Input, const TZySeriesInput& Other) const {
+  TZyCustomDoubleVector& Data = *Input.Vector();
   const int LowIdx = FOutliersVisible ? Data.MinimumIdxIncludingOutliers() : Data.MinimumIdx();
   const int HighIdx = FOutliersVisible ? Data.MaximumIdxIncludingOutliers() : Data.MaximumIdx();
-  Low = LargestDouble;
-  High = -LargestDouble;
-  if (LowIdx < 0 || HighIdx < 0) return;
-  const double First = Transform(Data, Data.GetValue(LowIdx), LowIdx);
-  const double Second = Transform(Data, Data.GetValue(HighIdx), HighIdx);
-  if (!std::isfinite(First) || !std::isfinite(Second)) return SearchRange(Data, Low, High);
-  Low = std::min(First, Second);
-  High = std::max(First, Second);
+  TRange Result;
+  if (LowIdx < 0 || HighIdx < 0) return Result;
+  const double First = Input.At(LowIdx), Second = Input.At(HighIdx);
+  if (!std::isfinite(First) || !std::isfinite(Second)) return SearchRange(Input, Other);
+  Result.Take(First);
+  Result.Take(Second);
+  return Result;
 }
 
-void TZySeries::SearchRange(const TZyCustomDoubleVector& Data, double& Low, double& High) const {
-  Low = LargestDouble;
-  High = -LargestDouble;
-  if (!mXValueTransformation && !mYValueTransformation && NextOutlier(0) >= FCount) {
-    const TZyExtremes Extremes = Data.FindExtremes(0, FCount);
-    if (Extremes.Minimum < 0) return;
-    Low = Extremes.Low;
-    High = Extremes.High;
-    return;
+TZySeries::TRange TZySeries::SearchRange(const TZySeriesInput& Input, const TZySeriesInput& Other) const {
+  TRange Result;
+  const auto AllFinite = [this](const TZySeriesInput& Each) {
+    double Sum = 0;
+    for (const double Value : Each->Values().first(std::min(Each->Values().size(), static_cast<std::size_t>(Count()))))
+      Sum += Value * 0;  // not-a-number as soon as one is not finite
+    return Sum == 0;
+  };
+  if (!Input.IsTransformed() && NextOutlier(0) >= Count() && AllFinite(Other)) {
+    const TZyExtremes Extremes = Input->FindExtremes(0, Count());
+    if (Extremes.Minimum < 0) return Result;
+    Result.Low = Extremes.Low;
+    Result.High = Extremes.High;
+    return Result;
   }
-  for (int i = 0; i < FCount; ++i) {
-    if (!HasValuesAt(i)) continue;
-    const double Value = Transform(Data, Data.GetValue(i), i);
-    if (!std::isfinite(Value)) continue;
-    Low = std::min(Low, Value);
-    High = std::max(High, Value);
-  }
+  ForEachPoint(0, Count(), [&](int i) { Result.Take(Input.At(i)); });
+  return Result;
 }
 
 void TZySeries::CheckDBVectors() {
-  for (TZyCustomDoubleVector* Data : {FXData.Get(), FYData.Get()})
-    if (auto* const Vector = dynamic_cast<TZyDoubleVector*>(Data); Vector != nullptr && Vector->DBData())
+  for (const TZySeriesInput* Input : FInputs)
+    if (auto* const Vector = dynamic_cast<TZyDoubleVector*>(Input->Vector()); Vector != nullptr && Vector->DBData())
       Vector->UpdateDB();
 }
 
 // --- Values between points ------------------------------------------------------------------------------------------
 
 double TZySeries::GetY(double AtX) const {
-  if (FCount == 0) return 0;
-  if (FCount == 1) return FYData->GetValue(0);
-  const int Last = FCount - 1;
+  if (Count() == 0) return 0;
+  if (Count() == 1) return FY->GetValue(0);
+  const int Last = Count() - 1;
   int Low = 0, High = 0;
-  if (FXData->OnlyAscending()) {
-    const auto LiesBelow = [&](int i) { return !(FXData->GetValue(i) > AtX); };
+  if (FX->OnlyAscending()) {
+    const auto LiesBelow = [&](int i) { return !(FX->GetValue(i) > AtX); };
     High = 1;
-    if (FXData->GetIsSorted()) {
-      int Left = FCount - High;  // bisection over the indexes from High on
+    if (FX->GetIsSorted()) {
+      int Left = Count() - High;  // bisection over the indexes from High on
       while (Left > 0) {
         const int Half = Left / 2;
         if (LiesBelow(High + Half)) {
@@ -172,18 +190,18 @@ double TZySeries::GetY(double AtX) const {
     while (Low > 0 && !HasValuesAt(Low)) --Low;
   } else {
     while (High < Last && !HasValuesAt(High)) ++High;
-    while (High < Last && HasValuesAt(High) && FXData->GetValue(High) < AtX) ++High;
+    while (High < Last && HasValuesAt(High) && FX->GetValue(High) < AtX) ++High;
     Low = Last;
     while (Low > 0 && !HasValuesAt(Low)) --Low;
-    while (Low > 0 && HasValuesAt(Low) && FXData->GetValue(Low) > AtX) --Low;
+    while (Low > 0 && HasValuesAt(Low) && FX->GetValue(Low) > AtX) --Low;
     if (High == Low) do
         --High;
       while (High > 0 && !HasValuesAt(High));
     High = std::max(High, 0);
   }
-  const double Y = FYData->GetValue(High), X = FXData->GetValue(High);
+  const double Y = FY->GetValue(High), X = FX->GetValue(High);
   if (High == Low) return Y;
-  return Y + (AtX - X) * (FYData->GetValue(Low) - Y) / (FXData->GetValue(Low) - X);
+  return Y + (AtX - X) * (FY->GetValue(Low) - Y) / (FX->GetValue(Low) - X);
 }
 
 // --- Linked markers -------------------------------------------------------------------------------------------------
@@ -202,9 +220,9 @@ std::vector<IZySnappingMarker*> TZySeries::LinkedMarkers() const {
 void TZySeries::CheckLinkedMarkers() {
   for (IZySnappingMarker* Marker : LinkedMarkers()) {
     const int Idx = Marker->SnappedIdx();
-    const bool HasPlace = Idx < FCount && HasValuesAt(Idx);
+    const bool HasPlace = Idx < Count() && HasValuesAt(Idx);
     Marker->Control().SetVisible(HasPlace);
-    if (HasPlace) Marker->SnapTo(TransformX(FXData->GetValue(Idx), Idx), TransformY(FYData->GetValue(Idx), Idx));
+    if (HasPlace) Marker->SnapTo(TransformX(FX->GetValue(Idx), Idx), TransformY(FY->GetValue(Idx), Idx));
   }
 }
 

@@ -23,6 +23,12 @@ class ERangeError : public Exception {
   using Exception::Exception;
 };
 
+/// An operation that the class leaves to its descendants.
+class EMethodNotFound : public Exception {
+ public:
+  using Exception::Exception;
+};
+
 /// A calculation without a result.
 class EMathError : public Exception {
  public:

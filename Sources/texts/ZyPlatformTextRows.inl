@@ -140,3 +140,6 @@ ZY_TEXT(_sResultCount, "%u results cannot take the values of %u arguments")
 ZY_TEXT(_sZoomWheelZoom, "Graph zoom by mouse wheel")
 ZY_TEXT(_sZoomTouchGestures, "Graph zoom by touch pad")
 ZY_TEXT(_sZoomKeyboardZoom, "Graph zoom by keyboard")
+
+// ---- Analysis curves ----
+ZY_TEXT(_sAveragingNoWeight, "All weights of the values to average are zero")

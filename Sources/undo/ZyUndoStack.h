@@ -76,6 +76,8 @@ class TZyUndoStack : public TComponent {
   void StartGroup(std::string_view Comment);
   /// Closes the innermost group. Throws EOverflow when none is open.
   void StopGroup();
+  /// How deep in groups the log is; TZyUndoGroup.h closes a group by itself.
+  int GroupLevel() const { return FUndo.GroupLevel(); }
 
   /// Replays the newest ToIndex + 1 steps. ToIndex is an index of UndoList (RedoList). When replaying fails, the stack
   /// is cleared, since half a step must not stay; the caller sees nothing but the event.

@@ -44,6 +44,8 @@ class TZyGrowingArray {
   }
   /// Forgets the elements and keeps the storage.
   void Clear() { FCount = 0; }
+  /// Forgets the elements from NewCount on, if there are any.
+  void Shrink(int NewCount) { FCount = std::clamp(NewCount, 0, FCount); }
   /// Removes one element; nothing outside the vector.
   void Delete(int i) {
     if (i < 0 || i >= FCount) return;

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "series/ZySeries.h"
+
+namespace zy {
+
+/// A filled circle or ellipse at each point, with a radius of its own in values of the axes.
+class TZyBubbles : public TZySeries {
+  ZY_CLASS(TZyBubbles, TZySeries)
+  explicit TZyBubbles(TComponent* Owner = nullptr);
+
+  /// Radius of each point, by its magnitude.
+  TZyCustomDoubleVector* RadiusData() const { return FRadius.Vector(); }
+  void SetRadiusData(TZyCustomDoubleVector* Value) { SetInput(FRadius, Value); }
+  const TZyValueTransformation& RadiusTransformation() const { return FRadius.Transformation(); }
+  void SetRadiusTransformation(TZyValueTransformation Value) { SetTransformation(FRadius, std::move(Value)); }
+  /// Whether the radius counts in X along X and in Y along Y; else in Y alone, and bubbles are round.
+  bool Elliptical() const { return FElliptical; }
+  void SetElliptical(bool Value);
+
+  /// Width and height in pixels of each kept bubble; `Points` has the top left corners.
+  std::span<const PointF> Sizes() const { return FSize.Values().first(Points().size()); }
+
+  int MinCount() const override { return 1; }
+  using TZySeries::FindPoint;
+  /// The first bubble whose rectangle holds the place, corners included.
+  int FindPoint(int X, int Y) const override;
+  using TZySeries::DrawListItem;
+  void DrawListItem(const TZyLegendItemDrawArgs& e, LegendItemStyle Style) override;
+  void DrawListItem(const TZyLegendItemDrawArgs& e) override { DrawListItem(e, LegendItemStyle::Filled); }
+
+ protected:
+  void TakeRanges(TRange& X, TRange& Y) override;
+  void KeepPixels(int Count) override { FSize.Shrink(Count); }
+  void TakePixels(int Start, int Stop) override;
+  void DrawPoints(Graphics& Gr) override;
+  void AddSampleData() override;
+
+ private:
+  double GetR(int Idx) const;
+  RectF RectOf(std::size_t Pixel) const;
+  void EllipticalModified();
+
+  bool FElliptical = false;
+  TZySeriesInput FRadius{*this, "RadiusData", _sBubblesRadius, TZyInputUse::Needed};
+  TZyPointVector FSize;
+};
+
+}  // namespace zy

@@ -1,0 +1,17 @@
+#include "series/ZyChildSeries.h"
+
+#include "platform/framework/TPropInfo.h"
+
+namespace zy {
+
+ZY_PUBLISHED(TZyChildSeries, TZySeries,
+             Republished("PointSymbol YAxis Line Area DrawBandTo OnGetPen OnGetBrush OnGetPointSymbol"))
+
+TZyChildSeries::TZyChildSeries(TComponent* Owner) : TZySeries(Owner) {
+  Initialize(StaticClassInfo().Name());
+  FDoPointSettingsStorage = true;
+}
+
+void TZyChildSeries::SetXAxis(TZyAxis* Value) { SetAxis(FXAxis, Value, _sSeriesXAxis, nullptr); }
+
+}  // namespace zy

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "series/ZySeries.h"
+
+namespace zy {
+
+/// Base of the series that show a record of low, open, high and close for each X, as of prices. Close is the Y data.
+class TZyCustomOHLC : public TZySeries {
+  ZY_CLASS(TZyCustomOHLC, TZySeries)
+
+  /// Width of a bar in pixels; 0 and less is stored as 1.
+  float BarWidth() const { return FBarWidth; }
+  void SetBarWidth(float Value);
+  TZyCustomDoubleVector* LowData() const { return FLow.Vector(); }
+  void SetLowData(TZyCustomDoubleVector* Value) { SetInput(FLow, Value); }
+  TZyCustomDoubleVector* OpenData() const { return FOpen.Vector(); }
+  void SetOpenData(TZyCustomDoubleVector* Value) { SetInput(FOpen, Value); }
+  TZyCustomDoubleVector* HighData() const { return FHigh.Vector(); }
+  void SetHighData(TZyCustomDoubleVector* Value) { SetInput(FHigh, Value); }
+  TZyCustomDoubleVector* CloseData() const { return YData(); }
+  void SetCloseData(TZyCustomDoubleVector* Value);
+  const TZyValueTransformation& LowValueTransformation() const { return FLow.Transformation(); }
+  void SetLowValueTransformation(TZyValueTransformation Value) { SetTransformation(FLow, std::move(Value)); }
+  const TZyValueTransformation& OpenValueTransformation() const { return FOpen.Transformation(); }
+  void SetOpenValueTransformation(TZyValueTransformation Value) { SetTransformation(FOpen, std::move(Value)); }
+  const TZyValueTransformation& HighValueTransformation() const { return FHigh.Transformation(); }
+  void SetHighValueTransformation(TZyValueTransformation Value) { SetTransformation(FHigh, std::move(Value)); }
+  const TZyValueTransformation& CloseValueTransformation() const { return YValueTransformation(); }
+  void SetCloseValueTransformation(TZyValueTransformation Value) { SetYValueTransformation(std::move(Value)); }
+
+  double TransformLow(double Value, int Idx) const { return FLow.Transform(Value, Idx); }
+  double TransformHigh(double Value, int Idx) const { return FHigh.Transform(Value, Idx); }
+  /// Transformed values of a record.
+  double GetLow(int Idx) const { return FLow.At(Idx); }
+  double GetOpen(int Idx) const { return FOpen.At(Idx); }
+  double GetHigh(int Idx) const { return FHigh.At(Idx); }
+  /// Pixel y of each kept record; `Points` has the x, and the y of close.
+  std::span<const float> LowPoints() const { return FLowPoint.Values().first(Points().size()); }
+  std::span<const float> OpenPoints() const { return FOpenPoint.Values().first(Points().size()); }
+  std::span<const float> HighPoints() const { return FHighPoint.Values().first(Points().size()); }
+
+  int MinCount() const override { return 1; }
+  float ExtraSpaceAt(TZyAxisPosition Border) const override;
+  void CalculatePoints() override;
+  /// Whether line or area show makes no difference: the bars are there.
+  void PaintGr(Graphics& Gr) override;
+  using TZySeries::FindPoint;
+  /// The first bar, from low to high, whose width holds the place.
+  int FindPoint(int X, int Y) const override;
+
+ protected:
+  explicit TZyCustomOHLC(TComponent* Owner);
+  /// Pixels by which a bar reaches beyond its width at both sides.
+  virtual float Overhang() const { return 0; }
+  void SetWidth(float& Field, float Value, TZyText Label, const char* PropName);
+
+  void TakeRanges(TRange& X, TRange& Y) override;
+  void KeepPixels(int Count) override;
+  void TakePixels(int Start, int Stop) override;
+  void AddSampleData() override;
+
+ private:
+  void LookModified();
+
+  float FBarWidth = 4;
+  TZySeriesInput FLow{*this, "LowData", _sCustomOHLCLowData, TZyInputUse::Needed};
+  TZySeriesInput FOpen{*this, "OpenData", _sCustomOHLCOpenData, TZyInputUse::Needed};
+  TZySeriesInput FHigh{*this, "HighData", _sCustomOHLCHighData, TZyInputUse::Needed};
+  TZySingleVector FLowPoint, FOpenPoint, FHighPoint;
+};
+
+}  // namespace zy

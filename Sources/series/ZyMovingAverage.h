@@ -1,0 +1,38 @@
+#pragma once
+
+#include "analysis/curves/ZyMovingAverageCalculation.h"
+#include "series/ZyFunctionSeries.h"
+
+namespace zy {
+
+/// Replaces each point by a weighted mean of its neighbours, and draws a smooth curve through the means. The settings
+/// are those of TZyMovingAverageCalculation.
+class TZyMovingAverage : public TZyFunctionSeries {
+  ZY_CLASS(TZyMovingAverage, TZyFunctionSeries)
+  explicit TZyMovingAverage(TComponent* Owner = nullptr);
+
+  TZyAveragingMethod AveragingMethod() const { return FAvg.AveragingMethod; }
+  void SetAveragingMethod(TZyAveragingMethod Value);
+  TZyAveragingDirection AveragingDirection() const { return FAvg.AveragingDirection; }
+  void SetAveragingDirection(TZyAveragingDirection Value);
+  TZyAveragingRangeMethod AveragingRangeMethod() const { return FAvg.AveragingRangeMethod; }
+  void SetAveragingRangeMethod(TZyAveragingRangeMethod Value);
+  /// Stored as a magnitude.
+  double N() const { return FAvg.N; }
+  void SetN(double Value);
+  /// Stored as a magnitude of up to 1.
+  double ExponentialFactorForN() const { return FAvg.ExponentialFactorForN; }
+  void SetExponentialFactorForN(double Value);
+
+  double GetY(double AtX) const override { return FAvg.GetY(AtX); }
+  std::string GetFormula() const override;
+  void RegisterVariables() override;
+
+ private:
+  template <class TField, class TValue>
+  void ChangeSetting(TField& Field, TValue Value, TZyText Label, const char* PropName);
+
+  TZyMovingAverageCalculation& FAvg;
+};
+
+}  // namespace zy

@@ -1,0 +1,59 @@
+#include "series/ZyOHLC.h"
+
+#include <cmath>
+
+#include "graph/ZyGraph2D.h"
+#include "graph/shapes/ZyDrawing.h"
+#include "platform/drawing/Graphics.h"
+#include "platform/framework/TPropInfo.h"
+#include "series/ZyPointLook.h"
+
+namespace zy {
+
+ZY_PUBLISHED(TZyOHLC, TZyCustomOHLC,
+             Published<&TZyOHLC::IndicatorLength, &TZyOHLC::SetIndicatorLength>("IndicatorLength", 5.0f),
+             Republished("Area OnGetBrush"))
+
+TZyOHLC::TZyOHLC(TComponent* Owner) : TZyCustomOHLC(Owner) {
+  Initialize(StaticClassInfo().Name());
+  Line().SetColor(Colors::DarkBlue);
+  Area().SetForeColor(Colors::DarkBlue);
+  Area().SetVisible(true);
+}
+
+void TZyOHLC::SetIndicatorLength(float Value) {
+  SetWidth(FIndicatorLength, Value < 0 ? 1 : Value, _sOHLCIndicatorLength, "IndicatorLength");
+}
+
+void TZyOHLC::DrawPoints(Graphics& Gr) {
+  const float Half = BarWidth() / 2;
+  TZyPointLook Look(*this);
+  for (std::size_t i = 0; i < Points().size(); ++i) {
+    const PointF Close = Points()[i];
+    const float High = HighPoints()[i], Open = OpenPoints()[i], Left = Close.X - Half, Right = Close.X + Half;
+    const RectF Bar{Left, High, BarWidth(), LowPoints()[i] - High};
+    if (Look.AskBrush(i)) Gr.FillRectangle(Look.Brush(), Bar);
+    if (!Look.AskPen(i)) continue;
+    Gr.DrawRectangle(Look.Pen(), Bar);
+    Gr.DrawLine(Look.Pen(), Left, Open, Left - FIndicatorLength, Open);
+    Gr.DrawLine(Look.Pen(), Right, Close.Y, Right + FIndicatorLength, Close.Y);
+  }
+}
+
+float TZyOHLC::GetItemHeight() const { return std::round(2 * FIndicatorLength + BarWidth() + 2); }
+
+/// A bar that lies on its side.
+void TZyOHLC::DrawListItem(const TZyLegendItemDrawArgs& e, LegendItemStyle) {
+  Graphics& Gr = *e.Graphics;
+  const RectF R = TRectToRectF(e.Rect);
+  const float Top = R.Height / 2 + R.Y - 1 - BarWidth() / 2, Bottom = Top + BarWidth();
+  if (Area().Visible() && AreaBrush() != nullptr) Gr.FillRectangle(*AreaBrush(), R.X, Top, R.Width, BarWidth());
+  if (!Line().Visible()) return;
+  const auto Pen = Line().GetPen(R, 0);
+  const float Edge = LinePen() == nullptr ? Pen->Width() : LinePen()->Width();
+  Gr.DrawRectangle(*Pen, R.X + Edge / 2, Top, R.Width - Edge, BarWidth());
+  Gr.DrawLine(*Pen, R.X + R.Width / 4, Top, R.X + R.Width / 4, Top - FIndicatorLength);
+  Gr.DrawLine(*Pen, R.X + R.Width * 3 / 4, Bottom, R.X + R.Width * 3 / 4, Bottom + FIndicatorLength);
+}
+
+}  // namespace zy

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+
+#include "series/ZySeriesEvents.h"
+
+namespace zy {
+
+class TZySeries;
+
+/// Pen and brush of one kept point of a series after the other: those of the settings, and what `OnGetPen` and
+/// `OnGetBrush` make of them. The arguments are filled once, so that what a handler changes holds for the points after
+/// it, too.
+///
+///     TZyPointLook Look(*this);
+///     for (std::size_t i = 0; i < Points().size(); ++i) {
+///       if (Look.AskBrush(i)) Gr.FillEllipse(Look.Brush(), RectOf(i));
+///       if (Look.AskPen(i)) Gr.DrawEllipse(Look.Pen(), RectOf(i));
+///     }
+class TZyPointLook {
+ public:
+  explicit TZyPointLook(TZySeries& Series) : FSeries(Series) { Reset(); }
+
+  /// Pen, brush and visibility of the settings again.
+  void Reset();
+  /// Brush or pen for the points from now on, in place of that of the settings; must live until they are drawn.
+  void SetBrush(const zy::Brush& Value) { FBrush.Brush = &Value; }
+  void SetPen(const TZyPen& Value) { FPen.Pen = &Value; }
+  /// Runs the event for the kept point of that number. Whether there is something to draw with.
+  bool AskBrush(std::size_t Pixel);
+  bool AskPen(std::size_t Pixel);
+  const zy::Brush& Brush() const { return *FBrush.Brush; }
+  const TZyPen& Pen() const { return *FPen.Pen; }
+
+ private:
+  TZySeries& FSeries;
+  TZyBrushEventArgs FBrush;
+  TZyPenEventArgs FPen;
+};
+
+}  // namespace zy

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/framework/TRef.h"
+#include "series/vectors/ZyCustomDoubleVector.h"
+#include "series/vectors/ZyValueTransformation.h"
+#include "texts/ZyLocalize.h"
+
+namespace zy {
+
+class TZySeries;
+
+/// What an input decides of the points of its series.
+enum class TZyInputUse {
+  Coordinate,  ///< X or Y: every point needs its value, and the index stands in for one of the two
+  Needed,      ///< every point needs its value
+  Partial,     ///< points that it reaches need its value; those beyond its end do without
+  Apart        ///< nothing: the series looks after it by itself
+};
+
+/// A vector that a series reads: the reference, what transforms its values, and what the series has to know of it.
+///
+/// A kind of series has one as a member for each of its vectors. The member enters the list of the series by itself;
+/// from then on the series walks it for counts, values, outliers, databases, new and shrinking data, joining, leaving,
+/// and the death of the vector:
+///
+///     TZySeriesInput FRadius{*this, "RadiusData", _sBubblesRadius, TZyInputUse::Needed};
+class TZySeriesInput {
+ public:
+  /// PropName is the published property of the series through which undo writes, Label what a step of undo is called.
+  TZySeriesInput(TZySeries& Series, const char* PropName, TZyText Label, TZyInputUse Use);
+  ~TZySeriesInput();
+  TZySeriesInput(const TZySeriesInput&) = delete;
+  TZySeriesInput& operator=(const TZySeriesInput&) = delete;
+
+  const char* PropName() const { return FPropName; }
+  TZyText Label() const { return FLabel; }
+  TZyInputUse Use() const { return FUse; }
+  /// For the constructor of a kind that asks more, or less, of X or Y than the base does.
+  void SetUse(TZyInputUse Value) { FUse = Value; }
+  bool IsNeeded() const { return FUse == TZyInputUse::Coordinate || FUse == TZyInputUse::Needed; }
+
+  /// The vector, null for none; of a coordinate it may be the indexer of the series.
+  TZyCustomDoubleVector* Vector() const { return FVector; }
+  TZyCustomDoubleVector* operator->() const { return FVector; }
+  explicit operator bool() const { return FVector != nullptr; }
+  /// Stores the reference alone; TZySeries::SetInput is the setter.
+  void Point(TZyCustomDoubleVector* Value) { FVector = Value; }
+  int Count() const { return FVector == nullptr ? 0 : FVector->Count(); }
+
+  const TZyValueTransformation& Transformation() const { return mTransformation; }
+  bool IsTransformed() const { return mTransformation != nullptr; }
+  void SetTransformation(TZyValueTransformation Value) { mTransformation = std::move(Value); }
+  /// Value as the event makes it.
+  double Transform(double Value, int Idx) const;
+  /// The transformed value at an index. Throws ERangeError outside the vector.
+  double At(int Idx) const { return Transform(FVector->GetValue(Idx), Idx); }
+  /// Exchanges vectors and transformations of two inputs of a series.
+  void SwapWith(TZySeriesInput& Other);
+
+ private:
+  TZySeries& FSeries;
+  const char* FPropName;
+  TZyText FLabel;
+  TZyInputUse FUse;
+  TRef<TZyCustomDoubleVector> FVector;
+  TZyValueTransformation mTransformation;
+};
+
+}  // namespace zy

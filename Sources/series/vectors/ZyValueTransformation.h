@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+
+namespace zy {
+
+class TObject;
+
+/// A value on its way from a vector to an axis or into a calculation.
+struct TZyTransformEventArgs {
+  double Value = 0;
+  int Index = 0;
+};
+/// Returns the transformed value. It is taken to be monotonic.
+using TZyValueTransformation = std::function<double(TObject* Sender, const TZyTransformEventArgs& Args)>;
+
+}  // namespace zy

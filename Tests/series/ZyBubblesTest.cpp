@@ -1,0 +1,91 @@
+#include "series/ZyBubbles.h"
+
+#include <gtest/gtest.h>
+
+#include "graph/SampleChart.h"
+#include "undo/ZyUndoStack.h"
+
+namespace zy::testing {
+namespace {
+
+/// Two bubbles on axes from 0 to 10, of 500 by 250 pixels.
+class ZyBubblesTest : public ::testing::Test {
+ protected:
+  ZyBubblesTest() {
+    Chart.UsePlainAxes();
+    for (TZyAxis* Axis : {Chart.X, Chart.Y}) Chart.FixEnds(Axis, 0, 10);
+    Series->SetRadiusData(Radius);
+    Series->Area().SetVisible(true);
+  }
+  TSampleChart Chart;
+  TZyBubbles* Series = Chart.AddSeries<TZyBubbles>("Bubbles", {2, 6}, {4, 8});
+  TZyDoubleVector* Radius = Chart.AddVector("Radius", {1, -2});
+};
+
+TEST_F(ZyBubblesTest, RangesTakeInTheRadiiInBothDirections) {
+  Chart.Paint();
+  Series->RangesModified();
+  Chart.Paint();
+  EXPECT_EQ(Series->YStart(), 3);
+  EXPECT_EQ(Series->YStop(), 10);
+  // k = (6 - 2) * 250 / ((10 - 3) * 500): a radius in Y as a part of the span of X.
+  const double k = 4.0 * Chart.Y->AxLength() / (7.0 * Chart.X->AxLength());
+  EXPECT_NEAR(Series->XStart(), 2 - k, 1e-12);
+  EXPECT_NEAR(Series->XStop(), 6 + 2 * k, 1e-12);
+  Series->SetElliptical(true);
+  Series->SetRadiusTransformation([](TObject*, const TZyTransformEventArgs& Args) { return -2 * Args.Value; });
+  Chart.Paint();
+  EXPECT_EQ(Series->XStart(), 0);
+  EXPECT_EQ(Series->XStop(), 10);
+  EXPECT_EQ(Series->YStart(), 2);
+  EXPECT_EQ(Series->YStop(), 12);
+  Radius->AddOutlier(1);
+  Series->Calculate();
+  EXPECT_EQ(Series->YStop(), 6);
+  Chart.Y->SetPosition(TZyAxisPosition::Left);
+  for (auto* Data : {Series->XData(), Series->YData()}) dynamic_cast<TZyDoubleVector&>(*Data).SetInternalArray({5, 5});
+  Radius->SetInternalArray({0, 0});
+  Series->SetElliptical(false);
+  Series->Calculate();
+  EXPECT_EQ(Series->XStart(), 5) << "no ratio of spans: the points alone";
+}
+
+TEST_F(ZyBubblesTest, CirclesAreRoundAndHitByTheirRectangle) {
+  const auto Calls = Chart.Calls();
+  EXPECT_EQ(Chart.CountOf(Calls, "FillEllipse"), 2);
+  EXPECT_EQ(Chart.CountOf(Calls, "DrawEllipse"), 2);
+  ASSERT_EQ(Series->Sizes().size(), 2u);
+  EXPECT_NEAR(Series->Sizes()[1].X, 100, 1e-3) << "2 of 10 in 250 pixels, both ways";
+  EXPECT_NEAR(Series->Sizes()[1].Y, 100, 1e-3);
+  const PointF Corner = Series->Points()[1];
+  EXPECT_NEAR(Corner.X, 50 + 300 - 50, 1e-3);
+  EXPECT_NEAR(Corner.Y, 50 + 250 - 200 - 50, 1e-3);
+  const auto FindAt = [&](float X, float Y) { return Series->FindPoint(static_cast<int>(X), static_cast<int>(Y)); };
+  EXPECT_EQ(FindAt(Corner.X, Corner.Y), 1) << "corners count";
+  EXPECT_EQ(FindAt(Corner.X - 1, Corner.Y), -1);
+  Radius->Delete(1);
+  EXPECT_EQ(FindAt(Corner.X, Corner.Y), -1) << "nothing is found while pixels are out of date";
+  Chart.Paint();
+  EXPECT_EQ(Series->Points().size(), 1u);
+  EXPECT_EQ(Series->Sizes().size(), 1u);
+}
+
+TEST_F(ZyBubblesTest, LeavesWithItsRadiusAndComesBackByUndo) {
+  TZyUndoStack Stack(&Chart.Form);
+  Series->SetUndoStack(&Stack);
+  Series->SetXData(nullptr);
+  Chart.Paint();
+  EXPECT_EQ(Chart.Graph->RelatedSeries().size(), 1u) << "the index stands in for X";
+  Series->SetRadiusData(nullptr);
+  EXPECT_TRUE(Chart.Graph->RelatedSeries().empty());
+  EXPECT_EQ(Stack.UndoList().Get(0), "Bubbles radius reference");
+  Stack.Undo();
+  EXPECT_EQ(Series->RadiusData(), Radius);
+  EXPECT_EQ(Chart.Graph->RelatedSeries().size(), 1u);
+  delete Radius;
+  EXPECT_EQ(Series->RadiusData(), nullptr);
+  EXPECT_TRUE(Chart.Graph->RelatedSeries().empty());
+}
+
+}  // namespace
+}  // namespace zy::testing
