@@ -52,7 +52,7 @@ TEST_F(ZyOHLCTest, DrawsABarWithTwoTicksAndIsHitWithinThem) {
   // from 50; low 1, open 2, high 6, close 5 of 10 in 250 pixels, upwards from 300.
   for (const std::string_view Call :
        {"FillRectangle(FF00008B, 142.6 150 10 125)", "DrawRectangle(pen FF00008B 1, 142.6 150 10 125)",
-        "142.6, 250, 135.6, 250", "152.6, 175, 159.6, 175"})
+        "142.6 250, 135.6 250", "152.6 175, 159.6 175"})
     EXPECT_EQ(Chart.CountOf(Calls, Call), 1) << Call;
   for (const auto& [X, Y, Found] : {std::tuple(136, 200, 0), {135, 200, -1}, {160, 275, 0}, {150, 276, -1}})
     EXPECT_EQ(Series->FindPoint(X, Y), Found) << X << ", " << Y;
