@@ -45,16 +45,14 @@ void TZyRichLabel::SetCaption(const TZyRichCaption& Value) {
   const TZyRichCaption Trimmed = TrimRight(Value);
   if (Trimmed == Caption()) return;
   FCaptionRec.SetCaption(Trimmed);
-  FCaptionSet = true;
+  FCaptionOfName.WasSet();
   Invalidate();
   AdjustBounds();
 }
 
 void TZyRichLabel::SetName(const std::string& Value) {
   TCustomLabel::SetName(Value);
-  if (!IsDesigning() || FCaptionSet) return;
-  SetCaption(Value);
-  FCaptionSet = false;
+  FCaptionOfName.Follow(*this, Value);
 }
 
 void TZyRichLabel::SetAngle(float Value) {

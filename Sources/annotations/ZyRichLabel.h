@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "annotations/captions/ZyCaptionOfName.h"
 #include "annotations/captions/ZyParentFont.h"
 #include "annotations/captions/ZyRichCaption.h"
 #include "platform/controls/TLabel.h"
@@ -21,7 +22,7 @@ class TZyRichLabel : public TCustomLabel {
   /// shown.
   const TZyRichCaption& Caption() const { return FCaptionRec.Caption(); }
   void SetCaption(const TZyRichCaption& Value);
-  const TZyRichCaption& PlainText() const { return FCaptionRec.PlainText(); }
+  const std::string& PlainText() const { return FCaptionRec.PlainText(); }
   /// Degrees, counter-clockwise on the screen; brought into 0 to below 360.
   float Angle() const { return FCaptionRec.Angle; }
   void SetAngle(float Value);
@@ -57,9 +58,9 @@ class TZyRichLabel : public TCustomLabel {
   bool HasOwnForeColor() const;
 
   TZyRichCaptionObject FCaptionRec;
+  TZyCaptionOfName FCaptionOfName;
   TZyParentFont FLabelFont{*this, FCaptionRec.CaptionFont()};
   bool FOnce = true;  // not yet painted
-  bool FCaptionSet = false;
   bool FFitting = false;
   float FXOffs = 0;  // anchor of the caption in the label
   float FYOffs = 0;

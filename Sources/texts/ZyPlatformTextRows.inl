@@ -22,6 +22,8 @@ ZY_TEXT(_sLanguageUnreadable, "%s: read error behind line %d")
 
 ZY_TEXT(_sPropOutOfRange, "%d is out of range for property \"%s\"")
 ZY_TEXT(_sPropUnknownValue, "\"%s\" is no value of property \"%s\"")
+ZY_TEXT(_sPropNotAllowed, "\"%s\" is no value of property \"%s\"; allowed are %s")
+ZY_TEXT(_sPropLimits, "%s to %s")
 ZY_TEXT(_sPropWrongKind, "Property \"%s.%s\" has no %s value")
 ZY_TEXT(_sPropWrongObject, "Property \"%s\" cannot take an object of class %s")
 ZY_TEXT(_sVariantConversion, "Cannot convert %s to %s")

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <string_view>
 #include <utility>
 
@@ -9,10 +10,30 @@
 namespace zy {
 
 /// The protocol of every published setter, in one place: nothing on an equal value; else the old value goes to the
-/// object's undo stack under its label, the new one is stored, and After runs.
+/// object's undo stack under the label of the property's row, the new one is stored, and After runs.
 ///
 /// TOwner has `TZyUndoStack* UndoStack() const`. Returns whether the value changed. A setter that must do more spells
 /// its steps out.
+template <class TOwner, class TField, class TValue, class TAfterClass>
+bool Change(TOwner* Owner, TField& Field, TValue&& Value, std::string_view PropName, void (TAfterClass::*After)()) {
+  if (Field == Value) return false;
+  if (TZyUndoStack* const Stack = Owner->UndoStack()) Stack->PushProperty(Owner, PropName);
+  Field = std::forward<TValue>(Value);
+  (Owner->*After)();
+  return true;
+}
+
+/// The same for what is no plain field: Present is the value of before, and Store takes the new one and does what
+/// follows from it.
+template <class TOwner, class TPresent, class TValue, std::invocable<TValue> TStore>
+bool ChangeBy(TOwner* Owner, const TPresent& Present, TValue&& Value, std::string_view PropName, const TStore& Store) {
+  if (Present == Value) return false;
+  if (TZyUndoStack* const Stack = Owner->UndoStack()) Stack->PushProperty(Owner, PropName);
+  Store(std::forward<TValue>(Value));
+  return true;
+}
+
+/// Change with a label that the row does not have.
 template <class TOwner, class TField, class TValue, class TAfterClass>
 bool Change(TOwner* Owner, TField& Field, TValue&& Value, TZyText Label, std::string_view PropName,
             void (TAfterClass::*After)()) {

@@ -1,28 +1,32 @@
 #pragma once
 
+#include <cstdint>
+#include <initializer_list>
+#include <string_view>
+
 #include "texts/ZyLocalize.h"
-#include "undo/ZyUndoStack.h"
 
 namespace zy {
 
-/// One step of undo for all that changes while this object lives. Nothing without a stack.
+class TPersistent;
+class TZyUndoStack;
+
+/// What happens while this object lives is one step that can be undone. Nothing without a stack, and while the stack is
+/// silent. The group is closed however the block is left, unless the stack was cleared or died meanwhile.
 class TZyUndoGroup {
  public:
-  TZyUndoGroup(TZyUndoStack* Stack, TZyText Label) : FStack(Stack) {
-    if (FStack == nullptr) return;
-    const int Level = FStack->GroupLevel();
-    FStack->StartGroup(LoadResString(Label));
-    if (FStack->GroupLevel() == Level) FStack = nullptr;  // it is silent
-  }
-  /// A stack that was cleared meanwhile has no group to close.
-  ~TZyUndoGroup() {
-    if (FStack != nullptr && FStack->GroupLevel() > 0) FStack->StopGroup();
-  }
+  TZyUndoGroup(TZyUndoStack* Stack, std::string_view Comment);
+  TZyUndoGroup(TZyUndoStack* Stack, TZyText Label) : TZyUndoGroup(Stack, std::string_view(LoadResString(Label))) {}
+  /// The step of a property whose setter changes others too: the first name gives the label, and all are logged. Undo
+  /// writes them back from the last to the first.
+  TZyUndoGroup(TZyUndoStack* Stack, TPersistent& Instance, std::initializer_list<std::string_view> PropNames);
+  ~TZyUndoGroup();
   TZyUndoGroup(const TZyUndoGroup&) = delete;
   TZyUndoGroup& operator=(const TZyUndoGroup&) = delete;
 
  private:
-  TZyUndoStack* FStack;
+  std::uint64_t FStack = 0;  // live handle of the stack, 0 when no group was opened
+  int FLevel = 0;            // groups open outside this one
 };
 
 }  // namespace zy

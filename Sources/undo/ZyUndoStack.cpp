@@ -81,12 +81,20 @@ void TZyUndoStack::Push(std::string_view Comment, TZyUndoToken Token, const TPay
 }
 
 void TZyUndoStack::PushProperty(TPersistent* Instance, std::string_view Comment, std::string_view PropName) {
+  if (!Silent()) PushRow(Instance, Comment, FindPropRow(*Instance, PropName));
+}
+
+void TZyUndoStack::PushProperty(TPersistent* Instance, std::string_view PropName) {
   if (Silent()) return;
   const TPropInfo& Info = FindPropRow(*Instance, PropName);
+  PushRow(Instance, Info.Label ? LoadResString(*Info.Label) : PropName, Info);
+}
+
+void TZyUndoStack::PushRow(TPersistent* Instance, std::string_view Comment, const TPropInfo& Info) {
   if (Info.Kind == TPropKind::DynArray) TestOneDimension(Info.GetVariant(*Instance));
   Push(Comment, TZyUndoToken::udProperty, [&] {
     WriteObjectInstance(FUndo.Writer(), Instance);
-    FUndo.Writer().WriteString(PropName);
+    FUndo.Writer().WriteString(Info.Name);
     WritePropertyTo(FUndo.Writer(), *Instance, Info);
   });
 }
@@ -193,9 +201,9 @@ void TZyUndoStack::WritePropertyTo(TWriter& Writer, TPersistent& Instance, const
 void TZyUndoStack::ReadPropertryFrom(TReader& Reader, TPersistent* Instance, const std::string& PropName) {
   if (Instance == nullptr) throw EFilerError(Format(LoadResString(_sPropNotFound), {PropName}));
   const TPropInfo& Info = FindPropRow(*Instance, PropName);
-  if (Info.SetOrd != nullptr) {
+  if (Info.GetOrd != nullptr) {
     Info.SetOrd(*Instance, Reader.ReadInteger());
-  } else if (Info.SetFloat != nullptr) {
+  } else if (Info.GetFloat != nullptr) {
     Info.SetFloat(*Instance, Reader.ReadFloat());
   } else if (Info.SetStr != nullptr) {
     Info.SetStr(*Instance, Reader.ReadString());

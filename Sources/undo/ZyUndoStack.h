@@ -63,6 +63,8 @@ class TZyUndoStack : public TComponent {
   /// Throws EFilerError when Instance has no such property and EStreamError for an array of more than one dimension;
   /// then nothing is logged.
   void PushProperty(TPersistent* Instance, std::string_view Comment, std::string_view PropName);
+  /// The same under the label of the property's row, or under the property's name when the row has none.
+  void PushProperty(TPersistent* Instance, std::string_view PropName);
   /// Logs the whole of a component; undo brings it back to that state, and makes it anew when it has died.
   void PushComponent(TComponent* AComponent, std::string_view Comment);
   /// Logs that a component was made; undo frees it. Throws EStreamError when it cannot be found by name.
@@ -76,7 +78,7 @@ class TZyUndoStack : public TComponent {
   void StartGroup(std::string_view Comment);
   /// Closes the innermost group. Throws EOverflow when none is open.
   void StopGroup();
-  /// How deep in groups the log is; TZyUndoGroup.h closes a group by itself.
+  /// How many groups are open.
   int GroupLevel() const { return FUndo.GroupLevel(); }
 
   /// Replays the newest ToIndex + 1 steps. ToIndex is an index of UndoList (RedoList). When replaying fails, the stack
@@ -97,6 +99,7 @@ class TZyUndoStack : public TComponent {
   bool Silent() const { return !FEnabled || FRestoring || IsLoading(); }
   void InitStreams();
   std::unique_ptr<TStream> OpenStream(std::filesystem::path& FileName);
+  void PushRow(TPersistent* Instance, std::string_view Comment, const TPropInfo& Info);
   template <class TPayload>
   void Push(std::string_view Comment, TZyUndoToken Token, const TPayload& WritePayload);
   void Replay(TZyUndoLog& Log, int ToIndex, void (TZyUndoStack::*ReplayAt)(int Record));

@@ -6,6 +6,7 @@
 
 #include "platform/controls/TForm.h"
 #include "platform/drawing/TRecordingGraphics.h"
+#include "platform/framework/Reflection.h"
 #include "series/ZyLineSeries.h"
 #include "texts/Exceptions.h"
 
@@ -107,6 +108,20 @@ TEST_F(ZyRichLabelTest, TakesFontAndColoursUntilTheyAreItsOwn) {
   Label.SetCaption("text");
   Paint();
   EXPECT_EQ(Canvas.CallsOf("FillRectangle(FFFFFF00").size(), 1u);
+}
+
+TEST_F(ZyRichLabelTest, FollowsItsNameWhileDesignedUntilItIsSet) {
+  Label.SetName("Before");
+  EXPECT_EQ(Label.Caption(), "");
+  Form.SetDesigning(true);
+  for (const char* Name : {"First", "Second"}) {
+    Label.SetName(Name);
+    EXPECT_EQ(Label.Caption(), Name);
+  }
+  Label.SetCaption("set");
+  Label.SetName("Third");
+  EXPECT_EQ(Label.Caption(), "set");
+  EXPECT_EQ(GetPropInfo(Label, "Caption")->TypeName(), "TZyRichCaption");
 }
 
 }  // namespace

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <ranges>
+
 #include "framework/SampleComponent.h"
+#include "platform/framework/TRefList.h"
 #include "texts/Exceptions.h"
 
 namespace zy::testing {
@@ -97,6 +100,101 @@ TEST(Component, ReferencesAreClearedWhoeverDiesFirst) {
   EXPECT_EQ(Target.Link(), nullptr);
   EXPECT_EQ(Careless.Target, nullptr);
   Itself.SetLink(&Itself);
+}
+
+/// Points at components through references with setters, and lists some.
+class TKeeper : public TComponent {
+ public:
+  ~TKeeper() override { Destroying(); }
+  void SetOne(TComponent* Value) {
+    Calls += Value == nullptr ? "null " : "set ";
+    One = Value;
+  }
+  void RemoveItem(TComponent* Item) { Calls += Items.Remove(Item) ? "removed " : "unknown "; }
+  std::string Order() const {
+    std::string Result;
+    for (const TComponent* Item : Items) Result += Item->Name();
+    return Result;
+  }
+  std::string Calls;
+  TRef<TComponent> One{this, &TKeeper::SetOne};
+  TRefList<TComponent> Items{this, &TKeeper::RemoveItem};
+};
+
+TEST(Component, AReferenceWithASetterIsClearedThroughIt) {
+  TKeeper Keeper;
+  {
+    TComponent Target;
+    Keeper.SetOne(&Target);
+    Keeper.Items.Add(&Target);
+  }
+  EXPECT_EQ(Keeper.Calls, "set removed null ");
+  EXPECT_EQ(Keeper.One, nullptr);
+  EXPECT_TRUE(Keeper.Items.empty());
+  TComponent Target;
+  Keeper.SetOne(&Target);
+  Keeper.Items.Add(&Target);
+  Keeper.Destroying();
+  Keeper.Calls.clear();
+  Target.Destroying();  // a holder that dies is left alone, and points at nothing all the same
+  EXPECT_EQ(Keeper.Calls, "");
+  EXPECT_EQ(Keeper.One, nullptr);
+  EXPECT_EQ(Keeper.Items.size(), 0u);
+}
+
+TEST(RefList, KeepsItsOrderWhateverLeaves) {
+  static_assert(std::ranges::input_range<const TRefList<TComponent>>);
+  auto Owner = std::make_unique<TComponent>();
+  TKeeper Keeper;
+  const auto Make = [&](const char* Name) {
+    auto* const Item = new TComponent(Owner.get());
+    Item->SetName(Name);
+    EXPECT_TRUE(Keeper.Items.Add(Item));
+    EXPECT_FALSE(Keeper.Items.Add(Item));
+    return Item;
+  };
+  for (const char* Name : {"A", "B", "C", "D", "E", "F"}) Make(Name);
+  delete Owner->FindComponent("C");
+  EXPECT_EQ(Keeper.Order(), "ABDEF");
+  EXPECT_EQ(Keeper.Items[2]->Name(), "D");
+  Keeper.Items.Swap(0, 3);
+  delete Owner->FindComponent("F");
+  delete Owner->FindComponent("E");
+  EXPECT_EQ(Keeper.Order(), "BDA");
+  EXPECT_EQ(Keeper.Items[2]->Name(), "A");
+  std::string Seen;
+  for (const TComponent* Item : Keeper.Items) {  // one that was seen, the present one and one to come die; one comes
+    Seen += Item->Name();
+    if (Seen != "BD") continue;
+    for (const char* Name : {"B", "D", "A"}) delete Owner->FindComponent(Name);
+    for (const char* Name : {"G", "H"}) Make(Name);
+    EXPECT_EQ(Keeper.Items[1]->Name(), "H");
+  }
+  EXPECT_EQ(Seen, "BDGH");
+  Make("I");
+  std::string Backwards;
+  for (const TComponent* Item : Keeper.Items.Reversed()) {
+    Backwards += Item->Name();
+    if (Backwards == "I") delete Owner->FindComponent("H");
+  }
+  EXPECT_EQ(Backwards, "IG");
+  Keeper.Items.Clear();
+  Make("J");
+  EXPECT_EQ(Keeper.Order(), "J");
+  Owner.reset();
+  EXPECT_EQ(Keeper.Order(), "");
+}
+
+TEST(RefList, HoldsWhatBelongsToAComponent) {
+  TKeeper Keeper;
+  TRefList<std::string> Texts(&Keeper);
+  std::string First = "first", Second = "second";
+  auto Control = std::make_unique<TComponent>();
+  Texts.Add(&First, Control.get());
+  Texts.Add(&Second, &Keeper);
+  Control.reset();
+  EXPECT_FALSE(Texts.Contains(&First));
+  EXPECT_EQ(Texts[0], &Second);
 }
 
 /// Asks for a notice of somebody while it is dying, as setters that run in a destructor do.

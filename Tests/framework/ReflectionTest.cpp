@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <functional>
 #include <tuple>
 
 #include "framework/Errors.h"
@@ -74,7 +76,9 @@ class TDarkSample : public TSample {
   ZY_CLASS(TDarkSample, TSample)
   using TSample::TSample;
 };
-ZY_PUBLISHED(TDarkSample, TSample, Published<&TDarkSample::Shade, &TDarkSample::SetShade>("Shade", TShade::Dark))
+ZY_PUBLISHED(TDarkSample, TSample, Published<&TDarkSample::Shade, &TDarkSample::SetShade>("Shade", TShade::Dark),
+             Published<&TDarkSample::Real, &TDarkSample::SetReal>("Real", 0.0).Limited(-1, 2.5).Labelled(_sLineWidth),
+             Published<&TDarkSample::Whole, &TDarkSample::SetWhole>("Whole", 0).Limited(1, 12))
 
 TEST(Reflection, ADescendantPublishesAPropertyAnew) {
   TDarkSample Sample;
@@ -82,6 +86,64 @@ TEST(Reflection, ADescendantPublishesAPropertyAnew) {
   EXPECT_FALSE(GetPropInfo(Sample, "Shade")->IsDefault(Sample));
   Sample.SetShade(TShade::Dark);
   EXPECT_TRUE(GetPropInfo(Sample, "Shade")->IsDefault(Sample));
+}
+
+TEST(Reflection, ARefusalNamesPropertyValueAndWhatIsAllowed) {
+  TDarkSample Sample;
+  const std::pair<std::function<void()>, const char*> Cases[] = {
+      {[&] { SetOrdProp(Sample, "Shade", 3); },
+       R"("3" is no value of property "Shade"; allowed are Light, Middle, Dark)"},
+      {[&] { SetPropValue(Sample, "Shade", "Pink"); },
+       R"("Pink" is no value of property "Shade"; allowed are Light, Middle, Dark)"},
+      {[&] { SetSetProp(Sample, "Shades", "[Pink]"); },
+       R"("Pink" is no value of property "Shades"; allowed are Light, Middle, Dark)"},
+      {[&] { SetPropValue(Sample, "Switch", "Yes"); },
+       R"("Yes" is no value of property "Switch"; allowed are False, True)"},
+      {[&] { SetOrdProp(Sample, "Small", 128); }, R"("128" is no value of property "Small"; allowed are -128 to 127)"},
+      {[&] { SetPropValue(Sample, "Whole", 13); }, R"("13" is no value of property "Whole"; allowed are 1 to 12)"},
+      {[&] { SetPropValue(Sample, "Whole", 1.5); }, R"("1.5" is no value of property "Whole"; allowed are 1 to 12)"},
+      {[&] { SetPropValue(Sample, "Whole", "x"); }, R"("x" is no value of property "Whole"; allowed are 1 to 12)"},
+      {[&] { SetFloatProp(Sample, "Real", 2.75); }, R"("2.75" is no value of property "Real"; allowed are -1 to 2.5)"},
+      {[&] { SetPropValue(Sample, "Real", "-INF"); },
+       R"("-INF" is no value of property "Real"; allowed are -1 to 2.5)"},
+      {[&] { SetFloatProp(Sample, "Real", NAN); }, R"("NAN" is no value of property "Real"; allowed are -1 to 2.5)"}};
+  for (const auto& [Write, Message] : Cases) EXPECT_EQ(MessageOf([&] { Write(); }), Message);
+  EXPECT_THROW(SetFloatProp(Sample, "Single", 1e39), ERangeError);
+  SetFloatProp(Sample, "Single", HUGE_VAL);  // fits where no limits are told
+  EXPECT_EQ(std::tuple(Sample.Real(), Sample.Whole(), Sample.Shade()), std::tuple(0.0, 0, TShade::Light));
+}
+
+TEST(Reflection, RowsKnowTheirTypes) {
+  std::string Found;
+  for (const TPropInfo* Info : TDarkSample::StaticClassInfo().Properties())
+    (Found += Info->Name) += ' ' + std::string(Info->TypeName()) + (Info->Label == _sLineWidth ? "*, " : ", ");
+  EXPECT_EQ(Found,
+            "Name String, Whole Integer, Small Integer, Letter Char, Switch Boolean, Shade TShade, Shades TShades, "
+            "Single Single, Real Double*, Text String, Lines TStringList, Style TSampleStyle, Link TSample, Big Int64, "
+            "Numbers Array, Any Variant, Table Array, Part TSample, OnEvent Event, ");
+  EXPECT_EQ(GetPropInfo(TSampleStyle(), "Color")->TypeName(), "TZyColor");
+  const TPropInfo& Small = *GetPropInfo(TSample(), "Small");
+  EXPECT_EQ(std::tuple(Small.Lowest, Small.Highest), std::tuple(-128.0, 127.0));
+}
+
+TEST(Reflection, CopiesWhatTwoObjectsHaveInCommon) {
+  TDarkSample Source;
+  TSample Copy, Other;
+  Source.SetWhole(7);
+  Source.SetShades({TShade::Dark});
+  Source.SetSingle(0.25f);
+  Source.SetText("text");
+  Source.Lines().SetText("a\nb\n");
+  Source.Style().SetWidth(3);
+  Source.SetLink(&Other);
+  Source.SetNumbers({1, 2});
+  Source.SetTable({{1}});  // never stored
+  EXPECT_TRUE(CopyProperties(Source, Copy));
+  EXPECT_EQ(std::tuple(Copy.Whole(), Copy.Shades(), Copy.Single(), Copy.Text(), Copy.Lines().Text()),
+            std::tuple(7, TSet<TShade>{TShade::Dark}, 0.25f, "text", "a\nb\n"));
+  EXPECT_EQ(std::tuple(Copy.Style().Width(), Copy.Link(), Copy.Numbers(), Copy.Table().size()),
+            std::tuple(3.0f, &Other, std::vector<double>{1, 2}, 0u));
+  EXPECT_FALSE(CopyProperties(Source.Style(), Copy));
 }
 
 }  // namespace

@@ -41,12 +41,12 @@ double ValueOf(const TPersistent& Object, const TPropInfo& Info) {
 }
 
 void SetValue(TPersistent& Object, const TPropInfo& Info, double Value) {
-  Info.SetFloat != nullptr ? Info.SetFloat(Object, Value) : Info.SetOrd(Object, static_cast<std::int64_t>(Value));
+  Info.GetFloat != nullptr ? Info.SetFloat(Object, Value) : Info.SetOrd(Object, static_cast<std::int64_t>(Value));
 }
 
 double OtherValue(const TPersistent& Object, const TPropInfo& Info) {
   if (Info.Kind == TPropKind::Integer) return 7;
-  return Info.SetFloat != nullptr ? 0.25 : ValueOf(Object, Info) == 0;
+  return Info.GetFloat != nullptr ? 0.25 : ValueOf(Object, Info) == 0;
 }
 
 // A star at what is stored though it is the default, as owners have their own.

@@ -100,8 +100,8 @@ class ExtremeValuesTest : public ::testing::Test {
   }
   /// What sets a property to the value that it has now.
   static std::function<void()> RestoreOf(TPersistent& Object, const TPropInfo& Info) {
-    if (Info.SetOrd != nullptr) return [&, Old = Info.GetOrd(Object)] { Info.SetOrd(Object, Old); };
-    if (Info.SetFloat != nullptr) return [&, Old = Info.GetFloat(Object)] { Info.SetFloat(Object, Old); };
+    if (Info.GetOrd != nullptr) return [&, Old = Info.GetOrd(Object)] { Info.SetOrd(Object, Old); };
+    if (Info.GetFloat != nullptr) return [&, Old = Info.GetFloat(Object)] { Info.SetFloat(Object, Old); };
     if (Info.SetStr != nullptr) return [&, Old = Info.GetStr(Object)] { Info.SetStr(Object, Old); };
     if (Info.SetObject != nullptr) return [&, Old = Info.GetObject(Object)] { Info.SetObject(Object, Old); };
     return [] {};
@@ -113,10 +113,10 @@ class ExtremeValuesTest : public ::testing::Test {
     const auto Ord = [&](std::int64_t Value) {
       Try(Object, Info, Name + std::to_string(Value), [&] { Info.SetOrd(Object, Value); });
     };
-    if (Info.SetFloat != nullptr)
+    if (Info.GetFloat != nullptr)
       for (const double Value : Reals)
         Try(Object, Info, Name + RealToText(Value), [&] { Info.SetFloat(Object, Value); });
-    if (Info.SetOrd != nullptr)
+    if (Info.GetOrd != nullptr)
       for (const std::int64_t Value : Wholes) Ord(Value);
     if (Info.Kind == TPropKind::Enumeration)
       for (std::size_t Value = 0; Value <= Info.Values->Values.size(); ++Value) Ord(static_cast<std::int64_t>(Value));

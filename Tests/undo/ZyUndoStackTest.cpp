@@ -5,16 +5,20 @@
 #include <filesystem>
 #include <iterator>
 #include <random>
+#include <stdexcept>
 #include <tuple>
 
 #include "framework/Errors.h"
 #include "framework/SampleComponent.h"
+#include "graph/styles/ZyLineSettings.h"
 #include "persistence/ZyIO.h"
 #include "platform/framework/Application.h"
 #include "platform/framework/TPropInfo.h"
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "texts/Exceptions.h"
+#include "undo/ZyUndoGroup.h"
+#include "undo/ZyUndoLink.h"
 
 namespace zy {
 namespace {
@@ -306,6 +310,67 @@ TEST_F(ZyUndoStackTest, FilesOfALogGoWithTheStack) {
     EXPECT_EQ(Count(), Before + 3);
   }
   EXPECT_EQ(Count(), Before);
+}
+
+TEST_F(ZyUndoStackTest, AGroupEndsWithItsBlock) {
+  TZyLineSettings Line(nullptr);
+  { const TZyUndoGroup Group(nullptr, Line, {"Width"}); }
+  try {
+    const TZyUndoGroup Outer(&Stack, Line, {"Width", "Color"});
+    Line.SetWidth(3);
+    Line.SetColor(Colors::Lime);
+    const TZyUndoGroup Inner(&Stack, _sAxisStart);
+    throw std::runtime_error("on the way out");
+  } catch (const std::runtime_error&) {
+  }
+  EXPECT_THROW(TZyUndoGroup(&Stack, Line, {"Width", "Nothing"}), EFilerError);
+  EXPECT_EQ(LabelsOf(Stack.UndoList()), (TLabels{"Line width", "Line width"}));
+  EXPECT_EQ(Stack.GroupLevel(), 0);
+  Stack.Undo(1);
+  EXPECT_EQ(std::tuple(Line.Width(), Line.Color()), std::tuple(1.0f, Colors::Red));
+  {
+    const TZyUndoGroup Group(&Stack, _sAxisStart);
+    Stack.Clear();
+  }
+  Stack.SetEnabled(false);
+  {
+    const TZyUndoGroup Group(&Stack, _sAxisStart);  // was silent when it began
+    Stack.SetEnabled(true);
+  }
+  EXPECT_EQ(Stack.UndoCount(), 0);
+  auto Short = std::make_unique<TZyUndoStack>();
+  const TZyUndoGroup Group(Short.get(), _sAxisStart);
+  Short.reset();
+}
+
+/// Hands its stack on to a line and counts how often its setter runs.
+class TLinked : public TComponent {
+ public:
+  ~TLinked() override { Destroying(); }
+  void SetUndoStack(TZyUndoStack* Value) {
+    ++Calls;
+    Undo.Set(Value);
+  }
+  int Calls = 0;
+  TZyLineSettings Line{nullptr};
+  TZyUndoLink Undo{this, &TLinked::SetUndoStack, Line};
+};
+
+TEST_F(ZyUndoStackTest, ALinkHandsTheStackOnAndTakesItBackWhenItDies) {
+  for (const bool HolderDies : {false, true}) {
+    TLinked Linked;
+    {
+      TZyUndoStack Short;
+      Linked.SetUndoStack(&Short);
+      Linked.Line.SetWidth(3);
+      Linked.Line.Gradient().SetVisible(true);
+      EXPECT_EQ(LabelsOf(Short.UndoList()), (TLabels{"Gradient visible", "Line width"}));
+      if (HolderDies) Linked.Destroying();
+    }
+    EXPECT_EQ(Linked.Calls, HolderDies ? 1 : 2);
+    EXPECT_EQ(Linked.Undo.Get(), nullptr);
+    EXPECT_EQ(Linked.Line.UndoStack(), nullptr);
+  }
 }
 
 }  // namespace

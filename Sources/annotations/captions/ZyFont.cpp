@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "platform/controls/TControlFont.h"
-#include "platform/framework/TPropInfo.h"
-#include "texts/Exceptions.h"
-#include "texts/NumberText.h"
-#include "texts/ZyLocalize.h"
+#include "platform/framework/Reflection.h"
+#include "undo/ZyUndoGroup.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
@@ -16,7 +15,9 @@ namespace zy {
 ZY_PUBLISHED(TZyFont, TPersistent, Published<&TZyFont::Charset, &TZyFont::SetCharset>("Charset", 1),
              Published<&TZyFont::Color, &TZyFont::SetColor>("Color").NotStored(),
              Published<&TZyFont::Height, &TZyFont::SetHeight>("Height").NotStored(),
-             Published<&TZyFont::Name, &TZyFont::SetName>("Name"), Published<&TZyFont::Size, &TZyFont::SetSize>("Size"),
+             Published<&TZyFont::Name, &TZyFont::SetName>("Name"),
+             Published<&TZyFont::Size, &TZyFont::SetSize>("Size").Limited(std::numeric_limits<float>::lowest(),
+                                                                          Font::MaxSize),
              Published<&TZyFont::Style, &TZyFont::SetStyle>("Style"),
              Published<&TZyFont::FillColor, &TZyFont::SetFillColor>("FillColor"),
              Published<&TZyFont::DrawEffects, &TZyFont::SetDrawEffects>("DrawEffects", {}),
@@ -25,14 +26,10 @@ ZY_PUBLISHED(TZyFont, TPersistent, Published<&TZyFont::Charset, &TZyFont::SetCha
              Published<static_cast<TZyGradientSettings& (TZyFont::*)()>(&TZyFont::Gradient)>("Gradient"))
 
 TZyFont::TZyFont(ModifiedCallback NeedsInvalidate)
-    : mNeedsInvalidate(NeedsInvalidate), FGradient(std::move(NeedsInvalidate)) {}
-
-void TZyFont::NeedsInvalidate() {
-  if (mNeedsInvalidate) mNeedsInvalidate();
-}
+    : TZyStyleSettings(std::move(NeedsInvalidate)), FGradient([this] { Modified(); }) {}
 
 void TZyFont::NeedsResize() {
-  if (OnNeedsResize) OnNeedsResize();
+  if (OnNeedsResize && !IsCopying()) OnNeedsResize();
 }
 
 void TZyFont::SetName(const std::string& Value) {
@@ -43,8 +40,7 @@ void TZyFont::SetName(const std::string& Value) {
 
 void TZyFont::SetSize(float Value) {
   if (FSize == Value) return;
-  if (!(Value <= Font::MaxSize))
-    throw ERangeError(Format(LoadResString(_sPropOutOfRange), {FloatToStr(static_cast<double>(Value)), "Size"}));
+  FindPropInfo(*this, "Size").TestFloat(static_cast<double>(Value));
   FSize = Value;
   if (Value > 0) FWholeSize = std::max(static_cast<int>(std::lround(Value)), 1);
   NeedsResize();
@@ -75,19 +71,19 @@ void TZyFont::SetStyle(TFontStyles Value) {
 void TZyFont::SetFillColor(TZyColor Value) {
   if (FFillColor == Value) return;
   FFillColor = Value;
-  NeedsInvalidate();
+  Modified();
 }
 
 void TZyFont::SetColor(TColor Value) {
   FFillColor = TColorToARGB(Value);
-  NeedsInvalidate();
+  Modified();
 }
 
 void TZyFont::SetDrawEffects(TZyCharDrawEffects Value) {
   if (FDrawEffects == Value) return;
   const std::uint32_t Added = Value.Bits() & ~FDrawEffects.Bits();
   FDrawEffects = TZyCharDrawEffects::FromBits(Added & (~Added + 1));  // the lowest bit alone
-  NeedsInvalidate();
+  Modified();
 }
 
 void TZyFont::SetRenderingHint(TZyTextRenderingHint Value) {
@@ -108,19 +104,8 @@ std::unique_ptr<TControlFont> TZyFont::AsTFont() const {
 void TZyFont::SetAsTFont(const TControlFont& Value) { Assign(&Value); }
 
 void TZyFont::Assign(const TPersistent* Source) {
-  const auto* const Other = dynamic_cast<const TZyFont*>(Source);
-  if (Other == nullptr) {
-    const auto* const Plain = dynamic_cast<const TControlFont*>(Source);
-    return Plain != nullptr ? AssignPlain(*Plain) : TPersistent::Assign(Source);
-  }
-  FFillColor = Other->FFillColor;
-  SetSize(Other->Size());
-  SetDrawEffects(Other->FDrawEffects);
-  SetRenderingHint(Other->FRenderingHint);
-  FGradient.Assign(&Other->FGradient);
-  FCharset = Other->FCharset;
-  FName = Other->FName;
-  FStyle = Other->FStyle;
+  if (const auto* const Plain = dynamic_cast<const TControlFont*>(Source)) return AssignPlain(*Plain);
+  TZyStyleSettings::Assign(Source);
   NeedsResize();
 }
 
@@ -136,12 +121,11 @@ void TZyFont::AssignPlain(const TControlFont& Source) {
 
 void TZyFont::PushToUndoStack(TZyUndoStack* Stack, std::string_view Comment) {
   if (Stack == nullptr) return;
-  Stack->StartGroup(Comment);
+  const TZyUndoGroup Group(Stack, Comment);
   for (const char* Name : {"Name", "Style", "Size", "FillColor", "DrawEffects"}) Stack->PushProperty(this, "", Name);
   for (const char* Name : {"Visible", "Style", "FirstColor", "MiddleColor", "LastColor", "LinearAngle", "LinearCenter",
                            "RadialCenterX", "RadialCenterY"})
     Stack->PushProperty(&FGradient, "", Name);
-  Stack->StopGroup();
 }
 
 }  // namespace zy

@@ -7,7 +7,6 @@
 #include "graph/styles/ZyGradientSettings.h"
 #include "platform/drawing/Font.h"
 #include "platform/framework/EnumInfo.h"
-#include "platform/framework/TPersistent.h"
 
 namespace zy {
 
@@ -34,7 +33,7 @@ ZY_ENUM(TZyTextRenderingHint, "SystemDefault", "SingleBitPerPixelGridFit", "Sing
 /// The font of a caption: family, size in points, style, colour or gradient, effect.
 ///
 /// Setters push no undo; who lets the user change a font calls PushToUndoStack first.
-class TZyFont : public TPersistent {
+class TZyFont : public TZyStyleSettings {
   ZY_CLASS(TZyFont, TPersistent)
   /// NeedsInvalidate runs when only the look changed, OnNeedsResize when the layout did.
   explicit TZyFont(ModifiedCallback NeedsInvalidate = {});
@@ -71,7 +70,7 @@ class TZyFont : public TPersistent {
   TZyGradientSettings& Gradient() { return FGradient; }
   const TZyGradientSettings& Gradient() const { return FGradient; }
 
-  const ModifiedCallback& OnNeedsInvalidate() const { return mNeedsInvalidate; }
+  const ModifiedCallback& OnNeedsInvalidate() const { return WhenModified(); }
   ModifiedCallback OnNeedsResize;
 
   /// The drawing surface's font of this description.
@@ -86,12 +85,10 @@ class TZyFont : public TPersistent {
 
  private:
   void AssignPlain(const TControlFont& Source);
-  void NeedsInvalidate();
   void NeedsResize();
 
   static constexpr int DefaultCharset = 1;
 
-  ModifiedCallback mNeedsInvalidate;
   std::string FName = "Arial";
   int FWholeSize = 10;
   float FSize = 10;

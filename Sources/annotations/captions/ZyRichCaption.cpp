@@ -79,8 +79,8 @@ void TZyRichCaptionObject::VariablesChanged() {
   if (FLayout != Before && OnVariablesChanged) OnVariablesChanged();
 }
 
-const TZyRichCaption& TZyRichCaptionObject::PlainText() const {
-  static const TZyRichCaption Nothing;
+const std::string& TZyRichCaptionObject::PlainText() const {
+  static const std::string Nothing;
   if (FLayout == nullptr) return Nothing;
   return FLayout->PlainText;
 }

@@ -7,18 +7,13 @@
 
 #include "analysis/ZyParseFktLists.h"
 #include "annotations/captions/ZyCaptionLayout.h"
+#include "annotations/captions/ZyCaptionText.h"
 #include "annotations/captions/ZyFont.h"
 #include "platform/framework/EnumInfo.h"
 
 namespace zy {
 
 class Graphics;
-
-/// A text in the caption language: see ParseVariables for its variables and TZyCaptionLayout for its markup.
-using TZyRichCaption = std::string;
-
-/// Text without the blanks, line breaks and other control characters at its end.
-TZyRichCaption TrimRight(const TZyRichCaption& Text);
 
 /// Which point of a caption's box lies on its anchor.
 enum class TZyContentAlignment {
@@ -65,7 +60,7 @@ class TZyRichCaptionObject : public TZyVariableDependent {
   float Width() const { return FLayout != nullptr ? FLayout->Width : 0; }
   float Height() const { return FLayout != nullptr ? FLayout->Height : 0; }
   /// The texts of all runs, with nothing between them, not even at line breaks.
-  const TZyRichCaption& PlainText() const;
+  const std::string& PlainText() const;
   /// The runs in the order of the text, and the widths of the lines in pixels; valid until the next change.
   std::span<const TZySubCaption> SubCaptions() const;
   std::span<const float> LineWidths() const;

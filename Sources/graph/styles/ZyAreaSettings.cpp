@@ -8,29 +8,29 @@ namespace zy {
 
 // Colours and visibility have no default: owners start with their own, and a reader could not tell.
 ZY_PUBLISHED(
-    TZyAreaSettings, TPersistent, Published<&TZyAreaSettings::Visible, &TZyAreaSettings::SetVisible>("Visible"),
-    Published<&TZyAreaSettings::AreaStyle, &TZyAreaSettings::SetAreaStyle>("AreaStyle", TZyAreaStyle::Total),
-    Published<&TZyAreaSettings::ForeColor, &TZyAreaSettings::SetForeColor>("ForeColor"),
-    Published<&TZyAreaSettings::BackColor, &TZyAreaSettings::SetBackColor>("BackColor"),
+    TZyAreaSettings, TPersistent,
+    Published<&TZyAreaSettings::Visible, &TZyAreaSettings::SetVisible>("Visible").Labelled(_sAreaVisible),
+    Published<&TZyAreaSettings::AreaStyle, &TZyAreaSettings::SetAreaStyle>("AreaStyle", TZyAreaStyle::Total)
+        .Labelled(_sAreaStyle),
+    Published<&TZyAreaSettings::ForeColor, &TZyAreaSettings::SetForeColor>("ForeColor").Labelled(_sAreaForeColor),
+    Published<&TZyAreaSettings::BackColor, &TZyAreaSettings::SetBackColor>("BackColor").Labelled(_sAreaBackColor),
     Published<static_cast<TZyGradientSettings& (TZyAreaSettings::*)()>(&TZyAreaSettings::Gradient)>("Gradient"))
 
 TZyAreaSettings::TZyAreaSettings(ModifiedCallback WhenModified)
-    : TZyStyleSettings(WhenModified), FGradient(std::move(WhenModified)) {}
+    : TZyStyleSettings(std::move(WhenModified)), FGradient([this] { Modified(); }) {}
 
-void TZyAreaSettings::SetVisible(bool Value) {
-  Change(this, FVisible, Value, _sAreaVisible, "Visible", &TZyAreaSettings::Modified);
-}
+void TZyAreaSettings::SetVisible(bool Value) { Change(this, FVisible, Value, "Visible", &TZyAreaSettings::Modified); }
 
 void TZyAreaSettings::SetAreaStyle(TZyAreaStyle Value) {
-  Change(this, FAreaStyle, Value, _sAreaStyle, "AreaStyle", &TZyAreaSettings::Modified);
+  Change(this, FAreaStyle, Value, "AreaStyle", &TZyAreaSettings::Modified);
 }
 
 void TZyAreaSettings::SetForeColor(TZyColor Value) {
-  Change(this, FForeColor, Value, _sAreaForeColor, "ForeColor", &TZyAreaSettings::Modified);
+  Change(this, FForeColor, Value, "ForeColor", &TZyAreaSettings::Modified);
 }
 
 void TZyAreaSettings::SetBackColor(TZyColor Value) {
-  Change(this, FBackColor, Value, _sAreaBackColor, "BackColor", &TZyAreaSettings::Modified);
+  Change(this, FBackColor, Value, "BackColor", &TZyAreaSettings::Modified);
 }
 
 void TZyAreaSettings::SetUndoStack(TZyUndoStack* Value) {
@@ -44,15 +44,5 @@ std::unique_ptr<Brush> TZyAreaSettings::GetBrush(const RectF& View) const {
 }
 
 std::unique_ptr<Brush> TZyAreaSettings::GetBrush(const TRect& View) const { return GetBrush(ToRectF(View)); }
-
-void TZyAreaSettings::Assign(const TPersistent* Source) {
-  const auto* const Other = dynamic_cast<const TZyAreaSettings*>(Source);
-  if (Other == nullptr) return TPersistent::Assign(Source);
-  FVisible = Other->FVisible;
-  FAreaStyle = Other->FAreaStyle;
-  FForeColor = Other->FForeColor;
-  FBackColor = Other->FBackColor;
-  FGradient.Assign(&Other->FGradient);  // tells the owner
-}
 
 }  // namespace zy

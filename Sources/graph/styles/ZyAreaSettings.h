@@ -20,7 +20,7 @@ class TZyAreaSettings : public TZyStyleSettings {
   void SetForeColor(TZyColor Value);
   TZyColor BackColor() const { return FBackColor; }
   void SetBackColor(TZyColor Value);
-  /// Its changes reach the owner of the area directly.
+  /// Its changes are changes of the area.
   TZyGradientSettings& Gradient() { return FGradient; }
   const TZyGradientSettings& Gradient() const { return FGradient; }
 
@@ -30,8 +30,6 @@ class TZyAreaSettings : public TZyStyleSettings {
   std::unique_ptr<Brush> GetBrush(const RectF& View) const;
   std::unique_ptr<Brush> GetBrush(const TRect& View) const;
 
-  /// Copies all values without undo, and tells the owner once.
-  void Assign(const TPersistent* Source) override;
   void SetUndoStack(TZyUndoStack* Value) override;
 
  private:

@@ -1,20 +1,40 @@
 #include "graph/styles/ZyArrowSettings.h"
 
+#include <limits>
+
 #include "platform/drawing/GraphicsPath.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
 
 namespace zy {
+namespace {
+
+constexpr double Longest = std::numeric_limits<float>::max();
+
+}  // namespace
 
 ZY_PUBLISHED(TZyArrowSettings, TZyLineSettings,
-             Published<&TZyArrowSettings::PointLength, &TZyArrowSettings::SetPointLength>("PointLength", 5.0f),
-             Published<&TZyArrowSettings::InnerLength, &TZyArrowSettings::SetInnerLength>("InnerLength", 3.0f),
-             Published<&TZyArrowSettings::PointHeight, &TZyArrowSettings::SetPointHeight>("PointHeight", 2.0f))
+             Published<&TZyArrowSettings::PointLength, &TZyArrowSettings::SetPointLength>("PointLength", 5.0f)
+                 .Labelled(_sArrowPointLength)
+                 .Clamped(MinArrowLength, Longest),
+             Published<&TZyArrowSettings::InnerLength, &TZyArrowSettings::SetInnerLength>("InnerLength", 3.0f)
+                 .Labelled(_sArrowInnerLength)
+                 .Clamped(MinArrowLength, Longest),
+             Published<&TZyArrowSettings::PointHeight, &TZyArrowSettings::SetPointHeight>("PointHeight", 2.0f)
+                 .Labelled(_sArrowPointHeight)
+                 .Clamped(MinArrowLength, Longest))
 ZY_PUBLISHED(TZyAxisArrowPoint, TPersistent,
-             Published<&TZyAxisArrowPoint::Visible, &TZyAxisArrowPoint::SetVisible>("Visible", false),
-             Published<&TZyAxisArrowPoint::PointLength, &TZyAxisArrowPoint::SetPointLength>("PointLength", 7.0f),
-             Published<&TZyAxisArrowPoint::InnerLength, &TZyAxisArrowPoint::SetInnerLength>("InnerLength", 5.0f),
-             Published<&TZyAxisArrowPoint::PointHeight, &TZyAxisArrowPoint::SetPointHeight>("PointHeight", 3.0f))
+             Published<&TZyAxisArrowPoint::Visible, &TZyAxisArrowPoint::SetVisible>("Visible", false)
+                 .Labelled(_sAxisArrowVisible),
+             Published<&TZyAxisArrowPoint::PointLength, &TZyAxisArrowPoint::SetPointLength>("PointLength", 7.0f)
+                 .Labelled(_sAxisArrowPointLength)
+                 .Clamped(MinArrowLength, Longest),
+             Published<&TZyAxisArrowPoint::InnerLength, &TZyAxisArrowPoint::SetInnerLength>("InnerLength", 5.0f)
+                 .Labelled(_sAxisArrowInnerLength)
+                 .Clamped(MinArrowLength, Longest),
+             Published<&TZyAxisArrowPoint::PointHeight, &TZyAxisArrowPoint::SetPointHeight>("PointHeight", 3.0f)
+                 .Labelled(_sAxisArrowPointHeight)
+                 .Clamped(MinArrowLength, Longest))
 
 namespace {
 
@@ -32,24 +52,18 @@ std::unique_ptr<CustomLineCap> MakeCap(const TSettings& Settings) {
 
 }  // namespace
 
-void TZyArrowSettings::SetLength(float& Field, float Value, TZyText Label, const char* PropName) {
-  if (Field == Value) return;
-  if (UndoStack() != nullptr) UndoStack()->PushProperty(this, LoadResString(Label), PropName);
-  Field = AtLeastMin(Value);
-  Modified();
+void TZyArrowSettings::SetLength(float& Field, float Value, const char* PropName) {
+  ChangeBy(this, Field, Value, PropName, [&](float Length) {
+    Field = AtLeastMin(Length);
+    Modified();
+  });
 }
 
-void TZyArrowSettings::SetPointLength(float Value) {
-  SetLength(FPointLength, Value, _sArrowPointLength, "PointLength");
-}
+void TZyArrowSettings::SetPointLength(float Value) { SetLength(FPointLength, Value, "PointLength"); }
 
-void TZyArrowSettings::SetInnerLength(float Value) {
-  SetLength(FInnerLength, Value, _sArrowInnerLength, "InnerLength");
-}
+void TZyArrowSettings::SetInnerLength(float Value) { SetLength(FInnerLength, Value, "InnerLength"); }
 
-void TZyArrowSettings::SetPointHeight(float Value) {
-  SetLength(FPointHeight, Value, _sArrowPointHeight, "PointHeight");
-}
+void TZyArrowSettings::SetPointHeight(float Value) { SetLength(FPointHeight, Value, "PointHeight"); }
 
 std::unique_ptr<TZyPen> TZyArrowSettings::GetPen(const RectF& View, float Angle) const {
   auto Result = TZyLineSettings::GetPen(View, Angle);
@@ -57,45 +71,25 @@ std::unique_ptr<TZyPen> TZyArrowSettings::GetPen(const RectF& View, float Angle)
   return Result;
 }
 
-void TZyArrowSettings::Assign(const TPersistent* Source) {
-  if (const auto* const Arrow = dynamic_cast<const TZyArrowSettings*>(Source)) {
-    FPointLength = Arrow->FPointLength;
-    FInnerLength = Arrow->FInnerLength;
-    FPointHeight = Arrow->FPointHeight;
-  }
-  TZyLineSettings::Assign(Source);
-}
-
-void TZyAxisArrowPoint::SetLength(float& Field, float Value, TZyText Label, const char* PropName) {
-  if (Field == Value) return;
-  if (UndoStack() != nullptr) UndoStack()->PushProperty(this, LoadResString(Label), PropName);
-  Field = AtLeastMin(Value);
-  Modified();
-}
-
 void TZyAxisArrowPoint::SetVisible(bool Value) {
-  Change(this, FVisible, Value, _sAxisArrowVisible, "Visible", &TZyAxisArrowPoint::Modified);
+  Change(this, FVisible, Value, "Visible", &TZyAxisArrowPoint::Modified);
 }
 
-void TZyAxisArrowPoint::SetPointLength(float Value) {
-  SetLength(FPointLength, Value, _sAxisArrowPointLength, "PointLength");
+void TZyAxisArrowPoint::SetLength(float& Field, float Value, const char* PropName) {
+  ChangeBy(this, Field, Value, PropName, [&](float Length) {
+    Field = AtLeastMin(Length);
+    Modified();
+  });
 }
 
-void TZyAxisArrowPoint::SetInnerLength(float Value) {
-  SetLength(FInnerLength, Value, _sAxisArrowInnerLength, "InnerLength");
-}
+void TZyAxisArrowPoint::SetPointLength(float Value) { SetLength(FPointLength, Value, "PointLength"); }
 
-void TZyAxisArrowPoint::SetPointHeight(float Value) {
-  SetLength(FPointHeight, Value, _sAxisArrowPointHeight, "PointHeight");
-}
+void TZyAxisArrowPoint::SetInnerLength(float Value) { SetLength(FInnerLength, Value, "InnerLength"); }
+
+void TZyAxisArrowPoint::SetPointHeight(float Value) { SetLength(FPointHeight, Value, "PointHeight"); }
 
 void TZyAxisArrowPoint::Assign(const TPersistent* Source) {
-  const auto* const Other = dynamic_cast<const TZyAxisArrowPoint*>(Source);
-  if (Other == nullptr) return TPersistent::Assign(Source);
-  FVisible = Other->FVisible;
-  FPointLength = Other->FPointLength;
-  FInnerLength = Other->FInnerLength;
-  FPointHeight = Other->FPointHeight;
+  if (!CopyFrom(Source)) TPersistent::Assign(Source);
 }
 
 std::unique_ptr<CustomLineCap> ArrowPointCap(const TZyArrowSettings& Settings) { return MakeCap(Settings); }

@@ -3,7 +3,6 @@
 #include <memory>
 
 #include "graph/styles/ZyLineSettings.h"
-#include "texts/ZyLocalize.h"
 
 namespace zy {
 
@@ -26,11 +25,9 @@ class TZyArrowSettings : public TZyLineSettings {
   using TZyLineSettings::GetPen;
   /// A pen that draws the tip at the end of each line.
   std::unique_ptr<TZyPen> GetPen(const RectF& View, float Angle) const override;
-  /// Also copies the three lengths of another arrow.
-  void Assign(const TPersistent* Source) override;
 
  private:
-  void SetLength(float& Field, float Value, TZyText Label, const char* PropName);
+  void SetLength(float& Field, float Value, const char* PropName);
 
   float FPointLength = 5;
   float FInnerLength = 3;
@@ -55,7 +52,7 @@ class TZyAxisArrowPoint : public TZyStyleSettings {
   void Assign(const TPersistent* Source) override;
 
  private:
-  void SetLength(float& Field, float Value, TZyText Label, const char* PropName);
+  void SetLength(float& Field, float Value, const char* PropName);
 
   bool FVisible = false;
   float FPointLength = 7;

@@ -11,15 +11,28 @@ namespace zy {
 
 ZY_PUBLISHED(
     TZyGradientSettings, TPersistent,
-    Published<&TZyGradientSettings::Visible, &TZyGradientSettings::SetVisible>("Visible", false),
-    Published<&TZyGradientSettings::Style, &TZyGradientSettings::SetStyle>("Style", TZyGradientStyle::Linear),
-    Published<&TZyGradientSettings::FirstColor, &TZyGradientSettings::SetFirstColor>("FirstColor", 0xFFD3D3D3),
-    Published<&TZyGradientSettings::MiddleColor, &TZyGradientSettings::SetMiddleColor>("MiddleColor", 0xFFB0B0B0),
-    Published<&TZyGradientSettings::LastColor, &TZyGradientSettings::SetLastColor>("LastColor", 0xFF808080),
-    Published<&TZyGradientSettings::LinearAngle, &TZyGradientSettings::SetLinearAngle>("LinearAngle", 0.0f),
-    Published<&TZyGradientSettings::LinearCenter, &TZyGradientSettings::SetLinearCenter>("LinearCenter", 0.5f),
-    Published<&TZyGradientSettings::RadialCenterX, &TZyGradientSettings::SetRadialCenterX>("RadialCenterX", 0.5f),
-    Published<&TZyGradientSettings::RadialCenterY, &TZyGradientSettings::SetRadialCenterY>("RadialCenterY", 0.5f))
+    Published<&TZyGradientSettings::Visible, &TZyGradientSettings::SetVisible>("Visible", false)
+        .Labelled(_sGradientVisible),
+    Published<&TZyGradientSettings::Style, &TZyGradientSettings::SetStyle>("Style", TZyGradientStyle::Linear)
+        .Labelled(_sGradientStyle),
+    Published<&TZyGradientSettings::FirstColor, &TZyGradientSettings::SetFirstColor>("FirstColor", 0xFFD3D3D3)
+        .Labelled(_sGradientFirstColor),
+    Published<&TZyGradientSettings::MiddleColor, &TZyGradientSettings::SetMiddleColor>("MiddleColor", 0xFFB0B0B0)
+        .Labelled(_sGradientMiddleColor),
+    Published<&TZyGradientSettings::LastColor, &TZyGradientSettings::SetLastColor>("LastColor", 0xFF808080)
+        .Labelled(_sGradientLastColor),
+    Published<&TZyGradientSettings::LinearAngle, &TZyGradientSettings::SetLinearAngle>("LinearAngle", 0.0f)
+        .Labelled(_sGradientLinearAngle)
+        .Clamped(0, 360),
+    Published<&TZyGradientSettings::LinearCenter, &TZyGradientSettings::SetLinearCenter>("LinearCenter", 0.5f)
+        .Labelled(_sGradientLinearCenter)
+        .Clamped(0, 1),
+    Published<&TZyGradientSettings::RadialCenterX, &TZyGradientSettings::SetRadialCenterX>("RadialCenterX", 0.5f)
+        .Labelled(_sGradientRadialCenterX)
+        .Clamped(0, 1),
+    Published<&TZyGradientSettings::RadialCenterY, &TZyGradientSettings::SetRadialCenterY>("RadialCenterY", 0.5f)
+        .Labelled(_sGradientRadialCenterY)
+        .Clamped(0, 1))
 
 namespace {
 
@@ -29,42 +42,40 @@ float Fraction(float Value) { return Value > 0 ? std::min(Value, 1.0f) : 0.0f; }
 }  // namespace
 
 void TZyGradientSettings::SetVisible(bool Value) {
-  Change(this, FVisible, Value, _sGradientVisible, "Visible", &TZyGradientSettings::Modified);
+  Change(this, FVisible, Value, "Visible", &TZyGradientSettings::Modified);
 }
 
 void TZyGradientSettings::SetStyle(TZyGradientStyle Value) {
-  Change(this, FStyle, Value, _sGradientStyle, "Style", &TZyGradientSettings::Modified);
+  Change(this, FStyle, Value, "Style", &TZyGradientSettings::Modified);
 }
 
 void TZyGradientSettings::SetFirstColor(TZyColor Value) {
-  Change(this, FFirstColor, Value, _sGradientFirstColor, "FirstColor", &TZyGradientSettings::Modified);
+  Change(this, FFirstColor, Value, "FirstColor", &TZyGradientSettings::Modified);
 }
 
 void TZyGradientSettings::SetMiddleColor(TZyColor Value) {
-  Change(this, FMiddleColor, Value, _sGradientMiddleColor, "MiddleColor", &TZyGradientSettings::Modified);
+  Change(this, FMiddleColor, Value, "MiddleColor", &TZyGradientSettings::Modified);
 }
 
 void TZyGradientSettings::SetLastColor(TZyColor Value) {
-  Change(this, FLastColor, Value, _sGradientLastColor, "LastColor", &TZyGradientSettings::Modified);
+  Change(this, FLastColor, Value, "LastColor", &TZyGradientSettings::Modified);
 }
 
 void TZyGradientSettings::SetLinearAngle(float Value) {
   const auto Angle = static_cast<float>(FitTo360Degrees(static_cast<double>(Value)));
-  Change(this, FLinearAngle, Angle, _sGradientLinearAngle, "LinearAngle", &TZyGradientSettings::Modified);
+  Change(this, FLinearAngle, Angle, "LinearAngle", &TZyGradientSettings::Modified);
 }
 
 void TZyGradientSettings::SetLinearCenter(float Value) {
-  Change(this, FLinearCenter, Fraction(Value), _sGradientLinearCenter, "LinearCenter", &TZyGradientSettings::Modified);
+  Change(this, FLinearCenter, Fraction(Value), "LinearCenter", &TZyGradientSettings::Modified);
 }
 
 void TZyGradientSettings::SetRadialCenterX(float Value) {
-  Change(this, FRadialCenter.X, Fraction(Value), _sGradientRadialCenterX, "RadialCenterX",
-         &TZyGradientSettings::Modified);
+  Change(this, FRadialCenter.X, Fraction(Value), "RadialCenterX", &TZyGradientSettings::Modified);
 }
 
 void TZyGradientSettings::SetRadialCenterY(float Value) {
-  Change(this, FRadialCenter.Y, Fraction(Value), _sGradientRadialCenterY, "RadialCenterY",
-         &TZyGradientSettings::Modified);
+  Change(this, FRadialCenter.Y, Fraction(Value), "RadialCenterY", &TZyGradientSettings::Modified);
 }
 
 std::unique_ptr<Brush> TZyGradientSettings::GetBrush(const RectF& View, float Angle) const {
@@ -81,20 +92,6 @@ std::unique_ptr<Brush> TZyGradientSettings::GetBrush(const RectF& View, float An
 
 std::unique_ptr<Brush> TZyGradientSettings::GetBrush(const TRect& View, float Angle) const {
   return GetBrush(ToRectF(View), Angle);
-}
-
-void TZyGradientSettings::Assign(const TPersistent* Source) {
-  const auto* const Other = dynamic_cast<const TZyGradientSettings*>(Source);
-  if (Other == nullptr) return TPersistent::Assign(Source);
-  FVisible = Other->FVisible;
-  FStyle = Other->FStyle;
-  FFirstColor = Other->FFirstColor;
-  FMiddleColor = Other->FMiddleColor;
-  FLastColor = Other->FLastColor;
-  FLinearAngle = Other->FLinearAngle;
-  FLinearCenter = Other->FLinearCenter;
-  FRadialCenter = Other->FRadialCenter;
-  Modified();
 }
 
 }  // namespace zy

@@ -46,9 +46,6 @@ class TZyGradientSettings : public TZyStyleSettings {
   std::unique_ptr<Brush> GetBrush(const RectF& View, float Angle) const;
   std::unique_ptr<Brush> GetBrush(const TRect& View, float Angle) const;
 
-  /// Copies all values without undo, and tells the owner once.
-  void Assign(const TPersistent* Source) override;
-
  private:
   bool FVisible = false;
   TZyGradientStyle FStyle = TZyGradientStyle::Linear;

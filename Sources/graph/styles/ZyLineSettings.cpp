@@ -9,27 +9,28 @@ namespace zy {
 // Colour, dash style and visibility have no default: owners start with their own, and a reader could not tell.
 ZY_PUBLISHED(
     TZySimpleLineSettings, TPersistent,
-    Published<&TZySimpleLineSettings::Color, &TZySimpleLineSettings::SetColor>("Color"),
-    Published<&TZySimpleLineSettings::DashStyle, &TZySimpleLineSettings::SetDashStyle>("DashStyle"),
-    Published<&TZySimpleLineSettings::Width, &TZySimpleLineSettings::SetWidth>("Width", 1.0f),
+    Published<&TZySimpleLineSettings::Color, &TZySimpleLineSettings::SetColor>("Color").Labelled(_sLineColor),
+    Published<&TZySimpleLineSettings::DashStyle, &TZySimpleLineSettings::SetDashStyle>("DashStyle")
+        .Labelled(_sDashStyle),
+    Published<&TZySimpleLineSettings::Width, &TZySimpleLineSettings::SetWidth>("Width", 1.0f).Labelled(_sLineWidth),
     Published<static_cast<TZyGradientSettings& (TZySimpleLineSettings::*)()>(&TZySimpleLineSettings::Gradient)>(
         "Gradient"))
 ZY_PUBLISHED(TZyLineSettings, TZySimpleLineSettings,
-             Published<&TZyLineSettings::Visible, &TZyLineSettings::SetVisible>("Visible"))
+             Published<&TZyLineSettings::Visible, &TZyLineSettings::SetVisible>("Visible").Labelled(_sLineVisible))
 
 TZySimpleLineSettings::TZySimpleLineSettings(ModifiedCallback WhenModified)
-    : TZyStyleSettings(WhenModified), FGradient(std::move(WhenModified)) {}
+    : TZyStyleSettings(std::move(WhenModified)), FGradient([this] { Modified(); }) {}
 
 void TZySimpleLineSettings::SetColor(TZyColor Value) {
-  Change(this, FColor, Value, _sLineColor, "Color", &TZySimpleLineSettings::Modified);
+  Change(this, FColor, Value, "Color", &TZySimpleLineSettings::Modified);
 }
 
 void TZySimpleLineSettings::SetDashStyle(TDashStyle Value) {
-  Change(this, FDashStyle, Value, _sDashStyle, "DashStyle", &TZySimpleLineSettings::Modified);
+  Change(this, FDashStyle, Value, "DashStyle", &TZySimpleLineSettings::Modified);
 }
 
 void TZySimpleLineSettings::SetWidth(float Value) {
-  Change(this, FWidth, Value, _sLineWidth, "Width", &TZySimpleLineSettings::Modified);
+  Change(this, FWidth, Value, "Width", &TZySimpleLineSettings::Modified);
 }
 
 void TZySimpleLineSettings::SetUndoStack(TZyUndoStack* Value) {
@@ -49,18 +50,7 @@ std::unique_ptr<TZyPen> TZySimpleLineSettings::GetPen(const TRect& View, float A
   return GetPen(ToRectF(View), Angle);
 }
 
-void TZySimpleLineSettings::Assign(const TPersistent* Source) {
-  const auto* const Line = dynamic_cast<const TZySimpleLineSettings*>(Source);
-  if (Line == nullptr) return TPersistent::Assign(Source);
-  FDashStyle = Line->FDashStyle;
-  FColor = Line->FColor;
-  FWidth = Line->FWidth;
-  FGradient.Assign(&Line->FGradient);  // tells the owner
-}
-
-void TZyLineSettings::SetVisible(bool Value) {
-  Change(this, FVisible, Value, _sLineVisible, "Visible", &TZyLineSettings::Modified);
-}
+void TZyLineSettings::SetVisible(bool Value) { Change(this, FVisible, Value, "Visible", &TZyLineSettings::Modified); }
 
 void TZyLineSettings::Assign(const TPersistent* Source) {
   if (const auto* const Line = dynamic_cast<const TZyLineSettings*>(Source)) SetVisible(Line->FVisible);

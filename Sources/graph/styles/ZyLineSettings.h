@@ -18,7 +18,7 @@ class TZySimpleLineSettings : public TZyStyleSettings {
   void SetDashStyle(TDashStyle Value);
   float Width() const { return FWidth; }
   void SetWidth(float Value);
-  /// Its changes reach the owner of the line directly.
+  /// Its changes are changes of the line.
   TZyGradientSettings& Gradient() { return FGradient; }
   const TZyGradientSettings& Gradient() const { return FGradient; }
 
@@ -27,8 +27,6 @@ class TZySimpleLineSettings : public TZyStyleSettings {
   virtual std::unique_ptr<TZyPen> GetPen(const RectF& View, float Angle) const;
   std::unique_ptr<TZyPen> GetPen(const TRect& View, float Angle) const;
 
-  /// Copies colour, width, dash style and gradient without undo, and tells the owner once.
-  void Assign(const TPersistent* Source) override;
   void SetUndoStack(TZyUndoStack* Value) override;
 
  protected:
@@ -48,7 +46,7 @@ class TZyLineSettings : public TZySimpleLineSettings {
 
   bool Visible() const { return FVisible; }
   void SetVisible(bool Value);
-  /// Also copies Visible, through its setter.
+  /// Visible is copied through its setter, which is a step of its own that can be undone.
   void Assign(const TPersistent* Source) override;
 };
 

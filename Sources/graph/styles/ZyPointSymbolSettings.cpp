@@ -7,49 +7,42 @@ namespace zy {
 
 // Symbol, colours and visibility have no default: owners start with their own, and a reader could not tell.
 ZY_PUBLISHED(TZyPointSymbolSettings, TPersistent,
-             Published<&TZyPointSymbolSettings::Visible, &TZyPointSymbolSettings::SetVisible>("Visible"),
-             Published<&TZyPointSymbolSettings::Size, &TZyPointSymbolSettings::SetSize>("Size", 11.0f),
+             Published<&TZyPointSymbolSettings::Visible, &TZyPointSymbolSettings::SetVisible>("Visible").Labelled(
+                 _sPointSymbolVisible),
+             Published<&TZyPointSymbolSettings::Size, &TZyPointSymbolSettings::SetSize>("Size", 11.0f)
+                 .Labelled(_sPointSymbolSize),
              Published<&TZyPointSymbolSettings::BorderLineWidth, &TZyPointSymbolSettings::SetBorderLineWidth>(
-                 "BorderLineWidth", 1.0f),
-             Published<&TZyPointSymbolSettings::BorderColor, &TZyPointSymbolSettings::SetBorderColor>("BorderColor"),
-             Published<&TZyPointSymbolSettings::FillColor, &TZyPointSymbolSettings::SetFillColor>("FillColor"),
-             Published<&TZyPointSymbolSettings::PointSymbol, &TZyPointSymbolSettings::SetPointSymbol>("PointSymbol"))
+                 "BorderLineWidth", 1.0f)
+                 .Labelled(_sPointSymbolBorderLineWidth),
+             Published<&TZyPointSymbolSettings::BorderColor, &TZyPointSymbolSettings::SetBorderColor>("BorderColor")
+                 .Labelled(_sPointSymbolBorderColor),
+             Published<&TZyPointSymbolSettings::FillColor, &TZyPointSymbolSettings::SetFillColor>("FillColor")
+                 .Labelled(_sPointSymbolFillColor),
+             Published<&TZyPointSymbolSettings::PointSymbol, &TZyPointSymbolSettings::SetPointSymbol>("PointSymbol")
+                 .Labelled(_sPointSymbolPointSymbol))
 
 void TZyPointSymbolSettings::SetVisible(bool Value) {
-  Change(this, FVisible, Value, _sPointSymbolVisible, "Visible", &TZyPointSymbolSettings::Modified);
+  Change(this, FVisible, Value, "Visible", &TZyPointSymbolSettings::Modified);
 }
 
 void TZyPointSymbolSettings::SetSize(float Value) {
-  Change(this, FSize, Value, _sPointSymbolSize, "Size", &TZyPointSymbolSettings::Modified);
+  Change(this, FSize, Value, "Size", &TZyPointSymbolSettings::Modified);
 }
 
 void TZyPointSymbolSettings::SetBorderLineWidth(float Value) {
-  Change(this, FBorderLineWidth, Value, _sPointSymbolBorderLineWidth, "BorderLineWidth",
-         &TZyPointSymbolSettings::Modified);
+  Change(this, FBorderLineWidth, Value, "BorderLineWidth", &TZyPointSymbolSettings::Modified);
 }
 
 void TZyPointSymbolSettings::SetBorderColor(TZyColor Value) {
-  Change(this, FBorderColor, Value, _sPointSymbolBorderColor, "BorderColor", &TZyPointSymbolSettings::Modified);
+  Change(this, FBorderColor, Value, "BorderColor", &TZyPointSymbolSettings::Modified);
 }
 
 void TZyPointSymbolSettings::SetFillColor(TZyColor Value) {
-  Change(this, FFillColor, Value, _sPointSymbolFillColor, "FillColor", &TZyPointSymbolSettings::Modified);
+  Change(this, FFillColor, Value, "FillColor", &TZyPointSymbolSettings::Modified);
 }
 
 void TZyPointSymbolSettings::SetPointSymbol(TZyPointSymbol Value) {
-  Change(this, FPointSymbol, Value, _sPointSymbolPointSymbol, "PointSymbol", &TZyPointSymbolSettings::Modified);
-}
-
-void TZyPointSymbolSettings::Assign(const TPersistent* Source) {
-  const auto* const Other = dynamic_cast<const TZyPointSymbolSettings*>(Source);
-  if (Other == nullptr) return TPersistent::Assign(Source);
-  FVisible = Other->FVisible;
-  FSize = Other->FSize;
-  FBorderLineWidth = Other->FBorderLineWidth;
-  FBorderColor = Other->FBorderColor;
-  FFillColor = Other->FFillColor;
-  FPointSymbol = Other->FPointSymbol;
-  Modified();
+  Change(this, FPointSymbol, Value, "PointSymbol", &TZyPointSymbolSettings::Modified);
 }
 
 }  // namespace zy

@@ -26,9 +26,6 @@ class TZyPointSymbolSettings : public TZyStyleSettings {
   TZyPointSymbol PointSymbol() const { return FPointSymbol; }
   void SetPointSymbol(TZyPointSymbol Value);
 
-  /// Copies all values without undo, and tells the owner once.
-  void Assign(const TPersistent* Source) override;
-
  private:
   bool FVisible = true;
   float FSize = 11;

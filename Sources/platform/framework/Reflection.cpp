@@ -8,32 +8,6 @@
 
 namespace zy {
 
-namespace detail {
-
-void OrdinalOutOfRange(const char* PropName, std::int64_t Value) {
-  throw ERangeError(Format(LoadResString(_sPropOutOfRange), {Value, PropName}));
-}
-
-void WrongObject(const char* PropName, const TPersistent* Value) {
-  throw EConvertError(
-      Format(LoadResString(_sPropWrongObject), {PropName, Value == nullptr ? "nil" : Value->ClassName()}));
-}
-
-}  // namespace detail
-
-bool TPropInfo::IsDefault(const TObject& Instance) const {
-  if (!HasDefault()) return false;
-  if (GetOrd != nullptr) return GetOrd(Instance) == FDefault.AsInteger();
-  if (GetFloat != nullptr) return GetFloat(Instance) == FDefault.AsReal();
-  if (GetStr != nullptr) return GetStr(Instance) == FDefault.AsText();
-  return GetVariant != nullptr && GetVariant(Instance) == FDefault;
-}
-
-TPropInfo TPropInfo::NotStored() && {
-  FStored = [](const TObject&) { return false; };
-  return std::move(*this);
-}
-
 namespace {
 
 [[noreturn]] void WrongKind(const TObject& Instance, const TPropInfo& Info, std::string_view Wanted) {
@@ -60,12 +34,21 @@ std::int64_t OrdinalOfNames(const TPropInfo& Info, std::string_view Names) {
   while (!Rest.empty()) {
     const std::string_view Name = Rest.substr(0, Rest.find(','));
     const std::size_t Index = IndexOfName(Info, Name);
-    if (Index == Info.Values->Values.size())
-      throw EConvertError(Format(LoadResString(_sPropUnknownValue), {Name, Info.Name}));
+    if (Index == Info.Values->Values.size()) Info.Refuse<EConvertError>(Name);
     Bits |= std::int64_t{1} << Index;
     Rest.remove_prefix(std::min(Rest.size(), Name.size() + 1));
   }
   return Bits;
+}
+
+/// The number of a value; the error for what is none names the property and what it takes.
+template <class TNumber>
+TNumber Converted(const TPropInfo& Info, const TVariant& Value, TNumber (TVariant::*Conversion)() const) {
+  try {
+    return (Value.*Conversion)();
+  } catch (const EConvertError&) {
+    Info.Refuse<EConvertError>(Value.IsArray() ? std::string("array") : Value.AsText());
+  }
 }
 
 }  // namespace
@@ -87,7 +70,11 @@ std::int64_t OrdinalFromText(const TPropInfo& Info, std::string_view Text) {
     const std::size_t Index = IndexOfName(Info, Text);
     if (Index < Info.Values->Values.size()) return static_cast<std::int64_t>(Index);
   }
-  return StrToInt(Text);
+  try {
+    return StrToInt(Text);
+  } catch (const EConvertError&) {
+    Info.Refuse<EConvertError>(Text);
+  }
 }
 
 TVariant GetPropValue(const TObject& Instance, std::string_view PropName) {
@@ -105,10 +92,11 @@ TVariant GetPropValue(const TObject& Instance, std::string_view PropName) {
 
 void SetPropValue(TObject& Instance, std::string_view PropName, const TVariant& Value) {
   const TPropInfo& Info = FindPropInfo(Instance, PropName);
-  if (Info.SetOrd != nullptr) {
-    Info.SetOrd(Instance, Value.IsText() ? OrdinalFromText(Info, Value.AsText()) : Value.AsInteger());
-  } else if (Info.SetFloat != nullptr) {
-    Info.SetFloat(Instance, Value.AsReal());
+  if (Info.GetOrd != nullptr) {
+    Info.SetOrd(Instance,
+                Value.IsText() ? OrdinalFromText(Info, Value.AsText()) : Converted(Info, Value, &TVariant::AsInteger));
+  } else if (Info.GetFloat != nullptr) {
+    Info.SetFloat(Instance, Converted(Info, Value, &TVariant::AsReal));
   } else if (Info.SetStr != nullptr) {
     Info.SetStr(Instance, Value.AsText());
   } else if (Info.SetVariant != nullptr) {
@@ -118,12 +106,39 @@ void SetPropValue(TObject& Instance, std::string_view PropName, const TVariant& 
   }
 }
 
+/// The nearest class that both are or descend from.
+static const TClassInfo& CommonClass(const TClassInfo& Left, const TClassInfo& Right) {
+  const TClassInfo* Common = &Left;
+  while (!Right.InheritsFrom(*Common)) Common = Common->Parent();
+  return *Common;
+}
+
+bool CopyProperties(const TPersistent& Source, TPersistent& Dest) {
+  const auto& Rows = CommonClass(Source.ClassInfo(), Dest.ClassInfo()).Properties();
+  for (const TPropInfo* Row : Rows) {
+    if (Row->IsNeverStored()) continue;
+    if (Row->GetOrd != nullptr) {
+      Row->SetOrd(Dest, Row->GetOrd(Source));
+    } else if (Row->GetFloat != nullptr) {
+      Row->SetFloat(Dest, Row->GetFloat(Source));
+    } else if (Row->GetStr != nullptr) {
+      Row->SetStr(Dest, Row->GetStr(Source));
+    } else if (Row->GetObject != nullptr) {
+      TPersistent* const Value = Row->GetObject(const_cast<TPersistent&>(Source));  // asking changes nothing
+      if (Value != nullptr || !(Row->IsOwnedObject || Row->IsReadOnly)) Row->SetObject(Dest, Value);
+    } else if (Row->GetVariant != nullptr) {
+      Row->SetVariant(Dest, Row->GetVariant(Source));
+    }
+  }
+  return !Rows.empty();
+}
+
 std::int64_t GetOrdProp(const TObject& Instance, std::string_view PropName) {
   return Typed(Instance, PropName, &TPropInfo::GetOrd, "ordinal").GetOrd(Instance);
 }
 
 void SetOrdProp(TObject& Instance, std::string_view PropName, std::int64_t Value) {
-  Typed(Instance, PropName, &TPropInfo::SetOrd, "ordinal").SetOrd(Instance, Value);
+  Typed(Instance, PropName, &TPropInfo::GetOrd, "ordinal").SetOrd(Instance, Value);
 }
 
 std::int64_t GetInt64Prop(const TObject& Instance, std::string_view PropName) { return GetOrdProp(Instance, PropName); }
@@ -137,7 +152,7 @@ double GetFloatProp(const TObject& Instance, std::string_view PropName) {
 }
 
 void SetFloatProp(TObject& Instance, std::string_view PropName, double Value) {
-  Typed(Instance, PropName, &TPropInfo::SetFloat, "real").SetFloat(Instance, Value);
+  Typed(Instance, PropName, &TPropInfo::GetFloat, "real").SetFloat(Instance, Value);
 }
 
 std::string GetStrProp(const TObject& Instance, std::string_view PropName) {
@@ -174,8 +189,7 @@ void SetEnumProp(TObject& Instance, std::string_view PropName, std::string_view 
   const TPropInfo& Info = FindPropInfo(Instance, PropName);
   if (Info.Kind != TPropKind::Enumeration) WrongKind(Instance, Info, "enumeration");
   const std::size_t Index = IndexOfName(Info, ValueName);
-  if (Index == Info.Values->Values.size())
-    throw EConvertError(Format(LoadResString(_sPropUnknownValue), {ValueName, Info.Name}));
+  if (Index == Info.Values->Values.size()) Info.Refuse<EConvertError>(ValueName);
   Info.SetOrd(Instance, static_cast<std::int64_t>(Index));
 }
 

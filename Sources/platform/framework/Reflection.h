@@ -26,6 +26,11 @@ TVariant GetPropValue(const TObject& Instance, std::string_view PropName);
 /// sets also take the text of their value names. Throws EFilerError, EConvertError or ERangeError; then nothing is set.
 void SetPropValue(TObject& Instance, std::string_view PropName, const TVariant& Value);
 
+/// Writes the values of all properties that both objects have from their nearest common class, through the setters of
+/// Dest. Leaves out events and what a class never stores. Returns false, and does nothing, when they have no class with
+/// properties in common.
+bool CopyProperties(const TPersistent& Source, TPersistent& Dest);
+
 /// The typed forms work on one kind each and throw EConvertError, naming property and kind, for any other.
 std::int64_t GetOrdProp(const TObject& Instance, std::string_view PropName);
 void SetOrdProp(TObject& Instance, std::string_view PropName, std::int64_t Value);

@@ -36,7 +36,7 @@ TComponent::~TComponent() {
   Destroying();
   DestroyComponents();
   // References and notices that were set up after the announcement.
-  while (!FRefs.empty()) FRefs.back()->Point(nullptr);
+  while (FRefs != nullptr) FRefs->Drop();
   for (const TNotice& Notice : FNotices) Notice.Component->ReleaseNotice(this, true);
   if (FOwner != nullptr) FOwner->RemoveComponent(this);
 }
@@ -135,10 +135,11 @@ void TComponent::Destroying() {
 
 void TComponent::AnnounceRemoval() {
   FRemovalAnnounced = true;
-  while (!FRefs.empty()) {
-    TRefBase* const Ref = FRefs.back();
+  while (FRefs != nullptr) {
+    TRefBase* const Ref = FRefs;  // each step may clear it, or end its holder
     Ref->FHolder.Notification(this, TOperation::Remove);
-    if (!FRefs.empty() && FRefs.back() == Ref) Ref->Point(nullptr);
+    if (FRefs == Ref && !Ref->FHolder.IsDestroying()) Ref->ClearBySetter();
+    if (FRefs == Ref) Ref->Drop();
   }
   while (!FNotices.empty()) {
     TComponent* const Partner = FNotices.back().Component;
@@ -160,9 +161,17 @@ void TComponent::Notification(TComponent*, TOperation) {}
 
 void TRefBase::Point(TComponent* Target) {
   if (Target == FTarget) return;
-  if (FTarget != nullptr) EraseLast(FTarget->FRefs, this);
+  if (FTarget != nullptr) {
+    (FPrevious != nullptr ? FPrevious->FNext : FTarget->FRefs) = FNext;
+    if (FNext != nullptr) FNext->FPrevious = FPrevious;
+  }
   FTarget = Target;
-  if (FTarget != nullptr) FTarget->FRefs.push_back(this);
+  FPrevious = FNext = nullptr;
+  if (FTarget != nullptr) {
+    FNext = FTarget->FRefs;
+    if (FNext != nullptr) FNext->FPrevious = this;
+    FTarget->FRefs = this;
+  }
 }
 
 }  // namespace zy

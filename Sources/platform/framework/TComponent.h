@@ -81,7 +81,7 @@ class TComponent : public TPersistent {
 
  protected:
   /// Hears of components that enter or leave the owned ones, and of the death of components that were asked for.
-  /// An override calls the inherited operation and clears its references through their setters.
+  /// An override calls the inherited operation. A TRef with a setter clears itself, see there.
   virtual void Notification(TComponent* AComponent, TOperation Operation);
   /// For SetName: stores a checked name.
   void ChangeName(const std::string& Value);
@@ -104,7 +104,7 @@ class TComponent : public TPersistent {
   std::vector<TComponent*> FComponents;
   std::unordered_map<std::string_view, TComponent*> FNames;  // keys are views of the components' own FName
   std::vector<TNotice> FNotices;
-  std::vector<TRefBase*> FRefs;
+  TRefBase* FRefs = nullptr;  // the references to this component, the latest first
   bool FDesigning = false;
   bool FLoading = false;
   bool FReading = false;

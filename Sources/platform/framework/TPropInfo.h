@@ -2,10 +2,10 @@
 
 #include <concepts>
 #include <cstdint>
-#include <functional>
 #include <limits>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -15,8 +15,17 @@
 #include "platform/framework/TObject.h"
 #include "platform/framework/TPersistent.h"
 #include "platform/framework/TVariant.h"
+#include "platform/framework/TypeName.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
+
+namespace detail {
+
+template <auto Getter, auto Setter>
+struct TPropRow;
+
+}  // namespace detail
 
 /// Kinds of published properties.
 enum class TPropKind {
@@ -33,14 +42,19 @@ enum class TPropKind {
   Variant       ///< TVariant
 };
 
-/// One published property of a class: its name and kind, how it is read and written, when it is stored.
+/// One published property of a class: its name, kind and type, what it may be, how it is read and written, when it is
+/// stored, and what a change of it is called.
 ///
-/// Only the accessors of the property's own kind are set: ordinal ones for Integer, Char, Enumeration, Set and Int64;
+/// Only the accessors of the property's own kind are there: ordinal ones for Integer, Char, Enumeration, Set and Int64;
 /// float, string, object; and variant ones for DynArray and Variant. Writing runs the property's setter.
 class TPropInfo {
  public:
   const char* Name = nullptr;
   TPropKind Kind = TPropKind::Variant;
+  /// Name of the type, see zy::TypeName: "Single", "TZyColor", the name of an enumeration, a class or a handler.
+  std::string_view (*TypeName)() = nullptr;
+  /// What a change is called in the list of steps that can be undone; nothing for what is not logged by itself.
+  std::optional<TZyText> Label;
   /// Value names of an Enumeration or a Set, else null.
   const TEnumInfo* Values = nullptr;
   /// Declared class of a Class property, else null. A function, since tables may refer to each other.
@@ -51,21 +65,33 @@ class TPropInfo {
   bool IsReadOnly = false;
   /// A Float of 32 bits.
   bool IsSingle = false;
+  /// Lowest and highest value of an ordinal or a Float: those of its type, unless the row tells others. Those of an
+  /// Int64 are rounded.
+  double Lowest = 0, Highest = 0;
   /// Whether the property is listed, streamed and found by GetPropInfo; see Hidden and Republished.
   bool IsPublished = true;
   /// Not a property, but the names of inherited ones that this class publishes; see Republished.
   bool IsRepublished = false;
 
   std::int64_t (*GetOrd)(const TObject&) = nullptr;
-  void (*SetOrd)(TObject&, std::int64_t) = nullptr;
   double (*GetFloat)(const TObject&) = nullptr;
-  void (*SetFloat)(TObject&, double) = nullptr;
   std::string (*GetStr)(const TObject&) = nullptr;
   void (*SetStr)(TObject&, const std::string&) = nullptr;
   TPersistent* (*GetObject)(TObject&) = nullptr;
   void (*SetObject)(TObject&, TPersistent*) = nullptr;
   TVariant (*GetVariant)(const TObject&) = nullptr;
   void (*SetVariant)(TObject&, const TVariant&) = nullptr;
+  /// Writes an ordinal. Throws ERangeError, with property, value and what is allowed, for one that does not fit.
+  void SetOrd(TObject& Instance, std::int64_t Value) const;
+  /// Writes a Float, likewise. What is no number and infinities fit where no limits are told.
+  void SetFloat(TObject& Instance, double Value) const;
+  /// Throws ERangeError, likewise, for a Float that does not fit; for setters that refuse it whoever calls them.
+  void TestFloat(double Value) const;
+  /// Throws TError with property, value and what is allowed: value names or limits.
+  template <class TError>
+  [[noreturn]] void Refuse(std::string_view Value) const {
+    throw TError(RefusalText(Value));
+  }
 
   /// Values equal to the default are not streamed. A property without one is always streamed.
   bool HasDefault() const { return !FDefault.IsNull(); }
@@ -79,19 +105,36 @@ class TPropInfo {
   /// Streams the property only while the member function Condition is true.
   template <auto Condition>
   TPropInfo StoredIf() &&;
-  /// Never streams the property; another operation of the class does, or it is no part of the stored form.
+  /// Never streams the property; another operation of the class does, or it is no part of the stored form. Copies of
+  /// all properties leave it out as well.
   TPropInfo NotStored() &&;
+  bool IsNeverStored() const { return FIsNeverStored; }
+  /// Names a change of the property.
+  TPropInfo Labelled(TZyText Text) && { return Label = Text, std::move(*this); }
+  /// Tells the lowest and the highest value; other ones are refused.
+  TPropInfo Limited(double Low, double High) &&;
+  /// Tells the limits into which the setter brings what is given.
+  TPropInfo Clamped(double Low, double High) && { return Lowest = Low, Highest = High, std::move(*this); }
   /// Keeps the property from being published: descendants may do it (Republished), and undo finds it all the same.
   TPropInfo Hidden() && { return IsPublished = false, std::move(*this); }
 
  private:
+  template <auto Getter, auto Setter>
+  friend struct detail::TPropRow;
+  std::string RefusalText(std::string_view Value) const;
+
+  void (*FSetOrd)(TObject&, std::int64_t) = nullptr;
+  void (*FSetFloat)(TObject&, double) = nullptr;
   TVariant FDefault;
   bool (*FStored)(const TObject&) = nullptr;
+  bool FIsNeverStored = false;
+  double FLeast = 0, FMost = 0;  // beyond them a value is refused
+  bool FIsLimited = false;
 };
 
 namespace detail {
 
-[[noreturn]] void OrdinalOutOfRange(const char* PropName, std::int64_t Value);
+[[noreturn]] void ElementOutOfRange(const char* PropName, std::int64_t Value, std::int64_t Low, std::int64_t High);
 [[noreturn]] void WrongObject(const char* PropName, const TPersistent* Value);
 
 template <class>
@@ -103,21 +146,6 @@ struct TGetterOf<TResult (TClass::*)() const> {
 };
 template <class TClass, class TResult>
 struct TGetterOf<TResult (TClass::*)()> : TGetterOf<TResult (TClass::*)() const> {};
-
-template <class T>
-struct TIsSet : std::false_type {};
-template <class T>
-struct TIsSet<TSet<T>> : std::true_type {
-  using Element = T;
-};
-template <class T>
-struct TIsArray : std::false_type {};
-template <class T>
-struct TIsArray<std::vector<T>> : std::true_type {};
-template <class T>
-struct TIsEvent : std::false_type {};
-template <class T>
-struct TIsEvent<std::function<T>> : std::true_type {};
 
 template <class T>
 TVariant ToVariant(const T& Value) {
@@ -149,7 +177,8 @@ T FromVariant(const TVariant& Value, const char* PropName) {
     return Value.AsBoolean();
   } else if constexpr (std::is_integral_v<T>) {
     const std::int64_t Whole = Value.AsInteger();
-    if (!std::in_range<T>(Whole)) OrdinalOutOfRange(PropName, Whole);
+    using TLimits = std::numeric_limits<T>;
+    if (!std::in_range<T>(Whole)) ElementOutOfRange(PropName, Whole, TLimits::min(), TLimits::max());
     return static_cast<T>(Whole);
   } else if constexpr (std::is_floating_point_v<T>) {
     return static_cast<T>(Value.AsReal());
@@ -169,22 +198,35 @@ std::int64_t ToOrdinal(const T& Value) {
   }
 }
 
+/// Of an ordinal between LowestOrdinal and HighestOrdinal.
 template <class T>
-T FromOrdinal(std::int64_t Ordinal, const char* PropName) {
+T FromOrdinal(std::int64_t Ordinal) {
   if constexpr (TIsSet<T>::value) {
-    const std::size_t Count = EnumInfo(typename TIsSet<T>::Element{}).Values.size();
-    if (Ordinal < 0 || Ordinal >> Count != 0) OrdinalOutOfRange(PropName, Ordinal);
     return T::FromBits(static_cast<std::uint32_t>(Ordinal));
-  } else if constexpr (std::is_enum_v<T> || std::is_same_v<T, bool>) {
-    if (Ordinal < 0 || std::cmp_greater_equal(Ordinal, EnumInfo(T{}).Values.size()))
-      OrdinalOutOfRange(PropName, Ordinal);
-    return static_cast<T>(Ordinal);
   } else if constexpr (std::is_same_v<T, char>) {
-    if (Ordinal < 0 || Ordinal > 255) OrdinalOutOfRange(PropName, Ordinal);
     return static_cast<char>(static_cast<unsigned char>(Ordinal));
   } else {
-    if (!std::in_range<T>(Ordinal)) OrdinalOutOfRange(PropName, Ordinal);
     return static_cast<T>(Ordinal);
+  }
+}
+
+template <class T>
+double LowestOrdinal() {
+  if constexpr (std::is_integral_v<T> && !std::is_same_v<T, char>)
+    return static_cast<double>(std::numeric_limits<T>::min());
+  return 0;
+}
+
+template <class T>
+double HighestOrdinal() {
+  if constexpr (TIsSet<T>::value) {
+    return static_cast<double>((std::int64_t{1} << EnumInfo(typename TIsSet<T>::Element{}).Values.size()) - 1);
+  } else if constexpr (std::is_enum_v<T> || std::is_same_v<T, bool>) {
+    return static_cast<double>(EnumInfo(T{}).Values.size()) - 1;
+  } else if constexpr (std::is_same_v<T, char>) {
+    return 255;
+  } else {
+    return static_cast<double>(std::numeric_limits<T>::max());
   }
 }
 
@@ -260,6 +302,7 @@ struct TPropRow {
     TPropInfo Info;
     Info.Name = Name;
     Info.Kind = Kind();
+    Info.TypeName = &TypeName<TValue>;
     if constexpr (std::is_enum_v<TValue> || std::is_same_v<TValue, bool>) Info.Values = &EnumInfo(TValue{});
     if constexpr (TIsSet<TValue>::value) Info.Values = &EnumInfo(typename TIsSet<TValue>::Element{});
     if constexpr (IsObject) {
@@ -270,13 +313,17 @@ struct TPropRow {
       Info.SetObject = &SetObject;
     } else if constexpr (IsOrdinal) {
       Info.GetOrd = [](const TObject& Instance) { return ToOrdinal<TValue>((Const(Instance).*Getter)()); };
-      Info.SetOrd = [](TObject& Instance, std::int64_t Value) {
-        (Mutable(Instance).*Setter)(FromOrdinal<TValue>(Value, PropName));
+      Info.FSetOrd = [](TObject& Instance, std::int64_t Value) {
+        (Mutable(Instance).*Setter)(FromOrdinal<TValue>(Value));
       };
+      Info.Lowest = Info.FLeast = LowestOrdinal<TValue>();
+      Info.Highest = Info.FMost = HighestOrdinal<TValue>();
     } else if constexpr (IsReal) {
       Info.IsSingle = sizeof(TValue) == 4;
       Info.GetFloat = [](const TObject& Instance) { return static_cast<double>((Const(Instance).*Getter)()); };
-      Info.SetFloat = [](TObject& Instance, double Value) { (Mutable(Instance).*Setter)(static_cast<TValue>(Value)); };
+      Info.FSetFloat = [](TObject& Instance, double Value) { (Mutable(Instance).*Setter)(static_cast<TValue>(Value)); };
+      Info.Lowest = Info.FLeast = static_cast<double>(std::numeric_limits<TValue>::lowest());
+      Info.Highest = Info.FMost = static_cast<double>(std::numeric_limits<TValue>::max());
     } else if constexpr (IsArrayOrVariant) {
       Info.GetVariant = [](const TObject& Instance) { return ToVariant<TValue>((Const(Instance).*Getter)()); };
       Info.SetVariant = [](TObject& Instance, const TVariant& Value) {

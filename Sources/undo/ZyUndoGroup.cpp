@@ -1,0 +1,41 @@
+#include "undo/ZyUndoGroup.h"
+
+#include "platform/framework/Reflection.h"
+#include "undo/ZyUndoStack.h"
+
+namespace zy {
+namespace {
+
+std::string_view LabelOf(const TPersistent& Instance, std::string_view PropName) {
+  const TPropInfo& Row = FindPropRow(Instance, PropName);
+  return Row.Label ? std::string_view(LoadResString(*Row.Label)) : PropName;
+}
+
+}  // namespace
+
+TZyUndoGroup::TZyUndoGroup(TZyUndoStack* Stack, std::string_view Comment) {
+  if (Stack == nullptr) return;
+  FLevel = Stack->GroupLevel();
+  Stack->StartGroup(Comment);
+  if (Stack->GroupLevel() > FLevel) FStack = Stack->LiveHandle();
+}
+
+TZyUndoGroup::TZyUndoGroup(TZyUndoStack* Stack, TPersistent& Instance,
+                           std::initializer_list<std::string_view> PropNames)
+    : TZyUndoGroup(Stack, Stack == nullptr ? std::string_view() : LabelOf(Instance, *PropNames.begin())) {
+  if (Stack == nullptr) return;
+  for (const std::string_view PropName : PropNames)
+    Stack->PushProperty(&Instance, LabelOf(Instance, *PropNames.begin()), PropName);
+}
+
+TZyUndoGroup::~TZyUndoGroup() {
+  auto* const Stack = static_cast<TZyUndoStack*>(TPersistent::FromLiveHandle(FStack));
+  if (Stack == nullptr || Stack->GroupLevel() <= FLevel) return;
+  try {
+    Stack->StopGroup();
+  } catch (...) {
+    // The log could not be written. What is on its way out counts more; the group ends with the outer one.
+  }
+}
+
+}  // namespace zy
