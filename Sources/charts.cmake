@@ -31,7 +31,6 @@ zy_add_library(
     graph/ZyPollingThread.cpp
     graph/ZyRegisterClasses.cpp
     graph/ZyZoomSettings.cpp
-    persistence/ZyStyleRecords.cpp
     series/ZyFunctionSeries.cpp
     series/ZyLineSeries.cpp
     series/ZyPixelIndex.cpp

@@ -32,6 +32,7 @@ class TZyAreaSettings : public TZyStyleSettings {
 
   /// Copies all values without undo, and tells the owner once.
   void Assign(const TPersistent* Source) override;
+  void Fields(TZyArchive& Archive) override;
   void SetUndoStack(TZyUndoStack* Value) override;
 
  private:

@@ -28,6 +28,8 @@ class TZyArrowSettings : public TZyLineSettings {
   std::unique_ptr<TZyPen> GetPen(const RectF& View, float Angle) const override;
   /// Also copies the three lengths of another arrow.
   void Assign(const TPersistent* Source) override;
+  /// The tip alone: the line is that of the object around it.
+  void Fields(TZyArchive& Archive) override;
 
  private:
   void SetLength(float& Field, float Value, TZyText Label, const char* PropName);
@@ -53,6 +55,7 @@ class TZyAxisArrowPoint : public TZyStyleSettings {
 
   /// Copies all values; tells nobody.
   void Assign(const TPersistent* Source) override;
+  void Fields(TZyArchive& Archive) override;
 
  private:
   void SetLength(float& Field, float Value, TZyText Label, const char* PropName);

@@ -4,6 +4,7 @@
 
 #include "analysis/ZyMath.h"
 #include "graph/styles/ZyGradientBrushes.h"
+#include "persistence/ZyArchive.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
 
@@ -95,6 +96,20 @@ void TZyGradientSettings::Assign(const TPersistent* Source) {
   FLinearCenter = Other->FLinearCenter;
   FRadialCenter = Other->FRadialCenter;
   Modified();
+}
+
+void TZyGradientSettings::Fields(TZyArchive& Archive) {
+  using T = TZyGradientSettings;
+  Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
+  Archive.Field<&T::Style, &T::SetStyle>(*this, "Style");
+  Archive.Field<&T::FirstColor, &T::SetFirstColor>(*this, "FirstColor");
+  Archive.Field<&T::MiddleColor, &T::SetMiddleColor>(*this, "MiddleColor");
+  Archive.Field<&T::LastColor, &T::SetLastColor>(*this, "LastColor");
+  Archive.Field<&T::LinearAngle, &T::SetLinearAngle>(*this, TZyFieldName("LinearAngle").Default("90"));
+  Archive.Field<&T::LinearCenter, &T::SetLinearCenter>(*this, TZyFieldName("LinearCenter").Default("0.5"));
+  Archive.Field<&T::RadialCenterX, &T::SetRadialCenterX>(*this, TZyFieldName("RadialCenterX").Default("0.5"));
+  Archive.Field<&T::RadialCenterY, &T::SetRadialCenterY>(*this, TZyFieldName("RadialCenterY").Default("0.5"));
+  Archive.EndRecord();
 }
 
 }  // namespace zy

@@ -48,6 +48,7 @@ class TZyGradientSettings : public TZyStyleSettings {
 
   /// Copies all values without undo, and tells the owner once.
   void Assign(const TPersistent* Source) override;
+  void Fields(TZyArchive& Archive) override;
 
  private:
   bool FVisible = false;

@@ -29,6 +29,8 @@ class TZySimpleLineSettings : public TZyStyleSettings {
 
   /// Copies colour, width, dash style and gradient without undo, and tells the owner once.
   void Assign(const TPersistent* Source) override;
+  void Fields(TZyArchive& Archive) override;
+  std::string RecordName() const override { return "Line"; }
   void SetUndoStack(TZyUndoStack* Value) override;
 
  protected:
@@ -50,6 +52,7 @@ class TZyLineSettings : public TZySimpleLineSettings {
   void SetVisible(bool Value);
   /// Also copies Visible, through its setter.
   void Assign(const TPersistent* Source) override;
+  void Fields(TZyArchive& Archive) override;
 };
 
 }  // namespace zy

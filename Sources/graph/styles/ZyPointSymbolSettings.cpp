@@ -1,5 +1,6 @@
 #include "graph/styles/ZyPointSymbolSettings.h"
 
+#include "persistence/ZyArchive.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
 
@@ -50,6 +51,16 @@ void TZyPointSymbolSettings::Assign(const TPersistent* Source) {
   FFillColor = Other->FFillColor;
   FPointSymbol = Other->FPointSymbol;
   Modified();
+}
+
+void TZyPointSymbolSettings::Fields(TZyArchive& Archive) {
+  using T = TZyPointSymbolSettings;
+  Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
+  Archive.Field<&T::Size, &T::SetSize>(*this, "Size");
+  Archive.Field<&T::BorderLineWidth, &T::SetBorderLineWidth>(*this, "BorderLineWidth");
+  Archive.Field<&T::BorderColor, &T::SetBorderColor>(*this, "BorderColor");
+  Archive.Field<&T::FillColor, &T::SetFillColor>(*this, "FillColor");
+  Archive.Field<&T::PointSymbol, &T::SetPointSymbol>(*this, "Symbol");
 }
 
 }  // namespace zy

@@ -28,6 +28,7 @@ class TZyPointSymbolSettings : public TZyStyleSettings {
 
   /// Copies all values without undo, and tells the owner once.
   void Assign(const TPersistent* Source) override;
+  void Fields(TZyArchive& Archive) override;
 
  private:
   bool FVisible = true;
