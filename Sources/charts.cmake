@@ -31,10 +31,13 @@ zy_add_library(
     graph/ZyPollingThread.cpp
     graph/ZyRegisterClasses.cpp
     graph/ZyZoomSettings.cpp
+<<<<<<< HEAD
     persistence/ZyStyleRecords.cpp
     series/ZyBubbles.cpp
     series/ZyChildSeries.cpp
     series/ZyCustomOHLC.cpp
+=======
+>>>>>>> records
     series/ZyFunctionSeries.cpp
     series/ZyLineSeries.cpp
     series/ZyMovingAverage.cpp

@@ -2,66 +2,50 @@
 
 #include <concepts>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include "graph/values/ZyColors.h"
+#include "persistence/ZyFieldName.h"
+#include "persistence/ZyIO.h"
+#include "persistence/ZyRecord.h"
 #include "platform/framework/EnumInfo.h"
 #include "platform/framework/ShiftState.h"
+#include "platform/framework/TComponent.h"
 
 namespace zy {
 
-/// Where a field stands in the text forms, and what its absence means there. The stream has no names.
-///
-///     TZyFieldName("Width").Default("1")             // one name for XML and INI; an absent INI key reads as "1"
-///     TZyFieldName("AreaStyle").Ini("Style")         // another name in INI
-///     TZyFieldName("CaptionVisible").Xml("Caption/Properties/Visible").Later()
-///
-/// An XML name is an attribute of the object's node or, behind "/", of a node below it. INI names get the prefix of the
-/// parts around them. Texts must outlive the name; literals do.
-class TZyFieldName {
- public:
-  TZyFieldName(std::string_view Name) : FXml(Name), FIni(Name) {}
-  TZyFieldName(const char* Name) : TZyFieldName(std::string_view(Name)) {}
+/// Who a stored object is: its class, empty where the record does not tell it, and its reference (GetComponentRef).
+struct TZyIdentity {
+  std::string ClassName;
+  std::string Reference;
+};
 
-  TZyFieldName& Xml(std::string_view Value) { return FXml = Value, *this; }
-  TZyFieldName& Ini(std::string_view Value) { return FIni = Value, *this; }
-  /// What an absent INI key reads as. Without it an absent key leaves the property alone.
-  TZyFieldName& Default(std::string_view Value) { return FDefault = Value, *this; }
-  /// Came in a later version: where it is absent in XML the property is left alone. Any other absence there is an
-  /// error.
-  TZyFieldName& Later() { return FIsLater = true, *this; }
-  /// A text that may have several lines; INI writes their ends in its own way.
-  TZyFieldName& MultiLine() { return FIsMultiLine = true, *this; }
-
-  std::string_view XmlName() const { return FXml; }
-  std::string_view IniName() const { return FIni; }
-  std::string_view DefaultText() const { return FDefault; }
-  bool IsLater() const { return FIsLater; }
-  bool IsMultiLine() const { return FIsMultiLine; }
-
- private:
-  std::string_view FXml;
-  std::string_view FIni;
-  std::string_view FDefault;
-  bool FIsLater = false;
-  bool FIsMultiLine = false;
+/// A group of fields that an archive enters and leaves.
+struct TZyScope {
+  enum TKind { Part, Level, List, Item, ListedRecord, Record };
+  TKind Kind;
+  const TZyFieldName& Name;
+  int Index = -1;
+  std::string_view NodeName = {};  ///< of a record's own node
 };
 
 /// The one mechanism behind the three stored forms: stream, XML and INI.
 ///
-/// A class has one list of its fields, a function that tells an archive of each in the order of the stream. The six
-/// archives (ZyStreamArchive.h, ZyXmlArchive.h, ZyIniArchive.h) write or read what they are told of, so forms and
-/// directions cannot drift apart:
+/// A class has one list of its fields, TZyRecord::Fields, which tells an archive of each in the order of the stream.
+/// The six archives (ZyStreamArchive.h, ZyXmlArchive.h, ZyIniArchive.h) write or read what they are told of, so forms
+/// and directions cannot drift apart:
 ///
-///     void Fields(TZyArchive& Archive, TZyAreaSettings& Area) {
-///       Archive.Field<&TZyAreaSettings::Visible, &TZyAreaSettings::SetVisible>(Area, "Visible");
-///       Archive.Field<&TZyAreaSettings::AreaStyle, &TZyAreaSettings::SetAreaStyle>(
-///           Area, TZyFieldName("AreaStyle").Ini("Style"));
+///     void TZyAreaSettings::Fields(TZyArchive& Archive) {
+///       using T = TZyAreaSettings;
+///       Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
+///       Archive.Field<&T::AreaStyle, &T::SetAreaStyle>(*this, TZyFieldName("AreaStyle").Ini("Style"));
 ///       if (!Archive.NextGroup()) return;
-///       Archive.Part(TZyFieldName("Gradient").Later(), [&] { Fields(Archive, Area.Gradient()); });
+///       Archive.Part(TZyFieldName("Gradient").Later(), FGradient);
 ///       Archive.EndRecord();
 ///     }
 ///
@@ -69,8 +53,9 @@ class TZyFieldName {
 ///
 /// The kind of a field comes from its type: `bool`, an enumeration, a set, `std::int32_t`, TZyColor (every unsigned is
 /// a colour), `float`, `double`, `std::string`. A reader reads a value whole and tests it, then runs the setter; so a
-/// failure leaves what was read before it and nothing half-set. Ordinals and sets beyond the enumeration are EReadError
-/// in a stream and EConvertError in a text. A writer only runs getters.
+/// failure leaves what was read before it and nothing half-set. Ordinals and sets beyond the enumeration, and counts
+/// beyond what is left, are EReadError in a stream and EConvertError in a text, before anything is allocated. A writer
+/// only runs getters. After an error the archive is of no further use: it stands where the error was.
 class TZyArchive {
  public:
   virtual ~TZyArchive() = default;
@@ -81,6 +66,8 @@ class TZyArchive {
   virtual bool IsStream() const { return false; }
   virtual bool IsXml() const { return false; }
   virtual bool IsIni() const { return false; }
+
+  // ---- Values ----
 
   /// A property of an object.
   template <auto Getter, auto Setter, class TObjectClass>
@@ -93,27 +80,76 @@ class TZyArchive {
   /// A value that Get returns and Set takes, for what is no plain property.
   template <class TGet, class TSetValue>
   void Field(const TZyFieldName& Name, TGet Get, TSetValue Set) {
-    using TValue = std::remove_cvref_t<decltype(Get())>;
-    TValue Value = Get();
-    if (Visit(Name, Value)) Set(std::move(Value));
+    std::remove_cvref_t<decltype(Get())> Value = Get();
+    if (Take(Name, Value)) Set(std::move(Value));
   }
+
+  /// A member that is read without a setter. A list may be one: of `double`, `std::int32_t` or `std::string`. The
+  /// stream has its count and its elements, which are read and written in one block when they are numbers. XML has a
+  /// node with the count and an `Item` for each. INI has numbers in one line, "None" when there are none, and texts
+  /// under keys Name(0) and so on. Whether it was read: false in a writer, and where the field is left alone. Of a list
+  /// that ends in an error the elements before it are kept.
+  template <class T>
+  bool Value(const TZyFieldName& Name, T& Member) {
+    return Take(Name, Member);
+  }
+
+  // ---- References ----
+
+  /// The first row of a record: the reference of the object. A reader drops it, since whoever reads has found the
+  /// object by it.
+  void Identity(const TComponent& Object);
+  /// The same behind the name of the class, which is the node's name in XML and `Type` in INI.
+  void TypedIdentity(const TComponent& Object);
+
+  /// A property that refers to another component, stored as GetComponentRef. What does not resolve to one of the
+  /// property's class reads as null.
+  template <auto Getter, auto Setter, class TObjectClass>
+  void Reference(TObjectClass& Object, const TZyFieldName& Name) {
+    Reference(
+        Name, [&Object] { return (std::as_const(Object).*Getter)(); },
+        [&Object](auto* Target) { (Object.*Setter)(Target); });
+  }
+
+  /// The same for a pointer that Get returns and Set takes.
+  template <class TGet, class TSetTarget>
+  void Reference(const TZyFieldName& Name, TGet Get, TSetTarget Set) {
+    std::string Ref = GetComponentRef(Get());
+    if (Take(Name, Ref)) Set(dynamic_cast<decltype(Get())>(GetComponentFromRef(Ref)));
+  }
+
+  // ---- Groups ----
 
   /// An object inside this one: its fields follow in the stream, stand in a child node of that name in XML, and have
-  /// the name as a further prefix in INI. Fields() tells of them.
+  /// the name as a further prefix in INI. An empty name leaves out the node or the prefix.
   template <std::invocable TFields>
   void Part(const TZyFieldName& Name, TFields Fields) {
-    if (!BeginPart(Name)) return;
-    const TEnd End{*this, &TZyArchive::EndPart};
-    Fields();
+    Within({TZyScope::Part, Name}, Fields);
+  }
+  void Part(const TZyFieldName& Name, TZyRecord& Object) {
+    Within({TZyScope::Part, Name}, [&] { Object.Fields(*this); });
   }
 
-  /// The fields of one class in a chain of classes: in XML they stand in a child node named after it; the other forms
-  /// have all classes in a row.
+  /// The fields of one class in a chain of classes, or of one theme: in XML they stand in a child node of that name;
+  /// the other forms have all in a row. A level may be entered again.
   template <std::invocable TFields>
-  void Level(const char* Name, TFields Fields) {
-    BeginLevel(Name);
-    const TEnd End{*this, &TZyArchive::EndLevel};
-    Fields();
+  void Level(const TZyFieldName& Name, TFields Fields) {
+    Within({TZyScope::Level, Name}, Fields);
+  }
+
+  /// One of two groups of fields. The stream has a flag; XML tells by whether the node of that name is there, which the
+  /// first group makes; INI has a boolean key. A form in which the name is empty has no flag: a writer follows IsFirst
+  /// and a reader tries the first group, whose fields are then absent in XML or INI.
+  template <std::invocable TFirst, std::invocable TSecond>
+  void Alternative(const TZyFieldName& Name, bool IsFirst, TFirst First, TSecond Second) {
+    const bool TakesFirst = Choose(Name, IsFirst);
+    if (TakesFirst || VisitsAll()) First();
+    if (!TakesFirst || VisitsAll()) Second();
+  }
+  /// A group of fields that may be left out.
+  template <std::invocable TFirst>
+  void Alternative(const TZyFieldName& Name, bool IsThere, TFirst First) {
+    Alternative(Name, IsThere, First, [] {});
   }
 
   /// The continuation byte between two groups of fields: whether the next one follows. A record of an older writer ends
@@ -121,6 +157,41 @@ class TZyArchive {
   virtual bool NextGroup() { return true; }
   /// The byte at the end of a record. A reader ignores its value: it knows of no further group.
   virtual void EndRecord() {}
+
+  // ---- Lists and records ----
+
+  /// A list whose elements Get copies into a vector and Set takes from one; see Value for the forms.
+  template <class TGet, class TSetList>
+  void List(const TZyFieldName& Name, TGet Get, TSetList Set) {
+    decltype(Get()) Values;
+    if (!IsReading()) Values = Get();
+    if (Take(Name, Values)) Set(std::move(Values));
+  }
+
+  /// A list of things with fields of their own: Start hears the count in a reader, and Item tells the fields of the
+  /// element of that index, which a reader makes. XML has an `Item` node for each, INI the prefix Name(0) and so on.
+  void Items(const TZyFieldName& Name, int Count, const std::function<void(int Count)>& Start,
+             const std::function<void(int Index)>& Item);
+
+  /// A whole record inside this one: it follows in the stream, stands in its own node in the node of that name in XML
+  /// (in this one's when the name is empty), and has a section of its own in INI, this one's with a point and the name
+  /// behind it.
+  void Record(const TZyFieldName& Name, TZyRecord& Object);
+
+  /// A list of objects that a reader finds or makes. A reader calls Take with the identity of each, and Take passes the
+  /// object to Read, or leaves the record out, which is an error in a stream, since what follows cannot be found then.
+  /// Typed tells whether the records begin with the class. INI has each in a section of its own: this one's, a point,
+  /// the name, and the index in brackets.
+  using TReadObject = std::function<void(TZyRecord& Object)>;
+  using TTakeObject = std::function<void(const TZyIdentity& Who, const TReadObject& Read)>;
+  void Records(const TZyFieldName& Name, const std::vector<TZyRecord*>& Objects, bool Typed, const TTakeObject& Take);
+
+  // ---- For TZyRecord: where a reader stands ----
+
+  using TMark = std::size_t;
+  TMark Mark() const { return FPlaces.size(); }
+  /// The groups entered since, and the last field, as ", Caption.Font.Size". They are then forgotten.
+  std::string PlaceSince(TMark Mark);
 
  protected:
   TZyArchive() = default;
@@ -140,19 +211,38 @@ class TZyArchive {
   virtual bool Visit(const TZyFieldName& Name, float& Value) = 0;
   virtual bool Visit(const TZyFieldName& Name, double& Value) = 0;
   virtual bool Visit(const TZyFieldName& Name, std::string& Value) = 0;
+  virtual bool Visit(const TZyFieldName& Name, std::vector<double>& Values) = 0;
+  virtual bool Visit(const TZyFieldName& Name, std::vector<std::int32_t>& Values) = 0;
+  virtual bool Visit(const TZyFieldName& Name, std::vector<std::string>& Values) = 0;
 
-  /// False leaves the part out.
-  virtual bool BeginPart(const TZyFieldName&) { return true; }
-  virtual void EndPart() {}
-  virtual void BeginLevel(const char*) {}
-  virtual void EndLevel() {}
+  /// The flag of an alternative: the one to write, and the one that counts.
+  virtual bool Choose(const TZyFieldName& Name, bool IsFirst) = 0;
+  /// The count of a list that was entered; a reader gives one that the rest of the form can hold.
+  virtual void VisitCount(const TZyFieldName& Name, int& Count) = 0;
+  /// False leaves the group out.
+  virtual bool Enter(const TZyScope&) { return true; }
+  virtual void Leave() {}
+  /// Who the object of the entered record is, which is not read past; for readers.
+  virtual TZyIdentity Identify(bool) { return {}; }
+  /// Whether both groups of an alternative are visited, for those who want to know what there is.
+  virtual bool VisitsAll() const { return false; }
 
  private:
-  struct TEnd {
-    TZyArchive& Archive;
-    void (TZyArchive::*Proc)();
-    ~TEnd() { (Archive.*Proc)(); }
-  };
+  /// Not left again after an error, so that it can be told where the error was.
+  template <class TFields>
+  void Within(const TZyScope& Scope, const TFields& Fields) {
+    if (!Begin(Scope)) return;
+    Fields();
+    End();
+  }
+  bool Begin(const TZyScope& Scope);
+  void End();
+
+  template <class T>
+  bool Take(const TZyFieldName& Name, T& Value) {
+    if (IsReading()) FField = Name.XmlName();
+    return Visit(Name, Value);
+  }
 
   template <class TEnum>
   requires std::is_enum_v<TEnum>
@@ -171,6 +261,9 @@ class TZyArchive {
     Value = TSet<TEnum>::FromBits(Ordinal.Value);
     return true;
   }
+
+  std::vector<std::string> FPlaces;  // the groups that a reader is in
+  std::string FField;                // the last field that it came to
 };
 
 }  // namespace zy

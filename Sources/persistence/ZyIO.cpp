@@ -27,25 +27,39 @@ void detail::ToLittleEndian(void* Bytes, std::size_t Count, std::size_t Width) {
   }
 }
 
-void ArrayToStream(TStream& Stream, std::span<const double> Values) {
+template <class T>
+static void WriteArray(TStream& Stream, std::span<const T> Values) {
   if constexpr (std::endian::native == std::endian::little) {
     Stream.WriteBuffer(Values.data(), Values.size_bytes());
   } else {
-    for (const double Value : Values) ToStream(Stream, Value);
+    for (const T Value : Values) ToStream(Stream, Value);
   }
 }
 
-void ArrayFromStream(TStream& Stream, std::span<double> Values) {
+template <class T>
+static void ReadArray(TStream& Stream, std::span<T> Values) {
   Stream.ReadBuffer(Values.data(), Values.size_bytes());
-  detail::ToLittleEndian(Values.data(), Values.size(), sizeof(double));
+  detail::ToLittleEndian(Values.data(), Values.size(), sizeof(T));
+}
+
+void ArrayToStream(TStream& Stream, std::span<const double> Values) { WriteArray(Stream, Values); }
+
+void ArrayToStream(TStream& Stream, std::span<const std::int32_t> Values) { WriteArray(Stream, Values); }
+
+void ArrayFromStream(TStream& Stream, std::span<double> Values) { ReadArray(Stream, Values); }
+
+void ArrayFromStream(TStream& Stream, std::span<std::int32_t> Values) { ReadArray(Stream, Values); }
+
+void RequireRemaining(TStream& Stream, std::int32_t Count, int Width) {
+  const std::int64_t Wanted = std::int64_t{Count} * Width;
+  if (Wanted > Stream.Remaining())
+    throw EReadError(Format(LoadResString(_sReadBeyondEnd), {Wanted, Stream.Remaining()}));
 }
 
 int CountFromStream(TStream& Stream, int Width) {
   const auto Count = FromStream<std::int32_t>(Stream);
   if (Count <= 0) return 0;
-  const std::int64_t Wanted = std::int64_t{Count} * Width;
-  if (Wanted > Stream.Remaining())
-    throw EReadError(Format(LoadResString(_sReadBeyondEnd), {Wanted, Stream.Remaining()}));
+  RequireRemaining(Stream, Count, Width);
   return Count;
 }
 

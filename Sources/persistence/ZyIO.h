@@ -61,8 +61,13 @@ T FromStream(TStream& Stream) {
 
 /// Writes numbers one after the other, without their count.
 void ArrayToStream(TStream& Stream, std::span<const double> Values);
+void ArrayToStream(TStream& Stream, std::span<const std::int32_t> Values);
 /// Fills Values from the stream. Throws EReadError when they are cut off.
 void ArrayFromStream(TStream& Stream, std::span<double> Values);
+void ArrayFromStream(TStream& Stream, std::span<std::int32_t> Values);
+
+/// Throws EReadError when the stream cannot hold Count more elements of Width bytes each.
+void RequireRemaining(TStream& Stream, std::int32_t Count, int Width);
 
 /// Reads a 32-bit count of elements of Width bytes each; negative means none. Throws EReadError, with nothing
 /// allocated, when the stream cannot hold so many.

@@ -25,10 +25,19 @@ class TZyStreamArchive : public TZyArchive {
   bool Visit(const TZyFieldName& Name, float& Value) override;
   bool Visit(const TZyFieldName& Name, double& Value) override;
   bool Visit(const TZyFieldName& Name, std::string& Value) override;
+  bool Visit(const TZyFieldName& Name, std::vector<double>& Values) override;
+  bool Visit(const TZyFieldName& Name, std::vector<std::int32_t>& Values) override;
+  bool Visit(const TZyFieldName& Name, std::vector<std::string>& Values) override;
+  bool Choose(const TZyFieldName& Name, bool IsFirst) override;
+  void VisitCount(const TZyFieldName& Name, int& Count) override;
+  TZyIdentity Identify(bool Typed) override;
 
  private:
   template <class T>
   bool WriteOrRead(T& Value);
+  template <class T>
+  bool WriteOrReadAll(const TZyFieldName& Name, std::vector<T>& Values);
+  int VisitCount(const TZyFieldName& Name, std::size_t Count, int Width);
 
   TStream& FStream;
   bool FReading;

@@ -9,6 +9,10 @@ namespace zy {
 class Exception : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
+  /// Puts in front of the text where it happened, for whoever passes the exception on and knows.
+  void AddPlace(const std::string& Place) {
+    static_cast<std::runtime_error&>(*this) = std::runtime_error(Place + ": " + what());
+  }
 };
 
 /// An operation that the object cannot carry out in its present state.

@@ -1,15 +1,17 @@
 // Bytes and texts of the settings' records, written out by hand.
 
-#include "persistence/ZyStyleRecords.h"
+#include "persistence/ZyRecord.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <tuple>
 
 #include "annotations/captions/ZyFont.h"
 #include "framework/Bytes.h"
 #include "framework/Errors.h"
 #include "graph/styles/ZyStyles.h"
+#include "persistence/ZyArchive.h"
 #include "platform/framework/TMemIniFile.h"
 #include "platform/framework/XmlDocument.h"
 #include "texts/Exceptions.h"
@@ -218,58 +220,61 @@ TEST(ZyStyleRecordsTest, DamagedStreamsAreReadErrors) {
 
 // ---- The archives themselves, with a class of two levels as the records of series have them ----
 
-struct TSample {
+struct TSample : TZyRecord {
   std::int32_t Count = 0;
   double Start = 0;
   TShiftState Keys;
   std::string Caption;
   int Sets = 0;  // setters run
-  bool operator==(const TSample&) const = default;
+
+  auto Values() const { return std::tuple(Count, Start, Keys, Caption, Sets); }
+  std::string RecordName() const override { return "Sample"; }
+  void Fields(TZyArchive& Archive) override {
+    const auto Field = [&](const TZyFieldName& Name, auto& Value) {
+      Archive.Field(
+          Name, [&] { return Value; }, [&](auto New) { Value = std::move(New), ++Sets; });
+    };
+    Archive.Level("Base", [&] {
+      Field(TZyFieldName("Count").Xml("Deep/Inner/N").Ini("Number"), Count);
+      Field(TZyFieldName("Start").Xml("Deep/Start").Later(), Start);
+      Archive.EndRecord();
+    });
+    Archive.Level("Top", [&] {
+      Field("Keys", Keys);
+      Field(TZyFieldName("Caption").MultiLine(), Caption);
+      Archive.EndRecord();
+    });
+  }
 };
 
-void Fields(TZyArchive& Archive, TSample& Sample) {
-  const auto Field = [&](const TZyFieldName& Name, auto& Value) {
-    Archive.Field(
-        Name, [&] { return Value; }, [&](auto New) { Value = std::move(New), ++Sample.Sets; });
-  };
-  Archive.Level("Base", [&] {
-    Field(TZyFieldName("Count").Xml("Deep/Inner/N").Ini("Number"), Sample.Count);
-    Field(TZyFieldName("Start").Xml("Deep/Start").Later(), Sample.Start);
-    Archive.EndRecord();
-  });
-  Archive.Level("Top", [&] {
-    Field("Keys", Sample.Keys);
-    Field(TZyFieldName("Caption").MultiLine(), Sample.Caption);
-    Archive.EndRecord();
-  });
-}
-
 TEST(ZyArchiveTest, LevelsPathsAndPrefixes) {
-  const TSample Sample{-2, 0.1, {ssLeft, ssDouble}, "a\rb", 0};
+  TSample Sample;
+  Sample.Count = -2;
+  Sample.Start = 0.1;
+  Sample.Keys = {ssLeft, ssDouble};
+  Sample.Caption = "a\rb";
   TMemoryStream Stream;
   ToStream(Stream, Sample);
   EXPECT_EQ(AsText(Stream),
             "\xFE\xFF\xFF\xFF\x9A\x99\x99\x99\x99\x99\xB9\x3F\x00\x48\x00\x03\x00\x00\x00"s + "a\rb\0"s);
   TXMLDocument Document("Root");
-  ToNode(Document.DocumentElement(), Sample, "Sample");
+  Sample.WriteTo(Document.DocumentElement());
   const std::string Xml = Document.SaveToText();
   for (const char* Part :
        {"<Base>\n      <Deep Start=\"0.1\">\n        <Inner N=\"-2\" />\n      </Deep>\n    </Base>\n",
         "<Top Keys=\"72\" Caption=\"a&#13;b\" />"})
     EXPECT_NE(Xml.find(Part), std::string::npos) << Xml;
   TMemIniFile Ini;
-  TZyIniWriter Writer(Ini, "S");
-  Fields(Writer, const_cast<TSample&>(Sample));
+  Sample.WriteTo(Ini, "S");
   EXPECT_EQ(KeysOf(Ini, ""), "Number=-2 Start=0.1 Keys=72 Caption=a@\\rb ");
 
   TSample FromBytes, FromXml, FromKeys;
   Stream.SetPosition(0);
-  FromStream(Stream, FromBytes);
-  FromNode(Document.DocumentElement(), FromXml, "Sample");
-  TZyIniReader Reader(Ini, "S");
-  Fields(Reader, FromKeys);
-  for (const TSample* const Read : {&FromBytes, &FromXml, &FromKeys})
-    EXPECT_EQ(*Read, (TSample{-2, 0.1, Sample.Keys, "a\rb", 4}));
+  FromBytes.ReadFrom(Stream);
+  FromXml.ReadFrom(Document.DocumentElement());
+  FromKeys.ReadFrom(Ini, "S");
+  Sample.Sets = 4;
+  for (const TSample* const Read : {&FromBytes, &FromXml, &FromKeys}) EXPECT_EQ(Read->Values(), Sample.Values());
 }
 
 TEST(ZyArchiveTest, AbsentAndBadFieldsRunNoSetter) {
@@ -277,15 +282,14 @@ TEST(ZyArchiveTest, AbsentAndBadFieldsRunNoSetter) {
   Document.LoadFromText(
       "<Root><Sample><Base><Deep><Inner N='7'/></Deep></Base><Top Keys='128' Caption=''/></Sample></Root>");
   TSample Sample;
-  EXPECT_THROW(FromNode(Document.DocumentElement(), Sample, "Sample"), EConvertError);
+  EXPECT_THROW(Sample.ReadFrom(Document.DocumentElement()), EConvertError);
   EXPECT_EQ(Sample.Count, 7);
   EXPECT_EQ(Sample.Sets, 1);
   TMemIniFile Ini;
   Ini.WriteString("S", "Number", "99999999999");
-  TZyIniReader Reader(Ini, "S");
-  EXPECT_THROW(Fields(Reader, Sample), EConvertError);
+  EXPECT_THROW(Sample.ReadFrom(Ini, "S"), EConvertError);
   Ini.DeleteKey("S", "Number");
-  Fields(Reader, Sample);
+  Sample.ReadFrom(Ini, "S");
   EXPECT_EQ(Sample.Sets, 1);
 }
 

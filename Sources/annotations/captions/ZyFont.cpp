@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "persistence/ZyArchive.h"
 #include "platform/controls/TControlFont.h"
 #include "platform/framework/Reflection.h"
 #include "undo/ZyUndoGroup.h"
@@ -126,6 +127,28 @@ void TZyFont::PushToUndoStack(TZyUndoStack* Stack, std::string_view Comment) {
   for (const char* Name : {"Visible", "Style", "FirstColor", "MiddleColor", "LastColor", "LinearAngle", "LinearCenter",
                            "RadialCenterX", "RadialCenterY"})
     Stack->PushProperty(&FGradient, "", Name);
+}
+
+void TZyFont::Fields(TZyArchive& Archive) {
+  using T = TZyFont;
+  Archive.Field<&T::Name, &T::SetName>(*this, "Name");
+  // In a stream the size is a whole number first; its fraction came later.
+  if (Archive.IsStream()) {
+    Archive.Field(
+        "Size", [this] { return static_cast<std::int32_t>(FWholeSize); },
+        [this](std::int32_t Value) { SetSize(static_cast<float>(Value)); });
+  } else {
+    Archive.Field<&T::Size, &T::SetSize>(*this, "Size");
+  }
+  Archive.Field<&T::Style, &T::SetStyle>(*this, "Style");
+  if (!Archive.NextGroup()) return;
+  Archive.Field<&T::DrawEffects, &T::SetDrawEffects>(*this, TZyFieldName("DrawEffects").Later());
+  Archive.Field<&T::RenderingHint, &T::SetRenderingHint>(*this, TZyFieldName("RenderingHint").Later());
+  Archive.Field<&T::FillColor, &T::SetFillColor>(*this, TZyFieldName("FillColor").Later());
+  Archive.Part(TZyFieldName("Gradient").Later(), FGradient);
+  if (!Archive.NextGroup()) return;
+  if (Archive.IsStream()) Archive.Field<&T::Size, &T::SetSize>(*this, "Size");
+  Archive.EndRecord();
 }
 
 }  // namespace zy

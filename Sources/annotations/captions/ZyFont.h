@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "graph/styles/ZyGradientSettings.h"
+#include "persistence/ZyRecord.h"
 #include "platform/drawing/Font.h"
 #include "platform/framework/EnumInfo.h"
 
@@ -33,7 +34,11 @@ ZY_ENUM(TZyTextRenderingHint, "SystemDefault", "SingleBitPerPixelGridFit", "Sing
 /// The font of a caption: family, size in points, style, colour or gradient, effect.
 ///
 /// Setters push no undo; who lets the user change a font calls PushToUndoStack first.
+<<<<<<< HEAD
 class TZyFont : public TZyStyleSettings {
+=======
+class TZyFont : public TPersistent, public TZyRecord {
+>>>>>>> records
   ZY_CLASS(TZyFont, TPersistent)
   /// NeedsInvalidate runs when only the look changed, OnNeedsResize when the layout did.
   explicit TZyFont(ModifiedCallback NeedsInvalidate = {});
@@ -80,6 +85,8 @@ class TZyFont : public TZyStyleSettings {
   void SetAsTFont(const TControlFont& Value);
   /// From another one, or from the font of a control, which changes no effect.
   void Assign(const TPersistent* Source) override;
+  void Fields(TZyArchive& Archive) override;
+  std::string RecordName() const override { return "Font"; }
   /// Logs all that this font is as one step, before a change. Nothing happens without a stack.
   void PushToUndoStack(TZyUndoStack* Stack, std::string_view Comment);
 

@@ -1,6 +1,7 @@
 #include "graph/styles/ZyAreaSettings.h"
 
 #include "graph/styles/ZyGradientBrushes.h"
+#include "persistence/ZyArchive.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
 
@@ -45,4 +46,28 @@ std::unique_ptr<Brush> TZyAreaSettings::GetBrush(const RectF& View) const {
 
 std::unique_ptr<Brush> TZyAreaSettings::GetBrush(const TRect& View) const { return GetBrush(ToRectF(View)); }
 
+<<<<<<< HEAD
+=======
+void TZyAreaSettings::Assign(const TPersistent* Source) {
+  const auto* const Other = dynamic_cast<const TZyAreaSettings*>(Source);
+  if (Other == nullptr) return TPersistent::Assign(Source);
+  FVisible = Other->FVisible;
+  FAreaStyle = Other->FAreaStyle;
+  FForeColor = Other->FForeColor;
+  FBackColor = Other->FBackColor;
+  FGradient.Assign(&Other->FGradient);  // tells the owner
+}
+
+void TZyAreaSettings::Fields(TZyArchive& Archive) {
+  using T = TZyAreaSettings;
+  Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
+  Archive.Field<&T::ForeColor, &T::SetForeColor>(*this, "ForeColor");
+  Archive.Field<&T::BackColor, &T::SetBackColor>(*this, "BackColor");
+  Archive.Field<&T::AreaStyle, &T::SetAreaStyle>(*this, TZyFieldName("AreaStyle").Ini("Style"));
+  if (!Archive.NextGroup()) return;
+  Archive.Part(TZyFieldName("Gradient").Later(), FGradient);
+  Archive.EndRecord();
+}
+
+>>>>>>> records
 }  // namespace zy

@@ -1,7 +1,11 @@
 #include "graph/styles/ZyArrowSettings.h"
 
+<<<<<<< HEAD
 #include <limits>
 
+=======
+#include "persistence/ZyArchive.h"
+>>>>>>> records
 #include "platform/drawing/GraphicsPath.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
@@ -95,5 +99,21 @@ void TZyAxisArrowPoint::Assign(const TPersistent* Source) {
 std::unique_ptr<CustomLineCap> ArrowPointCap(const TZyArrowSettings& Settings) { return MakeCap(Settings); }
 
 std::unique_ptr<CustomLineCap> ArrowPointCap(const TZyAxisArrowPoint& Settings) { return MakeCap(Settings); }
+
+void TZyArrowSettings::Fields(TZyArchive& Archive) {
+  using T = TZyArrowSettings;
+  Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
+  Archive.Field<&T::PointLength, &T::SetPointLength>(*this, "PointLength");
+  Archive.Field<&T::InnerLength, &T::SetInnerLength>(*this, "InnerLength");
+  Archive.Field<&T::PointHeight, &T::SetPointHeight>(*this, "PointHeight");
+}
+
+void TZyAxisArrowPoint::Fields(TZyArchive& Archive) {
+  using T = TZyAxisArrowPoint;
+  Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
+  Archive.Field<&T::PointLength, &T::SetPointLength>(*this, "PointLength");
+  Archive.Field<&T::InnerLength, &T::SetInnerLength>(*this, "InnerLength");
+  Archive.Field<&T::PointHeight, &T::SetPointHeight>(*this, "PointHeight");
+}
 
 }  // namespace zy

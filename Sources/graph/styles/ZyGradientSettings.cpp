@@ -4,6 +4,7 @@
 
 #include "analysis/ZyMath.h"
 #include "graph/styles/ZyGradientBrushes.h"
+#include "persistence/ZyArchive.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
 
@@ -94,4 +95,35 @@ std::unique_ptr<Brush> TZyGradientSettings::GetBrush(const TRect& View, float An
   return GetBrush(ToRectF(View), Angle);
 }
 
+<<<<<<< HEAD
+=======
+void TZyGradientSettings::Assign(const TPersistent* Source) {
+  const auto* const Other = dynamic_cast<const TZyGradientSettings*>(Source);
+  if (Other == nullptr) return TPersistent::Assign(Source);
+  FVisible = Other->FVisible;
+  FStyle = Other->FStyle;
+  FFirstColor = Other->FFirstColor;
+  FMiddleColor = Other->FMiddleColor;
+  FLastColor = Other->FLastColor;
+  FLinearAngle = Other->FLinearAngle;
+  FLinearCenter = Other->FLinearCenter;
+  FRadialCenter = Other->FRadialCenter;
+  Modified();
+}
+
+void TZyGradientSettings::Fields(TZyArchive& Archive) {
+  using T = TZyGradientSettings;
+  Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
+  Archive.Field<&T::Style, &T::SetStyle>(*this, "Style");
+  Archive.Field<&T::FirstColor, &T::SetFirstColor>(*this, "FirstColor");
+  Archive.Field<&T::MiddleColor, &T::SetMiddleColor>(*this, "MiddleColor");
+  Archive.Field<&T::LastColor, &T::SetLastColor>(*this, "LastColor");
+  Archive.Field<&T::LinearAngle, &T::SetLinearAngle>(*this, TZyFieldName("LinearAngle").Default("90"));
+  Archive.Field<&T::LinearCenter, &T::SetLinearCenter>(*this, TZyFieldName("LinearCenter").Default("0.5"));
+  Archive.Field<&T::RadialCenterX, &T::SetRadialCenterX>(*this, TZyFieldName("RadialCenterX").Default("0.5"));
+  Archive.Field<&T::RadialCenterY, &T::SetRadialCenterY>(*this, TZyFieldName("RadialCenterY").Default("0.5"));
+  Archive.EndRecord();
+}
+
+>>>>>>> records
 }  // namespace zy

@@ -1,6 +1,7 @@
 #include "graph/styles/ZyLineSettings.h"
 
 #include "graph/styles/ZyGradientBrushes.h"
+#include "persistence/ZyArchive.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
 
@@ -55,6 +56,21 @@ void TZyLineSettings::SetVisible(bool Value) { Change(this, FVisible, Value, "Vi
 void TZyLineSettings::Assign(const TPersistent* Source) {
   if (const auto* const Line = dynamic_cast<const TZyLineSettings*>(Source)) SetVisible(Line->FVisible);
   TZySimpleLineSettings::Assign(Source);
+}
+
+void TZySimpleLineSettings::Fields(TZyArchive& Archive) {
+  using T = TZySimpleLineSettings;
+  Archive.Field<&T::Color, &T::SetColor>(*this, "Color");
+  Archive.Field<&T::Width, &T::SetWidth>(*this, TZyFieldName("Width").Default("1"));
+  Archive.Field<&T::DashStyle, &T::SetDashStyle>(*this, "DashStyle");
+  if (!Archive.NextGroup()) return;
+  if (Archive.IsStream()) Archive.Part("Gradient", FGradient);
+  Archive.EndRecord();
+}
+
+void TZyLineSettings::Fields(TZyArchive& Archive) {
+  Archive.Field<&TZyLineSettings::Visible, &TZyLineSettings::SetVisible>(*this, "Visible");
+  TZySimpleLineSettings::Fields(Archive);
 }
 
 }  // namespace zy

@@ -1,5 +1,6 @@
 #include "graph/styles/ZyPointSymbolSettings.h"
 
+#include "persistence/ZyArchive.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
 
@@ -43,6 +44,16 @@ void TZyPointSymbolSettings::SetFillColor(TZyColor Value) {
 
 void TZyPointSymbolSettings::SetPointSymbol(TZyPointSymbol Value) {
   Change(this, FPointSymbol, Value, "PointSymbol", &TZyPointSymbolSettings::Modified);
+}
+
+void TZyPointSymbolSettings::Fields(TZyArchive& Archive) {
+  using T = TZyPointSymbolSettings;
+  Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
+  Archive.Field<&T::Size, &T::SetSize>(*this, "Size");
+  Archive.Field<&T::BorderLineWidth, &T::SetBorderLineWidth>(*this, "BorderLineWidth");
+  Archive.Field<&T::BorderColor, &T::SetBorderColor>(*this, "BorderColor");
+  Archive.Field<&T::FillColor, &T::SetFillColor>(*this, "FillColor");
+  Archive.Field<&T::PointSymbol, &T::SetPointSymbol>(*this, "Symbol");
 }
 
 }  // namespace zy

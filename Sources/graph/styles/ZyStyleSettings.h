@@ -3,6 +3,7 @@
 #include <functional>
 #include <utility>
 
+#include "persistence/ZyRecord.h"
 #include "platform/framework/TPersistent.h"
 
 namespace zy {
@@ -12,9 +13,9 @@ class TZyUndoStack;
 /// What a settings object calls after a change; may be empty. Its owner gives it at construction and outlives it.
 using ModifiedCallback = std::function<void()>;
 
-/// What settings that an object owns have in common: they tell it of every change, leave undo to its stack, and copy
-/// each other by their table of properties.
-class TZyStyleSettings : public TPersistent {
+/// What settings that an object owns have in common: they tell it of every change, leave undo to its stack, copy each
+/// other by their table of properties, and are a part of its record.
+class TZyStyleSettings : public TPersistent, public TZyRecord {
  public:
   /// Null while values are copied, which is no step of the user's.
   TZyUndoStack* UndoStack() const { return FCopying ? nullptr : FUndoStack; }

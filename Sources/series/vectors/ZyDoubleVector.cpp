@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "persistence/ZyIO.h"
+#include "persistence/ZyArchive.h"
 #include "platform/data/TDataSet.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TReader.h"
@@ -155,6 +155,47 @@ void TZyDoubleVector::DefineProperties(TFiler& Filer) {
         Writer.WriteListEnd();
       },
       FPersistentValues && FCount > 0);
+}
+
+// --- Record ---------------------------------------------------------------------------------------------------------
+
+void TZyDoubleVector::Fields(TZyArchive& Archive) {
+  using T = TZyDoubleVector;
+  Archive.Identity(*this);
+  Archive.Field<&T::Increment, &T::SetIncrement>(*this, "Increment");
+  Archive.Field<&T::Capacity, &T::SetCapacity>(*this, "Capacity");
+  Archive.Alternative(
+      TZyFieldName("Database").Ini("FromDatabase"), FDBData, [&] { LinkFields(Archive); },
+      [&] { ValueFields(Archive); });
+  // In INI the line of marks is always there.
+  Archive.Alternative(TZyFieldName("Outliers").Ini(""), AnyOutliers() || Archive.IsIni(), [&] {
+    Archive.List(
+        "Outliers", [this] { return std::vector<int>(Outliers().Marked().begin(), Outliers().Marked().end()); },
+        [this](const std::vector<int>& Marks) {
+          for (const int Mark : Marks) AddOutlier(Mark);
+        });
+  });
+  Archive.EndRecord();
+}
+
+/// A source that cannot be found leaves the vector without one, and unbound.
+void TZyDoubleVector::LinkFields(TZyArchive& Archive) {
+  using T = TZyDoubleVector;
+  Archive.Reference<&T::DataSource, &T::SetDataSource>(*this, TZyFieldName("DataSource").Xml("Database/DataSource"));
+  Archive.Field<&T::DataField, &T::SetDataField>(*this, TZyFieldName("DataField").Xml("Database/DataField"));
+  if (Archive.IsReading()) FDBData = FUpdateDB = DataSource() != nullptr;
+}
+
+void TZyDoubleVector::ValueFields(TZyArchive& Archive) {
+  if (Archive.IsReading()) FDBData = false;
+  Archive.Value(TZyFieldName("Values").Later(), FArray);
+  CheckCount(static_cast<int>(FArray.size()));
+}
+
+/// Also when the values end in an error: those before it count.
+void TZyDoubleVector::EndRead() {
+  CheckCount(static_cast<int>(FArray.size()));
+  OutOfRange();
 }
 
 }  // namespace zy

@@ -1,12 +1,11 @@
 #pragma once
 
-#include <filesystem>
 #include <initializer_list>
 #include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "persistence/ZyRecord.h"
 #include "platform/data/TDataSource.h"
 #include "platform/framework/TRef.h"
 #include "platform/framework/TStream.h"
@@ -16,11 +15,8 @@
 
 namespace zy {
 
-class IXMLNode;
-class TCustomIniFile;
-
 /// A data vector that holds its values.
-class TZyDoubleVector : public TZyCustomDoubleVector, public IZyStreamState {
+class TZyDoubleVector : public TZyCustomDoubleVector, public TZyRecord, public IZyStreamState {
   ZY_CLASS(TZyDoubleVector, TZyCustomDoubleVector)
   explicit TZyDoubleVector(TComponent* Owner = nullptr);
 
@@ -56,31 +52,27 @@ class TZyDoubleVector : public TZyCustomDoubleVector, public IZyStreamState {
   /// Takes over an array as the storage, without a copy; count and capacity become its length. Outlier marks stay.
   void SetInternalArray(std::vector<double> Value);
 
-  // The vector's record in the three forms of stored charts. Readers replace increment, capacity, values and marks;
-  // what was read before a failure stays. They throw EReadError for a truncated stream, EXMLError and EConvertError for
-  // texts that are none of the form's.
-  void WriteTo(TStream& Stream) const override;
-  void ReadFrom(TStream& Stream) override;
-  /// A file of the stream's form. Throw EFileError, naming the file, when it cannot be opened.
-  void WriteTo(const std::filesystem::path& FileName) const;
-  void ReadFrom(const std::filesystem::path& FileName);
-  /// A new child of Node, and the first such child of it.
-  void WriteTo(const IXMLNode& Node) const;
-  void ReadFrom(const IXMLNode& Node);
-  void WriteTo(TCustomIniFile& Ini, std::string_view Section) const;
-  void ReadFrom(const TCustomIniFile& Ini, std::string_view Section);
+  /// Readers replace increment, capacity, values and marks.
+  void Fields(TZyArchive& Archive) override;
+  using TZyRecord::ReadFrom;
+  using TZyRecord::WriteTo;
+  void WriteTo(TStream& Stream) const override { TZyRecord::WriteTo(Stream); }
+  void ReadFrom(TStream& Stream) override { TZyRecord::ReadFrom(Stream); }
 
   void DefineProperties(TFiler& Filer) override;
 
  protected:
   void Notification(TComponent* AComponent, TOperation Operation) override;
+  void BeginRead() override { Clear(); }
+  void EndRead() override;
 
  private:
   template <class T>
   void Append(std::span<const T> Range);
 
   void Bind();
-  void LinkTo(std::string_view SourceRef, const std::string& NewField);
+  void LinkFields(TZyArchive& Archive);
+  void ValueFields(TZyArchive& Archive);
   void DBChanged();
 
   bool FPersistentValues = false;
