@@ -185,6 +185,17 @@ TEST(RefList, KeepsItsOrderWhateverLeaves) {
   EXPECT_EQ(Keeper.Order(), "");
 }
 
+TEST(RefList, FindsAnIndexWhereverManyHaveLeft) {
+  TKeeper Keeper;
+  std::vector<std::unique_ptr<TComponent>> Items;
+  for (int Round = 0; Round < 600; ++Round) {
+    if (Round % 5 < 3 || Round < 100) Keeper.Items.Add(Items.emplace_back(std::make_unique<TComponent>()).get());
+    if (Round % 5 >= 3) Items.erase(Items.begin() + Round * 7919 % static_cast<int>(Items.size()));
+    ASSERT_EQ(Keeper.Items.size(), Items.size());
+    for (std::size_t Index = 0; Index < Items.size(); ++Index) ASSERT_EQ(Keeper.Items[Index], Items[Index].get());
+  }
+}
+
 TEST(RefList, HoldsWhatBelongsToAComponent) {
   TKeeper Keeper;
   TRefList<std::string> Texts(&Keeper);

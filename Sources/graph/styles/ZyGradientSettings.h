@@ -53,6 +53,7 @@ class TZyGradientSettings : public TZyStyleSettings {
   void Fields(TZyArchive& Archive) override;
 
 >>>>>>> records
+
  private:
   bool FVisible = false;
   TZyGradientStyle FStyle = TZyGradientStyle::Linear;

@@ -33,6 +33,7 @@ class TZyPointSymbolSettings : public TZyStyleSettings {
   void Fields(TZyArchive& Archive) override;
 
 >>>>>>> records
+
  private:
   bool FVisible = true;
   float FSize = 11;

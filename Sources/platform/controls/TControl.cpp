@@ -215,11 +215,6 @@ void TControl::ParentFontChanged() {
   FTakingFont = false;
 }
 
-void TControl::Notification(TComponent* AComponent, TOperation Operation) {
-  Inherited::Notification(AComponent, Operation);
-  if (Operation == TOperation::Remove && AComponent == FPopupMenu.Get()) SetPopupMenu(nullptr);
-}
-
 // --- Painting -------------------------------------------------------------------------------------------------------
 
 void TControl::Invalidate() {

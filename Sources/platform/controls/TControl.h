@@ -188,8 +188,6 @@ class TControl : public TComponent {
   /// Stores the visibility that the outside has already carried out.
   void NoteVisible(bool Value);
 
-  void Notification(TComponent* AComponent, TOperation Operation) override;
-
   bool HasOwnShowHint() const { return !FParentShowHint; }
   bool HasOwnFont() const { return !FParentFont; }
   bool HasPopupMenu() const { return FPopupMenu.Get() != nullptr; }

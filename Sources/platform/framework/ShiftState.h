@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/framework/EnumInfo.h"
+#include "platform/framework/TypeName.h"
 
 namespace zy {
 
@@ -10,5 +10,10 @@ ZY_ENUM(TShiftStateElement, "ssShift", "ssAlt", "ssCtrl", "ssLeft", "ssRight", "
 
 /// Stored in 16 bits.
 using TShiftState = TSet<TShiftStateElement>;
+
+template <>
+inline std::string_view TypeName<TShiftState>() {
+  return "TShiftState";
+}
 
 }  // namespace zy

@@ -1,6 +1,7 @@
 #include "platform/framework/TRefList.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace zy {
 
@@ -23,52 +24,72 @@ TRefListBase::~TRefListBase() = default;
 
 bool TRefListBase::Enter(void* Object, TComponent* Component) {
   if (Has(Object)) return false;
-  if (FLocks == 0 && FPlaces.size() > 2 * size() + 16) CloseGaps();
-  FPlaces.push_back(nullptr);
-  auto Entry = std::make_unique<TEntry>(*this, Object, Component, FPlaces.size() - 1);
-  FPlaces.back() = FByObject.emplace(Object, std::move(Entry)).first->second.get();
+  auto Entry = std::make_unique<TEntry>(*this, Object, Component, FPlaces.size());
+  TEntry& Entered = *FByObject.emplace(Object, std::move(Entry)).first->second;
+  AppendPlace(&Entered);
   return true;
 }
 
 bool TRefListBase::Leave(void* Object) {
   const auto Found = FByObject.find(Object);
   if (Found == FByObject.end()) return false;
-  FPlaces[Found->second->Place] = nullptr;
+  const std::size_t Place = Found->second->Place;
+  FPlaces[Place] = nullptr;
+  for (std::size_t Sum = Place + 1; Sum <= FTaken.size(); Sum += Sum & -Sum) --FTaken[Sum - 1];
   FByObject.erase(Found);
-  while (FFirst < FPlaces.size() && FPlaces[FFirst] == nullptr) ++FFirst;
-  while (FLocks == 0 && FPlaces.size() > FFirst && FPlaces.back() == nullptr) FPlaces.pop_back();
+  if (FLocks == 0 && FPlaces.size() > 2 * size() + 16) CloseGaps();
   return true;
 }
 
 void TRefListBase::Clear() {
   std::fill(FPlaces.begin(), FPlaces.end(), nullptr);
-  FFirst = FPlaces.size();
+  std::fill(FTaken.begin(), FTaken.end(), 0);
   FByObject.clear();
   if (FLocks == 0) CloseGaps();
 }
 
 void TRefListBase::Swap(std::size_t Left, std::size_t Right) {
-  if (HasGaps() || FFirst > 0) CloseGaps();
-  std::swap(FPlaces[Left], FPlaces[Right]);
-  std::swap(FPlaces[Left]->Place, FPlaces[Right]->Place);
+  TEntry*& LeftEntry = FPlaces[PlaceOf(Left)];
+  TEntry*& RightEntry = FPlaces[PlaceOf(Right)];
+  std::swap(LeftEntry->Place, RightEntry->Place);
+  std::swap(LeftEntry, RightEntry);
 }
 
-void* TRefListBase::At(std::size_t Index) const {
-  if (HasGaps() && FLocks == 0) CloseGaps();
-  std::size_t Place = FFirst + Index;
-  if (HasGaps())
-    for (Place = FFirst; FPlaces[Place] == nullptr || Index-- > 0;) ++Place;
-  return AtPlace(Place);
-}
+void* TRefListBase::At(std::size_t Index) const { return AtPlace(PlaceOf(Index)); }
 
 void* TRefListBase::AtPlace(std::size_t Place) const {
   return FPlaces[Place] == nullptr ? nullptr : FPlaces[Place]->Object;
 }
 
-void TRefListBase::CloseGaps() const {
-  std::erase(FPlaces, nullptr);
-  FFirst = 0;
-  for (std::size_t Place = 0; Place < FPlaces.size(); ++Place) FPlaces[Place]->Place = Place;
+/// Descends the tree: skips as many places as hold no more objects than come before the index.
+std::size_t TRefListBase::PlaceOf(std::size_t Index) const {
+  if (FPlaces.size() == size()) return Index;
+  std::size_t Place = 0;
+  for (std::size_t Step = std::bit_floor(FTaken.size()); Step > 0; Step /= 2) {
+    if (Place + Step > FTaken.size() || FTaken[Place + Step - 1] > Index) continue;
+    Place += Step;
+    Index -= FTaken[Place - 1];
+  }
+  return Place;
+}
+
+void TRefListBase::AppendPlace(TEntry* Entry) {
+  FPlaces.push_back(Entry);
+  const std::size_t Sum = FPlaces.size();
+  std::size_t Taken = 1;
+  for (std::size_t Step = 1; Step < (Sum & -Sum); Step *= 2) Taken += FTaken[Sum - Step - 1];
+  FTaken.push_back(Taken);
+}
+
+void TRefListBase::CloseGaps() {
+  std::vector<TEntry*> Entries;
+  Entries.swap(FPlaces);
+  FTaken.clear();
+  for (TEntry* Entry : Entries) {
+    if (Entry == nullptr) continue;
+    Entry->Place = FPlaces.size();
+    AppendPlace(Entry);
+  }
 }
 
 }  // namespace zy

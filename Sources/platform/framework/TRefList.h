@@ -38,21 +38,21 @@ class TRefListBase {
 
   /// The object at a place of the list, null when it left. Places keep their numbers between Lock and Unlock.
   void* AtPlace(std::size_t Place) const;
-  std::size_t FirstPlace() const { return FFirst; }
   std::size_t PastPlaces() const { return FPlaces.size(); }
   void Lock() const { ++FLocks; }
   void Unlock() const { --FLocks; }
 
  private:
   struct TEntry;
-  bool HasGaps() const { return FPlaces.size() - FFirst != size(); }
-  void CloseGaps() const;
+  std::size_t PlaceOf(std::size_t Index) const;
+  void AppendPlace(TEntry* Entry);
+  void CloseGaps();
 
   TComponent& FHolder;
   std::unordered_map<void*, std::unique_ptr<TEntry>> FByObject;
-  mutable std::vector<TEntry*> FPlaces;  // in order, null where one left
-  mutable std::size_t FFirst = 0;        // the first place that is taken: a list emptied from its front stays cheap
-  mutable int FLocks = 0;                // iterators alive
+  std::vector<TEntry*> FPlaces;     // in order, null where one left; gaps are closed when they are the greater part
+  std::vector<std::size_t> FTaken;  // taken places below each place, summed as a binary indexed tree
+  mutable int FLocks = 0;           // iterators alive
 };
 
 /// A member of a component that lists other components without owning them, or objects of any type that are or belong
@@ -60,8 +60,8 @@ class TRefListBase {
 ///
 /// An object whose component dies leaves by itself: the holder's Notification hears of it while the entry still
 /// stands, then the operation that the list was given runs with the object, unless the holder is being destroyed;
-/// whatever they do, the entry is gone afterwards. Adding, asking for and removing an object cost the same however many
-/// there are.
+/// whatever they do, the entry is gone afterwards. Adding, asking for and removing an object, and finding one by its
+/// index, cost next to the same however many there are.
 ///
 /// Objects may leave and be added while the list is iterated: those that left are not visited any more, those that came
 /// stand at the end. Iterating allocates nothing. An iterator must not outlive the list.
@@ -130,7 +130,7 @@ class TRefList : private TRefListBase {
   using TRefListBase::size;
   using TRefListBase::Swap;
 
-  TIterator<false> begin() const { return {*this, FirstPlace()}; }
+  TIterator<false> begin() const { return {*this, 0}; }
   std::default_sentinel_t end() const { return {}; }
   /// The list as a range from its last object to its first.
   auto Reversed() const {
