@@ -1,11 +1,8 @@
 #include "graph/styles/ZyArrowSettings.h"
 
-<<<<<<< HEAD
 #include <limits>
 
-=======
 #include "persistence/ZyArchive.h"
->>>>>>> records
 #include "platform/drawing/GraphicsPath.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
