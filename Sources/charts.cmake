@@ -31,13 +31,9 @@ zy_add_library(
     graph/ZyPollingThread.cpp
     graph/ZyRegisterClasses.cpp
     graph/ZyZoomSettings.cpp
-<<<<<<< HEAD
-    persistence/ZyStyleRecords.cpp
     series/ZyBubbles.cpp
     series/ZyChildSeries.cpp
     series/ZyCustomOHLC.cpp
-=======
->>>>>>> records
     series/ZyFunctionSeries.cpp
     series/ZyLineSeries.cpp
     series/ZyMovingAverage.cpp
@@ -52,6 +48,7 @@ zy_add_library(
     series/ZySeriesLegend.cpp
     series/ZySeriesPoints.cpp
     series/ZySeriesRanges.cpp
+    series/ZySeriesRecord.cpp
   LINK zy_calculations zy_captions zy_controls zy_shapes zy_sql)
 set_target_properties(zy_charts PROPERTIES EXPORT_NAME Charts)
 add_library(Zyphos::Charts ALIAS zy_charts)

@@ -139,17 +139,19 @@ class TZyArchive {
 
   /// One of two groups of fields. The stream has a flag; XML tells by whether the node of that name is there, which the
   /// first group makes; INI has a boolean key. A form in which the name is empty has no flag: a writer follows IsFirst
-  /// and a reader tries the first group, whose fields are then absent in XML or INI.
+  /// and a reader tries the first group, whose fields are then absent in XML or INI. The result is whether it was the
+  /// first: `FDBData = Archive.Alternative(...)`.
   template <std::invocable TFirst, std::invocable TSecond>
-  void Alternative(const TZyFieldName& Name, bool IsFirst, TFirst First, TSecond Second) {
+  bool Alternative(const TZyFieldName& Name, bool IsFirst, TFirst First, TSecond Second) {
     const bool TakesFirst = Choose(Name, IsFirst);
     if (TakesFirst || VisitsAll()) First();
     if (!TakesFirst || VisitsAll()) Second();
+    return TakesFirst;
   }
   /// A group of fields that may be left out.
   template <std::invocable TFirst>
-  void Alternative(const TZyFieldName& Name, bool IsThere, TFirst First) {
-    Alternative(Name, IsThere, First, [] {});
+  bool Alternative(const TZyFieldName& Name, bool IsThere, TFirst First) {
+    return Alternative(Name, IsThere, First, [] {});
   }
 
   /// The continuation byte between two groups of fields: whether the next one follows. A record of an older writer ends

@@ -64,9 +64,7 @@ void TZyRecord::ReadFrom(TStream& Stream) {
 }
 
 void TZyRecord::WriteTo(const std::filesystem::path& FileName) const {
-  TMemoryStream Stream;
-  WriteTo(Stream);
-  SaveWholeFile(FileName, Stream.Bytes());
+  SaveWholeFile(FileName, [this](TStream& Stream) { WriteTo(Stream); });
 }
 
 void TZyRecord::ReadFrom(const std::filesystem::path& FileName) {

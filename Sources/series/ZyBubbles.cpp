@@ -4,6 +4,7 @@
 
 #include "graph/ZyGraph2D.h"
 #include "graph/shapes/ZyDrawing.h"
+#include "persistence/ZyArchive.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
 #include "series/ZyPointLook.h"
@@ -11,16 +12,18 @@
 
 namespace zy {
 
-ZY_PUBLISHED(TZyBubbles, TZySeries, Published<&TZyBubbles::Elliptical, &TZyBubbles::SetElliptical>("Elliptical", false),
-             Published<&TZyBubbles::RadiusData, &TZyBubbles::SetRadiusData>("RadiusData"),
-             Published<&TZyBubbles::RadiusTransformation>("RadiusTransformation"),
-             Republished("AutoUpdate OutliersVisible XAxis YAxis XData YData Line Area XValueTransformation "
-                         "YValueTransformation OnGetPen OnGetBrush"))
+ZY_PUBLISHED(
+    TZyBubbles, TZySeries,
+    Published<&TZyBubbles::Elliptical, &TZyBubbles::SetElliptical>("Elliptical", false).Labelled(_sBubblesElliptical),
+    Published<&TZyBubbles::RadiusData, &TZyBubbles::SetRadiusData>("RadiusData").Labelled(_sBubblesRadius),
+    Published<&TZyBubbles::RadiusTransformation>("RadiusTransformation"),
+    Republished("AutoUpdate OutliersVisible XAxis YAxis XData YData Line Area XValueTransformation "
+                "YValueTransformation OnGetPen OnGetBrush"))
 
 TZyBubbles::TZyBubbles(TComponent* Owner) : TZySeries(Owner) { Initialize(StaticClassInfo().Name()); }
 
 void TZyBubbles::SetElliptical(bool Value) {
-  Change(this, FElliptical, Value, _sBubblesElliptical, "Elliptical", &TZyBubbles::EllipticalModified);
+  Change(this, FElliptical, Value, "Elliptical", &TZyBubbles::EllipticalModified);
 }
 
 void TZyBubbles::EllipticalModified() {
@@ -28,6 +31,15 @@ void TZyBubbles::EllipticalModified() {
 }
 
 double TZyBubbles::GetR(int Idx) const { return std::fabs(FRadius.Transform(std::fabs(FRadius->GetValue(Idx)), Idx)); }
+
+void TZyBubbles::Fields(TZyArchive& Archive) {
+  TZySeries::Fields(Archive);
+  Archive.Level("Bubbles", [&] {
+    Archive.Field<&TZyBubbles::Elliptical, &TZyBubbles::SetElliptical>(*this, "Elliptical");
+    FRadius.Fields(Archive, "RadiusData");
+    Archive.EndRecord();
+  });
+}
 
 /// The Y range first: a radius in Y gives the same pixels along X by the spans of both. Where the spans have no ratio,
 /// as with all Y equal and radii of 0, X takes in the points alone.

@@ -21,6 +21,7 @@ class TZyBubbles : public TZySeries {
   /// Width and height in pixels of each kept bubble; `Points` has the top left corners.
   std::span<const PointF> Sizes() const { return FSize.Values().first(Points().size()); }
 
+  void Fields(TZyArchive& Archive) override;
   int MinCount() const override { return 1; }
   using TZySeries::FindPoint;
   /// The first bubble whose rectangle holds the place, corners included.
@@ -42,7 +43,7 @@ class TZyBubbles : public TZySeries {
   void EllipticalModified();
 
   bool FElliptical = false;
-  TZySeriesInput FRadius{*this, "RadiusData", _sBubblesRadius, TZyInputUse::Needed};
+  TZySeriesInput FRadius{*this, "RadiusData", TZyInputUse::Needed};
   TZyPointVector FSize;
 };
 

@@ -12,6 +12,6 @@ TZyChildSeries::TZyChildSeries(TComponent* Owner) : TZySeries(Owner) {
   FDoPointSettingsStorage = true;
 }
 
-void TZyChildSeries::SetXAxis(TZyAxis* Value) { SetAxis(FXAxis, Value, _sSeriesXAxis, nullptr); }
+void TZyChildSeries::SetXAxis(TZyAxis* Value) { SetAxis(FXAxis, Value, nullptr); }
 
 }  // namespace zy

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "graph/ZyGraph2D.h"
+#include "persistence/ZyArchive.h"
 #include "platform/framework/TPropInfo.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "undo/ZyChange.h"
@@ -11,21 +12,23 @@
 
 namespace zy {
 
-ZY_PUBLISHED(TZyCustomOHLC, TZySeries, Published<&TZyCustomOHLC::BarWidth, &TZyCustomOHLC::SetBarWidth>("BarWidth"),
-             Published<&TZyCustomOHLC::OpenData, &TZyCustomOHLC::SetOpenData>("OpenData"),
-             Published<&TZyCustomOHLC::CloseData, &TZyCustomOHLC::SetCloseData>("CloseData"),
-             Published<&TZyCustomOHLC::HighData, &TZyCustomOHLC::SetHighData>("HighData"),
-             Published<&TZyCustomOHLC::LowData, &TZyCustomOHLC::SetLowData>("LowData"),
-             Published<&TZyCustomOHLC::LowValueTransformation>("LowValueTransformation"),
-             Published<&TZyCustomOHLC::OpenValueTransformation>("OpenValueTransformation"),
-             Published<&TZyCustomOHLC::HighValueTransformation>("HighValueTransformation"),
-             Published<&TZyCustomOHLC::CloseValueTransformation>("CloseValueTransformation"),
-             Republished("AutoUpdate OutliersVisible XAxis YAxis XData YData Line XValueTransformation OnGetPen"))
+ZY_PUBLISHED(
+    TZyCustomOHLC, TZySeries,
+    Published<&TZyCustomOHLC::BarWidth, &TZyCustomOHLC::SetBarWidth>("BarWidth").Labelled(_sCustomOHLCBarWidth),
+    Published<&TZyCustomOHLC::OpenData, &TZyCustomOHLC::SetOpenData>("OpenData").Labelled(_sCustomOHLCOpenData),
+    Published<&TZyCustomOHLC::CloseData, &TZyCustomOHLC::SetCloseData>("CloseData").Labelled(_sCustomOHLCCloseData),
+    Published<&TZyCustomOHLC::HighData, &TZyCustomOHLC::SetHighData>("HighData").Labelled(_sCustomOHLCHighData),
+    Published<&TZyCustomOHLC::LowData, &TZyCustomOHLC::SetLowData>("LowData").Labelled(_sCustomOHLCLowData),
+    Published<&TZyCustomOHLC::LowValueTransformation>("LowValueTransformation"),
+    Published<&TZyCustomOHLC::OpenValueTransformation>("OpenValueTransformation"),
+    Published<&TZyCustomOHLC::HighValueTransformation>("HighValueTransformation"),
+    Published<&TZyCustomOHLC::CloseValueTransformation>("CloseValueTransformation"),
+    Republished("AutoUpdate OutliersVisible XAxis YAxis XData YData Line XValueTransformation OnGetPen"))
 
 TZyCustomOHLC::TZyCustomOHLC(TComponent* Owner) : TZySeries(Owner) { FY.SetUse(TZyInputUse::Needed); }
 
-void TZyCustomOHLC::SetWidth(float& Field, float Value, TZyText Label, const char* PropName) {
-  Change(this, Field, Value, Label, PropName, &TZyCustomOHLC::LookModified);
+void TZyCustomOHLC::SetWidth(float& Field, float Value, const char* PropName) {
+  Change(this, Field, Value, PropName, &TZyCustomOHLC::LookModified);
 }
 
 void TZyCustomOHLC::LookModified() {
@@ -33,14 +36,23 @@ void TZyCustomOHLC::LookModified() {
   LegendsModified();
 }
 
-void TZyCustomOHLC::SetBarWidth(float Value) {
-  SetWidth(FBarWidth, Value > 0 ? Value : 1, _sCustomOHLCBarWidth, "BarWidth");
-}
+void TZyCustomOHLC::SetBarWidth(float Value) { SetWidth(FBarWidth, Value > 0 ? Value : 1, "BarWidth"); }
 
 void TZyCustomOHLC::SetCloseData(TZyCustomDoubleVector* Value) {
   if (Value == YData()) return;
   const TZyUndoGroup Group(UndoStack(), _sCustomOHLCCloseData);
   SetYData(Value);
+}
+
+void TZyCustomOHLC::Fields(TZyArchive& Archive) {
+  TZySeries::Fields(Archive);
+  Archive.Level("CustomOHLC", [&] {
+    FOpen.Fields(Archive, "OpenData");
+    FHigh.Fields(Archive, "HighData");
+    FLow.Fields(Archive, "LowData");
+    Archive.Field<&TZyCustomOHLC::BarWidth, &TZyCustomOHLC::SetBarWidth>(*this, "BarWidth");
+    Archive.EndRecord();
+  });
 }
 
 void TZyCustomOHLC::TakeRanges(TRange& X, TRange& Y) {

@@ -39,6 +39,7 @@ class TZyCustomOHLC : public TZySeries {
   std::span<const float> OpenPoints() const { return FOpenPoint.Values().first(Points().size()); }
   std::span<const float> HighPoints() const { return FHighPoint.Values().first(Points().size()); }
 
+  void Fields(TZyArchive& Archive) override;
   int MinCount() const override { return 1; }
   float ExtraSpaceAt(TZyAxisPosition Border) const override;
   void CalculatePoints() override;
@@ -52,7 +53,7 @@ class TZyCustomOHLC : public TZySeries {
   explicit TZyCustomOHLC(TComponent* Owner);
   /// Pixels by which a bar reaches beyond its width at both sides.
   virtual float Overhang() const { return 0; }
-  void SetWidth(float& Field, float Value, TZyText Label, const char* PropName);
+  void SetWidth(float& Field, float Value, const char* PropName);
 
   void TakeRanges(TRange& X, TRange& Y) override;
   void KeepPixels(int Count) override;
@@ -63,9 +64,9 @@ class TZyCustomOHLC : public TZySeries {
   void LookModified();
 
   float FBarWidth = 4;
-  TZySeriesInput FLow{*this, "LowData", _sCustomOHLCLowData, TZyInputUse::Needed};
-  TZySeriesInput FOpen{*this, "OpenData", _sCustomOHLCOpenData, TZyInputUse::Needed};
-  TZySeriesInput FHigh{*this, "HighData", _sCustomOHLCHighData, TZyInputUse::Needed};
+  TZySeriesInput FLow{*this, "LowData", TZyInputUse::Needed};
+  TZySeriesInput FOpen{*this, "OpenData", TZyInputUse::Needed};
+  TZySeriesInput FHigh{*this, "HighData", TZyInputUse::Needed};
   TZySingleVector FLowPoint, FOpenPoint, FHighPoint;
 };
 

@@ -6,6 +6,7 @@
 #include "analysis/ZyMath.h"
 #include "analysis/ZyParseFktLists.h"
 #include "graph/ZyGraph2D.h"
+#include "persistence/ZyArchive.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
 #include "series/vectors/ZyDoubleVector.h"
@@ -17,23 +18,36 @@ namespace zy {
 
 // The display range is published by the kinds whose curve reaches beyond its data.
 ZY_PUBLISHED(
-    TZyFunctionSeries, TZyLineSeries, Published<&TZyFunctionSeries::Weight, &TZyFunctionSeries::SetWeight>("Weight"),
-    Published<&TZyFunctionSeries::AutoStart, &TZyFunctionSeries::SetAutoStart>("AutoStart", true),
-    Published<&TZyFunctionSeries::AutoStop, &TZyFunctionSeries::SetAutoStop>("AutoStop", true),
-    Published<&TZyFunctionSeries::CalculationStart, &TZyFunctionSeries::SetCalculationStart>("CalculationStart", 0.0),
-    Published<&TZyFunctionSeries::CalculationStop, &TZyFunctionSeries::SetCalculationStop>("CalculationStop", 0.0),
-    Published<&TZyFunctionSeries::ClipYValues, &TZyFunctionSeries::SetClipYValues>("ClipYValues", true),
+    TZyFunctionSeries, TZyLineSeries,
+    Published<&TZyFunctionSeries::Weight, &TZyFunctionSeries::SetWeight>("Weight").Labelled(_sFunctionsWeight),
+    Published<&TZyFunctionSeries::AutoStart, &TZyFunctionSeries::SetAutoStart>("AutoStart", true)
+        .Labelled(_sFunctionsAutoStart),
+    Published<&TZyFunctionSeries::AutoStop, &TZyFunctionSeries::SetAutoStop>("AutoStop", true)
+        .Labelled(_sFunctionsAutoStop),
+    Published<&TZyFunctionSeries::CalculationStart, &TZyFunctionSeries::SetCalculationStart>("CalculationStart", 0.0)
+        .Labelled(_sFunctionsCalculationStart),
+    Published<&TZyFunctionSeries::CalculationStop, &TZyFunctionSeries::SetCalculationStop>("CalculationStop", 0.0)
+        .Labelled(_sFunctionsCalculationStop),
+    Published<&TZyFunctionSeries::ClipYValues, &TZyFunctionSeries::SetClipYValues>("ClipYValues", true)
+        .Labelled(_sFunctionsClipYValues),
     Published<&TZyFunctionSeries::WeightValueTransformation>("WeightValueTransformation"),
     Published<&TZyFunctionSeries::OnCalculated>("OnCalculated"),
     Published<&TZyFunctionSeries::OnCalculationError>("OnCalculationError"),
     Published<&TZyFunctionSeries::DisplayAutoStart, &TZyFunctionSeries::SetDisplayAutoStart>("DisplayAutoStart", true)
+        .Labelled(_sFunctionsDisplayAutoStart)
         .Hidden(),
     Published<&TZyFunctionSeries::DisplayAutoStop, &TZyFunctionSeries::SetDisplayAutoStop>("DisplayAutoStop", true)
+        .Labelled(_sFunctionsDisplayAutoStop)
         .Hidden(),
-    Published<&TZyFunctionSeries::DisplayStart, &TZyFunctionSeries::SetDisplayStart>("DisplayStart", 0.0).Hidden(),
-    Published<&TZyFunctionSeries::DisplayStop, &TZyFunctionSeries::SetDisplayStop>("DisplayStop", 0.0).Hidden(),
+    Published<&TZyFunctionSeries::DisplayStart, &TZyFunctionSeries::SetDisplayStart>("DisplayStart", 0.0)
+        .Labelled(_sFunctionsDisplayStart)
+        .Hidden(),
+    Published<&TZyFunctionSeries::DisplayStop, &TZyFunctionSeries::SetDisplayStop>("DisplayStop", 0.0)
+        .Labelled(_sFunctionsDisplayStop)
+        .Hidden(),
     Published<&TZyFunctionSeries::CoupleCalculationAndDisplay, &TZyFunctionSeries::SetCoupleCalculationAndDisplay>(
         "CoupleCalculationAndDisplay", true)
+        .Labelled(_sFunctionsCoupleCalculationAndDisplay)
         .Hidden())
 
 TZyFunctionSeries::TZyFunctionSeries(TComponent* Owner, std::unique_ptr<TZyCalculation> Calculation)
@@ -54,6 +68,26 @@ void TZyFunctionSeries::RegisterVariables() {
   Enter("CalculationStop", _sCalcStop, &TZyFunctionSeries::GetCalcStop);
   Enter("DisplayStart", _sDisplayStart, &TZyFunctionSeries::GetDisplayStart);
   Enter("DisplayStop", _sDisplayStop, &TZyFunctionSeries::GetDisplayStop);
+}
+
+void TZyFunctionSeries::Fields(TZyArchive& Archive) {
+  using T = TZyFunctionSeries;
+  TZyLineSeries::Fields(Archive);
+  Archive.Level("FunctionSeries", [&] {
+    FWeight.Fields(Archive, "Weight");
+    Archive.Field<&T::AutoStart, &T::SetAutoStart>(*this, "AutoStart");
+    Archive.Field<&T::AutoStop, &T::SetAutoStop>(*this, "AutoStop");
+    Archive.Field<&T::DisplayAutoStart, &T::SetDisplayAutoStart>(*this, "DisplayAutoStart");
+    Archive.Field<&T::DisplayAutoStop, &T::SetDisplayAutoStop>(*this, "DisplayAutoStop");
+    Archive.Field<&T::CalculationStart, &T::SetCalculationStart>(*this, "CalculationStart");
+    Archive.Field<&T::CalculationStop, &T::SetCalculationStop>(*this, "CalculationStop");
+    Archive.Field<&T::DisplayStart, &T::SetDisplayStart>(*this, "DisplayStart");
+    Archive.Field<&T::DisplayStop, &T::SetDisplayStop>(*this, "DisplayStop");
+    Archive.Field<&T::CoupleCalculationAndDisplay, &T::SetCoupleCalculationAndDisplay>(*this,
+                                                                                       "CoupleCalculationAndDisplay");
+    Archive.Field<&T::ClipYValues, &T::SetClipYValues>(*this, "ClipYValues");
+    Archive.EndRecord();
+  });
 }
 
 // --- Calculation ----------------------------------------------------------------------------------------------------
@@ -206,66 +240,57 @@ void TZyFunctionSeries::SetWeight(TZyCustomDoubleVector* Value) {
   SetInput(FWeight, Value);
 }
 
-/// Switching on is undone together with what the next calculation overwrites.
-void TZyFunctionSeries::SetAuto(bool& Field, bool Value, TZyText Label, const char* PropName,
-                                std::initializer_list<const char*> Overwritten) {
-  if (Field == Value) return;
-  const TZyUndoGroup Group(Value ? UndoStack() : nullptr, Label);
-  if (UndoStack() != nullptr && Value)
-    for (const char* Each : Overwritten) UndoStack()->PushProperty(this, LoadResString(Label), Each);
-  Change(this, Field, Value, Label, PropName, &TZyFunctionSeries::CalculationModified);
+/// Switching on is undone together with what the next calculation writes over. Whether the value changed.
+bool TZyFunctionSeries::SetAuto(bool& Field, bool Value, std::initializer_list<std::string_view> Names) {
+  if (Field == Value) return false;
+  if (!Value && UndoStack() != nullptr) UndoStack()->PushProperty(this, *Names.begin());
+  const TZyUndoGroup Group(Value ? UndoStack() : nullptr, *this, Names);
+  Field = Value;
+  if (Value) CalculationModified();
+  return true;
 }
 
-void TZyFunctionSeries::SetAutoStart(bool Value) {
-  SetAuto(FAutoStart, Value, _sFunctionsAutoStart, "AutoStart", {"CalculationStart"});
-}
+void TZyFunctionSeries::SetAutoStart(bool Value) { SetAuto(FAutoStart, Value, {"AutoStart", "CalculationStart"}); }
 
-void TZyFunctionSeries::SetAutoStop(bool Value) {
-  SetAuto(FAutoStop, Value, _sFunctionsAutoStop, "AutoStop", {"CalculationStop"});
-}
+void TZyFunctionSeries::SetAutoStop(bool Value) { SetAuto(FAutoStop, Value, {"AutoStop", "CalculationStop"}); }
 
 void TZyFunctionSeries::SetDisplayAutoStart(bool Value) {
-  SetAuto(FDisplayAutoStart, Value, _sFunctionsDisplayAutoStart, "DisplayAutoStart", {"DisplayStart"});
+  SetAuto(FDisplayAutoStart, Value, {"DisplayAutoStart", "DisplayStart"});
 }
 
 void TZyFunctionSeries::SetDisplayAutoStop(bool Value) {
-  SetAuto(FDisplayAutoStop, Value, _sFunctionsDisplayAutoStop, "DisplayAutoStop", {"DisplayStop"});
+  SetAuto(FDisplayAutoStop, Value, {"DisplayAutoStop", "DisplayStop"});
 }
 
 void TZyFunctionSeries::SetCoupleCalculationAndDisplay(bool Value) {
-  SetAuto(FCoupleCalculationAndDisplay, Value, _sFunctionsCoupleCalculationAndDisplay, "CoupleCalculationAndDisplay",
-          {"DisplayStop", "DisplayStart"});
+  if (SetAuto(FCoupleCalculationAndDisplay, Value, {"CoupleCalculationAndDisplay", "DisplayStop", "DisplayStart"}))
+    CalculationModified();
 }
 
 void TZyFunctionSeries::SetClipYValues(bool Value) {
-  Change(this, FClipYValues, Value, _sFunctionsClipYValues, "ClipYValues", &TZyFunctionSeries::CalculationModified);
+  Change(this, FClipYValues, Value, "ClipYValues", &TZyFunctionSeries::CalculationModified);
 }
 
-void TZyFunctionSeries::SetLimit(double& Field, double Value, TZyText Label, const char* PropName) {
-  Change(this, Field, Value, Label, PropName, &TZyFunctionSeries::CalculationModified);
+void TZyFunctionSeries::SetLimit(double& Field, double Value, const char* PropName) {
+  Change(this, Field, Value, PropName, &TZyFunctionSeries::CalculationModified);
 }
 
-void TZyFunctionSeries::SetCalculationStart(double Value) {
-  SetLimit(FCalcStart, Value, _sFunctionsCalculationStart, "CalculationStart");
-}
+void TZyFunctionSeries::SetCalculationStart(double Value) { SetLimit(FCalcStart, Value, "CalculationStart"); }
 
-void TZyFunctionSeries::SetCalculationStop(double Value) {
-  SetLimit(FCalcStop, Value, _sFunctionsCalculationStop, "CalculationStop");
-}
+void TZyFunctionSeries::SetCalculationStop(double Value) { SetLimit(FCalcStop, Value, "CalculationStop"); }
 
 /// Within the data only other pixels are shown; beyond them the range of the series grows.
-void TZyFunctionSeries::SetDisplayLimit(double& Field, double Value, TZyText Label, const char* PropName,
-                                        bool LiesOutside) {
-  Change(this, Field, Value, Label, PropName,
+void TZyFunctionSeries::SetDisplayLimit(double& Field, double Value, const char* PropName, bool LiesOutside) {
+  Change(this, Field, Value, PropName,
          LiesOutside ? &TZyFunctionSeries::CalculationModified : &TZyFunctionSeries::DisplayModified);
 }
 
 void TZyFunctionSeries::SetDisplayStart(double Value) {
-  SetDisplayLimit(FDisplayStart, Value, _sFunctionsDisplayStart, "DisplayStart", Value < FXStart);
+  SetDisplayLimit(FDisplayStart, Value, "DisplayStart", Value < FXStart);
 }
 
 void TZyFunctionSeries::SetDisplayStop(double Value) {
-  SetDisplayLimit(FDisplayStop, Value, _sFunctionsDisplayStop, "DisplayStop", Value > FXStop);
+  SetDisplayLimit(FDisplayStop, Value, "DisplayStop", Value > FXStop);
 }
 
 }  // namespace zy

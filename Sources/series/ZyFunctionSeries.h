@@ -76,6 +76,7 @@ class TZyFunctionSeries : public TZyLineSeries {
   int FindPoint(int X, int Y, float Delta) const override;
   using TZyLineSeries::FindPoint;
   void RegisterVariables() override;
+  void Fields(TZyArchive& Archive) override;
   void Calculate() override;
   void CalculatePoints() override;
   void PaintGr(Graphics& Gr) override;
@@ -98,13 +99,12 @@ class TZyFunctionSeries : public TZyLineSeries {
   void CalculationFailed();
   template <class TSample>
   void Sample(double Start, double Stop, const TSample& Do) const;
-  void SetAuto(bool& Field, bool Value, TZyText Label, const char* PropName,
-               std::initializer_list<const char*> Overwritten);
-  void SetLimit(double& Field, double Value, TZyText Label, const char* PropName);
-  void SetDisplayLimit(double& Field, double Value, TZyText Label, const char* PropName, bool LiesOutside);
+  bool SetAuto(bool& Field, bool Value, std::initializer_list<std::string_view> Names);
+  void SetLimit(double& Field, double Value, const char* PropName);
+  void SetDisplayLimit(double& Field, double Value, const char* PropName, bool LiesOutside);
 
   std::unique_ptr<TZyCalculation> FCalculation;
-  TZySeriesInput FWeight{*this, "Weight", _sFunctionsWeight, TZyInputUse::Apart};
+  TZySeriesInput FWeight{*this, "Weight", TZyInputUse::Apart};
   bool FAutoStart = true;
   bool FAutoStop = true;
   bool FDisplayAutoStart = true;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "persistence/ZyArchive.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
 
@@ -10,14 +11,18 @@ namespace zy {
 
 ZY_PUBLISHED(TZyMovingAverage, TZyFunctionSeries,
              Published<&TZyMovingAverage::AveragingMethod, &TZyMovingAverage::SetAveragingMethod>(
-                 "AveragingMethod", TZyAveragingMethod::LinearWeighted),
+                 "AveragingMethod", TZyAveragingMethod::LinearWeighted)
+                 .Labelled(_sMvgAvgAveragingMethod),
              Published<&TZyMovingAverage::AveragingDirection, &TZyMovingAverage::SetAveragingDirection>(
-                 "AveragingDirection", TZyAveragingDirection::OnlyDownwards),
+                 "AveragingDirection", TZyAveragingDirection::OnlyDownwards)
+                 .Labelled(_sMvgAvgAveragingDirection),
              Published<&TZyMovingAverage::AveragingRangeMethod, &TZyMovingAverage::SetAveragingRangeMethod>(
-                 "AveragingRangeMethod", TZyAveragingRangeMethod::NasCount),
-             Published<&TZyMovingAverage::N, &TZyMovingAverage::SetN>("N", 10.0),
+                 "AveragingRangeMethod", TZyAveragingRangeMethod::NasCount)
+                 .Labelled(_sMvgAvgAveragingRangeMethod),
+             Published<&TZyMovingAverage::N, &TZyMovingAverage::SetN>("N", 10.0).Labelled(_sMvgAvgN),
              Published<&TZyMovingAverage::ExponentialFactorForN, &TZyMovingAverage::SetExponentialFactorForN>(
-                 "ExponentialFactorForN", 0.9),
+                 "ExponentialFactorForN", 0.9)
+                 .Labelled(_sMvgAvgExponentialFactorForN),
              Republished("DisplayAutoStart DisplayAutoStop DisplayStart DisplayStop CoupleCalculationAndDisplay"))
 
 TZyMovingAverage::TZyMovingAverage(TComponent* Owner)
@@ -28,27 +33,26 @@ TZyMovingAverage::TZyMovingAverage(TComponent* Owner)
 }
 
 template <class TField, class TValue>
-void TZyMovingAverage::ChangeSetting(TField& Field, TValue Value, TZyText Label, const char* PropName) {
-  Change(this, Field, Value, Label, PropName, &TZyMovingAverage::CalculationModified);
+void TZyMovingAverage::ChangeSetting(TField& Field, TValue Value, const char* PropName) {
+  Change(this, Field, Value, PropName, &TZyMovingAverage::CalculationModified);
 }
 
 void TZyMovingAverage::SetAveragingMethod(TZyAveragingMethod Value) {
-  ChangeSetting(FAvg.AveragingMethod, Value, _sMvgAvgAveragingMethod, "AveragingMethod");
+  ChangeSetting(FAvg.AveragingMethod, Value, "AveragingMethod");
 }
 
 void TZyMovingAverage::SetAveragingDirection(TZyAveragingDirection Value) {
-  ChangeSetting(FAvg.AveragingDirection, Value, _sMvgAvgAveragingDirection, "AveragingDirection");
+  ChangeSetting(FAvg.AveragingDirection, Value, "AveragingDirection");
 }
 
 void TZyMovingAverage::SetAveragingRangeMethod(TZyAveragingRangeMethod Value) {
-  ChangeSetting(FAvg.AveragingRangeMethod, Value, _sMvgAvgAveragingRangeMethod, "AveragingRangeMethod");
+  ChangeSetting(FAvg.AveragingRangeMethod, Value, "AveragingRangeMethod");
 }
 
-void TZyMovingAverage::SetN(double Value) { ChangeSetting(FAvg.N, std::fabs(Value), _sMvgAvgN, "N"); }
+void TZyMovingAverage::SetN(double Value) { ChangeSetting(FAvg.N, std::fabs(Value), "N"); }
 
 void TZyMovingAverage::SetExponentialFactorForN(double Value) {
-  ChangeSetting(FAvg.ExponentialFactorForN, std::min(std::fabs(Value), 1.0), _sMvgAvgExponentialFactorForN,
-                "ExponentialFactorForN");
+  ChangeSetting(FAvg.ExponentialFactorForN, std::min(std::fabs(Value), 1.0), "ExponentialFactorForN");
 }
 
 std::string TZyMovingAverage::GetFormula() const {
@@ -60,6 +64,19 @@ std::string TZyMovingAverage::GetFormula() const {
     default:
       return LoadResString(_sExponentiallyWeighted);
   }
+}
+
+void TZyMovingAverage::Fields(TZyArchive& Archive) {
+  using T = TZyMovingAverage;
+  TZyFunctionSeries::Fields(Archive);
+  Archive.Level("MovingAverage", [&] {
+    Archive.Field<&T::AveragingMethod, &T::SetAveragingMethod>(*this, "AveragingMethod");
+    Archive.Field<&T::AveragingDirection, &T::SetAveragingDirection>(*this, "AveragingDirection");
+    Archive.Field<&T::AveragingRangeMethod, &T::SetAveragingRangeMethod>(*this, "AveragingRangeMethod");
+    Archive.Field<&T::N, &T::SetN>(*this, "N");
+    Archive.Field<&T::ExponentialFactorForN, &T::SetExponentialFactorForN>(*this, "ExponentialFactorForN");
+    Archive.EndRecord();
+  });
 }
 
 void TZyMovingAverage::RegisterVariables() {

@@ -27,10 +27,11 @@ class TZyMovingAverage : public TZyFunctionSeries {
   double GetY(double AtX) const override { return FAvg.GetY(AtX); }
   std::string GetFormula() const override;
   void RegisterVariables() override;
+  void Fields(TZyArchive& Archive) override;
 
  private:
   template <class TField, class TValue>
-  void ChangeSetting(TField& Field, TValue Value, TZyText Label, const char* PropName);
+  void ChangeSetting(TField& Field, TValue Value, const char* PropName);
 
   TZyMovingAverageCalculation& FAvg;
 };

@@ -4,6 +4,7 @@
 
 #include "graph/ZyGraph2D.h"
 #include "graph/shapes/ZyDrawing.h"
+#include "persistence/ZyArchive.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
 #include "series/ZyPointLook.h"
@@ -11,7 +12,8 @@
 namespace zy {
 
 ZY_PUBLISHED(TZyOHLC, TZyCustomOHLC,
-             Published<&TZyOHLC::IndicatorLength, &TZyOHLC::SetIndicatorLength>("IndicatorLength", 5.0f),
+             Published<&TZyOHLC::IndicatorLength, &TZyOHLC::SetIndicatorLength>("IndicatorLength", 5.0f)
+                 .Labelled(_sOHLCIndicatorLength),
              Republished("Area OnGetBrush"))
 
 TZyOHLC::TZyOHLC(TComponent* Owner) : TZyCustomOHLC(Owner) {
@@ -21,8 +23,14 @@ TZyOHLC::TZyOHLC(TComponent* Owner) : TZyCustomOHLC(Owner) {
   Area().SetVisible(true);
 }
 
-void TZyOHLC::SetIndicatorLength(float Value) {
-  SetWidth(FIndicatorLength, Value < 0 ? 1 : Value, _sOHLCIndicatorLength, "IndicatorLength");
+void TZyOHLC::SetIndicatorLength(float Value) { SetWidth(FIndicatorLength, Value < 0 ? 1 : Value, "IndicatorLength"); }
+
+void TZyOHLC::Fields(TZyArchive& Archive) {
+  TZyCustomOHLC::Fields(Archive);
+  Archive.Level("OHLC", [&] {
+    Archive.Field<&TZyOHLC::IndicatorLength, &TZyOHLC::SetIndicatorLength>(*this, "IndicatorLength");
+    Archive.EndRecord();
+  });
 }
 
 void TZyOHLC::DrawPoints(Graphics& Gr) {

@@ -13,6 +13,7 @@ class TZyOHLC : public TZyCustomOHLC {
   float IndicatorLength() const { return FIndicatorLength; }
   void SetIndicatorLength(float Value);
 
+  void Fields(TZyArchive& Archive) override;
   float GetItemHeight() const override;
   void DrawListItem(const TZyLegendItemDrawArgs& e, LegendItemStyle Style) override;
   void DrawListItem(const TZyLegendItemDrawArgs& e) override { DrawListItem(e, LegendItemStyle::Filled); }

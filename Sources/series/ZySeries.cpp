@@ -46,16 +46,26 @@ void SetLook(TZyPointSymbolSettings& Settings, TZyPointSymbol Symbol, TZyColor B
 }  // namespace
 
 // What only some kinds publish is hidden here; they name it.
-ZY_PUBLISHED(TZySeries, TComponent, Published<&TZySeries::Visible, &TZySeries::SetVisible>("Visible", true),
-             Published<&TZySeries::Caption, &TZySeries::SetCaption>("Caption"),
-             Published<&TZySeries::IncludeInLegend, &TZySeries::SetIncludeInLegend>("IncludeInLegend", true),
+ZY_PUBLISHED(TZySeries, TComponent,
+             Published<&TZySeries::Visible, &TZySeries::SetVisible>("Visible", true).Labelled(_sSeriesVisible),
+             Published<&TZySeries::Caption, &TZySeries::SetCaption>("Caption").Labelled(_sSeriesCaption),
+             Published<&TZySeries::IncludeInLegend, &TZySeries::SetIncludeInLegend>("IncludeInLegend", true)
+                 .Labelled(_sSeriesIncludeInLegend),
              Published<&TZySeries::MergeLegendItemWith, &TZySeries::SetMergeLegendItemWith>("MergeLegendItemWith"),
              Published<&TZySeries::AutoUpdate, &TZySeries::SetAutoUpdate>("AutoUpdate", true).Hidden(),
-             Published<&TZySeries::OutliersVisible, &TZySeries::SetOutliersVisible>("OutliersVisible", false).Hidden(),
-             Published<&TZySeries::XAxis, &TZySeries::SetXAxis>("XAxis").Hidden(),
-             Published<&TZySeries::YAxis, &TZySeries::SetYAxis>("YAxis").Hidden(),
-             Published<&TZySeries::XData, &TZySeries::SetXData>("XData").StoredIf<&TZySeries::HasOwnXData>().Hidden(),
-             Published<&TZySeries::YData, &TZySeries::SetYData>("YData").StoredIf<&TZySeries::HasOwnYData>().Hidden(),
+             Published<&TZySeries::OutliersVisible, &TZySeries::SetOutliersVisible>("OutliersVisible", false)
+                 .Labelled(_sSeriesOutliersVisible)
+                 .Hidden(),
+             Published<&TZySeries::XAxis, &TZySeries::SetXAxis>("XAxis").Labelled(_sSeriesXAxis).Hidden(),
+             Published<&TZySeries::YAxis, &TZySeries::SetYAxis>("YAxis").Labelled(_sSeriesYAxis).Hidden(),
+             Published<&TZySeries::XData, &TZySeries::SetXData>("XData")
+                 .Labelled(_sSeriesXData)
+                 .StoredIf<&TZySeries::HasOwnXData>()
+                 .Hidden(),
+             Published<&TZySeries::YData, &TZySeries::SetYData>("YData")
+                 .Labelled(_sSeriesYData)
+                 .StoredIf<&TZySeries::HasOwnYData>()
+                 .Hidden(),
              Published<&TZySeries::Line>("Line").Hidden(), Published<&TZySeries::Area>("Area").Hidden(),
              Published<&TZySeries::DrawBandTo, &TZySeries::SetDrawBandTo>("DrawBandTo").Hidden(),
              Published<&TZySeries::XValueTransformation>("XValueTransformation").Hidden(),
@@ -66,7 +76,7 @@ ZY_PUBLISHED(TZySeries, TComponent, Published<&TZySeries::Visible, &TZySeries::S
              Published<&TZySeries::RangeFromFunction, &TZySeries::SetRangeFromFunction>("RangeFromFunction").Hidden(),
              Published<&TZySeries::OutOfRangePointSymbol>("OutOfRangePointSymbol").Hidden(),
              Published<&TZySeries::OnGetPointSymbol>("OnGetPointSymbol").Hidden(),
-             Published<&TZySeries::Layer, &TZySeries::SetLayer>("Layer").Hidden())
+             Published<&TZySeries::Layer, &TZySeries::SetLayer>("Layer").Labelled(_sSeriesLayering).Hidden())
 
 TZySeries::TZySeries(TComponent* Owner)
     : TComponent(Owner),
@@ -107,10 +117,7 @@ TZySeries::~TZySeries() {
 }
 
 void TZySeries::SetName(const std::string& Value) {
-  if (IsDesigning() && !FCaptionSet) {
-    SetCaption(Value);
-    FCaptionSet = false;
-  }
+  FCaptionOfName.Follow(*this, Value);
   TComponent::SetName(Value);
   UpdateVariablesObjects(FObjectsToUpdate);
 }
@@ -133,22 +140,21 @@ void TZySeries::DefineProperties(TFiler& Filer) {
 // --- Properties -----------------------------------------------------------------------------------------------------
 
 void TZySeries::SetVisible(bool Value) {
-  if (Change(this, FVisible, Value, _sSeriesVisible, "Visible", &TZySeries::TestVisibleChanged)) LegendsModified();
+  if (Change(this, FVisible, Value, "Visible", &TZySeries::TestVisibleChanged)) LegendsModified();
 }
 
 void TZySeries::SetCaption(const TZyRichCaption& Value) {
-  if (!Change(this, FCaption, TrimRight(Value), _sSeriesCaption, "Caption", &TZySeries::LegendsModified)) return;
-  FCaptionSet = true;
+  if (!Change(this, FCaption, TrimRight(Value), "Caption", &TZySeries::LegendsModified)) return;
+  FCaptionOfName.WasSet();
   UpdateVariablesObjects(FObjectsToUpdate);
 }
 
 void TZySeries::SetIncludeInLegend(bool Value) {
-  if (Change(this, FIncludeInLegend, Value, _sSeriesIncludeInLegend, "IncludeInLegend", &TZySeries::Invalidate))
-    LegendsModified();
+  if (Change(this, FIncludeInLegend, Value, "IncludeInLegend", &TZySeries::Invalidate)) LegendsModified();
 }
 
 void TZySeries::SetOutliersVisible(bool Value) {
-  Change(this, FOutliersVisible, Value, _sSeriesOutliersVisible, "OutliersVisible", &TZySeries::RangesModified);
+  Change(this, FOutliersVisible, Value, "OutliersVisible", &TZySeries::RangesModified);
 }
 
 void TZySeries::SetMergeLegendItemWith(TZySeries* Value) {
@@ -160,7 +166,9 @@ void TZySeries::SetMergeLegendItemWith(TZySeries* Value) {
 
 TZyLineSeries* TZySeries::DrawBandTo() const { return static_cast<TZyLineSeries*>(FDrawBandTo.Get()); }
 
-void TZySeries::SetDrawBandTo(TZyLineSeries* Value) {
+void TZySeries::SetDrawBandTo(TZyLineSeries* Value) { SetBand(Value); }
+
+void TZySeries::SetBand(TZySeries* Value) {
   if (Value == this) Value = nullptr;
   if (FDrawBandTo == Value) return;
   FDrawBandTo = Value;
@@ -171,7 +179,9 @@ TZyFunctionSeries* TZySeries::RangeFromFunction() const {
   return static_cast<TZyFunctionSeries*>(FRangeFromFunction.Get());
 }
 
-void TZySeries::SetRangeFromFunction(TZyFunctionSeries* Value) {
+void TZySeries::SetRangeFromFunction(TZyFunctionSeries* Value) { SetFunction(Value); }
+
+void TZySeries::SetFunction(TZySeries* Value) {
   if (FRangeFromFunction == Value) return;
   FRangeFromFunction = Value;
   Invalidate();
@@ -192,15 +202,14 @@ void TZySeries::SetOnGetPointSymbol(PointSymbolEventHandler Value) {
   Invalidate();
 }
 
-void TZySeries::SetLayer(int Value) {
-  if (FLayer == Value) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sSeriesLayering), "Layer");
-  FLayer = Value;
+void TZySeries::SetLayer(int Value) { Change(this, FLayer, Value, "Layer", &TZySeries::LayerModified); }
+
+void TZySeries::LayerModified() {
   if (FGraph != nullptr) FGraph->Modified();
 }
 
 void TZySeries::SetUndoStack(TZyUndoStack* Value) {
-  FUndoStack = Value;
+  FUndo.Set(Value);
   FLineSettings->SetUndoStack(Value);
   FAreaSettings->SetUndoStack(Value);
   FPointSymbolSettings->SetUndoStack(Value);
@@ -208,7 +217,7 @@ void TZySeries::SetUndoStack(TZyUndoStack* Value) {
 }
 
 void TZySeries::ReplaceLine(std::unique_ptr<TZyLineSettings> Value) {
-  Value->SetUndoStack(FUndoStack);
+  Value->SetUndoStack(FUndo);
   FLineSettings = std::move(Value);
 }
 

@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "annotations/captions/ZyCaptionOfName.h"
 #include "annotations/captions/ZyRichCaption.h"
 #include "axes/ZyAxis.h"
 #include "graph/styles/ZyStyles.h"
+#include "persistence/ZyRecord.h"
 #include "platform/drawing/Region.h"
 #include "platform/framework/TRef.h"
 #include "series/ZyDataState.h"
@@ -18,6 +20,7 @@
 #include "series/vectors/ZyCustomDoubleVector.h"
 #include "series/vectors/ZyIndexer.h"
 #include "texts/ZyLocalize.h"
+#include "undo/ZyUndoLink.h"
 
 namespace zy {
 
@@ -41,7 +44,7 @@ class TZyUndoStack;
 /// A further kind of series has its vectors as members of the class TZySeriesInput, and overrides hooks: `TakeRanges`
 /// for the ranges of the points, `TakePixels` for the pixels of a stretch of indexes, `DrawPoints` for the drawing of
 /// the points that were kept, `AddSampleData` for the form designer.
-class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableContainer {
+class TZySeries : public TComponent, public TZyRecord, public IZyVectorReader, public TZyVariableContainer {
   ZY_CLASS(TZySeries, TComponent)
   explicit TZySeries(TComponent* Owner = nullptr);
   ~TZySeries() override;
@@ -93,10 +96,11 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   void SetOnGetPen(TZyPenEventHandler Value);
   const TZyBrushEventHandler& OnGetBrush() const { return mGetBrush; }
   void SetOnGetBrush(TZyBrushEventHandler Value);
-  /// Place in the drawing order, lower first. The graph renumbers all layers from 0.
+  /// Place in the drawing order, lower first. The graph renumbers all layers from 0, which is no step of undo.
   int Layer() const { return FLayer; }
   void SetLayer(int Value);
-  TZyUndoStack* UndoStack() const { return FUndoStack; }
+  void Renumber(int Value) { FLayer = Value; }
+  TZyUndoStack* UndoStack() const { return FUndo; }
   virtual void SetUndoStack(TZyUndoStack* Value);
   /// Pen and brush that draw line and area: those of the settings, or in their place ones of the caller's, which stay
   /// the caller's and must outlive the series. Null goes back to the settings.
@@ -224,6 +228,8 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   void DataInserted(const TZyCustomDoubleVector& Vector, int Idx) override;
   void DataDeleted(const TZyCustomDoubleVector& Vector, int Idx) override;
 
+  /// What the record of every series has; a kind calls the inherited operation, then tells its own level.
+  void Fields(TZyArchive& Archive) override;
   void SetName(const std::string& Value) override;
   void DefineProperties(TFiler& Filer) override;
 
@@ -262,7 +268,7 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   void SetInput(TZySeriesInput& Input, TZyCustomDoubleVector* Value);
   void SetTransformation(TZySeriesInput& Input, TZyValueTransformation Value);
   /// The setter of an axis. Without a name there is no undo.
-  void SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, TZyText Label, const char* PropName);
+  void SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, const char* PropName);
   /// Does something with each index from First up to, but not including, Last that has values.
   template <class TDo>
   void ForEachPoint(int First, int Last, const TDo& Do) const {
@@ -304,7 +310,7 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
       TZyStyleSettings& Settings;
       TZyUndoStack* Stack;
       ~TSilence() { Settings.SetUndoStack(Stack); }
-    } const Silence{Settings, FUndoStack};
+    } const Silence{Settings, FUndo};
     Settings.SetUndoStack(nullptr);
     Do();
   }
@@ -342,9 +348,9 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   bool FDoPointSettingsStorage = false;  // the kind has point symbols, and stores their settings
   std::unique_ptr<TZyIndexer> FIndexer;
   std::vector<TZySeriesInput*> FInputs;  // in the order of the members; above them, since they enter it
-  TZySeriesInput FX{*this, "XData", _sSeriesXData, TZyInputUse::Coordinate};
-  TZySeriesInput FY{*this, "YData", _sSeriesYData, TZyInputUse::Coordinate};
-  TRef<TZyAxis> FXAxis{this}, FYAxis{this};
+  TZySeriesInput FX{*this, "XData", TZyInputUse::Coordinate};
+  TZySeriesInput FY{*this, "YData", TZyInputUse::Coordinate};
+  TRef<TZyAxis> FXAxis{this, &TZySeries::SetXAxis}, FYAxis{this, &TZySeries::SetYAxis};
   double FXStart, FXStop, FYStart, FYStop;
   TZyDataState FState;
   int FPointCount = 0;  // pixels of the line
@@ -364,11 +370,18 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   void LeaveInput(TZySeriesInput& Input);
   bool Reads(const TZyCustomDoubleVector* Vector, const TZySeriesInput* But = nullptr) const;
   bool HasOwnData(const TZySeriesInput& Input) const { return Input && Input.Vector() != FIndexer.get(); }
+  TZyCustomDoubleVector* StoredVector(const TZySeriesInput& Input) const {
+    return HasOwnData(Input) ? Input.Vector() : nullptr;
+  }
+  void SymbolFields(TZyArchive& Archive);
   bool IsComplete() const;
   void PointIndexer();
   void JoinGraph();
   void LeaveGraph();
   void ForgetRanges();
+  void LayerModified();
+  void SetBand(TZySeries* Value);
+  void SetFunction(TZySeries* Value);
 
   // Ranges.
   TRange TransformedExtremes(const TZySeriesInput& Input, const TZySeriesInput& Other) const;
@@ -404,13 +417,13 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   bool FAutoUpdate = true;
   bool FOutliersVisible = false;
   bool FLastVisible = true;
-  bool FCaptionSet = false;
   bool FIncludeInLegend = true;
   bool FCalculatingPoints = false;
   bool FPointsForSymbols = false;  // whether the pixels were computed for symbols
-  TRef<TZySeries> FMergeLegendItemWith{this}, FRangeFromFunction{this}, FDrawBandTo{this};
+  TRef<TZySeries> FMergeLegendItemWith{this, &TZySeries::SetMergeLegendItemWith};
+  TRef<TZySeries> FRangeFromFunction{this, &TZySeries::SetFunction}, FDrawBandTo{this, &TZySeries::SetBand};
   TRef<TZyGraph2D> FGraph{this};
-  TRef<TZyUndoStack> FUndoStack{this};
+  TZyUndoLink FUndo{this, &TZySeries::SetUndoStack};
   TZyPenEventHandler mGetPen;
   TZyBrushEventHandler mGetBrush;
   PointSymbolEventHandler mPointSymbol;
@@ -423,6 +436,7 @@ class TZySeries : public TComponent, public IZyVectorReader, public TZyVariableC
   SolidBrush FOutOfRangeBrush;
   float FLastSymbolSize = 0;
   TZyRichCaption FCaption;
+  TZyCaptionOfName FCaptionOfName;
   TZyDependentList FObjectsToUpdate;  // what shows values of the series
   int FLayer = 0;
   int FAreaPointCount = 0;              // pixels with those that close the area

@@ -6,8 +6,8 @@
 
 namespace zy {
 
-TZySeriesInput::TZySeriesInput(TZySeries& Series, const char* PropName, TZyText Label, TZyInputUse Use)
-    : FSeries(Series), FPropName(PropName), FLabel(Label), FUse(Use), FVector(&Series) {
+TZySeriesInput::TZySeriesInput(TZySeries& Series, const char* PropName, TZyInputUse Use)
+    : FSeries(Series), FPropName(PropName), FUse(Use), FVector(&Series) {
   FSeries.EnterInput(*this);
 }
 

@@ -3,10 +3,11 @@
 #include "platform/framework/TRef.h"
 #include "series/vectors/ZyCustomDoubleVector.h"
 #include "series/vectors/ZyValueTransformation.h"
-#include "texts/ZyLocalize.h"
 
 namespace zy {
 
+class TZyArchive;
+class TZyFieldName;
 class TZySeries;
 
 /// What an input decides of the points of its series.
@@ -23,17 +24,16 @@ enum class TZyInputUse {
 /// from then on the series walks it for counts, values, outliers, databases, new and shrinking data, joining, leaving,
 /// and the death of the vector:
 ///
-///     TZySeriesInput FRadius{*this, "RadiusData", _sBubblesRadius, TZyInputUse::Needed};
+///     TZySeriesInput FRadius{*this, "RadiusData", TZyInputUse::Needed};
 class TZySeriesInput {
  public:
-  /// PropName is the published property of the series through which undo writes, Label what a step of undo is called.
-  TZySeriesInput(TZySeries& Series, const char* PropName, TZyText Label, TZyInputUse Use);
+  /// PropName is the property of the series through which undo writes; its row tells the label.
+  TZySeriesInput(TZySeries& Series, const char* PropName, TZyInputUse Use);
   ~TZySeriesInput();
   TZySeriesInput(const TZySeriesInput&) = delete;
   TZySeriesInput& operator=(const TZySeriesInput&) = delete;
 
   const char* PropName() const { return FPropName; }
-  TZyText Label() const { return FLabel; }
   TZyInputUse Use() const { return FUse; }
   /// For the constructor of a kind that asks more, or less, of X or Y than the base does.
   void SetUse(TZyInputUse Value) { FUse = Value; }
@@ -54,13 +54,14 @@ class TZySeriesInput {
   double Transform(double Value, int Idx) const;
   /// The transformed value at an index. Throws ERangeError outside the vector.
   double At(int Idx) const { return Transform(FVector->GetValue(Idx), Idx); }
+  /// The reference in the record of the series; the index has none there.
+  void Fields(TZyArchive& Archive, const TZyFieldName& Name);
   /// Exchanges vectors and transformations of two inputs of a series.
   void SwapWith(TZySeriesInput& Other);
 
  private:
   TZySeries& FSeries;
   const char* FPropName;
-  TZyText FLabel;
   TZyInputUse FUse;
   TRef<TZyCustomDoubleVector> FVector;
   TZyValueTransformation mTransformation;

@@ -32,7 +32,7 @@ void TZySeries::SetInput(TZySeriesInput& Input, TZyCustomDoubleVector* Value) {
   TZyCustomDoubleVector* const Indexer = FIndexer.get();
   TZyCustomDoubleVector* const Old = Input.Vector();
   if (Old == Value || (Value == nullptr && Old == Indexer)) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(Input.Label()), Input.PropName());
+  if (FUndo != nullptr) FUndo->PushProperty(this, Input.PropName());
   if (Old != nullptr && Old != Indexer && !Old->IsDestroying() && !Reads(Old, &Input)) Old->RemoveRelatedSeries(this);
   if (Value != nullptr && Value != Indexer && !Reads(Value)) Value->AddRelatedSeries(this);
   Input.Point(Value);
@@ -48,17 +48,17 @@ void TZySeries::SetTransformation(TZySeriesInput& Input, TZyValueTransformation 
   RangesModified();
 }
 
-void TZySeries::SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, TZyText Label, const char* PropName) {
+void TZySeries::SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, const char* PropName) {
   if (Field == Value) return;
-  if (FUndoStack != nullptr && PropName != nullptr) FUndoStack->PushProperty(this, LoadResString(Label), PropName);
+  if (FUndo != nullptr && PropName != nullptr) FUndo->PushProperty(this, PropName);
   if (Field != nullptr && !Field->IsDestroying()) Field->RemoveRelatedSeries(this);
   Field = Value;
   TestAllAssigned();
 }
 
-void TZySeries::SetXAxis(TZyAxis* Value) { SetAxis(FXAxis, Value, _sSeriesXAxis, "XAxis"); }
+void TZySeries::SetXAxis(TZyAxis* Value) { SetAxis(FXAxis, Value, "XAxis"); }
 
-void TZySeries::SetYAxis(TZyAxis* Value) { SetAxis(FYAxis, Value, _sSeriesYAxis, "YAxis"); }
+void TZySeries::SetYAxis(TZyAxis* Value) { SetAxis(FYAxis, Value, "YAxis"); }
 
 void TZySeries::SetDefaultAxis(TZyGraph2D& FromGraph) {
   FXAxis = FromGraph.PrimaryXAxis();
@@ -111,7 +111,7 @@ void TZySeries::JoinGraph() {
   if (Graph == nullptr || Graph->IsDestroying()) return;
   if (Graph->AddRelatedSeries(this)) {
     if (IsDesigning() && !IsLoading()) FLayer = static_cast<int>(Graph->RelatedSeries().size()) - 1;
-    if (FUndoStack == nullptr) SetUndoStack(Graph->UndoStack());
+    if (FUndo == nullptr) SetUndoStack(Graph->UndoStack());
   }
   PointIndexer();
   if (IsDesigning() && !IsLoading()) {
@@ -171,12 +171,6 @@ void TZySeries::Notification(TComponent* AComponent, TOperation Operation) {
   if (AComponent == XData() && AComponent == YData()) FY.Point(nullptr);  // the index stands in for none of the two
   for (std::size_t i = 0; i < FInputs.size(); ++i)
     if (FInputs[i]->Vector() == AComponent) SetInput(*FInputs[i], nullptr);
-  if (AComponent == FXAxis) SetXAxis(nullptr);
-  if (AComponent == FYAxis) SetYAxis(nullptr);
-  if (AComponent == FMergeLegendItemWith) SetMergeLegendItemWith(nullptr);
-  if (AComponent == FDrawBandTo) SetDrawBandTo(nullptr);
-  if (AComponent == FRangeFromFunction) SetRangeFromFunction(nullptr);
-  if (AComponent == FUndoStack) SetUndoStack(nullptr);
 }
 
 }  // namespace zy

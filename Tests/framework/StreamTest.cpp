@@ -78,6 +78,15 @@ TEST(Stream, FilesSeekReadAndGrow) {
   EXPECT_THROW(Stream.Write("x", 1), EStreamError);
   EXPECT_THROW(Stream.SetSize(0), EStreamError);
   EXPECT_EQ(TFileStream(Folder / "new", fmCreate).Size(), 0);
+  TFileStream Writer(Folder / "grows", fmCreate), Reader(Folder / "grows", fmOpenRead);
+  for (const std::int64_t Size : {2, 4}) {  // the size is kept, but not beyond where it is known
+    Writer.WriteBuffer("ab", 2);
+    Writer.Flush();
+    EXPECT_EQ(Writer.Size(), Size);
+    EXPECT_EQ(Reader.Remaining(), 2);
+    Reader.SetPosition(Size);
+  }
+  EXPECT_THROW(TFileStream(Folder / "grows", fmCreate | fmExclusive), EFileError);
   for (const auto& Path : {Folder / "none", Folder.Path(), Folder / "no" / "file"})
     EXPECT_NE(MessageOf<EFileError>([&] { TFileStream Missing(Path, fmOpenRead); }).find(Path.string()),
               std::string::npos);

@@ -34,11 +34,7 @@ ZY_ENUM(TZyTextRenderingHint, "SystemDefault", "SingleBitPerPixelGridFit", "Sing
 /// The font of a caption: family, size in points, style, colour or gradient, effect.
 ///
 /// Setters push no undo; who lets the user change a font calls PushToUndoStack first.
-<<<<<<< HEAD
 class TZyFont : public TZyStyleSettings {
-=======
-class TZyFont : public TPersistent, public TZyRecord {
->>>>>>> records
   ZY_CLASS(TZyFont, TPersistent)
   /// NeedsInvalidate runs when only the look changed, OnNeedsResize when the layout did.
   explicit TZyFont(ModifiedCallback NeedsInvalidate = {});

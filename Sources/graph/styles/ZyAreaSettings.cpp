@@ -46,18 +46,6 @@ std::unique_ptr<Brush> TZyAreaSettings::GetBrush(const RectF& View) const {
 
 std::unique_ptr<Brush> TZyAreaSettings::GetBrush(const TRect& View) const { return GetBrush(ToRectF(View)); }
 
-<<<<<<< HEAD
-=======
-void TZyAreaSettings::Assign(const TPersistent* Source) {
-  const auto* const Other = dynamic_cast<const TZyAreaSettings*>(Source);
-  if (Other == nullptr) return TPersistent::Assign(Source);
-  FVisible = Other->FVisible;
-  FAreaStyle = Other->FAreaStyle;
-  FForeColor = Other->FForeColor;
-  FBackColor = Other->FBackColor;
-  FGradient.Assign(&Other->FGradient);  // tells the owner
-}
-
 void TZyAreaSettings::Fields(TZyArchive& Archive) {
   using T = TZyAreaSettings;
   Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
@@ -69,5 +57,4 @@ void TZyAreaSettings::Fields(TZyArchive& Archive) {
   Archive.EndRecord();
 }
 
->>>>>>> records
 }  // namespace zy

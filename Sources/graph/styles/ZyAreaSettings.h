@@ -30,12 +30,7 @@ class TZyAreaSettings : public TZyStyleSettings {
   std::unique_ptr<Brush> GetBrush(const RectF& View) const;
   std::unique_ptr<Brush> GetBrush(const TRect& View) const;
 
-<<<<<<< HEAD
-=======
-  /// Copies all values without undo, and tells the owner once.
-  void Assign(const TPersistent* Source) override;
   void Fields(TZyArchive& Archive) override;
->>>>>>> records
   void SetUndoStack(TZyUndoStack* Value) override;
 
  private:

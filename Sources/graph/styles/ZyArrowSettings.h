@@ -25,13 +25,8 @@ class TZyArrowSettings : public TZyLineSettings {
   using TZyLineSettings::GetPen;
   /// A pen that draws the tip at the end of each line.
   std::unique_ptr<TZyPen> GetPen(const RectF& View, float Angle) const override;
-<<<<<<< HEAD
-=======
-  /// Also copies the three lengths of another arrow.
-  void Assign(const TPersistent* Source) override;
   /// The tip alone: the line is that of the object around it.
   void Fields(TZyArchive& Archive) override;
->>>>>>> records
 
  private:
   void SetLength(float& Field, float Value, const char* PropName);

@@ -95,22 +95,6 @@ std::unique_ptr<Brush> TZyGradientSettings::GetBrush(const TRect& View, float An
   return GetBrush(ToRectF(View), Angle);
 }
 
-<<<<<<< HEAD
-=======
-void TZyGradientSettings::Assign(const TPersistent* Source) {
-  const auto* const Other = dynamic_cast<const TZyGradientSettings*>(Source);
-  if (Other == nullptr) return TPersistent::Assign(Source);
-  FVisible = Other->FVisible;
-  FStyle = Other->FStyle;
-  FFirstColor = Other->FFirstColor;
-  FMiddleColor = Other->FMiddleColor;
-  FLastColor = Other->FLastColor;
-  FLinearAngle = Other->FLinearAngle;
-  FLinearCenter = Other->FLinearCenter;
-  FRadialCenter = Other->FRadialCenter;
-  Modified();
-}
-
 void TZyGradientSettings::Fields(TZyArchive& Archive) {
   using T = TZyGradientSettings;
   Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
@@ -125,5 +109,4 @@ void TZyGradientSettings::Fields(TZyArchive& Archive) {
   Archive.EndRecord();
 }
 
->>>>>>> records
 }  // namespace zy

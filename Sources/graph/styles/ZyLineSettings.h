@@ -27,13 +27,8 @@ class TZySimpleLineSettings : public TZyStyleSettings {
   virtual std::unique_ptr<TZyPen> GetPen(const RectF& View, float Angle) const;
   std::unique_ptr<TZyPen> GetPen(const TRect& View, float Angle) const;
 
-<<<<<<< HEAD
-=======
-  /// Copies colour, width, dash style and gradient without undo, and tells the owner once.
-  void Assign(const TPersistent* Source) override;
   void Fields(TZyArchive& Archive) override;
   std::string RecordName() const override { return "Line"; }
->>>>>>> records
   void SetUndoStack(TZyUndoStack* Value) override;
 
  protected:

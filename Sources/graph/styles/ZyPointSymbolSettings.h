@@ -26,13 +26,7 @@ class TZyPointSymbolSettings : public TZyStyleSettings {
   TZyPointSymbol PointSymbol() const { return FPointSymbol; }
   void SetPointSymbol(TZyPointSymbol Value);
 
-<<<<<<< HEAD
-=======
-  /// Copies all values without undo, and tells the owner once.
-  void Assign(const TPersistent* Source) override;
   void Fields(TZyArchive& Archive) override;
-
->>>>>>> records
 
  private:
   bool FVisible = true;

@@ -73,10 +73,11 @@ void TMemoryStream::SetSize(std::int64_t Value) {
 }
 
 TFileStream::TFileStream(const std::filesystem::path& FileName, int Mode) : FFileName(FileName) {
-  FWritable = Mode == fmCreate || (Mode & fmOpenReadWrite) != 0;
+  const bool Create = (Mode & fmCreate) == fmCreate;
+  FWritable = Create || (Mode & fmOpenReadWrite) != 0;
+  const char* const How = Create ? ((Mode & fmExclusive) != 0 ? "wb+x" : "wb+") : FWritable ? "rb+" : "rb";
   std::error_code Error;
-  if (!std::filesystem::is_directory(FileName, Error))
-    FFile.reset(std::fopen(FileName.string().c_str(), Mode == fmCreate ? "wb+" : FWritable ? "rb+" : "rb"));
+  if (!std::filesystem::is_directory(FileName, Error)) FFile.reset(std::fopen(FileName.string().c_str(), How));
   if (FFile == nullptr) throw EFileError(Format(LoadResString(_sCannotOpenFile), {FileName.string()}));
 }
 
@@ -92,6 +93,7 @@ std::size_t TFileStream::Read(void* Buffer, std::size_t Count) {
 
 std::size_t TFileStream::Write(const void* Buffer, std::size_t Count) {
   Turn(TLast::Write);
+  FSize = -1;
   if (std::fwrite(Buffer, 1, Count, FFile.get()) != Count)
     throw EStreamError(Format(LoadResString(_sCannotWriteFile), {FFileName.string()}));
   return Count;
@@ -107,15 +109,17 @@ std::int64_t TFileStream::Seek(std::int64_t Offset, TSeekOrigin Origin) {
 
 std::int64_t TFileStream::Size() const {
   const long Here = std::ftell(FFile.get());
+  if (FSize >= 0 && Here < FSize) return FSize;
   std::fseek(FFile.get(), 0, SEEK_END);
-  const long End = std::ftell(FFile.get());
+  FSize = std::ftell(FFile.get());
   std::fseek(FFile.get(), Here, SEEK_SET);
-  return End;
+  return FSize;
 }
 
 void TFileStream::SetSize(std::int64_t Value) {
   if (Value < 0) SeekFailed(Value);
   std::fflush(FFile.get());
+  FSize = -1;
   const std::int64_t Here = Position();
   std::error_code Error;
   if (FWritable) std::filesystem::resize_file(FFileName, static_cast<std::uintmax_t>(Value), Error);

@@ -68,6 +68,7 @@ class TMemoryStream : public TStream {
 
 /// How TFileStream opens a file.
 inline constexpr int fmCreate = 0xFF00;          ///< new and empty, for reading and writing
+inline constexpr int fmExclusive = 0x0004;       ///< with fmCreate: fails when the file exists
 inline constexpr int fmOpenRead = 0x0000;        ///< for reading
 inline constexpr int fmOpenReadWrite = 0x0002;   ///< for reading and writing
 inline constexpr int fmShareDenyWrite = 0x0020;  ///< others may read; advisory, not enforced on every system
@@ -81,6 +82,8 @@ class TFileStream : public TStream {
   std::size_t Read(void* Buffer, std::size_t Count) override;
   std::size_t Write(const void* Buffer, std::size_t Count) override;
   std::int64_t Seek(std::int64_t Offset, TSeekOrigin Origin) override;
+  /// As it was when it was asked for first, or after a write of this stream; asked for behind that, it is looked up
+  /// anew.
   std::int64_t Size() const override;
   void SetSize(std::int64_t Value) override;
   void Flush() override;
@@ -96,7 +99,8 @@ class TFileStream : public TStream {
   std::filesystem::path FFileName;
   bool FWritable = false;
   std::unique_ptr<std::FILE, TCloser> FFile;
-  TLast FLast = TLast::None;  // the C library wants a seek between reading and writing
+  mutable std::int64_t FSize = -1;  // not known: finding it out takes two seeks, too many for each text of a record
+  TLast FLast = TLast::None;        // the C library wants a seek between reading and writing
 };
 
 /// Lends a TStream to whatever reads from or writes to a standard stream: `std::ostream Out(&Adapter)`.

@@ -1,6 +1,5 @@
 #include "platform/framework/WholeFile.h"
 
-#include <cstdio>
 #include <iterator>
 #include <random>
 #include <system_error>
@@ -21,18 +20,17 @@ fs::path BehindLink(const fs::path& FileName) {
   return Error ? FileName : Target;
 }
 
-/// Writes a new file with the permissions of Model, if that exists. False, with no file left, when it cannot.
-bool WriteNewFile(const fs::path& FileName, std::string_view Content, const fs::path& Model) {
-  std::FILE* const File = std::fopen(FileName.string().c_str(), "wbx");
-  if (File == nullptr) return false;
-  std::error_code Error;
-  if (const fs::file_status Status = fs::status(Model, Error); fs::exists(Status))
-    fs::permissions(FileName, Status.permissions(), Error);
-  const bool Written = Content.empty() || std::fwrite(Content.data(), 1, Content.size(), File) == Content.size();
-  if (std::fclose(File) == 0 && Written) return true;
-  fs::remove(FileName, Error);
-  return false;
-}
+/// A file that is taken away again, unless its name was cleared.
+struct TRemovedFile {
+  TRemovedFile() = default;
+  ~TRemovedFile() {
+    std::error_code Error;
+    if (!Name.empty()) fs::remove(Name, Error);
+  }
+  TRemovedFile(const TRemovedFile&) = delete;
+  TRemovedFile& operator=(const TRemovedFile&) = delete;
+  fs::path Name;
+};
 
 }  // namespace
 
@@ -41,20 +39,31 @@ std::string ReadToEnd(TStream& Stream) {
   return {std::istreambuf_iterator<char>(&Adapter), {}};
 }
 
-void SaveWholeFile(const fs::path& FileName, std::string_view Content) {
+void SaveWholeFile(const fs::path& FileName, const std::function<void(TStream& Stream)>& Write) {
   const fs::path Target = BehindLink(FileName);
   fs::path Temporary = Target;
   Temporary.concat(".").concat(std::to_string(std::random_device()())).concat(".tmp");
   std::error_code Error;
   const fs::file_status Status = fs::status(Target, Error);
-  const bool Replaceable = !fs::exists(Status) || fs::is_regular_file(Status);  // no device, no folder
-  bool Saved = Replaceable && WriteNewFile(Temporary, Content, Target);
-  if (Saved) {
-    fs::rename(Temporary, Target, Error);
-    Saved = !Error;
-    if (!Saved) fs::remove(Temporary, Error);
+  const auto Failed = [&] { throw EFileError(Format(LoadResString(_sCannotWriteFile), {FileName.string()})); };
+  if (fs::exists(Status) && !fs::is_regular_file(Status)) Failed();  // a device, a folder
+  TRemovedFile Removed;
+  try {
+    TFileStream Stream(Temporary, fmCreate | fmExclusive);
+    Removed.Name = Temporary;
+    if (fs::exists(Status)) fs::permissions(Temporary, Status.permissions(), Error);
+    Write(Stream);
+    Stream.Flush();
+  } catch (const EStreamError&) {
+    Failed();
   }
-  if (!Saved) throw EFileError(Format(LoadResString(_sCannotWriteFile), {FileName.string()}));
+  fs::rename(Temporary, Target, Error);
+  if (Error) Failed();
+  Removed.Name.clear();
+}
+
+void SaveWholeFile(const fs::path& FileName, std::string_view Content) {
+  SaveWholeFile(FileName, [Content](TStream& Stream) { Stream.WriteBuffer(Content.data(), Content.size()); });
 }
 
 }  // namespace zy

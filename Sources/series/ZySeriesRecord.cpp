@@ -1,0 +1,55 @@
+// The record of a series, which those of its kinds go on.
+
+#include "persistence/ZyArchive.h"
+#include "series/ZyFunctionSeries.h"
+
+namespace zy {
+
+void TZySeriesInput::Fields(TZyArchive& Archive, const TZyFieldName& Name) {
+  Archive.Reference(
+      Name, [this] { return FSeries.StoredVector(*this); },
+      [this](TZyCustomDoubleVector* Value) { FSeries.SetInput(*this, Value); });
+}
+
+/// The band's partner goes into its field: it may not have joined the graph yet.
+void TZySeries::Fields(TZyArchive& Archive) {
+  using T = TZySeries;
+  Archive.TypedIdentity(*this);
+  Archive.Field<&T::Caption, &T::SetCaption>(*this, TZyFieldName("Caption").Text());
+  Archive.Level("Properties", [&] {
+    Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
+    Archive.Field<&T::OutliersVisible, &T::SetOutliersVisible>(*this, "OutliersVisible");
+    Archive.Field<&T::IncludeInLegend, &T::SetIncludeInLegend>(*this, "IncludeInLegend");
+    Archive.Field<&T::AutoUpdate, &T::SetAutoUpdate>(*this, "AutoUpdate");
+    Archive.Field<&T::Layer, &T::SetLayer>(*this, "Layer");
+    Archive.Part("Line", *FLineSettings);
+    Archive.Part("Area", *FAreaSettings);
+  });
+  Archive.Level("Links", [&] {
+    FX.Fields(Archive, "XData");
+    FY.Fields(Archive, "YData");
+    Archive.Reference<&T::XAxis, &T::SetXAxis>(*this, "XAxis");
+    Archive.Reference<&T::YAxis, &T::SetYAxis>(*this, "YAxis");
+  });
+  if (Archive.NextGroup()) {
+    Archive.Level("Links", [&] {
+      Archive.Reference<&T::MergeLegendItemWith, &T::SetMergeLegendItemWith>(*this, "MergeLegendItemWith");
+      Archive.Reference(
+          "DrawBandTo", [this] { return DrawBandTo(); }, [this](TZyLineSeries* Value) { FDrawBandTo = Value; });
+    });
+    Archive.EndRecord();
+  }
+  if (FDoPointSettingsStorage) SymbolFields(Archive);
+}
+
+void TZySeries::SymbolFields(TZyArchive& Archive) {
+  using T = TZySeries;
+  Archive.Part("PointSymbol", *FPointSymbolSettings);
+  if (!Archive.NextGroup()) return;
+  Archive.Part("OutOfRangeSymbol", *FOutOfRangeSymbolSettings);
+  Archive.Reference<&T::RangeFromFunction, &T::SetRangeFromFunction>(
+      *this, TZyFieldName("RangeFromFunction").Xml("OutOfRangeSymbol/RangeFromFunction"));
+  Archive.EndRecord();
+}
+
+}  // namespace zy
