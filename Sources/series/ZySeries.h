@@ -20,6 +20,7 @@
 #include "series/vectors/ZyCustomDoubleVector.h"
 #include "series/vectors/ZyIndexer.h"
 #include "texts/ZyLocalize.h"
+#include "undo/ZyChange.h"
 #include "undo/ZyUndoLink.h"
 
 namespace zy {
@@ -267,6 +268,11 @@ class TZySeries : public TComponent, public TZyRecord, public IZyVectorReader, p
   /// The setter of an input: undo, joining and leaving.
   void SetInput(TZySeriesInput& Input, TZyCustomDoubleVector* Value);
   void SetTransformation(TZySeriesInput& Input, TZyValueTransformation Value);
+  /// The setter of what changes the look alone, in the chart and in its legends.
+  template <class TField, class TValue>
+  void SetLook(TField& Field, TValue Value, const char* PropName) {
+    Change(this, Field, Value, PropName, &TZySeries::LookModified);
+  }
   /// The setter of an axis. Without a name there is no undo.
   void SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, const char* PropName);
   /// Does something with each index from First up to, but not including, Last that has values.
@@ -298,6 +304,9 @@ class TZySeries : public TComponent, public TZyRecord, public IZyVectorReader, p
   /// Counts anew. Whether there are points that the ranges do not know yet, and enough of them.
   bool TakeCount();
   void LegendsModified();
+  void LookModified();
+  /// Fills a vector, if it is an empty one for values. Whether it was.
+  static bool FillValues(TZyCustomDoubleVector* Data, std::span<const double> Values);
   /// A vector's sample data: the start of the axis, nine values that scatter by a part of a step, its stop.
   static bool FillSample(TZyCustomDoubleVector* Data, double Start, double Step, double Scatter, double Stop);
   /// Number values from Size up to twice that.
