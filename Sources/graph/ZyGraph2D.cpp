@@ -341,4 +341,26 @@ void TZyGraph2D::PlaceTitle() {
   }
 }
 
+// --- For axes and the layout pass -----------------------------------------------------------------------------------
+
+void TZyGraph2D::EndUserZoom(bool Horizontal) {
+  FZoom.SetAuto(false);
+  if (Horizontal) {
+    FZoom.SetHScrollbarVisible(false);
+  } else {
+    FZoom.SetVScrollbarVisible(false);
+  }
+}
+
+bool TZyGraph2D::MayScroll(bool Horizontal) const {
+  return Horizontal ? FZoom.HScrollbarVisible() : FZoom.VScrollbarVisible();
+}
+
+std::vector<IZyAxisGraph*> TZyGraph2D::GraphsOnXAxis() const { return {ChildGraphs().begin(), ChildGraphs().end()}; }
+
+float TZyGraph2D::BelowTitle(float Top) const {
+  if (!CaptionVisible() || Caption().empty()) return Top;
+  return std::ceil(Top + FTitleRec.Height() + CaptionDistanceBefore() + CaptionDistanceAfter());
+}
+
 }  // namespace zy

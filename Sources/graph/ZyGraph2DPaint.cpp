@@ -190,10 +190,9 @@ void TZyGraph2D::PaintVerticalGrid(Graphics& Gr, const TRoom& Room) const {
     if (!Grid.Visible()) return;
     const auto GridPen = Grid.GetPen(FDrawingArea, 0);
     if (Room.IsOpen) SetHighQuality(Gr, IsSmoothLine(Grid));
-    const auto& Ticks = FPrimaryXAxis->Ticks();
-    for (std::size_t Index = 0; Index < Ticks.size(); ++Index) {
-      if (FPrimaryXAxis->MajorGridTicks()[Index] != Major) continue;
-      const float Place = GridPlace(Ticks[Index]);
+    for (const TZyTick& Tick : FPrimaryXAxis->Ticks()) {
+      if (Tick.Grid != Major) continue;
+      const float Place = GridPlace(Tick.Position);
       if (!Room.IsOpen) {
         Gr.DrawLine(*GridPen, Place, Top, Place, Bottom);
         continue;
@@ -213,10 +212,9 @@ void TZyGraph2D::PaintHorizontalGrid(Graphics& Gr, const TRoom& Room) const {
     if (!Grid.Visible() && !HasEdges) return;
     const auto GridPen = Grid.GetPen(FDrawingArea, 0);
     if (Room.IsOpen) SetHighQuality(Gr, IsSmoothLine(Grid));
-    const auto& Ticks = FPrimaryYAxis->Ticks();
-    for (std::size_t Index = 0; Grid.Visible() && Index < Ticks.size(); ++Index) {
-      if (FPrimaryYAxis->MajorGridTicks()[Index] != Major) continue;
-      const float Place = GridPlace(Ticks[Index]);
+    for (const TZyTick& Tick : FPrimaryYAxis->Ticks()) {
+      if (!Grid.Visible() || Tick.Grid != Major) continue;
+      const float Place = GridPlace(Tick.Position);
       if (!Room.IsOpen) {
         Gr.DrawLine(*GridPen, Left, Place, Right, Place);
         continue;

@@ -159,8 +159,7 @@ void TZyFunctionSeries::CalculateFunction() {
 /// Whether the Y axis has a visible series of data, to whose scale the curve then keeps.
 bool TZyFunctionSeries::AnyOtherSeries() const {
   if (FYAxis == nullptr) return false;
-  const auto& Series = FYAxis->RelatedSeries();
-  return std::any_of(Series.begin(), Series.end(), [](const TZySeries* Each) {
+  return std::ranges::any_of(FYAxis->RelatedSeries(), [](const IZyAxisSeries* Each) {
     return dynamic_cast<const TZyFunctionSeries*>(Each) == nullptr && Each->SeriesVisible();
   });
 }
