@@ -15,24 +15,6 @@ zy_add_library(
     graph/ZyPollingThread.cpp
     graph/ZyRegisterClasses.cpp
     graph/ZyZoomSettings.cpp
-    series/ZyBubbles.cpp
-    series/ZyChildSeries.cpp
-    series/ZyCustomOHLC.cpp
-    series/ZyFunctionSeries.cpp
-    series/ZyLineSeries.cpp
-    series/ZyMovingAverage.cpp
-    series/ZyOHLC.cpp
-    series/ZyPixelIndex.cpp
-    series/ZyPointLook.cpp
-    series/ZyPointSeries.cpp
-    series/ZySeries.cpp
-    series/ZySeriesDrawing.cpp
-    series/ZySeriesInput.cpp
-    series/ZySeriesJoining.cpp
-    series/ZySeriesLegend.cpp
-    series/ZySeriesPoints.cpp
-    series/ZySeriesRanges.cpp
-    series/ZySeriesRecord.cpp
-  LINK zy_axes zy_calculations zy_captions zy_controls zy_shapes zy_sql)
+  LINK zy_series zy_sql)
 set_target_properties(zy_charts PROPERTIES EXPORT_NAME Charts)
 add_library(Zyphos::Charts ALIAS zy_charts)

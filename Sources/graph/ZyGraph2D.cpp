@@ -341,6 +341,21 @@ void TZyGraph2D::PlaceTitle() {
   }
 }
 
+// --- For series -----------------------------------------------------------------------------------------------------
+
+void TZyGraph2D::ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const {
+  for (TZySeries* Series : RelatedSeries()) Do(*Series);
+}
+
+void TZyGraph2D::SeriesInvalidated() {
+  Invalidate();
+  const auto InvalidateLegendsOf = [](const TZyGraph2D& Graph) {
+    for (IZyGraphLegend* Legend : Graph.RelatedLegends()) Legend->Control().Invalidate();
+  };
+  for (const TZyGraph2D* Child : ChildGraphs()) InvalidateLegendsOf(*Child);
+  InvalidateLegendsOf(*this);
+}
+
 // --- For axes and the layout pass -----------------------------------------------------------------------------------
 
 void TZyGraph2D::EndUserZoom(bool Horizontal) {

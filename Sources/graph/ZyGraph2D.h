@@ -8,7 +8,7 @@
 #include "axes/ZyAxis.h"
 #include "graph/ZyCustomGraph.h"
 #include "graph/ZyZoomSettings.h"
-#include "graph/parts/ZyAxisGraph.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "graph/styles/ZyStyles.h"
 #include "platform/controls/TScrollBar.h"
 #include "platform/drawing/Geometry.h"
@@ -37,7 +37,7 @@ struct TZyFindSeriesPointResult {
 /// Axes are child controls of the graph; series join it by themselves. The graph owns neither: all belong to the
 /// graph's owner. A graph without axes makes its two primary ones at the first paint; they are the graph's own when it
 /// has no owner.
-class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGraph {
+class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeriesGraph {
   ZY_CLASS(TZyGraph2D, TZyCustomGraph)
   explicit TZyGraph2D(TComponent* Owner = nullptr);
   ~TZyGraph2D() override;
@@ -154,7 +154,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   /// Finds the axes of the graph, and the graphs that share its X axis.
   void CheckCoupled();
   /// The content of the legends is stale, here and in coupled graphs.
-  void LegendsModified();
+  void LegendsModified() override;
   /// Logs the data of all series as one step of undo, before they change.
   void UndoPushSeriesVectors();
   /// The vectors that serve as X or Y data of the series that have a name, each once.
@@ -172,8 +172,8 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   /// The series of the graph in drawing order. They enter and leave by themselves; AddRelatedSeries says whether one
   /// was new.
   const std::vector<TZySeries*>& RelatedSeries() const { return FRelatedSeries; }
-  bool AddRelatedSeries(TZySeries* Series);
-  void RemoveRelatedSeries(TZySeries* Series) { std::erase(FRelatedSeries, Series); }
+  bool AddRelatedSeries(TZySeries* Series) override;
+  void RemoveRelatedSeries(TZySeries* Series) override { std::erase(FRelatedSeries, Series); }
   /// All child axes in control order, as they are now.
   std::vector<TZyAxis*> Axes() const;
   /// Does something to each of them, without a list.
@@ -209,6 +209,12 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
 
   /// While the form is designed, a new graph gets dashed grids, and its axes the undo stack of the graph.
   void SetName(const std::string& Value) override;
+
+  // For series.
+  int SeriesCount() const override { return static_cast<int>(FRelatedSeries.size()); }
+  void ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const override;
+  void SeriesInvalidated() override;
+  bool DrawsUnsmoothed() const override { return !DoingImage() && SmoothingMode() == TZySmoothingMode::None; }
 
   // For axes and the layout pass.
   TWinControl& Control() override { return *this; }

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "series/ZyLineSeries.h"
 #include "undo/ZyUndoStack.h"
 
