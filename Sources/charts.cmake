@@ -21,12 +21,16 @@ zy_add_library(
     axes/ZySecondsSteps.cpp
     graph/ZyCustomGraph.cpp
     graph/ZyCustomGraphOutput.cpp
+    graph/ZyDataAreaPainter.cpp
     graph/ZyGraph2D.cpp
-    graph/ZyGraph2DGestures.cpp
+    graph/ZyGraph2DInput.cpp
     graph/ZyGraph2DOutput.cpp
     graph/ZyGraph2DPaint.cpp
-    graph/ZyGraph2DScroll.cpp
-    graph/ZyGraph2DZoom.cpp
+    graph/ZyGraphCoupling.cpp
+    graph/ZyGraphGestures.cpp
+    graph/ZyGraphPainter.cpp
+    graph/ZyGraphPicture.cpp
+    graph/ZyGraphZoom.cpp
     graph/ZyImageFileNames.cpp
     graph/ZyPollingThread.cpp
     graph/ZyRegisterClasses.cpp

@@ -171,6 +171,7 @@ void TZySeries::CalculatePoints() {
   TakeNewPixels();
   if (FPointCount > 0) AddBandPoints();
   FState.PixelsTaken();
+  if (FGraph != nullptr) FGraph->PointsCalculated();
   Round.IsDone = true;
 }
 
