@@ -108,6 +108,7 @@ void TZyFunctionSeries::CalculationFailed() {
   FPointIndex.Clear();
   FPointCount = 0;
   FState.PixelsTaken();
+  if (Graph() != nullptr) Graph()->PointsCalculated();
 }
 
 /// The range of the data, on a logarithmic axis without what is not positive; it covers a display range set by hand.

@@ -171,6 +171,7 @@ void TZySeries::CalculatePoints() {
   TakeNewPixels();
   if (FPointCount > 0) AddBandPoints();
   FState.PixelsTaken();
+  if (Graph() != nullptr) Graph()->PointsCalculated();
   Round.IsDone = true;
 }
 

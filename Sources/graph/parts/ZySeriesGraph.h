@@ -17,6 +17,8 @@ class IZySeriesGraph : public IZyAxisGraph {
   virtual int SeriesCount() const = 0;
   /// All series in drawing order.
   virtual void ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const = 0;
+  /// The series has computed its pixels.
+  virtual void PointsCalculated() = 0;
   /// Repaints the graph, and the legends that may show a series of it.
   virtual void SeriesInvalidated() = 0;
   /// The content of the legends is stale.
