@@ -5,6 +5,7 @@
 #include "annotations/captions/ZyCaptionOfName.h"
 #include "annotations/captions/ZyParentFont.h"
 #include "annotations/captions/ZyRichCaption.h"
+#include "graph/parts/ZyGraphParts.h"
 #include "platform/controls/TLabel.h"
 
 namespace zy {
@@ -13,7 +14,7 @@ namespace zy {
 ///
 /// With AutoSize it is as large as the box around its turned text, from its first paint on. Otherwise that box lies in
 /// the label as TextAlign says.
-class TZyRichLabel : public TCustomLabel {
+class TZyRichLabel : public TCustomLabel, public IZyPicturePart {
   ZY_CLASS(TZyRichLabel, TCustomLabel)
   explicit TZyRichLabel(TComponent* Owner = nullptr);
   ~TZyRichLabel() override;
@@ -40,7 +41,7 @@ class TZyRichLabel : public TCustomLabel {
   /// ParseForSize throws.
   void AdjustBounds();
   /// Paints the label with its corner at the origin, into whatever it may be.
-  void PaintGr(Graphics& Gr);
+  void PaintGr(Graphics& Gr) override;
 
   /// While the form is designed, the caption follows the name until it is set by hand.
   void SetName(const std::string& Value) override;

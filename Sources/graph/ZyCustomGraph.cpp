@@ -6,22 +6,31 @@
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyChange.h"
+#include "undo/ZyUndoGroup.h"
 
 namespace zy {
 
 ZY_PUBLISHED(
-    TZyCustomGraph, TCustomPanel, Published<&TZyCustomGraph::Caption, &TZyCustomGraph::SetCaption>("Caption"),
+    TZyCustomGraph, TCustomPanel,
+    Published<&TZyCustomGraph::Caption, &TZyCustomGraph::SetCaption>("Caption").Labelled(_sGraphCaption),
     Published<&TZyCustomGraph::CaptionAlignment, &TZyCustomGraph::SetCaptionAlignment>("CaptionAlignment",
-                                                                                       TAlignment::taCenter),
-    Published<&TZyCustomGraph::CaptionColor, &TZyCustomGraph::SetCaptionColor>("CaptionColor").NotStored(),
-    Published<&TZyCustomGraph::CaptionVisible, &TZyCustomGraph::SetCaptionVisible>("CaptionVisible", false),
+                                                                                       TAlignment::taCenter)
+        .Labelled(_sGraphCaptionAlignment),
+    Published<&TZyCustomGraph::CaptionColor, &TZyCustomGraph::SetCaptionColor>("CaptionColor")
+        .Labelled(_sGraphCaptionColor)
+        .NotStored(),
+    Published<&TZyCustomGraph::CaptionVisible, &TZyCustomGraph::SetCaptionVisible>("CaptionVisible", false)
+        .Labelled(_sGraphCaptionVisible),
     Published<&TZyCustomGraph::CaptionDistanceBefore, &TZyCustomGraph::SetCaptionDistanceBefore>(
-        "CaptionDistanceBefore", 0.0f),
+        "CaptionDistanceBefore", 0.0f)
+        .Labelled(_sGraphCaptionDistanceBefore),
     Published<&TZyCustomGraph::CaptionDistanceAfter, &TZyCustomGraph::SetCaptionDistanceAfter>("CaptionDistanceAfter",
-                                                                                               0.0f),
+                                                                                               0.0f)
+        .Labelled(_sGraphCaptionDistanceAfter),
     Published<&TZyCustomGraph::Font>("Font").StoredIf<&TZyCustomGraph::HasOwnFont>(),
     Published<&TZyCustomGraph::ParentFont, &TZyCustomGraph::SetParentFont>("ParentFont", true),
-    Published<&TZyCustomGraph::BackColor, &TZyCustomGraph::SetBackColor>("BackColor", Colors::Transparent),
+    Published<&TZyCustomGraph::BackColor, &TZyCustomGraph::SetBackColor>("BackColor", Colors::Transparent)
+        .Labelled(_sGraphBackColor),
     Published<&TZyCustomGraph::BackgroundGradient>("BackgroundGradient"),
     Published<&TZyCustomGraph::SmoothingMode, &TZyCustomGraph::SetSmoothingMode>("SmoothingMode",
                                                                                  TZySmoothingMode::HighQuality))
@@ -59,13 +68,12 @@ void TZyCustomGraph::RegisterVariables() {
 }
 
 void TZyCustomGraph::SetCaption(const TZyRichCaption& Value) {
-  const TZyRichCaption Trimmed = TrimRight(Value);
-  if (Trimmed == FTitleRec.Caption()) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sGraphCaption), "Caption");
-  FTitleRec.SetCaption(Trimmed);
-  FCaptionSet = true;
-  ParseCaption();
-  UpdateVariablesObjects(FObjectsToUpdate);
+  ChangeBy(this, Caption(), TrimRight(Value), "Caption", [this](const TZyRichCaption& Text) {
+    FTitleRec.SetCaption(Text);
+    FCaptionOfName.WasSet();
+    ParseCaption();
+    UpdateVariablesObjects(FObjectsToUpdate);
+  });
 }
 
 /// A chart without a parent still paints into pictures, and one that is loaded may name what is not there yet: both
@@ -77,36 +85,40 @@ void TZyCustomGraph::ParseCaption() {
 }
 
 void TZyCustomGraph::SetCaptionAlignment(TAlignment Value) {
-  if (!Change(this, FCaptionAlignment, Value, _sGraphCaptionAlignment, "CaptionAlignment", &TZyCustomGraph::Modified))
-    return;
+  if (!Change(this, FCaptionAlignment, Value, "CaptionAlignment", &TZyCustomGraph::Modified)) return;
   constexpr TZyContentAlignment Places[] = {TZyContentAlignment::TopLeft, TZyContentAlignment::TopRight,
                                             TZyContentAlignment::TopCenter};
   FTitleRec.Alignment = Places[static_cast<int>(Value)];
 }
 
 void TZyCustomGraph::SetCaptionColor(TZyColor Value) {
-  if (CaptionColor() == Value) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sGraphCaptionColor), "CaptionColor");
-  FTitleRec.CaptionFont().SetFillColor(Value);
-  Invalidate();
+  ChangeBy(this, CaptionColor(), Value, "CaptionColor", [this](TZyColor Color) {
+    FTitleRec.CaptionFont().SetFillColor(Color);
+    Invalidate();
+  });
+}
+
+void TZyCustomGraph::SetFont(const TZyFont& Value) {
+  const TZyUndoGroup Group(FUndo, _sGraphFont);
+  if (FUndo != nullptr) FUndo->PushProperty(this, "ParentFont");  // undone last: the parent's font comes back with it
+  Font().PushToUndoStack(FUndo, LoadResString(_sGraphFont));
+  Font().Assign(&Value);
 }
 
 void TZyCustomGraph::SetCaptionVisible(bool Value) {
-  Change(this, FCaptionVisible, Value, _sGraphCaptionVisible, "CaptionVisible", &TZyCustomGraph::Modified);
+  Change(this, FCaptionVisible, Value, "CaptionVisible", &TZyCustomGraph::Modified);
 }
 
 void TZyCustomGraph::SetCaptionDistanceBefore(float Value) {
-  Change(this, FCaptionDistanceBefore, Value, _sGraphCaptionDistanceBefore, "CaptionDistanceBefore",
-         &TZyCustomGraph::Modified);
+  Change(this, FCaptionDistanceBefore, Value, "CaptionDistanceBefore", &TZyCustomGraph::Modified);
 }
 
 void TZyCustomGraph::SetCaptionDistanceAfter(float Value) {
-  Change(this, FCaptionDistanceAfter, Value, _sGraphCaptionDistanceAfter, "CaptionDistanceAfter",
-         &TZyCustomGraph::Modified);
+  Change(this, FCaptionDistanceAfter, Value, "CaptionDistanceAfter", &TZyCustomGraph::Modified);
 }
 
 void TZyCustomGraph::SetBackColor(TZyColor Value) {
-  Change(this, FBackColor, Value, _sGraphBackColor, "BackColor", &TZyCustomGraph::Invalidate);
+  Change(this, FBackColor, Value, "BackColor", &TZyCustomGraph::Invalidate);
 }
 
 void TZyCustomGraph::SetSmoothingMode(TZySmoothingMode Value) {
@@ -116,8 +128,7 @@ void TZyCustomGraph::SetSmoothingMode(TZySmoothingMode Value) {
 }
 
 void TZyCustomGraph::SetUndoStack(TZyUndoStack* Value) {
-  FUndoStack = Value;
-  FBackgroundGradient.SetUndoStack(Value);
+  FUndo.Set(Value);
   for (IZyGraphLegend* Legend : FRelatedLegends) Legend->SetUndoStack(Value);
 }
 
@@ -125,12 +136,8 @@ void TZyCustomGraph::SetName(const std::string& Value) {
   const bool IsFirst = Name().empty();
   TCustomPanel::SetName(Value);
   UpdateVariablesObjects(FObjectsToUpdate);
-  if (!IsDesigning()) return;
-  if (!FCaptionSet) {
-    SetCaption(Value);
-    FCaptionSet = false;
-  }
-  if (IsFirst && !IsLoading() && FUndoStack == nullptr && Owner() != nullptr) TakeUndoStack();
+  FCaptionOfName.Follow(*this, Value);
+  if (IsDesigning() && IsFirst && !IsLoading() && FUndo == nullptr && Owner() != nullptr) TakeUndoStack();
 }
 
 void TZyCustomGraph::TakeUndoStack() {
@@ -145,15 +152,7 @@ bool TZyCustomGraph::Contains(const TComponent* Component) const {
   return std::find(Components().begin(), Components().end(), Component) != Components().end();
 }
 
-void TZyCustomGraph::AddRelatedLegend(IZyGraphLegend* Legend) {
-  if (std::find(FRelatedLegends.begin(), FRelatedLegends.end(), Legend) == FRelatedLegends.end())
-    FRelatedLegends.push_back(Legend);
-}
-
-void TZyCustomGraph::Notification(TComponent* AComponent, TOperation Operation) {
-  TCustomPanel::Notification(AComponent, Operation);
-  if (Operation == TOperation::Remove && AComponent == FUndoStack && !IsDestroying()) SetUndoStack(nullptr);
-}
+void TZyCustomGraph::AddRelatedLegend(IZyGraphLegend* Legend) { FRelatedLegends.Add(Legend, &Legend->Control()); }
 
 void TZyCustomGraph::EndUpdate() {
   if (FUpdateCount > 0) --FUpdateCount;
@@ -182,18 +181,22 @@ bool TZyCustomGraph::WMEraseBkgnd(Graphics& Gr) {
   return true;
 }
 
-void TZyCustomGraph::SetHighQuality(Graphics& Gr, bool On) const {
-  if (!On) return Gr.SetSmoothingMode(SmoothingModeNone);
+zy::SmoothingMode TZyCustomGraph::SmoothingOfSurfaces() const {
   switch (FSmoothingMode) {
     case TZySmoothingMode::None:
-      return Gr.SetSmoothingMode(SmoothingModeNone);
+      return SmoothingModeNone;
     case TZySmoothingMode::HighSpeed:
-      return Gr.SetSmoothingMode(SmoothingModeHighSpeed);
+      return SmoothingModeHighSpeed;
     case TZySmoothingMode::AntiAlias:
-      return Gr.SetSmoothingMode(SmoothingModeAntiAlias);
+      return SmoothingModeAntiAlias;
     case TZySmoothingMode::HighQuality:
-      return Gr.SetSmoothingMode(SmoothingModeHighQuality);
+      return SmoothingModeHighQuality;
   }
+  return SmoothingModeNone;
+}
+
+void TZyCustomGraph::SetHighQuality(Graphics& Gr, bool On) const {
+  Gr.SetSmoothingMode(On ? SmoothingOfSurfaces() : SmoothingModeNone);
 }
 
 }  // namespace zy

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "annotations/captions/ZyCaptionOfName.h"
 #include "annotations/captions/ZyParentFont.h"
 #include "annotations/captions/ZyRichCaption.h"
 #include "graph/ZyImageFileFormat.h"
@@ -13,9 +13,11 @@
 #include "graph/styles/ZyGradientSettings.h"
 #include "platform/controls/TCustomPanel.h"
 #include "platform/drawing/Geometry.h"
+#include "platform/drawing/GraphicsBackend.h"
 #include "platform/framework/Alignment.h"
 #include "platform/framework/EnumInfo.h"
-#include "platform/framework/TRef.h"
+#include "platform/framework/TRefList.h"
+#include "undo/ZyUndoLink.h"
 
 namespace zy {
 
@@ -24,7 +26,6 @@ class TBitmap;
 class TMetafile;
 class TPrinter;
 class TStream;
-class TZyUndoStack;
 
 /// How edges are smoothed.
 enum class TZySmoothingMode { None, HighSpeed, AntiAlias, HighQuality };
@@ -56,15 +57,17 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   /// Fill colour of the title's font.
   TZyColor CaptionColor() const { return FTitleRec.CaptionFont().FillColor(); }
   void SetCaptionColor(TZyColor Value);
-  /// Font of the title: that of the parent until it is changed.
+  /// Font of the title: that of the parent until it is changed. SetFont logs the old one as one step of undo; who
+  /// changes the font itself pushes it before (TZyFont::PushToUndoStack).
   TZyFont& Font() { return FTitleRec.CaptionFont(); }
+  void SetFont(const TZyFont& Value);
   TZyColor BackColor() const { return FBackColor; }
   void SetBackColor(TZyColor Value);
   /// Drawn over the back colour while it is visible.
   TZyGradientSettings& BackgroundGradient() { return FBackgroundGradient; }
   TZySmoothingMode SmoothingMode() const { return FSmoothingMode; }
   void SetSmoothingMode(TZySmoothingMode Value);
-  TZyUndoStack* UndoStack() const { return FUndoStack; }
+  TZyUndoStack* UndoStack() const { return FUndo; }
   /// Hands the stack on to all that belongs to the chart.
   virtual void SetUndoStack(TZyUndoStack* Value);
 
@@ -90,10 +93,12 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   bool Contains(const TComponent* Component) const;
 
   /// The legends of the chart. They enter and leave by themselves.
-  const std::vector<IZyGraphLegend*>& RelatedLegends() const { return FRelatedLegends; }
+  const TRefList<IZyGraphLegend>& RelatedLegends() const { return FRelatedLegends; }
   void AddRelatedLegend(IZyGraphLegend* Legend);
-  void RemoveRelatedLegend(IZyGraphLegend* Legend) { std::erase(FRelatedLegends, Legend); }
+  void RemoveRelatedLegend(IZyGraphLegend* Legend) { FRelatedLegends.Remove(Legend); }
 
+  /// The smoothing of the chart as surfaces know it.
+  zy::SmoothingMode SmoothingOfSurfaces() const;
   /// Turns the smoothing of the chart on, or all smoothing off.
   void SetHighQuality(Graphics& Gr, bool On) const;
 
@@ -134,7 +139,6 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   bool WMEraseBkgnd(Graphics& Gr) override;
   virtual void BoundsChanged() {}
   void ParentFontChanged() override;
-  void Notification(TComponent* AComponent, TOperation Operation) override;
 
   TZyRichCaptionObject FTitleRec;
   bool FNeedsRecalculate = false;
@@ -145,10 +149,10 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   void TakeUndoStack();
 
   TZyParentFont FTitleFont{*this, FTitleRec.CaptionFont()};
-  TRef<TZyUndoStack> FUndoStack{this};
   TZyDependentList FObjectsToUpdate;  // the captions that show the chart's name or caption
   TZyGradientSettings FBackgroundGradient;
-  bool FCaptionSet = false;
+  TZyUndoLink FUndo{this, &TZyCustomGraph::SetUndoStack, FBackgroundGradient};
+  TZyCaptionOfName FCaptionOfName;
   TAlignment FCaptionAlignment = TAlignment::taCenter;
   bool FCaptionVisible = false;
   float FCaptionDistanceAfter = 0;
@@ -156,7 +160,19 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   TZyColor FBackColor = Colors::Transparent;
   TZySmoothingMode FSmoothingMode = TZySmoothingMode::HighQuality;
   int FUpdateCount = 0;
-  std::vector<IZyGraphLegend*> FRelatedLegends;
+  TRefList<IZyGraphLegend> FRelatedLegends{this};
+};
+
+/// An update of a chart that lasts to the end of the block, however that is left. The chart must outlive it.
+class TZyGraphUpdate {
+ public:
+  explicit TZyGraphUpdate(TZyCustomGraph& Graph) : FGraph(Graph) { FGraph.BeginUpdate(); }
+  ~TZyGraphUpdate() { FGraph.EndUpdate(); }
+  TZyGraphUpdate(const TZyGraphUpdate&) = delete;
+  TZyGraphUpdate& operator=(const TZyGraphUpdate&) = delete;
+
+ private:
+  TZyCustomGraph& FGraph;
 };
 
 }  // namespace zy

@@ -3,36 +3,43 @@
 #include <algorithm>
 #include <cmath>
 
-#include "graph/ZyRegisterClasses.h"
 #include "persistence/ZyIO.h"
 #include "platform/controls/InputDispatch.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
+#include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
 #include "series/ZySeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "undo/ZyChange.h"
+#include "undo/ZyUndoGroup.h"
 
 namespace zy {
 
 ZY_PUBLISHED(
-    TZyGraph2D, TZyCustomGraph, Published<&TZyGraph2D::ZeroOrigin, &TZyGraph2D::SetZeroOrigin>("ZeroOrigin", false),
+    TZyGraph2D, TZyCustomGraph,
+    Published<&TZyGraph2D::ZeroOrigin, &TZyGraph2D::SetZeroOrigin>("ZeroOrigin", false).Labelled(_sGraphZeroOrigin),
     Published<&TZyGraph2D::DataAreaGradient>("DataAreaGradient"),
-    Published<&TZyGraph2D::DataAreaColor, &TZyGraph2D::SetDataAreaColor>("DataAreaColor", Colors::Transparent),
+    Published<&TZyGraph2D::DataAreaColor, &TZyGraph2D::SetDataAreaColor>("DataAreaColor", Colors::Transparent)
+        .Labelled(_sGraphDataAreaColor),
     Published<&TZyGraph2D::DataAreaFrame>("DataAreaFrame"),
     Published<&TZyGraph2D::MajorGridHorizontal>("MajorGridHorizontal"),
     Published<&TZyGraph2D::MinorGridHorizontal>("MinorGridHorizontal"),
     Published<&TZyGraph2D::MajorGridVertical>("MajorGridVertical"),
     Published<&TZyGraph2D::MinorGridVertical>("MinorGridVertical"),
-    Published<&TZyGraph2D::PrimaryXAxis, &TZyGraph2D::SetPrimaryXAxis>("PrimaryXAxis"),
-    Published<&TZyGraph2D::PrimaryYAxis, &TZyGraph2D::SetPrimaryYAxis>("PrimaryYAxis"),
-    Published<&TZyGraph2D::DistanceBorderAxisTop, &TZyGraph2D::SetDistanceBorderAxisTop>("DistanceBorderAxisTop", 0.0f),
+    Published<&TZyGraph2D::PrimaryXAxis, &TZyGraph2D::SetPrimaryXAxis>("PrimaryXAxis").Labelled(_sGraphPrimaryXAxis),
+    Published<&TZyGraph2D::PrimaryYAxis, &TZyGraph2D::SetPrimaryYAxis>("PrimaryYAxis").Labelled(_sGraphPrimaryYAxis),
+    Published<&TZyGraph2D::DistanceBorderAxisTop, &TZyGraph2D::SetDistanceBorderAxisTop>("DistanceBorderAxisTop", 0.0f)
+        .Labelled(_sGraphDistanceBorderAxisTop),
     Published<&TZyGraph2D::DistanceBorderAxisBottom, &TZyGraph2D::SetDistanceBorderAxisBottom>(
-        "DistanceBorderAxisBottom", 0.0f),
+        "DistanceBorderAxisBottom", 0.0f)
+        .Labelled(_sGraphDistanceBorderAxisBottom),
     Published<&TZyGraph2D::DistanceBorderAxisLeft, &TZyGraph2D::SetDistanceBorderAxisLeft>("DistanceBorderAxisLeft",
-                                                                                           0.0f),
+                                                                                           0.0f)
+        .Labelled(_sGraphDistanceBorderAxisLeft),
     Published<&TZyGraph2D::DistanceBorderAxisRight, &TZyGraph2D::SetDistanceBorderAxisRight>("DistanceBorderAxisRight",
-                                                                                             0.0f),
+                                                                                             0.0f)
+        .Labelled(_sGraphDistanceBorderAxisRight),
     Published<static_cast<TZyZoomSettings& (TZyGraph2D::*)()>(&TZyGraph2D::Zoom)>("Zoom"))
 
 TZyGraph2D::TZyGraph2D(TComponent* Owner)
@@ -43,7 +50,6 @@ TZyGraph2D::TZyGraph2D(TComponent* Owner)
       FMinorGridHorizontal(MakeLine(Colors::Gray)),
       FMajorGridVertical(MakeLine(Colors::Green)),
       FMinorGridVertical(MakeLine(Colors::Gray)) {
-  RegisterChartClasses();
   if (!IsDesigning()) {
     FHorizontalScrollBar = MakeScrollBar(sbHorizontal);
     FVerticalScrollbar = MakeScrollBar(sbVertical);
@@ -52,7 +58,13 @@ TZyGraph2D::TZyGraph2D(TComponent* Owner)
   FPollingThread.OnPoll = [this] { SeriesPoll(); };
 }
 
-TZyGraph2D::~TZyGraph2D() { Destroying(); }
+TZyGraph2D::~TZyGraph2D() {
+  if (FLeadsMove) {  // coupled graphs would wait for the end of the gesture
+    SetPanning(false);
+    SetMoving(FPinching, false);
+  }
+  Destroying();
+}
 
 /// A line that is not shown at first.
 std::unique_ptr<TZyLineSettings> TZyGraph2D::MakeLine(TZyColor Color) {
@@ -75,40 +87,52 @@ std::vector<TZyAxis*> TZyGraph2D::Axes() const {
 
 // --- Properties -----------------------------------------------------------------------------------------------------
 
-void TZyGraph2D::SetZeroOrigin(bool Value) {
-  Change(this, FZeroOrigin, Value, _sGraphZeroOrigin, "ZeroOrigin", &TZyGraph2D::Modified);
-}
+void TZyGraph2D::SetZeroOrigin(bool Value) { Change(this, FZeroOrigin, Value, "ZeroOrigin", &TZyGraph2D::Modified); }
 
 void TZyGraph2D::SetDataAreaColor(TZyColor Value) {
-  Change(this, FDataAreaColor, Value, _sGraphDataAreaColor, "DataAreaColor", &TZyGraph2D::Invalidate);
+  Change(this, FDataAreaColor, Value, "DataAreaColor", &TZyGraph2D::Invalidate);
 }
 
 void TZyGraph2D::SetPrimaryXAxis(TZyAxis* Value) {
-  Change(this, FPrimaryXAxis, Value, _sGraphPrimaryXAxis, "PrimaryXAxis", &TZyGraph2D::Modified);
+  ChangeBy(this, PrimaryXAxis(), Value, "PrimaryXAxis", [this](TZyAxis* Axis) { TakePrimaryXAxis(Axis); });
+}
+
+/// The graphs of the old and of the new axis see at once who is coupled to them.
+void TZyGraph2D::TakePrimaryXAxis(TZyAxis* Value) {
+  TZyGraph2D* const OldMaster = MasterGraph();
+  FPrimaryXAxis = Value;
+  if (!FLeadsMove) FPanning = FPinching = false;  // the gesture of a graph that this one is no longer coupled to
+  CheckCoupled();
+  for (TZyGraph2D* Master : {OldMaster, MasterGraph()}) {
+    if (Master == nullptr || Master->IsDestroying()) continue;
+    Master->CheckCoupled();
+    Master->Modified();
+  }
+  Modified();
 }
 
 void TZyGraph2D::SetPrimaryYAxis(TZyAxis* Value) {
-  Change(this, FPrimaryYAxis, Value, _sGraphPrimaryYAxis, "PrimaryYAxis", &TZyGraph2D::Modified);
+  Change(this, FPrimaryYAxis, Value, "PrimaryYAxis", &TZyGraph2D::Modified);
 }
 
-void TZyGraph2D::SetMargin(float& Field, float Value, TZyText Label, const char* PropName) {
-  Change(this, Field, Value, Label, PropName, &TZyGraph2D::Modified);
+void TZyGraph2D::SetMargin(float& Field, float Value, const char* PropName) {
+  Change(this, Field, Value, PropName, &TZyGraph2D::Modified);
 }
 
 void TZyGraph2D::SetDistanceBorderAxisTop(float Value) {
-  SetMargin(FDistanceBorderAxisTop, Value, _sGraphDistanceBorderAxisTop, "DistanceBorderAxisTop");
+  SetMargin(FDistanceBorderAxisTop, Value, "DistanceBorderAxisTop");
 }
 
 void TZyGraph2D::SetDistanceBorderAxisBottom(float Value) {
-  SetMargin(FDistanceBorderAxisBottom, Value, _sGraphDistanceBorderAxisBottom, "DistanceBorderAxisBottom");
+  SetMargin(FDistanceBorderAxisBottom, Value, "DistanceBorderAxisBottom");
 }
 
 void TZyGraph2D::SetDistanceBorderAxisLeft(float Value) {
-  SetMargin(FDistanceBorderAxisLeft, Value, _sGraphDistanceBorderAxisLeft, "DistanceBorderAxisLeft");
+  SetMargin(FDistanceBorderAxisLeft, Value, "DistanceBorderAxisLeft");
 }
 
 void TZyGraph2D::SetDistanceBorderAxisRight(float Value) {
-  SetMargin(FDistanceBorderAxisRight, Value, _sGraphDistanceBorderAxisRight, "DistanceBorderAxisRight");
+  SetMargin(FDistanceBorderAxisRight, Value, "DistanceBorderAxisRight");
 }
 
 void TZyGraph2D::SetUndoStack(TZyUndoStack* Value) {
@@ -131,20 +155,22 @@ void TZyGraph2D::Modified() {
   Invalidate();
 }
 
+/// Series that leave one after the other each ask for it: what all of them were told already is not told again.
 void TZyGraph2D::SeriesModified() {
   if (IsDestroying()) return;
-  for (TZySeries* Series : FRelatedSeries) Series->PointsModified();
+  if (!FPointsAreStale)
+    for (TZySeries* Series : FRelatedSeries) Series->PointsModified();
+  FPointsAreStale = true;
   if (!FPanning) Invalidate();
 }
 
 void TZyGraph2D::LegendsModified() {
   if (IsDestroying() || FTellingLegends) return;
-  FTellingLegends = true;  // graphs that use each other's X axes would go round in circles
+  const TScopedValue Telling(FTellingLegends, true);  // graphs that use each other's X axes would go round in circles
   if (TZyGraph2D* const Master = MasterGraph()) Master->LegendsModified();
-  for (const TZyGraph2D* Child : FChildGraphs)
+  for (const TZyGraph2D* Child : ChildGraphs())
     for (IZyGraphLegend* Legend : Child->RelatedLegends()) Legend->Modified();
   for (IZyGraphLegend* Legend : RelatedLegends()) Legend->Modified();
-  FTellingLegends = false;
 }
 
 /// Runs on the control thread, some ten times a second: data that came since the last paint move the axes, and so bring
@@ -169,43 +195,20 @@ std::vector<TZyDoubleVector*> TZyGraph2D::GetVectorsList() const {
 void TZyGraph2D::UndoPushSeriesVectors() {
   TZyUndoStack* const Stack = UndoStack();
   if (Stack == nullptr || !Stack->Enabled()) return;
-  Stack->StartGroup(LoadResString(_sGraphData));
+  const TZyUndoGroup Group(Stack, _sGraphData);
   for (TZyDoubleVector* Vector : GetVectorsList()) Stack->PushVectorState(Vector, "");
-  Stack->StopGroup();
 }
 
 void TZyGraph2D::CheckCoupled() {
   if (IsLoading()) return;
-  FAxes = Axes();
-  FChildGraphs.clear();
-  FIsCoupledGraph = false;
-  if (FPrimaryXAxis == nullptr) return;
-  if (FPrimaryXAxis->Parent() != this) {
-    FIsCoupledGraph = true;
-    FAxes.push_back(FPrimaryXAxis);
-  } else if (Owner() != nullptr) {
-    for (TComponent* Component : Owner()->Components()) {
-      auto* const Other = dynamic_cast<TZyGraph2D*>(Component);
-      if (Other != nullptr && Other != this && Other->PrimaryXAxis() == FPrimaryXAxis) FChildGraphs.push_back(Other);
-    }
-  }
+  FCoupling.Find();
+  if (FPrimaryYAxis == nullptr) return;  // a new graph, whose axes are still to come
+  if (TZyGraph2D* const Master = FCoupling.NewMaster()) Master->FStages.Join(*this);
 }
 
 bool TZyGraph2D::AddRelatedSeries(TZySeries* Series) {
-  if (std::find(FRelatedSeries.begin(), FRelatedSeries.end(), Series) != FRelatedSeries.end()) return false;
-  FRelatedSeries.push_back(Series);
-  return true;
-}
-
-void TZyGraph2D::Notification(TComponent* AComponent, TOperation Operation) {
-  TZyCustomGraph::Notification(AComponent, Operation);
-  if (Operation != TOperation::Remove || IsDestroying()) return;
-  std::erase(FAxes, AComponent);
-  std::erase(FChildGraphs, AComponent);
-  if (AComponent == FPrimaryXAxis) FPrimaryXAxis = nullptr;
-  if (AComponent == FPrimaryYAxis) FPrimaryYAxis = nullptr;
-  if (AComponent == FHorizontalScrollBar) FHorizontalScrollBar = nullptr;
-  if (AComponent == FVerticalScrollbar) FVerticalScrollbar = nullptr;
+  FPointsAreStale = false;  // not those of the new one
+  return FRelatedSeries.Add(Series);
 }
 
 void TZyGraph2D::BoundsChanged() {
@@ -213,27 +216,27 @@ void TZyGraph2D::BoundsChanged() {
   if (FPrimaryXAxis != nullptr) FPrimaryXAxis->CheckResize();
 }
 
-void TZyGraph2D::TestPrimaryAxis() {
+TZyAxis* TZyGraph2D::MakePrimaryAxis(TZyAxisPosition Position, const char* BaseName, const char* Text) {
   TComponent* const AxisOwner = Owner() != nullptr ? Owner() : this;
-  FDoingPrimary = true;
-  const auto MakeAxis = [this, AxisOwner](TZyAxisPosition Position, const char* BaseName, const char* Text) {
-    auto* const Axis = new TZyAxis(AxisOwner);
-    Axis->SetPosition(Position);
-    Axis->SetName(UniqueName(AxisOwner, BaseName));
-    Axis->SetCaption(Text);
-    Axis->SetParent(this);
-    if (Axis->GetHorizontal())
-      Axis->SetWidth(Width());
-    else
-      Axis->SetHeight(Height());
-    return Axis;
-  };
-  if (FPrimaryXAxis == nullptr) FPrimaryXAxis = MakeAxis(TZyAxisPosition::Bottom, "XAxis", "X-Axis");
-  if (FPrimaryYAxis == nullptr) FPrimaryYAxis = MakeAxis(TZyAxisPosition::Left, "YAxis", "Y-Axis");
+  auto* const Axis = new TZyAxis(AxisOwner);
+  Axis->SetPosition(Position);
+  Axis->SetName(UniqueName(AxisOwner, BaseName));
+  Axis->SetCaption(Text);
+  Axis->SetParent(this);
+  if (Axis->GetHorizontal())
+    Axis->SetWidth(Width());
+  else
+    Axis->SetHeight(Height());
+  return Axis;
+}
+
+void TZyGraph2D::TestPrimaryAxis() {
+  const TScopedValue Doing(FDoingPrimary, true);
+  if (FPrimaryXAxis == nullptr) FPrimaryXAxis = MakePrimaryAxis(TZyAxisPosition::Bottom, "XAxis", "X-Axis");
+  if (FPrimaryYAxis == nullptr) FPrimaryYAxis = MakePrimaryAxis(TZyAxisPosition::Left, "YAxis", "Y-Axis");
   if (FPrimaryYAxis->GetHorizontal()) FPrimaryYAxis->SetPosition(TZyAxisPosition::Left);
   if (!FPrimaryXAxis->GetHorizontal()) FPrimaryXAxis->SetPosition(TZyAxisPosition::Bottom);
   FNeedsRecalculate = true;
-  FDoingPrimary = false;
 }
 
 void TZyGraph2D::TestSeriesAndAxis() {
@@ -247,14 +250,19 @@ void TZyGraph2D::TestSeriesAndAxis() {
 }
 
 void TZyGraph2D::SortLayers() {
+  std::vector<TZySeries*> Order;
+  for (TZySeries* Series : FRelatedSeries) Order.push_back(Series);
   const auto ByLayer = [](const TZySeries* A, const TZySeries* B) { return A->Layer() < B->Layer(); };
-  const bool IsSorted = std::is_sorted(FRelatedSeries.begin(), FRelatedSeries.end(), ByLayer);
-  for (auto Place = FRelatedSeries.begin(); !IsSorted && Place != FRelatedSeries.end(); ++Place) {
-    const auto Lowest = std::min_element(Place, FRelatedSeries.end(), ByLayer);
-    if (ByLayer(*Lowest, *Place)) std::iter_swap(Place, Lowest);
+  const bool IsSorted = std::is_sorted(Order.begin(), Order.end(), ByLayer);
+  for (auto Place = Order.begin(); !IsSorted && Place != Order.end(); ++Place) {
+    const auto Lowest = std::min_element(Place, Order.end(), ByLayer);
+    if (!ByLayer(*Lowest, *Place)) continue;
+    std::iter_swap(Place, Lowest);
+    FRelatedSeries.Swap(static_cast<std::size_t>(Place - Order.begin()),
+                        static_cast<std::size_t>(Lowest - Order.begin()));
   }
   int Layer = 0;
-  for (TZySeries* Series : FRelatedSeries) Series->SetLayer(Layer++);
+  for (TZySeries* Series : Order) Series->Renumber(Layer++);
 }
 
 void TZyGraph2D::Calculate() {
@@ -272,29 +280,38 @@ void TZyGraph2D::Calculate() {
 /// areas of all. The scale stands before anything is drawn on it, whichever of them is painted first.
 void TZyGraph2D::CalculateCoupled() {
   if (FCalculatingCoupled) return;
-  FCalculatingCoupled = true;
-  const auto BringUpToDate = [](TZyGraph2D& Graph) {
-    if (Graph.FCalculatingCoupled) return;
-    Graph.TestSeriesAndAxis();
-    Graph.CalculateWhenDirty();
+  const TScopedValue Calculating(FCalculatingCoupled, true);
+  const auto BringOtherUpToDate = [](TZyGraph2D& Graph) {
+    if (!Graph.FCalculatingCoupled) Graph.BringUpToDate();
   };
-  if (!FIsCoupledGraph) {
-    for (TZyGraph2D* Child : std::vector(FChildGraphs)) BringUpToDate(*Child);
+  if (!IsCoupledGraph()) {
+    for (TZyGraph2D* Child : ChildGraphs()) BringOtherUpToDate(*Child);
     FPrimaryXAxis->Calculate();
   } else {
     if (FPrimaryYAxis->Parent() == this) FPrimaryYAxis->Calculate();
-    if (TZyGraph2D* const Master = MasterGraph()) BringUpToDate(*Master);
+    if (TZyGraph2D* const Master = MasterGraph()) BringOtherUpToDate(*Master);
   }
-  FCalculatingCoupled = false;
+}
+
+/// An axis that waits for layout counts as well, so that series never draw on a scale that is out of date.
+void TZyGraph2D::CalculateWhenDirty() {
+  if (FPrimaryXAxis == nullptr || FPrimaryYAxis == nullptr) return;
+  bool IsDirty = FNeedsRecalculate || FPrimaryXAxis->NeedsRecalculate();
+  ForEachAxis([&IsDirty](const TZyAxis& Axis) { IsDirty = IsDirty || Axis.NeedsRecalculate(); });
+  if (IsDirty) Calculate();
+}
+
+void TZyGraph2D::BringUpToDate() {
+  TestSeriesAndAxis();
+  CalculateWhenDirty();
 }
 
 TZyFindSeriesPointResult TZyGraph2D::FindSeriesPoint(int X, int Y) const {
-  for (auto Place = FRelatedSeries.rbegin(); Place != FRelatedSeries.rend(); ++Place) {
-    TZySeries& Series = **Place;
-    const int Index = Series.FindPoint(X, Y);
+  for (TZySeries* Series : FRelatedSeries.Reversed()) {
+    const int Index = Series->FindPoint(X, Y);
     if (Index < 0) continue;
-    const TZySeries::TPointValues Values = Series.ValuesOfPixel(Index, static_cast<float>(X));
-    return {true, &Series, Values.Index, Values.X, Values.Y};
+    const TZySeries::TPointValues Values = Series->ValuesOfPixel(Index, static_cast<float>(X));
+    return {true, Series, Values.Index, Values.X, Values.Y};
   }
   return {};
 }
@@ -307,7 +324,7 @@ bool TZyGraph2D::MouseInDataArea() const {
 }
 
 void TZyGraph2D::RepaintChildGraphs() {
-  for (TZyGraph2D* Child : FChildGraphs) Child->Repaint();
+  for (TZyGraph2D* Child : ChildGraphs()) Child->Repaint();
 }
 
 void TZyGraph2D::SetName(const std::string& Value) {
@@ -341,6 +358,21 @@ void TZyGraph2D::PlaceTitle() {
   }
 }
 
+// --- For series -----------------------------------------------------------------------------------------------------
+
+void TZyGraph2D::ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const {
+  for (TZySeries* Series : RelatedSeries()) Do(*Series);
+}
+
+void TZyGraph2D::SeriesInvalidated() {
+  Invalidate();
+  const auto InvalidateLegendsOf = [](const TZyGraph2D& Graph) {
+    for (IZyGraphLegend* Legend : Graph.RelatedLegends()) Legend->Control().Invalidate();
+  };
+  for (const TZyGraph2D* Child : ChildGraphs()) InvalidateLegendsOf(*Child);
+  InvalidateLegendsOf(*this);
+}
+
 // --- For axes and the layout pass -----------------------------------------------------------------------------------
 
 void TZyGraph2D::EndUserZoom(bool Horizontal) {
@@ -356,7 +388,17 @@ bool TZyGraph2D::MayScroll(bool Horizontal) const {
   return Horizontal ? FZoom.HScrollbarVisible() : FZoom.VScrollbarVisible();
 }
 
-std::vector<IZyAxisGraph*> TZyGraph2D::GraphsOnXAxis() const { return {ChildGraphs().begin(), ChildGraphs().end()}; }
+std::vector<TZyAxis*> TZyGraph2D::AxesToLayOut() const {
+  std::vector<TZyAxis*> Result;
+  for (TZyAxis* Axis : AllAxes()) Result.push_back(Axis);
+  return Result;
+}
+
+std::vector<IZyAxisGraph*> TZyGraph2D::GraphsOnXAxis() const {
+  std::vector<IZyAxisGraph*> Result;
+  for (TZyGraph2D* Child : ChildGraphs()) Result.push_back(Child);
+  return Result;
+}
 
 float TZyGraph2D::BelowTitle(float Top) const {
   if (!CaptionVisible() || Caption().empty()) return Top;

@@ -7,8 +7,11 @@
 
 #include "axes/ZyAxis.h"
 #include "graph/ZyCustomGraph.h"
+#include "graph/ZyGraphCoupling.h"
+#include "graph/ZyGraphGestures.h"
+#include "graph/ZyGraphZoom.h"
 #include "graph/ZyZoomSettings.h"
-#include "graph/parts/ZyAxisGraph.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "graph/styles/ZyStyles.h"
 #include "platform/controls/TScrollBar.h"
 #include "platform/drawing/Geometry.h"
@@ -19,7 +22,6 @@ namespace zy {
 
 class Bitmap;
 class Metafile;
-class Pen;
 class TZyDoubleVector;
 class TZySeries;
 
@@ -37,7 +39,10 @@ struct TZyFindSeriesPointResult {
 /// Axes are child controls of the graph; series join it by themselves. The graph owns neither: all belong to the
 /// graph's owner. A graph without axes makes its two primary ones at the first paint; they are the graph's own when it
 /// has no owner.
-class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGraph {
+///
+/// What it does with them is done by parts: TZyGraphPainter draws, TZyGraphGestures follows mouse and keys,
+/// TZyGraphZoom moves the ranges, TZyGraphCoupling knows the graphs that share the X axis, TZyGraphPicture makes files.
+class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeriesGraph, private IZyGestureTarget {
   ZY_CLASS(TZyGraph2D, TZyCustomGraph)
   explicit TZyGraph2D(TComponent* Owner = nullptr);
   ~TZyGraph2D() override;
@@ -69,13 +74,13 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   TZyUndoStack* UndoStack() const override { return TZyCustomGraph::UndoStack(); }
   void SetUndoStack(TZyUndoStack* Value) override;
   TZyZoomSettings& Zoom() { return FZoom; }
-  const TZyZoomSettings& Zoom() const { return FZoom; }
+  const TZyZoomSettings& Zoom() const override { return FZoom; }
   /// The scroll bars, owned by the graph; they appear while data lie outside the visible ranges. Null in a graph that
   /// was made in a form designer.
   TScrollBar* HorizontalScrollBar() const override { return FHorizontalScrollBar; }
   TScrollBar* VerticalScrollbar() const override { return FVerticalScrollbar; }
   /// Around a frame, a turn of the wheel or a pinch that zooms, and around a pan. A frame that comes to nothing has no
-  /// end.
+  /// end. A handler may free the graph.
   const TNotifyEvent& OnBeginZoom() const { return FOnBeginZoom; }
   void SetOnBeginZoom(TNotifyEvent Value) { FOnBeginZoom = std::move(Value); }
   const TNotifyEvent& OnEndZoom() const { return FOnEndZoom; }
@@ -88,27 +93,31 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   // --- Zoom stages. All operations keep the stages of coupled graphs in step. ---
 
   /// Zooms to a frame between two corners in client pixels, cut to the data area. The range becomes a new stage.
-  void ZoomTo(TPoint TopLeft, TPoint BottomRight);
+  /// Nothing for a frame that lies outside.
+  void ZoomTo(TPoint TopLeft, TPoint BottomRight) { FStages.ZoomTo(TopLeft, BottomRight); }
   /// The stage before or behind the present one, where there is one.
-  void ZoomBack();
-  void RedoZoom();
+  void ZoomBack() override { FStages.ZoomBack(); }
+  void RedoZoom() { FStages.RedoZoom(); }
   /// A stage by its index, under the condition of ZoomBack; 0 is the range before all zooming.
-  void ZoomToStage(int Stage);
+  void ZoomToStage(int Stage) { FStages.ZoomToStage(Stage); }
   /// Gives the axes the ranges of their data again and forgets the stages.
-  void ZoomReset() override;
+  void ZoomReset() override { FStages.Reset(); }
   /// A stack has a stage before and behind the present one but at its ends, a ring has as soon as it has any.
-  bool GetCanZoomBack() const;
-  bool GetCanRedoZoom() const;
+  bool GetCanZoomBack() const override { return FStages.CanZoomBack(); }
+  bool GetCanRedoZoom() const { return FStages.CanRedoZoom(); }
   /// Index of the stage that is shown, and number of stages, of the primary Y axis.
-  int GetCurrentZoomStage() const;
-  int GetZoomBufferSize() const;
+  int GetCurrentZoomStage() const { return FStages.Stage(); }
+  int GetZoomBufferSize() const { return FStages.BufferSize(); }
   /// Gives the axes of coupled graphs a stage of their present ends, after those of this graph got one.
-  void FixChildZoomStack();
+  void FixChildZoomStack() { FStages.FixCoupled(); }
   /// Zooms in, by a Factor below 1, or out around a place in client pixels, as a new stage: all axes when the place
-  /// lies in the data area, beside it those of the direction it lies beside. Returns whether any axis moved.
-  bool ZoomAround(TPoint Place, double Factor);
+  /// lies in the data area, beside it those of the direction it lies beside. Returns whether any axis moved; without a
+  /// move there is no stage.
+  bool ZoomAround(TPoint Place, double Factor) override { return FStages.ZoomAround(Place, Factor); }
   /// Moves the axes of a scroll bar's direction, as the bar asks.
   void Scroll(TObject* Sender, TScrollCode ScrollCode, int& ScrollPos);
+  /// The range of scroll bars.
+  static constexpr int WholeScrollBar = 10000;
 
   void Click() override;
   void DblClick() override;
@@ -142,6 +151,14 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   int ImageGraphLeft();
   /// Height of the picture: of all coupled graphs without their horizontal scroll bars.
   int ImgageGraphHeight();
+  /// Height of this graph in it.
+  int HeightInImage() const;
+  /// Lays the graph out as for the screen and shows the scroll bars that it then has.
+  void PrepareForScreen();
+  /// Paints the graph and what its picture shows of the controls on it, kept within its place as a window would keep
+  /// it.
+  void PaintInto(Graphics& Gr, bool AsMetafile);
+  void PaintTitle(Graphics& Gr) { FTitleRec.PaintGr(Gr); }
 
   /// The series have to compute their pixels anew.
   void SeriesModified() override;
@@ -149,12 +166,15 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   void TestPrimaryAxis();
   /// Takes new data of the series into the ranges of the axes.
   void TestSeriesAndAxis();
-  /// Sorts the series by their layers and renumbers these from 0.
+  /// Takes new data and the layout that is due: what is to be seen at the next paint.
+  void BringUpToDate() override;
+  /// Sorts the series by their layers and renumbers these from 0, which is no step of undo.
   void SortLayers();
-  /// Finds the axes of the graph, and the graphs that share its X axis.
+  /// Finds the axes of the graph, and the graphs that share its X axis. A graph that was coupled while the others are
+  /// zoomed gets as many stages as they have, all of its whole range; its own are gone.
   void CheckCoupled();
   /// The content of the legends is stale, here and in coupled graphs.
-  void LegendsModified();
+  void LegendsModified() override;
   /// Logs the data of all series as one step of undo, before they change.
   void UndoPushSeriesVectors();
   /// The vectors that serve as X or Y data of the series that have a name, each once.
@@ -163,7 +183,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   /// The point of a series at a place in client pixels; the series that was drawn last has the first say.
   TZyFindSeriesPointResult FindSeriesPoint(int X, int Y) const;
   /// Whether the mouse is over the data area, its edges included.
-  bool MouseInDataArea() const;
+  bool MouseInDataArea() const override;
   /// Paints the graphs that share this graph's X axis anew.
   void RepaintChildGraphs();
 
@@ -171,9 +191,11 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   const RectF& DrawingArea() const override { return FDrawingArea; }
   /// The series of the graph in drawing order. They enter and leave by themselves; AddRelatedSeries says whether one
   /// was new.
-  const std::vector<TZySeries*>& RelatedSeries() const { return FRelatedSeries; }
-  bool AddRelatedSeries(TZySeries* Series);
-  void RemoveRelatedSeries(TZySeries* Series) { std::erase(FRelatedSeries, Series); }
+  const TRefList<TZySeries>& RelatedSeries() const { return FRelatedSeries; }
+  bool AddRelatedSeries(TZySeries* Series) override;
+  void RemoveRelatedSeries(TZySeries* Series) override { FRelatedSeries.Remove(Series); }
+  /// A series has computed its pixels.
+  void PointsCalculated() override { FPointsAreStale = false; }
   /// All child axes in control order, as they are now.
   std::vector<TZyAxis*> Axes() const;
   /// Does something to each of them, without a list.
@@ -184,17 +206,24 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   }
   /// All child axes in control order, and behind them the X axis of a coupled graph, which is a child of another one;
   /// as CheckCoupled found them.
-  const std::vector<TZyAxis*>& AllAxes() const { return FAxes; }
+  const TRefList<TZyAxis>& AllAxes() const { return FCoupling.Axes(); }
   /// The graphs that use this graph's X axis, as CheckCoupled found them.
-  const std::vector<TZyGraph2D*>& ChildGraphs() const { return FChildGraphs; }
-  bool HasChildGraphs() const { return !FChildGraphs.empty(); }
+  const TRefList<TZyGraph2D>& ChildGraphs() const { return FCoupling.Children(); }
+  bool HasChildGraphs() const { return !ChildGraphs().empty(); }
   /// Whether the graph's X axis is the child of another graph.
-  bool IsCoupledGraph() const override { return FIsCoupledGraph; }
+  bool IsCoupledGraph() const override { return FCoupling.IsCoupled(); }
+  /// The graph whose X axis this one uses, null for one with an axis of its own.
+  TZyGraph2D* MasterGraph() const { return FCoupling.Master(); }
+  /// All other graphs on the same X axis; and all, from the top of their common picture to its bottom.
+  std::vector<TZyGraph2D*> CoupledGraphs() const { return FCoupling.Others(); }
+  std::vector<TZyGraph2D*> StackedGraphs() const { return FCoupling.Stacked(); }
 
-  /// A gesture is running: a frame, a pan, a pinch. Ends are not rounded during the latter two.
-  bool Zooming() const { return FZooming; }
+  /// A gesture is running: a frame, a pan, a pinch, here or, of the latter two, in a coupled graph. Ends are not
+  /// rounded during these.
+  bool Zooming() const { return FGestures.Kind() == TZyGraphGestures::TKind::Frame; }
   bool Panning() const override { return FPanning; }
   bool Pinching() const override { return FPinching; }
+  /// Also of coupled graphs.
   void SetPanning(bool Value);
   /// While the graph paints for a printer or a file: places of ticks and grid lines keep their fractions.
   bool DoingMetafile() const override { return FDoingMetafile; }
@@ -210,6 +239,12 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   /// While the form is designed, a new graph gets dashed grids, and its axes the undo stack of the graph.
   void SetName(const std::string& Value) override;
 
+  // For series.
+  int SeriesCount() const override { return static_cast<int>(FRelatedSeries.size()); }
+  void ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const override;
+  void SeriesInvalidated() override;
+  bool DrawsUnsmoothed() const override { return !DoingImage() && SmoothingMode() == TZySmoothingMode::None; }
+
   // For axes and the layout pass.
   TWinControl& Control() override { return *this; }
   void BeginUpdate() override { TZyCustomGraph::BeginUpdate(); }
@@ -218,7 +253,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   void EndUserZoom(bool Horizontal) override;
   bool MayScroll(bool Horizontal) const override;
   bool HasBorder() const override { return BorderStyle() == bsSingle; }
-  std::vector<TZyAxis*> AxesToLayOut() const override { return AllAxes(); }
+  std::vector<TZyAxis*> AxesToLayOut() const override;
   std::vector<IZyAxisGraph*> GraphsOnXAxis() const override;
   float BelowTitle(float Top) const override;
   void SetDrawingArea(const RectF& Value) override { FDrawingArea = Value; }
@@ -230,127 +265,75 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   void PlaceTitle() override;
 
  protected:
-  void Notification(TComponent* AComponent, TOperation Operation) override;
   void BoundsChanged() override;
+  void CMVisibleChanged() override;
   void PaintOverlay(Graphics& Gr) override;
 
  private:
-  /// How solids turn the data area into a room: pixels from the front to the back, and where floor and side wall meet
-  /// the front.
-  struct TRoom {
-    float DepthX = 0;
-    float DepthY = 0;
-    float Floor = 0;
-    float Wall = 0;
-    bool IsOpen = false;   // there are solids
-    bool HasGrid = false;  // any grid is shown
-    bool HasAxisAtRight = false;
-  };
-
   std::unique_ptr<TZyLineSettings> MakeLine(TZyColor Color);
   TScrollBar* MakeScrollBar(TScrollBarKind Kind);
   void ShowScrollBars();
   std::vector<TZyLineSettings*> Lines() const;
-  void SetMargin(float& Field, float Value, TZyText Label, const char* PropName);
+  void SetMargin(float& Field, float Value, const char* PropName);
+  void TakePrimaryXAxis(TZyAxis* Value);
+  TZyAxis* MakePrimaryAxis(TZyAxisPosition Position, const char* BaseName, const char* Text);
   void SeriesPoll();
-  std::vector<TZyGraph2D*> StackedGraphs();
-  int HeightInImage() const;
-  bool PrepareImage();
-  void PaintPicture(Graphics& Gr, float X, float Y);
-  void PaintInto(Graphics& Gr, bool AsMetafile);
-  Metafile Recorded();
-  Bitmap PaintedBitmap(bool RemoveTransparency, TColor Ground);
   bool PreparePaint();
   void CalculateWhenDirty();
   void CalculateCoupled();
-  bool HasDataAreaColor() const;
-  TRoom FindRoom() const;
-  void PaintBackground(Graphics& Gr);
-  void PaintDataArea(Graphics& Gr, const TRoom& Room);
-  void PaintWalls(Graphics& Gr, const TRoom& Room);
-  void PaintVerticalGrid(Graphics& Gr, const TRoom& Room) const;
-  void PaintHorizontalGrid(Graphics& Gr, const TRoom& Room) const;
-  void PaintRoomEdges(Graphics& Gr, const Pen& EdgePen, const TRoom& Room) const;
-  float GridPlace(float Tick) const;
-  template <class TDraw>
-  void PaintClippedToData(Graphics& Gr, const TDraw& Draw);
-  RectF DataClip() const;
-  void PaintFrame(Graphics& Gr) const;
-  void PaintAxes(Graphics& Gr);
-  void PaintLegends(Graphics& Gr);
-  template <class TPart>
-  void PaintMoved(Graphics& Gr, const TControl& Control, const TPart& Part);
+  void PaintToImage(Graphics& Gr, float X, float Y);
 
-  // Zoom and gestures.
-  struct TZoomRange;  // what an axis is to show
-  TZyGraph2D* MasterGraph() const;
-  std::vector<TZyGraph2D*> CoupledGraphs() const;
-  template <class TDo>
-  void OnCoupledAxes(const TDo& Do);
-  template <class TDo>
-  void WalkStages(const TDo& Do);
-  void AddStage();
-  void NoteEnds();
-  void BeginScale(TPoint Place);
-  bool ScaleBy(double Factor);
-  void EndScale();
-  void TakeFrameEdges(const RectF& Frame, std::vector<TZoomRange>& Ranges) const;
-  void TakeFramePoints(const RectF& Frame, std::vector<TZoomRange>& Ranges) const;
-  void Fire(const TNotifyEvent& Event);
-  void InvalidateFrame();
-  void EndFrame();
-  void StartPan();
-  bool PanByPad(double Dx, double Dy);
-  void PinchBy(TPoint Place, double Scale);
-  bool EndPadGesture();
-  void SetPinching(bool Value);
-  void PanBy(double Dx, double Dy);
-  void EndPan();
-  void ShowMove();
-  void CancelGesture();
-  void ZoomStep(TPoint Place, double Factor);
-  bool UseKey(TKey Key, TShiftState Shift);
+  // What gestures act on.
+  bool HasPrimaryAxes() const override { return FPrimaryXAxis != nullptr && FPrimaryYAxis != nullptr; }
+  bool ZoomToFrame(TPoint From, TPoint To) override { return FStages.ZoomTo(From, To); }
+  TPoint MiddleOfData() const override;
+  void BeginPan() override;
+  void PanBy(double Dx, double Dy) override { FStages.PanBy(Dx, Dy); }
+  void EndPan(bool Keeps) override;
+  void BeginPinch(TPoint Place) override;
+  void PinchTo(double Scale) override;
+  void EndPinch() override;
+  void ScrollStep(bool Horizontal, bool Forward) override;
+  bool IsTwisted(bool Horizontal) const override;
+  void FrameChanged(const TRect& Frame) override;
+  TCursor PointerShape() const override { return Cursor(); }
+  void SetPointerShape(TCursor Value) override { SetCursor(Value); }
+  void CaptureKeys(bool Value) override { SetKeyCapture(Value); }
+  bool Tell(TZyGestureEvent Event) override;
+  void SetMoving(bool& Field, bool Value);
 
   TZyColor FDataAreaColor = Colors::Transparent;
   TZyGradientSettings FDataAreaGradient;
   std::unique_ptr<TZyLineSettings> FDataAreaFrame;
   std::unique_ptr<TZyLineSettings> FMajorGridHorizontal, FMinorGridHorizontal;
   std::unique_ptr<TZyLineSettings> FMajorGridVertical, FMinorGridVertical;
-  TRef<TZyAxis> FPrimaryXAxis{this}, FPrimaryYAxis{this};
+  TRef<TZyAxis> FPrimaryXAxis{this, &TZyGraph2D::TakePrimaryXAxis}, FPrimaryYAxis{this};
   float FDistanceBorderAxisTop = 0;
   float FDistanceBorderAxisBottom = 0;
   float FDistanceBorderAxisLeft = 0;
   float FDistanceBorderAxisRight = 0;
   bool FZeroOrigin = false;
-  bool FZooming = false;
   bool FPanning = false;
+  bool FPinching = false;
+  bool FLeadsMove = false;  // the pan or pinch is this graph's own
   bool FDoHScrollBar = false;
   bool FDoVScrollBar = false;
   bool FDoingMetafile = false;
   bool FDoingPrimary = false;
   bool FLoadingRecord = false;
-  bool FIsCoupledGraph = false;
   bool FTellingLegends = false;
   bool FCalculatingCoupled = false;
+  bool FPointsAreStale = false;  // of all series
   bool FOnce = true;
   TZyZoomSettings FZoom{*this};
-  TScrollBar* FHorizontalScrollBar = nullptr;
-  TScrollBar* FVerticalScrollbar = nullptr;
+  TRef<TScrollBar> FHorizontalScrollBar{this}, FVerticalScrollbar{this};
   TNotifyEvent FOnBeginZoom, FOnEndZoom, FOnBeginPanning, FOnEndPanning;
-  TPoint FDragStart, FDragEnd;  // of the mouse gesture, in client pixels
-  TCursor FSavedCursor = crDefault;
-  std::vector<double> FPanStarts, FPanStops;  // ends of each axis of FAxes when the gesture began, on its scale
-  std::vector<double> FScalePlaces;           // of each axis, the place that stays; not a number for an axis that does
-  PointF FPadWay;                             // of a pan on the touch pad, in pixels
-  double FPinchScale = 1;
-  bool FPanIsMouse = false;
-  bool FPinching = false;
-  int FWheelTurn = 0;  // of a notch that is not complete
-  TRect FLastClip;     // of the previous paint
+  TRect FLastClip;  // of the previous paint
   RectF FDrawingArea;
-  std::vector<TZySeries*> FRelatedSeries;
-  std::vector<TZyAxis*> FAxes;
-  std::vector<TZyGraph2D*> FChildGraphs;
+  TRefList<TZySeries> FRelatedSeries{this, &TZyGraph2D::RemoveRelatedSeries};
+  TZyGraphCoupling FCoupling{*this};
+  TZyGraphZoom FStages{*this};
+  TZyGraphGestures FGestures{*this};
 };
 
 }  // namespace zy

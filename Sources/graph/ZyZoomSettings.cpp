@@ -10,105 +10,110 @@
 namespace zy {
 
 ZY_PUBLISHED(
-    TZyZoomSettings, TPersistent, Published<&TZyZoomSettings::Auto, &TZyZoomSettings::SetAuto>("Auto", true),
+    TZyZoomSettings, TPersistent,
+    Published<&TZyZoomSettings::Auto, &TZyZoomSettings::SetAuto>("Auto", true).Labelled(_sZoomAuto),
     Published<&TZyZoomSettings::BufferType, &TZyZoomSettings::SetBufferType>("BufferType", TZyZoomBufferType::AsStack),
-    Published<&TZyZoomSettings::OptimizeSeries, &TZyZoomSettings::SetOptimizeSeries>("OptimizeSeries", false),
-    Published<&TZyZoomSettings::BackOnClickBeside, &TZyZoomSettings::SetBackOnClickBeside>("BackOnClickBeside", true),
+    Published<&TZyZoomSettings::OptimizeSeries, &TZyZoomSettings::SetOptimizeSeries>("OptimizeSeries", false)
+        .Labelled(_sZoomOptimizeSeries),
+    Published<&TZyZoomSettings::BackOnClickBeside, &TZyZoomSettings::SetBackOnClickBeside>("BackOnClickBeside", true)
+        .Labelled(_sZoomBackOnClickBeside),
     Published<&TZyZoomSettings::BackOnRightBottomLeftTopFrame, &TZyZoomSettings::SetBackOnRightBottomLeftTopFrame>(
-        "BackOnRightBottomLeftTopFrame", false),
+        "BackOnRightBottomLeftTopFrame", false)
+        .Labelled(_sZoomBackOnClickBeside),
     Published<&TZyZoomSettings::ResetOnDoubleClickBeside, &TZyZoomSettings::SetResetOnDoubleClickBeside>(
-        "ResetOnDoubleClickBeside", true),
+        "ResetOnDoubleClickBeside", true)
+        .Labelled(_sZoomResetOnDoubleClickBeside),
     Published<&TZyZoomSettings::ResetOnRightBottomLeftTopFrame, &TZyZoomSettings::SetResetOnRightBottomLeftTopFrame>(
-        "ResetOnRightBottomLeftTopFrame", false),
-    Published<&TZyZoomSettings::StartZoom, &TZyZoomSettings::SetZoomShift>("StartZoom", TShiftState{ssLeft}),
+        "ResetOnRightBottomLeftTopFrame", false)
+        .Labelled(_sZoomResetOnRightBottomLeftTopFrame),
+    Published<&TZyZoomSettings::StartZoom, &TZyZoomSettings::SetZoomShift>("StartZoom", TShiftState{ssLeft})
+        .Labelled(_sZoomStartZoom),
     Published<&TZyZoomSettings::StartPanning, &TZyZoomSettings::SetPanningShift>("StartPanning",
-                                                                                 TShiftState{ssShift, ssLeft}),
+                                                                                 TShiftState{ssShift, ssLeft})
+        .Labelled(_sZoomStartPanning),
     Published<&TZyZoomSettings::PanningCursor, &TZyZoomSettings::SetPanningCursor>("PanningCursor",
                                                                                    TCursor{crHandPoint}),
-    Published<&TZyZoomSettings::HScrollbarVisible, &TZyZoomSettings::SetHScrollbarVisible>("HScrollbarVisible", true),
-    Published<&TZyZoomSettings::VScrollbarVisible, &TZyZoomSettings::SetVScrollbarVisible>("VScrollbarVisible", true),
+    Published<&TZyZoomSettings::HScrollbarVisible, &TZyZoomSettings::SetHScrollbarVisible>("HScrollbarVisible", true)
+        .Labelled(_sZoomHScrollbarVisible),
+    Published<&TZyZoomSettings::VScrollbarVisible, &TZyZoomSettings::SetVScrollbarVisible>("VScrollbarVisible", true)
+        .Labelled(_sZoomVScrollbarVisible),
     Published<&TZyZoomSettings::ScrollSmallIncrement, &TZyZoomSettings::SetScrollSmallIncrement>(
-        "ScrollSmallIncrement", TZyScrollIncrement::MinorTick),
+        "ScrollSmallIncrement", TZyScrollIncrement::MinorTick)
+        .Labelled(_sZoomScrollSmallIncrement),
     Published<&TZyZoomSettings::ScrollLargeIncrement, &TZyZoomSettings::SetScrollLargeIncrement>(
-        "ScrollLargeIncrement", TZyScrollIncrement::Page),
-    Published<&TZyZoomSettings::WheelZoom, &TZyZoomSettings::SetWheelZoom>("WheelZoom", TZyWheelZoom::WithCtrl),
-    Published<&TZyZoomSettings::TouchGestures, &TZyZoomSettings::SetTouchGestures>("TouchGestures", true),
-    Published<&TZyZoomSettings::KeyboardZoom, &TZyZoomSettings::SetKeyboardZoom>("KeyboardZoom", true),
+        "ScrollLargeIncrement", TZyScrollIncrement::Page)
+        .Labelled(_sZoomScrollLargeIncrement),
+    Published<&TZyZoomSettings::WheelZoom, &TZyZoomSettings::SetWheelZoom>("WheelZoom", TZyWheelZoom::WithCtrl)
+        .Labelled(_sZoomWheelZoom),
+    Published<&TZyZoomSettings::TouchGestures, &TZyZoomSettings::SetTouchGestures>("TouchGestures", true)
+        .Labelled(_sZoomTouchGestures),
+    Published<&TZyZoomSettings::KeyboardZoom, &TZyZoomSettings::SetKeyboardZoom>("KeyboardZoom", true)
+        .Labelled(_sZoomKeyboardZoom),
     Published<&TZyZoomSettings::OnBeginZoom, &TZyZoomSettings::SetOnBeginZoom>("OnBeginZoom"),
     Published<&TZyZoomSettings::OnEndZoom, &TZyZoomSettings::SetOnEndZoom>("OnEndZoom"),
     Published<&TZyZoomSettings::OnBeginPanning, &TZyZoomSettings::SetOnBeginPanning>("OnBeginPanning"),
     Published<&TZyZoomSettings::OnEndPanning, &TZyZoomSettings::SetOnEndPanning>("OnEndPanning"))
 
-void TZyZoomSettings::SetAuto(bool Value) {
-  Change(this, FAuto, Value, _sZoomAuto, "Auto", &TZyZoomSettings::DoNothing);
-}
+void TZyZoomSettings::SetAuto(bool Value) { Change(this, FAuto, Value, "Auto", &TZyZoomSettings::DoNothing); }
 
 void TZyZoomSettings::SetOptimizeSeries(bool Value) {
-  Change(this, FOptimizeSeries, Value, _sZoomOptimizeSeries, "OptimizeSeries", &TZyZoomSettings::DoNothing);
+  Change(this, FOptimizeSeries, Value, "OptimizeSeries", &TZyZoomSettings::DoNothing);
 }
 
 void TZyZoomSettings::SetBackOnClickBeside(bool Value) {
-  Change(this, FBackOnClickBeside, Value, _sZoomBackOnClickBeside, "BackOnClickBeside", &TZyZoomSettings::DoNothing);
+  Change(this, FBackOnClickBeside, Value, "BackOnClickBeside", &TZyZoomSettings::DoNothing);
 }
 
 /// It shares its text with the click.
 void TZyZoomSettings::SetBackOnRightBottomLeftTopFrame(bool Value) {
-  Change(this, FBackOnRightBottomLeftTopFrame, Value, _sZoomBackOnClickBeside, "BackOnRightBottomLeftTopFrame",
-         &TZyZoomSettings::DoNothing);
+  Change(this, FBackOnRightBottomLeftTopFrame, Value, "BackOnRightBottomLeftTopFrame", &TZyZoomSettings::DoNothing);
 }
 
 void TZyZoomSettings::SetResetOnDoubleClickBeside(bool Value) {
-  Change(this, FResetOnDoubleClickBeside, Value, _sZoomResetOnDoubleClickBeside, "ResetOnDoubleClickBeside",
-         &TZyZoomSettings::DoNothing);
+  Change(this, FResetOnDoubleClickBeside, Value, "ResetOnDoubleClickBeside", &TZyZoomSettings::DoNothing);
 }
 
 void TZyZoomSettings::SetResetOnRightBottomLeftTopFrame(bool Value) {
-  Change(this, FResetOnRightBottomLeftTopFrame, Value, _sZoomResetOnRightBottomLeftTopFrame,
-         "ResetOnRightBottomLeftTopFrame", &TZyZoomSettings::DoNothing);
+  Change(this, FResetOnRightBottomLeftTopFrame, Value, "ResetOnRightBottomLeftTopFrame", &TZyZoomSettings::DoNothing);
 }
 
-void TZyZoomSettings::SetShift(TShiftState& Field, TShiftState Other, TShiftState Value, TZyText Label,
-                               const char* PropName) {
-  if (Value == Other) throw EExternal(LoadResString(_sNoZoomPanEqual));
-  Change(this, Field, Value, Label, PropName, &TZyZoomSettings::DoNothing);
+/// A stored pair comes half first and then whole; half of it may equal the other half of before.
+void TZyZoomSettings::SetShift(TShiftState& Field, TShiftState Other, TShiftState Value, const char* PropName) {
+  const bool TakesPair = FGraph.IsLoading() || FGraph.LoadingRecord();
+  if (Value == Other && !TakesPair) throw EExternal(LoadResString(_sNoZoomPanEqual));
+  Change(this, Field, Value, PropName, &TZyZoomSettings::DoNothing);
 }
 
-void TZyZoomSettings::SetZoomShift(TShiftState Value) {
-  SetShift(FZoomShift, FPanningShift, Value, _sZoomStartZoom, "StartZoom");
-}
+void TZyZoomSettings::SetZoomShift(TShiftState Value) { SetShift(FZoomShift, FPanningShift, Value, "StartZoom"); }
 
-void TZyZoomSettings::SetPanningShift(TShiftState Value) {
-  SetShift(FPanningShift, FZoomShift, Value, _sZoomStartPanning, "StartPanning");
-}
+void TZyZoomSettings::SetPanningShift(TShiftState Value) { SetShift(FPanningShift, FZoomShift, Value, "StartPanning"); }
 
 void TZyZoomSettings::SetHScrollbarVisible(bool Value) {
-  Change(this, FHScrollbarVisible, Value, _sZoomHScrollbarVisible, "HScrollbarVisible", &TZyZoomSettings::DoNothing);
+  Change(this, FHScrollbarVisible, Value, "HScrollbarVisible", &TZyZoomSettings::DoNothing);
 }
 
 void TZyZoomSettings::SetVScrollbarVisible(bool Value) {
-  Change(this, FVScrollbarVisible, Value, _sZoomVScrollbarVisible, "VScrollbarVisible", &TZyZoomSettings::DoNothing);
+  Change(this, FVScrollbarVisible, Value, "VScrollbarVisible", &TZyZoomSettings::DoNothing);
 }
 
 void TZyZoomSettings::SetScrollSmallIncrement(TZyScrollIncrement Value) {
-  Change(this, FScrollSmallIncrement, Value, _sZoomScrollSmallIncrement, "ScrollSmallIncrement",
-         &TZyZoomSettings::DoNothing);
+  Change(this, FScrollSmallIncrement, Value, "ScrollSmallIncrement", &TZyZoomSettings::DoNothing);
 }
 
 void TZyZoomSettings::SetScrollLargeIncrement(TZyScrollIncrement Value) {
-  Change(this, FScrollLargeIncrement, Value, _sZoomScrollLargeIncrement, "ScrollLargeIncrement",
-         &TZyZoomSettings::DoNothing);
+  Change(this, FScrollLargeIncrement, Value, "ScrollLargeIncrement", &TZyZoomSettings::DoNothing);
 }
 
 void TZyZoomSettings::SetWheelZoom(TZyWheelZoom Value) {
-  Change(this, FWheelZoom, Value, _sZoomWheelZoom, "WheelZoom", &TZyZoomSettings::DoNothing);
+  Change(this, FWheelZoom, Value, "WheelZoom", &TZyZoomSettings::DoNothing);
 }
 
 void TZyZoomSettings::SetTouchGestures(bool Value) {
-  Change(this, FTouchGestures, Value, _sZoomTouchGestures, "TouchGestures", &TZyZoomSettings::DoNothing);
+  Change(this, FTouchGestures, Value, "TouchGestures", &TZyZoomSettings::DoNothing);
 }
 
 void TZyZoomSettings::SetKeyboardZoom(bool Value) {
-  Change(this, FKeyboardZoom, Value, _sZoomKeyboardZoom, "KeyboardZoom", &TZyZoomSettings::DoNothing);
+  Change(this, FKeyboardZoom, Value, "KeyboardZoom", &TZyZoomSettings::DoNothing);
 }
 
 // --- The graph's ----------------------------------------------------------------------------------------------------

@@ -5,7 +5,6 @@
 #include "platform/controls/Cursors.h"
 #include "platform/framework/EnumInfo.h"
 #include "platform/framework/TPersistent.h"
-#include "texts/ZyLocalize.h"
 
 namespace zy {
 
@@ -45,7 +44,8 @@ class TZyZoomSettings : public TPersistent {
   void SetBackOnRightBottomLeftTopFrame(bool Value);
   bool ResetOnRightBottomLeftTopFrame() const { return FResetOnRightBottomLeftTopFrame; }
   void SetResetOnRightBottomLeftTopFrame(bool Value);
-  /// The button and keys that start a frame; no others may be down. Throws EExternal for those that start panning.
+  /// The button and keys that start a frame; no others may be down. Throws EExternal for those that start panning, but
+  /// while a stored pair is read; of equal ones that come that way the frame starts.
   TShiftState StartZoom() const { return FZoomShift; }
   void SetZoomShift(TShiftState Value);
   /// Those that start panning, which only a zoomed chart can do. Throws EExternal for those that start a frame.
@@ -103,7 +103,7 @@ class TZyZoomSettings : public TPersistent {
 
  private:
   void DoNothing() {}
-  void SetShift(TShiftState& Field, TShiftState Other, TShiftState Value, TZyText Label, const char* PropName);
+  void SetShift(TShiftState& Field, TShiftState Other, TShiftState Value, const char* PropName);
 
   TZyGraph2D& FGraph;
   TZyUndoStack* FUndoStack = nullptr;  // the graph's; it clears it here when the stack dies

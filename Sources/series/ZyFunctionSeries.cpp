@@ -5,7 +5,7 @@
 
 #include "analysis/ZyMath.h"
 #include "analysis/ZyParseFktLists.h"
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "persistence/ZyArchive.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
@@ -108,6 +108,7 @@ void TZyFunctionSeries::CalculationFailed() {
   FPointIndex.Clear();
   FPointCount = 0;
   FState.PixelsTaken();
+  if (Graph() != nullptr) Graph()->PointsCalculated();
 }
 
 /// The range of the data, on a logarithmic axis without what is not positive; it covers a display range set by hand.

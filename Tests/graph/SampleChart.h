@@ -11,10 +11,19 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/TRecordingGraphics.h"
+#include "platform/framework/TRefList.h"
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 
 namespace zy::testing {
+
+/// What a list of references holds.
+template <class T>
+std::vector<T*> Listed(const TRefList<T>& List) {
+  std::vector<T*> Result;
+  for (T* Object : List) Result.push_back(Object);
+  return Result;
+}
 
 /// Extent of a text of one line as a caption: with a sixth of the font's size at each side, and as high as a line.
 inline SizeF CaptionExtent(const Font& Face, std::string_view Text) {

@@ -73,7 +73,7 @@ TEST(ZyGraph2DTest, SeriesPaintInTheOrderOfTheirLayers) {
   }
   Chart.Graph->SortLayers();
   const auto& Sorted = Chart.Graph->RelatedSeries();
-  EXPECT_EQ(Sorted, (std::vector<TZySeries*>{Series[3], Series[1], Series[2], Series[0]}))
+  EXPECT_EQ(Listed(Sorted), (std::vector<TZySeries*>{Series[3], Series[1], Series[2], Series[0]}))
       << "by selection and exchange: the first goes where the lowest was";
   for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(Sorted[i]->Layer(), static_cast<int>(i));
   Chart.Graph->SetSmoothingMode(TZySmoothingMode::None);

@@ -176,9 +176,9 @@ TEST_F(ZyGraphPaintTest, GraphsThatShareAnXAxisAreCoupled) {
   Graph->CheckCoupled();
   Other.CheckCoupled();
   EXPECT_FALSE(Graph->IsCoupledGraph());
-  EXPECT_EQ(Graph->ChildGraphs(), (std::vector<TZyGraph2D*>{&Other}));
+  EXPECT_EQ(Listed(Graph->ChildGraphs()), (std::vector<TZyGraph2D*>{&Other}));
   EXPECT_TRUE(Other.IsCoupledGraph());
-  EXPECT_EQ(Other.AllAxes().back(), X);
+  EXPECT_EQ(Listed(Other.AllAxes()).back(), X);
   Other.LegendsModified();  // goes through the graph of the axis, which reaches this graph's legends once more
   EXPECT_EQ(Legend.Modifications, 1);
   EXPECT_EQ(OtherLegend.Modifications, 2);

@@ -38,7 +38,7 @@ TEST(ZySeriesTest, JoinsItsGraphInEveryOrderOfAssignments) {
       Series.Calculate();
       // One vector is enough: the index stands in for the other.
       const bool IsWhole = Done[XAxis] && Done[YAxis] && Done[Parents] && (Done[XData] || Done[YData]);
-      EXPECT_EQ(Chart.Graph->RelatedSeries(), std::vector<TZySeries*>(IsWhole ? 1 : 0, &Series));
+      EXPECT_EQ(Listed(Chart.Graph->RelatedSeries()), std::vector<TZySeries*>(IsWhole ? 1 : 0, &Series));
     };
     for (const int Step : Order) Set(Step, true);
     for (const TZyAxis* Axis : {Chart.X, Chart.Y})
@@ -80,7 +80,7 @@ TEST(ZySeriesTest, OneVectorMayServeBothDirectionsAndManySeries) {
   Second->SetYData(First->XData());
   EXPECT_EQ(First->YData()->RelatedSeries(), (std::vector<IZyVectorReader*>{First}));
   delete First->XData();
-  EXPECT_EQ(Chart.Graph->RelatedSeries(), std::vector<TZySeries*>{First}) << "its X is the index now";
+  EXPECT_EQ(Listed(Chart.Graph->RelatedSeries()), std::vector<TZySeries*>{First}) << "its X is the index now";
   EXPECT_EQ(Second->YData(), nullptr);
 }
 
@@ -93,9 +93,9 @@ TEST(ZySeriesTest, MovesToAnotherGraphWithItsAxis) {
   Y.SetParent(&Other);
   Series->SetYAxis(&Y);
   EXPECT_TRUE(Chart.Graph->RelatedSeries().empty());
-  EXPECT_EQ(Other.RelatedSeries(), (std::vector<TZySeries*>{Series}));
+  EXPECT_EQ(Listed(Other.RelatedSeries()), (std::vector<TZySeries*>{Series}));
   Y.SetParent(Chart.Graph);
-  EXPECT_EQ(Chart.Graph->RelatedSeries(), (std::vector<TZySeries*>{Series}));
+  EXPECT_EQ(Listed(Chart.Graph->RelatedSeries()), (std::vector<TZySeries*>{Series}));
   EXPECT_TRUE(Other.RelatedSeries().empty());
 }
 

@@ -82,7 +82,7 @@ class TSoak {
       Stream();
     }
     FStack->Undo(FStack->UndoList().Count() - 1);
-    for (TZySeries* Series : std::vector(FLive.Graph->RelatedSeries())) Refill(*Series);
+    for (TZySeries* Series : FLive.Graph->RelatedSeries()) Refill(*Series);
     FLive.Graph->ZoomReset();
     FLive.Paint();
     ExpectEqual(BytesOf(FEdited.Form), Edited, "the edited chart is not what it was");
@@ -136,7 +136,7 @@ class TSoak {
     switch (Roll(20)) {
       case 0:
         FEdited.Graph->UndoPushSeriesVectors();
-        for (TZySeries* Series : std::vector(FEdited.Graph->RelatedSeries()))
+        for (TZySeries* Series : FEdited.Graph->RelatedSeries())
           if (Series->XData() != nullptr && Series->YData() != nullptr) Append(*Series, 1 + Roll(200));
         return;
       case 1:
@@ -174,7 +174,7 @@ class TSoak {
     const auto Place = [this] { return TPoint{Roll(600), Roll(400)}; };
     switch (Roll(10)) {
       case 0:
-        for (TZySeries* Series : std::vector(FLive.Graph->RelatedSeries())) Append(*Series, 1 + Roll(1000));
+        for (TZySeries* Series : FLive.Graph->RelatedSeries()) Append(*Series, 1 + Roll(1000));
         break;
       case 1:
         FLive.Graph->ZoomTo(Place(), Place());

@@ -50,12 +50,17 @@ class IZyGraphLegend {
   virtual void SetUndoStack(TZyUndoStack* Value) = 0;
 };
 
-/// A marker: a control in the graph whose place follows the axes.
-class IZyGraphMarker {
+/// A control on the graph that its pictures show: it paints itself on the screen, and is painted into files.
+class IZyPicturePart {
  public:
-  virtual ~IZyGraphMarker() = default;
-  /// Draws the marker in its own coordinates, into whatever it may be; on the screen the marker paints itself.
+  virtual ~IZyPicturePart() = default;
+  /// Draws the control in its own coordinates, into whatever it may be.
   virtual void PaintGr(Graphics& Gr) = 0;
+};
+
+/// A marker: a control in the graph whose place follows the axes.
+class IZyGraphMarker : public IZyPicturePart {
+ public:
   /// Runs after each layout.
   virtual void UpdatePosition() = 0;
   virtual void SetUndoStack(TZyUndoStack* Value) = 0;

@@ -1,0 +1,93 @@
+#include "graph/ZyGraphPicture.h"
+
+#include <algorithm>
+
+#include "graph/ZyGraph2D.h"
+#include "platform/drawing/Graphics.h"
+
+namespace zy {
+namespace {
+
+constexpr ARGB TransparentWhite = 0x00FFFFFF;
+
+}  // namespace
+
+void TZyGraphPicture::FindGraphs() {
+  if (FGraph.NeedsRecalculate()) FGraph.CheckCoupled();
+  TZyGraph2D* const Master = FGraph.MasterGraph();
+  if (Master != nullptr && Master->NeedsRecalculate()) Master->CheckCoupled();
+  FGraphs = FGraph.StackedGraphs();
+}
+
+void TZyGraphPicture::LayOut() {
+  FGraph.PrepareForScreen();
+  FindGraphs();
+  for (TZyGraph2D* Graph : FGraphs) Graph->PrepareForScreen();
+}
+
+int TZyGraphPicture::Left() const {
+  int Result = 0;
+  for (const TZyGraph2D* Graph : FGraphs) {
+    const TScrollBar* const Bar = Graph->VerticalScrollbar();
+    if (Bar != nullptr && Bar->Visible() && (Graph->IsCoupledGraph() || Graph->Visible()))
+      Result = std::max(Result, Bar->Width());
+  }
+  if (Result == 0 || FGraphs.size() == 1) return Result;
+  for (const TZyGraph2D* Graph : FGraphs)  // no axis is cut off
+    Graph->ForEachAxis([&Result](const TZyAxis& Axis) {
+      if (Axis.Position() == TZyAxisPosition::Left) Result = std::min(Result, Axis.Left());
+    });
+  return Result;
+}
+
+int TZyGraphPicture::Width() const { return FGraph.Width() - Left(); }
+
+int TZyGraphPicture::Height() const {
+  int Result = 0;
+  for (const TZyGraph2D* Graph : FGraphs) Result += Graph->HeightInImage();
+  return Result;
+}
+
+void TZyGraphPicture::Paint(Graphics& Gr, float X, float Y, bool AsMetafile) {
+  LayOut();
+  if (X != 0 || Y != 0) Gr.TranslateTransform(X, Y);
+  for (TZyGraph2D* Graph : FGraphs) {
+    Graph->PaintInto(Gr, AsMetafile);
+    Gr.TranslateTransform(0, static_cast<float>(Graph->HeightInImage()));
+  }
+}
+
+Metafile TZyGraphPicture::Recorded() {
+  Metafile Result(static_cast<float>(Width()), static_cast<float>(Height()));
+  {
+    Graphics Gr(Result);
+    Paint(Gr, static_cast<float>(-Left()), 0, true);
+  }
+  return Result;
+}
+
+Bitmap TZyGraphPicture::Painted(bool RemoveTransparency, TColor Ground) {
+  Bitmap Result(Width(), Height());
+  Result.SetOpaque(RemoveTransparency);
+  {
+    Graphics Gr(Result);
+    Gr.Clear(RemoveTransparency ? TColorToARGB(Ground) : TransparentWhite);
+    Paint(Gr, static_cast<float>(-Left()), 0, false);
+  }
+  return Result;
+}
+
+RectF PlaceOnPage(const TRect& Rect, float Ratio) {
+  constexpr float Unit = 1.0f / 6;  // of the page, in printer pixels
+  const auto Width = static_cast<float>(Rect.Width()), Height = static_cast<float>(Rect.Height());
+  RectF Place{static_cast<float>(Rect.Left) * Unit, static_cast<float>(Rect.Top) * Unit, Width * Unit, Height * Unit};
+  if (Width / Height < Ratio) {
+    Place.Height = Width / Ratio * Unit;
+  } else {
+    Place.Width = Height * Ratio * Unit;
+    Place.X += (Width * Unit - Place.Width) * 0.5f;
+  }
+  return Place;
+}
+
+}  // namespace zy
