@@ -1,24 +1,8 @@
-# The chart library: graph, axes, series, annotations, undo and persistence refer to each other and so are one target.
+# The chart library: graph, series and annotations refer to each other and so are one target.
 zy_add_library(
   zy_charts
   SOURCES
     annotations/ZyRichLabel.cpp
-    axes/ZyAxis.cpp
-    axes/ZyAxisLabels.cpp
-    axes/ZyAxisLayout.cpp
-    axes/ZyAxisPaint.cpp
-    axes/ZyAxisParts.cpp
-    axes/ZyAxisProperties.cpp
-    axes/ZyAxisRanging.cpp
-    axes/ZyAxisRubrics.cpp
-    axes/ZyAxisScale.cpp
-    axes/ZyAxisSizes.cpp
-    axes/ZyAxisTicks.cpp
-    axes/ZyAxisZoom.cpp
-    axes/ZyDateTime.cpp
-    axes/ZyDateTimeSteps.cpp
-    axes/ZyDateTimeText.cpp
-    axes/ZySecondsSteps.cpp
     graph/ZyCustomGraph.cpp
     graph/ZyCustomGraphOutput.cpp
     graph/ZyDataAreaPainter.cpp
@@ -53,6 +37,6 @@ zy_add_library(
     series/ZySeriesPoints.cpp
     series/ZySeriesRanges.cpp
     series/ZySeriesRecord.cpp
-  LINK zy_calculations zy_captions zy_controls zy_shapes zy_sql)
+  LINK zy_axes zy_calculations zy_captions zy_controls zy_shapes zy_sql)
 set_target_properties(zy_charts PROPERTIES EXPORT_NAME Charts)
 add_library(Zyphos::Charts ALIAS zy_charts)

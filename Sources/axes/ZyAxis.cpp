@@ -2,91 +2,128 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZyAxisGraph.h"
 #include "persistence/ZyIO.h"
+#include "platform/controls/TWinControl.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TWriter.h"
-#include "series/ZySeries.h"
-#include "undo/ZyChange.h"
 
 namespace zy {
 
 ZY_PUBLISHED(
-    TZyAxis, TGraphicControl, Published<&TZyAxis::Caption, &TZyAxis::SetCaption>("Caption"),
+    TZyAxis, TGraphicControl, Published<&TZyAxis::Caption, &TZyAxis::SetCaption>("Caption").Labelled(_sAxisCaption),
     Published<static_cast<TZyAxisArrowPoint& (TZyAxis::*)()>(&TZyAxis::ArrowPoint)>("ArrowPoint"),
-    Published<&TZyAxis::CaptionAlignment, &TZyAxis::SetCaptionAlignment>("CaptionAlignment", TAlignment::taCenter),
-    Published<&TZyAxis::CaptionColor, &TZyAxis::SetCaptionColor>("CaptionColor").NotStored(),
-    Published<&TZyAxis::CaptionHorizontalOnVerticalAxis, &TZyAxis::SetCaptionHorizontalOnVerticalAxis>(
-        "CaptionHorizontalOnVerticalAxis", false),
-    Published<&TZyAxis::CaptionVisible, &TZyAxis::SetCaptionVisible>("CaptionVisible", true),
-    Published<&TZyAxis::CaptionDistanceAfter, &TZyAxis::SetCaptionDistanceAfter>("CaptionDistanceAfter", 0.0f),
-    Published<&TZyAxis::CaptionDistanceBefore, &TZyAxis::SetCaptionDistanceBefore>("CaptionDistanceBefore", 0.0f),
-    Published<&TZyAxis::DistanceNumbersCaption, &TZyAxis::SetDistanceNumbersCaption>("DistanceNumbersCaption")
+    Published<&TZyAxis::CaptionAlignment, &TZyAxis::SetCaptionAlignment>("CaptionAlignment", TAlignment::taCenter)
+        .Labelled(_sAxisCaptionAlignment),
+    Published<&TZyAxis::CaptionColor, &TZyAxis::SetCaptionColor>("CaptionColor")
+        .Labelled(_sAxisCaptionColor)
         .NotStored(),
-    Published<&TZyAxis::DistanceToBorder, &TZyAxis::SetDistanceToBorder>("DistanceToBorder").NotStored(),
-    Published<&TZyAxis::CaptionFont, &TZyAxis::SetCaptionFont>("CaptionFont"),
-    Published<&TZyAxis::Font, &TZyAxis::SetFont>("Font").StoredIf<&TZyAxis::GetStoreFont>(),
+    Published<&TZyAxis::CaptionHorizontalOnVerticalAxis, &TZyAxis::SetCaptionHorizontalOnVerticalAxis>(
+        "CaptionHorizontalOnVerticalAxis", false)
+        .Labelled(_sAxisHorizontalCaptiononVerticalAxis),
+    Published<&TZyAxis::CaptionVisible, &TZyAxis::SetCaptionVisible>("CaptionVisible", true)
+        .Labelled(_sAxisCaptionVisible),
+    Published<&TZyAxis::CaptionDistanceAfter, &TZyAxis::SetCaptionDistanceAfter>("CaptionDistanceAfter", 0.0f)
+        .Labelled(_sAxisCaptionDistanceAfter),
+    Published<&TZyAxis::CaptionDistanceBefore, &TZyAxis::SetCaptionDistanceBefore>("CaptionDistanceBefore", 0.0f)
+        .Labelled(_sAxisCaptionDistanceBefore),
+    Published<&TZyAxis::DistanceNumbersCaption, &TZyAxis::SetDistanceNumbersCaption>("DistanceNumbersCaption")
+        .Labelled(_sAxisDistanceNumbersCaption)
+        .NotStored(),
+    Published<&TZyAxis::DistanceToBorder, &TZyAxis::SetDistanceToBorder>("DistanceToBorder")
+        .Labelled(_sAxisDistanceToBorder)
+        .NotStored(),
+    Published<&TZyAxis::CaptionFont, &TZyAxis::SetCaptionFont>("CaptionFont").Labelled(_sAxisCaptionFont),
+    Published<&TZyAxis::Font, &TZyAxis::SetFont>("Font").Labelled(_sAxisFont).StoredIf<&TZyAxis::GetStoreFont>(),
     Published<&TZyAxis::ParentFont, &TZyAxis::SetParentFont>("ParentFont", false),
-    Published<&TZyAxis::NumbersColor, &TZyAxis::SetNumbersColor>("NumbersColor").NotStored(),
-    Published<&TZyAxis::RubricsAngle, &TZyAxis::SetRubricsAngle>("RubricsAngle", 0.0f),
-    Published<&TZyAxis::Scaling, &TZyAxis::SetScaling>("Scaling", TZyAxisScaling::Normal),
-    Published<&TZyAxis::LogToNormalScalingLevel, &TZyAxis::SetLogToNormalScalingLevel>("LogToNormalScalingLevel", 0.0),
-    Published<&TZyAxis::MovingSlitWidth, &TZyAxis::SetMovingSlitWidth>("MovingSlitWidth", 0.0),
-    Published<&TZyAxis::MovingSlitIncrement, &TZyAxis::SetMovingSlitIncrement>("MovingSlitIncrement", 0.0),
-    Published<&TZyAxis::Rubrics, &TZyAxis::SetRubrics>("Rubrics"),
+    Published<&TZyAxis::NumbersColor, &TZyAxis::SetNumbersColor>("NumbersColor")
+        .Labelled(_sAxisNumbersColor)
+        .NotStored(),
+    Published<&TZyAxis::RubricsAngle, &TZyAxis::SetRubricsAngle>("RubricsAngle", 0.0f).Labelled(_sAxisRubricsAngle),
+    Published<&TZyAxis::Scaling, &TZyAxis::SetScaling>("Scaling", TZyAxisScaling::Normal).Labelled(_sAxisScaling),
+    Published<&TZyAxis::LogToNormalScalingLevel, &TZyAxis::SetLogToNormalScalingLevel>("LogToNormalScalingLevel", 0.0)
+        .Labelled(_sAxisLogToNormalScalingLevel),
+    Published<&TZyAxis::MovingSlitWidth, &TZyAxis::SetMovingSlitWidth>("MovingSlitWidth", 0.0)
+        .Labelled(_sAxisMovingSlitWidth),
+    Published<&TZyAxis::MovingSlitIncrement, &TZyAxis::SetMovingSlitIncrement>("MovingSlitIncrement", 0.0)
+        .Labelled(_sAxisMovingSlitIncrement),
+    Published<&TZyAxis::Rubrics, &TZyAxis::SetRubrics>("Rubrics").Labelled(_sAxisRubrics),
     Published<&TZyAxis::RubricsField, &TZyAxis::SetRubricsField>("RubricsField", ""),
     Published<&TZyAxis::DataSource, &TZyAxis::SetDataSource>("DataSource"),
-    Published<&TZyAxis::NumbersVisible, &TZyAxis::SetNumbersVisible>("NumbersVisible", true),
-    Published<&TZyAxis::ForeColor, &TZyAxis::SetForeColor>("ForeColor", Colors::Black),
-    Published<&TZyAxis::TickColor, &TZyAxis::SetTickColor>("TickColor"),
-    Published<&TZyAxis::MajorTickColor, &TZyAxis::SetMajorTickColor>("MajorTickColor"),
-    Published<&TZyAxis::Position, &TZyAxis::SetPosition>("Position", TZyAxisPosition::Bottom),
-    Published<&TZyAxis::Twisted, &TZyAxis::SetTwisted>("Twisted", false),
-    Published<&TZyAxis::AutoTickParts, &TZyAxis::SetAutoTickParts>("AutoTickParts", true),
-    Published<&TZyAxis::LabelPart, &TZyAxis::SetLabelPart>("LabelPart").StoredIf<&TZyAxis::HasOwnTickParts>(),
-    Published<&TZyAxis::MajorTickPart, &TZyAxis::SetMajorTickPart>("MajorTickPart")
+    Published<&TZyAxis::NumbersVisible, &TZyAxis::SetNumbersVisible>("NumbersVisible", true)
+        .Labelled(_sAxisNumbersVisible),
+    Published<&TZyAxis::ForeColor, &TZyAxis::SetForeColor>("ForeColor", Colors::Black).Labelled(_sAxisForeColor),
+    Published<&TZyAxis::TickColor, &TZyAxis::SetTickColor>("TickColor").Labelled(_sAxisTickColor),
+    Published<&TZyAxis::MajorTickColor, &TZyAxis::SetMajorTickColor>("MajorTickColor").Labelled(_sAxisMajorTickColor),
+    Published<&TZyAxis::Position, &TZyAxis::SetPosition>("Position", TZyAxisPosition::Bottom).Labelled(_sAxisPosition),
+    Published<&TZyAxis::Twisted, &TZyAxis::SetTwisted>("Twisted", false).Labelled(_sAxisTwisted),
+    Published<&TZyAxis::AutoTickParts, &TZyAxis::SetAutoTickParts>("AutoTickParts", true).Labelled(_sAxisAutoTickParts),
+    Published<&TZyAxis::LabelPart, &TZyAxis::SetLabelPart>("LabelPart")
+        .Labelled(_sAxisLabelPart)
         .StoredIf<&TZyAxis::HasOwnTickParts>(),
-    Published<&TZyAxis::TickPart, &TZyAxis::SetTickPart>("TickPart").StoredIf<&TZyAxis::HasOwnTickParts>(),
-    Published<&TZyAxis::MajorGridMode, &TZyAxis::SetMajorGridMode>("MajorGridMode", TZyMajorGridMode::AtLabel),
-    Published<&TZyAxis::IsSlaveAxis, &TZyAxis::SetIsSlaveAxis>("IsSlaveAxis", false),
-    Published<&TZyAxis::SlaveSlope, &TZyAxis::SetSlaveSlope>("SlaveSlope", 1.0),
-    Published<&TZyAxis::SlaveOffset, &TZyAxis::SetSlaveOffset>("SlaveOffset", 0.0),
-    Published<&TZyAxis::MasterAxis, &TZyAxis::SetMasterAxis>("MasterAxis"),
+    Published<&TZyAxis::MajorTickPart, &TZyAxis::SetMajorTickPart>("MajorTickPart")
+        .Labelled(_sAxisMajorTickPart)
+        .StoredIf<&TZyAxis::HasOwnTickParts>(),
+    Published<&TZyAxis::TickPart, &TZyAxis::SetTickPart>("TickPart")
+        .Labelled(_sAxisTickPart)
+        .StoredIf<&TZyAxis::HasOwnTickParts>(),
+    Published<&TZyAxis::MajorGridMode, &TZyAxis::SetMajorGridMode>("MajorGridMode", TZyMajorGridMode::AtLabel)
+        .Labelled(_sMajorGridMode),
+    Published<&TZyAxis::IsSlaveAxis, &TZyAxis::SetIsSlaveAxis>("IsSlaveAxis", false).Labelled(_sAxisIsSlaveAxis),
+    Published<&TZyAxis::SlaveSlope, &TZyAxis::SetSlaveSlope>("SlaveSlope", 1.0).Labelled(_sAxisSlaveSlope),
+    Published<&TZyAxis::SlaveOffset, &TZyAxis::SetSlaveOffset>("SlaveOffset", 0.0).Labelled(_sAxisSlaveOffset),
+    Published<&TZyAxis::MasterAxis, &TZyAxis::SetMasterAxis>("MasterAxis").Labelled(_sAxisMasterAxis),
     Published<&TZyAxis::StartPadding, &TZyAxis::SetStartPadding>("StartPadding", 0.0),
     Published<&TZyAxis::StopPadding, &TZyAxis::SetStopPadding>("StopPadding", 0.0),
-    Published<&TZyAxis::EndRounding, &TZyAxis::SetEndRounding>("EndRounding",
-                                                               TZyAxisEndRounding::RndToMajorZoomToMinor),
-    Published<&TZyAxis::MaxForExtraExponent, &TZyAxis::SetMaxForExtraExponent>("MaxForExtraExponent", 1000.0),
-    Published<&TZyAxis::MinForExtraExponent, &TZyAxis::SetMinForExtraExponent>("MinForExtraExponent", 0.001),
+    Published<&TZyAxis::EndRounding, &TZyAxis::SetEndRounding>("EndRounding", TZyAxisEndRounding::RndToMajorZoomToMinor)
+        .Labelled(_sAxisEndRounding),
+    Published<&TZyAxis::MaxForExtraExponent, &TZyAxis::SetMaxForExtraExponent>("MaxForExtraExponent", 1000.0)
+        .Labelled(_sAxisMaxForExtraExponent),
+    Published<&TZyAxis::MinForExtraExponent, &TZyAxis::SetMinForExtraExponent>("MinForExtraExponent", 0.001)
+        .Labelled(_sAxisMinForExtraExponent),
     Published<&TZyAxis::DistanceAxisExtraExponent, &TZyAxis::SetDistanceAxisExtraExponent>("DistanceAxisExtraExponent",
-                                                                                           10.0f),
+                                                                                           10.0f)
+        .Labelled(_sAxisDistanceAxisExtraExponent),
     Published<&TZyAxis::OnGetScaleLabel>("OnGetScaleLabel"), Published<&TZyAxis::OnGetTicks>("OnGetTicks"),
     Published<&TZyAxis::OnCalculated>("OnCalculated"),
-    Published<&TZyAxis::TicksPointToData, &TZyAxis::SetTicksPointToData>("TicksPointToData", false),
-    Published<&TZyAxis::AxisThicknes, &TZyAxis::SetAxisThicknes>("AxisThicknes", 1.0f),
-    Published<&TZyAxis::MajorTickThicknes, &TZyAxis::SetMajorTickThicknes>("MajorTickThicknes", 1.0f),
-    Published<&TZyAxis::TickThicknes, &TZyAxis::SetTickThicknes>("TickThicknes", 1.0f),
-    Published<&TZyAxis::TickLength, &TZyAxis::SetTickLength>("TickLength", 6.0f),
-    Published<&TZyAxis::MajorTickLength, &TZyAxis::SetMajorTickLength>("MajorTickLength", 10.0f),
-    Published<&TZyAxis::LabelDistanceFactor, &TZyAxis::SetLabelDistanceFactor>("LabelDistanceFactor", 1.0f),
-    Published<&TZyAxis::ExtraDigits, &TZyAxis::SetExtraDigits>("ExtraDigits", 0),
-    Published<&TZyAxis::DistanceValuesAxis, &TZyAxis::SetDistanceValuesAxis>("DistanceValuesAxis", 0.0f),
-    Published<&TZyAxis::DistanceAxisLabels, &TZyAxis::SetDistanceAxisLabels>("DistanceAxisLabels", 0.0f),
-    Published<&TZyAxis::Start, &TZyAxis::SetStart>("Start").NotStored(),
-    Published<&TZyAxis::Stop, &TZyAxis::SetStop>("Stop").NotStored(),
-    Published<&TZyAxis::StartEnd, &TZyAxis::SetStartEnd>("StartEnd", TZyAxisEnd::AutoRange),
-    Published<&TZyAxis::StopEnd, &TZyAxis::SetStopEnd>("StopEnd", TZyAxisEnd::AutoRange))
+    Published<&TZyAxis::TicksPointToData, &TZyAxis::SetTicksPointToData>("TicksPointToData", false)
+        .Labelled(_sAxisTicksPointToData),
+    Published<&TZyAxis::AxisThicknes, &TZyAxis::SetAxisThicknes>("AxisThicknes", 1.0f).Labelled(_sAxisThicknes),
+    Published<&TZyAxis::MajorTickThicknes, &TZyAxis::SetMajorTickThicknes>("MajorTickThicknes", 1.0f)
+        .Labelled(_sAxisMajorTickThicknes),
+    Published<&TZyAxis::TickThicknes, &TZyAxis::SetTickThicknes>("TickThicknes", 1.0f).Labelled(_sAxisTickThicknes),
+    Published<&TZyAxis::TickLength, &TZyAxis::SetTickLength>("TickLength", 6.0f).Labelled(_sAxisTickLength),
+    Published<&TZyAxis::MajorTickLength, &TZyAxis::SetMajorTickLength>("MajorTickLength", 10.0f)
+        .Labelled(_sAxisMajorTickLength),
+    Published<&TZyAxis::LabelDistanceFactor, &TZyAxis::SetLabelDistanceFactor>("LabelDistanceFactor", 1.0f)
+        .Clamped(0.1f, 10.0f)
+        .Labelled(_sAxisLabelDistanceFactor),
+    Published<&TZyAxis::ExtraDigits, &TZyAxis::SetExtraDigits>("ExtraDigits", 0).Labelled(_sAxisExtraDigits),
+    Published<&TZyAxis::DistanceValuesAxis, &TZyAxis::SetDistanceValuesAxis>("DistanceValuesAxis", 0.0f)
+        .Labelled(_sAxisDistanceValuesAxis),
+    Published<&TZyAxis::DistanceAxisLabels, &TZyAxis::SetDistanceAxisLabels>("DistanceAxisLabels", 0.0f)
+        .Labelled(_sAxisDistanceAxisLabels),
+    Published<&TZyAxis::Start, &TZyAxis::SetStart>("Start").Labelled(_sAxisStart).NotStored(),
+    Published<&TZyAxis::Stop, &TZyAxis::SetStop>("Stop").Labelled(_sAxisStop).NotStored(),
+    Published<&TZyAxis::StartEnd, &TZyAxis::SetStartEnd>("StartEnd", TZyAxisEnd::AutoRange).Labelled(_sAxisStartEnd),
+    Published<&TZyAxis::StopEnd, &TZyAxis::SetStopEnd>("StopEnd", TZyAxisEnd::AutoRange).Labelled(_sAxisStopEnd))
 
 TZyAxis::TZyAxis(TComponent* Owner)
     : TGraphicControl(Owner),
       FArrowPoint([this] { Modified(); }),
       FFont([this] { NumbersFontChanged(); }),
       FCaptionRec([this] { FontChanged(); }),
-      FValuesStart(std::numeric_limits<double>::max()),
-      FValuesStop(-std::numeric_limits<double>::max()) {
+      FRubrics(
+          this, &TZyAxis::SetDataSource,
+          [this] {
+            if (FUndo != nullptr) FUndo->PushProperty(this, "Rubrics");
+          },
+          [this] { Modified(); },
+          [this] {
+            if (FKind->ShowsRubrics()) Modified();
+          }) {
   SetBounds(0, 0, 400, 20);
   TGraphicControl::SetAutoSize(true);
   SetParentFont(false);
@@ -103,29 +140,17 @@ TZyAxis::TZyAxis(TComponent* Owner)
   CaptionFont.SetFillColor(Colors::DarkRed);
   CaptionFont.OnNeedsResize = [this] { Modified(); };
   FCaptionRec.OnVariablesChanged = [this] { Modified(); };
-  SetUpRubrics();
 }
 
 TZyAxis::~TZyAxis() {
   Destroying();
-  if (TZyGraph2D* const Parent = Graph(); Parent != nullptr && !Parent->IsDestroying()) Parent->Modified();
+  if (IZyAxisGraph* const Parent = Graph(); Parent != nullptr && !Parent->Control().IsDestroying()) Parent->Modified();
 }
 
-TZyGraph2D* TZyAxis::Graph() const { return dynamic_cast<TZyGraph2D*>(Parent()); }
-
-bool TZyAxis::Panning() const {
-  const TZyGraph2D* const Parent = Graph();
-  return Parent != nullptr && Parent->Panning();
-}
-
-/// Ends that follow the fingers are not rounded.
-bool TZyAxis::KeepsEnds() const {
-  const TZyGraph2D* const Parent = Graph();
-  return Parent != nullptr && (Parent->Panning() || Parent->Pinching());
-}
+IZyAxisGraph* TZyAxis::Graph() const { return dynamic_cast<IZyAxisGraph*>(Parent()); }
 
 /// Undo writes what was there: no limit and no dependence on another property changes it then.
-bool TZyAxis::Restoring() const { return FUndoStack != nullptr && FUndoStack->Restoring(); }
+bool TZyAxis::Restoring() const { return FUndo != nullptr && FUndo->Restoring(); }
 
 // --- Change protocol ------------------------------------------------------------------------------------------------
 
@@ -135,7 +160,7 @@ void TZyAxis::DoInvalidate() {
 
 void TZyAxis::Modified() {
   FNeedsRecalculate = true;
-  FValuesRounded = false;
+  FEnds.Invalidate();
   DoInvalidate();
 }
 
@@ -157,69 +182,71 @@ void TZyAxis::SetParent(TWinControl* Value) {
   if (Value == Parent()) return;
   TGraphicControl::SetParent(Value);
   if (IsDestroying()) return;
-  const std::vector<TZySeries*> Related = FRelatedSeries;  // series may leave while they follow the axis
-  for (TZySeries* Series : Related) Series->TestAllAssigned();
+  for (IZyAxisSeries* Series : FRelatedSeries) Series->TestAllAssigned();
   Modified();
-  const TZyGraph2D* const NewGraph = Graph();
+  const IZyAxisGraph* const NewGraph = Graph();
   if (NewGraph != nullptr && IsDesigning() && !IsLoading() && !NewGraph->DoingPrimary()) PlaceAsDesigned();
 }
 
 /// The designer drops a new axis near the side where it is wanted. The diagonals of the graph divide it into the four
 /// sides' triangles.
 void TZyAxis::PlaceAsDesigned() {
-  TZyGraph2D& NewGraph = *Graph();
-  const double Width = std::max(NewGraph.Width(), 1);
-  const double Slope = NewGraph.Height() / Width;
+  IZyAxisGraph& NewGraph = *Graph();
+  const TWinControl& Container = *Parent();
+  const double Width = std::max(Container.Width(), 1);
+  const double Slope = Container.Height() / Width;
   const bool BelowFalling = Top() > Left() * Slope;
   const bool BelowRising = Top() > (Width - Left()) * Slope;
   if (BelowFalling) {
-    FPosition = BelowRising ? TZyAxisPosition::Bottom : TZyAxisPosition::Left;
+    FGeometry.Position = BelowRising ? TZyAxisPosition::Bottom : TZyAxisPosition::Left;
   } else {
-    FPosition = BelowRising ? TZyAxisPosition::Right : TZyAxisPosition::Top;
+    FGeometry.Position = BelowRising ? TZyAxisPosition::Right : TZyAxisPosition::Top;
   }
   if (GetHorizontal()) {
-    SetBounds(0, Top(), NewGraph.Width(), Height());
+    SetBounds(0, Top(), Container.Width(), Height());
   } else {
-    SetBounds(Left(), 0, TControl::Width(), NewGraph.Height());
+    SetBounds(Left(), 0, TControl::Width(), Container.Height());
   }
   Calculate();
-  if (FUndoStack == nullptr) SetUndoStack(NewGraph.UndoStack());
+  if (FUndo == nullptr) SetUndoStack(NewGraph.UndoStack());
   NewGraph.Modified();
 }
 
 /// A layout that shows an axis because the chart needs it is no step of the user's.
 void TZyAxis::VisibleChanging() {
-  if (FUndoStack != nullptr && !LayoutRunning) FUndoStack->PushProperty(this, LoadResString(_sAxisVisibe), "Visible");
+  if (FUndo != nullptr && !LayoutRunning) FUndo->PushProperty(this, LoadResString(_sAxisVisibe), "Visible");
   TGraphicControl::VisibleChanging();
 }
 
 void TZyAxis::CMVisibleChanged() {
   TGraphicControl::CMVisibleChanged();
-  if (TZyGraph2D* const Parent = Graph(); Parent != nullptr && !LayoutRunning) Parent->Modified();
+  if (IZyAxisGraph* const Parent = Graph(); Parent != nullptr && !LayoutRunning) Parent->Modified();
 }
 
+// --- The mouse over an axis is the mouse over its graph -------------------------------------------------------------
+
 void TZyAxis::Click() {
-  if (TZyGraph2D* const Parent = Graph()) Parent->Click();
+  if (IZyAxisGraph* const Parent = Graph()) Parent->Control().Click();
   TGraphicControl::Click();
 }
 
 void TZyAxis::DblClick() {
-  if (TZyGraph2D* const Parent = Graph()) Parent->DblClick();
+  if (IZyAxisGraph* const Parent = Graph()) Parent->Control().DblClick();
   TGraphicControl::DblClick();
 }
 
 void TZyAxis::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
-  if (TZyGraph2D* const Parent = Graph()) Parent->MouseDown(Button, Shift, X + Left(), Y + Top());
+  if (IZyAxisGraph* const Parent = Graph()) Parent->Control().MouseDown(Button, Shift, X + Left(), Y + Top());
   TGraphicControl::MouseDown(Button, Shift, X, Y);
 }
 
 void TZyAxis::MouseMove(TShiftState Shift, int X, int Y) {
-  if (TZyGraph2D* const Parent = Graph()) Parent->MouseMove(Shift, X + Left(), Y + Top());
+  if (IZyAxisGraph* const Parent = Graph()) Parent->Control().MouseMove(Shift, X + Left(), Y + Top());
   TGraphicControl::MouseMove(Shift, X, Y);
 }
 
 void TZyAxis::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
-  if (TZyGraph2D* const Parent = Graph()) Parent->MouseUp(Button, Shift, X + Left(), Y + Top());
+  if (IZyAxisGraph* const Parent = Graph()) Parent->Control().MouseUp(Button, Shift, X + Left(), Y + Top());
   TGraphicControl::MouseUp(Button, Shift, X, Y);
 }
 
@@ -229,55 +256,39 @@ void TZyAxis::Resize() {
 }
 
 void TZyAxis::SetName(const std::string& Value) {
-  if (IsDesigning() && !FCaptionSet) {
-    SetCaption(Value);
-    FCaptionSet = false;
-  }
+  FCaptionOfName.Follow(*this, Value);
   TGraphicControl::SetName(Value);
 }
 
-void TZyAxis::Notification(TComponent* AComponent, TOperation Operation) {
-  TGraphicControl::Notification(AComponent, Operation);
-  if (Operation == TOperation::Remove && AComponent == FUndoStack) SetUndoStack(nullptr);
-  if (Operation == TOperation::Remove && AComponent == FDataSource) SetDataSource(nullptr);
-  if (Operation == TOperation::Remove && AComponent == FMasterAxis) {
-    FMasterAxis = nullptr;
-    FIsSlaveAxis = false;
-    if (!IsDestroying()) Modified();
-  }
+/// What goes with a master that dies is no step of the user's.
+void TZyAxis::LoseMaster(TZyAxis*) {
+  FMasterAxis = nullptr;
+  FIsSlaveAxis = false;
+  Modified();
 }
 
 /// The ends are streamed as texts, so that every value comes back to the last bit and reads well.
 void TZyAxis::DefineProperties(TFiler& Filer) {
   TGraphicControl::DefineProperties(Filer);
-  const auto DefineEnd = [this, &Filer](std::string_view EndName, double& End, double& InitialEnd, double& LastEnd) {
+  const auto DefineEnd = [this, &Filer](std::string_view EndName, double Initial, void (TZyAxisEnds::*Set)(double)) {
     Filer.DefineProperty(
         EndName,
-        [&](TReader& Reader) {
+        [this, Set](TReader& Reader) {
           const double Value = GetFloatFromStringOrFloat(Reader);
           if (!std::isfinite(Value)) return;
-          End = InitialEnd = LastEnd = Value;
+          (FEnds.*Set)(Value);
           Modified();
         },
-        [&](TWriter& Writer) { StoreFloatToString(Writer, InitialEnd); }, true);
+        [Initial](TWriter& Writer) { StoreFloatToString(Writer, Initial); }, true);
   };
-  DefineEnd("StartText", FStart, FInitialStart, FLastStart);
-  DefineEnd("StopText", FStop, FInitialStop, FLastStop);
+  DefineEnd("StartText", FEnds.Initial().Start, &TZyAxisEnds::SetStart);
+  DefineEnd("StopText", FEnds.Initial().Stop, &TZyAxisEnds::SetStop);
 }
 
-bool TZyAxis::AddRelatedSeries(TZySeries* Series) {
-  if (std::find(FRelatedSeries.begin(), FRelatedSeries.end(), Series) != FRelatedSeries.end()) return false;
-  FRelatedSeries.push_back(Series);
-  return true;
+void TZyAxis::RemoveRelatedSeries(IZyAxisSeries* Series) {
+  if (FRelatedSeries.Remove(Series)) RangeModified();
 }
 
-void TZyAxis::RemoveRelatedSeries(TZySeries* Series) {
-  if (std::erase(FRelatedSeries, Series) > 0) RangeModified();
-}
-
-void TZyAxis::SetUndoStack(TZyUndoStack* Value) {
-  FUndoStack = Value;
-  FArrowPoint.SetUndoStack(Value);
-}
+void TZyAxis::SetUndoStack(TZyUndoStack* Value) { FUndo.Set(Value); }
 
 }  // namespace zy

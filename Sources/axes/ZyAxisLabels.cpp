@@ -1,137 +1,165 @@
-// The labels of an axis, the power of ten that stands apart from them, and the place of the caption.
+#include "axes/ZyAxisLabels.h"
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "analysis/ZyMath.h"
-#include "axes/ZyAxis.h"
 #include "texts/NumberText.h"
 
 namespace zy {
 
-std::string TZyAxis::LabelText(std::string Text, double Value) {
-  if (!mGetScaleLabel) return Text;
-  TZyScaleLabelEventArgs Args{Value, std::move(Text)};
-  mGetScaleLabel(this, Args);
-  return std::move(Args.Caption);
+float LabelBase(const TZyAxisGeometry& Geometry, const TZyAxisLook& Look) {
+  const float Distance =
+      Look.DistanceAxisLabels + (Look.TicksPointToData ? Look.AxisThicknes / 2 : Look.MajorTickLength);
+  return Geometry.PointsOutwards() ? Geometry.Across() + Distance : Geometry.Across() - Distance;
 }
 
-/// Extents along and across the axis of a box that is turned by the angle of the labels.
-float TZyAxis::AlongAxis(float TextWidth, float TextHeight) const {
-  return GetHorizontal() ? TextWidth * FCosine + TextHeight * FSine : TextWidth * FSine + TextHeight * FCosine;
+void TZyAxisLabels::SetAngle(float Value) {
+  FAngle = Value;
+  const double Radians = static_cast<double>(FAngle) * std::numbers::pi / 180;
+  FSine = static_cast<float>(std::fabs(std::sin(Radians)));
+  FCosine = static_cast<float>(std::fabs(std::cos(Radians)));
 }
 
-float TZyAxis::AcrossAxis(float TextWidth, float TextHeight) const {
-  return GetHorizontal() ? TextWidth * FSine + TextHeight * FCosine : TextWidth * FCosine + TextHeight * FSine;
+// --- Room -----------------------------------------------------------------------------------------------------------
+
+float TZyAxisLabels::Along(float Width, float Height, bool Horizontal) const {
+  return Horizontal ? Width * FCosine + Height * FSine : Width * FSine + Height * FCosine;
 }
 
-/// Line across the axis on which the labels stand, in the control: behind the ticks, or else behind the axis line.
-float TZyAxis::LabelBase() const {
-  const float Distance = FDistanceAxisLabels + (FTicksPointToData ? FAxisThicknes / 2 : FMajorTickLength);
-  const float Origin = GetHorizontal() ? FAxTop : FAxLeft;
-  return PointsOutwards() ? Origin + Distance : Origin - Distance;
+float TZyAxisLabels::Across(float Width, float Height, bool Horizontal) const {
+  return Horizontal ? Width * FSine + Height * FCosine : Width * FCosine + Height * FSine;
+}
+
+float TZyAxisLabels::Estimate(const std::string& Text, float FontSize, bool Horizontal) const {
+  const auto Characters =
+      std::count_if(Text.begin(), Text.end(), [](char C) { return (static_cast<unsigned char>(C) & 0xC0) != 0x80; });
+  return Along(static_cast<float>(Characters) * FontSize * 1.6f, FontSize * 2.5f, Horizontal);
+}
+
+float TZyAxisLabels::ExponentReach(const TZyAxisGeometry& Geometry, const TZyAxisLook& Look) const {
+  if (FExponent.Caption().empty()) return 0;
+  const float Base = LabelBase(Geometry, Look);
+  return Geometry.Horizontal() ? std::fabs(FExponent.Y - Base) + FExponent.Height()
+                               : std::fabs(FExponent.X - Base) + FExponent.Width();
+}
+
+float TZyAxisLabels::Reach(const TZyAxisGeometry& Geometry, const TZyAxisLook& Look) const {
+  return std::max(FRoom, ExponentReach(Geometry, Look));
+}
+
+TZyOverhang TZyAxisLabels::Overhang(const TZyAxisGeometry& Geometry, bool Reversed) const {
+  constexpr float GapAtRightEnd = 2;
+  const TZyRichCaptionObject* Low = FLabels.front().get();
+  const TZyRichCaptionObject* High = FLabels.back().get();
+  if (Reversed) std::swap(Low, High);
+  const bool Horizontal = Geometry.Horizontal();
+  const auto Half = [&](const TZyRichCaptionObject& Label) {
+    return Along(Label.Width(), Label.Height(), Horizontal) / 2;
+  };
+  const float End = Geometry.Along() + Geometry.Length;
+  if (Horizontal) return {Geometry.Left - (Low->X - Half(*Low)), High->X + Half(*High) + GapAtRightEnd - End};
+  return {Low->Y + Half(*Low) - End, Geometry.Top - (High->Y - Half(*High))};
+}
+
+// --- Labels ---------------------------------------------------------------------------------------------------------
+
+void TZyAxisLabels::Clear() {
+  FLabels.clear();
+  FRoom = 0;
+  FExponent.SetCaption({});
+  FExponent.ParseForSize();
+}
+
+void TZyAxisLabels::Take(const TZyAxisTicks& Ticks, const TZyAxisGeometry& Geometry, const TZyAxisLook& Look,
+                         const TZyFont& Font, const TText& TextOf) {
+  for (const TZyTickLabel& Label : Ticks.Labels()) Add(Label, Geometry, Look, Font, TextOf);
+}
+
+void TZyAxisLabels::Add(const TZyTickLabel& Label, const TZyAxisGeometry& Geometry, const TZyAxisLook& Look,
+                        const TZyFont& Font, const TText& TextOf) {
+  auto Object = std::make_unique<TZyRichCaptionObject>();
+  Object->SetCaption(TextOf(Label.Text, Label.Value));
+  Object->CaptionFont().Assign(&Font);
+  Object->Alignment = TZyContentAlignment::MiddleCenter;
+  Object->Angle = FAngle;
+  Object->ParseIfNeeded();
+  const bool Horizontal = Geometry.Horizontal();
+  const float Extent = Along(Object->Width(), Object->Height(), Horizontal);
+  const float Depth = Across(Object->Width(), Object->Height(), Horizontal);
+  FRoom = std::max(FRoom, Depth);
+  const float Base = LabelBase(Geometry, Look);
+  const float Off = Geometry.PointsOutwards() ? Base + Depth / 2 : Base - Depth / 2;
+  const float Place = Label.Position + SlantShift(Extent, Font.Size(), Geometry);
+  Object->X = Horizontal ? Place : Off;
+  Object->Y = Horizontal ? Off : Place;
+  FLabels.push_back(std::move(Object));
 }
 
 /// How far a slanted label moves along the axis so that its end, and not its middle, points at the tick.
-float TZyAxis::SlantShift(float Along) const {
-  const auto Angle = static_cast<int>(std::lround(FRubricsAngle));
-  if (Angle % 90 == 0) return 0;
-  const float Height = FFont.Size() * (GetHorizontal() ? FSine : FCosine) * 0.8f;
-  const float Shift = Height - Along / 2;
-  const int Place = Quadrant(Angle);
-  const bool Negative = (FPosition == TZyAxisPosition::Left || FPosition == TZyAxisPosition::Top) == (Place % 2 == 1);
+float TZyAxisLabels::SlantShift(float Extent, float FontSize, const TZyAxisGeometry& Geometry) const {
+  const auto Rounded = static_cast<int>(std::lround(FAngle));
+  if (Rounded % 90 == 0) return 0;
+  const float Height = FontSize * (Geometry.Horizontal() ? FSine : FCosine) * 0.8f;
+  const float Shift = Height - Extent / 2;
+  const bool Negative = !Geometry.PointsOutwards() == (Quadrant(Rounded) % 2 == 1);
   return Negative ? -Shift : Shift;
-}
-
-void TZyAxis::AddLabel(const std::string& Text, double Value, float Pos) {
-  auto Label = std::make_unique<TZyRichCaptionObject>();
-  Label->SetCaption(LabelText(Text, Value));
-  Label->CaptionFont().Assign(&FFont);
-  Label->Alignment = TZyContentAlignment::MiddleCenter;
-  Label->Angle = FRubricsAngle;
-  Label->ParseIfNeeded();
-  const float Along = AlongAxis(Label->Width(), Label->Height());
-  const float Across = AcrossAxis(Label->Width(), Label->Height());
-  FMaxNumberLabelWidth = std::max(FMaxNumberLabelWidth, GetHorizontal() ? Along : Across);
-  FMaxNumberLabelHeight = std::max(FMaxNumberLabelHeight, GetHorizontal() ? Across : Along);
-  const float Off = PointsOutwards() ? LabelBase() + Across / 2 : LabelBase() - Across / 2;
-  const float Place = Pos + SlantShift(Along);
-  Label->X = GetHorizontal() ? Place : Off;
-  Label->Y = GetHorizontal() ? Off : Place;
-  FAxLabels.push_back(std::move(Label));
 }
 
 /// The power of ten stands behind the last label where there is room up to the end of the scale, else between the last
 /// two, and outside their line where it would touch them there. A single label has none.
-void TZyAxis::PlaceExtraExponent() {
-  if (!FNumbersVisible || !FScale.ExtraExponent || FAxLabels.size() < 2) return;
-  TZyRichCaptionObject& Power = FExtraExponentRec;
-  Power.SetCaption("·10\\+" + IntToStr(FScale.LabelExponent));
-  Power.CaptionFont().Assign(&FFont);
-  Power.ParseForSize();
-  const bool Horizontal = GetHorizontal();
+void TZyAxisLabels::PlaceExponent(const TZyAxisTicks& Ticks, const TZyAxisGeometry& Geometry, const TZyAxisLook& Look,
+                                  const TZyFont& Font, float End) {
+  if (!Look.NumbersVisible || !Ticks.HasExponent() || FLabels.size() < 2) return;
+  FExponent.SetCaption("·10\\+" + IntToStr(Ticks.Exponent()));
+  FExponent.CaptionFont().Assign(&Font);
+  FExponent.ParseForSize();
+  const bool Horizontal = Geometry.Horizontal();
   const auto Place = [Horizontal](const TZyRichCaptionObject& Label) { return Horizontal ? Label.X : Label.Y; };
-  const TZyRichCaptionObject& Label = *FAxLabels.back();
-  const float Last = Place(Label), End = NumberToWorld(HighEnd()), Previous = Place(*FAxLabels[FAxLabels.size() - 2]);
-  const float Needed = AlongAxis(Label.Width(), Label.Height()) + (Horizontal ? Power.Width() : Power.Height());
+  const TZyRichCaptionObject& Label = *FLabels.back();
+  const float Last = Place(Label), Previous = Place(*FLabels[FLabels.size() - 2]);
+  const float Needed =
+      Along(Label.Width(), Label.Height(), Horizontal) + (Horizontal ? FExponent.Width() : FExponent.Height());
   const bool FitsBehind = std::fabs(End - Last) > Needed;
-  const float Along = (Last + (FitsBehind ? End : Previous)) / 2;
-  float Off = FDistanceAxisExtraExponent;
-  if (!FitsBehind && std::fabs(Previous - Last) < Needed)
-    Off = std::max(Off, Horizontal ? FMaxNumberLabelHeight : FMaxNumberLabelWidth);
-  const float Across = LabelBase() + (PointsOutwards() ? Off : -Off);
-  Power.X = Horizontal ? Along : Across;
-  Power.Y = Horizontal ? Across : Along;
+  const float Position = (Last + (FitsBehind ? End : Previous)) / 2;
+  float Off = Look.DistanceAxisExtraExponent;
+  if (!FitsBehind && std::fabs(Previous - Last) < Needed) Off = std::max(Off, FRoom);
+  const float Line = LabelBase(Geometry, Look) + (Geometry.PointsOutwards() ? Off : -Off);
+  FExponent.X = Horizontal ? Position : Line;
+  FExponent.Y = Horizontal ? Line : Position;
   using enum TZyContentAlignment;
   if (Horizontal) {
-    Power.Alignment = PointsOutwards() ? TopCenter : BottomCenter;
+    FExponent.Alignment = Geometry.PointsOutwards() ? TopCenter : BottomCenter;
   } else {
-    Power.Alignment = PointsOutwards() ? MiddleLeft : MiddleRight;
+    FExponent.Alignment = Geometry.PointsOutwards() ? MiddleLeft : MiddleRight;
   }
 }
 
-/// How far the power of ten reaches across from the line of the labels; 0 without one.
-float TZyAxis::ExtraExponentReach() const {
-  const TZyRichCaptionObject& Power = FExtraExponentRec;
-  if (Power.Caption().empty()) return 0;
-  return GetHorizontal() ? std::fabs(Power.Y - LabelBase()) + Power.Height()
-                         : std::fabs(Power.X - LabelBase()) + Power.Width();
+void TZyAxisLabels::SetColor(TZyColor Value) {
+  for (const auto& Label : FLabels) Label->CaptionFont().SetFillColor(Value);
+  FExponent.CaptionFont().SetFillColor(Value);
 }
 
-/// How far the labels reach together with the power of ten; the caption stands behind both.
-float TZyAxis::NumbersReach() const {
-  return std::max(GetHorizontal() ? FMaxNumberLabelHeight : FMaxNumberLabelWidth, ExtraExponentReach());
+void TZyAxisLabels::Paint(Graphics& Gr) {
+  for (const auto& Label : FLabels) Label->PaintGr(Gr);
 }
 
-/// The caption stands behind the numbers, at one end of the axis line or at its middle.
-void TZyAxis::PlaceCaption() {
-  FCaptionRec.ParseIfNeeded();
-  const float Numbers = FNumbersVisible ? DistanceNumbersCaption() + NumbersReach() : 0;
-  const float Across = PointsOutwards() ? LabelBase() + Numbers : LabelBase() - Numbers;
-  const int Where = FCaptionAlignment == TAlignment::taLeftJustify ? 0
-                    : FCaptionAlignment == TAlignment::taCenter    ? 1
-                                                                   : 2;
-  const float Part = FAxLength * static_cast<float>(Where) / 2;
-  FCaptionRec.Angle = CaptionIsTurned() ? 90 : 0;
-  FCaptionRec.X = GetHorizontal() ? FAxLeft + Part : Across;
-  FCaptionRec.Y = GetHorizontal() ? Across : FAxTop + FAxLength - Part;
-  // Nine places in rows from top to bottom. A text along the axis puts one edge at the numbers and runs along; a
-  // horizontal one on a vertical axis puts a side there, and its bottom at the lower end.
-  int Row, Column;
-  if (GetHorizontal() || CaptionIsTurned()) {
-    Row = PointsOutwards() ? 0 : 2;
-    Column = Where;
-  } else {
-    Row = 2 - Where;
-    Column = PointsOutwards() ? 0 : 2;
-  }
-  FCaptionRec.Alignment = static_cast<TZyContentAlignment>(3 * Row + Column);
+std::vector<std::string> TZyAxisLabels::Texts() const {
+  std::vector<std::string> Result;
+  for (const auto& Label : FLabels) Result.push_back(Label->Caption());
+  return Result;
 }
 
-std::vector<std::string> TZyAxis::LabelTexts() const {
-  std::vector<std::string> Texts;
-  for (const auto& Label : FAxLabels) Texts.push_back(Label->Caption());
-  return Texts;
+void TZyAxisLabels::EraseFirst() {
+  if (!FLabels.empty()) FLabels.erase(FLabels.begin());
+}
+
+void TZyAxisLabels::EraseNear(float Position, float Distance, bool Horizontal) {
+  const auto Label = std::find_if(FLabels.begin(), FLabels.end(), [&](const auto& Candidate) {
+    return std::fabs((Horizontal ? Candidate->X : Candidate->Y) - Position) < Distance;
+  });
+  if (Label != FLabels.end()) FLabels.erase(Label);
 }
 
 }  // namespace zy

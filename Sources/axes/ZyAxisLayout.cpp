@@ -7,17 +7,16 @@
 #include <cmath>
 #include <limits>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZyAxisGraph.h"
 #include "graph/parts/ZyGraphParts.h"
+#include "platform/controls/TScrollBar.h"
+#include "platform/controls/TWinControl.h"
 
 namespace zy {
 namespace {
 
 /// An axis too short for its labels still keeps a usable length.
 constexpr float SmallestLength = 40;
-
-/// What lies so near to the value 0 of a crossing axis would be hidden by the other axis, in pixels.
-constexpr float NearZero = 0.1f;
 
 /// What a single border takes below.
 constexpr float RoomOfBorder = 4;
@@ -26,18 +25,10 @@ int Rounded(float Value) { return static_cast<int>(std::lround(Value)); }
 
 }  // namespace
 
-void TZyAxis::Calculate() {
-  TWinControl* const Container = Parent();
-  if (Container == nullptr || LayoutRunning) return;
-  if (const TZyGraph2D* const Chart = Graph(); Chart != nullptr && Chart->Updating()) return;
-  TZyAxisLayout(*this).Run();
-  TZyAxisLayout::TellListeners(*Container);
-}
-
 TZyAxisLayout::TZyAxisLayout(TZyAxis& Axis)
     : FStarter(Axis),
       FParent(*Axis.Parent()),
-      FGraph(Axis.Graph()),
+      FGraph(dynamic_cast<IZyAxisGraph*>(&FParent)),
       FWidth(static_cast<float>(FParent.ClientWidth())),
       FHeight(static_cast<float>(FParent.ClientHeight())) {
   TZyAxis::LayoutRunning = true;
@@ -111,9 +102,9 @@ void TZyAxisLayout::MarkMasterGraph() {
 /// A pan keeps the layout and only moves ticks, of the axes that moved.
 void TZyAxisLayout::TakePannedTicks() {
   for (TZyAxis* Axis : FAxes) {
-    if (!Axis->FNeedsRecalculate && Axis != &FStarter) continue;
+    if (!Axis->NeedsRecalculate() && Axis != &FStarter) continue;
     Axis->CalculateTicks();
-    Axis->FNeedsRecalculate = false;
+    Axis->LaidOut();
   }
 }
 
@@ -126,13 +117,10 @@ void TZyAxisLayout::RoundEndsAndTakeTicks() {
         Axis->SetBounds(Axis->Left(), Axis->Top(), Axis->Width(), FParent.ClientHeight());
       }
     }
-    if (Axis->IsSlave() && Axis->FMasterAxis->FStart <= Axis->FMasterAxis->FStop) {
-      Axis->FollowMaster();
-    } else {
-      Axis->RoundOwnEnds();
-    }
-    Axis->FAxLeft = Axis->FAxTop = 0;
-    Axis->FAxLength = static_cast<float>(Axis->GetHorizontal() ? Axis->Width() : Axis->Height());
+    Axis->TakeEnds();
+    Axis->SetAxLeft(0);
+    Axis->SetAxTop(0);
+    Axis->SetAxLength(static_cast<float>(Axis->GetHorizontal() ? Axis->Width() : Axis->Height()));
     Axis->CalculateTicks();
   }
 }
@@ -145,32 +133,30 @@ void TZyAxisLayout::TakeMarginsOfGraph() {
   FRight.Margin = std::ceil(FGraph->DistanceBorderAxisRight());
   FTop.Margin = std::ceil(FGraph->DistanceBorderAxisTop());
   FBottom.Margin = std::ceil(FGraph->DistanceBorderAxisBottom());
-  if (FGraph->BorderStyle() == bsSingle) FBottom.Margin += RoomOfBorder;
+  if (FGraph->HasBorder()) FBottom.Margin += RoomOfBorder;
   TakeScrollBars();
 }
 
 /// Scroll bars take room where data lie outside; a file or a page does not show them.
 void TZyAxisLayout::TakeScrollBars() {
-  if (FGraph->IsDesigning()) return;
+  if (FParent.IsDesigning()) return;
   const auto AnyClipped = [&](bool Horizontal) {
     return std::any_of(FAxes.begin(), FAxes.end(), [&](const TZyAxis* Axis) {
       return Axis->GetHorizontal() == Horizontal && Axis->GetIsClipped();
     });
   };
   const TScrollBar* const Across = FGraph->HorizontalScrollBar();
-  FShowScrollH = FGraph->Zoom().HScrollbarVisible() && Across != nullptr && AnyClipped(true);
+  FShowScrollH = FGraph->MayScroll(true) && Across != nullptr && AnyClipped(true);
   if (FShowScrollH) FBottom.Margin += static_cast<float>(Across->Height());
   const TScrollBar* const Upright = FGraph->VerticalScrollbar();
-  FShowScrollV = FGraph->Zoom().VScrollbarVisible() && Upright != nullptr && AnyClipped(false);
+  FShowScrollV = FGraph->MayScroll(false) && Upright != nullptr && AnyClipped(false);
   if (FShowScrollV) FLeft.Margin += static_cast<float>(Upright->Width());
   FShowScrollH = FShowScrollH && !FGraph->DoingMetafile();
   FShowScrollV = FShowScrollV && !FGraph->DoingMetafile();
 }
 
 void TZyAxisLayout::TakeTitle() {
-  if (FGraph == nullptr || !FGraph->CaptionVisible() || FGraph->Caption().empty()) return;
-  FTop.Margin =
-      std::ceil(FTop.Margin + FGraph->TitleHeight() + FGraph->CaptionDistanceBefore() + FGraph->CaptionDistanceAfter());
+  if (FGraph != nullptr) FTop.Margin = FGraph->BelowTitle(FTop.Margin);
 }
 
 std::vector<IZyGraphLegend*> TZyAxisLayout::LegendsAtSides() const {
@@ -235,40 +221,20 @@ void TZyAxisLayout::TakeFinalTicks() {
 }
 
 void TZyAxisLayout::TakeFinalLength(TZyAxis& Axis) {
-  const float HalfTick = std::ceil(Axis.FMajorTickThicknes / 2);
+  const float HalfTick = Axis.MajorTickThicknes() / 2;
   const bool Crosses = HasZeroOrigin();  // an axis inside the data area has no tick at its edge
+  TSide& End = Axis.GetHorizontal() ? FRight : FTop;
+  if (!Crosses && End.Margin < HalfTick) End.Margin = std::ceil(HalfTick);
+  float Length = ClientExtent(Axis);
   if (Axis.GetHorizontal()) {
-    if (!Crosses && FRight.Margin < Axis.FMajorTickThicknes / 2) FRight.Margin = HalfTick;
-    Axis.FAxLeft = FLeft.Margin;
-    Axis.FAxLength = ClientExtent(Axis) - FLeft.Margin - FRight.Margin;
+    Axis.SetAxLeft(FLeft.Margin);
+    Length = Length - FLeft.Margin - FRight.Margin;
   } else {
-    if (!Crosses && FTop.Margin < Axis.FMajorTickThicknes / 2) FTop.Margin = HalfTick;
-    Axis.FAxTop = FTop.Margin;
-    Axis.FAxLength = ClientExtent(Axis) - FBottom.Margin - FTop.Margin;
+    Axis.SetAxTop(FTop.Margin);
+    Length = Length - FBottom.Margin - FTop.Margin;
   }
-  Axis.FAxLength = std::max(Axis.FAxLength, SmallestLength);
+  Axis.SetAxLength(std::max(Length, SmallestLength));
   Axis.CalculateTicks();
-}
-
-/// Whether the value 0 lies inside the axis.
-bool TZyAxisLayout::CrossesZero(const TZyAxis& Axis) {
-  return !Axis.HasLogScaling() && Axis.Start() < 0 && Axis.Stop() > 0;
-}
-
-/// Drops the label and the tick that the other axis would cross.
-void TZyAxisLayout::DropAtZero(TZyAxis& Axis) {
-  const float Zero = Axis.NumberToWorld(0);
-  const auto IsNear = [&](float Pos) { return std::fabs(Pos - Zero) < NearZero; };
-  const auto Label = std::find_if(Axis.FAxLabels.begin(), Axis.FAxLabels.end(), [&](const auto& Candidate) {
-    return IsNear(Axis.GetHorizontal() ? Candidate->X : Candidate->Y);
-  });
-  if (Label != Axis.FAxLabels.end()) Axis.FAxLabels.erase(Label);
-  const auto Tick = std::find_if(Axis.FTicks.begin(), Axis.FTicks.end(), IsNear);
-  if (Tick == Axis.FTicks.end()) return;
-  const auto Index = Tick - Axis.FTicks.begin();
-  Axis.FTicks.erase(Tick);
-  Axis.FMajorTick.erase(Axis.FMajorTick.begin() + Index);
-  Axis.FMajorGridTick.erase(Axis.FMajorGridTick.begin() + Index);
 }
 
 /// Moves each of the two primary axes to the value 0 of the other. An axis that has no such value keeps its side, and
@@ -276,20 +242,17 @@ void TZyAxisLayout::DropAtZero(TZyAxis& Axis) {
 void TZyAxisLayout::CrossAxes() {
   TZyAxis& X = *FGraph->PrimaryXAxis();
   TZyAxis& Y = *FGraph->PrimaryYAxis();
-  const auto DropFirst = [](TZyAxis& Axis) {
-    if (!Axis.FAxLabels.empty()) Axis.FAxLabels.erase(Axis.FAxLabels.begin());
-  };
-  if (CrossesZero(X)) {
-    Y.SetLeft(Rounded(X.NumberToWorld(0) - Y.FAxLeft));
-    DropAtZero(Y);
+  if (X.CrossesZero()) {
+    Y.SetLeft(Rounded(X.NumberToWorld(0) - Y.AxLeft()));
+    Y.DropAtZero();
   } else {
-    DropFirst(X);
+    X.DropFirstLabel();
   }
-  if (CrossesZero(Y)) {
+  if (Y.CrossesZero()) {
     X.SetTop(Rounded(Y.NumberToWorld(0)));
-    DropAtZero(X);
+    X.DropAtZero();
   } else {
-    DropFirst(Y);
+    Y.DropFirstLabel();
   }
 }
 
@@ -363,20 +326,23 @@ void TZyAxisLayout::PlaceLegends() {
 
 /// Graphs that share an X axis get the part of the width that all of them have.
 void TZyAxisLayout::ShareCommonArea() {
-  if (FGraph == nullptr || !FGraph->HasChildGraphs()) return;
-  std::vector<TZyGraph2D*> Graphs{FGraph};
-  for (TZyGraph2D* Child : FGraph->ChildGraphs())
-    if (Child->DrawingArea() != RectF{}) Graphs.push_back(Child);  // one never laid out has nothing to say
+  if (FGraph == nullptr) return;
+  std::vector<IZyAxisGraph*> Graphs = FGraph->GraphsOnXAxis();
+  if (Graphs.empty()) return;
+  std::erase_if(Graphs, [](const IZyAxisGraph* Child) {
+    return Child->DrawingArea() == RectF{};  // one never laid out has nothing to say
+  });
+  Graphs.insert(Graphs.begin(), FGraph);
   float Left = -std::numeric_limits<float>::max(), Right = std::numeric_limits<float>::max();
-  for (const TZyGraph2D* Chart : Graphs) {
+  for (const IZyAxisGraph* Chart : Graphs) {
     const RectF& Area = Chart->DrawingArea();
     Left = std::max(Left, Area.X);
     Right = std::min(Right, Area.X + Area.Width - 1);
   }
-  for (TZyGraph2D* Chart : Graphs) TakeCommonArea(*Chart, Left, Right);
+  for (IZyAxisGraph* Chart : Graphs) TakeCommonArea(*Chart, Left, Right);
 }
 
-void TZyAxisLayout::TakeCommonArea(TZyGraph2D& Graph, float Left, float Right) {
+void TZyAxisLayout::TakeCommonArea(IZyAxisGraph& Graph, float Left, float Right) {
   RectF Area = Graph.DrawingArea();
   const float LeftShift = Area.X - Left;
   const float RightShift = Area.X + Area.Width - Right - 1;
@@ -385,14 +351,14 @@ void TZyAxisLayout::TakeCommonArea(TZyGraph2D& Graph, float Left, float Right) {
   Graph.SetDrawingArea(Area);
   if (TScrollBar* const Bar = Graph.HorizontalScrollBar(); Bar != nullptr)
     Bar->SetBounds(Rounded(Left), Bar->Top(), Rounded(Area.Width), Bar->Height());  // it stays below its axis
-  for (TZyAxis* Axis : Graph.AllAxes()) {
+  for (TZyAxis* Axis : Graph.AxesToLayOut()) {
     if (Axis->GetHorizontal()) {
-      Axis->FAxLeft = Left;
-      Axis->FAxLength = Right - Left;
+      Axis->SetAxLeft(Left);
+      Axis->SetAxLength(Right - Left);
     } else {
       const float Shift = Axis->Position() == TZyAxisPosition::Left ? LeftShift : RightShift;
       Axis->SetLeft(Axis->Left() - Rounded(Shift));
-      Axis->FAxLeft += std::round(Shift) - Shift;
+      Axis->SetAxLeft(Axis->AxLeft() + (std::round(Shift) - Shift));
     }
     Axis->CalculateTicks();
   }

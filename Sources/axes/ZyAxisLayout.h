@@ -6,6 +6,7 @@
 
 namespace zy {
 
+class IZyAxisGraph;
 class IZyGraphLegend;
 
 /// The layout pass: fixes ends, ticks, sizes and places of all axes of a parent, and the data area of a graph.
@@ -25,11 +26,6 @@ class TZyAxisLayout {
   static void TellListeners(TWinControl& Parent);
 
  private:
-  /// Room in whole pixels beyond the two ends of an axis: at the left or the bottom, at the right or the top.
-  struct TOverhang {
-    float Low = 0;
-    float High = 0;
-  };
   /// A side of the data area: what lies between it and the client edge, and the innermost visible axis there.
   struct TSide {
     float Margin = 0;
@@ -53,8 +49,8 @@ class TZyAxisLayout {
   void SizeBottomAxis(TZyAxis& Axis, float Need);
   void SizeTopAxis(TZyAxis& Axis, float Need);
   void FitOverhangs();
-  void FitLow(TSide& Side, float Overhang, int Edge, float& (*Origin)(TZyAxis&));
-  void FitHigh(TSide& Side, float Overhang, int Edge, float Extent, float& (*Origin)(TZyAxis&));
+  void FitLow(TSide& Side, float Overhang);
+  void FitHigh(TSide& Side, float Overhang, float Extent);
 
   // Final lengths and places.
   void TakeFinalTicks();
@@ -69,17 +65,14 @@ class TZyAxisLayout {
   bool HasZeroOrigin() const;
   bool DropsMargin(const TZyAxis* Across) const;
   float ClientExtent(const TZyAxis& Axis) const;
-  TOverhang OverhangOf(const TZyAxis& Axis) const;
+  TZyOverhang OverhangOf(const TZyAxis& Axis) const;
   float ExtraSpaceOf(const TZyAxis& Axis, TZyAxisPosition Side) const;
   float DepthAt(const TZyAxis& Axis) const;
-  static float NeedOf(const TZyAxis& Axis);
-  static bool CrossesZero(const TZyAxis& Axis);
-  static void DropAtZero(TZyAxis& Axis);
-  static void TakeCommonArea(TZyGraph2D& Graph, float Left, float Right);
+  static void TakeCommonArea(IZyAxisGraph& Graph, float Left, float Right);
 
   TZyAxis& FStarter;
   TWinControl& FParent;
-  TZyGraph2D* FGraph;
+  IZyAxisGraph* FGraph;
   std::vector<TZyAxis*> FAxes;  // in control order
   float FWidth;                 // of the client area
   float FHeight;

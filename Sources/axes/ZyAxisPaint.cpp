@@ -1,12 +1,88 @@
-// Painting of an axis: ticks, line, labels and caption.
-
-#include <cmath>
+// Ticks and labels of an axis for the place where the layout put it, and its painting.
 
 #include "axes/ZyAxis.h"
-#include "graph/ZyGraph2D.h"
-#include "platform/drawing/Graphics.h"
+#include "axes/ZyAxisLayout.h"
+#include "axes/ZyAxisPainter.h"
+#include "graph/parts/ZyAxisGraph.h"
+#include "platform/controls/TWinControl.h"
 
 namespace zy {
+
+void TZyAxis::Calculate() {
+  TWinControl* const Container = Parent();
+  if (Container == nullptr || LayoutRunning) return;
+  if (const IZyAxisGraph* const Chart = Graph(); Chart != nullptr && Chart->Updating()) return;
+  TZyAxisLayout(*this).Run();
+  TZyAxisLayout::TellListeners(*Container);
+}
+
+// --- Ticks and labels -----------------------------------------------------------------------------------------------
+
+std::string TZyAxis::LabelText(std::string Text, double Value) {
+  if (!mGetScaleLabel) return Text;
+  TZyScaleLabelEventArgs Args{Value, std::move(Text)};
+  mGetScaleLabel(this, Args);
+  return std::move(Args.Caption);
+}
+
+/// The extent along the axis is the one that the layout gives the control. A new control and one whose parent was
+/// resized get it only in the next pass, while ranges are taken before it.
+TZyLabelRoom TZyAxis::LabelRoom() {
+  const TWinControl* const Container = Parent();
+  const int Across = Container == nullptr ? Width() : Container->ClientWidth();
+  const int Upright = Container == nullptr ? Height() : Container->ClientHeight();
+  const int Length = GetHorizontal() ? Across : Upright;
+  return {static_cast<double>(Length), static_cast<double>(FStepRules.LabelDistanceFactor),
+          [this](std::string Text, double Value) {
+            const std::string Shown = LabelText(std::move(Text), Value);
+            return static_cast<double>(FLabels.Estimate(Shown, FFont.Size(), GetHorizontal()));
+          }};
+}
+
+void TZyAxis::CalculateTicks() {
+  constexpr float LengthWithoutRoom = 100;  // pixels
+  if (mGetTicks) mGetTicks(this);
+  if (!(FGeometry.Length > 0)) FGeometry.Length = LengthWithoutRoom;
+  FTicks.Clear();
+  FLabels.Clear();
+  FPerPixel = FKind->PerPixel(FSteps, Start(), Stop(), FGeometry.Length);
+  FKind->FollowSpan(FSteps, FStepRules, Start(), Stop());
+  TZyTickWriter Writer(FTicks, Transform(), LowEnd(), HighEnd(), static_cast<double>(FGeometry.Length),
+                       NumbersVisible(), FMajorGridMode);
+  FKind->PutTicks(Writer, FSteps, FStepRules, LabelRoom(), FRubrics.Texts());
+  FLabels.Take(FTicks, FGeometry, FLook, FFont,
+               [this](std::string Text, double Value) { return LabelText(std::move(Text), Value); });
+  FLabels.PlaceExponent(FTicks, FGeometry, FLook, FFont, NumberToWorld(HighEnd()));
+  PlaceAxisCaption(FCaptionRec, FGeometry, FLook, FLabels);
+}
+
+void TZyAxis::DropAtZero() {
+  constexpr float NearZero = 0.1f;  // pixels; what lies so near would be hidden by the other axis
+  const float Zero = NumberToWorld(0);
+  FLabels.EraseNear(Zero, NearZero, GetHorizontal());
+  FTicks.EraseNear(Zero, NearZero);
+}
+
+// --- Room -----------------------------------------------------------------------------------------------------------
+
+float TZyAxis::CaptionHeight() const {
+  if (!CaptionVisible() || Caption().empty()) return 0;
+  return CaptionIsTurned(FGeometry, FLook) ? FCaptionRec.Width() : FCaptionRec.Height();
+}
+
+float TZyAxis::CaptionWidth() const {
+  if (!CaptionVisible() || Caption().empty()) return 0;
+  return CaptionIsTurned(FGeometry, FLook) ? FCaptionRec.Height() : FCaptionRec.Width();
+}
+
+float TZyAxis::RoomNeeded() const { return RoomAcross(FGeometry, FLook, FLabels, AcrossCaption()); }
+
+TZyOverhang TZyAxis::LabelOverhang() const {
+  if (!Visible() || AxLabels().empty()) return {};
+  return FLabels.Overhang(FGeometry, Twisted() != FKind->RunsDown(Start(), Stop()));
+}
+
+// --- Painting -------------------------------------------------------------------------------------------------------
 
 void TZyAxis::Paint(Graphics& Gr) {
   if (Graph() == nullptr) PaintGr(Gr);
@@ -15,83 +91,13 @@ void TZyAxis::Paint(Graphics& Gr) {
 void TZyAxis::PaintGr(Graphics& Gr) {
   if (LayoutRunning) return;
   if (FNeedsRecalculate) Calculate();
-  PaintTicks(Gr);
-  PaintLine(Gr);
-  if (FNumbersVisible)
-    for (const auto& Label : FAxLabels) Label->PaintGr(Gr);
-  if (FCaptionVisible) FCaptionRec.PaintGr(Gr);
-  FExtraExponentRec.PaintGr(Gr);
-}
-
-/// A tick starts on the side of the axis line away from which it points, and the line covers its root.
-void TZyAxis::PaintTicks(Graphics& Gr) const {
-  const bool Grows = PointsOutwards() != FTicksPointToData;
-  const float Origin = GetHorizontal() ? FAxTop : FAxLeft;
-  const float Half = FAxisThicknes / 2;
-  const float Base = Grows ? std::ceil(Origin - Half) : std::floor(Half + Origin);
-  const float Sign = Grows ? 1 : -1;
-  const TZyGraph2D* const Chart = Graph();
-  const bool Exact = Chart != nullptr && Chart->DoingMetafile();
-  Pen TickPen(FForeColor, 1);
-  const auto DrawAll = [&](bool Major) {
-    TickPen.SetColor(Major ? FMajorTickColor : FTickColor);
-    TickPen.SetWidth(Major ? FMajorTickThicknes : FTickThicknes);
-    const float End = Base + Sign * (Major ? FMajorTickLength : FTickLength);
-    for (std::size_t Index = 0; Index < FTicks.size(); ++Index) {
-      if (FMajorTick[Index] != Major) continue;
-      const float Pos = Exact ? FTicks[Index] : std::round(FTicks[Index]);
-      if (GetHorizontal()) {
-        Gr.DrawLine(TickPen, Pos, Base, Pos, End);
-      } else {
-        Gr.DrawLine(TickPen, Base, Pos, End, Pos);
-      }
-    }
-  };
-  DrawAll(true);
-  DrawAll(false);
-}
-
-/// An arrow lengthens the line beyond the end to which the values grow.
-void TZyAxis::PaintLine(Graphics& Gr) const {
-  Pen LinePen(FForeColor, FAxisThicknes);
-  const TZyGraph2D* const Chart = Graph();
-  const bool Exact = Chart != nullptr && Chart->DoingMetafile();
-  const float Across = GetHorizontal() ? FAxTop : FAxLeft;
-  const float Line = Exact ? Across : std::round(Across);
-  float First = GetHorizontal() ? FAxLeft : FAxTop;  // the left or the upper end
-  float Last = First + FAxLength;
-  const bool HasArrow = FArrowPoint.Visible();
-  const SmoothingMode Saved = Gr.GetSmoothingMode();
-  if (HasArrow) {
-    const float Beyond = 3 * FArrowPoint.PointLength();
-    const auto Cap = ArrowPointCap(FArrowPoint);
-    if (GetHorizontal() != FTwisted) {
-      Last += Beyond;
-      LinePen.SetCustomEndCap(*Cap);
-    } else {
-      First -= Beyond;
-      LinePen.SetCustomStartCap(*Cap);
-    }
-    Gr.SetSmoothingMode(SmoothingModeHighQuality);
-  }
-  if (GetHorizontal()) {
-    Gr.DrawLine(LinePen, First, Line, Last, Line);
-  } else {
-    Gr.DrawLine(LinePen, Line, First, Line, Last);
-  }
-  if (HasArrow) Gr.SetSmoothingMode(Saved);
-}
-
-/// Room of the caption on the screen, across a horizontal axis.
-float TZyAxis::CaptionHeight() const {
-  if (!FCaptionVisible || FCaptionRec.Caption().empty()) return 0;
-  return CaptionIsTurned() ? FCaptionRec.Width() : FCaptionRec.Height();
-}
-
-/// The same across a vertical axis.
-float TZyAxis::CaptionWidth() const {
-  if (!FCaptionVisible || FCaptionRec.Caption().empty()) return 0;
-  return CaptionIsTurned() ? FCaptionRec.Height() : FCaptionRec.Width();
+  const IZyAxisGraph* const Chart = Graph();
+  const TZyAxisPainter Painter(FGeometry, FLook, Chart != nullptr && Chart->DoingMetafile());
+  Painter.PaintTicks(Gr, FTicks);
+  Painter.PaintLine(Gr, FArrowPoint);
+  if (NumbersVisible()) FLabels.Paint(Gr);
+  if (CaptionVisible()) FCaptionRec.PaintGr(Gr);
+  FLabels.PaintExponent(Gr);
 }
 
 }  // namespace zy

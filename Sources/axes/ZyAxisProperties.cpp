@@ -2,253 +2,267 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "analysis/ZyMath.h"
 #include "axes/ZyAxis.h"
-#include "axes/ZyAxisUndo.h"
-#include "graph/ZyGraph2D.h"
-#include "platform/framework/Reflection.h"
+#include "axes/ZyAxisPainter.h"
+#include "graph/parts/ZyAxisGraph.h"
 #include "undo/ZyChange.h"
+#include "undo/ZyUndoGroup.h"
 
 namespace zy {
 
+/// Trailing blanks are dropped.
 void TZyAxis::SetCaption(const TZyRichCaption& Value) {
   const TZyRichCaption Trimmed = Value.substr(0, Value.find_last_not_of(' ') + 1);
-  if (Trimmed == FCaptionRec.Caption()) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sAxisCaption), "Caption");
-  FCaptionRec.SetCaption(Trimmed);
-  FCaptionSet = true;
-  Modified();
+  ChangeBy(this, Caption(), Trimmed, "Caption", [this](const TZyRichCaption& Text) {
+    FCaptionRec.SetCaption(Text);
+    FCaptionOfName.WasSet();
+    Modified();
+  });
 }
 
 void TZyAxis::SetCaptionVisible(bool Value) {
-  Change(this, FCaptionVisible, Value, _sAxisCaptionVisible, "CaptionVisible", &TZyAxis::Modified);
+  Change(this, FLook.CaptionVisible, Value, "CaptionVisible", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetCaptionDistanceBefore(float Value) {
-  Change(this, FCaptionDistanceBefore, Value, _sAxisCaptionDistanceBefore, "CaptionDistanceBefore", &TZyAxis::Modified);
+  Change(this, FLook.CaptionDistanceBefore, Value, "CaptionDistanceBefore", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetCaptionDistanceAfter(float Value) {
-  Change(this, FCaptionDistanceAfter, Value, _sAxisCaptionDistanceAfter, "CaptionDistanceAfter", &TZyAxis::Modified);
+  Change(this, FLook.CaptionDistanceAfter, Value, "CaptionDistanceAfter", &TZyAxis::Modified);
 }
 
-float TZyAxis::DistanceNumbersCaption() const {
-  return PointsOutwards() ? FCaptionDistanceBefore : FCaptionDistanceAfter;
-}
+float TZyAxis::DistanceNumbersCaption() const { return DistanceNumbersCaptionOf(FLook, FGeometry); }
 
 void TZyAxis::SetDistanceNumbersCaption(float Value) {
-  Change(this, PointsOutwards() ? FCaptionDistanceBefore : FCaptionDistanceAfter, Value, _sAxisDistanceNumbersCaption,
-         "DistanceNumbersCaption", &TZyAxis::Modified);
+  Change(this, DistanceNumbersCaptionOf(FLook, FGeometry), Value, "DistanceNumbersCaption", &TZyAxis::Modified);
 }
 
-float TZyAxis::DistanceToBorder() const { return PointsOutwards() ? FCaptionDistanceAfter : FCaptionDistanceBefore; }
+float TZyAxis::DistanceToBorder() const { return DistanceToBorderOf(FLook, FGeometry); }
 
 void TZyAxis::SetDistanceToBorder(float Value) {
-  Change(this, PointsOutwards() ? FCaptionDistanceAfter : FCaptionDistanceBefore, Value, _sAxisDistanceToBorder,
-         "DistanceToBorder", &TZyAxis::Modified);
+  Change(this, DistanceToBorderOf(FLook, FGeometry), Value, "DistanceToBorder", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetNumbersVisible(bool Value) {
-  Change(this, FNumbersVisible, Value, _sAxisNumbersVisible, "NumbersVisible", &TZyAxis::Modified);
+  Change(this, FLook.NumbersVisible, Value, "NumbersVisible", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetForeColor(TZyColor Value) {
-  if (!Change(this, FForeColor, Value, _sAxisForeColor, "ForeColor", &TZyAxis::DoInvalidate)) return;
-  if (FTickColorFollows) FTickColor = Value;
-  if (FMajorTickColorFollows) FMajorTickColor = Value;
+  if (!Change(this, FLook.ForeColor, Value, "ForeColor", &TZyAxis::DoInvalidate)) return;
+  if (FTickColorFollows) FLook.TickColor = Value;
+  if (FMajorTickColorFollows) FLook.MajorTickColor = Value;
 }
 
 void TZyAxis::SetTickColor(TZyColor Value) {
-  if (Change(this, FTickColor, Value, _sAxisTickColor, "TickColor", &TZyAxis::DoInvalidate))
-    FTickColorFollows = FTickColor == FForeColor;
+  if (Change(this, FLook.TickColor, Value, "TickColor", &TZyAxis::DoInvalidate))
+    FTickColorFollows = FLook.TickColor == FLook.ForeColor;
 }
 
 void TZyAxis::SetMajorTickColor(TZyColor Value) {
-  if (Change(this, FMajorTickColor, Value, _sAxisMajorTickColor, "MajorTickColor", &TZyAxis::DoInvalidate))
-    FMajorTickColorFollows = FMajorTickColor == FForeColor;
+  if (Change(this, FLook.MajorTickColor, Value, "MajorTickColor", &TZyAxis::DoInvalidate))
+    FMajorTickColorFollows = FLook.MajorTickColor == FLook.ForeColor;
 }
 
 void TZyAxis::SetPosition(TZyAxisPosition Value) {
-  Change(this, FPosition, Value, _sAxisPosition, "Position", &TZyAxis::Modified);
+  Change(this, FGeometry.Position, Value, "Position", &TZyAxis::Modified);
 }
 
-void TZyAxis::SetTwisted(bool Value) { Change(this, FTwisted, Value, _sAxisTwisted, "Twisted", &TZyAxis::Modified); }
+void TZyAxis::SetTwisted(bool Value) { Change(this, FGeometry.Twisted, Value, "Twisted", &TZyAxis::Modified); }
 
 void TZyAxis::SetTicksPointToData(bool Value) {
-  Change(this, FTicksPointToData, Value, _sAxisTicksPointToData, "TicksPointToData", &TZyAxis::Modified);
+  Change(this, FLook.TicksPointToData, Value, "TicksPointToData", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetAxisThicknes(float Value) {
-  Change(this, FAxisThicknes, std::fabs(Value), _sAxisThicknes, "AxisThicknes", &TZyAxis::Modified);
+  Change(this, FLook.AxisThicknes, std::fabs(Value), "AxisThicknes", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetMajorTickThicknes(float Value) {
-  Change(this, FMajorTickThicknes, std::fabs(Value), _sAxisMajorTickThicknes, "MajorTickThicknes", &TZyAxis::Modified);
+  Change(this, FLook.MajorTickThicknes, std::fabs(Value), "MajorTickThicknes", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetTickThicknes(float Value) {
-  Change(this, FTickThicknes, std::fabs(Value), _sAxisTickThicknes, "TickThicknes", &TZyAxis::Modified);
+  Change(this, FLook.TickThicknes, std::fabs(Value), "TickThicknes", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetTickLength(float Value) {
   const float Length = std::fabs(Value);
-  const auto After = Length > FMajorTickLength ? &TZyAxis::Modified : &TZyAxis::DoInvalidate;
-  Change(this, FTickLength, Length, _sAxisTickLength, "TickLength", After);
+  const auto After = Length > FLook.MajorTickLength ? &TZyAxis::Modified : &TZyAxis::DoInvalidate;
+  Change(this, FLook.TickLength, Length, "TickLength", After);
 }
 
 void TZyAxis::SetMajorTickLength(float Value) {
   const float Length = std::fabs(Value);
-  const auto After = Length >= FTickLength ? &TZyAxis::Modified : &TZyAxis::DoInvalidate;
-  Change(this, FMajorTickLength, Length, _sAxisMajorTickLength, "MajorTickLength", After);
+  const auto After = Length >= FLook.TickLength ? &TZyAxis::Modified : &TZyAxis::DoInvalidate;
+  Change(this, FLook.MajorTickLength, Length, "MajorTickLength", After);
 }
 
 void TZyAxis::SetLabelDistanceFactor(float Value) {
-  Change(this, FLabelDistanceFactor, std::clamp(Value, 0.1f, 10.0f), _sAxisLabelDistanceFactor, "LabelDistanceFactor",
+  Change(this, FStepRules.LabelDistanceFactor, std::clamp(Value, 0.1f, 10.0f), "LabelDistanceFactor",
          &TZyAxis::Modified);
 }
 
 void TZyAxis::SetExtraDigits(int Value) {
-  Change(this, FExtraDigits, Value, _sAxisExtraDigits, "ExtraDigits", &TZyAxis::Modified);
+  Change(this, FStepRules.ExtraDigits, Value, "ExtraDigits", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetDistanceValuesAxis(float Value) {
-  Change(this, FDistanceValuesAxis, Value, _sAxisDistanceValuesAxis, "DistanceValuesAxis", &TZyAxis::Modified);
+  Change(this, FLook.DistanceValuesAxis, Value, "DistanceValuesAxis", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetDistanceAxisLabels(float Value) {
-  Change(this, FDistanceAxisLabels, Value, _sAxisDistanceAxisLabels, "DistanceAxisLabels", &TZyAxis::Modified);
+  Change(this, FLook.DistanceAxisLabels, Value, "DistanceAxisLabels", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetDistanceAxisExtraExponent(float Value) {
-  Change(this, FDistanceAxisExtraExponent, Value, _sAxisDistanceAxisExtraExponent, "DistanceAxisExtraExponent",
-         &TZyAxis::Modified);
+  Change(this, FLook.DistanceAxisExtraExponent, Value, "DistanceAxisExtraExponent", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetCaptionAlignment(TAlignment Value) {
-  Change(this, FCaptionAlignment, Value, _sAxisCaptionAlignment, "CaptionAlignment", &TZyAxis::Modified);
+  Change(this, FLook.CaptionAlignment, Value, "CaptionAlignment", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetCaptionHorizontalOnVerticalAxis(bool Value) {
-  Change(this, FCaptionHorizontalOnVerticalAxis, Value, _sAxisHorizontalCaptiononVerticalAxis,
-         "CaptionHorizontalOnVerticalAxis", &TZyAxis::Modified);
+  Change(this, FLook.CaptionHorizontalOnVerticalAxis, Value, "CaptionHorizontalOnVerticalAxis", &TZyAxis::Modified);
 }
 
 void TZyAxis::SetRubricsAngle(float Value) {
   const auto Fitted = static_cast<float>(FitTo360Degrees(static_cast<double>(Value)));
   if (!std::isfinite(Fitted)) return;
-  if (!Change(this, FRubricsAngle, Fitted, _sAxisRubricsAngle, "RubricsAngle", &TZyAxis::Modified)) return;
-  const double Radians = static_cast<double>(Fitted) * std::numbers::pi / 180;
-  FSine = static_cast<float>(std::fabs(std::sin(Radians)));
-  FCosine = static_cast<float>(std::fabs(std::cos(Radians)));
+  ChangeBy(this, RubricsAngle(), Fitted, "RubricsAngle", [this](float Angle) {
+    FLabels.SetAngle(Angle);
+    Modified();
+  });
 }
 
 // --- Fonts ----------------------------------------------------------------------------------------------------------
 
 void TZyAxis::SetFont(const TZyFont& Value) {
-  FFont.PushToUndoStack(FUndoStack, LoadResString(_sAxisFont));
+  FFont.PushToUndoStack(FUndo, LoadResString(_sAxisFont));
   FFont.Assign(&Value);
 }
 
 void TZyAxis::SetCaptionFont(const TZyFont& Value) {
-  CaptionFont().PushToUndoStack(FUndoStack, LoadResString(_sAxisCaptionFont));
+  CaptionFont().PushToUndoStack(FUndo, LoadResString(_sAxisCaptionFont));
   CaptionFont().Assign(&Value);
 }
 
-void TZyAxis::SetCaptionColor(TZyColor Value) {
-  if (Value == CaptionColor()) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sAxisCaptionColor), "CaptionColor");
+void TZyAxis::SetColor(TZyFont& Font, TZyColor Value) {
+  struct TSetting {
+    bool& Flag;
+    ~TSetting() { Flag = false; }
+  } const Setting{FSettingColor};
   FSettingColor = true;
-  CaptionFont().SetFillColor(Value);
-  FSettingColor = false;
-  DoInvalidate();
+  Font.SetFillColor(Value);
+}
+
+void TZyAxis::SetCaptionColor(TZyColor Value) {
+  ChangeBy(this, CaptionColor(), Value, "CaptionColor", [this](TZyColor Color) {
+    SetColor(CaptionFont(), Color);
+    DoInvalidate();
+  });
 }
 
 void TZyAxis::SetNumbersColor(TZyColor Value) {
-  if (Value == NumbersColor()) return;
-  if (FUndoStack != nullptr) FUndoStack->PushProperty(this, LoadResString(_sAxisNumbersColor), "NumbersColor");
-  FSettingColor = true;
-  FFont.SetFillColor(Value);
-  for (const auto& Label : FAxLabels) Label->CaptionFont().SetFillColor(Value);
-  FExtraExponentRec.CaptionFont().SetFillColor(Value);
-  FSettingColor = false;
-  DoInvalidate();
+  ChangeBy(this, NumbersColor(), Value, "NumbersColor", [this](TZyColor Color) {
+    SetColor(FFont, Color);
+    FLabels.SetColor(Color);
+    DoInvalidate();
+  });
 }
+
+// --- Rubrics --------------------------------------------------------------------------------------------------------
+
+void TZyAxis::SetRubrics(const TStringList* Value) { FRubrics.Set(Value); }
+
+void TZyAxis::SetRubricsField(const std::string& Value) { FRubrics.SetField(Value); }
+
+void TZyAxis::SetDataSource(TDataSource* Value) { FRubrics.SetDataSource(Value, IsLoading()); }
 
 // --- Kind of scale, and steps ---------------------------------------------------------------------------------------
 
+/// One step of undo for a property together with those that its setter changes too. Undo writes the values back from
+/// the last to the first.
+void TZyAxis::PushAll(TZyText Label, std::initializer_list<const char*> PropNames) {
+  if (FUndo == nullptr) return;
+  for (const char* PropName : PropNames) FUndo->PushProperty(this, LoadResString(Label), PropName);
+}
+
 void TZyAxis::SetScaling(TZyAxisScaling Value) {
-  if (Value == FScaling) return;
-  const bool ForcesParts = Value > TZyAxisScaling::LogEE && !FAutoTickParts;
-  const TAxisUndoGroup Group =
-      ForcesParts
-          ? TAxisUndoGroup(*this, _sAxisScaling, {"TickPart", "MajorTickPart", "LabelPart", "AutoTickParts", "Scaling"})
-          : TAxisUndoGroup(*this, _sAxisScaling, {"Scaling"});
-  FScaling = Value;
-  if (ForcesParts) FAutoTickParts = true;
-  FScale.HasLogScaling = HasLogKind();
-  if (TZyGraph2D* const Parent = Graph()) Parent->ZoomReset();
+  if (Value == Scaling()) return;
+  const TZyScaleKind& Kind = TZyScaleKind::Of(Value);
+  const TZyUndoGroup Group(FUndo, _sAxisScaling);
+  if (Kind.ChoosesOwnSteps() && !AutoTickParts()) {
+    PushAll(_sAxisScaling, {"TickPart", "MajorTickPart", "LabelPart", "AutoTickParts", "Scaling"});
+    FStepRules.AutoTickParts = true;
+  } else {
+    PushAll(_sAxisScaling, {"Scaling"});
+  }
+  FKind = &Kind;
+  FSteps.HasLogScaling = Kind.IsLogarithmic();
+  if (IZyAxisGraph* const Parent = Graph()) Parent->ZoomReset();
   Modified();
 }
 
 void TZyAxis::SetLogToNormalScalingLevel(double Value) {
   if (!std::isfinite(Value)) return;
-  Change(this, FLogToNormalScalingLevel, std::max(Value, 0.0), _sAxisLogToNormalScalingLevel, "LogToNormalScalingLevel",
-         HasLogKind() ? &TZyAxis::Modified : &TZyAxis::DoNothing);
+  Change(this, FStepRules.LogToNormalScalingLevel, std::max(Value, 0.0), "LogToNormalScalingLevel",
+         FKind->IsLogarithmic() ? &TZyAxis::Modified : &TZyAxis::DoNothing);
 }
 
 void TZyAxis::SetAutoTickParts(bool Value) {
-  if (Value == FAutoTickParts || (ChoosesOwnParts() && !Restoring())) return;
-  const TAxisUndoGroup Group(*this, _sAxisAutoTickParts, {"TickPart", "MajorTickPart", "LabelPart", "AutoTickParts"});
-  FAutoTickParts = Value;
+  if (Value == AutoTickParts() || (FKind->ChoosesOwnSteps() && !Restoring())) return;
+  const TZyUndoGroup Group(FUndo, _sAxisAutoTickParts);
+  PushAll(_sAxisAutoTickParts, {"TickPart", "MajorTickPart", "LabelPart", "AutoTickParts"});
+  FStepRules.AutoTickParts = Value;
   Modified();
 }
 
-void TZyAxis::SetTickPartTo(double& Field, double Value, TZyText Label, const char* PropName) {
+void TZyAxis::SetTickPartTo(double& Field, double Value, const char* PropName) {
   if (!std::isfinite(Value)) return;
   if (Restoring()) {
     Field = Value;
     return Modified();
   }
-  if (FAutoTickParts) return;
-  Change(this, Field, Value == 0 ? 0.001 : std::fabs(Value), Label, PropName, &TZyAxis::Modified);
+  if (FStepRules.AutoTickParts) return;
+  Change(this, Field, Value == 0 ? 0.001 : std::fabs(Value), PropName, &TZyAxis::Modified);
 }
 
-void TZyAxis::SetLabelPart(double Value) { SetTickPartTo(FScale.LabelPart, Value, _sAxisLabelPart, "LabelPart"); }
+void TZyAxis::SetLabelPart(double Value) { SetTickPartTo(FSteps.LabelPart, Value, "LabelPart"); }
 
-void TZyAxis::SetMajorTickPart(double Value) {
-  SetTickPartTo(FScale.MajorTickPart, Value, _sAxisMajorTickPart, "MajorTickPart");
-}
+void TZyAxis::SetMajorTickPart(double Value) { SetTickPartTo(FSteps.MajorTickPart, Value, "MajorTickPart"); }
 
-void TZyAxis::SetTickPart(double Value) { SetTickPartTo(FScale.TickPart, Value, _sAxisTickPart, "TickPart"); }
+void TZyAxis::SetTickPart(double Value) { SetTickPartTo(FSteps.TickPart, Value, "TickPart"); }
 
 void TZyAxis::SetTickTable(const TZyTickTable& Value) {
-  if (Value == FTickTable) return;
-  FTickTable = Value;
+  if (Value == FStepRules.TickTable) return;
+  FStepRules.TickTable = Value;
   Modified();
 }
 
 void TZyAxis::SetDateTimeFormats(const TZyDateTimeFormats& Value) {
-  if (Value == FDateTimeFormats) return;
-  FDateTimeFormats = Value;
+  if (Value == FStepRules.DateTimeFormats) return;
+  FStepRules.DateTimeFormats = Value;
   Modified();
 }
 
 void TZyAxis::SetMajorGridMode(TZyMajorGridMode Value) {
-  Change(this, FMajorGridMode, Value, _sMajorGridMode, "MajorGridMode", &TZyAxis::Modified);
+  Change(this, FMajorGridMode, Value, "MajorGridMode", &TZyAxis::Modified);
 }
 
-void TZyAxis::SetReal(double& Field, double Value, TZyText Label, const char* PropName) {
-  if (std::isfinite(Value)) Change(this, Field, Value, Label, PropName, &TZyAxis::Modified);
+void TZyAxis::SetReal(double& Field, double Value, const char* PropName) {
+  if (std::isfinite(Value)) Change(this, Field, Value, PropName, &TZyAxis::Modified);
 }
 
 void TZyAxis::SetMaxForExtraExponent(double Value) {
-  SetReal(FMaxForExtraExponent, Value, _sAxisMaxForExtraExponent, "MaxForExtraExponent");
+  SetReal(FStepRules.MaxForExtraExponent, Value, "MaxForExtraExponent");
 }
 
 void TZyAxis::SetMinForExtraExponent(double Value) {
-  SetReal(FMinForExtraExponent, Value, _sAxisMinForExtraExponent, "MinForExtraExponent");
+  SetReal(FStepRules.MinForExtraExponent, Value, "MinForExtraExponent");
 }
 
 // --- Master and slave -----------------------------------------------------------------------------------------------
@@ -260,21 +274,19 @@ void TZyAxis::SetMasterAxis(TZyAxis* Value) {
     return Modified();
   }
   if (Value != nullptr && (Value->GetHorizontal() != GetHorizontal() || Value->IsSlave())) return;
-  const TAxisUndoGroup Group =
-      FIsSlaveAxis ? TAxisUndoGroup(*this, _sAxisMasterAxis, {"IsSlaveAxis", "MasterAxis"})
-                   : TAxisUndoGroup(*this, _sAxisMasterAxis, {"Start", "Stop", "Scaling", "IsSlaveAxis", "MasterAxis"});
+  const TZyUndoGroup Group(FUndo, _sAxisMasterAxis);
+  if (!FIsSlaveAxis) PushAll(_sAxisMasterAxis, {"Start", "Stop", "Scaling"});
+  PushAll(_sAxisMasterAxis, {"IsSlaveAxis", "MasterAxis"});
   FMasterAxis = Value;
   FIsSlaveAxis = Value != nullptr;
   Modified();
 }
 
-void TZyAxis::SetIsSlaveAxis(bool Value) {
-  Change(this, FIsSlaveAxis, Value, _sAxisIsSlaveAxis, "IsSlaveAxis", &TZyAxis::Modified);
-}
+void TZyAxis::SetIsSlaveAxis(bool Value) { Change(this, FIsSlaveAxis, Value, "IsSlaveAxis", &TZyAxis::Modified); }
 
-void TZyAxis::SetSlaveSlope(double Value) { SetReal(FSlaveSlope, Value, _sAxisSlaveSlope, "SlaveSlope"); }
+void TZyAxis::SetSlaveSlope(double Value) { SetReal(FSlaveSlope, Value, "SlaveSlope"); }
 
-void TZyAxis::SetSlaveOffset(double Value) { SetReal(FSlaveOffset, Value, _sAxisSlaveOffset, "SlaveOffset"); }
+void TZyAxis::SetSlaveOffset(double Value) { SetReal(FSlaveOffset, Value, "SlaveOffset"); }
 
 void TZyAxis::SetAutoSize(bool Value) {
   if (Value == AutoSize()) return;

@@ -1,74 +1,74 @@
-// The texts of a rubric axis, by hand or from a field of a data set.
+#include "axes/ZyAxisRubrics.h"
 
-#include "axes/ZyAxis.h"
 #include "platform/data/TDataSet.h"
 #include "texts/Exceptions.h"
-#include "undo/ZyUndoStack.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 
-void TZyAxis::SetUpRubrics() {
-  FRubrics.OnChanging = [this](TObject*) {
-    if (!FReadingRubrics && FUndoStack != nullptr)
-      FUndoStack->PushProperty(this, LoadResString(_sAxisRubrics), "Rubrics");
+void TZyAxisRubrics::Listen(std::function<void()> OnChanging, std::function<void()> OnChange) {
+  FTexts.OnChanging = [this, Tell = std::move(OnChanging)](TObject*) {
+    if (!FIsReading) Tell();
   };
-  FRubrics.OnChange = [this](TObject*) {
-    if (!FReadingRubrics) Modified();
+  FTexts.OnChange = [this, Tell = std::move(OnChange)](TObject*) {
+    if (!FIsReading) Tell();
   };
-  FRubricsLink.SetOnDataChange([this] {
-    if (!FReadingRubrics) DBModified();
+  FLink.SetOnDataChange([this] {
+    if (!FIsReading) NewData();
   });
 }
 
-void TZyAxis::SetRubrics(const TStringList* Value) {
+void TZyAxisRubrics::Set(const TStringList* Value) {
   if (Value == nullptr) {
-    FRubrics.Clear();
+    FTexts.Clear();
     return;
   }
-  if (FDBData) throw Exception(LoadResString(_sRubricsDB));
-  FRubrics.Assign(Value);
+  if (FIsBound) throw Exception(LoadResString(_sRubricsDB));
+  FTexts.Assign(Value);
 }
 
-void TZyAxis::SetRubricsField(const std::string& Value) {
-  if (Value == RubricsField()) return;
-  FRubricsLink.SetFieldName(Value);
-  FDBData = true;
-  DBModified();
+void TZyAxisRubrics::SetField(const std::string& Value) {
+  if (Value == FLink.FieldName()) return;
+  FLink.SetFieldName(Value);
+  FIsBound = true;
+  NewData();
 }
 
-void TZyAxis::SetDataSource(TDataSource* Value) {
-  if (Value == DataSource()) return;
-  if (!FRubricsLink.DataSourceFixed() || !IsLoading()) FRubricsLink.SetDataSource(Value);
+void TZyAxisRubrics::SetDataSource(TDataSource* Value, bool IsLoading) {
+  if (Value == FLink.DataSource()) return;
+  if (!FLink.DataSourceFixed() || !IsLoading) FLink.SetDataSource(Value);
   FDataSource = Value;
-  FDBData = Value != nullptr;
-  if (FDBData) DBModified();
+  FIsBound = Value != nullptr;
+  if (FIsBound) NewData();
 }
 
-void TZyAxis::DBModified() {
-  FRubricsChanged = true;
-  if (FScaling == TZyAxisScaling::Rubrics) Modified();
+void TZyAxisRubrics::NewData() {
+  FIsStale = true;
+  FOnNewData();
 }
 
-/// Reads into a list of its own, so that a walk that fails half way leaves the texts as they are.
-void TZyAxis::UpdateDB() {
-  if (!FDBData || !FRubricsChanged || FReadingRubrics) return;
-  TDataSet* const DataSet = FRubricsLink.DataSet();
+void TZyAxisRubrics::Update() {
+  if (!FIsBound || !FIsStale || FIsReading) return;
+  TDataSet* const DataSet = FLink.DataSet();
   if (DataSet != nullptr && !DataSet->CanWalk()) return;
-  if (DataSet == nullptr || FRubricsLink.Field() == nullptr) {
-    FDBData = false;
+  if (DataSet == nullptr || FLink.Field() == nullptr) {
+    FIsBound = false;
     return;
   }
-  FReadingRubrics = true;
-  FRubricsChanged = false;
+  struct TReading {
+    bool& Flag;
+    ~TReading() { Flag = false; }
+  } const Reading{FIsReading};
+  FIsReading = true;
+  FIsStale = false;
   try {
     TStringList Texts;
-    const TField& Field = *FRubricsLink.Field();
+    const TField& Field = *FLink.Field();
     DataSet->Walk([&] { Texts.Add(Field.IsNull() ? std::string() : Field.AsString()); });
-    FRubrics.Assign(&Texts);
+    FTexts.Assign(&Texts);
   } catch (const EDatabaseError& Error) {
-    FRubricsLink.SetError(Error.what());
+    FLink.SetError(Error.what());
   }
-  FReadingRubrics = false;
 }
 
 }  // namespace zy

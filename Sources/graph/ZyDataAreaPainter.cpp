@@ -76,10 +76,9 @@ void TZyDataAreaPainter::PaintVerticalGrid() const {
     if (!Grid.Visible()) return;
     const auto GridPen = Grid.GetPen(FLook.Area, 0);
     if (FIsRoom) Smooth(IsSmoothLine(Grid));
-    const auto& Ticks = FLook.X.Ticks();
-    for (std::size_t Index = 0; Index < Ticks.size(); ++Index) {
-      if (FLook.X.MajorGridTicks()[Index] != Major) continue;
-      const float Place = GridPlace(Ticks[Index]);
+    for (const TZyTick& Tick : FLook.X.Ticks()) {
+      if (Tick.Grid != Major) continue;
+      const float Place = GridPlace(Tick.Position);
       if (!FIsRoom) {
         FGr.DrawLine(*GridPen, Place, Top, Place, Bottom);
         continue;
@@ -99,10 +98,9 @@ void TZyDataAreaPainter::PaintHorizontalGrid() const {
     if (!Grid.Visible() && !HasEdges) return;
     const auto GridPen = Grid.GetPen(FLook.Area, 0);
     if (FIsRoom) Smooth(IsSmoothLine(Grid));
-    const auto& Ticks = FLook.Y.Ticks();
-    for (std::size_t Index = 0; Grid.Visible() && Index < Ticks.size(); ++Index) {
-      if (FLook.Y.MajorGridTicks()[Index] != Major) continue;
-      const float Place = GridPlace(Ticks[Index]);
+    for (const TZyTick& Tick : FLook.Y.Ticks()) {
+      if (!Grid.Visible() || Tick.Grid != Major) continue;
+      const float Place = GridPlace(Tick.Position);
       if (!FIsRoom) {
         FGr.DrawLine(*GridPen, Left, Place, Right, Place);
         continue;

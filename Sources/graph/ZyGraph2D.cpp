@@ -360,4 +360,36 @@ void TZyGraph2D::PlaceTitle() {
   }
 }
 
+// --- For axes and the layout pass -----------------------------------------------------------------------------------
+
+void TZyGraph2D::EndUserZoom(bool Horizontal) {
+  FZoom.SetAuto(false);
+  if (Horizontal) {
+    FZoom.SetHScrollbarVisible(false);
+  } else {
+    FZoom.SetVScrollbarVisible(false);
+  }
+}
+
+bool TZyGraph2D::MayScroll(bool Horizontal) const {
+  return Horizontal ? FZoom.HScrollbarVisible() : FZoom.VScrollbarVisible();
+}
+
+std::vector<TZyAxis*> TZyGraph2D::AxesToLayOut() const {
+  std::vector<TZyAxis*> Result;
+  for (TZyAxis* Axis : AllAxes()) Result.push_back(Axis);
+  return Result;
+}
+
+std::vector<IZyAxisGraph*> TZyGraph2D::GraphsOnXAxis() const {
+  std::vector<IZyAxisGraph*> Result;
+  for (TZyGraph2D* Child : ChildGraphs()) Result.push_back(Child);
+  return Result;
+}
+
+float TZyGraph2D::BelowTitle(float Top) const {
+  if (!CaptionVisible() || Caption().empty()) return Top;
+  return std::ceil(Top + FTitleRec.Height() + CaptionDistanceBefore() + CaptionDistanceAfter());
+}
+
 }  // namespace zy

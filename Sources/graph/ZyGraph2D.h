@@ -11,6 +11,7 @@
 #include "graph/ZyGraphGestures.h"
 #include "graph/ZyGraphZoom.h"
 #include "graph/ZyZoomSettings.h"
+#include "graph/parts/ZyAxisGraph.h"
 #include "graph/styles/ZyStyles.h"
 #include "platform/controls/TScrollBar.h"
 #include "platform/drawing/Geometry.h"
@@ -41,13 +42,13 @@ struct TZyFindSeriesPointResult {
 ///
 /// What it does with them is done by parts: TZyGraphPainter draws, TZyGraphGestures follows mouse and keys,
 /// TZyGraphZoom moves the ranges, TZyGraphCoupling knows the graphs that share the X axis, TZyGraphPicture makes files.
-class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, private IZyGestureTarget {
+class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGraph, private IZyGestureTarget {
   ZY_CLASS(TZyGraph2D, TZyCustomGraph)
   explicit TZyGraph2D(TComponent* Owner = nullptr);
   ~TZyGraph2D() override;
 
   /// Whether the axes cross at the value 0 instead of standing beside the data area.
-  bool ZeroOrigin() const { return FZeroOrigin; }
+  bool ZeroOrigin() const override { return FZeroOrigin; }
   void SetZeroOrigin(bool Value);
   TZyColor DataAreaColor() const { return FDataAreaColor; }
   void SetDataAreaColor(TZyColor Value);
@@ -57,18 +58,18 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, private IZyGestu
   TZyLineSettings& MinorGridHorizontal() { return *FMinorGridHorizontal; }
   TZyLineSettings& MajorGridVertical() { return *FMajorGridVertical; }
   TZyLineSettings& MinorGridVertical() { return *FMinorGridVertical; }
-  TZyAxis* PrimaryXAxis() const { return FPrimaryXAxis; }
+  TZyAxis* PrimaryXAxis() const override { return FPrimaryXAxis; }
   void SetPrimaryXAxis(TZyAxis* Value);
-  TZyAxis* PrimaryYAxis() const { return FPrimaryYAxis; }
+  TZyAxis* PrimaryYAxis() const override { return FPrimaryYAxis; }
   void SetPrimaryYAxis(TZyAxis* Value);
   /// Margins in pixels to the control's edges.
-  float DistanceBorderAxisTop() const { return FDistanceBorderAxisTop; }
+  float DistanceBorderAxisTop() const override { return FDistanceBorderAxisTop; }
   void SetDistanceBorderAxisTop(float Value);
-  float DistanceBorderAxisBottom() const { return FDistanceBorderAxisBottom; }
+  float DistanceBorderAxisBottom() const override { return FDistanceBorderAxisBottom; }
   void SetDistanceBorderAxisBottom(float Value);
-  float DistanceBorderAxisLeft() const { return FDistanceBorderAxisLeft; }
+  float DistanceBorderAxisLeft() const override { return FDistanceBorderAxisLeft; }
   void SetDistanceBorderAxisLeft(float Value);
-  float DistanceBorderAxisRight() const { return FDistanceBorderAxisRight; }
+  float DistanceBorderAxisRight() const override { return FDistanceBorderAxisRight; }
   void SetDistanceBorderAxisRight(float Value);
   TZyUndoStack* UndoStack() const override { return TZyCustomGraph::UndoStack(); }
   void SetUndoStack(TZyUndoStack* Value) override;
@@ -76,8 +77,8 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, private IZyGestu
   const TZyZoomSettings& Zoom() const override { return FZoom; }
   /// The scroll bars, owned by the graph; they appear while data lie outside the visible ranges. Null in a graph that
   /// was made in a form designer.
-  TScrollBar* HorizontalScrollBar() const { return FHorizontalScrollBar; }
-  TScrollBar* VerticalScrollbar() const { return FVerticalScrollbar; }
+  TScrollBar* HorizontalScrollBar() const override { return FHorizontalScrollBar; }
+  TScrollBar* VerticalScrollbar() const override { return FVerticalScrollbar; }
   /// Around a frame, a turn of the wheel or a pinch that zooms, and around a pan. A frame that comes to nothing has no
   /// end. A handler may free the graph.
   const TNotifyEvent& OnBeginZoom() const { return FOnBeginZoom; }
@@ -160,7 +161,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, private IZyGestu
   void PaintTitle(Graphics& Gr) { FTitleRec.PaintGr(Gr); }
 
   /// The series have to compute their pixels anew.
-  void SeriesModified();
+  void SeriesModified() override;
   /// Makes the primary axes where they are missing.
   void TestPrimaryAxis();
   /// Takes new data of the series into the ranges of the axes.
@@ -187,7 +188,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, private IZyGestu
   void RepaintChildGraphs();
 
   /// The data area in client pixels; width and height count one pixel more than the distance between the edges.
-  const RectF& DrawingArea() const { return FDrawingArea; }
+  const RectF& DrawingArea() const override { return FDrawingArea; }
   /// The series of the graph in drawing order. They enter and leave by themselves; AddRelatedSeries says whether one
   /// was new.
   const TRefList<TZySeries>& RelatedSeries() const { return FRelatedSeries; }
@@ -210,7 +211,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, private IZyGestu
   const TRefList<TZyGraph2D>& ChildGraphs() const { return FCoupling.Children(); }
   bool HasChildGraphs() const { return !ChildGraphs().empty(); }
   /// Whether the graph's X axis is the child of another graph.
-  bool IsCoupledGraph() const { return FCoupling.IsCoupled(); }
+  bool IsCoupledGraph() const override { return FCoupling.IsCoupled(); }
   /// The graph whose X axis this one uses, null for one with an axis of its own.
   TZyGraph2D* MasterGraph() const { return FCoupling.Master(); }
   /// All other graphs on the same X axis; and all, from the top of their common picture to its bottom.
@@ -221,32 +222,41 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, private IZyGestu
   /// rounded during these.
   bool Zooming() const { return FGestures.Kind() == TZyGraphGestures::TKind::Frame; }
   bool Panning() const override { return FPanning; }
-  bool Pinching() const { return FPinching; }
+  bool Pinching() const override { return FPinching; }
   /// Also of coupled graphs.
   void SetPanning(bool Value);
   /// While the graph paints for a printer or a file: places of ticks and grid lines keep their fractions.
-  bool DoingMetafile() const { return FDoingMetafile; }
+  bool DoingMetafile() const override { return FDoingMetafile; }
   void SetDoingMetafile(bool Value) { FDoingMetafile = Value; }
   /// While TestPrimaryAxis makes the default axes.
-  bool DoingPrimary() const { return FDoingPrimary; }
+  bool DoingPrimary() const override { return FDoingPrimary; }
   /// While the graph reads its record; axes ignore changes of ranges then.
-  bool LoadingRecord() const { return FLoadingRecord; }
+  bool LoadingRecord() const override { return FLoadingRecord; }
   bool NeedsRecalculate() const { return FNeedsRecalculate; }
   /// Whether solids are drawn with walls behind them: there is a data area in a colour of its own, or a grid.
-  bool ShowsWalls() const;
+  bool ShowsWalls() const override;
 
   /// While the form is designed, a new graph gets dashed grids, and its axes the undo stack of the graph.
   void SetName(const std::string& Value) override;
 
-  // For the layout pass.
-  void SetDrawingArea(const RectF& Value) { FDrawingArea = Value; }
+  // For axes and the layout pass.
+  TWinControl& Control() override { return *this; }
+  void BeginUpdate() override { TZyCustomGraph::BeginUpdate(); }
+  void EndUpdate() override { TZyCustomGraph::EndUpdate(); }
+  bool Updating() const override { return TZyCustomGraph::Updating(); }
+  void EndUserZoom(bool Horizontal) override;
+  bool MayScroll(bool Horizontal) const override;
+  bool HasBorder() const override { return BorderStyle() == bsSingle; }
+  std::vector<TZyAxis*> AxesToLayOut() const override;
+  std::vector<IZyAxisGraph*> GraphsOnXAxis() const override;
+  float BelowTitle(float Top) const override;
+  void SetDrawingArea(const RectF& Value) override { FDrawingArea = Value; }
   /// Which scroll bars the end of the next paint shows.
-  void SetDoScrollBars(bool Horizontal, bool Vertical) {
+  void SetDoScrollBars(bool Horizontal, bool Vertical) override {
     FDoHScrollBar = Horizontal;
     FDoVScrollBar = Vertical;
   }
-  float TitleHeight() const { return FTitleRec.Height(); }
-  void PlaceTitle();
+  void PlaceTitle() override;
 
  protected:
   void BoundsChanged() override;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "graph/parts/ZyGraphParts.h"
 #include "platform/controls/ControlTypes.h"
 #include "platform/controls/Cursors.h"
 #include "platform/framework/EnumInfo.h"
@@ -13,10 +14,6 @@ class TZyUndoStack;
 /// The way from stage to stage: a ring goes round at its ends, a stack stops there.
 enum class TZyZoomBufferType { AsCircularBuffer, AsStack };
 ZY_ENUM(TZyZoomBufferType, "AsCircularBuffer", "AsStack")
-
-/// What a step of a scroll bar moves by: the visible range, the distance of two ticks, a pixel.
-enum class TZyScrollIncrement { Page, MajorTick, MinorTick, Pixel };
-ZY_ENUM(TZyScrollIncrement, "Page", "MajorTick", "MinorTick", "Pixel")
 
 /// When turning the mouse wheel over a chart zooms it. Otherwise the wheel goes on to what holds the chart, as to a
 /// page that scrolls.

@@ -19,6 +19,8 @@
 
 namespace zy {
 
+class TPropInfo;
+
 /// Who a stored object is: its class, empty where the record does not tell it, and its reference (GetComponentRef).
 struct TZyIdentity {
   std::string ClassName;
@@ -94,6 +96,10 @@ class TZyArchive {
     return Take(Name, Member);
   }
 
+  /// Properties by the rows of the object's table, in the order of the names, which have blanks between them. The
+  /// stored name is that of the property. Settings objects are parts.
+  void Properties(TPersistent& Object, std::string_view Names);
+
   // ---- References ----
 
   /// The first row of a record: the reference of the object. A reader drops it, since whoever reads has found the
@@ -135,6 +141,14 @@ class TZyArchive {
   template <std::invocable TFields>
   void Level(const TZyFieldName& Name, TFields Fields) {
     Within({TZyScope::Level, Name}, Fields);
+  }
+
+  /// A level that is the properties of those names, and ends the record of its class.
+  void Level(const TZyFieldName& Name, TPersistent& Object, std::string_view Names) {
+    Level(Name, [&] {
+      Properties(Object, Names);
+      EndRecord();
+    });
   }
 
   /// One of two groups of fields. The stream has a flag; XML tells by whether the node of that name is there, which the
@@ -238,6 +252,8 @@ class TZyArchive {
     End();
   }
   bool Begin(const TZyScope& Scope);
+  void Property(TPersistent& Object, const TPropInfo& Row);
+  void Reference(TPersistent& Object, const TPropInfo& Row, const TZyFieldName& Name);
   void End();
 
   template <class T>

@@ -34,11 +34,7 @@ double TZyBubbles::GetR(int Idx) const { return std::fabs(FRadius.Transform(std:
 
 void TZyBubbles::Fields(TZyArchive& Archive) {
   TZySeries::Fields(Archive);
-  Archive.Level("Bubbles", [&] {
-    Archive.Field<&TZyBubbles::Elliptical, &TZyBubbles::SetElliptical>(*this, "Elliptical");
-    FRadius.Fields(Archive, "RadiusData");
-    Archive.EndRecord();
-  });
+  Archive.Level("Bubbles", *this, "Elliptical RadiusData");
 }
 
 /// The Y range first: a radius in Y gives the same pixels along X by the spans of both. Where the spans have no ratio,

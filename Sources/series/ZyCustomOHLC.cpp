@@ -6,8 +6,6 @@
 #include "graph/ZyGraph2D.h"
 #include "persistence/ZyArchive.h"
 #include "platform/framework/TPropInfo.h"
-#include "series/vectors/ZyDoubleVector.h"
-#include "undo/ZyChange.h"
 #include "undo/ZyUndoGroup.h"
 
 namespace zy {
@@ -27,17 +25,6 @@ ZY_PUBLISHED(
 
 TZyCustomOHLC::TZyCustomOHLC(TComponent* Owner) : TZySeries(Owner) { FY.SetUse(TZyInputUse::Needed); }
 
-void TZyCustomOHLC::SetWidth(float& Field, float Value, const char* PropName) {
-  Change(this, Field, Value, PropName, &TZyCustomOHLC::LookModified);
-}
-
-void TZyCustomOHLC::LookModified() {
-  Invalidate();
-  LegendsModified();
-}
-
-void TZyCustomOHLC::SetBarWidth(float Value) { SetWidth(FBarWidth, Value > 0 ? Value : 1, "BarWidth"); }
-
 void TZyCustomOHLC::SetCloseData(TZyCustomDoubleVector* Value) {
   if (Value == YData()) return;
   const TZyUndoGroup Group(UndoStack(), _sCustomOHLCCloseData);
@@ -46,13 +33,7 @@ void TZyCustomOHLC::SetCloseData(TZyCustomDoubleVector* Value) {
 
 void TZyCustomOHLC::Fields(TZyArchive& Archive) {
   TZySeries::Fields(Archive);
-  Archive.Level("CustomOHLC", [&] {
-    FOpen.Fields(Archive, "OpenData");
-    FHigh.Fields(Archive, "HighData");
-    FLow.Fields(Archive, "LowData");
-    Archive.Field<&TZyCustomOHLC::BarWidth, &TZyCustomOHLC::SetBarWidth>(*this, "BarWidth");
-    Archive.EndRecord();
-  });
+  Archive.Level("CustomOHLC", *this, "OpenData HighData LowData BarWidth");
 }
 
 void TZyCustomOHLC::TakeRanges(TRange& X, TRange& Y) {
@@ -112,15 +93,12 @@ void TZyCustomOHLC::AddSampleData() {
     Open.push_back(Low.back() + Random() * (High.back() - Low.back()));
   }
   const double Least = *std::ranges::min_element(Low), Scale = Span / (*std::ranges::max_element(High) - Least);
-  const auto Fill = [&](TZyCustomDoubleVector* Data, const std::vector<double>& Values) {
-    auto* const Vector = dynamic_cast<TZyDoubleVector*>(Data);
-    if (Vector == nullptr || Vector->Count() > 0) return;
-    for (const double Value : Values) Vector->Add((Value - Least) * Scale + Start);
-  };
-  Fill(LowData(), Low);
-  Fill(HighData(), High);
-  Fill(CloseData(), Close);
-  Fill(OpenData(), Open);
+  for (std::vector<double>* Values : {&Low, &High, &Close, &Open})
+    for (double& Value : *Values) Value = (Value - Least) * Scale + Start;
+  FillValues(LowData(), Low);
+  FillValues(HighData(), High);
+  FillValues(CloseData(), Close);
+  FillValues(OpenData(), Open);
   FillSample(XData(), FXAxis->Start(), (FXAxis->Stop() - FXAxis->Start()) / Steps, 0.2, FXAxis->Stop());
   FYAxis->ShrinkOtherYs();
 }

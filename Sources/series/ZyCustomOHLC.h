@@ -10,7 +10,7 @@ class TZyCustomOHLC : public TZySeries {
 
   /// Width of a bar in pixels; 0 and less is stored as 1.
   float BarWidth() const { return FBarWidth; }
-  void SetBarWidth(float Value);
+  void SetBarWidth(float Value) { SetLook(FBarWidth, Value > 0 ? Value : 1, "BarWidth"); }
   TZyCustomDoubleVector* LowData() const { return FLow.Vector(); }
   void SetLowData(TZyCustomDoubleVector* Value) { SetInput(FLow, Value); }
   TZyCustomDoubleVector* OpenData() const { return FOpen.Vector(); }
@@ -53,7 +53,6 @@ class TZyCustomOHLC : public TZySeries {
   explicit TZyCustomOHLC(TComponent* Owner);
   /// Pixels by which a bar reaches beyond its width at both sides.
   virtual float Overhang() const { return 0; }
-  void SetWidth(float& Field, float Value, const char* PropName);
 
   void TakeRanges(TRange& X, TRange& Y) override;
   void KeepPixels(int Count) override;
@@ -61,8 +60,6 @@ class TZyCustomOHLC : public TZySeries {
   void AddSampleData() override;
 
  private:
-  void LookModified();
-
   float FBarWidth = 4;
   TZySeriesInput FLow{*this, "LowData", TZyInputUse::Needed};
   TZySeriesInput FOpen{*this, "OpenData", TZyInputUse::Needed};

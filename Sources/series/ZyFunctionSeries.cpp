@@ -71,23 +71,10 @@ void TZyFunctionSeries::RegisterVariables() {
 }
 
 void TZyFunctionSeries::Fields(TZyArchive& Archive) {
-  using T = TZyFunctionSeries;
   TZyLineSeries::Fields(Archive);
-  Archive.Level("FunctionSeries", [&] {
-    FWeight.Fields(Archive, "Weight");
-    Archive.Field<&T::AutoStart, &T::SetAutoStart>(*this, "AutoStart");
-    Archive.Field<&T::AutoStop, &T::SetAutoStop>(*this, "AutoStop");
-    Archive.Field<&T::DisplayAutoStart, &T::SetDisplayAutoStart>(*this, "DisplayAutoStart");
-    Archive.Field<&T::DisplayAutoStop, &T::SetDisplayAutoStop>(*this, "DisplayAutoStop");
-    Archive.Field<&T::CalculationStart, &T::SetCalculationStart>(*this, "CalculationStart");
-    Archive.Field<&T::CalculationStop, &T::SetCalculationStop>(*this, "CalculationStop");
-    Archive.Field<&T::DisplayStart, &T::SetDisplayStart>(*this, "DisplayStart");
-    Archive.Field<&T::DisplayStop, &T::SetDisplayStop>(*this, "DisplayStop");
-    Archive.Field<&T::CoupleCalculationAndDisplay, &T::SetCoupleCalculationAndDisplay>(*this,
-                                                                                       "CoupleCalculationAndDisplay");
-    Archive.Field<&T::ClipYValues, &T::SetClipYValues>(*this, "ClipYValues");
-    Archive.EndRecord();
-  });
+  Archive.Level("FunctionSeries", *this,
+                "Weight AutoStart AutoStop DisplayAutoStart DisplayAutoStop CalculationStart CalculationStop "
+                "DisplayStart DisplayStop CoupleCalculationAndDisplay ClipYValues");
 }
 
 // --- Calculation ----------------------------------------------------------------------------------------------------
@@ -173,8 +160,7 @@ void TZyFunctionSeries::CalculateFunction() {
 /// Whether the Y axis has a visible series of data, to whose scale the curve then keeps.
 bool TZyFunctionSeries::AnyOtherSeries() const {
   if (FYAxis == nullptr) return false;
-  const auto& Series = FYAxis->RelatedSeries();
-  return std::any_of(Series.begin(), Series.end(), [](const TZySeries* Each) {
+  return std::ranges::any_of(FYAxis->RelatedSeries(), [](const IZyAxisSeries* Each) {
     return dynamic_cast<const TZyFunctionSeries*>(Each) == nullptr && Each->SeriesVisible();
   });
 }
@@ -267,18 +253,6 @@ void TZyFunctionSeries::SetCoupleCalculationAndDisplay(bool Value) {
   if (SetAuto(FCoupleCalculationAndDisplay, Value, {"CoupleCalculationAndDisplay", "DisplayStop", "DisplayStart"}))
     CalculationModified();
 }
-
-void TZyFunctionSeries::SetClipYValues(bool Value) {
-  Change(this, FClipYValues, Value, "ClipYValues", &TZyFunctionSeries::CalculationModified);
-}
-
-void TZyFunctionSeries::SetLimit(double& Field, double Value, const char* PropName) {
-  Change(this, Field, Value, PropName, &TZyFunctionSeries::CalculationModified);
-}
-
-void TZyFunctionSeries::SetCalculationStart(double Value) { SetLimit(FCalcStart, Value, "CalculationStart"); }
-
-void TZyFunctionSeries::SetCalculationStop(double Value) { SetLimit(FCalcStop, Value, "CalculationStop"); }
 
 /// Within the data only other pixels are shown; beyond them the range of the series grows.
 void TZyFunctionSeries::SetDisplayLimit(double& Field, double Value, const char* PropName, bool LiesOutside) {

@@ -36,9 +36,9 @@ class TZyFunctionSeries : public TZyLineSeries {
   bool AutoStop() const { return FAutoStop; }
   void SetAutoStop(bool Value);
   double CalculationStart() const { return FCalcStart; }
-  void SetCalculationStart(double Value);
+  void SetCalculationStart(double Value) { SetSetting(FCalcStart, Value, "CalculationStart"); }
   double CalculationStop() const { return FCalcStop; }
-  void SetCalculationStop(double Value);
+  void SetCalculationStop(double Value) { SetSetting(FCalcStop, Value, "CalculationStop"); }
   /// Whether the curve is shown over the range of the calculation; else over one of its own.
   bool CoupleCalculationAndDisplay() const { return FCoupleCalculationAndDisplay; }
   void SetCoupleCalculationAndDisplay(bool Value);
@@ -52,7 +52,7 @@ class TZyFunctionSeries : public TZyLineSeries {
   void SetDisplayStop(double Value);
   /// Whether the curve leaves the Y axis to the other series there, and is cut where it leaves the data area.
   bool ClipYValues() const { return FClipYValues; }
-  void SetClipYValues(bool Value);
+  void SetClipYValues(bool Value) { SetSetting(FClipYValues, Value, "ClipYValues"); }
   /// Runs after each calculation that succeeded.
   const TNotifyEvent& OnCalculated() const { return mCalculated; }
   void SetOnCalculated(TNotifyEvent Value) { mCalculated = std::move(Value); }
@@ -86,7 +86,11 @@ class TZyFunctionSeries : public TZyLineSeries {
  protected:
   TZyFunctionSeries(TComponent* Owner, std::unique_ptr<TZyCalculation> Calculation);
   TZyCalculation& Calculation() const { return *FCalculation; }
-  /// What a setter of a setting of the calculation ends with: the next paint calculates.
+  /// The setter of a setting of the calculation: the next paint calculates.
+  template <class TField, class TValue>
+  void SetSetting(TField& Field, TValue Value, const char* PropName) {
+    Change(this, Field, Value, PropName, &TZyFunctionSeries::CalculationModified);
+  }
   void CalculationModified() { SetLastCount(0); }
 
   void TakeNewPixels() override;
@@ -100,7 +104,6 @@ class TZyFunctionSeries : public TZyLineSeries {
   template <class TSample>
   void Sample(double Start, double Stop, const TSample& Do) const;
   bool SetAuto(bool& Field, bool Value, std::initializer_list<std::string_view> Names);
-  void SetLimit(double& Field, double Value, const char* PropName);
   void SetDisplayLimit(double& Field, double Value, const char* PropName, bool LiesOutside);
 
   std::unique_ptr<TZyCalculation> FCalculation;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
+
 #include "analysis/curves/ZyMovingAverageCalculation.h"
 #include "series/ZyFunctionSeries.h"
 
@@ -12,17 +15,23 @@ class TZyMovingAverage : public TZyFunctionSeries {
   explicit TZyMovingAverage(TComponent* Owner = nullptr);
 
   TZyAveragingMethod AveragingMethod() const { return FAvg.AveragingMethod; }
-  void SetAveragingMethod(TZyAveragingMethod Value);
+  void SetAveragingMethod(TZyAveragingMethod Value) { SetSetting(FAvg.AveragingMethod, Value, "AveragingMethod"); }
   TZyAveragingDirection AveragingDirection() const { return FAvg.AveragingDirection; }
-  void SetAveragingDirection(TZyAveragingDirection Value);
+  void SetAveragingDirection(TZyAveragingDirection Value) {
+    SetSetting(FAvg.AveragingDirection, Value, "AveragingDirection");
+  }
   TZyAveragingRangeMethod AveragingRangeMethod() const { return FAvg.AveragingRangeMethod; }
-  void SetAveragingRangeMethod(TZyAveragingRangeMethod Value);
+  void SetAveragingRangeMethod(TZyAveragingRangeMethod Value) {
+    SetSetting(FAvg.AveragingRangeMethod, Value, "AveragingRangeMethod");
+  }
   /// Stored as a magnitude.
   double N() const { return FAvg.N; }
-  void SetN(double Value);
+  void SetN(double Value) { SetSetting(FAvg.N, std::fabs(Value), "N"); }
   /// Stored as a magnitude of up to 1.
   double ExponentialFactorForN() const { return FAvg.ExponentialFactorForN; }
-  void SetExponentialFactorForN(double Value);
+  void SetExponentialFactorForN(double Value) {
+    SetSetting(FAvg.ExponentialFactorForN, std::min(std::fabs(Value), 1.0), "ExponentialFactorForN");
+  }
 
   double GetY(double AtX) const override { return FAvg.GetY(AtX); }
   std::string GetFormula() const override;
@@ -30,9 +39,6 @@ class TZyMovingAverage : public TZyFunctionSeries {
   void Fields(TZyArchive& Archive) override;
 
  private:
-  template <class TField, class TValue>
-  void ChangeSetting(TField& Field, TValue Value, const char* PropName);
-
   TZyMovingAverageCalculation& FAvg;
 };
 

@@ -12,7 +12,7 @@
 namespace zy {
 
 ZY_PUBLISHED(TZyOHLC, TZyCustomOHLC,
-             Published<&TZyOHLC::IndicatorLength, &TZyOHLC::SetIndicatorLength>("IndicatorLength", 5.0f)
+             Published<&Self::IndicatorLength, &Self::SetIndicatorLength>("IndicatorLength", 5.0f)
                  .Labelled(_sOHLCIndicatorLength),
              Republished("Area OnGetBrush"))
 
@@ -23,14 +23,9 @@ TZyOHLC::TZyOHLC(TComponent* Owner) : TZyCustomOHLC(Owner) {
   Area().SetVisible(true);
 }
 
-void TZyOHLC::SetIndicatorLength(float Value) { SetWidth(FIndicatorLength, Value < 0 ? 1 : Value, "IndicatorLength"); }
-
 void TZyOHLC::Fields(TZyArchive& Archive) {
   TZyCustomOHLC::Fields(Archive);
-  Archive.Level("OHLC", [&] {
-    Archive.Field<&TZyOHLC::IndicatorLength, &TZyOHLC::SetIndicatorLength>(*this, "IndicatorLength");
-    Archive.EndRecord();
-  });
+  Archive.Level("OHLC", *this, "IndicatorLength");
 }
 
 void TZyOHLC::DrawPoints(Graphics& Gr) {

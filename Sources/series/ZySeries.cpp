@@ -36,7 +36,7 @@ const TLook& NextLook() {
   return Looks[Counter++];
 }
 
-void SetLook(TZyPointSymbolSettings& Settings, TZyPointSymbol Symbol, TZyColor Border, TZyColor Fill) {
+void TakeLook(TZyPointSymbolSettings& Settings, TZyPointSymbol Symbol, TZyColor Border, TZyColor Fill) {
   Settings.SetVisible(false);
   Settings.SetPointSymbol(Symbol);
   Settings.SetBorderColor(Border);
@@ -46,37 +46,30 @@ void SetLook(TZyPointSymbolSettings& Settings, TZyPointSymbol Symbol, TZyColor B
 }  // namespace
 
 // What only some kinds publish is hidden here; they name it.
-ZY_PUBLISHED(TZySeries, TComponent,
-             Published<&TZySeries::Visible, &TZySeries::SetVisible>("Visible", true).Labelled(_sSeriesVisible),
-             Published<&TZySeries::Caption, &TZySeries::SetCaption>("Caption").Labelled(_sSeriesCaption),
-             Published<&TZySeries::IncludeInLegend, &TZySeries::SetIncludeInLegend>("IncludeInLegend", true)
-                 .Labelled(_sSeriesIncludeInLegend),
-             Published<&TZySeries::MergeLegendItemWith, &TZySeries::SetMergeLegendItemWith>("MergeLegendItemWith"),
-             Published<&TZySeries::AutoUpdate, &TZySeries::SetAutoUpdate>("AutoUpdate", true).Hidden(),
-             Published<&TZySeries::OutliersVisible, &TZySeries::SetOutliersVisible>("OutliersVisible", false)
-                 .Labelled(_sSeriesOutliersVisible)
-                 .Hidden(),
-             Published<&TZySeries::XAxis, &TZySeries::SetXAxis>("XAxis").Labelled(_sSeriesXAxis).Hidden(),
-             Published<&TZySeries::YAxis, &TZySeries::SetYAxis>("YAxis").Labelled(_sSeriesYAxis).Hidden(),
-             Published<&TZySeries::XData, &TZySeries::SetXData>("XData")
-                 .Labelled(_sSeriesXData)
-                 .StoredIf<&TZySeries::HasOwnXData>()
-                 .Hidden(),
-             Published<&TZySeries::YData, &TZySeries::SetYData>("YData")
-                 .Labelled(_sSeriesYData)
-                 .StoredIf<&TZySeries::HasOwnYData>()
-                 .Hidden(),
-             Published<&TZySeries::Line>("Line").Hidden(), Published<&TZySeries::Area>("Area").Hidden(),
-             Published<&TZySeries::DrawBandTo, &TZySeries::SetDrawBandTo>("DrawBandTo").Hidden(),
-             Published<&TZySeries::XValueTransformation>("XValueTransformation").Hidden(),
-             Published<&TZySeries::YValueTransformation>("YValueTransformation").Hidden(),
-             Published<&TZySeries::OnGetPen>("OnGetPen").Hidden(),
-             Published<&TZySeries::OnGetBrush>("OnGetBrush").Hidden(),
-             Published<&TZySeries::PointSymbol>("PointSymbol").Hidden(),
-             Published<&TZySeries::RangeFromFunction, &TZySeries::SetRangeFromFunction>("RangeFromFunction").Hidden(),
-             Published<&TZySeries::OutOfRangePointSymbol>("OutOfRangePointSymbol").Hidden(),
-             Published<&TZySeries::OnGetPointSymbol>("OnGetPointSymbol").Hidden(),
-             Published<&TZySeries::Layer, &TZySeries::SetLayer>("Layer").Labelled(_sSeriesLayering).Hidden())
+ZY_PUBLISHED(
+    TZySeries, TComponent, Published<&Self::Visible, &Self::SetVisible>("Visible", true).Labelled(_sSeriesVisible),
+    Published<&Self::Caption, &Self::SetCaption>("Caption").Labelled(_sSeriesCaption),
+    Published<&Self::IncludeInLegend, &Self::SetIncludeInLegend>("IncludeInLegend", true)
+        .Labelled(_sSeriesIncludeInLegend),
+    Published<&Self::MergeLegendItemWith, &Self::SetMergeLegendItemWith>("MergeLegendItemWith"),
+    Published<&Self::AutoUpdate, &Self::SetAutoUpdate>("AutoUpdate", true).Hidden(),
+    Published<&Self::OutliersVisible, &Self::SetOutliersVisible>("OutliersVisible", false)
+        .Labelled(_sSeriesOutliersVisible)
+        .Hidden(),
+    Published<&Self::XAxis, &Self::SetXAxis>("XAxis").Labelled(_sSeriesXAxis).Hidden(),
+    Published<&Self::YAxis, &Self::SetYAxis>("YAxis").Labelled(_sSeriesYAxis).Hidden(),
+    Published<&Self::XData, &Self::SetXData>("XData").Labelled(_sSeriesXData).StoredIf<&Self::HasOwnXData>().Hidden(),
+    Published<&Self::YData, &Self::SetYData>("YData").Labelled(_sSeriesYData).StoredIf<&Self::HasOwnYData>().Hidden(),
+    Published<&Self::Line>("Line").Hidden(), Published<&Self::Area>("Area").Hidden(),
+    Published<&Self::DrawBandTo, &Self::SetDrawBandTo>("DrawBandTo").Hidden(),
+    Published<&Self::XValueTransformation>("XValueTransformation").Hidden(),
+    Published<&Self::YValueTransformation>("YValueTransformation").Hidden(),
+    Published<&Self::OnGetPen>("OnGetPen").Hidden(), Published<&Self::OnGetBrush>("OnGetBrush").Hidden(),
+    Published<&Self::PointSymbol>("PointSymbol").Hidden(),
+    Published<&Self::RangeFromFunction, &Self::SetRangeFromFunction>("RangeFromFunction").Hidden(),
+    Published<&Self::OutOfRangePointSymbol>("OutOfRangePointSymbol").Hidden(),
+    Published<&Self::OnGetPointSymbol>("OnGetPointSymbol").Hidden(),
+    Published<&Self::Layer, &Self::SetLayer>("Layer").Labelled(_sSeriesLayering).Hidden())
 
 TZySeries::TZySeries(TComponent* Owner)
     : TComponent(Owner),
@@ -93,8 +86,8 @@ TZySeries::TZySeries(TComponent* Owner)
       FOutOfRangeBrush(Colors::LightGray) {
   const TLook& Look = NextLook();
   FLineSettings->SetColor(Look.Line);
-  SetLook(*FPointSymbolSettings, Look.Symbol, Look.Border, Look.Fill);
-  SetLook(*FOutOfRangeSymbolSettings, Look.Symbol, Colors::DimGray, Colors::LightGray);
+  TakeLook(*FPointSymbolSettings, Look.Symbol, Look.Border, Look.Fill);
+  TakeLook(*FOutOfRangeSymbolSettings, Look.Symbol, Colors::DimGray, Colors::LightGray);
   FSymbolPen.SetOwn(std::make_unique<TZyPen>(Look.Border));
   FSymbolBrush.SetOwn(std::make_unique<SolidBrush>(Look.Border));
   TZySeries::RegisterVariables();
@@ -282,6 +275,11 @@ void TZySeries::Invalidate() {
   };
   for (const TZyGraph2D* Child : FGraph->ChildGraphs()) InvalidateLegendsOf(*Child);
   InvalidateLegendsOf(*FGraph);
+}
+
+void TZySeries::LookModified() {
+  Invalidate();
+  LegendsModified();
 }
 
 void TZySeries::LegendsModified() {

@@ -7,6 +7,7 @@
 #include "annotations/captions/ZyCaptionOfName.h"
 #include "annotations/captions/ZyRichCaption.h"
 #include "axes/ZyAxis.h"
+#include "graph/parts/ZyAxisSeries.h"
 #include "graph/styles/ZyStyles.h"
 #include "persistence/ZyRecord.h"
 #include "platform/drawing/Region.h"
@@ -20,6 +21,7 @@
 #include "series/vectors/ZyCustomDoubleVector.h"
 #include "series/vectors/ZyIndexer.h"
 #include "texts/ZyLocalize.h"
+#include "undo/ZyChange.h"
 #include "undo/ZyUndoLink.h"
 
 namespace zy {
@@ -44,7 +46,11 @@ class TZyUndoStack;
 /// A further kind of series has its vectors as members of the class TZySeriesInput, and overrides hooks: `TakeRanges`
 /// for the ranges of the points, `TakePixels` for the pixels of a stretch of indexes, `DrawPoints` for the drawing of
 /// the points that were kept, `AddSampleData` for the form designer.
-class TZySeries : public TComponent, public TZyRecord, public IZyVectorReader, public TZyVariableContainer {
+class TZySeries : public TComponent,
+                  public TZyRecord,
+                  public IZyAxisSeries,
+                  public IZyVectorReader,
+                  public TZyVariableContainer {
   ZY_CLASS(TZySeries, TComponent)
   explicit TZySeries(TComponent* Owner = nullptr);
   ~TZySeries() override;
@@ -73,9 +79,9 @@ class TZySeries : public TComponent, public TZyRecord, public IZyVectorReader, p
   virtual void SetYAxis(TZyAxis* Value);
   /// The data; one of the two may be the series' own indexer. Null does not remove the indexer, which stands in as long
   /// as the other vector is there.
-  TZyCustomDoubleVector* XData() const { return FX.Vector(); }
+  TZyCustomDoubleVector* XData() const override { return FX.Vector(); }
   void SetXData(TZyCustomDoubleVector* Value) { SetInput(FX, Value); }
-  TZyCustomDoubleVector* YData() const { return FY.Vector(); }
+  TZyCustomDoubleVector* YData() const override { return FY.Vector(); }
   void SetYData(TZyCustomDoubleVector* Value) { SetInput(FY, Value); }
   /// Whether the data of a direction are a vector, and not the index that stands in for one.
   bool HasOwnXData() const { return FX.Vector() != FIndexer.get(); }
@@ -122,15 +128,15 @@ class TZySeries : public TComponent, public TZyRecord, public IZyVectorReader, p
   /// The first index from First on that has no values because it is marked as an outlier; the largest int for none.
   int NextOutlier(int First) const;
   /// Whether there is anything to show: visible, with a line, an area or symbols.
-  virtual bool SeriesVisible() const;
+  bool SeriesVisible() const override;
   /// The value as the axis sees it: Value, or what the event makes of it.
-  double TransformX(double Value, int Idx) const { return FX.Transform(Value, Idx); }
-  double TransformY(double Value, int Idx) const { return FY.Transform(Value, Idx); }
+  double TransformX(double Value, int Idx) const override { return FX.Transform(Value, Idx); }
+  double TransformY(double Value, int Idx) const override { return FY.Transform(Value, Idx); }
   /// The data range as the axes read it; a start above its stop means that there is none.
-  double XStart() const { return FXStart; }
-  double XStop() const { return FXStop; }
-  double YStart() const { return FYStart; }
-  double YStop() const { return FYStop; }
+  double XStart() const override { return FXStart; }
+  double XStop() const override { return FXStop; }
+  double YStart() const override { return FYStart; }
+  double YStop() const override { return FYStop; }
   /// Y at AtX by linear interpolation between the neighbouring points, in values of the vectors. 0 without points.
   virtual double GetY(double AtX) const;
   /// The caption, or the name of the component without one.
@@ -167,6 +173,7 @@ class TZySeries : public TComponent, public TZyRecord, public IZyVectorReader, p
 
   // ---- What graph and axes call ----
 
+  TComponent& Component() override { return *this; }
   /// Takes new data into the ranges; costs a comparison of counts when there are none.
   virtual void Calculate();
   /// Reads what a database changed.
@@ -177,14 +184,14 @@ class TZySeries : public TComponent, public TZyRecord, public IZyVectorReader, p
   /// Draws the symbols of the points; the graph calls it after frame and axes, so that they lie on top.
   virtual void DrawSymbols(Graphics& Gr);
   /// Pixels by which the drawing reaches beyond its data at a side of the data area: half a symbol.
-  virtual float ExtraSpaceAt(TZyAxisPosition Border) const;
+  float ExtraSpaceAt(TZyAxisPosition Border) const override;
   /// Whether the line is long, plain and opaque, and nothing is smoothed: the kind that is drawn without smoothing in
   /// whole pixels, and that a partial repaint has to follow up with a whole one.
   bool CanDoCanvasDraw() const;
   /// Follows a change of visibility or style; the graph calls it at each of its calculations.
   virtual void TestVisibleChanged();
   /// Joins or leaves graph and axes, as the references allow.
-  virtual void TestAllAssigned();
+  void TestAllAssigned() override;
   /// Takes the primary axes of a graph as they are.
   virtual void SetDefaultAxis(TZyGraph2D& FromGraph);
 
@@ -267,6 +274,11 @@ class TZySeries : public TComponent, public TZyRecord, public IZyVectorReader, p
   /// The setter of an input: undo, joining and leaving.
   void SetInput(TZySeriesInput& Input, TZyCustomDoubleVector* Value);
   void SetTransformation(TZySeriesInput& Input, TZyValueTransformation Value);
+  /// The setter of what changes the look alone, in the chart and in its legends.
+  template <class TField, class TValue>
+  void SetLook(TField& Field, TValue Value, const char* PropName) {
+    Change(this, Field, Value, PropName, &TZySeries::LookModified);
+  }
   /// The setter of an axis. Without a name there is no undo.
   void SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, const char* PropName);
   /// Does something with each index from First up to, but not including, Last that has values.
@@ -298,6 +310,9 @@ class TZySeries : public TComponent, public TZyRecord, public IZyVectorReader, p
   /// Counts anew. Whether there are points that the ranges do not know yet, and enough of them.
   bool TakeCount();
   void LegendsModified();
+  void LookModified();
+  /// Fills a vector, if it is an empty one for values. Whether it was.
+  static bool FillValues(TZyCustomDoubleVector* Data, std::span<const double> Values);
   /// A vector's sample data: the start of the axis, nine values that scatter by a part of a step, its stop.
   static bool FillSample(TZyCustomDoubleVector* Data, double Start, double Step, double Scatter, double Stop);
   /// Number values from Size up to twice that.

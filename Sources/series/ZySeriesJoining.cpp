@@ -1,6 +1,7 @@
 // The references of a series, and how it joins its graph by them.
 
 #include <algorithm>
+#include <array>
 #include <random>
 
 #include "graph/ZyGraph2D.h"
@@ -124,20 +125,24 @@ void TZySeries::JoinGraph() {
   Graph->Modified();
 }
 
-bool TZySeries::FillSample(TZyCustomDoubleVector* Data, double Start, double Step, double Scatter, double Stop) {
-  constexpr int Steps = 10;
+bool TZySeries::FillValues(TZyCustomDoubleVector* Data, std::span<const double> Values) {
   auto* const Vector = dynamic_cast<TZyDoubleVector*>(Data);
   if (Vector == nullptr || Vector->Count() > 0) return false;
-  Vector->Add(Start);
-  for (int i = 1; i < Steps; ++i) Vector->Add(Random() * Step * Scatter + i * Step + Start);
-  Vector->Add(Stop);
+  Vector->AddRange(Values);
   return true;
 }
 
+bool TZySeries::FillSample(TZyCustomDoubleVector* Data, double Start, double Step, double Scatter, double Stop) {
+  std::array<double, 11> Values{Start};
+  for (int i = 1; i < 10; ++i) Values[static_cast<std::size_t>(i)] = Random() * Step * Scatter + i * Step + Start;
+  Values.back() = Stop;
+  return FillValues(Data, Values);
+}
+
 void TZySeries::FillRandom(TZyCustomDoubleVector* Data, int Number, double Size) {
-  auto* const Vector = dynamic_cast<TZyDoubleVector*>(Data);
-  if (Vector == nullptr || Vector->Count() > 0) return;
-  for (int i = 0; i < Number; ++i) Vector->Add(Random() * Size + Size);
+  std::vector<double> Values(static_cast<std::size_t>(Number));
+  for (double& Value : Values) Value = Random() * Size + Size;
+  FillValues(Data, Values);
 }
 
 /// Values between the ends of the axes, so that a new series can be seen in the form designer.

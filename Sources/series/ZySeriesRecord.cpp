@@ -17,23 +17,16 @@ void TZySeries::Fields(TZyArchive& Archive) {
   Archive.TypedIdentity(*this);
   Archive.Field<&T::Caption, &T::SetCaption>(*this, TZyFieldName("Caption").Text());
   Archive.Level("Properties", [&] {
-    Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
-    Archive.Field<&T::OutliersVisible, &T::SetOutliersVisible>(*this, "OutliersVisible");
-    Archive.Field<&T::IncludeInLegend, &T::SetIncludeInLegend>(*this, "IncludeInLegend");
-    Archive.Field<&T::AutoUpdate, &T::SetAutoUpdate>(*this, "AutoUpdate");
-    Archive.Field<&T::Layer, &T::SetLayer>(*this, "Layer");
-    Archive.Part("Line", *FLineSettings);
-    Archive.Part("Area", *FAreaSettings);
+    Archive.Properties(*this, "Visible OutliersVisible IncludeInLegend AutoUpdate Layer Line Area");
   });
   Archive.Level("Links", [&] {
     FX.Fields(Archive, "XData");
     FY.Fields(Archive, "YData");
-    Archive.Reference<&T::XAxis, &T::SetXAxis>(*this, "XAxis");
-    Archive.Reference<&T::YAxis, &T::SetYAxis>(*this, "YAxis");
+    Archive.Properties(*this, "XAxis YAxis");
   });
   if (Archive.NextGroup()) {
     Archive.Level("Links", [&] {
-      Archive.Reference<&T::MergeLegendItemWith, &T::SetMergeLegendItemWith>(*this, "MergeLegendItemWith");
+      Archive.Properties(*this, "MergeLegendItemWith");
       Archive.Reference(
           "DrawBandTo", [this] { return DrawBandTo(); }, [this](TZyLineSeries* Value) { FDrawBandTo = Value; });
     });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "graph/SampleChart.h"
 
@@ -25,6 +26,13 @@ inline TZyAxis* AddAxis(TZyGraph2D& Graph, TZyAxisPosition Position) {
 inline std::string LabelsOf(const TZyAxis& Axis) {
   std::string Result;
   for (const std::string& Text : Axis.LabelTexts()) Result += (Result.empty() ? "" : "|") + Text;
+  return Result;
+}
+
+/// Pixels of the ticks.
+inline std::vector<float> PlacesOf(const TZyAxis& Axis) {
+  std::vector<float> Result;
+  for (const TZyTick& Tick : Axis.Ticks()) Result.push_back(Tick.Position);
   return Result;
 }
 

@@ -190,13 +190,13 @@ TEST(ZyAxisScaleTest, SlavesShowTheEndsOfTheirMaster) {
   EXPECT_EQ(Fahrenheit.Stop(), 212);
   EXPECT_NEAR(Fahrenheit.NumberToWorld(50), Chart.X->NumberToWorld(10), 0.01);
   EXPECT_EQ(Copy.LabelTexts(), Chart.X->LabelTexts());
-  EXPECT_EQ(Copy.Ticks(), Chart.X->Ticks());
+  EXPECT_EQ(PlacesOf(Copy), PlacesOf(*Chart.X));
   // A slope that turns the ends round is drawn without a fault.
   Fahrenheit.SetSlaveSlope(-1);
   Chart.Graph->Calculate();
   EXPECT_EQ(Fahrenheit.Start(), 32);
   EXPECT_EQ(Fahrenheit.Stop(), -68);
-  for (const float Tick : Fahrenheit.Ticks()) EXPECT_TRUE(std::isfinite(Tick));
+  for (const float Tick : PlacesOf(Fahrenheit)) EXPECT_TRUE(std::isfinite(Tick));
 }
 
 TEST(ZyAxisScaleTest, MovingRangeJumpsAheadOfTheData) {

@@ -61,9 +61,9 @@ TEST(ZyAxisTest, ChoosesTicksAndLabelsByTheRoom) {
     const float First = Case.OnX ? Area.X : Area.Y + Area.Height - 1;
     const float Length = Case.OnX ? Area.Width - 1 : 1 - Area.Height;
     for (std::size_t i = 0; i < Case.Ticks; ++i) {
-      EXPECT_EQ(Axis.MajorTicks()[i], i % 5 == 0) << i;
-      EXPECT_EQ(Axis.MajorGridTicks()[i], i % Case.LabelEvery == Case.FirstLabel) << i;
-      EXPECT_NEAR(Axis.Ticks()[i], First + Length * static_cast<float>(i) / static_cast<float>(Case.Ticks - 1),
+      EXPECT_EQ(Axis.Ticks()[i].Major, i % 5 == 0) << i;
+      EXPECT_EQ(Axis.Ticks()[i].Grid, i % Case.LabelEvery == Case.FirstLabel) << i;
+      EXPECT_NEAR(Axis.Ticks()[i].Position, First + Length * static_cast<float>(i) / static_cast<float>(Case.Ticks - 1),
                   Tolerance);
     }
   }
@@ -145,9 +145,9 @@ TEST(ZyAxisTest, EndsFollowTheirModesAndAreRepaired) {
     EXPECT_NEAR(Axis.Stop(), Case.AxisStop, 1e-14 * (1 + std::fabs(Case.AxisStop)));
     EXPECT_EQ(Axis.HasLogScaling(), Case.Scaling == Log);
     EXPECT_LT(Axis.Ticks().size(), 2000u);
-    for (const float Tick : Axis.Ticks()) EXPECT_TRUE(std::isfinite(Tick));
+    for (const float Tick : PlacesOf(Axis)) EXPECT_TRUE(std::isfinite(Tick));
     // Nothing changes without new data, after a resize, and when the same data come again.
-    const auto State = [&Axis] { return std::tuple(Axis.Start(), Axis.Stop(), Axis.LabelTexts(), Axis.Ticks()); };
+    const auto State = [&Axis] { return std::tuple(Axis.Start(), Axis.Stop(), Axis.LabelTexts(), PlacesOf(Axis)); };
     const auto Before = State();
     Chart.Graph->SetHeight(300);
     Chart.Paint();

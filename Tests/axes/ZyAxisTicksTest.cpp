@@ -24,8 +24,10 @@ void Lay(TSampleChart& Chart, TZyAxis& Axis, TZyAxisScaling Scaling, double Star
 std::vector<long> FirstTicks(const TZyAxis& Axis, std::size_t Count) {
   std::vector<long> Result;
   const double First = Axis.Scaling() == DateTime ? Axis.Start() : 0;
-  for (const float Tick : Axis.Ticks())
-    if (Result.size() < Count) Result.push_back(std::lround(Axis.WorldToNumber(Tick) - First));
+  for (const TZyTick& Tick : Axis.Ticks()) {
+    EXPECT_NEAR(Axis.NumberToWorld(Tick.Value), Tick.Position, 0);
+    if (Result.size() < Count) Result.push_back(std::lround(Axis.WorldToNumber(Tick.Position) - First));
+  }
   return Result;
 }
 
@@ -212,7 +214,7 @@ TEST(ZyAxisTicksTest, WhatHoldsOfEveryAxis) {
     SCOPED_TRACE(::testing::Message() << Index << ": kind " << static_cast<int>(Axis.Scaling()) << ", " << Axis.Start()
                                       << " to " << Axis.Stop() << " on " << Axis.AxLength());
     // Ticks go one way, stand inside, and are no more than pixels. Only ends that are not rounded may leave none.
-    const std::vector<float>& Ticks = Axis.Ticks();
+    const std::vector<float> Ticks = PlacesOf(Axis);
     EXPECT_TRUE(!Ticks.empty() || Axis.EndRounding() == TZyAxisEndRounding::RndNothing);
     EXPECT_LE(static_cast<float>(Ticks.size()), 1.12f * Axis.AxLength() + 2);
     const float Low = Axis.GetHorizontal() ? Axis.AxLeft() : Axis.AxTop();
@@ -222,7 +224,7 @@ TEST(ZyAxisTicksTest, WhatHoldsOfEveryAxis) {
     }
     if (Axis.Scaling() == Normal) ExpectReadableLabels(Axis);
     // Laid out again, nothing moves.
-    const auto State = [&Axis] { return std::tuple(Axis.Start(), Axis.Stop(), Axis.Ticks(), Axis.LabelTexts()); };
+    const auto State = [&Axis] { return std::tuple(Axis.Start(), Axis.Stop(), PlacesOf(Axis), Axis.LabelTexts()); };
     const auto Before = State();
     Axis.Modified();
     Sample.Chart.Graph->Calculate();

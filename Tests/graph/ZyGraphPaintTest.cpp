@@ -128,7 +128,7 @@ TEST_F(ZyGraphPaintTest, SolidsOpenARoom) {
                                           Number(Left) + " " + Number(Top + Height));
   Find(List, "FillPolygon(FF606060, ", Wall);
   // Each grid line goes along the side wall and then along the back.
-  const float Place = std::round(Y->Ticks().front());
+  const float Place = std::round(Y->Ticks().front().Position);
   const std::string Corner = Number(Left + 20) + " " + Number(Place - 12);
   const std::size_t Side = Find(List, "pen FF020202");
   EXPECT_EQ(List[Side], "DrawLine(pen FF020202 1, " + Number(Left) + " " + Number(Place) + ", " + Corner + ")");

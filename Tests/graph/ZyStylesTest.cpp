@@ -90,7 +90,8 @@ TEST_F(ZyStylesTest, EverySetterTellsOnceAndUndoesUnderItsLabel) {
 
 TEST_F(ZyStylesTest, ValuesAreBroughtIntoTheirLimits) {
   const float NoNumber = std::nanf(""), Least = 0.00001f;
-  const std::array<float, 3> Cases[] = {{370, 10, 1}, {-90, 270, 0}, {360, 0, 1}, {0.3f, 0.3f, 0.3f}, {NoNumber, 0, 0}};
+  const std::array<float, 3> Cases[] = {{370, 10, 1},       {-90, 270, 0},    {360, 0, 1},
+                                        {0.3f, 0.3f, 0.3f}, {NoNumber, 0, 0}, {-1e-7f, 0, 0}};
   for (const auto& [Given, Angle, Fraction] : Cases) {
     Gradient.SetLinearAngle(Given);
     Gradient.SetLinearCenter(Given);

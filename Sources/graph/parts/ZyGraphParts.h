@@ -30,6 +30,10 @@ ZY_ENUM(TZyLegendPosition, "BottomCenterOfGraph", "BottomCenterOfAxis", "LeftCen
         "LeftTopOfAxis", "TopCenterOfGraph", "TopCenterOfAxis", "RightCenterOfGraph", "RightCenterOfAxis",
         "RightTopOfAxis", "FreeFloating")
 
+/// What a step of a scroll bar moves by: the visible range, the distance of two ticks, a pixel.
+enum class TZyScrollIncrement { Page, MajorTick, MinorTick, Pixel };
+ZY_ENUM(TZyScrollIncrement, "Page", "MajorTick", "MinorTick", "Pixel")
+
 /// A legend: a control in the graph, or in any other parent, that lists its series.
 class IZyGraphLegend {
  public:

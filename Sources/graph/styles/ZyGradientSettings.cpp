@@ -64,7 +64,8 @@ void TZyGradientSettings::SetLastColor(TZyColor Value) {
 
 void TZyGradientSettings::SetLinearAngle(float Value) {
   const auto Angle = static_cast<float>(FitTo360Degrees(static_cast<double>(Value)));
-  Change(this, FLinearAngle, Angle, "LinearAngle", &TZyGradientSettings::Modified);
+  // A hair below 0 is rounded to the full circle.
+  Change(this, FLinearAngle, Angle < 360 ? Angle : 0, "LinearAngle", &TZyGradientSettings::Modified);
 }
 
 void TZyGradientSettings::SetLinearCenter(float Value) {

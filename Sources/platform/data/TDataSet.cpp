@@ -240,10 +240,10 @@ void TDataSet::DataEvent(TDataEvent Event, TField* Info) {
 }
 
 void TDataSet::DataEvents(std::span<const TDataEvent> Events) {
-  const std::uint64_t Self = LiveHandle();
+  const std::uint64_t Handle = LiveHandle();
   for (const TDataEvent Event : Events) {
     DataEvent(Event);
-    if (FromLiveHandle(Self) == nullptr) return;
+    if (FromLiveHandle(Handle) == nullptr) return;
   }
 }
 

@@ -71,6 +71,7 @@ class TClassInfo {
 #define ZY_CLASS(Class, Base)                       \
  public:                                            \
   using Inherited = Base;                           \
+  using Self = Class;                               \
   static const ::zy::TClassInfo& StaticClassInfo(); \
   const ::zy::TClassInfo& ClassInfo() const override { return StaticClassInfo(); }
 

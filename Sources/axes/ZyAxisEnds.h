@@ -1,0 +1,79 @@
+#pragma once
+
+#include <limits>
+#include <optional>
+
+#include "axes/ZyEndRounding.h"
+
+namespace zy {
+
+/// The ends of an axis: those that are shown, where they come from, and what the data say.
+class TZyAxisEnds {
+ public:
+  // ---- The ends that are shown ----
+
+  double Start() const { return FShown.Start; }
+  double Stop() const { return FShown.Stop; }
+  const TZyAxisRange& Shown() const { return FShown; }
+  /// The ends last set by the user.
+  const TZyAxisRange& Initial() const { return FInitial; }
+  /// An end that the user sets.
+  void SetStart(double Value) { FShown.Start = FInitial.Start = FLast.Start = Value; }
+  void SetStop(double Value) { FShown.Stop = FInitial.Stop = FLast.Stop = Value; }
+  /// Ends that a zoom sets: those that the user set stay known.
+  void Show(const TZyAxisRange& Range) { FShown = FLast = Range; }
+  /// The same for those of the two that lie in the data.
+  void ShowInData(const TZyAxisRange& Range);
+
+  /// What the user decides; a moving range writes its width and its step here when they were left open.
+  TZyEndRules Rules;
+
+  // ---- Data ----
+
+  /// Range of the data; a start above the stop while none were seen.
+  const TZyAxisRange& Values() const { return FValues; }
+  /// Sample data that were never seen count as lying between the ends that are shown.
+  void TakeValuesAsShown();
+  bool HasValues() const { return FValues.Start < FValues.Stop; }
+  /// The data changed: the next range of theirs is taken, whatever it is.
+  void DataChanged();
+  /// Whether a range of data waits to be taken.
+  bool Waits() const { return FWaits; }
+  /// Takes the range of the data, and returns the ends that follow from it; nothing when it is as before. A range that
+  /// is none stands for no data. While a form is designed nothing moves by itself.
+  std::optional<TZyAxisRange> TakeData(const TZyAxisRange& Data, bool IsDesigning);
+  /// Shows rounded ends that follow from data; false when they are the same as the last time.
+  bool ShowTaken(const TZyAxisRange& Rounded);
+  /// Goes back to the ends as they were before rounding, where they follow the data.
+  void Unround();
+  /// Whether data lie beyond the ends.
+  bool IsClipped(const TZyScaleKind& Kind) const;
+  /// Start of the data when that is above 0, else 0.
+  double FirstPositive() const;
+
+  // ---- Rounding ----
+
+  /// The rounding is out of date.
+  void Invalidate() { FIsRounded = false; }
+  /// Rounds the ends where that was not done. Padding starts again from the ends that it was added to, as long as they
+  /// are the same: a change of anything else must not make a padded axis grow.
+  void Round(const TZyEndRounding& Rounding);
+  /// Shows the ends of a master, with the steps that rounding finds for them; rounding itself would move them off the
+  /// master's. Ends that are no numbers, or equal, are not taken; the own ones are rounded then.
+  bool Follow(const TZyAxisRange& Master, const TZyEndRounding& Rounding);
+
+ private:
+  void TakeMovingSlit(TZyAxisRange& Ends);
+
+  static constexpr double Largest = std::numeric_limits<double>::max();
+
+  TZyAxisRange FShown{0, 10};
+  TZyAxisRange FInitial{0, 10};
+  TZyAxisRange FLast{0, 10};        // last taken from data
+  TZyAxisRange FUnpadded, FPadded;  // before and after the last rounding
+  TZyAxisRange FValues{Largest, -Largest};
+  bool FWaits = false;
+  bool FIsRounded = false;
+};
+
+}  // namespace zy
