@@ -1,12 +1,29 @@
-# Install rules: find_package(Zyphos) with Zyphos::Charts, a pkg-config file, headers under include/zyphos.
+# Install rules: find_package(Zyphos) with Zyphos::Charts and Zyphos::Sql, pkg-config files, headers under include/zyphos.
 
 include(CMakePackageConfigHelpers)
 
 get_property(ZyLibraries GLOBAL PROPERTY ZY_LIBRARIES)
 install(TARGETS ${ZyLibraries} EXPORT ZyphosTargets)
 install(EXPORT ZyphosTargets NAMESPACE Zyphos:: DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/Sources/" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/zyphos"
-        FILES_MATCHING PATTERN "*.h" PATTERN "*.inl")
+
+# The public headers are Charts.h and Sql.h and all that they include; backends, kernels and parts stay at home.
+set(ZyHeaders Charts.h Sql.h)
+set(ZyToRead ${ZyHeaders})
+while(ZyToRead)
+  list(POP_FRONT ZyToRead Header)
+  file(STRINGS "${PROJECT_SOURCE_DIR}/Sources/${Header}" Includes REGEX "^#include \"")
+  foreach(Line ${Includes})
+    string(REGEX REPLACE "^#include \"([^\"]+)\".*" "\\1" Include "${Line}")
+    if(NOT Include IN_LIST ZyHeaders)
+      list(APPEND ZyHeaders "${Include}")
+      list(APPEND ZyToRead "${Include}")
+    endif()
+  endforeach()
+endwhile()
+foreach(Header ${ZyHeaders})
+  cmake_path(GET Header PARENT_PATH Folder)
+  install(FILES "${PROJECT_SOURCE_DIR}/Sources/${Header}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/zyphos/${Folder}")
+endforeach()
 
 configure_package_config_file(cmake/ZyphosConfig.cmake.in "${PROJECT_BINARY_DIR}/ZyphosConfig.cmake"
                               INSTALL_DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
@@ -14,13 +31,21 @@ write_basic_package_version_file("${PROJECT_BINARY_DIR}/ZyphosConfigVersion.cmak
 install(FILES "${PROJECT_BINARY_DIR}/ZyphosConfig.cmake" "${PROJECT_BINARY_DIR}/ZyphosConfigVersion.cmake"
         DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
 
-# The prefix counts from the file itself, so that an installed tree can be moved.
+# The prefix counts from the file itself, so that an installed tree can be moved. Each library stands before those that
+# it links, which were described before it.
 file(RELATIVE_PATH ZyPkgConfigPrefix "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 string(PREPEND ZyPkgConfigPrefix "\${pcfiledir}/")
-# Each library before those that it links, which were described before it.
-set(ZyPkgConfigLibraries ${ZyLibraries})
-list(REVERSE ZyPkgConfigLibraries)
-list(TRANSFORM ZyPkgConfigLibraries PREPEND "-l")
-list(JOIN ZyPkgConfigLibraries " " ZyPkgConfigLibraries)
-configure_file(cmake/zyphos.pc.in "${PROJECT_BINARY_DIR}/zyphos.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/zyphos.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+set(ZyPkgConfigLibraries "")
+foreach(Library ${ZyLibraries})
+  if(NOT Library STREQUAL zy_sql)
+    get_target_property(Options ${Library} ZY_CLASS_OPTIONS)
+    list(JOIN Options " " Options)
+    string(PREPEND ZyPkgConfigLibraries "${Options} -l${Library} ")
+  endif()
+endforeach()
+get_target_property(ZyPkgConfigSqlOptions zy_sql ZY_CLASS_OPTIONS)
+list(JOIN ZyPkgConfigSqlOptions " " ZyPkgConfigSqlOptions)
+foreach(File zyphos.pc zyphos-sql.pc)
+  configure_file("cmake/${File}.in" "${PROJECT_BINARY_DIR}/${File}" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/${File}" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+endforeach()

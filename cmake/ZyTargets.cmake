@@ -30,16 +30,40 @@ function(zy_compile_options Target)
   endif()
 endfunction()
 
+# Every program that links Target gets all classes of its sources, also those that only a stored form names: the linker
+# takes the object files for the sake of the variables that ZY_PUBLISHED makes.
+function(zy_keep_classes Target)
+  set(Options "")
+  foreach(Source ${ARGN})
+    file(READ "${Source}" Text)
+    string(REGEX MATCHALL "ZY_PUBLISHED\\([ \n]*[A-Za-z0-9_]+" Tables "${Text}")
+    foreach(Table ${Tables})
+      string(REGEX REPLACE ".*[( \n]" "zy_class_" Name "${Table}")
+      if(MSVC)
+        list(APPEND Options "/INCLUDE:${Name}")
+      elseif(APPLE)
+        list(APPEND Options "-Wl,-u,_${Name}")
+      else()
+        list(APPEND Options "-Wl,-u,${Name}")
+      endif()
+    endforeach()
+  endforeach()
+  target_link_options(${Target} INTERFACE ${Options})
+  set_property(TARGET ${Target} PROPERTY ZY_CLASS_OPTIONS "${Options}")
+endfunction()
+
 # zy_add_library(zy_name SOURCES a.cpp ... [LINK targets...]): a library of the tree, installed and exported.
 function(zy_add_library Target)
   cmake_parse_arguments(Arg "" "" "SOURCES;LINK" ${ARGN})
   add_library(${Target} ${Arg_SOURCES})
   target_include_directories(
-    ${Target} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/Sources>"
+    ${Target} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/Sources>" "$<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>"
+                     "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
                      "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/zyphos>")
   target_compile_features(${Target} PUBLIC cxx_std_20)
   target_link_libraries(${Target} PUBLIC ${Arg_LINK})
   zy_compile_options(${Target})
+  zy_keep_classes(${Target} ${Arg_SOURCES})
   set_property(GLOBAL APPEND PROPERTY ZY_LIBRARIES ${Target})
 endfunction()
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "graph/ZyRegisterClasses.h"
 #include "persistence/ZyIO.h"
 #include "platform/controls/InputDispatch.h"
 #include "platform/drawing/Brush.h"
@@ -51,7 +50,6 @@ TZyGraph2D::TZyGraph2D(TComponent* Owner)
       FMinorGridHorizontal(MakeLine(Colors::Gray)),
       FMajorGridVertical(MakeLine(Colors::Green)),
       FMinorGridVertical(MakeLine(Colors::Gray)) {
-  RegisterChartClasses();
   if (!IsDesigning()) {
     FHorizontalScrollBar = MakeScrollBar(sbHorizontal);
     FVerticalScrollbar = MakeScrollBar(sbVertical);
@@ -358,6 +356,21 @@ void TZyGraph2D::PlaceTitle() {
       FTitleRec.X = Extent / 2;
       break;
   }
+}
+
+// --- For series -----------------------------------------------------------------------------------------------------
+
+void TZyGraph2D::ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const {
+  for (TZySeries* Series : RelatedSeries()) Do(*Series);
+}
+
+void TZyGraph2D::SeriesInvalidated() {
+  Invalidate();
+  const auto InvalidateLegendsOf = [](const TZyGraph2D& Graph) {
+    for (IZyGraphLegend* Legend : Graph.RelatedLegends()) Legend->Control().Invalidate();
+  };
+  for (const TZyGraph2D* Child : ChildGraphs()) InvalidateLegendsOf(*Child);
+  InvalidateLegendsOf(*this);
 }
 
 // --- For axes and the layout pass -----------------------------------------------------------------------------------

@@ -11,7 +11,7 @@
 #include "graph/ZyGraphGestures.h"
 #include "graph/ZyGraphZoom.h"
 #include "graph/ZyZoomSettings.h"
-#include "graph/parts/ZyAxisGraph.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "graph/styles/ZyStyles.h"
 #include "platform/controls/TScrollBar.h"
 #include "platform/drawing/Geometry.h"
@@ -42,7 +42,7 @@ struct TZyFindSeriesPointResult {
 ///
 /// What it does with them is done by parts: TZyGraphPainter draws, TZyGraphGestures follows mouse and keys,
 /// TZyGraphZoom moves the ranges, TZyGraphCoupling knows the graphs that share the X axis, TZyGraphPicture makes files.
-class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGraph, private IZyGestureTarget {
+class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeriesGraph, private IZyGestureTarget {
   ZY_CLASS(TZyGraph2D, TZyCustomGraph)
   explicit TZyGraph2D(TComponent* Owner = nullptr);
   ~TZyGraph2D() override;
@@ -174,7 +174,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   /// zoomed gets as many stages as they have, all of its whole range; its own are gone.
   void CheckCoupled();
   /// The content of the legends is stale, here and in coupled graphs.
-  void LegendsModified();
+  void LegendsModified() override;
   /// Logs the data of all series as one step of undo, before they change.
   void UndoPushSeriesVectors();
   /// The vectors that serve as X or Y data of the series that have a name, each once.
@@ -192,10 +192,10 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
   /// The series of the graph in drawing order. They enter and leave by themselves; AddRelatedSeries says whether one
   /// was new.
   const TRefList<TZySeries>& RelatedSeries() const { return FRelatedSeries; }
-  bool AddRelatedSeries(TZySeries* Series);
-  void RemoveRelatedSeries(TZySeries* Series) { FRelatedSeries.Remove(Series); }
+  bool AddRelatedSeries(TZySeries* Series) override;
+  void RemoveRelatedSeries(TZySeries* Series) override { FRelatedSeries.Remove(Series); }
   /// A series has computed its pixels.
-  void PointsCalculated() { FPointsAreStale = false; }
+  void PointsCalculated() override { FPointsAreStale = false; }
   /// All child axes in control order, as they are now.
   std::vector<TZyAxis*> Axes() const;
   /// Does something to each of them, without a list.
@@ -238,6 +238,12 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZyAxisGr
 
   /// While the form is designed, a new graph gets dashed grids, and its axes the undo stack of the graph.
   void SetName(const std::string& Value) override;
+
+  // For series.
+  int SeriesCount() const override { return static_cast<int>(FRelatedSeries.size()); }
+  void ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const override;
+  void SeriesInvalidated() override;
+  bool DrawsUnsmoothed() const override { return !DoingImage() && SmoothingMode() == TZySmoothingMode::None; }
 
   // For axes and the layout pass.
   TWinControl& Control() override { return *this; }

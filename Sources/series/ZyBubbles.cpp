@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "graph/shapes/ZyDrawing.h"
 #include "persistence/ZyArchive.h"
 #include "platform/drawing/Graphics.h"

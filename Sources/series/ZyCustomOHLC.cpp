@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "persistence/ZyArchive.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyUndoGroup.h"

@@ -5,7 +5,7 @@
 
 #include "analysis/ZyMath.h"
 #include "analysis/ZyParseFktLists.h"
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "persistence/ZyArchive.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"

@@ -3,7 +3,7 @@
 #include <array>
 #include <limits>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "persistence/ZyIO.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TReader.h"
@@ -97,9 +97,9 @@ void TZySeries::Initialize(std::string_view KindName) {
   FCaption = UniqueName(Owner(), KindName.substr(1));  // the name of the class without its first letter
   if (!IsDesigning() || Owner() == nullptr) return;
   for (TComponent* Component : Owner()->Components())
-    if (auto* const Graph = dynamic_cast<TZyGraph2D*>(Component)) {
-      SetDefaultAxis(*Graph);
-      FGraph = Graph;
+    if (auto* const Found = dynamic_cast<IZySeriesGraph*>(Component)) {
+      SetDefaultAxis(*Found);
+      SetGraph(Found);
     }
 }
 
@@ -198,7 +198,7 @@ void TZySeries::SetOnGetPointSymbol(PointSymbolEventHandler Value) {
 void TZySeries::SetLayer(int Value) { Change(this, FLayer, Value, "Layer", &TZySeries::LayerModified); }
 
 void TZySeries::LayerModified() {
-  if (FGraph != nullptr) FGraph->Modified();
+  if (Graph() != nullptr) Graph()->Modified();
 }
 
 void TZySeries::SetUndoStack(TZyUndoStack* Value) {
@@ -239,7 +239,7 @@ bool TZySeries::SeriesVisible() const {
 }
 
 void TZySeries::TestVisibleChanged() {
-  if (FGraph == nullptr) return;
+  if (Graph() == nullptr) return;
   const TZyPointSymbolSettings& Symbol = *FPointSymbolSettings;
   if (Symbol.Visible()) {
     if (FSymbolPen.IsOwn()) {
@@ -255,8 +255,8 @@ void TZySeries::TestVisibleChanged() {
   }
   // Symbols want other pixels than a line alone.
   if (Symbol.Visible() != FPointsForSymbols && FState.LastPointsCount() > 0) PointsModified();
-  FPen.SetOwn(FLineSettings->GetPen(FGraph->DrawingArea(), 0));
-  FBrush.SetOwn(FAreaSettings->GetBrush(FGraph->DrawingArea()));
+  FPen.SetOwn(FLineSettings->GetPen(Graph()->DrawingArea(), 0));
+  FBrush.SetOwn(FAreaSettings->GetBrush(Graph()->DrawingArea()));
   Invalidate();
   if (SeriesVisible() == FLastVisible) return;
   FLastVisible = SeriesVisible();
@@ -268,13 +268,7 @@ void TZySeries::TestVisibleChanged() {
 // --- Change protocol ------------------------------------------------------------------------------------------------
 
 void TZySeries::Invalidate() {
-  if (FGraph == nullptr) return;
-  FGraph->Invalidate();
-  const auto InvalidateLegendsOf = [](const TZyGraph2D& Graph) {
-    for (IZyGraphLegend* Legend : Graph.RelatedLegends()) Legend->Control().Invalidate();
-  };
-  for (const TZyGraph2D* Child : FGraph->ChildGraphs()) InvalidateLegendsOf(*Child);
-  InvalidateLegendsOf(*FGraph);
+  if (Graph() != nullptr) Graph()->SeriesInvalidated();
 }
 
 void TZySeries::LookModified() {
@@ -283,7 +277,7 @@ void TZySeries::LookModified() {
 }
 
 void TZySeries::LegendsModified() {
-  if (FGraph != nullptr) FGraph->LegendsModified();
+  if (Graph() != nullptr) Graph()->LegendsModified();
 }
 
 void TZySeries::ForgetRanges() {

@@ -29,7 +29,8 @@ namespace zy {
 class Graphics;
 class IZySnappingMarker;
 class TZyFunctionSeries;
-class TZyGraph2D;
+class IZyAxisGraph;
+class IZySeriesGraph;
 class TZyLineSeries;
 class TZyUndoStack;
 
@@ -193,7 +194,7 @@ class TZySeries : public TComponent,
   /// Joins or leaves graph and axes, as the references allow.
   void TestAllAssigned() override;
   /// Takes the primary axes of a graph as they are.
-  virtual void SetDefaultAxis(TZyGraph2D& FromGraph);
+  virtual void SetDefaultAxis(IZyAxisGraph& FromGraph);
 
   // ---- Variables of formulas and captions ----
 
@@ -337,7 +338,8 @@ class TZySeries : public TComponent,
   virtual void GetCalcPointsStartStop(int& Start, int& Stop) const;
   /// Closes the area below the line, or to the line of the band's partner.
   virtual void AddBandPoints();
-  TZyGraph2D* Graph() const { return FGraph; }
+  /// The graph, null while the series is in none.
+  IZySeriesGraph* Graph() const { return FGraphControl == nullptr ? nullptr : FGraph; }
   const TZyPen& Pen() const { return *FPen; }
   /// Whether brush and pen follow the settings.
   bool OwnsBrush() const { return FBrush.IsOwn(); }
@@ -391,6 +393,7 @@ class TZySeries : public TComponent,
   void SymbolFields(TZyArchive& Archive);
   bool IsComplete() const;
   void PointIndexer();
+  void SetGraph(IZySeriesGraph* Value);
   void JoinGraph();
   void LeaveGraph();
   void ForgetRanges();
@@ -437,7 +440,8 @@ class TZySeries : public TComponent,
   bool FPointsForSymbols = false;  // whether the pixels were computed for symbols
   TRef<TZySeries> FMergeLegendItemWith{this, &TZySeries::SetMergeLegendItemWith};
   TRef<TZySeries> FRangeFromFunction{this, &TZySeries::SetFunction}, FDrawBandTo{this, &TZySeries::SetBand};
-  TRef<TZyGraph2D> FGraph{this};
+  TRef<TWinControl> FGraphControl{this};  // the graph, for the notice of its death
+  IZySeriesGraph* FGraph = nullptr;       // the same; see Graph
   TZyUndoLink FUndo{this, &TZySeries::SetUndoStack};
   TZyPenEventHandler mGetPen;
   TZyBrushEventHandler mGetBrush;

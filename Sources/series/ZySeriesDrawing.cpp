@@ -4,7 +4,7 @@
 #include <limits>
 #include <optional>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "graph/shapes/ZyDrawing.h"
 #include "platform/drawing/Graphics.h"
 #include "series/ZyFunctionSeries.h"
@@ -30,7 +30,7 @@ void TZySeries::PaintGr(Graphics& Gr) {
 }
 
 void TZySeries::PaintPoints(Graphics& Gr) {
-  if (FGraph == nullptr || FXAxis == nullptr || FYAxis == nullptr) return;
+  if (Graph() == nullptr || FXAxis == nullptr || FYAxis == nullptr) return;
   if (IsBandStale()) FState.PixelsModified();
   if (FState.PixelsAreStale()) CalculatePoints();
   if (FPointCount == 0) return;
@@ -133,14 +133,14 @@ void TZySeries::DrawUnsmoothed(Graphics& Gr) {
   FWholePixels.assign(Points().begin(), Points().end());
   for (PointF& Point : FWholePixels) Point = {std::round(Point.X), std::round(Point.Y)};
   const Region Clip = Gr.GetClip();
-  Gr.SetClip(FGraph->DrawingArea(), CombineModeIntersect);
+  Gr.SetClip(Graph()->DrawingArea(), CombineModeIntersect);
   Gr.DrawLines(Used, FWholePixels);
   Gr.SetClip(Clip);
 }
 
 bool TZySeries::CanDoCanvasDraw() const {
   constexpr int MinPoints = 101;
-  if (FGraph == nullptr || FGraph->DoingImage() || FGraph->SmoothingMode() != TZySmoothingMode::None) return false;
+  if (Graph() == nullptr || !Graph()->DrawsUnsmoothed()) return false;
   if (Count() < MinPoints || GetAlpha(FLineSettings->Color()) < Opaque) return false;
   return FLineSettings->Width() <= 1 || FLineSettings->DashStyle() == DashStyleSolid;
 }
@@ -148,7 +148,7 @@ bool TZySeries::CanDoCanvasDraw() const {
 // --- Symbols --------------------------------------------------------------------------------------------------------
 
 void TZySeries::DrawSymbols(Graphics& Gr) {
-  if (!FVisible || FState.PixelsAreStale() || FGraph == nullptr) return;
+  if (!FVisible || FState.PixelsAreStale() || Graph() == nullptr) return;
   if (mPointSymbol) return DrawAskedSymbols(Gr);
   const TZyPointSymbolSettings& Inside = *FPointSymbolSettings;
   if (!Inside.Visible()) return;
@@ -207,8 +207,8 @@ int TZySeries::FindPoint(int X, int Y) const {
 TZyNearestPointResult TZySeries::Nearest(PointF From, TZyPixelIndex::TMetric Metric) const {
   TZyNearestPointResult Result;
   Result.Distance = std::numeric_limits<float>::max();
-  if (FState.PixelsAreStale() || FGraph == nullptr) return Result;
-  const auto Found = FPixelIndex.Nearest(Points(), FGraph->DrawingArea(), From, Metric);
+  if (FState.PixelsAreStale() || Graph() == nullptr) return Result;
+  const auto Found = FPixelIndex.Nearest(Points(), Graph()->DrawingArea(), From, Metric);
   if (Found.Position < 0) return Result;
   const auto Pixel = static_cast<std::size_t>(Found.Position);
   const TPointValues Values = ValuesOfPixel(PointIndex()[Pixel], Points()[Pixel].X);

@@ -4,7 +4,8 @@
 #include <array>
 #include <random>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZySeriesGraph.h"
+#include "platform/controls/TWinControl.h"
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "undo/ZyUndoStack.h"
@@ -61,7 +62,7 @@ void TZySeries::SetXAxis(TZyAxis* Value) { SetAxis(FXAxis, Value, "XAxis"); }
 
 void TZySeries::SetYAxis(TZyAxis* Value) { SetAxis(FYAxis, Value, "YAxis"); }
 
-void TZySeries::SetDefaultAxis(TZyGraph2D& FromGraph) {
+void TZySeries::SetDefaultAxis(IZyAxisGraph& FromGraph) {
   FXAxis = FromGraph.PrimaryXAxis();
   FYAxis = FromGraph.PrimaryYAxis();
 }
@@ -99,30 +100,35 @@ void TZySeries::PointIndexer() {
   if (!HasOwnData(FY)) FIndexer->SetRefVector(FX.Vector());
 }
 
+void TZySeries::SetGraph(IZySeriesGraph* Value) {
+  FGraphControl = Value == nullptr ? nullptr : &Value->Control();
+  FGraph = Value;
+}
+
 /// The axes learn of the series without a graph as well: an axis that comes into one brings its series along.
 void TZySeries::JoinGraph() {
   FXAxis->AddRelatedSeries(this);
   FYAxis->AddRelatedSeries(this);
-  auto* const Graph = dynamic_cast<TZyGraph2D*>(FYAxis->Parent());
-  if (FGraph != nullptr && FGraph != Graph) {
-    FGraph->RemoveRelatedSeries(this);
-    FGraph->Invalidate();
+  auto* const Found = dynamic_cast<IZySeriesGraph*>(FYAxis->Parent());
+  if (Graph() != nullptr && Graph() != Found) {
+    Graph()->RemoveRelatedSeries(this);
+    Graph()->Control().Invalidate();
   }
-  FGraph = Graph;
-  if (Graph == nullptr || Graph->IsDestroying()) return;
-  if (Graph->AddRelatedSeries(this)) {
-    if (IsDesigning() && !IsLoading()) FLayer = static_cast<int>(Graph->RelatedSeries().size()) - 1;
-    if (FUndo == nullptr) SetUndoStack(Graph->UndoStack());
+  SetGraph(Found);
+  if (Found == nullptr || Found->Control().IsDestroying()) return;
+  if (Found->AddRelatedSeries(this)) {
+    if (IsDesigning() && !IsLoading()) FLayer = Found->SeriesCount() - 1;
+    if (FUndo == nullptr) SetUndoStack(Found->UndoStack());
   }
   PointIndexer();
   if (IsDesigning() && !IsLoading()) {
-    Graph->BeginUpdate();
+    Found->BeginUpdate();
     AddSampleData();
-    Graph->EndUpdate();
+    Found->EndUpdate();
   }
   RangesModified();
-  Graph->LegendsModified();
-  Graph->Modified();
+  Found->LegendsModified();
+  Found->Modified();
 }
 
 bool TZySeries::FillValues(TZyCustomDoubleVector* Data, std::span<const double> Values) {
@@ -155,21 +161,21 @@ void TZySeries::AddSampleData() {
 void TZySeries::LeaveGraph() {
   for (TZyAxis* Axis : {FXAxis.Get(), FYAxis.Get()})
     if (Axis != nullptr && !Axis->IsDestroying()) Axis->RemoveRelatedSeries(this);
-  TZyGraph2D* const Graph = FGraph;
-  if (Graph == nullptr) return;
-  FGraph = nullptr;
-  Graph->RemoveRelatedSeries(this);
-  if (Graph->IsDestroying()) return;
-  if (Graph->PrimaryYAxis() != nullptr) Graph->PrimaryYAxis()->RangeModified();
-  Graph->SeriesModified();
-  Graph->LegendsModified();
+  IZySeriesGraph* const Old = Graph();
+  if (Old == nullptr) return;
+  SetGraph(nullptr);
+  Old->RemoveRelatedSeries(this);
+  if (Old->Control().IsDestroying()) return;
+  if (Old->PrimaryYAxis() != nullptr) Old->PrimaryYAxis()->RangeModified();
+  Old->SeriesModified();
+  Old->LegendsModified();
 }
 
 void TZySeries::Notification(TComponent* AComponent, TOperation Operation) {
   TComponent::Notification(AComponent, Operation);
   if (Operation != TOperation::Remove || IsDestroying()) return;
-  if (AComponent == FGraph) {
-    FGraph = nullptr;
+  if (AComponent == FGraphControl) {
+    SetGraph(nullptr);
     SetXAxis(nullptr);
     SetYAxis(nullptr);
   }

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <optional>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "graph/shapes/ZyDrawing.h"
 #include "platform/drawing/Graphics.h"
 #include "series/ZyFunctionSeries.h"
@@ -85,9 +85,10 @@ void TZySeries::DrawListItem(const TZyLegendItemDrawArgs& e, LegendItemStyle Sty
 void TZySeries::DrawMergedItems(const TZyLegendItemDrawArgs& e) {
   using enum LegendItemStyle;
   std::vector<TZySeries*> Members;
-  if (FGraph != nullptr)
-    for (TZySeries* Series : FGraph->RelatedSeries())
-      if (Series == this || Series == FMergeLegendItemWith) Members.push_back(Series);
+  if (Graph() != nullptr)
+    Graph()->ForEachSeries([&](TZySeries& Each) {
+      if (&Each == this || &Each == FMergeLegendItemWith) Members.push_back(&Each);
+    });
   const auto HasLine = [](const TZySeries* Series) { return Series->FLineSettings->Visible(); };
   const auto HasArea = [](const TZySeries* Series) { return Series->FAreaSettings->Visible(); };
   const auto Lines = std::count_if(Members.begin(), Members.end(), HasLine);

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZySeriesGraph.h"
 #include "series/ZyLineSeries.h"
 #include "undo/ZyUndoStack.h"
 
@@ -171,7 +171,7 @@ void TZySeries::CalculatePoints() {
   TakeNewPixels();
   if (FPointCount > 0) AddBandPoints();
   FState.PixelsTaken();
-  if (FGraph != nullptr) FGraph->PointsCalculated();
+  if (Graph() != nullptr) Graph()->PointsCalculated();
   Round.IsDone = true;
 }
 

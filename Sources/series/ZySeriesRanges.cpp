@@ -4,7 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "graph/ZyGraph2D.h"
+#include "graph/parts/ZySeriesGraph.h"
+#include "platform/controls/TWinControl.h"
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 
@@ -209,8 +210,8 @@ double TZySeries::GetY(double AtX) const {
 /// From the last control to the first, since markers may be freed on the way.
 std::vector<IZySnappingMarker*> TZySeries::LinkedMarkers() const {
   std::vector<IZySnappingMarker*> Result;
-  if (FGraph == nullptr) return Result;
-  const auto& Controls = FGraph->Controls();
+  if (Graph() == nullptr) return Result;
+  const auto& Controls = Graph()->Control().Controls();
   for (auto Place = Controls.rbegin(); Place != Controls.rend(); ++Place)
     if (auto* const Marker = dynamic_cast<IZySnappingMarker*>(*Place))
       if (Marker->SnappedSeries() == this && Marker->SnappedIdx() >= 0) Result.push_back(Marker);

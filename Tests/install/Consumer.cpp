@@ -2,12 +2,7 @@
 
 #include <cstdio>
 
-#include "graph/ZyGraph2D.h"
-#include "platform/controls/TApplication.h"
-#include "platform/controls/TForm.h"
-#include "platform/drawing/Bitmap.h"
-#include "platform/drawing/Graphics.h"
-#include "platform/framework/ClassRegistry.h"
+#include <zyphos/Charts.h>
 
 int main(int ArgCount, char** Args) {
   const zy::TApplication Program(ArgCount, Args);
@@ -20,7 +15,9 @@ int main(int ArgCount, char** Args) {
     Graph->PaintGr(Canvas);
   }
   const bool Painted = Picture.GetPixel(0, 0) == zy::Colors::White;
-  const bool Registered = zy::GetClass("TZyLineSeries") != nullptr && zy::GetClass("TZyUndoStack") != nullptr;
+  bool Registered = zy::GetClass("TSqlDataSet") == nullptr;  // no SQL in a program that binds no data
+  for (const char* Name : {"TZyAxis", "TZyBubbles", "TZyLineSeries", "TZyMovingAverage", "TZyRichLabel", "TZyUndoStack"})
+    Registered = Registered && zy::GetClass(Name) != nullptr;
   std::printf("painted: %d, registered: %d\n", Painted, Registered);
   return Painted && Registered ? 0 : 1;
 }

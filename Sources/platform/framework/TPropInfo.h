@@ -308,12 +308,17 @@ inline TPropInfo Republished(const char* Names) {
 
 /// Defines the run-time description of a class with its published properties, and registers the class by its name.
 /// Stands once, in the source file of the class, behind ZY_CLASS in the class body.
+///
+/// The variable has a name that the build finds and hands to the linker, so that every program with the library has all
+/// of its classes, those included that it never names.
 #define ZY_PUBLISHED(Class, Base, ...)                                                                            \
   const ::zy::TClassInfo& Class::StaticClassInfo() {                                                              \
     static const ::zy::TClassInfo Description(#Class, &Base::StaticClassInfo(), ::zy::detail::FactoryOf<Class>(), \
                                               {__VA_ARGS__});                                                     \
     return Description;                                                                                           \
   }                                                                                                               \
-  [[maybe_unused]] static const bool Class##IsRegistered = ::zy::RegisterClass(Class::StaticClassInfo());
+  extern "C" {                                                                                                    \
+  [[maybe_unused]] bool zy_class_##Class = ::zy::RegisterClass(Class::StaticClassInfo());                         \
+  }
 
 }  // namespace zy

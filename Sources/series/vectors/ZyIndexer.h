@@ -45,9 +45,4 @@ class TZyIndexer : public TZyCustomDoubleVector {
   TRef<TZyCustomDoubleVector> FRefVector{this};
 };
 
-/// What a record keeps of a link to a vector: an indexer is part of its series and has no record of its own.
-inline TZyCustomDoubleVector* StoredVector(TZyCustomDoubleVector* Vector) {
-  return dynamic_cast<TZyIndexer*>(Vector) == nullptr ? Vector : nullptr;
-}
-
 }  // namespace zy

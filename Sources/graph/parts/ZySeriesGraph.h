@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+
+#include "graph/parts/ZyAxisGraph.h"
+
+namespace zy {
+
+class TZySeries;
+
+/// What a series asks of its graph, beyond what its axes do. A series finds it as the parent of its Y axis.
+class IZySeriesGraph : public IZyAxisGraph {
+ public:
+  /// A series enters and leaves. Whether it was new.
+  virtual bool AddRelatedSeries(TZySeries* Series) = 0;
+  virtual void RemoveRelatedSeries(TZySeries* Series) = 0;
+  virtual int SeriesCount() const = 0;
+  /// All series in drawing order.
+  virtual void ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const = 0;
+  /// The series has computed its pixels.
+  virtual void PointsCalculated() = 0;
+  /// Repaints the graph, and the legends that may show a series of it.
+  virtual void SeriesInvalidated() = 0;
+  /// The content of the legends is stale.
+  virtual void LegendsModified() = 0;
+  /// Whether lines are drawn on the screen without any smoothing.
+  virtual bool DrawsUnsmoothed() const = 0;
+};
+
+}  // namespace zy
