@@ -12,13 +12,12 @@
 
 namespace zy {
 
-ZY_PUBLISHED(
-    TZyBubbles, TZySeries,
-    Published<&TZyBubbles::Elliptical, &TZyBubbles::SetElliptical>("Elliptical", false).Labelled(_sBubblesElliptical),
-    Published<&TZyBubbles::RadiusData, &TZyBubbles::SetRadiusData>("RadiusData").Labelled(_sBubblesRadius),
-    Published<&TZyBubbles::RadiusTransformation>("RadiusTransformation"),
-    Republished("AutoUpdate OutliersVisible XAxis YAxis XData YData Line Area XValueTransformation "
-                "YValueTransformation OnGetPen OnGetBrush"))
+ZY_PUBLISHED(TZyBubbles, TZySeries,
+             Published<&Self::Elliptical, &Self::SetElliptical>("Elliptical", false).Labelled(_sBubblesElliptical),
+             Published<&Self::RadiusData, &Self::SetRadiusData>("RadiusData").Labelled(_sBubblesRadius),
+             Published<&Self::RadiusTransformation>("RadiusTransformation"),
+             Republished("AutoUpdate OutliersVisible XAxis YAxis XData YData Line Area XValueTransformation "
+                         "YValueTransformation OnGetPen OnGetBrush"))
 
 TZyBubbles::TZyBubbles(TComponent* Owner) : TZySeries(Owner) { Initialize(StaticClassInfo().Name()); }
 

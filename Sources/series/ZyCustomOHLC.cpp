@@ -10,18 +10,17 @@
 
 namespace zy {
 
-ZY_PUBLISHED(
-    TZyCustomOHLC, TZySeries,
-    Published<&TZyCustomOHLC::BarWidth, &TZyCustomOHLC::SetBarWidth>("BarWidth").Labelled(_sCustomOHLCBarWidth),
-    Published<&TZyCustomOHLC::OpenData, &TZyCustomOHLC::SetOpenData>("OpenData").Labelled(_sCustomOHLCOpenData),
-    Published<&TZyCustomOHLC::CloseData, &TZyCustomOHLC::SetCloseData>("CloseData").Labelled(_sCustomOHLCCloseData),
-    Published<&TZyCustomOHLC::HighData, &TZyCustomOHLC::SetHighData>("HighData").Labelled(_sCustomOHLCHighData),
-    Published<&TZyCustomOHLC::LowData, &TZyCustomOHLC::SetLowData>("LowData").Labelled(_sCustomOHLCLowData),
-    Published<&TZyCustomOHLC::LowValueTransformation>("LowValueTransformation"),
-    Published<&TZyCustomOHLC::OpenValueTransformation>("OpenValueTransformation"),
-    Published<&TZyCustomOHLC::HighValueTransformation>("HighValueTransformation"),
-    Published<&TZyCustomOHLC::CloseValueTransformation>("CloseValueTransformation"),
-    Republished("AutoUpdate OutliersVisible XAxis YAxis XData YData Line XValueTransformation OnGetPen"))
+ZY_PUBLISHED(TZyCustomOHLC, TZySeries,
+             Published<&Self::BarWidth, &Self::SetBarWidth>("BarWidth").Labelled(_sCustomOHLCBarWidth),
+             Published<&Self::OpenData, &Self::SetOpenData>("OpenData").Labelled(_sCustomOHLCOpenData),
+             Published<&Self::CloseData, &Self::SetCloseData>("CloseData").Labelled(_sCustomOHLCCloseData),
+             Published<&Self::HighData, &Self::SetHighData>("HighData").Labelled(_sCustomOHLCHighData),
+             Published<&Self::LowData, &Self::SetLowData>("LowData").Labelled(_sCustomOHLCLowData),
+             Published<&Self::LowValueTransformation>("LowValueTransformation"),
+             Published<&Self::OpenValueTransformation>("OpenValueTransformation"),
+             Published<&Self::HighValueTransformation>("HighValueTransformation"),
+             Published<&Self::CloseValueTransformation>("CloseValueTransformation"),
+             Republished("AutoUpdate OutliersVisible XAxis YAxis XData YData Line XValueTransformation OnGetPen"))
 
 TZyCustomOHLC::TZyCustomOHLC(TComponent* Owner) : TZySeries(Owner) { FY.SetUse(TZyInputUse::Needed); }
 
@@ -54,16 +53,12 @@ void TZyCustomOHLC::PaintGr(Graphics& Gr) {
   if (Visible()) PaintPoints(Gr);
 }
 
-void TZyCustomOHLC::KeepPixels(int Count) {
-  for (TZySingleVector* Pixels : {&FLowPoint, &FOpenPoint, &FHighPoint}) Pixels->Shrink(Count);
-}
-
 void TZyCustomOHLC::TakePixels(int Start, int Stop) {
   ForEachPoint(Start, Stop + 1, [&](int i) {
     Keep(GetCalcPoint(i), i);
-    FLowPoint.Add(FYAxis->NumberToWorld(GetLow(i)));
-    FOpenPoint.Add(FYAxis->NumberToWorld(GetOpen(i)));
-    FHighPoint.Add(FYAxis->NumberToWorld(GetHigh(i)));
+    FLow.AddPixel(FYAxis->NumberToWorld(GetLow(i)));
+    FOpen.AddPixel(FYAxis->NumberToWorld(GetOpen(i)));
+    FHigh.AddPixel(FYAxis->NumberToWorld(GetHigh(i)));
   });
 }
 
@@ -71,13 +66,8 @@ int TZyCustomOHLC::FindPoint(int X, int Y) const {
   const auto x = static_cast<float>(X), y = static_cast<float>(Y);
   const float Half = (1 + FBarWidth) / 2 + Overhang();
   return FirstPoint([&](std::size_t i) {
-    return std::fabs(Points()[i].X - x) <= Half && HighPoints()[i] <= y && y <= LowPoints()[i];
+    return std::fabs(Points()[i].X - x) <= Half && FHigh.Pixels()[i] <= y && y <= FLow.Pixels()[i];
   });
-}
-
-float TZyCustomOHLC::ExtraSpaceAt(TZyAxisPosition Border) const {
-  const bool AtSide = Border == TZyAxisPosition::Left || Border == TZyAxisPosition::Right;
-  return AtSide ? FBarWidth / 2 + Overhang() : 0;
 }
 
 /// Bars of random length along a rising line, scaled into the Y axis.
@@ -93,12 +83,11 @@ void TZyCustomOHLC::AddSampleData() {
     Open.push_back(Low.back() + Random() * (High.back() - Low.back()));
   }
   const double Least = *std::ranges::min_element(Low), Scale = Span / (*std::ranges::max_element(High) - Least);
-  for (std::vector<double>* Values : {&Low, &High, &Close, &Open})
+  for (auto& [Data, Values] :
+       {std::pair(LowData(), &Low), {HighData(), &High}, {CloseData(), &Close}, {OpenData(), &Open}}) {
     for (double& Value : *Values) Value = (Value - Least) * Scale + Start;
-  FillValues(LowData(), Low);
-  FillValues(HighData(), High);
-  FillValues(CloseData(), Close);
-  FillValues(OpenData(), Open);
+    FillValues(Data, *Values);
+  }
   FillSample(XData(), FXAxis->Start(), (FXAxis->Stop() - FXAxis->Start()) / Steps, 0.2, FXAxis->Stop());
   FYAxis->ShrinkOtherYs();
 }

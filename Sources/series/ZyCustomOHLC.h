@@ -34,14 +34,13 @@ class TZyCustomOHLC : public TZySeries {
   double GetLow(int Idx) const { return FLow.At(Idx); }
   double GetOpen(int Idx) const { return FOpen.At(Idx); }
   double GetHigh(int Idx) const { return FHigh.At(Idx); }
-  /// Pixel y of each kept record; `Points` has the x, and the y of close.
-  std::span<const float> LowPoints() const { return FLowPoint.Values().first(Points().size()); }
-  std::span<const float> OpenPoints() const { return FOpenPoint.Values().first(Points().size()); }
-  std::span<const float> HighPoints() const { return FHighPoint.Values().first(Points().size()); }
 
   void Fields(TZyArchive& Archive) override;
   int MinCount() const override { return 1; }
-  float ExtraSpaceAt(TZyAxisPosition Border) const override;
+  float ExtraSpaceAt(TZyAxisPosition Border) const override {
+    using enum TZyAxisPosition;
+    return Border == Left || Border == Right ? FBarWidth / 2 + Overhang() : 0;
+  }
   void CalculatePoints() override;
   /// Whether line or area show makes no difference: the bars are there.
   void PaintGr(Graphics& Gr) override;
@@ -55,16 +54,16 @@ class TZyCustomOHLC : public TZySeries {
   virtual float Overhang() const { return 0; }
 
   void TakeRanges(TRange& X, TRange& Y) override;
-  void KeepPixels(int Count) override;
   void TakePixels(int Start, int Stop) override;
   void AddSampleData() override;
 
- private:
-  float FBarWidth = 4;
+  // Their pixels are the y of each kept record; `Points` has the x, and the y of close.
   TZySeriesInput FLow{*this, "LowData", TZyInputUse::Needed};
   TZySeriesInput FOpen{*this, "OpenData", TZyInputUse::Needed};
   TZySeriesInput FHigh{*this, "HighData", TZyInputUse::Needed};
-  TZySingleVector FLowPoint, FOpenPoint, FHighPoint;
+
+ private:
+  float FBarWidth = 4;
 };
 
 }  // namespace zy

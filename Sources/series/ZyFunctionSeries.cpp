@@ -18,35 +18,28 @@ namespace zy {
 
 // The display range is published by the kinds whose curve reaches beyond its data.
 ZY_PUBLISHED(
-    TZyFunctionSeries, TZyLineSeries,
-    Published<&TZyFunctionSeries::Weight, &TZyFunctionSeries::SetWeight>("Weight").Labelled(_sFunctionsWeight),
-    Published<&TZyFunctionSeries::AutoStart, &TZyFunctionSeries::SetAutoStart>("AutoStart", true)
-        .Labelled(_sFunctionsAutoStart),
-    Published<&TZyFunctionSeries::AutoStop, &TZyFunctionSeries::SetAutoStop>("AutoStop", true)
-        .Labelled(_sFunctionsAutoStop),
-    Published<&TZyFunctionSeries::CalculationStart, &TZyFunctionSeries::SetCalculationStart>("CalculationStart", 0.0)
+    TZyFunctionSeries, TZyLineSeries, Published<&Self::Weight, &Self::SetWeight>("Weight").Labelled(_sFunctionsWeight),
+    Published<&Self::AutoStart, &Self::SetAutoStart>("AutoStart", true).Labelled(_sFunctionsAutoStart),
+    Published<&Self::AutoStop, &Self::SetAutoStop>("AutoStop", true).Labelled(_sFunctionsAutoStop),
+    Published<&Self::CalculationStart, &Self::SetCalculationStart>("CalculationStart", 0.0)
         .Labelled(_sFunctionsCalculationStart),
-    Published<&TZyFunctionSeries::CalculationStop, &TZyFunctionSeries::SetCalculationStop>("CalculationStop", 0.0)
+    Published<&Self::CalculationStop, &Self::SetCalculationStop>("CalculationStop", 0.0)
         .Labelled(_sFunctionsCalculationStop),
-    Published<&TZyFunctionSeries::ClipYValues, &TZyFunctionSeries::SetClipYValues>("ClipYValues", true)
-        .Labelled(_sFunctionsClipYValues),
-    Published<&TZyFunctionSeries::WeightValueTransformation>("WeightValueTransformation"),
-    Published<&TZyFunctionSeries::OnCalculated>("OnCalculated"),
-    Published<&TZyFunctionSeries::OnCalculationError>("OnCalculationError"),
-    Published<&TZyFunctionSeries::DisplayAutoStart, &TZyFunctionSeries::SetDisplayAutoStart>("DisplayAutoStart", true)
+    Published<&Self::ClipYValues, &Self::SetClipYValues>("ClipYValues", true).Labelled(_sFunctionsClipYValues),
+    Published<&Self::WeightValueTransformation>("WeightValueTransformation"),
+    Published<&Self::OnCalculated>("OnCalculated"), Published<&Self::OnCalculationError>("OnCalculationError"),
+    Published<&Self::DisplayAutoStart, &Self::SetDisplayAutoStart>("DisplayAutoStart", true)
         .Labelled(_sFunctionsDisplayAutoStart)
         .Hidden(),
-    Published<&TZyFunctionSeries::DisplayAutoStop, &TZyFunctionSeries::SetDisplayAutoStop>("DisplayAutoStop", true)
+    Published<&Self::DisplayAutoStop, &Self::SetDisplayAutoStop>("DisplayAutoStop", true)
         .Labelled(_sFunctionsDisplayAutoStop)
         .Hidden(),
-    Published<&TZyFunctionSeries::DisplayStart, &TZyFunctionSeries::SetDisplayStart>("DisplayStart", 0.0)
+    Published<&Self::DisplayStart, &Self::SetDisplayStart>("DisplayStart", 0.0)
         .Labelled(_sFunctionsDisplayStart)
         .Hidden(),
-    Published<&TZyFunctionSeries::DisplayStop, &TZyFunctionSeries::SetDisplayStop>("DisplayStop", 0.0)
-        .Labelled(_sFunctionsDisplayStop)
-        .Hidden(),
-    Published<&TZyFunctionSeries::CoupleCalculationAndDisplay, &TZyFunctionSeries::SetCoupleCalculationAndDisplay>(
-        "CoupleCalculationAndDisplay", true)
+    Published<&Self::DisplayStop, &Self::SetDisplayStop>("DisplayStop", 0.0).Labelled(_sFunctionsDisplayStop).Hidden(),
+    Published<&Self::CoupleCalculationAndDisplay, &Self::SetCoupleCalculationAndDisplay>("CoupleCalculationAndDisplay",
+                                                                                         true)
         .Labelled(_sFunctionsCoupleCalculationAndDisplay)
         .Hidden())
 
@@ -60,14 +53,10 @@ std::string TZyFunctionSeries::GetFormula() const { throw EMethodNotFound(LoadRe
 void TZyFunctionSeries::RegisterVariables() {
   TZyLineSeries::RegisterVariables();
   AddStringToList("Formula", LoadResString(_sSeriesFormula), this, GlobalStringList(), [this] { return GetFormula(); });
-  const auto Enter = [this](const char* Id, TZyText Comment, double (TZyFunctionSeries::*Getter)() const) {
-    AddVariableToList(Id, LoadResString(Comment), this, GlobalVariableList(),
-                      [this, Getter] { return (this->*Getter)(); });
-  };
-  Enter("CalculationStart", _sCalcStart, &TZyFunctionSeries::GetCalcStart);
-  Enter("CalculationStop", _sCalcStop, &TZyFunctionSeries::GetCalcStop);
-  Enter("DisplayStart", _sDisplayStart, &TZyFunctionSeries::GetDisplayStart);
-  Enter("DisplayStop", _sDisplayStop, &TZyFunctionSeries::GetDisplayStop);
+  AddVariable("CalculationStart", _sCalcStart, &Self::GetCalcStart);
+  AddVariable("CalculationStop", _sCalcStop, &Self::GetCalcStop);
+  AddVariable("DisplayStart", _sDisplayStart, &Self::GetDisplayStart);
+  AddVariable("DisplayStop", _sDisplayStop, &Self::GetDisplayStop);
 }
 
 void TZyFunctionSeries::Fields(TZyArchive& Archive) {

@@ -91,6 +91,12 @@ class TZyFunctionSeries : public TZyLineSeries {
   void SetSetting(TField& Field, TValue Value, const char* PropName) {
     Change(this, Field, Value, PropName, &TZyFunctionSeries::CalculationModified);
   }
+  /// Enters a number that captions can name.
+  template <class TKind>
+  void AddVariable(const char* Id, TZyText Comment, double (TKind::*Getter)() const) {
+    AddVariableToList(Id, LoadResString(Comment), this, GlobalVariableList(),
+                      [this, Getter] { return (static_cast<TKind*>(this)->*Getter)(); });
+  }
   void CalculationModified() { SetLastCount(0); }
 
   void TakeNewPixels() override;

@@ -40,9 +40,8 @@ void TZyMovingAverage::Fields(TZyArchive& Archive) {
 
 void TZyMovingAverage::RegisterVariables() {
   TZyFunctionSeries::RegisterVariables();
-  AddVariableToList("N", LoadResString(_sAveragingN), this, GlobalVariableList(), [this] { return N(); });
-  AddVariableToList("ExponentialFactorForN", LoadResString(_sExponentialFactorForN), this, GlobalVariableList(),
-                    [this] { return ExponentialFactorForN(); });
+  AddVariable("N", _sAveragingN, &Self::N);
+  AddVariable("ExponentialFactorForN", _sExponentialFactorForN, &Self::ExponentialFactorForN);
 }
 
 }  // namespace zy

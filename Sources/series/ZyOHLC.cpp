@@ -33,8 +33,8 @@ void TZyOHLC::DrawPoints(Graphics& Gr) {
   TZyPointLook Look(*this);
   for (std::size_t i = 0; i < Points().size(); ++i) {
     const PointF Close = Points()[i];
-    const float High = HighPoints()[i], Open = OpenPoints()[i], Left = Close.X - Half, Right = Close.X + Half;
-    const RectF Bar{Left, High, BarWidth(), LowPoints()[i] - High};
+    const float High = FHigh.Pixels()[i], Open = FOpen.Pixels()[i], Left = Close.X - Half, Right = Close.X + Half;
+    const RectF Bar{Left, High, BarWidth(), FLow.Pixels()[i] - High};
     if (Look.AskBrush(i)) Gr.FillRectangle(Look.Brush(), Bar);
     if (!Look.AskPen(i)) continue;
     Gr.DrawRectangle(Look.Pen(), Bar);

@@ -257,7 +257,8 @@ class TZySeries : public TComponent,
 
   /// The ranges of the points: all `Count` of them, since extremes may have gone.
   virtual void TakeRanges(TRange& X, TRange& Y);
-  /// Forgets pixels beyond the first Count: in lists of the kind's own beside Points.
+  /// Forgets pixels beyond the first Count in lists of the kind's own beside Points; those of the inputs go by
+  /// themselves.
   virtual void KeepPixels(int) {}
   /// Appends the pixels of the points from Start to Stop.
   virtual void TakePixels(int Start, int Stop);

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <span>
+
 #include "platform/framework/TRef.h"
 #include "series/vectors/ZyCustomDoubleVector.h"
 #include "series/vectors/ZyValueTransformation.h"
+#include "series/vectors/ZyVectors.h"
 
 namespace zy {
 
@@ -56,6 +59,10 @@ class TZySeriesInput {
   double At(int Idx) const { return Transform(FVector->GetValue(Idx), Idx); }
   /// The reference in the record of the series; the index has none there.
   void Fields(TZyArchive& Archive, const TZyFieldName& Name);
+  /// Pixels that a kind computes of this input, one beside each kept point: the place of a value on an axis.
+  std::span<const float> Pixels() const { return FPixels.Values(); }
+  void AddPixel(float Value) { FPixels.Add(Value); }
+  void KeepPixels(int Count) { FPixels.Shrink(Count); }
   /// Exchanges vectors and transformations of two inputs of a series.
   void SwapWith(TZySeriesInput& Other);
 
@@ -65,6 +72,7 @@ class TZySeriesInput {
   TZyInputUse FUse;
   TRef<TZyCustomDoubleVector> FVector;
   TZyValueTransformation mTransformation;
+  TZySingleVector FPixels;
 };
 
 }  // namespace zy

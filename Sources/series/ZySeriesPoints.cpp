@@ -164,6 +164,7 @@ void TZySeries::CalculatePoints() {
   FPoints.CheckCount(FPointCount);
   FPointIndex.Clear();
   FPointIndex.CheckCount(FPointCount);
+  for (TZySeriesInput* Input : FInputs) Input->KeepPixels(FPointCount);
   KeepPixels(FPointCount);
   FAreaPointCount = FPointCount;
   FPixelIndex.Reset();

@@ -1,11 +1,9 @@
-// Values and pixels of all kinds of scale, and the setters that decide between them.
+// What decides about the scale of an axis: steps, masters, padding, and its events.
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cmath>
 #include <limits>
-#include <random>
 
 #include "axes/AxisSamples.h"
 #include "undo/ZyUndoStack.h"
@@ -15,7 +13,6 @@ namespace {
 
 using enum TZyAxisScaling;
 
-constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
 
 /// Plain axes of given lengths between their ends: X from pixel 50 on, Y from pixel 20 on.
@@ -26,95 +23,6 @@ struct TPlainScale : TSampleChart {
     for (TZyAxis* Axis : {X, Y}) Axis->SetEndRounding(TZyAxisEndRounding::RndNothing);
   }
 };
-
-TEST(ZyAxisScaleTest, MapsEachKindOfScale) {
-  // Pixels by hand: base 50 on X and 20 on Y, plus the part of the length that the value has of the span, from the
-  // other end where the axis grows to the left or upwards.
-  const struct {
-    TZyAxisScaling Scaling;
-    double Level, Start, Stop;
-    bool OnX, Twisted, IsLog;
-    double Value;
-    float Pixel;
-  } Cases[] = {
-      {Normal, 0, 0, 10, true, false, false, 5, 100},
-      {Normal, 0, 0, 10, true, true, false, 0, 150},
-      {Normal, 0, 0, 10, true, false, false, -1, 40},
-      {Normal, 0, 0, 10, false, false, false, 10, 20},
-      {Normal, 0, 0, 10, false, false, false, 0, 120},
-      {Normal, 0, 0, 10, false, true, false, 0, 20},
-      {Log, 0, 1, 10000, true, false, true, 10, 75},  // a quarter of four decades
-      {LogEE, 0, 1, 10000, true, false, true, 100, 100},
-      {Log, 0, 1, 10000, true, true, true, 10, 125},
-      {Log, 0, 1, 10000, true, false, true, 0, -50},  // without a logarithm: 100 pixels before the start
-      {Log, 0, 1, 10000, true, false, true, -7, -50},
-      {Log, 0, 1, 10000, true, true, true, 0, 250},  // which lies at the other end
-      {Log, 0, 1, 10000, false, false, true, 0, 220},
-      {Log, 2, 10, 510, true, false, false, 260, 100},  // 1.7 decades stay linear below a level of 2
-      {Log, 2, 1, 1000, true, false, true, 1000, 150},
-      {LogEE, 4, 1, 10000, true, false, false, 5000.5, 100},  // at the level, not above it
-      {Seconds, 0, 0, 7200, true, false, false, 1800, 75},
-      {DateTime, 0, 45000, 45010, true, false, false, 45002.5, 75},
-      {DateTime, 0, -2.25, 1.75, true, false, false, -1.25, 50 + 100 / 3.5f},  // 3.5 days from 6 to 18 o'clock
-      {Rubrics, 0, 0, 4, true, false, false, 1, 75},
-  };
-  for (const auto& Case : Cases) {
-    TPlainScale Chart(100, 100);
-    TZyAxis& Axis = Case.OnX ? *Chart.X : *Chart.Y;
-    Axis.SetScaling(Case.Scaling);
-    Axis.SetLogToNormalScalingLevel(Case.Level);
-    Axis.SetTwisted(Case.Twisted);
-    Lay(Chart, Axis, Case.Start, Case.Stop);
-    SCOPED_TRACE(::testing::Message() << "scaling " << static_cast<int>(Case.Scaling) << " value " << Case.Value);
-    EXPECT_EQ(Axis.HasLogScaling(), Case.IsLog);
-    EXPECT_NEAR(Axis.NumberToWorld(Case.Value), Case.Pixel, 0.001);
-    if (Case.Start >= 0 && (!Case.IsLog || Case.Value > 0)) {
-      EXPECT_NEAR(Axis.WorldToNumber(Case.Pixel), Case.Value, 1e-6 * std::fabs(Case.Value) + 1e-9);
-    }
-  }
-}
-
-TEST(ZyAxisScaleTest, FarValuesSaturateOnEveryKind) {
-  for (const auto Scaling : {Normal, Log, Seconds, DateTime, Rubrics})
-    for (const bool Twisted : {false, true}) {
-      TPlainScale Chart(100, 100);
-      Chart.X->SetScaling(Scaling);
-      Chart.X->SetTwisted(Twisted);
-      Lay(Chart, *Chart.X, 1, 1 + 1e-9);  // a span so small that any other value is far away
-      const float Side = Twisted ? -100000 : 100000;
-      for (const double Far : {2.0, 1e300, Infinity}) EXPECT_EQ(Chart.X->NumberToWorld(Far), 50 + Side) << Far;
-      if (Scaling != Log) {
-        EXPECT_EQ(Chart.X->NumberToWorld(-1e6), 50 - Side);
-      }
-      EXPECT_TRUE(std::isfinite(Chart.X->NumberToWorld(NotANumber)));
-    }
-}
-
-TEST(ZyAxisScaleTest, ManyValuesGiveTheVeryPixelsOfSingleOnes) {
-  std::mt19937_64 Random(7);
-  std::vector<double> Values{0, -0.0, 1, Infinity, -Infinity, NotANumber, 1e300, -1e300, 5e-324};
-  std::uniform_real_distribution<double> Near(-5, 15);
-  for (int i = 0; i < 500; ++i) Values.push_back(Near(Random));
-  for (int i = 0; i < 300; ++i) Values.push_back(std::bit_cast<double>(Random()));  // any bits
-  for (const auto Scaling : {Normal, Log, Seconds, DateTime, Rubrics})
-    for (const int Side : {0, 1, 2, 3}) {
-      TPlainScale Chart(337, 211);
-      TZyAxis& Axis = Side % 2 == 0 ? *Chart.X : *Chart.Y;
-      Axis.SetScaling(Scaling);
-      Axis.SetTwisted(Side >= 2);
-      Lay(Chart, Axis, 0.3, 9.7);
-      for (const std::size_t Count :
-           {std::size_t{0}, std::size_t{1}, std::size_t{63}, std::size_t{64}, Values.size()}) {
-        std::vector<float> Pixels(Count + 1, 42);
-        Axis.NumberToWorld(std::span(Values).first(Count), Pixels);
-        for (std::size_t i = 0; i < Count; ++i)
-          EXPECT_EQ(std::bit_cast<std::uint32_t>(Pixels[i]),
-                    std::bit_cast<std::uint32_t>(Axis.NumberToWorld(Values[i])))
-              << Values[i];
-        EXPECT_EQ(Pixels[Count], 42);
-      }
-    }
-}
 
 TEST(ZyAxisScaleTest, StepsAreTheUsersOnlyWhileTheyAreNotAutomatic) {
   TZyAxis Axis;
@@ -197,26 +105,6 @@ TEST(ZyAxisScaleTest, SlavesShowTheEndsOfTheirMaster) {
   EXPECT_EQ(Fahrenheit.Start(), 32);
   EXPECT_EQ(Fahrenheit.Stop(), -68);
   for (const float Tick : PlacesOf(Fahrenheit)) EXPECT_TRUE(std::isfinite(Tick));
-}
-
-TEST(ZyAxisScaleTest, MovingRangeJumpsAheadOfTheData) {
-  const struct {
-    double Width, Increment, LastValue, Start, Stop;
-  } Cases[] = {{100, 25, 130, 50, 150},
-               {100, 25, 90, 0, 100},
-               {90, 0, 100, 30, 120},  // a third of the width
-               {0, 0, 5, 0, 10},       // the width that the ends have
-               {10, 1, 1e6, 999990, 1e6}};
-  for (const auto& Case : Cases) {
-    TPlainScale Chart(400, 300);
-    Chart.X->SetStopEnd(TZyAxisEnd::MovingSlit);
-    Chart.X->SetMovingSlitWidth(Case.Width);
-    Chart.X->SetMovingSlitIncrement(Case.Increment);
-    Chart.AddSeries("Series", {0, Case.LastValue}, {1, 2});
-    Chart.Paint();
-    EXPECT_DOUBLE_EQ(Chart.X->Start(), Case.Start) << Case.LastValue;
-    EXPECT_DOUBLE_EQ(Chart.X->Stop(), Case.Stop) << Case.LastValue;
-  }
 }
 
 TEST(ZyAxisScaleTest, PaddingIsAddedOnceHoweverOftenTheAxisIsLaidOut) {

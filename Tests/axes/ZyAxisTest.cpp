@@ -243,28 +243,5 @@ TEST(ZyAxisTest, TickColoursFollowTheLineUntilTheyAreSetApart) {
   EXPECT_EQ(Axis.TickColor(), Colors::Green);
 }
 
-TEST(ZyAxisTest, TicksStartAtTheFarSideOfTheLine) {
-  // A line of 3 pixels covers one row on each side of its own. A tick of 10 pixels that points away from the data
-  // starts at the row above and shows below the line, one that points to them starts at the row below.
-  for (const bool ToData : {false, true}) {
-    TSampleChart Chart;
-    Chart.UsePlainAxes();
-    Chart.Y->SetVisible(false);
-    Chart.X->SetAxisThicknes(3);
-    Chart.X->SetTicksPointToData(ToData);
-    Chart.X->SetMajorTickColor(Colors::Red);
-    Chart.Graph->SetSmoothingMode(TZySmoothingMode::None);
-    const Bitmap Picture = Chart.Paint();
-    const int Column = static_cast<int>(std::lround(Chart.X->NumberToWorld(5)));
-    const RectF& Area = Chart.Graph->DrawingArea();
-    const int Line = static_cast<int>(Area.Y + Area.Height - 1);
-    for (int Off = -1; Off <= 1; ++Off) EXPECT_EQ(Picture.GetPixel(Column, Line + Off), Colors::Black) << Off;
-    for (int Off = 2; Off <= 9; ++Off) {
-      EXPECT_EQ(Picture.GetPixel(Column, Line + Off), ToData ? 0 : Colors::Red) << Off;
-      EXPECT_EQ(Picture.GetPixel(Column, Line - Off), ToData ? Colors::Red : 0) << Off;
-    }
-  }
-}
-
 }  // namespace
 }  // namespace zy::testing

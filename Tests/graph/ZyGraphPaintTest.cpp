@@ -12,6 +12,7 @@
 #include "platform/controls/TTimer.h"
 #include "platform/drawing/Brush.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy::testing {
@@ -45,9 +46,13 @@ class TLegendStub : public TGraphicControl, public IZyGraphLegend {
   TZyLegendPosition Position() const override { return TZyLegendPosition::FreeFloating; }
   void PreparePaint() override {}
   void PaintGr(Graphics& Gr) override { Gr.FillRectangle(SolidBrush(0xFF123456), 0, 0, 7, 8); }
-  void Modified() override { ++Modifications; }
+  void Modified() override {
+    ++Modifications;
+    if (Fails) throw EInvalidOperation("no");
+  }
   void SetUndoStack(TZyUndoStack* Value) override { Stack = Value; }
   int Modifications = 0;
+  bool Fails = false;
   TZyUndoStack* Stack = nullptr;
 };
 ZY_PUBLISHED(TLegendStub, TGraphicControl)
@@ -187,8 +192,12 @@ TEST_F(ZyGraphPaintTest, GraphsThatShareAnXAxisAreCoupled) {
   EXPECT_EQ(Legend.Stack, &Stack);
   Graph->SetUndoStack(nullptr);
   delete &Other;
+  EXPECT_FALSE(Graph->HasChildGraphs()) << "at once";
+  auto* const Second = new TZyAxis(&Form);
+  Second->SetParent(Graph);
   Graph->CheckCoupled();
-  EXPECT_FALSE(Graph->HasChildGraphs());
+  delete Second;
+  EXPECT_EQ(Listed(Graph->AllAxes()), (std::vector<TZyAxis*>{X, Y}));
 
   auto& Crossed = *new TZyGraph2D(&Form);  // two that use each other's
   Crossed.SetParent(&Form);
@@ -200,6 +209,35 @@ TEST_F(ZyGraphPaintTest, GraphsThatShareAnXAxisAreCoupled) {
   Graph->LegendsModified();
   EXPECT_EQ(Legend.Modifications, 1);
   Graph->RemoveRelatedLegend(&Legend);
+}
+
+TEST_F(ZyGraphPaintTest, AHandlerThatThrowsLeavesNothingBehind) {
+  auto& Other = *new TZyGraph2D(&Form);
+  Other.SetParent(&Form);
+  Other.SetPrimaryXAxis(X);
+  AddSeries("A", {0, 1, 2}, {1, 2, 3});
+  TLegendStub Legend(&Form);
+  Graph->AddRelatedLegend(&Legend);
+  Legend.Fails = true;
+  EXPECT_THROW(Graph->LegendsModified(), EInvalidOperation);
+  Legend.Fails = false;
+  Graph->LegendsModified();
+  EXPECT_EQ(Legend.Modifications, 2);
+  Paint(Other);
+  const TCalls Before = Calls();
+  for (TZyAxis* Axis : {X, Y, Other.PrimaryYAxis()}) {
+    Axis->SetOnGetTicks([](auto&&...) { throw EInvalidOperation("no"); });
+    for (TZyGraph2D* One : {static_cast<TZyGraph2D*>(Graph), &Other}) {
+      One->Modified();
+      try {
+        Paint(*One);
+      } catch (const EInvalidOperation&) {
+      }
+    }
+    Axis->SetOnGetTicks({});
+    Paint(Other);
+    EXPECT_EQ(Calls(), Before);
+  }
 }
 
 TEST_F(ZyGraphPaintTest, ThePollTakesNewDataOnTheControlThread) {
@@ -229,6 +267,18 @@ TEST_F(ZyGraphPaintTest, DataOfAllSeriesAreOneStepOfUndo) {
   EXPECT_EQ(Stack.UndoList().Text(), "Graph series data\n");
   Stack.Undo();
   EXPECT_EQ(Series->YData()->Count(), 3);
+  Stack.Clear();
+  Series->Renumber(5);
+  Paint();
+  EXPECT_EQ(Stack.UndoList().Text(), "") << "numbers of layers are no step";
+  TZyFont Large;
+  Large.SetSize(30);
+  Graph->SetFont(Large);
+  EXPECT_EQ(Stack.UndoList().Text(), "Font of graph title\n");
+  Stack.Undo();
+  EXPECT_TRUE(Graph->ParentFont() && Graph->Font().Size() < 30);
+  Stack.Redo();
+  EXPECT_TRUE(!Graph->ParentFont() && Graph->Font().Size() == 30);
   Graph->SetUndoStack(nullptr);
 }
 

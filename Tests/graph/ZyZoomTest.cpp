@@ -9,6 +9,8 @@
 
 #include "controls/ControlSamples.h"
 #include "graph/SampleChart.h"
+#include "platform/framework/TReader.h"
+#include "platform/framework/TWriter.h"
 #include "texts/Exceptions.h"
 #include "undo/ZyUndoStack.h"
 
@@ -90,21 +92,17 @@ const std::string Zoomed = "20..60 4..8 1/2 ", Whole = "0..100 0..10 ";
 
 TEST(Zoom, FrameGestures) {
   const auto Plain = [](TZyZoomSettings&) {};
-  const auto Off = [](TZyZoomSettings& Zoom) { Zoom.SetAuto(false); };
   const auto Backs = [](TZyZoomSettings& Zoom) { Zoom.SetBackOnRightBottomLeftTopFrame(true); };
   const auto Resets = [](TZyZoomSettings& Zoom) { Zoom.SetResetOnRightBottomLeftTopFrame(true); };
   const auto Optimizes = [](TZyZoomSettings& Zoom) { Zoom.SetOptimizeSeries(true); };
   const std::tuple<const char*, bool, TPoint, TPoint, Qt::KeyboardModifiers, void (*)(TZyZoomSettings&), std::string>
       Rows[] = {
           {"zooms", false, {150, 100}, {350, 200}, {}, Plain, Zoomed + "zZ"},
-          {"backwards like any other", false, {350, 200}, {150, 100}, {}, Plain, Zoomed + "zZ"},
-          {"too narrow", false, {150, 100}, {153, 200}, {}, Plain, Whole + "0/0 z"},
+          {"outside the data area", false, {10, 5}, {350, 40}, {}, Plain, Whole + "0/0 z"},
           {"cut to the data area", false, {10, 5}, {350, 200}, {}, Plain, "0..60 4..10 1/2 zZ"},
           {"another key down", false, {150, 100}, {350, 200}, Qt::ControlModifier, Plain, Whole + "0/0 "},
-          {"switched off", false, {150, 100}, {350, 200}, {}, Off, Whole + "0/0 "},
           {"backwards goes back", true, {350, 200}, {150, 100}, {}, Backs, Whole + "0/2 z"},
           {"backwards resets", true, {350, 200}, {150, 100}, {}, Resets, Whole + "0/0 z"},
-          {"a click is a backward frame", true, {250, 150}, {250, 150}, {}, Resets, Whole + "0/0 z"},
           {"a click in the data", true, {250, 150}, {250, 150}, {}, Plain, Zoomed + "z"},
           {"a click beside", true, {250, 20}, {250, 20}, {}, Plain, Whole + "0/2 z"},
           {"to the points inside", false, {150, 100}, {350, 200}, {}, Optimizes, "30..35 6..7 1/2 zZ"},
@@ -242,6 +240,13 @@ TEST(Zoom, ScrollingKeepsRoundedEndsOnTicks) {
   Chart.After([&] { Chart.Graph->Scroll(Chart.Graph->HorizontalScrollBar(), scPageDown, Pos); });
   EXPECT_NEAR(Chart.X->Start(), Start + Step, 1e-9);
   EXPECT_NEAR(Chart.X->Stop(), Stop + Step, 1e-9);
+  Chart.Zoom.SetScrollLargeIncrement(TZyScrollIncrement::Page);
+  Chart.SetXValues({1, 30, 35, 99});  // rounded ends lie beyond the data
+  Chart.ZoomTo({152, 100}, {347, 200});
+  const double Width = Chart.X->Stop() - Chart.X->Start();
+  for (int Page = 0; Page < 4; ++Page)
+    Chart.After([&] { Chart.Graph->Scroll(Chart.Graph->HorizontalScrollBar(), scPageDown, Pos); });
+  EXPECT_NEAR(Chart.X->Stop() - Chart.X->Start(), Width, 1e-9) << "to the end";
 }
 
 TEST(Zoom, CoupledGraphsStayInStep) {
@@ -260,11 +265,73 @@ TEST(Zoom, CoupledGraphsStayInStep) {
   EXPECT_EQ(Other->GetCurrentZoomStage(), 1);
   EXPECT_EQ(Chart.After([&] { Other->ZoomReset(); }), Whole + "0/0 zZ");
   EXPECT_EQ(Other->GetZoomBufferSize(), 0);
+  Chart.ZoomIn();
+  auto* const Late = new TZyGraph2D(&Chart.Form);  // one that comes while they are zoomed has their stages, too
+  Late->SetParent(&Chart.Form);
+  Late->SetPrimaryXAxis(Chart.X);
+  Late->TestPrimaryAxis();
+  TSampleChart::Paint(*Late);
+  EXPECT_EQ(std::pair(Late->GetCurrentZoomStage(), Late->GetZoomBufferSize()), std::pair(1, 2));
+  EXPECT_EQ(Chart.After([&] { Late->ZoomBack(); }), Whole + "0/2 zZ");
+  Late->SetPrimaryXAxis(Late->PrimaryYAxis());
+  EXPECT_EQ(Chart.Graph->ImgageGraphHeight(), 400 + Other->Height()) << "one that leaves is not in the picture";
+}
+
+// Whatever happened to the data, stage 0 is the range that they have when the zoom begins.
+TEST(Zoom, StagesBeginOnWhatIsToBeSeen) {
+  void (*const Changes[])(TZoomChart&) = {[](TZoomChart& Chart) {
+                                            Chart.ZoomIn();
+                                            Chart.Graph->ZoomReset();
+                                          },
+                                          [](TZoomChart& Chart) {
+                                            Chart.Series->XData()->Add(200);
+                                            Chart.Series->YData()->Add(20);
+                                          }};
+  void (*const Zooms[])(TZoomChart&) = {[](TZoomChart& Chart) {
+                                          Chart.Graph->ZoomTo({150, 100}, {350, 200});
+                                        },
+                                        [](TZoomChart& Chart) {
+                                          Chart.Graph->ZoomAround({250, 175}, 0.5);
+                                        },
+                                        [](TZoomChart& Chart) {
+                                          int Pos = 0;
+                                          Chart.Graph->Scroll(Chart.Graph->HorizontalScrollBar(), scPageDown, Pos);
+                                        }};
+  for (const bool IsNew : {false, true})
+    for (const auto& Zoom : Zooms) {
+      TZoomChart Chart;
+      Changes[IsNew](Chart);
+      Zoom(Chart);
+      EXPECT_EQ(Chart.After([&] { Chart.Zoom.ZoomToStage(0); }), IsNew ? "0..200 0..20 0/2 " : Whole + "0/2 ");
+    }
+}
+
+TEST(Zoom, HandlersMayFreeTheGraph) {
+  const TNotifyEvent Free = [](TObject* Sender) { delete Sender; };
+  for (void (TZyZoomSettings::*const SetHandler)(TNotifyEvent) :
+       {&TZyZoomSettings::SetOnBeginZoom, &TZyZoomSettings::SetOnEndZoom, &TZyZoomSettings::SetOnBeginPanning,
+        &TZyZoomSettings::SetOnEndPanning}) {
+    TZoomChart Chart;
+    Chart.ZoomIn();
+    (Chart.Zoom.*SetHandler)(Free);
+    QWidget* const Widget = Chart.Form.Widget();
+    for (const Qt::KeyboardModifiers Keys : {Qt::NoModifier, Qt::ShiftModifier})
+      for (const auto& [Type, Place, Held] : {std::tuple(QEvent::MouseButtonPress, 200, Qt::LeftButton),
+                                              {QEvent::MouseMove, 300, Qt::LeftButton},
+                                              {QEvent::MouseButtonRelease, 300, Qt::NoButton}})
+        if (Chart.Form.FindComponent("Graph") != nullptr)
+          SendMouse(*Chart.Graph, Type, Place, Place - 80, Type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                    Held, Keys);
+    EXPECT_EQ(Chart.Form.FindComponent("Graph"), nullptr);
+    EXPECT_EQ(Widget, Chart.Form.Widget());
+  }
 }
 
 TEST(Zoom, TheWheelZoomsAroundThePlaceUnderTheMouse) {
   TZoomChart Chart;
   EXPECT_EQ(Chart.Wheel({250, 175}, 120, Qt::NoModifier), "the host's");
+  EXPECT_EQ(Chart.Wheel({250, 175}, -120), Whole + "0/0 zZ") << "there is nothing beyond";
+  Chart.Events.clear();
   EXPECT_EQ(Chart.Wheel({250, 175}, 120), "13.333..80 1.667..8.333 1/2 zZ") << "around 40 and 5, to two thirds";
   Chart.Wheel({250, 320}, 60);
   EXPECT_EQ(Chart.Wheel({250, 320}, 60), "22.222..66.667 1.667..8.333 2/3 zZzZ") << "below the data area, half notches";
@@ -375,6 +442,15 @@ TEST(Zoom, SettingsAreCheckedAndUndone) {
   EXPECT_FALSE(Chart.Zoom.Auto() || Chart.Zoom.HScrollbarVisible());
   Stack.Undo();
   EXPECT_TRUE(Chart.Zoom.Auto() && Chart.Zoom.HScrollbarVisible());
+  Chart.Zoom.SetZoomShift({ssMiddle});
+  Chart.Zoom.SetPanningShift({ssLeft});
+  Chart.Zoom.SetZoomShift({ssShift, ssLeft});
+  TMemoryStream Stream;
+  TWriter(Stream).WriteRootComponent(Chart.Form);
+  Stream.SetPosition(0);
+  TForm Form;
+  TReader(Stream).ReadRootComponent(&Form);
+  EXPECT_EQ(dynamic_cast<TZyGraph2D&>(*Form.FindComponent("Graph")).Zoom().StartPanning(), TShiftState{ssLeft});
 }
 
 }  // namespace
