@@ -8,54 +8,13 @@
 #include <utility>
 
 #include "axes/AxisSamples.h"
-#include "graph/parts/ZyGraphParts.h"
+#include "graph/ChartStubs.h"
 #include "platform/drawing/Font.h"
 
 namespace zy::testing {
 namespace {
 
 using enum TZyAxisPosition;
-
-struct TStubLegend : TGraphicControl, IZyGraphLegend {
-  TStubLegend(TSampleChart& Chart, TZyLegendPosition Position, int Width, int Height)
-      : TGraphicControl(&Chart.Form), FPosition(Position), FWidth(Width), FHeight(Height) {
-    SetBounds(7, 9, 1, 1);
-    SetParent(Chart.Graph);
-  }
-  TControl& Control() override { return *this; }
-  TZyLegendPosition Position() const override { return FPosition; }
-  void PreparePaint() override { SetBounds(Left(), Top(), FWidth, FHeight); }
-  void PaintGr(Graphics&) override {}
-  void Modified() override {}
-  void SetUndoStack(TZyUndoStack*) override {}
-  const TZyLegendPosition FPosition;
-  const int FWidth, FHeight;
-};
-
-struct TStubMarker : TGraphicControl, IZyGraphMarker {
-  using TGraphicControl::TGraphicControl;
-  void PaintGr(Graphics&) override {}
-  void UpdatePosition() override { ++(TZyAxis::LayoutRunning ? Inside : After); }
-  void SetUndoStack(TZyUndoStack*) override {}
-  int Inside = 0, After = 0;
-};
-
-/// A series whose bars may have depth, and that may be drawn beyond its last point.
-struct TStubSeries : TZyLineSeries, IZySolidSeries {
-  explicit TStubSeries(TSampleChart& Chart) : TZyLineSeries(&Chart.Form) {
-    SetXAxis(Chart.X);
-    SetYAxis(Chart.Y);
-    SetXData(Chart.AddVector("VX", {0, 5, 10}));
-    SetYData(Chart.AddVector("VY", {0, 5, 10}));
-  }
-  bool IsSolid() const override { return Solid; }
-  void PrepareDepth() override {}
-  float HorizontalDepth() const override { return 12.4f; }
-  float VerticalDepth() const override { return 30; }
-  float ExtraSpaceAt(TZyAxisPosition Side) const override { return Side == Right ? ExtraSpace : 0; }
-  bool Solid = false;
-  float ExtraSpace = 0;
-};
 
 /// A chart of five axes without texts: X, Y, a second one at the left, and one each at the top and at the right.
 struct TFiveAxes : TSampleChart {
@@ -68,7 +27,7 @@ struct TFiveAxes : TSampleChart {
     Series.SetVisible(false);
   }
   TZyAxis *Left2 = AddAxis(*Graph, Left), *Top2 = AddAxis(*Graph, Top), *Right2 = AddAxis(*Graph, Right);
-  TStubSeries Series{*this};
+  TStubSeries& Series = *AddSeries<TStubSeries>("V", {0, 5, 10}, {0, 5, 10});
 };
 
 /// Where the line of an axis lies in the graph.
@@ -281,13 +240,11 @@ TEST(ZyAxisLayoutTest, TheCaptionKeepsClearOfThePowerOfTen) {
 TEST(ZyAxisLayoutTest, CoupledGraphsShareTheWidthThatBothHave) {
   TSampleChart Chart;
   Chart.UsePlainAxes();
-  auto* const Lower = new TZyGraph2D(&Chart.Form);
-  Lower->SetParent(&Chart.Form);
+  TZyGraph2D* const Lower = &Chart.AddCoupled();
   Lower->SetBounds(0, 400, 600, 300);
   TZyAxis *const Y = AddAxis(*Lower, Left), *const Far = AddAxis(*Lower, Right);
   for (TZyAxis* Axis : {Y, Far}) Axis->SetNumbersVisible(false);
   Y->SetMajorTickLength(90);  // 91 pixels across
-  Lower->SetPrimaryXAxis(Chart.X);
   Lower->SetPrimaryYAxis(Y);
   for (int Round = 0; Round < 3; ++Round) {  // a layout that is due again finds the same
     Chart.Graph->Modified();

@@ -15,15 +15,6 @@ using enum TZyAxisScaling;
 
 constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
 
-/// Plain axes of given lengths between their ends: X from pixel 50 on, Y from pixel 20 on.
-struct TPlainScale : TSampleChart {
-  TPlainScale(int XLength, int YLength) : TSampleChart(50 + XLength + 50, 20 + YLength + 100) {
-    UsePlainAxes();
-    Graph->SetDistanceBorderAxisTop(20);
-    for (TZyAxis* Axis : {X, Y}) Axis->SetEndRounding(TZyAxisEndRounding::RndNothing);
-  }
-};
-
 TEST(ZyAxisScaleTest, StepsAreTheUsersOnlyWhileTheyAreNotAutomatic) {
   TZyAxis Axis;
   const double Automatic = Axis.LabelPart();
@@ -108,7 +99,8 @@ TEST(ZyAxisScaleTest, SlavesShowTheEndsOfTheirMaster) {
 }
 
 TEST(ZyAxisScaleTest, PaddingIsAddedOnceHoweverOftenTheAxisIsLaidOut) {
-  TPlainScale Chart(400, 300);
+  TSampleChart Chart;
+  Chart.X->SetEndRounding(TZyAxisEndRounding::RndNothing);
   Chart.X->SetStartPadding(0.1);
   Chart.X->SetStopPadding(0.25);
   for (const bool Twisted : {false, true, false}) {

@@ -11,6 +11,7 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/TRecordingGraphics.h"
+#include "platform/framework/Reflection.h"
 #include "platform/framework/TRefList.h"
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
@@ -79,12 +80,25 @@ class TSampleChart {
   TSeries* AddSeries(const std::string& Name, const std::vector<double>& XValues = {},
                      const std::vector<double>& YValues = {}) {
     auto* const Series = new TSeries(&Form);
-    Series->SetName(Name);
-    Series->SetXAxis(X);
-    Series->SetYAxis(Y);
-    Series->SetXData(AddVector(Name + "X", XValues));
-    Series->SetYData(AddVector(Name + "Y", YValues));
+    Join(*Series, Name, XValues, YValues);
     return Series;
+  }
+  /// A series of every kind that is registered, named by a prefix and its class.
+  std::vector<TZySeries*> AddOfEachKind(const std::string& Prefix) {
+    std::vector<TZySeries*> Result;
+    for (const TClassInfo* Info : RegisteredClasses()) {
+      if (Info->Factory() == nullptr || !Info->InheritsFrom(TZySeries::StaticClassInfo())) continue;
+      Result.push_back(dynamic_cast<TZySeries*>(Info->Factory()(&Form)));
+      Join(*Result.back(), Prefix + Info->Name(), {1, 2, 3, 4}, {10, 30, 20, 40});
+    }
+    return Result;
+  }
+  /// One more graph of the form, on the X axis of this one.
+  TZyGraph2D& AddCoupled() {
+    auto& Other = *new TZyGraph2D(&Form);
+    Other.SetParent(&Form);
+    Other.SetPrimaryXAxis(X);
+    return Other;
   }
 
   /// Axes of nothing but lines and ticks, and borders for a data area from (50, 50) of 500 by 250 pixels between its
@@ -100,6 +114,12 @@ class TSampleChart {
     Graph->SetDistanceBorderAxisBottom(100 - 10);  // one less: the line is the axis's second row
   }
 
+  /// Plain axes from 0 to 10: 50 and 25 pixels for 1.
+  void UseTenAxes() {
+    UsePlainAxes();
+    for (TZyAxis* Axis : {X, Y}) FixEnds(Axis, 0, 10);
+  }
+
   static void FixEnds(TZyAxis* Axis, double Start, double Stop) {
     Axis->SetStop(Stop);
     Axis->SetStart(Start);
@@ -108,10 +128,8 @@ class TSampleChart {
   }
 
   static Bitmap Paint(TZyGraph2D& Graph) {
-    Bitmap Picture(std::max(Graph.Width(), 1), std::max(Graph.Height(), 1));
-    Graphics Gr(Picture);
-    Graph.PaintGr(Gr);
-    return Picture;
+    return PictureOf(std::max(Graph.Width(), 1), std::max(Graph.Height(), 1),
+                     [&Graph](Graphics& Gr) { Graph.PaintGr(Gr); });
   }
   Bitmap Paint() { return Paint(*Graph); }
 
@@ -133,6 +151,16 @@ class TSampleChart {
   TCountingGraph* Graph = new TCountingGraph(&Form);
   TZyAxis* X = new TZyAxis(&Form);
   TZyAxis* Y = new TZyAxis(&Form);
+
+ private:
+  void Join(TZySeries& Series, const std::string& Name, const std::vector<double>& XValues,
+            const std::vector<double>& YValues) {
+    Series.SetName(Name);
+    Series.SetXAxis(X);
+    Series.SetYAxis(Y);
+    Series.SetXData(AddVector(Name + "X", XValues));
+    Series.SetYData(AddVector(Name + "Y", YValues));
+  }
 };
 
 }  // namespace zy::testing

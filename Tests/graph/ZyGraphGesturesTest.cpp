@@ -25,7 +25,7 @@ class TToldTarget : public IZyGestureTarget {
   void ZoomReset() override { Log += " reset"; }
   bool ZoomToFrame(TPoint, TPoint) override { return Log += " to", true; }
   bool ZoomAround(TPoint, double Factor) override { return Log += Factor < 1 ? " in" : " out", true; }
-  bool MouseInDataArea() const override { return false; }
+  bool MouseInDataArea() const override { return IsInside; }
   TPoint MiddleOfData() const override { return {}; }
   bool Panning() const override { return IsPanning; }
   void BeginPan() override { IsPanning = true; }
@@ -50,7 +50,7 @@ class TToldTarget : public IZyGestureTarget {
     return !IsDead;
   }
 
-  bool HasAxes = true, IsZoomed = true, IsPanning = false, IsDead = false;
+  bool HasAxes = true, IsZoomed = true, IsPanning = false, IsDead = false, IsInside = false;
   TCursor Pointer = crDefault;
   char DiesAt = 0;
   std::string Log;
@@ -59,35 +59,32 @@ class TToldTarget : public IZyGestureTarget {
   TZyGraph2D FGraph;
 };
 
+bool Down(TZyGraphGestures& User, TMouseButton Button, TShiftState Shift, int At) {
+  return User.MouseDown(Button, Shift, {At, At});
+}
+bool Move(TZyGraphGestures& User, int X, int Y) { return User.MouseMove({X, Y}), true; }
+
 /// What the letters of a script stand for. Those up to 'h' say whether the chart is still there.
 const std::map<char, bool (*)(TZyGraphGestures&)> Steps = {
-    {'d',
-     [](auto& User) {
-       return User.MouseDown(mbLeft, {ssLeft}, {50, 50});
-     }},
+    {'d', [](auto& User) { return Down(User, mbLeft, {ssLeft}, 50); }},
     {'D',
      [](auto& User) {
-       return User.MouseDown(mbLeft, {ssShift, ssLeft}, {50, 50});
+       return Down(User, mbLeft, {ssShift, ssLeft}, 50);
+     }},
+    {'k',
+     [](auto& User) {
+       return Down(User, mbLeft, {ssCtrl, ssLeft}, 50);
      }},
     {'r',
      [](auto& User) {
-       return User.MouseDown(mbRight, {ssLeft, ssRight}, {70, 70});
+       return Down(User, mbRight, {ssLeft, ssRight}, 70);
      }},
     {'R', [](auto& User) { return User.MouseUp(mbRight); }},
     {'u', [](auto& User) { return User.MouseUp(mbLeft); }},
     {'h', [](auto& User) { return User.Cancel(); }},
-    {'m',
-     [](auto& User) {
-       return User.MouseMove({90, 80}), true;
-     }},
-    {'b',
-     [](auto& User) {
-       return User.MouseMove({10, 20}), true;
-     }},
-    {'s',
-     [](auto& User) {
-       return User.MouseMove({53, 80}), true;
-     }},
+    {'m', [](auto& User) { return Move(User, 90, 80); }},
+    {'b', [](auto& User) { return Move(User, 10, 20); }},
+    {'s', [](auto& User) { return Move(User, 53, 80); }},
     {'c', [](auto& User) { return User.Click(), true; }},
     {'C', [](auto& User) { return User.DblClick(), true; }},
     {'e', [](auto& User) { return User.KeyDown(vkEscape, {}); }},
@@ -117,6 +114,7 @@ TEST(ZyGraphGesturesTest, DoWhatTheUserAsks) {
   const auto Backs = [](TToldTarget& Target) { Target.Zoom().SetBackOnRightBottomLeftTopFrame(true); };
   const auto Resets = [](TToldTarget& Target) { Target.Zoom().SetResetOnRightBottomLeftTopFrame(true); };
   const auto Thumb = [](TToldTarget& Target) { Target.IsPanning = true; };
+  const auto Inside = [](TToldTarget& Target) { Target.IsInside = true; };
   const auto Bare = [](TToldTarget& Target) { Target.HasAxes = false; };
   const std::tuple<const char*, void (*)(TToldTarget&), const char*, const char*> Rows[] = {
       {"frame", Plain, "dmu", "z # # # to Z"},
@@ -127,6 +125,8 @@ TEST(ZyGraphGesturesTest, DoWhatTheUserAsks) {
       {"too narrow", Plain, "dsu", "z # # #"},
       {"switched off", Off, "dmuDmuwpz+>", ""},
       {"a click beside", Plain, "dcuC", "z back # reset"},
+      {"a double click inside", Inside, "C", ""},
+      {"another key down", Plain, "kmu", ""},
       {"a drag is no click", Plain, "dmcu", "z # # # to Z"},
       {"nor is a pan", Plain, "Dmcu", "p pan -40,30 keep P"},
       {"pan", Plain, "Dmu", "p pan -40,30 keep P"},

@@ -8,18 +8,16 @@
 
 #include "annotations/ZyRichLabel.h"
 #include "drawing/Pixels.h"
+#include "graph/ChartStubs.h"
 #include "graph/OtherPrograms.h"
-#include "graph/SampleChart.h"
 #include "platform/controls/TClipboard.h"
 #include "platform/controls/TLabel.h"
 #include "platform/controls/TPrinter.h"
-#include "platform/drawing/Brush.h"
 #include "platform/drawing/Metafile.h"
 #include "platform/drawing/TBitmap.h"
 #include "platform/drawing/TMetafile.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
-#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {
@@ -127,12 +125,10 @@ TEST(GraphImageTest, TransparencyStaysOrTakesTheColour) {
   Chart.Graph->SetDataAreaColor(Colors::Yellow);
   const std::unique_ptr<TBitmap> Copy = Chart.Graph->AsTBitmap(Yellow);
   EXPECT_EQ(Copy->Pixel(5, 190), Yellow);
-  Bitmap Sheet(310, 200);
-  {
-    Graphics Canvas(Sheet);
+  const Bitmap Sheet = zy::PictureOf(310, 200, [&Copy](Graphics& Canvas) {
     Canvas.Clear(Colors::Lime);
     Copy->Draw(Canvas, 10, 0);
-  }
+  });
   EXPECT_EQ(Sheet.GetPixel(15, 190), Colors::Lime);
   EXPECT_EQ(Sheet.GetPixel(160, 130), Colors::Lime) << "what the chart draws in that colour goes, too";
 }
@@ -140,12 +136,7 @@ TEST(GraphImageTest, TransparencyStaysOrTakesTheColour) {
 TEST(GraphImageTest, NoOutputChangesTheScreenOrLeavesAFlag) {
   TOutputChart Chart;
   for (const int Width : {280, 300}) {
-    const auto Screen = [&Chart] {
-      Bitmap Picture(300, 200);
-      Graphics Canvas(Picture);
-      Chart.Form.PaintTo(Canvas);
-      return Picture;
-    };
+    const auto Screen = [&Chart] { return PictureOf(300, 200, [&](Graphics& Gr) { Chart.Form.PaintTo(Gr); }); };
     Chart.Graph->SetWidth(Width);
     const Bitmap Before = Screen();
     Chart.Graph->Modified();
@@ -163,22 +154,9 @@ TEST(GraphImageTest, NoOutputChangesTheScreenOrLeavesAFlag) {
   }
 }
 
-/// A marker in the chart, drawn as a red box with its corner at its own.
-class TBoxMarker : public TGraphicControl, public IZyGraphMarker {
- public:
-  using TGraphicControl::TGraphicControl;
-  void PaintGr(Graphics& Gr) override {
-    if (Fails) throw EInvalidOperation("no");
-    Gr.FillRectangle(SolidBrush(Colors::Red), 0, 0, 10, 10);
-  }
-  void UpdatePosition() override {}
-  void SetUndoStack(TZyUndoStack*) override {}
-  bool Fails = false;
-};
-
 TEST(GraphImageTest, ShowsMarkersAndRichLabelsButNoOtherControls) {
   TOutputChart Chart;
-  TBoxMarker Marker(&Chart.Form), Hidden(&Chart.Form);
+  TStubMarker Marker(&Chart.Form), Hidden(&Chart.Form);
   TZyRichLabel Label(&Chart.Form);
   TLabel Plain(&Chart.Form);
   Label.SetAutoSize(false);
@@ -220,11 +198,9 @@ TEST(GraphImageTest, LeavesScrollBarsOut) {
 TEST(GraphImageTest, CoupledGraphsAreOnePicture) {
   TOutputChart Chart;
   const auto AddOther = [&](int Height, TZyColor Color) {
-    auto* const Other = new TZyGraph2D(&Chart.Form);
-    Other->SetParent(&Chart.Form);
+    TZyGraph2D* const Other = &Chart.AddCoupled();
     Other->SetBounds(0, 300, 300, Height);
     Other->SetBackColor(Color);
-    Other->SetPrimaryXAxis(Chart.X);
     Other->TestPrimaryAxis();
     return Other;
   };

@@ -6,29 +6,14 @@
 #include <cmath>
 #include <thread>
 
-#include "graph/SampleChart.h"
+#include "graph/ChartStubs.h"
 #include "platform/controls/TApplication.h"
-#include "platform/controls/TGraphicControl.h"
 #include "platform/controls/TTimer.h"
-#include "platform/drawing/Brush.h"
 #include "platform/framework/TPropInfo.h"
-#include "texts/Exceptions.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy::testing {
 namespace {
-
-/// A series that is drawn as solids of 20 x 12 pixels depth.
-class TSolidStub : public TZyLineSeries, public IZySolidSeries {
-  ZY_CLASS(TSolidStub, TZyLineSeries)
-  using TZyLineSeries::TZyLineSeries;
-  bool IsSolid() const override { return true; }
-  void PrepareDepth() override { ++Prepared; }
-  float HorizontalDepth() const override { return 21; }
-  float VerticalDepth() const override { return 12; }
-  int Prepared = 0;
-};
-ZY_PUBLISHED(TSolidStub, TZyLineSeries)
 
 /// A series with a symbol at the corner of the data.
 class TSymbolStub : public TZyLineSeries {
@@ -37,25 +22,6 @@ class TSymbolStub : public TZyLineSeries {
   void DrawSymbols(Graphics& Gr) override { Gr.FillRectangle(SolidBrush(0xFF654321), 1, 2, 3, 4); }
 };
 ZY_PUBLISHED(TSymbolStub, TZyLineSeries)
-
-/// A legend that fills its box.
-class TLegendStub : public TGraphicControl, public IZyGraphLegend {
-  ZY_CLASS(TLegendStub, TGraphicControl)
-  using TGraphicControl::TGraphicControl;
-  TControl& Control() override { return *this; }
-  TZyLegendPosition Position() const override { return TZyLegendPosition::FreeFloating; }
-  void PreparePaint() override {}
-  void PaintGr(Graphics& Gr) override { Gr.FillRectangle(SolidBrush(0xFF123456), 0, 0, 7, 8); }
-  void Modified() override {
-    ++Modifications;
-    if (Fails) throw EInvalidOperation("no");
-  }
-  void SetUndoStack(TZyUndoStack* Value) override { Stack = Value; }
-  int Modifications = 0;
-  bool Fails = false;
-  TZyUndoStack* Stack = nullptr;
-};
-ZY_PUBLISHED(TLegendStub, TGraphicControl)
 
 class ZyGraphPaintTest : public ::testing::Test, public TSampleChart {
  protected:
@@ -84,7 +50,7 @@ TEST_F(ZyGraphPaintTest, EverythingIsDrawnInTheOneOrder) {
     Line->SetColor(Color);
     Color += 0x010101;
   }
-  TLegendStub Legend(&Form);
+  TStubLegend Legend(&Form);
   Legend.SetParent(Graph);
   Legend.SetBounds(500, 20, 50, 60);
   Graph->AddRelatedLegend(&Legend);
@@ -118,7 +84,9 @@ TEST_F(ZyGraphPaintTest, BackgroundsFollowTheirRules) {
 }
 
 TEST_F(ZyGraphPaintTest, SolidsOpenARoom) {
-  TSolidStub& Series = *AddSeries<TSolidStub>("A", {0, 1}, {1, 5});
+  TStubSeries& Series = *AddSeries<TStubSeries>("A", {0, 1}, {1, 5});
+  Series.Solid = true;
+  Series.Depth = {21, 12};
   Graph->SetDataAreaColor(0xFF808080);
   Graph->MajorGridHorizontal().SetVisible(true);
   Graph->MajorGridHorizontal().SetColor(0xFF020202);
@@ -171,10 +139,8 @@ TEST_F(ZyGraphPaintTest, PointsAreFoundFromTheTopmostSeriesDown) {
 }
 
 TEST_F(ZyGraphPaintTest, GraphsThatShareAnXAxisAreCoupled) {
-  auto& Other = *new TZyGraph2D(&Form);
-  Other.SetParent(&Form);
-  Other.SetPrimaryXAxis(X);
-  TLegendStub Legend(&Form), OtherLegend(&Form);
+  TZyGraph2D& Other = AddCoupled();
+  TStubLegend Legend(&Form), OtherLegend(&Form);
   Graph->AddRelatedLegend(&Legend);
   Other.AddRelatedLegend(&OtherLegend);
   Other.AddRelatedLegend(&OtherLegend);
@@ -212,11 +178,9 @@ TEST_F(ZyGraphPaintTest, GraphsThatShareAnXAxisAreCoupled) {
 }
 
 TEST_F(ZyGraphPaintTest, AHandlerThatThrowsLeavesNothingBehind) {
-  auto& Other = *new TZyGraph2D(&Form);
-  Other.SetParent(&Form);
-  Other.SetPrimaryXAxis(X);
+  TZyGraph2D& Other = AddCoupled();
   AddSeries("A", {0, 1, 2}, {1, 2, 3});
-  TLegendStub Legend(&Form);
+  TStubLegend Legend(&Form);
   Graph->AddRelatedLegend(&Legend);
   Legend.Fails = true;
   EXPECT_THROW(Graph->LegendsModified(), EInvalidOperation);

@@ -9,8 +9,6 @@
 
 #include "controls/ControlSamples.h"
 #include "graph/SampleChart.h"
-#include "platform/framework/TReader.h"
-#include "platform/framework/TWriter.h"
 #include "texts/Exceptions.h"
 #include "undo/ZyUndoStack.h"
 
@@ -92,35 +90,18 @@ const std::string Zoomed = "20..60 4..8 1/2 ", Whole = "0..100 0..10 ";
 
 TEST(Zoom, FrameGestures) {
   const auto Plain = [](TZyZoomSettings&) {};
-  const auto Backs = [](TZyZoomSettings& Zoom) { Zoom.SetBackOnRightBottomLeftTopFrame(true); };
   const auto Optimizes = [](TZyZoomSettings& Zoom) { Zoom.SetOptimizeSeries(true); };
-  const std::tuple<const char*, bool, TPoint, TPoint, Qt::KeyboardModifiers, void (*)(TZyZoomSettings&), std::string>
-      Rows[] = {
-          {"zooms", false, {150, 100}, {350, 200}, {}, Plain, Zoomed + "zZ"},
-          {"outside the data area", false, {10, 5}, {350, 40}, {}, Plain, Whole + "0/0 z"},
-          {"cut to the data area", false, {10, 5}, {350, 200}, {}, Plain, "0..60 4..10 1/2 zZ"},
-          {"another key down", false, {150, 100}, {350, 200}, Qt::ControlModifier, Plain, Whole + "0/0 "},
-          {"backwards goes back", true, {350, 200}, {150, 100}, {}, Backs, Whole + "0/2 z"},
-          {"a click beside", true, {250, 20}, {250, 20}, {}, Plain, Whole + "0/2 z"},
-          {"to the points inside", false, {150, 100}, {350, 200}, {}, Optimizes, "30..35 6..7 1/2 zZ"},
-          {"to no points", false, {60, 60}, {90, 90}, {}, Optimizes, Whole + "0/0 zZ"},
-      };
-  for (const auto& [What, ZoomedBefore, From, To, Keys, Set, Expected] : Rows) {
+  const std::tuple<const char*, TPoint, TPoint, void (*)(TZyZoomSettings&), std::string> Rows[] = {
+      {"zooms", {150, 100}, {350, 200}, Plain, Zoomed + "zZ"},
+      {"outside the data area", {10, 5}, {350, 40}, Plain, Whole + "0/0 z"},
+      {"cut to the data area", {10, 5}, {350, 200}, Plain, "0..60 4..10 1/2 zZ"},
+      {"to the points inside", {150, 100}, {350, 200}, Optimizes, "30..35 6..7 1/2 zZ"},
+      {"to no points", {60, 60}, {90, 90}, Optimizes, Whole + "0/0 zZ"},
+  };
+  for (const auto& [What, From, To, Set, Expected] : Rows) {
     TZoomChart Chart;
     Set(Chart.Zoom);
-    if (ZoomedBefore) Chart.ZoomIn();
-    EXPECT_EQ(Chart.DragMouse(From, To, Keys), Expected) << What;
-  }
-}
-
-TEST(Zoom, ADoubleClickBesideShowsTheWholeRange) {
-  TZoomChart Chart;
-  Chart.ZoomIn();
-  Chart.Zoom.SetBackOnClickBeside(false);
-  for (const int Top : {150, 20}) {
-    SendMouse(*Chart.Graph, QEvent::MouseButtonDblClick, 250, Top, Qt::LeftButton, Qt::LeftButton);
-    Release(*Chart.Graph, 250, Top);
-    EXPECT_EQ(Chart.State(), Top == 150 ? Zoomed : Whole + "0/0 ");
+    EXPECT_EQ(Chart.DragMouse(From, To), Expected) << What;
   }
 }
 
@@ -248,9 +229,7 @@ TEST(Zoom, ScrollingKeepsRoundedEndsOnTicks) {
 
 TEST(Zoom, CoupledGraphsStayInStep) {
   TZoomChart Chart;
-  auto* const Other = new TZyGraph2D(&Chart.Form);
-  Other->SetParent(&Chart.Form);
-  Other->SetPrimaryXAxis(Chart.X);
+  TZyGraph2D* const Other = &Chart.AddCoupled();
   Other->TestPrimaryAxis();
   TSampleChart::Paint(*Other);
   Chart.Graph->Modified();
@@ -263,9 +242,7 @@ TEST(Zoom, CoupledGraphsStayInStep) {
   EXPECT_EQ(Chart.After([&] { Other->ZoomReset(); }), Whole + "0/0 zZ");
   EXPECT_EQ(Other->GetZoomBufferSize(), 0);
   Chart.ZoomIn();
-  auto* const Late = new TZyGraph2D(&Chart.Form);  // one that comes while they are zoomed has their stages, too
-  Late->SetParent(&Chart.Form);
-  Late->SetPrimaryXAxis(Chart.X);
+  TZyGraph2D* const Late = &Chart.AddCoupled();  // one that comes while they are zoomed has their stages, too
   Late->TestPrimaryAxis();
   TSampleChart::Paint(*Late);
   EXPECT_EQ(std::pair(Late->GetCurrentZoomStage(), Late->GetZoomBufferSize()), std::pair(1, 2));
@@ -276,30 +253,21 @@ TEST(Zoom, CoupledGraphsStayInStep) {
 
 // Whatever happened to the data, stage 0 is the range that they have when the zoom begins.
 TEST(Zoom, StagesBeginOnWhatIsToBeSeen) {
-  void (*const Changes[])(TZoomChart&) = {[](TZoomChart& Chart) {
-                                            Chart.ZoomIn();
-                                            Chart.Graph->ZoomReset();
-                                          },
-                                          [](TZoomChart& Chart) {
-                                            Chart.Series->XData()->Add(200);
-                                            Chart.Series->YData()->Add(20);
-                                          }};
-  void (*const Zooms[])(TZoomChart&) = {[](TZoomChart& Chart) {
-                                          Chart.Graph->ZoomTo({150, 100}, {350, 200});
-                                        },
-                                        [](TZoomChart& Chart) {
-                                          Chart.Graph->ZoomAround({250, 175}, 0.5);
-                                        },
-                                        [](TZoomChart& Chart) {
-                                          int Pos = 0;
-                                          Chart.Graph->Scroll(Chart.Graph->HorizontalScrollBar(), scPageDown, Pos);
-                                        }};
   for (const bool IsNew : {false, true})
-    for (const auto& Zoom : Zooms) {
+    for (const char* Way : {"frame", "wheel", "scroll bar"}) {
       TZoomChart Chart;
-      Changes[IsNew](Chart);
-      Zoom(Chart);
-      EXPECT_EQ(Chart.After([&] { Chart.Zoom.ZoomToStage(0); }), IsNew ? "0..200 0..20 0/2 " : Whole + "0/2 ");
+      if (IsNew) {
+        Chart.Series->XData()->Add(200);
+        Chart.Series->YData()->Add(20);
+      } else {
+        Chart.ZoomIn();
+        Chart.Graph->ZoomReset();
+      }
+      int Pos = 0;
+      if (*Way == 'f') Chart.Graph->ZoomTo({150, 100}, {350, 200});
+      if (*Way == 'w') Chart.Graph->ZoomAround({250, 175}, 0.5);
+      if (*Way == 's') Chart.Graph->Scroll(Chart.Graph->HorizontalScrollBar(), scPageDown, Pos);
+      EXPECT_EQ(Chart.After([&] { Chart.Zoom.ZoomToStage(0); }), IsNew ? "0..200 0..20 0/2 " : Whole + "0/2 ") << Way;
     }
 }
 
@@ -402,10 +370,7 @@ TEST(Zoom, Keys) {
 TEST(Zoom, TheFrameIsDrawnAndRemoved) {
   TZoomChart Chart;
   const auto PixelAt = [&](int X, int Y) {
-    Bitmap Picture(600, 400);
-    Graphics Gr(Picture);
-    Chart.Graph->PaintTo(Gr);
-    return Picture.GetPixel(X, Y);
+    return PictureOf(600, 400, [&](Graphics& Gr) { Chart.Graph->PaintTo(Gr); }).GetPixel(X, Y);
   };
   const ARGB Ground = PixelAt(150, 130);
   Press(*Chart.Graph, 150, 100);
@@ -436,11 +401,8 @@ TEST(Zoom, SettingsAreCheckedAndUndone) {
   Chart.Zoom.SetZoomShift({ssMiddle});
   Chart.Zoom.SetPanningShift({ssLeft});
   Chart.Zoom.SetZoomShift({ssShift, ssLeft});
-  TMemoryStream Stream;
-  TWriter(Stream).WriteRootComponent(Chart.Form);
-  Stream.SetPosition(0);
   TForm Form;
-  TReader(Stream).ReadRootComponent(&Form);
+  ReadBack(Chart.Form, Form);
   EXPECT_EQ(dynamic_cast<TZyGraph2D&>(*Form.FindComponent("Graph")).Zoom().StartPanning(), TShiftState{ssLeft});
 }
 

@@ -3,10 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "graph/SampleChart.h"
-#include "platform/framework/Reflection.h"
-#include "platform/framework/XmlDocument.h"
 #include "series/ZyFunctionSeries.h"
-#include "undo/ZyUndoStack.h"
 
 namespace peaks {
 double HeldAt(double x, zy::TZyCustomDoubleVector& X, zy::TZyCustomDoubleVector& Y, double Fall);
@@ -18,10 +15,7 @@ namespace {
 /// Makes them by name, on axes from 0 to 10 of 500 by 250 pixels.
 class OwnKindsTest : public ::testing::Test {
  protected:
-  OwnKindsTest() {
-    Chart.UsePlainAxes();
-    for (TZyAxis* Axis : {Chart.X, Chart.Y}) Chart.FixEnds(Axis, 0, 10);
-  }
+  OwnKindsTest() { Chart.UseTenAxes(); }
   TZySeries& Make(const char* ClassName) {
     auto& Series = dynamic_cast<TZySeries&>(*FindClass(ClassName).Factory()(&Chart.Form));
     Series.SetDefaultAxis(*Chart.Graph);
@@ -35,13 +29,10 @@ class OwnKindsTest : public ::testing::Test {
   TZyDoubleVector* Lengths = Chart.AddVector("Lengths", {4, -5});
 };
 
-TEST_F(OwnKindsTest, StemsJoinDrawAreHitAndUndone) {
+TEST_F(OwnKindsTest, StemsJoinDrawAndAreHit) {
   TZySeries& Stems = Make("TStems");
   EXPECT_TRUE(Chart.Graph->RelatedSeries().empty()) << "no length yet";
-  TZyUndoStack Stack(&Chart.Form);
-  Stems.SetUndoStack(&Stack);
   SetObjectProp(Stems, "LengthData", Lengths);
-  EXPECT_EQ(Stack.UndoList().Get(0), "Length of stems");
   Stems.Area().SetVisible(true);
   // A flag of 8 pixels leaves 492 of the X axis. X from 50: 4 and 0 of 10. Y upwards from 300: 0 and 4, 3 and -2.
   const auto Calls = Chart.Calls();
@@ -52,28 +43,8 @@ TEST_F(OwnKindsTest, StemsJoinDrawAreHitAndUndone) {
     EXPECT_EQ(Stems.FindPoint(AtX, AtY), Found) << AtX << ", " << AtY;
   SetFloatProp(Stems, "FlagSize", -1);
   EXPECT_EQ(GetFloatProp(Stems, "FlagSize"), 0);
-  EXPECT_EQ(Stack.UndoList().Get(0), "FlagSize");
-  Stack.Undo(Stack.UndoList().Count() - 1);
+  SetObjectProp(Stems, "LengthData", nullptr);
   EXPECT_TRUE(Chart.Graph->RelatedSeries().empty()) << "the length is gone again";
-}
-
-TEST_F(OwnKindsTest, TheirFieldsAreStoredAndLoaded) {
-  TZySeries &Stems = Make("TStems"), &Peaks = Make("TPeakHold");
-  SetObjectProp(Stems, "LengthData", Lengths);
-  SetFloatProp(Stems, "FlagSize", 12.5);
-  SetFloatProp(Peaks, "Fall", -0.25);
-  TMemoryStream Stream;
-  const TXMLDocument Document("Chart");
-  for (const TZySeries* Each : {&Stems, &Peaks}) Each->WriteTo(Stream), Each->WriteTo(Document.DocumentElement());
-  Stream.SetPosition(0);
-  for (const bool AsXml : {false, true}) {
-    TZySeries &OtherStems = Make("TStems"), &OtherPeaks = Make("TPeakHold");
-    for (TZySeries* Each : {&OtherStems, &OtherPeaks})
-      AsXml ? Each->ReadFrom(Document.DocumentElement()) : Each->ReadFrom(Stream);
-    EXPECT_EQ(GetObjectProp(OtherStems, "LengthData"), Lengths);
-    EXPECT_EQ(GetFloatProp(OtherStems, "FlagSize"), 12.5);
-    EXPECT_EQ(GetFloatProp(OtherPeaks, "Fall"), 0.25);
-  }
 }
 
 TEST_F(OwnKindsTest, PeaksAreHeldWithAndWithoutAChart) {

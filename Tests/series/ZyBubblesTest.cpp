@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "graph/SampleChart.h"
-#include "undo/ZyUndoStack.h"
 
 namespace zy::testing {
 namespace {
@@ -12,8 +11,7 @@ namespace {
 class ZyBubblesTest : public ::testing::Test {
  protected:
   ZyBubblesTest() {
-    Chart.UsePlainAxes();
-    for (TZyAxis* Axis : {Chart.X, Chart.Y}) Chart.FixEnds(Axis, 0, 10);
+    Chart.UseTenAxes();
     Series->SetRadiusData(Radius);
     Series->Area().SetVisible(true);
   }
@@ -70,17 +68,13 @@ TEST_F(ZyBubblesTest, CirclesAreRoundAndHitByTheirRectangle) {
   EXPECT_EQ(Series->Sizes().size(), 1u);
 }
 
-TEST_F(ZyBubblesTest, LeavesWithItsRadiusAndComesBackByUndo) {
-  TZyUndoStack Stack(&Chart.Form);
-  Series->SetUndoStack(&Stack);
+TEST_F(ZyBubblesTest, LeavesAndComesBackWithItsRadius) {
   Series->SetXData(nullptr);
   Chart.Paint();
   EXPECT_EQ(Chart.Graph->RelatedSeries().size(), 1u) << "the index stands in for X";
   Series->SetRadiusData(nullptr);
   EXPECT_TRUE(Chart.Graph->RelatedSeries().empty());
-  EXPECT_EQ(Stack.UndoList().Get(0), "Bubbles radius reference");
-  Stack.Undo();
-  EXPECT_EQ(Series->RadiusData(), Radius);
+  Series->SetRadiusData(Radius);
   EXPECT_EQ(Chart.Graph->RelatedSeries().size(), 1u);
   delete Radius;
   EXPECT_EQ(Series->RadiusData(), nullptr);

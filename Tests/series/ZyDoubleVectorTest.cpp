@@ -209,27 +209,6 @@ TEST(ZyDoubleVectorTest, TellsItsSeriesNoMoreThanIsDue) {
   EXPECT_GT(Series->YStart(), Series->YStop()) << "no range";
 }
 
-TEST(ZyDoubleVectorTest, DataThatAreNotFiniteLeaveTheAxesAlone) {
-  for (const double Bad : {NotANumber, Infinity, -Infinity}) {
-    SCOPED_TRACE(Bad);
-    TSampleChart Chart;
-    TZyLineSeries* const Series = Chart.AddSeries("Series", {0, 1, 2, 3, 4, 5, Bad}, {0, 1, Bad, 3, 10});
-    const auto Ends = [&] {
-      Chart.Paint();
-      return std::array{Chart.X->Start(), Chart.X->Stop(), Chart.Y->Start(), Chart.Y->Stop()};
-    };
-    EXPECT_EQ(Ends(), (std::array<double, 4>{0, 4, 0, 10}));
-    for (const PointF& Point : Series->Points()) EXPECT_TRUE(std::isfinite(Point.X) && std::isfinite(Point.Y));
-    Series->YData()->SetValue(2, 2);
-    EXPECT_EQ(Series->YData()->Sum(), 16);
-    for (TZyCustomDoubleVector* Vector : {Series->XData(), Series->YData()}) {
-      Vector->Clear();
-      for (int i = 0; i < 5; ++i) Vector->Add(Bad);
-    }
-    EXPECT_EQ(Ends(), (std::array<double, 4>{0, 10, 0, 10})) << "as without data";
-  }
-}
-
 /// The record of the vector "V" of a form "Form": increment 200, capacity 400, the values 1, -2.5.
 std::string Record(bool WithOutliers = false) {
   using namespace std::string_literals;

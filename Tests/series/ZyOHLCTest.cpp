@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "graph/SampleChart.h"
-#include "undo/ZyUndoStack.h"
 
 namespace zy::testing {
 namespace {
@@ -11,8 +10,7 @@ namespace {
 class ZyOHLCTest : public ::testing::Test {
  protected:
   ZyOHLCTest() {
-    Chart.UsePlainAxes();
-    for (TZyAxis* Axis : {Chart.X, Chart.Y}) Chart.FixEnds(Axis, 0, 10);
+    Chart.UseTenAxes();
     Series->SetLowData(Low);
     Series->SetOpenData(Open);
     Series->SetHighData(High);
@@ -63,17 +61,6 @@ TEST_F(ZyOHLCTest, DrawsABarWithTwoTicksAndIsHitWithinThem) {
   });
   EXPECT_EQ(Chart.CountOf(Chart.Calls(), "DrawRectangle(pen FF00008B"), 1) << "what a handler hides stays hidden";
   EXPECT_EQ(Asked, 3);
-}
-
-TEST_F(ZyOHLCTest, CloseIsOneStepOfUndo) {
-  TZyUndoStack Stack(&Chart.Form);
-  Series->SetUndoStack(&Stack);
-  TZyCustomDoubleVector* const Close = Series->CloseData();
-  Series->SetCloseData(Chart.AddVector("Other", {4, 4}));
-  EXPECT_EQ(Stack.UndoCount(), 1);
-  EXPECT_EQ(Stack.UndoList().Get(0), "OHLC/candles close data");
-  Stack.Undo();
-  EXPECT_EQ(Series->YData(), Close);
 }
 
 }  // namespace

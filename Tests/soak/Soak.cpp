@@ -70,7 +70,8 @@ class TSoak {
       }
     FEdited.Graph->SetParentFont(false);  // else the first colour of its own would end it, which is no step
     FEdited.Graph->SetUndoStack(FStack.get());
-    for (TComponent* Component : FEdited.Form.Components()) Collect(*Component);
+    for (TComponent* Component : FEdited.Form.Components())
+      if (dynamic_cast<TZyDoubleVector*>(Component) == nullptr) Collect(*Component, FObjects);
     FLive.Paint();
     FStack->Clear();
   }
@@ -92,15 +93,6 @@ class TSoak {
 
  private:
   int Roll(int Count) { return static_cast<int>(FRandom() % static_cast<unsigned>(Count)); }
-
-  void Collect(TPersistent& Object) {
-    if (dynamic_cast<TZyDoubleVector*>(&Object) != nullptr) return;
-    FObjects.push_back(&Object);
-    for (const TPropInfo* Info : Object.ClassInfo().Properties())
-      if (Info->IsOwnedObject && !Info->ObjectClass().InheritsFrom(TZyFont::StaticClassInfo()) &&
-          !Info->ObjectClass().Properties().empty())
-        Collect(*Info->GetObject(Object));
-  }
 
   /// The data that each series has between the rounds.
   static void Refill(TZySeries& Series) {

@@ -14,6 +14,7 @@
 #include "series/ZyPointSeries.h"
 #include "texts/Exceptions.h"
 #include "texts/NumberText.h"
+#include "undo/RandomSetters.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
@@ -98,18 +99,10 @@ class ExtremeValuesTest : public ::testing::Test {
     if (Info.GetOrd != nullptr) return std::to_string(Info.GetOrd(Object));
     return Info.GetFloat != nullptr ? RealToText(Info.GetFloat(Object)) : "";
   }
-  /// What sets a property to the value that it has now.
-  static std::function<void()> RestoreOf(TPersistent& Object, const TPropInfo& Info) {
-    if (Info.GetOrd != nullptr) return [&, Old = Info.GetOrd(Object)] { Info.SetOrd(Object, Old); };
-    if (Info.GetFloat != nullptr) return [&, Old = Info.GetFloat(Object)] { Info.SetFloat(Object, Old); };
-    if (Info.SetStr != nullptr) return [&, Old = Info.GetStr(Object)] { Info.SetStr(Object, Old); };
-    if (Info.SetObject != nullptr) return [&, Old = Info.GetObject(Object)] { Info.SetObject(Object, Old); };
-    return [] {};
-  }
 
   void TryAll(TPersistent& Object, const std::string& Path, const TPropInfo& Info) {
     const std::string Name = Path + "." + Info.Name + " = ";
-    FRestore = RestoreOf(Object, Info);
+    FRestore = testing::RestoreOf(Object, Info);
     const auto Ord = [&](std::int64_t Value) {
       Try(Object, Info, Name + std::to_string(Value), [&] { Info.SetOrd(Object, Value); });
     };

@@ -1,21 +1,24 @@
 #pragma once
 
+#include <functional>
 #include <random>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "annotations/captions/ZyFont.h"
 #include "platform/controls/TCustomPanel.h"
 #include "platform/framework/TPropInfo.h"
 
 namespace zy::testing {
 
-/// What is set without undo: what the designer sets once, the one look without a step, the paddings of an axis, and the
-/// table and the part of a sample.
+/// What is set without undo: the curve that divides the points, what the designer sets once, the one look without a
+/// step, the paddings of an axis, and the table and the part of a sample.
 inline const std::set<std::string_view> NotUndone = {
     "BufferType",          "PanningCursor", "SmoothingMode", "AutoUpdate", "ParentFont", "StartPadding", "StopPadding",
-    "MergeLegendItemWith", "DrawBandTo",    "RubricsField",  "DataSource", "DataField",  "Table",        "Part"};
+    "MergeLegendItemWith", "DrawBandTo",    "RubricsField",  "DataSource", "DataField",  "Table",        "Part",
+    "RangeFromFunction"};
 
 /// What every panel has, places and names above all, is set without undo too.
 inline bool IsUndone(const TPropInfo& Info) {
@@ -58,6 +61,24 @@ inline bool SetAtRandom(TPersistent& Object, const TPropInfo& Info, TComponent& 
     default:
       return false;
   }
+}
+
+/// Notes an object and the settings that it owns, fonts left out: who changes a font pushes it as a whole before.
+inline void Collect(TPersistent& Object, std::vector<TPersistent*>& Into) {
+  Into.push_back(&Object);
+  for (const TPropInfo* Info : Object.ClassInfo().Properties())
+    if (Info->IsOwnedObject && !Info->ObjectClass().InheritsFrom(TZyFont::StaticClassInfo()) &&
+        !Info->ObjectClass().Properties().empty())
+      Collect(*Info->GetObject(Object), Into);
+}
+
+/// What sets a property to the value that it has now.
+inline std::function<void()> RestoreOf(TPersistent& Object, const TPropInfo& Info) {
+  if (Info.GetOrd != nullptr) return [&, Old = Info.GetOrd(Object)] { Info.SetOrd(Object, Old); };
+  if (Info.GetFloat != nullptr) return [&, Old = Info.GetFloat(Object)] { Info.SetFloat(Object, Old); };
+  if (Info.SetStr != nullptr) return [&, Old = Info.GetStr(Object)] { Info.SetStr(Object, Old); };
+  if (Info.SetObject != nullptr) return [&, Old = Info.GetObject(Object)] { Info.SetObject(Object, Old); };
+  return [] {};
 }
 
 }  // namespace zy::testing

@@ -7,50 +7,44 @@
 #include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
 #include "platform/framework/Reflection.h"
+#include "series/ZyFunctionSeries.h"
 #include "undo/RandomSetters.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
 namespace {
 
+using testing::Collect;
 using testing::IsUndone;
 using testing::SetAtRandom;
 using testing::TSample;
 
-/// A form with a chart of two series and a sample of every kind of property, all of which push to one stack.
+/// A form with a chart of a series of each kind and a sample of every kind of property, all of which push to one stack.
 class ZyChartUndoTest : public ::testing::Test {
  protected:
   ZyChartUndoTest() {
     Chart.Graph->SetParentFont(false);  // else the first colour of its own would end it, which is no step
-    for (const char* Name : {"Series1", "Series2"}) Chart.AddSeries(Name, {1, 2, 3, 4}, {10, 30, 20, 40});
     Stack.SetLimit(0);
     Chart.Graph->SetUndoStack(&Stack);
+    for (TZySeries* Series : Kinds) Series->SetUndoStack(&Stack);  // also of those that have not joined the graph
     Sample.SetName("Sample");
     Sample.MakePart();
     for (TSample* const Part : {&Sample, Sample.Part()}) {
       Part->BeforeChange = [this](TPersistent* Instance, const char* Property) {
         Stack.PushProperty(Instance, Property, Property);
       };
-      Collect(*Part);
+      Collect(*Part, Objects);
     }
     for (TComponent* Component : Form.Components())
       if (dynamic_cast<TZyGraph2D*>(Component) != nullptr || dynamic_cast<TZyAxis*>(Component) != nullptr ||
           dynamic_cast<TZySeries*>(Component) != nullptr)
-        Collect(*Component);
-  }
-
-  /// Notes the object and the settings that it owns, fonts left out: who changes a font pushes it as a whole before.
-  void Collect(TPersistent& Object) {
-    Objects.push_back(&Object);
-    for (const TPropInfo* Info : Object.ClassInfo().Properties())
-      if (Info->IsOwnedObject && !Info->ObjectClass().InheritsFrom(TZyFont::StaticClassInfo()) &&
-          !Info->ObjectClass().Properties().empty())
-        Collect(*Info->GetObject(Object));
+        Collect(*Component, Objects);
   }
 
   static std::string Text(TComponent& Root) { return testing::BytesOf(Root); }
 
   testing::TSampleChart Chart;
+  const std::vector<TZySeries*> Kinds = Chart.AddOfEachKind("");
   TForm& Form = Chart.Form;
   TZyUndoStack Stack{&Form};
   TSample Sample{&Form};
@@ -70,9 +64,10 @@ TEST_F(ZyChartUndoTest, EverySetterPushesOneStepThatUndoReverts) {
       if (Text(Form) == Before) continue;
       ++Tried;
       const std::string After = Text(Form);
+      testing::RestoreOf(*Object, *Info)();  // the value that is there already is no step
       ASSERT_EQ(Stack.UndoList().Count(), 1) << Object->ClassName() << '.' << Info->Name;
       const std::string Label = Stack.UndoList().Get(0);
-      const bool HasNoTexts = std::string_view(Object->ClassName()).starts_with("TSample");
+      const bool HasNoTexts = !std::string_view(Object->ClassName()).starts_with("TZy");
       EXPECT_TRUE(Info->Label ? Label == LoadResString(*Info->Label) : HasNoTexts || Label != Info->Name)
           << Object->ClassName() << '.' << Info->Name << ": " << Label;
       Stack.Undo();
@@ -94,6 +89,7 @@ TEST_F(ZyChartUndoTest, RandomWalksComeBackToTheFirstBytesInGroupsToo) {
     for (int Call = 0; Call < 3000; ++Call) {
       if (Random() % 10 == 0 && Level < 4) Stack.StartGroup("group"), ++Level;
       TPersistent& Object = *Objects[Random() % Objects.size()];
+      if (dynamic_cast<TZyFunctionSeries*>(&Object) != nullptr) continue;  // ends of a curve may be steps more
       const auto& Properties = Object.ClassInfo().Properties();
       const TPropInfo& Info = *Properties[Random() % Properties.size()];
       if (IsUndone(Info)) SetAtRandom(Object, Info, Form, Random);
