@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <map>
 
 #include "framework/Bytes.h"
@@ -32,7 +33,13 @@ class TLeaf : public TComponent, public TZyRecord {
   void Fields(TZyArchive& Archive) override {
     Archive.TypedIdentity(*this);
     Archive.Value(TZyFieldName("Caption").Text(), Caption);
-    Archive.Level("Links", [&] { Archive.Reference<&TLeaf::Other, &TLeaf::SetOther>(*this, "Other"); });
+    Archive.Level("Links", [&] {
+      Archive.Reference<&TLeaf::Other, &TLeaf::SetOther>(*this, "Other");
+      Archive.Value(TZyFieldName("Keys").Xml("Deep/Inner/K").Ini("Number"), Keys);
+      Archive.Value(TZyFieldName("Start").Xml("Deep/Start").Later(), Start);
+      Archive.Value(TZyFieldName("Hint").MultiLine(), Hint);
+      Archive.EndRecord();
+    });
     FromDatabase = Archive.Alternative(
         TZyFieldName("Database").Ini("FromDatabase"), FromDatabase,
         [&] { Archive.Value(TZyFieldName("Source").Xml("Database/Source"), Source); },
@@ -40,7 +47,9 @@ class TLeaf : public TComponent, public TZyRecord {
     Archive.EndRecord();
   }
 
-  std::string Caption, Source;
+  std::string Caption, Source, Hint;
+  TShiftState Keys;
+  double Start = 0;
   std::vector<std::string> Texts;
   bool FromDatabase = false, OmitTexts = false;
   int Sets = 0, Ends = 0;
@@ -90,13 +99,17 @@ TTree* NewTree(bool Filled) {
   Tree->SetName("Tree");
   if (!Filled) return Tree;
   Tree->Pairs = {{1, true}, {2, false}};
-  Tree->Starts.Add(1);
+  Tree->Starts.AddRange({0.1, -1e300, 1.0 / 3, std::nan("")});
+  Tree->Starts.AddOutlier(2);
   Tree->Stops.AddRange({2, 3});
   for (const char* Name : {"First", "Second"}) {
     Tree->Leaves.push_back(new TLeaf(Tree));
     Tree->Leaves.back()->SetName(Name);
   }
   Tree->Leaves[0]->Caption = "a < b\r";
+  Tree->Leaves[0]->Keys = {ssLeft, ssDouble};
+  Tree->Leaves[0]->Start = 0.1;
+  Tree->Leaves[0]->Hint = "a\rb";
   Tree->Leaves[0]->Texts = {"x y", "\r"};
   Tree->Leaves[1]->FromDatabase = true;
   Tree->Leaves[1]->Source = "s";
@@ -104,7 +117,10 @@ TTree* NewTree(bool Filled) {
   return Tree;
 }
 
-const std::string LeafStart = "\x05\0\0\0TLeaf\x0A\0\0\0Tree.First\x06\0\0\0a < b\r\0\0\0\0"s;
+const std::string NewLinks = "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"s;  // keys, start, hint, end
+const std::string LeafStart =
+    "\x05\0\0\0TLeaf\x0A\0\0\0Tree.First\x06\0\0\0a < b\r\0\0\0\0"
+    "\x48\x00\x9A\x99\x99\x99\x99\x99\xB9\x3F\x03\0\0\0a\rb\0"s;
 
 TEST(ZyRecordTest, WritesReferencesListsAndAlternatives) {
   const std::unique_ptr<TTree> Tree(NewTree(true));
@@ -113,26 +129,31 @@ TEST(ZyRecordTest, WritesReferencesListsAndAlternatives) {
   Tree->Leaves[1]->OmitTexts = true;
   Tree->Leaves[1]->WriteTo(Stream);
   EXPECT_EQ(AsText(Stream), LeafStart + "\0\x02\0\0\0\x03\0\0\0x y\x01\0\0\0\r\0"s +
-                                "\x05\0\0\0TLeaf\x0B\0\0\0Tree.Second\0\0\0\0\x0A\0\0\0Tree.First\x01\x01\0\0\0s\0"s);
+                                "\x05\0\0\0TLeaf\x0B\0\0\0Tree.Second\0\0\0\0\x0A\0\0\0Tree.First"s + NewLinks +
+                                "\x01\x01\0\0\0s\0"s);
   TXMLDocument Document("R");
   Tree->WriteTo(Document.DocumentElement());
   const std::string Xml = Document.SaveToText();
   for (const char* Part :
        {"<Pairs Count=\"2\">\n      <Item A=\"1\" B=\"true\" />",
-        "<TLeaf Name=\"Tree.First\">\n        <Caption>a &lt; b&#13;</Caption>\n        <Links Other=\"\" />\n"
+        "<TLeaf Name=\"Tree.First\">\n        <Caption>a &lt; b&#13;</Caption>\n        <Links Other=\"\" "
+        "Hint=\"a&#13;b\">\n"
+        "          <Deep Start=\"0.1\">\n            <Inner K=\"72\" />\n          </Deep>\n        </Links>\n"
         "        <Texts Count=\"2\">\n          <Item>x y</Item>",
-        "<Links Other=\"Tree.First\" />\n        <Database Source=\"s\" />"})
+        "<Links Other=\"Tree.First\"", "</Links>\n        <Database Source=\"s\" />"})
     EXPECT_NE(Xml.find(Part), std::string::npos) << Part << "\n" << Xml;
   TMemIniFile Ini;
   Tree->WriteTo(Ini, "T");
   const std::map<std::pair<const char*, const char*>, const char*> Keys = {
-      {{"T", "Pairs.Count"}, "2"},           {{"T", "Pairs[1].A"}, "2"},
-      {{"T", "Leaves.Count"}, "2"},          {{"T.Zoom.Stop", "Values"}, "2 3"},
-      {{"T.Leaves(0)", "N"}, "2"},           {{"T.Leaves(0)", "Texts(1)"}, "@\\r"},
-      {{"T.Leaves(0)", "Type"}, "TLeaf"},    {{"T.Leaves(1)", "Name"}, "Tree.Second"},
-      {{"T.Leaves(1)", "Source"}, "s"},      {{"T.Leaves(1)", "FromDatabase"}, "1"},
-      {{"T.Leaves(1)", "N"}, nullptr},       {{"T.Leaves(0)", "Caption"}, "a < b@\\r"},
-      {{"T.Zoom.Start", "Outliers"}, "None"}};
+      {{"T", "Pairs.Count"}, "2"},          {{"T", "Pairs[1].A"}, "2"},
+      {{"T", "Leaves.Count"}, "2"},         {{"T.Zoom.Stop", "Values"}, "2 3"},
+      {{"T.Leaves(0)", "N"}, "2"},          {{"T.Leaves(0)", "Texts(1)"}, "@\\r"},
+      {{"T.Leaves(0)", "Type"}, "TLeaf"},   {{"T.Leaves(1)", "Name"}, "Tree.Second"},
+      {{"T.Leaves(1)", "Source"}, "s"},     {{"T.Leaves(1)", "FromDatabase"}, "1"},
+      {{"T.Leaves(1)", "N"}, nullptr},      {{"T.Leaves(0)", "Caption"}, "a < b@\\r"},
+      {{"T.Leaves(0)", "Number"}, "72"},    {{"T.Leaves(0)", "Hint"}, "a@\\rb"},
+      {{"T.Leaves(0)", "Start"}, "0.1"},    {{"T.Zoom.Start", "Outliers"}, "2"},
+      {{"T.Zoom.Stop", "Outliers"}, "None"}};
   for (const auto& [Key, Value] : Keys)
     EXPECT_EQ(Ini.ReadString(Key.first, Key.second, "absent"), Value == nullptr ? "absent" : Value) << Key.second;
 }
@@ -176,7 +197,7 @@ TEST(ZyRecordTest, WhatDoesNotResolveOrWasLeftOut) {
   for (const std::string& Ref : {"\x04\0\0\0Tree"s, "\x06\0\0\0Tree.X"s}) {  // of another class, and nobody
     Leaf.SetOther(Tree->Leaves[0]);
     Leaf.Texts = {"kept"};
-    Read(Start + Ref + "\0\xFF\xFF\xFF\xFF\0"s);
+    Read(Start + Ref + NewLinks + "\0\xFF\xFF\xFF\xFF\0"s);
     EXPECT_EQ(Leaf.Other(), nullptr);
     EXPECT_EQ(Leaf.Texts, std::vector<std::string>{"kept"});
   }
@@ -192,6 +213,9 @@ TEST(ZyRecordTest, WhatDoesNotResolveOrWasLeftOut) {
   EXPECT_EQ(Leaf.Texts, std::vector<std::string>{"kept"});
   Ini.DeleteKey("S", "Other");
   const int Sets = Leaf.Sets;
+  Ini.WriteString("S", "Number", "128");
+  EXPECT_THROW(Leaf.ReadFrom(Ini, "S"), EConvertError);
+  Ini.DeleteKey("S", "Number");
   Leaf.ReadFrom(Ini, "S");
   EXPECT_EQ(Leaf.Sets, Sets);
 }

@@ -5,13 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
-#include <tuple>
 
 #include "annotations/captions/ZyFont.h"
 #include "framework/Bytes.h"
 #include "framework/Errors.h"
 #include "graph/styles/ZyStyles.h"
-#include "persistence/ZyArchive.h"
 #include "platform/framework/TMemIniFile.h"
 #include "platform/framework/XmlDocument.h"
 #include "texts/Exceptions.h"
@@ -216,81 +214,6 @@ TEST(ZyStyleRecordsTest, DamagedStreamsAreReadErrors) {
     TZyFont Read;
     EXPECT_THROW(FromStream(Stream, Read), EReadError) << ::testing::PrintToString(Bytes);
   }
-}
-
-// ---- The archives themselves, with a class of two levels as the records of series have them ----
-
-struct TSample : TZyRecord {
-  std::int32_t Count = 0;
-  double Start = 0;
-  TShiftState Keys;
-  std::string Caption;
-  int Sets = 0;  // setters run
-
-  auto Values() const { return std::tuple(Count, Start, Keys, Caption, Sets); }
-  std::string RecordName() const override { return "Sample"; }
-  void Fields(TZyArchive& Archive) override {
-    const auto Field = [&](const TZyFieldName& Name, auto& Value) {
-      Archive.Field(
-          Name, [&] { return Value; }, [&](auto New) { Value = std::move(New), ++Sets; });
-    };
-    Archive.Level("Base", [&] {
-      Field(TZyFieldName("Count").Xml("Deep/Inner/N").Ini("Number"), Count);
-      Field(TZyFieldName("Start").Xml("Deep/Start").Later(), Start);
-      Archive.EndRecord();
-    });
-    Archive.Level("Top", [&] {
-      Field("Keys", Keys);
-      Field(TZyFieldName("Caption").MultiLine(), Caption);
-      Archive.EndRecord();
-    });
-  }
-};
-
-TEST(ZyArchiveTest, LevelsPathsAndPrefixes) {
-  TSample Sample;
-  Sample.Count = -2;
-  Sample.Start = 0.1;
-  Sample.Keys = {ssLeft, ssDouble};
-  Sample.Caption = "a\rb";
-  TMemoryStream Stream;
-  ToStream(Stream, Sample);
-  EXPECT_EQ(AsText(Stream),
-            "\xFE\xFF\xFF\xFF\x9A\x99\x99\x99\x99\x99\xB9\x3F\x00\x48\x00\x03\x00\x00\x00"s + "a\rb\0"s);
-  TXMLDocument Document("Root");
-  Sample.WriteTo(Document.DocumentElement());
-  const std::string Xml = Document.SaveToText();
-  for (const char* Part :
-       {"<Base>\n      <Deep Start=\"0.1\">\n        <Inner N=\"-2\" />\n      </Deep>\n    </Base>\n",
-        "<Top Keys=\"72\" Caption=\"a&#13;b\" />"})
-    EXPECT_NE(Xml.find(Part), std::string::npos) << Xml;
-  TMemIniFile Ini;
-  Sample.WriteTo(Ini, "S");
-  EXPECT_EQ(KeysOf(Ini, ""), "Number=-2 Start=0.1 Keys=72 Caption=a@\\rb ");
-
-  TSample FromBytes, FromXml, FromKeys;
-  Stream.SetPosition(0);
-  FromBytes.ReadFrom(Stream);
-  FromXml.ReadFrom(Document.DocumentElement());
-  FromKeys.ReadFrom(Ini, "S");
-  Sample.Sets = 4;
-  for (const TSample* const Read : {&FromBytes, &FromXml, &FromKeys}) EXPECT_EQ(Read->Values(), Sample.Values());
-}
-
-TEST(ZyArchiveTest, AbsentAndBadFieldsRunNoSetter) {
-  TXMLDocument Document;
-  Document.LoadFromText(
-      "<Root><Sample><Base><Deep><Inner N='7'/></Deep></Base><Top Keys='128' Caption=''/></Sample></Root>");
-  TSample Sample;
-  EXPECT_THROW(Sample.ReadFrom(Document.DocumentElement()), EConvertError);
-  EXPECT_EQ(Sample.Count, 7);
-  EXPECT_EQ(Sample.Sets, 1);
-  TMemIniFile Ini;
-  Ini.WriteString("S", "Number", "99999999999");
-  EXPECT_THROW(Sample.ReadFrom(Ini, "S"), EConvertError);
-  Ini.DeleteKey("S", "Number");
-  Sample.ReadFrom(Ini, "S");
-  EXPECT_EQ(Sample.Sets, 1);
 }
 
 }  // namespace
