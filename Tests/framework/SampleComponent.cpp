@@ -1,5 +1,6 @@
 #include "framework/SampleComponent.h"
 
+#include "platform/framework/Reflection.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TWriter.h"
@@ -26,10 +27,7 @@ ZY_PUBLISHED(TSample, TComponent, Published<&TSample::Whole, &TSample::SetWhole>
              Published<&TSample::OnEvent>("OnEvent"))
 
 void TSampleStyle::Assign(const TPersistent* Source) {
-  const auto* const Other = dynamic_cast<const TSampleStyle*>(Source);
-  if (Other == nullptr) return TPersistent::Assign(Source);
-  SetWidth(Other->FWidth);
-  SetColor(Other->FColor);
+  if (Source == nullptr || !CopyProperties(*Source, *this)) TPersistent::Assign(Source);
 }
 
 TSample::TSample(TComponent* Owner) : TComponent(Owner) {
