@@ -1,9 +1,13 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "analysis/ZyParseFkt.h"
+#include "framework/Errors.h"
 #include "texts/Exceptions.h"
 #include "texts/NumberText.h"
 
@@ -75,5 +79,23 @@ class TFormulaReference {
     return *Right == 2 ? *Left * *Left : std::pow(*Left, *Right);
   }
 };
+
+/// Sets a formula and compares its value, or the piece that it fails on, with what the rules say of the same text in
+/// upper case; over many arguments it must have the same value. What is wrong, empty when all is well.
+inline std::string FaultOf(TZyFunctionParser& Parser, TFormulaReference& Reference, std::string_view Text,
+                           const std::string& Upper) {
+  const auto Same = [](double One, double Two) { return One == Two || (std::isnan(One) && std::isnan(Two)); };
+  const std::string Error = MessageOf<EMathError>([&] { Parser.SetExpression(Text); });
+  const auto Expected = Reference.Value(Upper);
+  const std::string Message = "Parsing error in function:\r" + Reference.Failed;
+  if (!Expected) return Error == Message.c_str() ? "" : "the error is " + Error;  // up to a zero byte, as what() does
+  if (!Error.empty()) return "it fails by " + Error;
+  const double Value = Parser.GetResult();
+  if (!Same(Value, *Expected)) return "the value is not that of the rules";
+  const std::vector<double> Arguments(9, Reference.X);
+  std::vector<double> Values(9);
+  Parser.GetResults("X", Arguments, Values);
+  return std::ranges::all_of(Values, [&](double One) { return Same(One, Value); }) ? "" : "many arguments differ";
+}
 
 }  // namespace zy::testing

@@ -56,11 +56,14 @@ TEST_F(ZyGraphPaintTest, EverythingIsDrawnInTheOneOrder) {
   Graph->AddRelatedLegend(&Legend);
   const TCalls List = Calls();
   std::size_t Last = 0;
-  for (const char* Text :
-       {"FillRectangle(FFFAFAFA, 0 0 600 400)", "FillRectangle(FFE0E0E0", "\"Title\"", "pen FF030303", "pen FF040404",
-        "pen FF020202", "pen FF0A0B0C",
-        "FillRectangle(FF654321",  // symbols cover their lines, and later the axes
-        "DrawRectangle(pen FF010101", "\"Y-Axis\"", "FillRectangle(FF654321", "FillRectangle(FF123456, 0 0 7 8)"})
+  const auto& [Left, Top, Width, Height] = Graph->DrawingArea();  // with one pixel more than lies between its edges
+  const std::string Area = Number(Left) + " " + Number(Top) + " " + Number(Width - 1) + " " + Number(Height - 1) + ")";
+  for (const std::string& Text :
+       std::initializer_list<std::string>{"FillRectangle(FFFAFAFA, 0 0 600 400)", "FillRectangle(FFE0E0E0, " + Area,
+                                          "\"Title\"", "pen FF030303", "pen FF040404", "pen FF020202", "pen FF0A0B0C",
+                                          "FillRectangle(FF654321",  // symbols cover their lines, and later the axes
+                                          "DrawRectangle(pen FF010101 1, " + Area, "\"Y-Axis\"",
+                                          "FillRectangle(FF654321", "FillRectangle(FF123456, 0 0 7 8)"})
     Last = Find(List, Text, Last);
   EXPECT_TRUE(List[Last - 1].starts_with("SetTransform(1 0 0 1, 500 20)")) << List[Last - 1];
 }

@@ -39,8 +39,6 @@ TEST(ZyStringFunctionsTest, ShownRealsFitTheirDigits) {
 TEST(ZyStringFunctionsTest, StoredRealsDependOnNoLocale) {
   for (const char Character : {'.', ','}) {
     const TSeparator Separator(Character);
-    for (const double Value : {0.1, 1.0 / 3, -1e-300, 5e-324, 1.7976931348623157e308})
-      EXPECT_EQ(DoubleFromStr(DoubleToStr(Value)), Value);
     for (const float Value : {1.0f / 3, 1e-45f, 3.4028235e38f, 16777217.0f})
       EXPECT_EQ(static_cast<float>(DoubleFromStr(SingleToStr(Value))), Value);
     EXPECT_EQ(DoubleToStr(-1234.5), "-1234.5");
