@@ -12,13 +12,12 @@
 #include <utility>
 #include <vector>
 
+#include "drawing/Pixels.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TCustomPanel.h"
 #include "platform/controls/TForm.h"
 #include "platform/controls/TGraphicControl.h"
-#include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
-#include "platform/drawing/Graphics.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/TWriter.h"
@@ -60,10 +59,7 @@ inline void ExpectPixels(const QImage& Picture, std::initializer_list<TPixel> Pi
 }
 /// Of what a control paints into a picture of its size, without a window.
 inline QImage Painted(TWinControl& Control) {
-  Bitmap Picture(Control.Width(), Control.Height());
-  Graphics Canvas(Picture);
-  Control.PaintTo(Canvas);
-  return Picture.ToQt();
+  return PictureOf(Control.Width(), Control.Height(), [&](Graphics& Canvas) { Control.PaintTo(Canvas); }).ToQt();
 }
 
 /// Lines of what controls were told, in order.

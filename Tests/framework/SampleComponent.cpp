@@ -1,5 +1,6 @@
 #include "framework/SampleComponent.h"
 
+#include "framework/Bytes.h"
 #include "platform/framework/Reflection.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TReader.h"
@@ -71,8 +72,7 @@ std::string BytesOf(TComponent& Root) {
   TWriter Writer(Stream);
   Writer.WriteRootComponent(Root);
   Writer.FlushBuffer();
-  const auto Bytes = Stream.Bytes();
-  return {reinterpret_cast<const char*>(Bytes.data()), Bytes.size()};
+  return AsText(Stream);
 }
 
 }  // namespace zy::testing

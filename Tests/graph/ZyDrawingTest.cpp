@@ -5,7 +5,6 @@
 #include <functional>
 
 #include "drawing/Pixels.h"
-#include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Pen.h"
 #include "platform/drawing/TRecordingGraphics.h"
@@ -20,11 +19,10 @@ constexpr TZyColor Black = 0xFF000000;
 
 /// A smooth picture with all its pixels set by one drawing.
 Bitmap Picture(int Width, int Height, const std::function<void(Graphics&)>& Draw) {
-  Bitmap Result(Width, Height);
-  Graphics Gr(Result);
-  Gr.SetSmoothingMode(SmoothingModeAntiAlias);
-  Draw(Gr);
-  return Result;
+  return PictureOf(Width, Height, [&Draw](Graphics& Gr) {
+    Gr.SetSmoothingMode(SmoothingModeAntiAlias);
+    Draw(Gr);
+  });
 }
 
 /// The calls of one drawing, without the paths that a gradient fills.

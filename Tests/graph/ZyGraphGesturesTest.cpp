@@ -89,6 +89,7 @@ const std::map<char, bool (*)(TZyGraphGestures&)> Steps = {
     {'C', [](auto& User) { return User.DblClick(), true; }},
     {'e', [](auto& User) { return User.KeyDown(vkEscape, {}); }},
     {'+', [](auto& User) { return User.KeyDown(vkAdd, {}); }},
+    {'H', [](auto& User) { return User.KeyDown(vkHome, {}); }},
     {'>', [](auto& User) { return User.KeyDown(vkRight, {}); }},
     {'w', [](auto& User) { return User.MouseWheel({ssCtrl}, 60, {}); }},
     {'p', [](auto& User) { return User.Pad({.Kind = gkPan, .DeltaX = 10, .DeltaY = 5}); }},
@@ -113,6 +114,7 @@ TEST(ZyGraphGesturesTest, DoWhatTheUserAsks) {
   const auto Off = [](TToldTarget& Target) { Target.Zoom().SetAuto(false); };
   const auto Backs = [](TToldTarget& Target) { Target.Zoom().SetBackOnRightBottomLeftTopFrame(true); };
   const auto Resets = [](TToldTarget& Target) { Target.Zoom().SetResetOnRightBottomLeftTopFrame(true); };
+  const auto Keyless = [](TToldTarget& Target) { Target.Zoom().SetKeyboardZoom(false); };
   const auto Thumb = [](TToldTarget& Target) { Target.IsPanning = true; };
   const auto Inside = [](TToldTarget& Target) { Target.IsInside = true; };
   const auto Bare = [](TToldTarget& Target) { Target.HasAxes = false; };
@@ -136,7 +138,8 @@ TEST(ZyGraphGesturesTest, DoWhatTheUserAsks) {
       {"hidden meanwhile", Plain, "dmhmDmhm", "z # # # p pan -40,30 undo P"},
       {"no gesture beside a thumb, and nothing to take back", Thumb, "ewpz+>", ""},
       {"half notches", Plain, "www", "z in Z"},
-      {"keys", Plain, "+>", "z in Z right"},
+      {"keys", Plain, "+>H", "z in Z right reset"},
+      {"without the keyboard", Keyless, "+>H", ""},
       {"pad", Plain, "ppx", "p pan -10,5 pan -20,10 keep P"},
       {"pinch", Plain, "zpzxt", "z pinch 2 pinch 4 pinched Z reset"},
       {"hidden in a pinch", Plain, "zhx", "z pinch 2 pinched Z"},

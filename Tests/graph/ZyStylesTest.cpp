@@ -8,8 +8,6 @@
 #include "annotations/captions/ZyFont.h"
 #include "drawing/Pixels.h"
 #include "platform/controls/TControlFont.h"
-#include "platform/drawing/Bitmap.h"
-#include "platform/drawing/Graphics.h"
 #include "platform/framework/Reflection.h"
 #include "texts/Exceptions.h"
 #include "undo/ZyUndoStack.h"
@@ -143,10 +141,7 @@ TEST_F(ZyStylesTest, LinearGradientsReachOnePixelFurtherAndTurnWithTheirObject) 
 
 /// Colour of the pixel at a place of a picture of 200 by 100 that a brush fills.
 ARGB PixelOf(const Brush& Brush, int X, int Y) {
-  Bitmap Picture(200, 100);
-  Graphics Gr(Picture);
-  Gr.FillRectangle(Brush, RectF{0, 0, 200, 100});
-  return Picture.GetPixel(X, Y);
+  return PictureOf(200, 100, [&](Graphics& Gr) { Gr.FillRectangle(Brush, 0, 0, 200, 100); }).GetPixel(X, Y);
 }
 
 // A filled rectangle samples its brush half a pixel beside the points that are named here. In a view of 60 by 40 in the

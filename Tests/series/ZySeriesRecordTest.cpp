@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "framework/Bytes.h"
 #include "graph/SampleChart.h"
 #include "platform/framework/TMemIniFile.h"
 #include "platform/framework/XmlDocument.h"
@@ -15,7 +16,7 @@ namespace {
 std::string BytesOf(const TZySeries& Series) {
   TMemoryStream Stream;
   Series.WriteTo(Stream);
-  return {reinterpret_cast<const char*>(Stream.Bytes().data()), Stream.Bytes().size()};
+  return AsText(Stream);
 }
 /// The bytes behind class name and reference, which are the series' own.
 std::string FieldsOf(const TZySeries& Series) {
