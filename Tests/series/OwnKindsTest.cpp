@@ -1,0 +1,97 @@
+// The kinds that Docs/OwnSeries.md and Docs/OwnCalculation.md write; their blocks are linked to this.
+
+#include <gtest/gtest.h>
+
+#include "graph/SampleChart.h"
+#include "platform/framework/Reflection.h"
+#include "platform/framework/XmlDocument.h"
+#include "series/ZyFunctionSeries.h"
+#include "undo/ZyUndoStack.h"
+
+namespace peaks {
+double HeldAt(double x, zy::TZyCustomDoubleVector& X, zy::TZyCustomDoubleVector& Y, double Fall);
+}
+
+namespace zy::testing {
+namespace {
+
+/// Makes them by name, on axes from 0 to 10 of 500 by 250 pixels.
+class OwnKindsTest : public ::testing::Test {
+ protected:
+  OwnKindsTest() {
+    Chart.UsePlainAxes();
+    for (TZyAxis* Axis : {Chart.X, Chart.Y}) Chart.FixEnds(Axis, 0, 10);
+  }
+  TZySeries& Make(const char* ClassName) {
+    auto& Series = dynamic_cast<TZySeries&>(*FindClass(ClassName).Factory()(&Chart.Form));
+    Series.SetDefaultAxis(*Chart.Graph);
+    Series.SetXData(X);
+    Series.SetYData(Y);
+    return Series;
+  }
+  TSampleChart Chart;
+  TZyDoubleVector* X = Chart.AddVector("XValues", {4, 0, 1, 2});
+  TZyDoubleVector* Y = Chart.AddVector("YValues", {0, 3, 1, 5});
+  TZyDoubleVector* Lengths = Chart.AddVector("Lengths", {4, -5});
+};
+
+TEST_F(OwnKindsTest, StemsJoinDrawAreHitAndUndone) {
+  TZySeries& Stems = Make("TStems");
+  EXPECT_TRUE(Chart.Graph->RelatedSeries().empty()) << "no length yet";
+  TZyUndoStack Stack(&Chart.Form);
+  Stems.SetUndoStack(&Stack);
+  SetObjectProp(Stems, "LengthData", Lengths);
+  EXPECT_EQ(Stack.UndoList().Get(0), "Length of stems");
+  Stems.Area().SetVisible(true);
+  // A flag of 8 pixels leaves 492 of the X axis. X from 50: 4 and 0 of 10. Y upwards from 300: 0 and 4, 3 and -2.
+  const auto Calls = Chart.Calls();
+  for (const std::string_view Call : {"246.8 200 8 8)", "246.8 300, 246.8 200", "50 225, 50 350"})
+    EXPECT_EQ(Chart.CountOf(Calls, Call), 1) << Call;
+  EXPECT_EQ(Stems.YStart(), -2);
+  for (const auto& [AtX, AtY, Found] : {std::tuple(247, 299, 0), {247, 302, -1}, {254, 207, 0}, {254, 210, -1}})
+    EXPECT_EQ(Stems.FindPoint(AtX, AtY), Found) << AtX << ", " << AtY;
+  SetFloatProp(Stems, "FlagSize", -1);
+  EXPECT_EQ(GetFloatProp(Stems, "FlagSize"), 0);
+  EXPECT_EQ(Stack.UndoList().Get(0), "FlagSize");
+  Stack.Undo(Stack.UndoList().Count() - 1);
+  EXPECT_TRUE(Chart.Graph->RelatedSeries().empty()) << "the length is gone again";
+}
+
+TEST_F(OwnKindsTest, TheirFieldsAreStoredAndLoaded) {
+  TZySeries &Stems = Make("TStems"), &Peaks = Make("TPeakHold");
+  SetObjectProp(Stems, "LengthData", Lengths);
+  SetFloatProp(Stems, "FlagSize", 12.5);
+  SetFloatProp(Peaks, "Fall", -0.25);
+  TMemoryStream Stream;
+  const TXMLDocument Document("Chart");
+  for (const TZySeries* Each : {&Stems, &Peaks}) Each->WriteTo(Stream), Each->WriteTo(Document.DocumentElement());
+  Stream.SetPosition(0);
+  for (const bool AsXml : {false, true}) {
+    TZySeries &OtherStems = Make("TStems"), &OtherPeaks = Make("TPeakHold");
+    for (TZySeries* Each : {&OtherStems, &OtherPeaks})
+      AsXml ? Each->ReadFrom(Document.DocumentElement()) : Each->ReadFrom(Stream);
+    EXPECT_EQ(GetObjectProp(OtherStems, "LengthData"), Lengths);
+    EXPECT_EQ(GetFloatProp(OtherStems, "FlagSize"), 12.5);
+    EXPECT_EQ(GetFloatProp(OtherPeaks, "Fall"), 0.25);
+  }
+}
+
+TEST_F(OwnKindsTest, PeaksAreHeldWithAndWithoutAChart) {
+  auto& Peaks = dynamic_cast<TZyFunctionSeries&>(Make("TPeakHold"));
+  SetFloatProp(Peaks, "Fall", 0.5);
+  Chart.Paint();
+  for (const auto& [At, Held] : {std::pair(-1.0, 3.0), {1.5, 2.25}, {2.0, 5.0}, {6.0, 3.0}}) {
+    EXPECT_EQ(peaks::HeldAt(At, *X, *Y, 0.5), Held) << At;
+    EXPECT_EQ(Peaks.GetY(At), Held) << At;
+  }
+  EXPECT_NEAR(Peaks.YStart(), 2, 0.01) << "just before the second peak";
+  std::string Report;
+  Peaks.SetOnCalculationError([&](TObject*, const std::exception& e) { Report = e.what(); });
+  for (int i = 0; i < 4; ++i) Y->AddOutlier(i);
+  Chart.Paint();
+  EXPECT_EQ(Report, "Peak hold: there are no points");
+  EXPECT_TRUE(Peaks.Points().empty());
+}
+
+}  // namespace
+}  // namespace zy::testing
