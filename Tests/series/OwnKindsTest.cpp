@@ -1,5 +1,4 @@
-// The kinds that Docs/OwnSeries.md and Docs/OwnCalculation.md write; their blocks are linked to this. Axes: 0 to 10,
-// 500 by 250 pixels.
+// The kinds that Docs/OwnSeries.md and Docs/OwnCalculation.md write; their blocks are linked to this.
 
 #include <gtest/gtest.h>
 
