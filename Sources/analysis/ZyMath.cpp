@@ -81,6 +81,24 @@ int Quadrant(double Angle) {
   return Angle <= 270 ? 3 : 4;
 }
 
+namespace {
+
+std::array<double, 301> PowersOf(double Base) {
+  std::array<double, 301> Result{};
+  for (std::size_t i = 0; i < Result.size(); ++i) Result[i] = std::pow(Base, static_cast<double>(i));
+  return Result;
+}
+
+/// 10^Exponent for 0 to 300, each computed once: a layout asks for some hundred of them. They are the values that
+/// std::pow gives when the program runs, as in Exp10; those that a compiler computes differ in the last bit of some.
+double PowerOfTen(int Exponent) {
+  static volatile double Ten = 10;
+  static const std::array<double, 301> Powers = PowersOf(Ten);
+  return Powers[static_cast<std::size_t>(Exponent)];
+}
+
+}  // namespace
+
 double Exp10(int Exponent) { return Exp10(static_cast<double>(Exponent)); }
 
 double Exp10(double Exponent) {
@@ -103,7 +121,7 @@ double ExpMinus(double Value, int Exponent) {
   Exponent = std::clamp(Exponent, -BeyondAllDoubles, BeyondAllDoubles);
   if (Exponent < -300 || Exponent > 300) return ExpMinus(ExpMinus(Value, Exponent / 2), Exponent - Exponent / 2);
   // Multiplying by the positive power keeps the result exact to the last bit where 10^-e is no binary fraction.
-  return Exponent < 0 ? Value * std::pow(10.0, -Exponent) : Value / std::pow(10.0, Exponent);
+  return Exponent < 0 ? Value * PowerOfTen(-Exponent) : Value / PowerOfTen(Exponent);
 }
 
 double RoundUp(double Value, double Step, int Exponent) { return RoundToGrid(Value, Step, Exponent, JustBelowHalf); }

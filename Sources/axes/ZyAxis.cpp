@@ -13,102 +13,88 @@
 namespace zy {
 
 ZY_PUBLISHED(
-    TZyAxis, TGraphicControl, Published<&TZyAxis::Caption, &TZyAxis::SetCaption>("Caption").Labelled(_sAxisCaption),
+    TZyAxis, TGraphicControl, Published<&TZyAxis::Caption, &TZyAxis::SetCaption>("Caption", _sAxisCaption),
     Published<static_cast<TZyAxisArrowPoint& (TZyAxis::*)()>(&TZyAxis::ArrowPoint)>("ArrowPoint"),
-    Published<&TZyAxis::CaptionAlignment, &TZyAxis::SetCaptionAlignment>("CaptionAlignment", TAlignment::taCenter)
-        .Labelled(_sAxisCaptionAlignment),
-    Published<&TZyAxis::CaptionColor, &TZyAxis::SetCaptionColor>("CaptionColor")
-        .Labelled(_sAxisCaptionColor)
-        .NotStored(),
+    Published<&TZyAxis::CaptionAlignment, &TZyAxis::SetCaptionAlignment>("CaptionAlignment", TAlignment::taCenter,
+                                                                         _sAxisCaptionAlignment),
+    Published<&TZyAxis::CaptionColor, &TZyAxis::SetCaptionColor>("CaptionColor", _sAxisCaptionColor).NotStored(),
     Published<&TZyAxis::CaptionHorizontalOnVerticalAxis, &TZyAxis::SetCaptionHorizontalOnVerticalAxis>(
-        "CaptionHorizontalOnVerticalAxis", false)
-        .Labelled(_sAxisHorizontalCaptiononVerticalAxis),
-    Published<&TZyAxis::CaptionVisible, &TZyAxis::SetCaptionVisible>("CaptionVisible", true)
-        .Labelled(_sAxisCaptionVisible),
-    Published<&TZyAxis::CaptionDistanceAfter, &TZyAxis::SetCaptionDistanceAfter>("CaptionDistanceAfter", 0.0f)
-        .Labelled(_sAxisCaptionDistanceAfter),
-    Published<&TZyAxis::CaptionDistanceBefore, &TZyAxis::SetCaptionDistanceBefore>("CaptionDistanceBefore", 0.0f)
-        .Labelled(_sAxisCaptionDistanceBefore),
-    Published<&TZyAxis::DistanceNumbersCaption, &TZyAxis::SetDistanceNumbersCaption>("DistanceNumbersCaption")
-        .Labelled(_sAxisDistanceNumbersCaption)
+        "CaptionHorizontalOnVerticalAxis", false, _sAxisHorizontalCaptiononVerticalAxis),
+    Published<&TZyAxis::CaptionVisible, &TZyAxis::SetCaptionVisible>("CaptionVisible", true, _sAxisCaptionVisible),
+    Published<&TZyAxis::CaptionDistanceAfter, &TZyAxis::SetCaptionDistanceAfter>("CaptionDistanceAfter", 0.0f,
+                                                                                 _sAxisCaptionDistanceAfter),
+    Published<&TZyAxis::CaptionDistanceBefore, &TZyAxis::SetCaptionDistanceBefore>("CaptionDistanceBefore", 0.0f,
+                                                                                   _sAxisCaptionDistanceBefore),
+    Published<&TZyAxis::DistanceNumbersCaption, &TZyAxis::SetDistanceNumbersCaption>("DistanceNumbersCaption",
+                                                                                     _sAxisDistanceNumbersCaption)
         .NotStored(),
-    Published<&TZyAxis::DistanceToBorder, &TZyAxis::SetDistanceToBorder>("DistanceToBorder")
-        .Labelled(_sAxisDistanceToBorder)
+    Published<&TZyAxis::DistanceToBorder, &TZyAxis::SetDistanceToBorder>("DistanceToBorder", _sAxisDistanceToBorder)
         .NotStored(),
-    Published<&TZyAxis::CaptionFont, &TZyAxis::SetCaptionFont>("CaptionFont").Labelled(_sAxisCaptionFont),
-    Published<&TZyAxis::Font, &TZyAxis::SetFont>("Font").Labelled(_sAxisFont).StoredIf<&TZyAxis::GetStoreFont>(),
+    Published<&TZyAxis::CaptionFont, &TZyAxis::SetCaptionFont>("CaptionFont", _sAxisCaptionFont),
+    Published<&TZyAxis::Font, &TZyAxis::SetFont>("Font", _sAxisFont).StoredIf<&TZyAxis::GetStoreFont>(),
     Published<&TZyAxis::ParentFont, &TZyAxis::SetParentFont>("ParentFont", false),
-    Published<&TZyAxis::NumbersColor, &TZyAxis::SetNumbersColor>("NumbersColor")
-        .Labelled(_sAxisNumbersColor)
-        .NotStored(),
-    Published<&TZyAxis::RubricsAngle, &TZyAxis::SetRubricsAngle>("RubricsAngle", 0.0f).Labelled(_sAxisRubricsAngle),
-    Published<&TZyAxis::Scaling, &TZyAxis::SetScaling>("Scaling", TZyAxisScaling::Normal).Labelled(_sAxisScaling),
-    Published<&TZyAxis::LogToNormalScalingLevel, &TZyAxis::SetLogToNormalScalingLevel>("LogToNormalScalingLevel", 0.0)
-        .Labelled(_sAxisLogToNormalScalingLevel),
-    Published<&TZyAxis::MovingSlitWidth, &TZyAxis::SetMovingSlitWidth>("MovingSlitWidth", 0.0)
-        .Labelled(_sAxisMovingSlitWidth),
-    Published<&TZyAxis::MovingSlitIncrement, &TZyAxis::SetMovingSlitIncrement>("MovingSlitIncrement", 0.0)
-        .Labelled(_sAxisMovingSlitIncrement),
-    Published<&TZyAxis::Rubrics, &TZyAxis::SetRubrics>("Rubrics").Labelled(_sAxisRubrics),
+    Published<&TZyAxis::NumbersColor, &TZyAxis::SetNumbersColor>("NumbersColor", _sAxisNumbersColor).NotStored(),
+    Published<&TZyAxis::RubricsAngle, &TZyAxis::SetRubricsAngle>("RubricsAngle", 0.0f, _sAxisRubricsAngle),
+    Published<&TZyAxis::Scaling, &TZyAxis::SetScaling>("Scaling", TZyAxisScaling::Normal, _sAxisScaling),
+    Published<&TZyAxis::LogToNormalScalingLevel, &TZyAxis::SetLogToNormalScalingLevel>("LogToNormalScalingLevel", 0.0,
+                                                                                       _sAxisLogToNormalScalingLevel),
+    Published<&TZyAxis::MovingSlitWidth, &TZyAxis::SetMovingSlitWidth>("MovingSlitWidth", 0.0, _sAxisMovingSlitWidth),
+    Published<&TZyAxis::MovingSlitIncrement, &TZyAxis::SetMovingSlitIncrement>("MovingSlitIncrement", 0.0,
+                                                                               _sAxisMovingSlitIncrement),
+    Published<&TZyAxis::Rubrics, &TZyAxis::SetRubrics>("Rubrics", _sAxisRubrics),
     Published<&TZyAxis::RubricsField, &TZyAxis::SetRubricsField>("RubricsField", ""),
     Published<&TZyAxis::DataSource, &TZyAxis::SetDataSource>("DataSource"),
-    Published<&TZyAxis::NumbersVisible, &TZyAxis::SetNumbersVisible>("NumbersVisible", true)
-        .Labelled(_sAxisNumbersVisible),
-    Published<&TZyAxis::ForeColor, &TZyAxis::SetForeColor>("ForeColor", Colors::Black).Labelled(_sAxisForeColor),
-    Published<&TZyAxis::TickColor, &TZyAxis::SetTickColor>("TickColor").Labelled(_sAxisTickColor),
-    Published<&TZyAxis::MajorTickColor, &TZyAxis::SetMajorTickColor>("MajorTickColor").Labelled(_sAxisMajorTickColor),
-    Published<&TZyAxis::Position, &TZyAxis::SetPosition>("Position", TZyAxisPosition::Bottom).Labelled(_sAxisPosition),
-    Published<&TZyAxis::Twisted, &TZyAxis::SetTwisted>("Twisted", false).Labelled(_sAxisTwisted),
-    Published<&TZyAxis::AutoTickParts, &TZyAxis::SetAutoTickParts>("AutoTickParts", true).Labelled(_sAxisAutoTickParts),
-    Published<&TZyAxis::LabelPart, &TZyAxis::SetLabelPart>("LabelPart")
-        .Labelled(_sAxisLabelPart)
+    Published<&TZyAxis::NumbersVisible, &TZyAxis::SetNumbersVisible>("NumbersVisible", true, _sAxisNumbersVisible),
+    Published<&TZyAxis::ForeColor, &TZyAxis::SetForeColor>("ForeColor", Colors::Black, _sAxisForeColor),
+    Published<&TZyAxis::TickColor, &TZyAxis::SetTickColor>("TickColor", _sAxisTickColor),
+    Published<&TZyAxis::MajorTickColor, &TZyAxis::SetMajorTickColor>("MajorTickColor", _sAxisMajorTickColor),
+    Published<&TZyAxis::Position, &TZyAxis::SetPosition>("Position", TZyAxisPosition::Bottom, _sAxisPosition),
+    Published<&TZyAxis::Twisted, &TZyAxis::SetTwisted>("Twisted", false, _sAxisTwisted),
+    Published<&TZyAxis::AutoTickParts, &TZyAxis::SetAutoTickParts>("AutoTickParts", true, _sAxisAutoTickParts),
+    Published<&TZyAxis::LabelPart, &TZyAxis::SetLabelPart>("LabelPart", _sAxisLabelPart)
         .StoredIf<&TZyAxis::HasOwnTickParts>(),
-    Published<&TZyAxis::MajorTickPart, &TZyAxis::SetMajorTickPart>("MajorTickPart")
-        .Labelled(_sAxisMajorTickPart)
+    Published<&TZyAxis::MajorTickPart, &TZyAxis::SetMajorTickPart>("MajorTickPart", _sAxisMajorTickPart)
         .StoredIf<&TZyAxis::HasOwnTickParts>(),
-    Published<&TZyAxis::TickPart, &TZyAxis::SetTickPart>("TickPart")
-        .Labelled(_sAxisTickPart)
+    Published<&TZyAxis::TickPart, &TZyAxis::SetTickPart>("TickPart", _sAxisTickPart)
         .StoredIf<&TZyAxis::HasOwnTickParts>(),
-    Published<&TZyAxis::MajorGridMode, &TZyAxis::SetMajorGridMode>("MajorGridMode", TZyMajorGridMode::AtLabel)
-        .Labelled(_sMajorGridMode),
-    Published<&TZyAxis::IsSlaveAxis, &TZyAxis::SetIsSlaveAxis>("IsSlaveAxis", false).Labelled(_sAxisIsSlaveAxis),
-    Published<&TZyAxis::SlaveSlope, &TZyAxis::SetSlaveSlope>("SlaveSlope", 1.0).Labelled(_sAxisSlaveSlope),
-    Published<&TZyAxis::SlaveOffset, &TZyAxis::SetSlaveOffset>("SlaveOffset", 0.0).Labelled(_sAxisSlaveOffset),
-    Published<&TZyAxis::MasterAxis, &TZyAxis::SetMasterAxis>("MasterAxis").Labelled(_sAxisMasterAxis),
+    Published<&TZyAxis::MajorGridMode, &TZyAxis::SetMajorGridMode>("MajorGridMode", TZyMajorGridMode::AtLabel,
+                                                                   _sMajorGridMode),
+    Published<&TZyAxis::IsSlaveAxis, &TZyAxis::SetIsSlaveAxis>("IsSlaveAxis", false, _sAxisIsSlaveAxis),
+    Published<&TZyAxis::SlaveSlope, &TZyAxis::SetSlaveSlope>("SlaveSlope", 1.0, _sAxisSlaveSlope),
+    Published<&TZyAxis::SlaveOffset, &TZyAxis::SetSlaveOffset>("SlaveOffset", 0.0, _sAxisSlaveOffset),
+    Published<&TZyAxis::MasterAxis, &TZyAxis::SetMasterAxis>("MasterAxis", _sAxisMasterAxis),
     Published<&TZyAxis::StartPadding, &TZyAxis::SetStartPadding>("StartPadding", 0.0),
     Published<&TZyAxis::StopPadding, &TZyAxis::SetStopPadding>("StopPadding", 0.0),
-    Published<&TZyAxis::EndRounding, &TZyAxis::SetEndRounding>("EndRounding", TZyAxisEndRounding::RndToMajorZoomToMinor)
-        .Labelled(_sAxisEndRounding),
-    Published<&TZyAxis::MaxForExtraExponent, &TZyAxis::SetMaxForExtraExponent>("MaxForExtraExponent", 1000.0)
-        .Labelled(_sAxisMaxForExtraExponent),
-    Published<&TZyAxis::MinForExtraExponent, &TZyAxis::SetMinForExtraExponent>("MinForExtraExponent", 0.001)
-        .Labelled(_sAxisMinForExtraExponent),
-    Published<&TZyAxis::DistanceAxisExtraExponent, &TZyAxis::SetDistanceAxisExtraExponent>("DistanceAxisExtraExponent",
-                                                                                           10.0f)
-        .Labelled(_sAxisDistanceAxisExtraExponent),
+    Published<&TZyAxis::EndRounding, &TZyAxis::SetEndRounding>("EndRounding", TZyAxisEndRounding::RndToMajorZoomToMinor,
+                                                               _sAxisEndRounding),
+    Published<&TZyAxis::MaxForExtraExponent, &TZyAxis::SetMaxForExtraExponent>("MaxForExtraExponent", 1000.0,
+                                                                               _sAxisMaxForExtraExponent),
+    Published<&TZyAxis::MinForExtraExponent, &TZyAxis::SetMinForExtraExponent>("MinForExtraExponent", 0.001,
+                                                                               _sAxisMinForExtraExponent),
+    Published<&TZyAxis::DistanceAxisExtraExponent, &TZyAxis::SetDistanceAxisExtraExponent>(
+        "DistanceAxisExtraExponent", 10.0f, _sAxisDistanceAxisExtraExponent),
     Published<&TZyAxis::OnGetScaleLabel>("OnGetScaleLabel"), Published<&TZyAxis::OnGetTicks>("OnGetTicks"),
     Published<&TZyAxis::OnCalculated>("OnCalculated"),
-    Published<&TZyAxis::TicksPointToData, &TZyAxis::SetTicksPointToData>("TicksPointToData", false)
-        .Labelled(_sAxisTicksPointToData),
-    Published<&TZyAxis::AxisThicknes, &TZyAxis::SetAxisThicknes>("AxisThicknes", 1.0f).Labelled(_sAxisThicknes),
-    Published<&TZyAxis::MajorTickThicknes, &TZyAxis::SetMajorTickThicknes>("MajorTickThicknes", 1.0f)
-        .Labelled(_sAxisMajorTickThicknes),
-    Published<&TZyAxis::TickThicknes, &TZyAxis::SetTickThicknes>("TickThicknes", 1.0f).Labelled(_sAxisTickThicknes),
-    Published<&TZyAxis::TickLength, &TZyAxis::SetTickLength>("TickLength", 6.0f).Labelled(_sAxisTickLength),
-    Published<&TZyAxis::MajorTickLength, &TZyAxis::SetMajorTickLength>("MajorTickLength", 10.0f)
-        .Labelled(_sAxisMajorTickLength),
-    Published<&TZyAxis::LabelDistanceFactor, &TZyAxis::SetLabelDistanceFactor>("LabelDistanceFactor", 1.0f)
-        .Clamped(0.1f, 10.0f)
-        .Labelled(_sAxisLabelDistanceFactor),
-    Published<&TZyAxis::ExtraDigits, &TZyAxis::SetExtraDigits>("ExtraDigits", 0).Labelled(_sAxisExtraDigits),
-    Published<&TZyAxis::DistanceValuesAxis, &TZyAxis::SetDistanceValuesAxis>("DistanceValuesAxis", 0.0f)
-        .Labelled(_sAxisDistanceValuesAxis),
-    Published<&TZyAxis::DistanceAxisLabels, &TZyAxis::SetDistanceAxisLabels>("DistanceAxisLabels", 0.0f)
-        .Labelled(_sAxisDistanceAxisLabels),
-    Published<&TZyAxis::Start, &TZyAxis::SetStart>("Start").Labelled(_sAxisStart).NotStored(),
-    Published<&TZyAxis::Stop, &TZyAxis::SetStop>("Stop").Labelled(_sAxisStop).NotStored(),
-    Published<&TZyAxis::StartEnd, &TZyAxis::SetStartEnd>("StartEnd", TZyAxisEnd::AutoRange).Labelled(_sAxisStartEnd),
-    Published<&TZyAxis::StopEnd, &TZyAxis::SetStopEnd>("StopEnd", TZyAxisEnd::AutoRange).Labelled(_sAxisStopEnd))
+    Published<&TZyAxis::TicksPointToData, &TZyAxis::SetTicksPointToData>("TicksPointToData", false,
+                                                                         _sAxisTicksPointToData),
+    Published<&TZyAxis::AxisThicknes, &TZyAxis::SetAxisThicknes>("AxisThicknes", 1.0f, _sAxisThicknes),
+    Published<&TZyAxis::MajorTickThicknes, &TZyAxis::SetMajorTickThicknes>("MajorTickThicknes", 1.0f,
+                                                                           _sAxisMajorTickThicknes),
+    Published<&TZyAxis::TickThicknes, &TZyAxis::SetTickThicknes>("TickThicknes", 1.0f, _sAxisTickThicknes),
+    Published<&TZyAxis::TickLength, &TZyAxis::SetTickLength>("TickLength", 6.0f, _sAxisTickLength),
+    Published<&TZyAxis::MajorTickLength, &TZyAxis::SetMajorTickLength>("MajorTickLength", 10.0f, _sAxisMajorTickLength),
+    Published<&TZyAxis::LabelDistanceFactor, &TZyAxis::SetLabelDistanceFactor>("LabelDistanceFactor", 1.0f,
+                                                                               _sAxisLabelDistanceFactor)
+        .Clamped(0.1f, 10.0f),
+    Published<&TZyAxis::ExtraDigits, &TZyAxis::SetExtraDigits>("ExtraDigits", 0, _sAxisExtraDigits),
+    Published<&TZyAxis::DistanceValuesAxis, &TZyAxis::SetDistanceValuesAxis>("DistanceValuesAxis", 0.0f,
+                                                                             _sAxisDistanceValuesAxis),
+    Published<&TZyAxis::DistanceAxisLabels, &TZyAxis::SetDistanceAxisLabels>("DistanceAxisLabels", 0.0f,
+                                                                             _sAxisDistanceAxisLabels),
+    Published<&TZyAxis::Start, &TZyAxis::SetStart>("Start", _sAxisStart).NotStored(),
+    Published<&TZyAxis::Stop, &TZyAxis::SetStop>("Stop", _sAxisStop).NotStored(),
+    Published<&TZyAxis::StartEnd, &TZyAxis::SetStartEnd>("StartEnd", TZyAxisEnd::AutoRange, _sAxisStartEnd),
+    Published<&TZyAxis::StopEnd, &TZyAxis::SetStopEnd>("StopEnd", TZyAxisEnd::AutoRange, _sAxisStopEnd))
 
 TZyAxis::TZyAxis(TComponent* Owner)
     : TGraphicControl(Owner),

@@ -12,25 +12,22 @@ namespace zy {
 
 ZY_PUBLISHED(
     TZyCustomGraph, TCustomPanel,
-    Published<&TZyCustomGraph::Caption, &TZyCustomGraph::SetCaption>("Caption").Labelled(_sGraphCaption),
+    Published<&TZyCustomGraph::Caption, &TZyCustomGraph::SetCaption>("Caption", _sGraphCaption),
     Published<&TZyCustomGraph::CaptionAlignment, &TZyCustomGraph::SetCaptionAlignment>("CaptionAlignment",
-                                                                                       TAlignment::taCenter)
-        .Labelled(_sGraphCaptionAlignment),
-    Published<&TZyCustomGraph::CaptionColor, &TZyCustomGraph::SetCaptionColor>("CaptionColor")
-        .Labelled(_sGraphCaptionColor)
+                                                                                       TAlignment::taCenter,
+                                                                                       _sGraphCaptionAlignment),
+    Published<&TZyCustomGraph::CaptionColor, &TZyCustomGraph::SetCaptionColor>("CaptionColor", _sGraphCaptionColor)
         .NotStored(),
-    Published<&TZyCustomGraph::CaptionVisible, &TZyCustomGraph::SetCaptionVisible>("CaptionVisible", false)
-        .Labelled(_sGraphCaptionVisible),
+    Published<&TZyCustomGraph::CaptionVisible, &TZyCustomGraph::SetCaptionVisible>("CaptionVisible", false,
+                                                                                   _sGraphCaptionVisible),
     Published<&TZyCustomGraph::CaptionDistanceBefore, &TZyCustomGraph::SetCaptionDistanceBefore>(
-        "CaptionDistanceBefore", 0.0f)
-        .Labelled(_sGraphCaptionDistanceBefore),
-    Published<&TZyCustomGraph::CaptionDistanceAfter, &TZyCustomGraph::SetCaptionDistanceAfter>("CaptionDistanceAfter",
-                                                                                               0.0f)
-        .Labelled(_sGraphCaptionDistanceAfter),
+        "CaptionDistanceBefore", 0.0f, _sGraphCaptionDistanceBefore),
+    Published<&TZyCustomGraph::CaptionDistanceAfter, &TZyCustomGraph::SetCaptionDistanceAfter>(
+        "CaptionDistanceAfter", 0.0f, _sGraphCaptionDistanceAfter),
     Published<&TZyCustomGraph::Font>("Font").StoredIf<&TZyCustomGraph::HasOwnFont>(),
     Published<&TZyCustomGraph::ParentFont, &TZyCustomGraph::SetParentFont>("ParentFont", true),
-    Published<&TZyCustomGraph::BackColor, &TZyCustomGraph::SetBackColor>("BackColor", Colors::Transparent)
-        .Labelled(_sGraphBackColor),
+    Published<&TZyCustomGraph::BackColor, &TZyCustomGraph::SetBackColor>("BackColor", Colors::Transparent,
+                                                                         _sGraphBackColor),
     Published<&TZyCustomGraph::BackgroundGradient>("BackgroundGradient"),
     Published<&TZyCustomGraph::SmoothingMode, &TZyCustomGraph::SetSmoothingMode>("SmoothingMode",
                                                                                  TZySmoothingMode::HighQuality))

@@ -16,31 +16,27 @@
 
 namespace zy {
 
-ZY_PUBLISHED(
-    TZyGraph2D, TZyCustomGraph,
-    Published<&TZyGraph2D::ZeroOrigin, &TZyGraph2D::SetZeroOrigin>("ZeroOrigin", false).Labelled(_sGraphZeroOrigin),
-    Published<&TZyGraph2D::DataAreaGradient>("DataAreaGradient"),
-    Published<&TZyGraph2D::DataAreaColor, &TZyGraph2D::SetDataAreaColor>("DataAreaColor", Colors::Transparent)
-        .Labelled(_sGraphDataAreaColor),
-    Published<&TZyGraph2D::DataAreaFrame>("DataAreaFrame"),
-    Published<&TZyGraph2D::MajorGridHorizontal>("MajorGridHorizontal"),
-    Published<&TZyGraph2D::MinorGridHorizontal>("MinorGridHorizontal"),
-    Published<&TZyGraph2D::MajorGridVertical>("MajorGridVertical"),
-    Published<&TZyGraph2D::MinorGridVertical>("MinorGridVertical"),
-    Published<&TZyGraph2D::PrimaryXAxis, &TZyGraph2D::SetPrimaryXAxis>("PrimaryXAxis").Labelled(_sGraphPrimaryXAxis),
-    Published<&TZyGraph2D::PrimaryYAxis, &TZyGraph2D::SetPrimaryYAxis>("PrimaryYAxis").Labelled(_sGraphPrimaryYAxis),
-    Published<&TZyGraph2D::DistanceBorderAxisTop, &TZyGraph2D::SetDistanceBorderAxisTop>("DistanceBorderAxisTop", 0.0f)
-        .Labelled(_sGraphDistanceBorderAxisTop),
-    Published<&TZyGraph2D::DistanceBorderAxisBottom, &TZyGraph2D::SetDistanceBorderAxisBottom>(
-        "DistanceBorderAxisBottom", 0.0f)
-        .Labelled(_sGraphDistanceBorderAxisBottom),
-    Published<&TZyGraph2D::DistanceBorderAxisLeft, &TZyGraph2D::SetDistanceBorderAxisLeft>("DistanceBorderAxisLeft",
-                                                                                           0.0f)
-        .Labelled(_sGraphDistanceBorderAxisLeft),
-    Published<&TZyGraph2D::DistanceBorderAxisRight, &TZyGraph2D::SetDistanceBorderAxisRight>("DistanceBorderAxisRight",
-                                                                                             0.0f)
-        .Labelled(_sGraphDistanceBorderAxisRight),
-    Published<static_cast<TZyZoomSettings& (TZyGraph2D::*)()>(&TZyGraph2D::Zoom)>("Zoom"))
+ZY_PUBLISHED(TZyGraph2D, TZyCustomGraph,
+             Published<&TZyGraph2D::ZeroOrigin, &TZyGraph2D::SetZeroOrigin>("ZeroOrigin", false, _sGraphZeroOrigin),
+             Published<&TZyGraph2D::DataAreaGradient>("DataAreaGradient"),
+             Published<&TZyGraph2D::DataAreaColor, &TZyGraph2D::SetDataAreaColor>("DataAreaColor", Colors::Transparent,
+                                                                                  _sGraphDataAreaColor),
+             Published<&TZyGraph2D::DataAreaFrame>("DataAreaFrame"),
+             Published<&TZyGraph2D::MajorGridHorizontal>("MajorGridHorizontal"),
+             Published<&TZyGraph2D::MinorGridHorizontal>("MinorGridHorizontal"),
+             Published<&TZyGraph2D::MajorGridVertical>("MajorGridVertical"),
+             Published<&TZyGraph2D::MinorGridVertical>("MinorGridVertical"),
+             Published<&TZyGraph2D::PrimaryXAxis, &TZyGraph2D::SetPrimaryXAxis>("PrimaryXAxis", _sGraphPrimaryXAxis),
+             Published<&TZyGraph2D::PrimaryYAxis, &TZyGraph2D::SetPrimaryYAxis>("PrimaryYAxis", _sGraphPrimaryYAxis),
+             Published<&TZyGraph2D::DistanceBorderAxisTop, &TZyGraph2D::SetDistanceBorderAxisTop>(
+                 "DistanceBorderAxisTop", 0.0f, _sGraphDistanceBorderAxisTop),
+             Published<&TZyGraph2D::DistanceBorderAxisBottom, &TZyGraph2D::SetDistanceBorderAxisBottom>(
+                 "DistanceBorderAxisBottom", 0.0f, _sGraphDistanceBorderAxisBottom),
+             Published<&TZyGraph2D::DistanceBorderAxisLeft, &TZyGraph2D::SetDistanceBorderAxisLeft>(
+                 "DistanceBorderAxisLeft", 0.0f, _sGraphDistanceBorderAxisLeft),
+             Published<&TZyGraph2D::DistanceBorderAxisRight, &TZyGraph2D::SetDistanceBorderAxisRight>(
+                 "DistanceBorderAxisRight", 0.0f, _sGraphDistanceBorderAxisRight),
+             Published<static_cast<TZyZoomSettings& (TZyGraph2D::*)()>(&TZyGraph2D::Zoom)>("Zoom"))
 
 TZyGraph2D::TZyGraph2D(TComponent* Owner)
     : TZyCustomGraph(Owner),

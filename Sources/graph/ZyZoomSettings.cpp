@@ -11,44 +11,39 @@ namespace zy {
 
 ZY_PUBLISHED(
     TZyZoomSettings, TPersistent,
-    Published<&TZyZoomSettings::Auto, &TZyZoomSettings::SetAuto>("Auto", true).Labelled(_sZoomAuto),
+    Published<&TZyZoomSettings::Auto, &TZyZoomSettings::SetAuto>("Auto", true, _sZoomAuto),
     Published<&TZyZoomSettings::BufferType, &TZyZoomSettings::SetBufferType>("BufferType", TZyZoomBufferType::AsStack),
-    Published<&TZyZoomSettings::OptimizeSeries, &TZyZoomSettings::SetOptimizeSeries>("OptimizeSeries", false)
-        .Labelled(_sZoomOptimizeSeries),
-    Published<&TZyZoomSettings::BackOnClickBeside, &TZyZoomSettings::SetBackOnClickBeside>("BackOnClickBeside", true)
-        .Labelled(_sZoomBackOnClickBeside),
+    Published<&TZyZoomSettings::OptimizeSeries, &TZyZoomSettings::SetOptimizeSeries>("OptimizeSeries", false,
+                                                                                     _sZoomOptimizeSeries),
+    Published<&TZyZoomSettings::BackOnClickBeside, &TZyZoomSettings::SetBackOnClickBeside>("BackOnClickBeside", true,
+                                                                                           _sZoomBackOnClickBeside),
     Published<&TZyZoomSettings::BackOnRightBottomLeftTopFrame, &TZyZoomSettings::SetBackOnRightBottomLeftTopFrame>(
-        "BackOnRightBottomLeftTopFrame", false)
-        .Labelled(_sZoomBackOnClickBeside),
+        "BackOnRightBottomLeftTopFrame", false, _sZoomBackOnClickBeside),
     Published<&TZyZoomSettings::ResetOnDoubleClickBeside, &TZyZoomSettings::SetResetOnDoubleClickBeside>(
-        "ResetOnDoubleClickBeside", true)
-        .Labelled(_sZoomResetOnDoubleClickBeside),
+        "ResetOnDoubleClickBeside", true, _sZoomResetOnDoubleClickBeside),
     Published<&TZyZoomSettings::ResetOnRightBottomLeftTopFrame, &TZyZoomSettings::SetResetOnRightBottomLeftTopFrame>(
-        "ResetOnRightBottomLeftTopFrame", false)
-        .Labelled(_sZoomResetOnRightBottomLeftTopFrame),
-    Published<&TZyZoomSettings::StartZoom, &TZyZoomSettings::SetZoomShift>("StartZoom", TShiftState{ssLeft})
-        .Labelled(_sZoomStartZoom),
+        "ResetOnRightBottomLeftTopFrame", false, _sZoomResetOnRightBottomLeftTopFrame),
+    Published<&TZyZoomSettings::StartZoom, &TZyZoomSettings::SetZoomShift>("StartZoom", TShiftState{ssLeft},
+                                                                           _sZoomStartZoom),
     Published<&TZyZoomSettings::StartPanning, &TZyZoomSettings::SetPanningShift>("StartPanning",
-                                                                                 TShiftState{ssShift, ssLeft})
-        .Labelled(_sZoomStartPanning),
+                                                                                 TShiftState{ssShift, ssLeft},
+                                                                                 _sZoomStartPanning),
     Published<&TZyZoomSettings::PanningCursor, &TZyZoomSettings::SetPanningCursor>("PanningCursor",
                                                                                    TCursor{crHandPoint}),
-    Published<&TZyZoomSettings::HScrollbarVisible, &TZyZoomSettings::SetHScrollbarVisible>("HScrollbarVisible", true)
-        .Labelled(_sZoomHScrollbarVisible),
-    Published<&TZyZoomSettings::VScrollbarVisible, &TZyZoomSettings::SetVScrollbarVisible>("VScrollbarVisible", true)
-        .Labelled(_sZoomVScrollbarVisible),
+    Published<&TZyZoomSettings::HScrollbarVisible, &TZyZoomSettings::SetHScrollbarVisible>("HScrollbarVisible", true,
+                                                                                           _sZoomHScrollbarVisible),
+    Published<&TZyZoomSettings::VScrollbarVisible, &TZyZoomSettings::SetVScrollbarVisible>("VScrollbarVisible", true,
+                                                                                           _sZoomVScrollbarVisible),
     Published<&TZyZoomSettings::ScrollSmallIncrement, &TZyZoomSettings::SetScrollSmallIncrement>(
-        "ScrollSmallIncrement", TZyScrollIncrement::MinorTick)
-        .Labelled(_sZoomScrollSmallIncrement),
+        "ScrollSmallIncrement", TZyScrollIncrement::MinorTick, _sZoomScrollSmallIncrement),
     Published<&TZyZoomSettings::ScrollLargeIncrement, &TZyZoomSettings::SetScrollLargeIncrement>(
-        "ScrollLargeIncrement", TZyScrollIncrement::Page)
-        .Labelled(_sZoomScrollLargeIncrement),
-    Published<&TZyZoomSettings::WheelZoom, &TZyZoomSettings::SetWheelZoom>("WheelZoom", TZyWheelZoom::WithCtrl)
-        .Labelled(_sZoomWheelZoom),
-    Published<&TZyZoomSettings::TouchGestures, &TZyZoomSettings::SetTouchGestures>("TouchGestures", true)
-        .Labelled(_sZoomTouchGestures),
-    Published<&TZyZoomSettings::KeyboardZoom, &TZyZoomSettings::SetKeyboardZoom>("KeyboardZoom", true)
-        .Labelled(_sZoomKeyboardZoom),
+        "ScrollLargeIncrement", TZyScrollIncrement::Page, _sZoomScrollLargeIncrement),
+    Published<&TZyZoomSettings::WheelZoom, &TZyZoomSettings::SetWheelZoom>("WheelZoom", TZyWheelZoom::WithCtrl,
+                                                                           _sZoomWheelZoom),
+    Published<&TZyZoomSettings::TouchGestures, &TZyZoomSettings::SetTouchGestures>("TouchGestures", true,
+                                                                                   _sZoomTouchGestures),
+    Published<&TZyZoomSettings::KeyboardZoom, &TZyZoomSettings::SetKeyboardZoom>("KeyboardZoom", true,
+                                                                                 _sZoomKeyboardZoom),
     Published<&TZyZoomSettings::OnBeginZoom, &TZyZoomSettings::SetOnBeginZoom>("OnBeginZoom"),
     Published<&TZyZoomSettings::OnEndZoom, &TZyZoomSettings::SetOnEndZoom>("OnEndZoom"),
     Published<&TZyZoomSettings::OnBeginPanning, &TZyZoomSettings::SetOnBeginPanning>("OnBeginPanning"),

@@ -13,8 +13,8 @@
 namespace zy {
 
 ZY_PUBLISHED(TZyBubbles, TZySeries,
-             Published<&Self::Elliptical, &Self::SetElliptical>("Elliptical", false).Labelled(_sBubblesElliptical),
-             Published<&Self::RadiusData, &Self::SetRadiusData>("RadiusData").Labelled(_sBubblesRadius),
+             Published<&Self::Elliptical, &Self::SetElliptical>("Elliptical", false, _sBubblesElliptical),
+             Published<&Self::RadiusData, &Self::SetRadiusData>("RadiusData", _sBubblesRadius),
              Published<&Self::RadiusTransformation>("RadiusTransformation"),
              Republished("AutoUpdate OutliersVisible XAxis YAxis XData YData Line Area XValueTransformation "
                          "YValueTransformation OnGetPen OnGetBrush"))

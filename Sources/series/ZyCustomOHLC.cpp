@@ -10,12 +10,11 @@
 
 namespace zy {
 
-ZY_PUBLISHED(TZyCustomOHLC, TZySeries,
-             Published<&Self::BarWidth, &Self::SetBarWidth>("BarWidth").Labelled(_sCustomOHLCBarWidth),
-             Published<&Self::OpenData, &Self::SetOpenData>("OpenData").Labelled(_sCustomOHLCOpenData),
-             Published<&Self::CloseData, &Self::SetCloseData>("CloseData").Labelled(_sCustomOHLCCloseData),
-             Published<&Self::HighData, &Self::SetHighData>("HighData").Labelled(_sCustomOHLCHighData),
-             Published<&Self::LowData, &Self::SetLowData>("LowData").Labelled(_sCustomOHLCLowData),
+ZY_PUBLISHED(TZyCustomOHLC, TZySeries, Published<&Self::BarWidth, &Self::SetBarWidth>("BarWidth", _sCustomOHLCBarWidth),
+             Published<&Self::OpenData, &Self::SetOpenData>("OpenData", _sCustomOHLCOpenData),
+             Published<&Self::CloseData, &Self::SetCloseData>("CloseData", _sCustomOHLCCloseData),
+             Published<&Self::HighData, &Self::SetHighData>("HighData", _sCustomOHLCHighData),
+             Published<&Self::LowData, &Self::SetLowData>("LowData", _sCustomOHLCLowData),
              Published<&Self::LowValueTransformation>("LowValueTransformation"),
              Published<&Self::OpenValueTransformation>("OpenValueTransformation"),
              Published<&Self::HighValueTransformation>("HighValueTransformation"),

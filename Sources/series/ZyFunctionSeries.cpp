@@ -18,29 +18,24 @@ namespace zy {
 
 // The display range is published by the kinds whose curve reaches beyond its data.
 ZY_PUBLISHED(
-    TZyFunctionSeries, TZyLineSeries, Published<&Self::Weight, &Self::SetWeight>("Weight").Labelled(_sFunctionsWeight),
-    Published<&Self::AutoStart, &Self::SetAutoStart>("AutoStart", true).Labelled(_sFunctionsAutoStart),
-    Published<&Self::AutoStop, &Self::SetAutoStop>("AutoStop", true).Labelled(_sFunctionsAutoStop),
-    Published<&Self::CalculationStart, &Self::SetCalculationStart>("CalculationStart", 0.0)
-        .Labelled(_sFunctionsCalculationStart),
-    Published<&Self::CalculationStop, &Self::SetCalculationStop>("CalculationStop", 0.0)
-        .Labelled(_sFunctionsCalculationStop),
-    Published<&Self::ClipYValues, &Self::SetClipYValues>("ClipYValues", true).Labelled(_sFunctionsClipYValues),
+    TZyFunctionSeries, TZyLineSeries, Published<&Self::Weight, &Self::SetWeight>("Weight", _sFunctionsWeight),
+    Published<&Self::AutoStart, &Self::SetAutoStart>("AutoStart", true, _sFunctionsAutoStart),
+    Published<&Self::AutoStop, &Self::SetAutoStop>("AutoStop", true, _sFunctionsAutoStop),
+    Published<&Self::CalculationStart, &Self::SetCalculationStart>("CalculationStart", 0.0,
+                                                                   _sFunctionsCalculationStart),
+    Published<&Self::CalculationStop, &Self::SetCalculationStop>("CalculationStop", 0.0, _sFunctionsCalculationStop),
+    Published<&Self::ClipYValues, &Self::SetClipYValues>("ClipYValues", true, _sFunctionsClipYValues),
     Published<&Self::WeightValueTransformation>("WeightValueTransformation"),
     Published<&Self::OnCalculated>("OnCalculated"), Published<&Self::OnCalculationError>("OnCalculationError"),
-    Published<&Self::DisplayAutoStart, &Self::SetDisplayAutoStart>("DisplayAutoStart", true)
-        .Labelled(_sFunctionsDisplayAutoStart)
+    Published<&Self::DisplayAutoStart, &Self::SetDisplayAutoStart>("DisplayAutoStart", true,
+                                                                   _sFunctionsDisplayAutoStart)
         .Hidden(),
-    Published<&Self::DisplayAutoStop, &Self::SetDisplayAutoStop>("DisplayAutoStop", true)
-        .Labelled(_sFunctionsDisplayAutoStop)
+    Published<&Self::DisplayAutoStop, &Self::SetDisplayAutoStop>("DisplayAutoStop", true, _sFunctionsDisplayAutoStop)
         .Hidden(),
-    Published<&Self::DisplayStart, &Self::SetDisplayStart>("DisplayStart", 0.0)
-        .Labelled(_sFunctionsDisplayStart)
-        .Hidden(),
-    Published<&Self::DisplayStop, &Self::SetDisplayStop>("DisplayStop", 0.0).Labelled(_sFunctionsDisplayStop).Hidden(),
-    Published<&Self::CoupleCalculationAndDisplay, &Self::SetCoupleCalculationAndDisplay>("CoupleCalculationAndDisplay",
-                                                                                         true)
-        .Labelled(_sFunctionsCoupleCalculationAndDisplay)
+    Published<&Self::DisplayStart, &Self::SetDisplayStart>("DisplayStart", 0.0, _sFunctionsDisplayStart).Hidden(),
+    Published<&Self::DisplayStop, &Self::SetDisplayStop>("DisplayStop", 0.0, _sFunctionsDisplayStop).Hidden(),
+    Published<&Self::CoupleCalculationAndDisplay, &Self::SetCoupleCalculationAndDisplay>(
+        "CoupleCalculationAndDisplay", true, _sFunctionsCoupleCalculationAndDisplay)
         .Hidden())
 
 TZyFunctionSeries::TZyFunctionSeries(TComponent* Owner, std::unique_ptr<TZyCalculation> Calculation)

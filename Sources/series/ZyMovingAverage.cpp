@@ -7,17 +7,17 @@ namespace zy {
 
 ZY_PUBLISHED(TZyMovingAverage, TZyFunctionSeries,
              Published<&Self::AveragingMethod, &Self::SetAveragingMethod>("AveragingMethod",
-                                                                          TZyAveragingMethod::LinearWeighted)
-                 .Labelled(_sMvgAvgAveragingMethod),
+                                                                          TZyAveragingMethod::LinearWeighted,
+                                                                          _sMvgAvgAveragingMethod),
              Published<&Self::AveragingDirection, &Self::SetAveragingDirection>("AveragingDirection",
-                                                                                TZyAveragingDirection::OnlyDownwards)
-                 .Labelled(_sMvgAvgAveragingDirection),
+                                                                                TZyAveragingDirection::OnlyDownwards,
+                                                                                _sMvgAvgAveragingDirection),
              Published<&Self::AveragingRangeMethod, &Self::SetAveragingRangeMethod>("AveragingRangeMethod",
-                                                                                    TZyAveragingRangeMethod::NasCount)
-                 .Labelled(_sMvgAvgAveragingRangeMethod),
-             Published<&Self::N, &Self::SetN>("N", 10.0).Labelled(_sMvgAvgN),
-             Published<&Self::ExponentialFactorForN, &Self::SetExponentialFactorForN>("ExponentialFactorForN", 0.9)
-                 .Labelled(_sMvgAvgExponentialFactorForN),
+                                                                                    TZyAveragingRangeMethod::NasCount,
+                                                                                    _sMvgAvgAveragingRangeMethod),
+             Published<&Self::N, &Self::SetN>("N", 10.0, _sMvgAvgN),
+             Published<&Self::ExponentialFactorForN, &Self::SetExponentialFactorForN>("ExponentialFactorForN", 0.9,
+                                                                                      _sMvgAvgExponentialFactorForN),
              Republished("DisplayAutoStart DisplayAutoStop DisplayStart DisplayStop CoupleCalculationAndDisplay"))
 
 TZyMovingAverage::TZyMovingAverage(TComponent* Owner)

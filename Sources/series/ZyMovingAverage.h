@@ -1,8 +1,5 @@
 #pragma once
 
-#include <algorithm>
-#include <cmath>
-
 #include "analysis/curves/ZyMovingAverageCalculation.h"
 #include "series/ZyFunctionSeries.h"
 
@@ -26,11 +23,11 @@ class TZyMovingAverage : public TZyFunctionSeries {
   }
   /// Stored as a magnitude.
   double N() const { return FAvg.N; }
-  void SetN(double Value) { SetSetting(FAvg.N, std::fabs(Value), "N"); }
+  void SetN(double Value) { SetSetting(FAvg.N, Value < 0 ? -Value : Value, "N"); }
   /// Stored as a magnitude of up to 1.
   double ExponentialFactorForN() const { return FAvg.ExponentialFactorForN; }
   void SetExponentialFactorForN(double Value) {
-    SetSetting(FAvg.ExponentialFactorForN, std::min(std::fabs(Value), 1.0), "ExponentialFactorForN");
+    SetSetting(FAvg.ExponentialFactorForN, FAvg.LimitedFactor(Value), "ExponentialFactorForN");
   }
 
   double GetY(double AtX) const override { return FAvg.GetY(AtX); }

@@ -12,8 +12,8 @@
 namespace zy {
 
 ZY_PUBLISHED(TZyOHLC, TZyCustomOHLC,
-             Published<&Self::IndicatorLength, &Self::SetIndicatorLength>("IndicatorLength", 5.0f)
-                 .Labelled(_sOHLCIndicatorLength),
+             Published<&Self::IndicatorLength, &Self::SetIndicatorLength>("IndicatorLength", 5.0f,
+                                                                          _sOHLCIndicatorLength),
              Republished("Area OnGetBrush"))
 
 TZyOHLC::TZyOHLC(TComponent* Owner) : TZyCustomOHLC(Owner) {

@@ -46,30 +46,29 @@ void TakeLook(TZyPointSymbolSettings& Settings, TZyPointSymbol Symbol, TZyColor 
 }  // namespace
 
 // What only some kinds publish is hidden here; they name it.
-ZY_PUBLISHED(
-    TZySeries, TComponent, Published<&Self::Visible, &Self::SetVisible>("Visible", true).Labelled(_sSeriesVisible),
-    Published<&Self::Caption, &Self::SetCaption>("Caption").Labelled(_sSeriesCaption),
-    Published<&Self::IncludeInLegend, &Self::SetIncludeInLegend>("IncludeInLegend", true)
-        .Labelled(_sSeriesIncludeInLegend),
-    Published<&Self::MergeLegendItemWith, &Self::SetMergeLegendItemWith>("MergeLegendItemWith"),
-    Published<&Self::AutoUpdate, &Self::SetAutoUpdate>("AutoUpdate", true).Hidden(),
-    Published<&Self::OutliersVisible, &Self::SetOutliersVisible>("OutliersVisible", false)
-        .Labelled(_sSeriesOutliersVisible)
-        .Hidden(),
-    Published<&Self::XAxis, &Self::SetXAxis>("XAxis").Labelled(_sSeriesXAxis).Hidden(),
-    Published<&Self::YAxis, &Self::SetYAxis>("YAxis").Labelled(_sSeriesYAxis).Hidden(),
-    Published<&Self::XData, &Self::SetXData>("XData").Labelled(_sSeriesXData).StoredIf<&Self::HasOwnXData>().Hidden(),
-    Published<&Self::YData, &Self::SetYData>("YData").Labelled(_sSeriesYData).StoredIf<&Self::HasOwnYData>().Hidden(),
-    Published<&Self::Line>("Line").Hidden(), Published<&Self::Area>("Area").Hidden(),
-    Published<&Self::DrawBandTo, &Self::SetDrawBandTo>("DrawBandTo").Hidden(),
-    Published<&Self::XValueTransformation>("XValueTransformation").Hidden(),
-    Published<&Self::YValueTransformation>("YValueTransformation").Hidden(),
-    Published<&Self::OnGetPen>("OnGetPen").Hidden(), Published<&Self::OnGetBrush>("OnGetBrush").Hidden(),
-    Published<&Self::PointSymbol>("PointSymbol").Hidden(),
-    Published<&Self::RangeFromFunction, &Self::SetRangeFromFunction>("RangeFromFunction").Hidden(),
-    Published<&Self::OutOfRangePointSymbol>("OutOfRangePointSymbol").Hidden(),
-    Published<&Self::OnGetPointSymbol>("OnGetPointSymbol").Hidden(),
-    Published<&Self::Layer, &Self::SetLayer>("Layer").Labelled(_sSeriesLayering).Hidden())
+ZY_PUBLISHED(TZySeries, TComponent, Published<&Self::Visible, &Self::SetVisible>("Visible", true, _sSeriesVisible),
+             Published<&Self::Caption, &Self::SetCaption>("Caption", _sSeriesCaption),
+             Published<&Self::IncludeInLegend, &Self::SetIncludeInLegend>("IncludeInLegend", true,
+                                                                          _sSeriesIncludeInLegend),
+             Published<&Self::MergeLegendItemWith, &Self::SetMergeLegendItemWith>("MergeLegendItemWith"),
+             Published<&Self::AutoUpdate, &Self::SetAutoUpdate>("AutoUpdate", true).Hidden(),
+             Published<&Self::OutliersVisible, &Self::SetOutliersVisible>("OutliersVisible", false,
+                                                                          _sSeriesOutliersVisible)
+                 .Hidden(),
+             Published<&Self::XAxis, &Self::SetXAxis>("XAxis", _sSeriesXAxis).Hidden(),
+             Published<&Self::YAxis, &Self::SetYAxis>("YAxis", _sSeriesYAxis).Hidden(),
+             Published<&Self::XData, &Self::SetXData>("XData", _sSeriesXData).StoredIf<&Self::HasOwnXData>().Hidden(),
+             Published<&Self::YData, &Self::SetYData>("YData", _sSeriesYData).StoredIf<&Self::HasOwnYData>().Hidden(),
+             Published<&Self::Line>("Line").Hidden(), Published<&Self::Area>("Area").Hidden(),
+             Published<&Self::DrawBandTo, &Self::SetDrawBandTo>("DrawBandTo").Hidden(),
+             Published<&Self::XValueTransformation>("XValueTransformation").Hidden(),
+             Published<&Self::YValueTransformation>("YValueTransformation").Hidden(),
+             Published<&Self::OnGetPen>("OnGetPen").Hidden(), Published<&Self::OnGetBrush>("OnGetBrush").Hidden(),
+             Published<&Self::PointSymbol>("PointSymbol").Hidden(),
+             Published<&Self::RangeFromFunction, &Self::SetRangeFromFunction>("RangeFromFunction").Hidden(),
+             Published<&Self::OutOfRangePointSymbol>("OutOfRangePointSymbol").Hidden(),
+             Published<&Self::OnGetPointSymbol>("OnGetPointSymbol").Hidden(),
+             Published<&Self::Layer, &Self::SetLayer>("Layer", _sSeriesLayering).Hidden())
 
 TZySeries::TZySeries(TComponent* Owner)
     : TComponent(Owner),

@@ -71,7 +71,7 @@ class TDarkSample : public TSample {
   using TSample::TSample;
 };
 ZY_PUBLISHED(TDarkSample, TSample, Published<&TDarkSample::Shade, &TDarkSample::SetShade>("Shade", TShade::Dark),
-             Published<&TDarkSample::Real, &TDarkSample::SetReal>("Real", 0.0).Limited(-1, 2.5).Labelled(_sLineWidth),
+             Published<&TDarkSample::Real, &TDarkSample::SetReal>("Real", 0.0, _sLineWidth).Limited(-1, 2.5),
              Published<&TDarkSample::Whole, &TDarkSample::SetWhole>("Whole", 0).Limited(1, 12))
 
 TEST(Reflection, ADescendantPublishesAPropertyAnew) {

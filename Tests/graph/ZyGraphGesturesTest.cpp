@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <tuple>
 
 #include "graph/ZyGraph2D.h"
@@ -58,70 +59,53 @@ class TToldTarget : public IZyGestureTarget {
   TZyGraph2D FGraph;
 };
 
-/// A letter for each step of the user; what is told comes without the blank before it.
+/// What the letters of a script stand for. Those up to 'h' say whether the chart is still there.
+const std::map<char, bool (*)(TZyGraphGestures&)> Steps = {
+    {'d',
+     [](auto& User) {
+       return User.MouseDown(mbLeft, {ssLeft}, {50, 50});
+     }},
+    {'D',
+     [](auto& User) {
+       return User.MouseDown(mbLeft, {ssShift, ssLeft}, {50, 50});
+     }},
+    {'r',
+     [](auto& User) {
+       return User.MouseDown(mbRight, {ssLeft, ssRight}, {70, 70});
+     }},
+    {'R', [](auto& User) { return User.MouseUp(mbRight); }},
+    {'u', [](auto& User) { return User.MouseUp(mbLeft); }},
+    {'h', [](auto& User) { return User.Cancel(); }},
+    {'m',
+     [](auto& User) {
+       return User.MouseMove({90, 80}), true;
+     }},
+    {'b',
+     [](auto& User) {
+       return User.MouseMove({10, 20}), true;
+     }},
+    {'s',
+     [](auto& User) {
+       return User.MouseMove({53, 80}), true;
+     }},
+    {'c', [](auto& User) { return User.Click(), true; }},
+    {'C', [](auto& User) { return User.DblClick(), true; }},
+    {'e', [](auto& User) { return User.KeyDown(vkEscape, {}); }},
+    {'+', [](auto& User) { return User.KeyDown(vkAdd, {}); }},
+    {'>', [](auto& User) { return User.KeyDown(vkRight, {}); }},
+    {'w', [](auto& User) { return User.MouseWheel({ssCtrl}, 60, {}); }},
+    {'p', [](auto& User) { return User.Pad({.Kind = gkPan, .DeltaX = 10, .DeltaY = 5}); }},
+    {'z', [](auto& User) { return User.Pad({.Kind = gkZoom, .Scale = 2}); }},
+    {'x', [](auto& User) { return User.Pad({.Kind = gkEnd}); }},
+    {'t', [](auto& User) { return User.Pad({.Kind = gkDoubleTap}); }}};
+
+/// What is told, without the blank before it.
 std::string Play(TToldTarget& Target, std::string_view Script) {
-  TZyGraphGestures Gestures(Target);
-  const auto Check = [&Target](bool IsThere) { EXPECT_NE(IsThere, Target.IsDead); };
-  const TShiftState Left{ssLeft}, ShiftLeft{ssShift, ssLeft}, Both{ssLeft, ssRight}, Ctrl{ssCtrl};
-  for (std::size_t i = 0; i < Script.size() && !Target.IsDead; ++i) switch (Script[i]) {
-      case 'd':
-        Check(Gestures.MouseDown(mbLeft, Left, {50, 50}));
-        break;
-      case 'D':
-        Check(Gestures.MouseDown(mbLeft, ShiftLeft, {50, 50}));
-        break;
-      case 'r':
-        Check(Gestures.MouseDown(mbRight, Both, {70, 70}));
-        break;
-      case 'R':
-        Check(Gestures.MouseUp(mbRight));
-        break;
-      case 'm':
-        Gestures.MouseMove({90, 80});
-        break;
-      case 'b':
-        Gestures.MouseMove({10, 20});
-        break;
-      case 's':
-        Gestures.MouseMove({53, 80});
-        break;
-      case 'u':
-        Check(Gestures.MouseUp(mbLeft));
-        break;
-      case 'c':
-        Gestures.Click();
-        break;
-      case 'C':
-        Gestures.DblClick();
-        break;
-      case 'h':
-        Check(Gestures.Cancel());
-        break;
-      case 'e':
-        Gestures.KeyDown(vkEscape, {});
-        break;
-      case '+':
-        Gestures.KeyDown(vkAdd, {});
-        break;
-      case '>':
-        Gestures.KeyDown(vkRight, {});
-        break;
-      case 'w':
-        Gestures.MouseWheel(Ctrl, 60, {});
-        break;
-      case 'p':
-        Gestures.Pad({.Kind = gkPan, .DeltaX = 10, .DeltaY = 5});
-        break;
-      case 'z':
-        Gestures.Pad({.Kind = gkZoom, .Scale = 2});
-        break;
-      case 'x':
-        Gestures.Pad({.Kind = gkEnd});
-        break;
-      case 't':
-        Gestures.Pad({.Kind = gkDoubleTap});
-        break;
-    }
+  TZyGraphGestures User(Target);
+  for (std::size_t i = 0; i < Script.size() && !Target.IsDead; ++i) {
+    const bool Answer = Steps.at(Script[i])(User);
+    EXPECT_TRUE(Answer != Target.IsDead || std::string_view("dDrRuh").find(Script[i]) == std::string_view::npos);
+  }
   EXPECT_TRUE(Target.IsPanning || Target.Pointer == crDefault) << Script;
   return Target.Log.empty() ? "" : Target.Log.substr(1);
 }

@@ -36,11 +36,13 @@ TZyMovingAverageCalculation::TZyMovingAverageCalculation() {
   FInterpolation.YData = &IntA;
 }
 
+double TZyMovingAverageCalculation::LimitedFactor(double Value) { return std::min(std::fabs(Value), 1.0); }
+
 void TZyMovingAverageCalculation::Calculate() {
   constexpr double SmallestFactor = 1e-300;
   N = std::fabs(N);
   if (AveragingMethod == TZyAveragingMethod::ExponentiallyWeighted) {
-    ExponentialFactorForN = std::min(std::fabs(ExponentialFactorForN), 1.0);
+    ExponentialFactorForN = LimitedFactor(ExponentialFactorForN);
     if (ExponentialFactorForN == 0) ExponentialFactorForN = SmallestFactor;
   }
   TPoints Points = ValidPoints(true);

@@ -10,11 +10,11 @@ namespace zy {
 // Colours and visibility have no default: owners start with their own, and a reader could not tell.
 ZY_PUBLISHED(
     TZyAreaSettings, TPersistent,
-    Published<&TZyAreaSettings::Visible, &TZyAreaSettings::SetVisible>("Visible").Labelled(_sAreaVisible),
-    Published<&TZyAreaSettings::AreaStyle, &TZyAreaSettings::SetAreaStyle>("AreaStyle", TZyAreaStyle::Total)
-        .Labelled(_sAreaStyle),
-    Published<&TZyAreaSettings::ForeColor, &TZyAreaSettings::SetForeColor>("ForeColor").Labelled(_sAreaForeColor),
-    Published<&TZyAreaSettings::BackColor, &TZyAreaSettings::SetBackColor>("BackColor").Labelled(_sAreaBackColor),
+    Published<&TZyAreaSettings::Visible, &TZyAreaSettings::SetVisible>("Visible", _sAreaVisible),
+    Published<&TZyAreaSettings::AreaStyle, &TZyAreaSettings::SetAreaStyle>("AreaStyle", TZyAreaStyle::Total,
+                                                                           _sAreaStyle),
+    Published<&TZyAreaSettings::ForeColor, &TZyAreaSettings::SetForeColor>("ForeColor", _sAreaForeColor),
+    Published<&TZyAreaSettings::BackColor, &TZyAreaSettings::SetBackColor>("BackColor", _sAreaBackColor),
     Published<static_cast<TZyGradientSettings& (TZyAreaSettings::*)()>(&TZyAreaSettings::Gradient)>("Gradient"))
 
 TZyAreaSettings::TZyAreaSettings(ModifiedCallback WhenModified)

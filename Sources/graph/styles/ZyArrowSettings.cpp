@@ -15,26 +15,26 @@ constexpr double Longest = std::numeric_limits<float>::max();
 }  // namespace
 
 ZY_PUBLISHED(TZyArrowSettings, TZyLineSettings,
-             Published<&TZyArrowSettings::PointLength, &TZyArrowSettings::SetPointLength>("PointLength", 5.0f)
-                 .Labelled(_sArrowPointLength)
+             Published<&TZyArrowSettings::PointLength, &TZyArrowSettings::SetPointLength>("PointLength", 5.0f,
+                                                                                          _sArrowPointLength)
                  .Clamped(MinArrowLength, Longest),
-             Published<&TZyArrowSettings::InnerLength, &TZyArrowSettings::SetInnerLength>("InnerLength", 3.0f)
-                 .Labelled(_sArrowInnerLength)
+             Published<&TZyArrowSettings::InnerLength, &TZyArrowSettings::SetInnerLength>("InnerLength", 3.0f,
+                                                                                          _sArrowInnerLength)
                  .Clamped(MinArrowLength, Longest),
-             Published<&TZyArrowSettings::PointHeight, &TZyArrowSettings::SetPointHeight>("PointHeight", 2.0f)
-                 .Labelled(_sArrowPointHeight)
+             Published<&TZyArrowSettings::PointHeight, &TZyArrowSettings::SetPointHeight>("PointHeight", 2.0f,
+                                                                                          _sArrowPointHeight)
                  .Clamped(MinArrowLength, Longest))
 ZY_PUBLISHED(TZyAxisArrowPoint, TPersistent,
-             Published<&TZyAxisArrowPoint::Visible, &TZyAxisArrowPoint::SetVisible>("Visible", false)
-                 .Labelled(_sAxisArrowVisible),
-             Published<&TZyAxisArrowPoint::PointLength, &TZyAxisArrowPoint::SetPointLength>("PointLength", 7.0f)
-                 .Labelled(_sAxisArrowPointLength)
+             Published<&TZyAxisArrowPoint::Visible, &TZyAxisArrowPoint::SetVisible>("Visible", false,
+                                                                                    _sAxisArrowVisible),
+             Published<&TZyAxisArrowPoint::PointLength, &TZyAxisArrowPoint::SetPointLength>("PointLength", 7.0f,
+                                                                                            _sAxisArrowPointLength)
                  .Clamped(MinArrowLength, Longest),
-             Published<&TZyAxisArrowPoint::InnerLength, &TZyAxisArrowPoint::SetInnerLength>("InnerLength", 5.0f)
-                 .Labelled(_sAxisArrowInnerLength)
+             Published<&TZyAxisArrowPoint::InnerLength, &TZyAxisArrowPoint::SetInnerLength>("InnerLength", 5.0f,
+                                                                                            _sAxisArrowInnerLength)
                  .Clamped(MinArrowLength, Longest),
-             Published<&TZyAxisArrowPoint::PointHeight, &TZyAxisArrowPoint::SetPointHeight>("PointHeight", 3.0f)
-                 .Labelled(_sAxisArrowPointHeight)
+             Published<&TZyAxisArrowPoint::PointHeight, &TZyAxisArrowPoint::SetPointHeight>("PointHeight", 3.0f,
+                                                                                            _sAxisArrowPointHeight)
                  .Clamped(MinArrowLength, Longest))
 
 namespace {

@@ -12,27 +12,26 @@ namespace zy {
 
 ZY_PUBLISHED(
     TZyGradientSettings, TPersistent,
-    Published<&TZyGradientSettings::Visible, &TZyGradientSettings::SetVisible>("Visible", false)
-        .Labelled(_sGradientVisible),
-    Published<&TZyGradientSettings::Style, &TZyGradientSettings::SetStyle>("Style", TZyGradientStyle::Linear)
-        .Labelled(_sGradientStyle),
-    Published<&TZyGradientSettings::FirstColor, &TZyGradientSettings::SetFirstColor>("FirstColor", 0xFFD3D3D3)
-        .Labelled(_sGradientFirstColor),
-    Published<&TZyGradientSettings::MiddleColor, &TZyGradientSettings::SetMiddleColor>("MiddleColor", 0xFFB0B0B0)
-        .Labelled(_sGradientMiddleColor),
-    Published<&TZyGradientSettings::LastColor, &TZyGradientSettings::SetLastColor>("LastColor", 0xFF808080)
-        .Labelled(_sGradientLastColor),
-    Published<&TZyGradientSettings::LinearAngle, &TZyGradientSettings::SetLinearAngle>("LinearAngle", 0.0f)
-        .Labelled(_sGradientLinearAngle)
+    Published<&TZyGradientSettings::Visible, &TZyGradientSettings::SetVisible>("Visible", false, _sGradientVisible),
+    Published<&TZyGradientSettings::Style, &TZyGradientSettings::SetStyle>("Style", TZyGradientStyle::Linear,
+                                                                           _sGradientStyle),
+    Published<&TZyGradientSettings::FirstColor, &TZyGradientSettings::SetFirstColor>("FirstColor", 0xFFD3D3D3,
+                                                                                     _sGradientFirstColor),
+    Published<&TZyGradientSettings::MiddleColor, &TZyGradientSettings::SetMiddleColor>("MiddleColor", 0xFFB0B0B0,
+                                                                                       _sGradientMiddleColor),
+    Published<&TZyGradientSettings::LastColor, &TZyGradientSettings::SetLastColor>("LastColor", 0xFF808080,
+                                                                                   _sGradientLastColor),
+    Published<&TZyGradientSettings::LinearAngle, &TZyGradientSettings::SetLinearAngle>("LinearAngle", 0.0f,
+                                                                                       _sGradientLinearAngle)
         .Clamped(0, 360),
-    Published<&TZyGradientSettings::LinearCenter, &TZyGradientSettings::SetLinearCenter>("LinearCenter", 0.5f)
-        .Labelled(_sGradientLinearCenter)
+    Published<&TZyGradientSettings::LinearCenter, &TZyGradientSettings::SetLinearCenter>("LinearCenter", 0.5f,
+                                                                                         _sGradientLinearCenter)
         .Clamped(0, 1),
-    Published<&TZyGradientSettings::RadialCenterX, &TZyGradientSettings::SetRadialCenterX>("RadialCenterX", 0.5f)
-        .Labelled(_sGradientRadialCenterX)
+    Published<&TZyGradientSettings::RadialCenterX, &TZyGradientSettings::SetRadialCenterX>("RadialCenterX", 0.5f,
+                                                                                           _sGradientRadialCenterX)
         .Clamped(0, 1),
-    Published<&TZyGradientSettings::RadialCenterY, &TZyGradientSettings::SetRadialCenterY>("RadialCenterY", 0.5f)
-        .Labelled(_sGradientRadialCenterY)
+    Published<&TZyGradientSettings::RadialCenterY, &TZyGradientSettings::SetRadialCenterY>("RadialCenterY", 0.5f,
+                                                                                           _sGradientRadialCenterY)
         .Clamped(0, 1))
 
 namespace {

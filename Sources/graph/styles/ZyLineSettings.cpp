@@ -10,14 +10,13 @@ namespace zy {
 // Colour, dash style and visibility have no default: owners start with their own, and a reader could not tell.
 ZY_PUBLISHED(
     TZySimpleLineSettings, TPersistent,
-    Published<&TZySimpleLineSettings::Color, &TZySimpleLineSettings::SetColor>("Color").Labelled(_sLineColor),
-    Published<&TZySimpleLineSettings::DashStyle, &TZySimpleLineSettings::SetDashStyle>("DashStyle")
-        .Labelled(_sDashStyle),
-    Published<&TZySimpleLineSettings::Width, &TZySimpleLineSettings::SetWidth>("Width", 1.0f).Labelled(_sLineWidth),
+    Published<&TZySimpleLineSettings::Color, &TZySimpleLineSettings::SetColor>("Color", _sLineColor),
+    Published<&TZySimpleLineSettings::DashStyle, &TZySimpleLineSettings::SetDashStyle>("DashStyle", _sDashStyle),
+    Published<&TZySimpleLineSettings::Width, &TZySimpleLineSettings::SetWidth>("Width", 1.0f, _sLineWidth),
     Published<static_cast<TZyGradientSettings& (TZySimpleLineSettings::*)()>(&TZySimpleLineSettings::Gradient)>(
         "Gradient"))
 ZY_PUBLISHED(TZyLineSettings, TZySimpleLineSettings,
-             Published<&TZyLineSettings::Visible, &TZyLineSettings::SetVisible>("Visible").Labelled(_sLineVisible))
+             Published<&TZyLineSettings::Visible, &TZyLineSettings::SetVisible>("Visible", _sLineVisible))
 
 TZySimpleLineSettings::TZySimpleLineSettings(ModifiedCallback WhenModified)
     : TZyStyleSettings(std::move(WhenModified)), FGradient([this] { Modified(); }) {}

@@ -7,20 +7,18 @@
 namespace zy {
 
 // Symbol, colours and visibility have no default: owners start with their own, and a reader could not tell.
-ZY_PUBLISHED(TZyPointSymbolSettings, TPersistent,
-             Published<&TZyPointSymbolSettings::Visible, &TZyPointSymbolSettings::SetVisible>("Visible").Labelled(
-                 _sPointSymbolVisible),
-             Published<&TZyPointSymbolSettings::Size, &TZyPointSymbolSettings::SetSize>("Size", 11.0f)
-                 .Labelled(_sPointSymbolSize),
-             Published<&TZyPointSymbolSettings::BorderLineWidth, &TZyPointSymbolSettings::SetBorderLineWidth>(
-                 "BorderLineWidth", 1.0f)
-                 .Labelled(_sPointSymbolBorderLineWidth),
-             Published<&TZyPointSymbolSettings::BorderColor, &TZyPointSymbolSettings::SetBorderColor>("BorderColor")
-                 .Labelled(_sPointSymbolBorderColor),
-             Published<&TZyPointSymbolSettings::FillColor, &TZyPointSymbolSettings::SetFillColor>("FillColor")
-                 .Labelled(_sPointSymbolFillColor),
-             Published<&TZyPointSymbolSettings::PointSymbol, &TZyPointSymbolSettings::SetPointSymbol>("PointSymbol")
-                 .Labelled(_sPointSymbolPointSymbol))
+ZY_PUBLISHED(
+    TZyPointSymbolSettings, TPersistent,
+    Published<&TZyPointSymbolSettings::Visible, &TZyPointSymbolSettings::SetVisible>("Visible", _sPointSymbolVisible),
+    Published<&TZyPointSymbolSettings::Size, &TZyPointSymbolSettings::SetSize>("Size", 11.0f, _sPointSymbolSize),
+    Published<&TZyPointSymbolSettings::BorderLineWidth, &TZyPointSymbolSettings::SetBorderLineWidth>(
+        "BorderLineWidth", 1.0f, _sPointSymbolBorderLineWidth),
+    Published<&TZyPointSymbolSettings::BorderColor, &TZyPointSymbolSettings::SetBorderColor>("BorderColor",
+                                                                                             _sPointSymbolBorderColor),
+    Published<&TZyPointSymbolSettings::FillColor, &TZyPointSymbolSettings::SetFillColor>("FillColor",
+                                                                                         _sPointSymbolFillColor),
+    Published<&TZyPointSymbolSettings::PointSymbol, &TZyPointSymbolSettings::SetPointSymbol>("PointSymbol",
+                                                                                             _sPointSymbolPointSymbol))
 
 void TZyPointSymbolSettings::SetVisible(bool Value) {
   Change(this, FVisible, Value, "Visible", &TZyPointSymbolSettings::Modified);

@@ -110,8 +110,6 @@ class TPropInfo {
   /// all properties leave it out as well.
   TPropInfo NotStored() &&;
   bool IsNeverStored() const { return FIsNeverStored; }
-  /// Names a change of the property.
-  TPropInfo Labelled(TZyText Text) && { return Label = Text, std::move(*this); }
   /// Tells the lowest and the highest value; other ones are refused.
   TPropInfo Limited(double Low, double High) &&;
   /// Tells the limits into which the setter brings what is given.
@@ -283,6 +281,13 @@ template <auto Getter, auto Setter = nullptr>
 TPropInfo Published(const char* Name) {
   return detail::TPropRow<Getter, Setter>::Make(Name);
 }
+/// The same with the label under which a change can be undone.
+template <auto Getter, auto Setter>
+TPropInfo Published(const char* Name, TZyText Label) {
+  TPropInfo Info = detail::TPropRow<Getter, Setter>::Make(Name);
+  Info.Label = Label;
+  return Info;
+}
 
 /// Row of a property with its default, the value of a new object; equal values are not streamed.
 template <auto Getter, auto Setter>
@@ -294,6 +299,12 @@ TPropInfo Published(const char* Name, typename detail::TPropRow<Getter, Setter>:
   } else {
     Info.SetDefault(detail::ToVariant(Default));
   }
+  return Info;
+}
+template <auto Getter, auto Setter>
+TPropInfo Published(const char* Name, typename detail::TPropRow<Getter, Setter>::TValue Default, TZyText Label) {
+  TPropInfo Info = Published<Getter, Setter>(Name, std::move(Default));
+  Info.Label = Label;
   return Info;
 }
 
