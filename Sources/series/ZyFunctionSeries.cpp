@@ -121,6 +121,11 @@ void TZyFunctionSeries::CalculateFunction() {
   if (Count() < MinCount()) return;
   SetLimits();
   TZyCalculation& Curve = *FCalculation;
+  // The vectors are lent for this one calculation: they may die before the next.
+  struct TLoan {
+    TZyCalculation& Curve;
+    ~TLoan() { Curve.XData = Curve.YData = Curve.Weight = nullptr; }
+  } const Loan{Curve};
   Curve.OutliersVisible = OutliersVisible();
   Curve.XData = XData();
   Curve.YData = YData();
@@ -155,7 +160,8 @@ template <class TSample>
 void TZyFunctionSeries::Sample(double Start, double Stop, const TSample& Do) const {
   if (!(Start <= Stop) || !std::isfinite(Start) || !std::isfinite(Stop)) return;
   const int Columns = Start < Stop ? std::max(FXAxis->Width(), 0) : 0;
-  const double Step = Columns > 0 ? (Stop - Start) / Columns : 0;
+  const double Span = Stop - Start;
+  const double Step = std::isfinite(Span) ? Span / std::max(Columns, 1) : Stop / Columns - Start / Columns;
   for (int i = 0; i < Columns; ++i) Do(Start + i * Step);
   Do(Columns > 0 ? Stop : Start);
 }

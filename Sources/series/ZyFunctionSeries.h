@@ -11,6 +11,10 @@ namespace zy {
 
 /// A calculation that failed: the series, and what it threw.
 using TZyCalculationErrorHandler = std::function<void(TObject* Sender, const std::exception& e)>;
+template <>
+inline std::string_view TypeName<TZyCalculationErrorHandler>() {
+  return "TZyCalculationErrorHandler";
+}
 
 /// Base of the curves that are computed from data: a line with a value everywhere and no points of its own.
 ///
