@@ -59,7 +59,9 @@ void TZyBubbles::TakePixels(int Start, int Stop) {
   const double k = FElliptical ? 1 : FXAxis->NormalizeConst() / FYAxis->NormalizeConst();
   ForEachPoint(Start, Stop + 1, [&](int i) {
     const double r = GetR(i), rx = k * r;
-    Keep({FXAxis->NumberToWorld(FX.At(i) - rx), FYAxis->NumberToWorld(FY.At(i) + r)}, i);
+    Keep({FXAxis->NumberToWorld(FX.At(i) + (FXAxis->Twisted() ? rx : -rx)),
+          FYAxis->NumberToWorld(FY.At(i) + (FYAxis->Twisted() ? -r : r))},
+         i);
     FSize.Add(
         {static_cast<float>(2 * rx / FXAxis->NormalizeConst()), static_cast<float>(2 * r / FYAxis->NormalizeConst())});
   });

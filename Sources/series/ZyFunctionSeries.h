@@ -110,7 +110,6 @@ class TZyFunctionSeries : public TZyLineSeries {
   void SetLimits();
   TRange RangeOfX();
   bool AnyOtherSeries() const;
-  void CalculationFailed();
   template <class TSample>
   void Sample(double Start, double Stop, const TSample& Do) const;
   bool SetAuto(bool& Field, bool Value, std::initializer_list<std::string_view> Names);
@@ -125,6 +124,7 @@ class TZyFunctionSeries : public TZyLineSeries {
   bool FCoupleCalculationAndDisplay = true;
   bool FClipYValues = true;
   bool FHasCurve = false;  // the last calculation succeeded
+  bool FIsCalculating = false;
   double FCalcStart = 0, FCalcStop = 0;
   double FDisplayStart = 0, FDisplayStop = 0;
   TZyCalculationErrorHandler mCalculationError;

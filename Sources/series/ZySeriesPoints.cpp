@@ -197,6 +197,14 @@ void TZySeries::TakePixels(int Start, int Stop) {
   }
 }
 
+void TZySeries::ForgetPixels() {
+  FPoints.Clear();
+  FPointIndex.Clear();
+  FPointCount = FAreaPointCount = 0;
+  FPixelIndex.Reset();
+  ++FPixelsVersion;
+}
+
 void TZySeries::Keep(const PointF& Pixel, int Idx) {
   FPoints.Add(Pixel);
   FPointIndex.Add(Idx);
@@ -330,11 +338,19 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
 
 // --- Area -----------------------------------------------------------------------------------------------------------
 
-/// Whether the other line of the band has other pixels than when the band was closed.
-bool TZySeries::IsBandStale() const {
+/// The other line of the band, null while it has nothing to close the band with.
+const TZySeries* TZySeries::BandPartner() const {
   const TZySeries* const Partner = FDrawBandTo;
-  return Partner != nullptr && Partner->Count() > 0 &&
-         (Partner->RecalculatePoints() || Partner->FPixelsVersion != FPartnerVersion);
+  const bool HasLine =
+      Partner != nullptr && Partner->Count() > 0 && Partner->FXAxis != nullptr && Partner->FYAxis != nullptr;
+  return HasLine ? Partner : nullptr;
+}
+
+/// Whether it has other pixels than when the band was closed.
+bool TZySeries::IsBandStale() const {
+  const TZySeries* const Partner = BandPartner();
+  if (Partner == nullptr) return FPartnerVersion >= 0;
+  return Partner->RecalculatePoints() || Partner->FPixelsVersion != FPartnerVersion;
 }
 
 float TZySeries::BaseLine() const {
@@ -343,8 +359,9 @@ float TZySeries::BaseLine() const {
 
 void TZySeries::AddBandPoints() {
   FPoints.CheckCount(FPointCount);
-  TZySeries* const Partner = FDrawBandTo;
-  if (Partner != nullptr && Partner->Count() > 0 && Partner->FXAxis != nullptr && Partner->FYAxis != nullptr) {
+  FPartnerVersion = -1;
+  if (BandPartner() != nullptr) {
+    TZySeries* const Partner = FDrawBandTo;
     if (!FAreaSettings->Visible()) Silently(*FAreaSettings, [this] { FAreaSettings->SetVisible(true); });
     if (Partner->RecalculatePoints()) Partner->CalculatePoints();
     FPartnerVersion = Partner->FPixelsVersion;

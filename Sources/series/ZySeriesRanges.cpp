@@ -37,6 +37,7 @@ bool TZySeries::HasValuesAt(int Idx) const {
   for (const TZySeriesInput* Input : FInputs) {
     if (Input->Use() == TZyInputUse::Apart) continue;
     if (Input->Use() == TZyInputUse::Partial && Idx >= Input->Count()) continue;
+    if (!*Input) return false;
     const TZyCustomDoubleVector& Data = *Input->Vector();
     if (!std::isfinite(Data.GetValue(Idx)) || (!FOutliersVisible && Data.IsOutlier(Idx))) return false;
   }
@@ -163,7 +164,7 @@ void TZySeries::CheckDBVectors() {
 // --- Values between points ------------------------------------------------------------------------------------------
 
 double TZySeries::GetY(double AtX) const {
-  if (Count() == 0) return 0;
+  if (Count() == 0 || !FX || !FY) return 0;
   if (Count() == 1) return FY->GetValue(0);
   const int Last = Count() - 1;
   int Low = 0, High = 0;

@@ -63,7 +63,7 @@ double TZyMovingAverageCalculation::GetY(double x) {
 TZyMovingAverageCalculation::TWindows TZyMovingAverageCalculation::TakeWindows(const std::vector<double>& X) const {
   const auto m = static_cast<int>(X.size());
   const bool BothWays = AveragingDirection == TZyAveragingDirection::UpAndDownwards;
-  const int Reach = static_cast<int>(std::min(std::round(N), static_cast<double>(m)));
+  const int Reach = static_cast<int>(std::min(static_cast<double>(m), std::round(N)));
   const bool IsSorted = std::is_sorted(X.begin(), X.end());
   TWindows Windows{std::vector<int>(X.size()), std::vector<int>(X.size()), std::vector<double>(X.size())};
   int Low = 0, High = 0;
