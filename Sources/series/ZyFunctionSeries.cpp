@@ -68,22 +68,23 @@ void TZyFunctionSeries::Fields(TZyArchive& Archive) {
 /// setting, or paints, asks for a calculation after this one.
 void TZyFunctionSeries::Calculate() {
   if (FIsCalculating || !TakeCount()) return;
-  const TScopedValue Calculating(FIsCalculating, true);
   SetRange(*FXAxis, FXStart, FXStop, RangeOfX());
   FState.RangesTaken();
-  FHasCurve = false;
+  const TZyCalculationErrorHandler Handler = mCalculationError;
   try {
+    const TScopedValue Calculating(FIsCalculating, true);
+    FHasCurve = false;
     CalculateFunction();
     UpdateVariablesObjects(*ObjectsToUpdate());
-    FYAxis->RangeModified();
+    if (FYAxis != nullptr) FYAxis->RangeModified();
     FHasCurve = true;
     PointsModified();
   } catch (const std::exception& Error) {
     ForgetPixels();
     FState.PixelsTaken();
     Invalidate();
-    if (!mCalculationError) throw;
-    mCalculationError(this, Error);
+    if (!Handler) throw;
+    Handler(this, Error);  // last of all: it may free the series
   }
 }
 

@@ -57,7 +57,7 @@ class TZyFunctionSeries : public TZyLineSeries {
   /// Whether the curve leaves the Y axis to the other series there, and is cut where it leaves the data area.
   bool ClipYValues() const { return FClipYValues; }
   void SetClipYValues(bool Value) { SetSetting(FClipYValues, Value, "ClipYValues"); }
-  /// Runs after each calculation that succeeded.
+  /// Runs after each calculation that succeeded. It must not free the series.
   const TNotifyEvent& OnCalculated() const { return mCalculated; }
   void SetOnCalculated(TNotifyEvent Value) { mCalculated = std::move(Value); }
   const TZyCalculationErrorHandler& OnCalculationError() const { return mCalculationError; }

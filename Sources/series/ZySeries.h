@@ -231,7 +231,7 @@ class TZySeries : public TComponent,
   void ValueInsertedLinkedMarkers(int Idx);
 
   void DataReset() override;
-  void DataInvalidated() override { PointsModified(); }
+  void DataInvalidated() override;
   void DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMarkers) override;
   void DataInserted(const TZyCustomDoubleVector& Vector, int Idx) override;
   void DataDeleted(const TZyCustomDoubleVector& Vector, int Idx) override;
@@ -255,6 +255,9 @@ class TZySeries : public TComponent,
 
   // ---- Hooks of the kinds ----
 
+  /// Whether the ranges are the tracked extremes of X and Y, which tell by themselves when they move. If not, every
+  /// change of a value means to take the ranges anew.
+  virtual bool HasTrackedRanges() const;
   /// The ranges of the points: all `Count` of them, since extremes may have gone.
   virtual void TakeRanges(TRange& X, TRange& Y);
   /// Forgets pixels beyond the first Count in lists of the kind's own beside Points; those of the inputs go by

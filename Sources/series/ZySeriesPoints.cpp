@@ -88,8 +88,10 @@ class TZySeries::TPixelBlocks {
     double Sum = 0;
     for (const double Value : Values) Sum += Value * 0;  // not-a-number as soon as one is not finite
     if (Input.IsTransformed()) {
+      // A copy, since the handler may make the vector move.
+      if (Values.data() != FScratch.data()) std::ranges::copy(Values, FScratch.begin());
       for (std::size_t i = 0; i < Values.size(); ++i)
-        FScratch[i] = Input.Transform(Values[i], FFirst + static_cast<int>(i));
+        FScratch[i] = Input.Transform(FScratch[i], FFirst + static_cast<int>(i));
       Values = std::span<const double>(FScratch).first(Values.size());
     }
     Axis.NumberToWorld(Values, Pixels);
@@ -159,7 +161,9 @@ void TZySeries::CalculatePoints() {
     TZySeries& Series;
     bool IsDone = false;
   } Round(*this);
+  const auto IsTakenAnew = [this](int Pixel) { return FPointIndex.GetValue(Pixel) >= FState.LastPointsCount(); };
   if (FState.LastPointsCount() == 0) FPointCount = 0;
+  while (FPointCount > 0 && IsTakenAnew(FPointCount - 1)) --FPointCount;
   FPoints.Clear();
   FPoints.CheckCount(FPointCount);
   FPointIndex.Clear();
@@ -170,6 +174,7 @@ void TZySeries::CalculatePoints() {
   FPixelIndex.Reset();
   ++FPixelsVersion;
   TakeNewPixels();
+  FPartnerVersion = BandPartner() == nullptr ? -1 : BandPartner()->FPixelsVersion;
   if (FPointCount > 0) AddBandPoints();
   FState.PixelsTaken();
   if (Graph() != nullptr) Graph()->PointsCalculated();
@@ -359,7 +364,6 @@ float TZySeries::BaseLine() const {
 
 void TZySeries::AddBandPoints() {
   FPoints.CheckCount(FPointCount);
-  FPartnerVersion = -1;
   if (BandPartner() != nullptr) {
     TZySeries* const Partner = FDrawBandTo;
     if (!FAreaSettings->Visible()) Silently(*FAreaSettings, [this] { FAreaSettings->SetVisible(true); });

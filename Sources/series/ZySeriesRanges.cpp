@@ -77,6 +77,13 @@ bool TZySeries::TakeCount() {
   return Count >= MinCount();
 }
 
+bool TZySeries::HasTrackedRanges() const {
+  const auto SearchesAbove0 = [](const TZyAxis* Axis, const TZySeriesInput& Input) {
+    return Axis != nullptr && Axis->HasLogScaling() && Input && Input->MinimumIncludingOutliers() < 0;
+  };
+  return FX.Count() == FY.Count() && !SearchesAbove0(FXAxis, FX) && !SearchesAbove0(FYAxis, FY);
+}
+
 void TZySeries::TakeRanges(TRange& X, TRange& Y) {
   X = RangeOf(FX, FY, *FXAxis);
   Y = RangeOf(FY, FX, *FYAxis);
