@@ -8,6 +8,7 @@
 #include "platform/controls/TClipboard.h"
 #include "platform/controls/TPrinter.h"
 #include "platform/drawing/Bitmap.h"
+#include "platform/drawing/ClipGuard.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/Metafile.h"
 #include "platform/framework/ScopedFlag.h"
@@ -42,7 +43,7 @@ void TZyGraph2D::PrepareForScreen() {
 
 void TZyGraph2D::PaintInto(Graphics& Gr, bool AsMetafile) {
   const TScopedValue Image(FDoingImage, true), Fractions(FDoingMetafile, AsMetafile);
-  const Region Saved = Gr.GetClip();
+  const TClipGuard Clip(Gr);
   Gr.SetClip({0, 0, static_cast<float>(Width()), static_cast<float>(HeightInImage())}, CombineModeIntersect);
   PaintGr(Gr);
   const Matrix Transform = Gr.GetTransform();
@@ -53,7 +54,6 @@ void TZyGraph2D::PaintInto(Graphics& Gr, bool AsMetafile) {
     Part->PaintGr(Gr);
     Gr.SetTransform(Transform);
   }
-  Gr.SetClip(Saved);
 }
 
 // --- The whole picture ----------------------------------------------------------------------------------------------

@@ -4,6 +4,7 @@
 
 #include "graph/ZyGraph2D.h"
 #include "platform/drawing/Brush.h"
+#include "platform/drawing/ClipGuard.h"
 #include "platform/drawing/Graphics.h"
 #include "series/ZySeries.h"
 
@@ -97,12 +98,11 @@ RectF TZyGraphPainter::DataClip() const {
 
 template <class TDraw>
 void TZyGraphPainter::PaintClippedToData(const TDraw& Draw) {
-  const Region Saved = FGr.GetClip();
+  const TClipGuard Saved(FGr);
   const RectF Clip = DataClip();
   const RectF Client{0, 0, static_cast<float>(FGraph.ClientWidth()), static_cast<float>(FGraph.ClientHeight())};
   if (Clip != Client) FGr.SetClip(Clip, CombineModeIntersect);
   for (TZySeries* Series : FGraph.RelatedSeries()) Draw(*Series);
-  FGr.SetClip(Saved);
 }
 
 // --- Axes and legends -----------------------------------------------------------------------------------------------

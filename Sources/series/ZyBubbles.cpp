@@ -46,7 +46,8 @@ void TZyBubbles::TakeRanges(TRange& X, TRange& Y) {
   });
   X = RangeOf(FX, FY, *FXAxis);
   double k = 1;
-  if (!FElliptical) k = (X.High - X.Low) * FYAxis->AxLength() / ((Y.High - Y.Low) * FXAxis->AxLength());
+  FRatio = static_cast<double>(FYAxis->AxLength()) / FXAxis->AxLength();
+  if (!FElliptical) k = (X.High - X.Low) / (Y.High - Y.Low) * FRatio;
   if (!std::isfinite(k)) k = 0;
   ForEachPoint(0, Count(), [&](int i) {
     const double x = FX.At(i), r = GetR(i) * k;
@@ -55,11 +56,23 @@ void TZyBubbles::TakeRanges(TRange& X, TRange& Y) {
   });
 }
 
+/// After a first layout, and another size of the chart, the ranges are taken anew, unless the ratio hardly changed.
+void TZyBubbles::TakeNewPixels() {
+  constexpr double Tolerance = 0.02;
+  TZySeries::TakeNewPixels();
+  const double Ratio = static_cast<double>(FYAxis->AxLength()) / FXAxis->AxLength();
+  if (FElliptical || std::fabs(Ratio - FRatio) <= Tolerance * Ratio) return;
+  SetLastCount(0);
+  Invalidate();
+}
+
 void TZyBubbles::TakePixels(int Start, int Stop) {
   const double k = FElliptical ? 1 : FXAxis->NormalizeConst() / FYAxis->NormalizeConst();
   ForEachPoint(Start, Stop + 1, [&](int i) {
     const double r = GetR(i), rx = k * r;
-    Keep({FXAxis->NumberToWorld(FX.At(i) - rx), FYAxis->NumberToWorld(FY.At(i) + r)}, i);
+    Keep({FXAxis->NumberToWorld(FX.At(i) + (FXAxis->Twisted() ? rx : -rx)),
+          FYAxis->NumberToWorld(FY.At(i) + (FYAxis->Twisted() ? -r : r))},
+         i);
     FSize.Add(
         {static_cast<float>(2 * rx / FXAxis->NormalizeConst()), static_cast<float>(2 * r / FYAxis->NormalizeConst())});
   });

@@ -31,8 +31,10 @@ class TZyBubbles : public TZySeries {
   void DrawListItem(const TZyLegendItemDrawArgs& e) override { DrawListItem(e, LegendItemStyle::Filled); }
 
  protected:
+  bool HasTrackedRanges() const override { return false; }
   void TakeRanges(TRange& X, TRange& Y) override;
   void KeepPixels(int Count) override { FSize.Shrink(Count); }
+  void TakeNewPixels() override;
   void TakePixels(int Start, int Stop) override;
   void DrawPoints(Graphics& Gr) override;
   void AddSampleData() override;
@@ -43,6 +45,7 @@ class TZyBubbles : public TZySeries {
   void EllipticalModified();
 
   bool FElliptical = false;
+  double FRatio = 1;  // of the lengths of the axes, as the ranges were taken with it
   TZySeriesInput FRadius{*this, "RadiusData", TZyInputUse::Needed};
   TZyPointVector FSize;
 };

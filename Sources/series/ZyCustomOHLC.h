@@ -53,6 +53,7 @@ class TZyCustomOHLC : public TZySeries {
   /// Pixels by which a bar reaches beyond its width at both sides.
   virtual float Overhang() const { return 0; }
 
+  bool HasTrackedRanges() const override { return false; }
   void TakeRanges(TRange& X, TRange& Y) override;
   void TakePixels(int Start, int Stop) override;
   void AddSampleData() override;

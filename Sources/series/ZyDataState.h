@@ -48,8 +48,9 @@ class TZyDataState {
     FLastCount = FCount;
     FPixelsAreStale = true;
   }
+  /// Points that the ranges do not know yet are taken once more with the next ones.
   void PixelsTaken() {
-    FLastPointsCount = FCount;
+    FLastPointsCount = std::min(FCount, FLastCount);
     FPixelsAreStale = false;
   }
 

@@ -7,7 +7,8 @@
 #include "analysis/ZyParseFktLists.h"
 #include "graph/parts/ZySeriesGraph.h"
 #include "persistence/ZyArchive.h"
-#include "platform/drawing/Graphics.h"
+#include "platform/drawing/ClipGuard.h"
+#include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "texts/Exceptions.h"
@@ -63,36 +64,28 @@ void TZyFunctionSeries::Fields(TZyArchive& Archive) {
 
 // --- Calculation ----------------------------------------------------------------------------------------------------
 
-/// Whatever happens, the count is taken: a formula that fails is not tried again at every paint.
+/// The count is taken first: a formula that fails is not tried again at every paint, and a handler that changes a
+/// setting, or paints, asks for a calculation after this one.
 void TZyFunctionSeries::Calculate() {
-  if (!TakeCount()) return;
+  if (FIsCalculating || !TakeCount()) return;
   SetRange(*FXAxis, FXStart, FXStop, RangeOfX());
-  struct TEnd {
-    TZyFunctionSeries& Series;
-    ~TEnd() {
-      Series.FState.RangesTaken();
-      if (!Series.FHasCurve) Series.CalculationFailed();
-      Series.Invalidate();
-    }
-  } const End{*this};
-  FHasCurve = false;
+  FState.RangesTaken();
+  const TZyCalculationErrorHandler Handler = mCalculationError;
   try {
+    const TScopedValue Calculating(FIsCalculating, true);
+    FHasCurve = false;
     CalculateFunction();
     UpdateVariablesObjects(*ObjectsToUpdate());
-    FYAxis->RangeModified();
+    if (FYAxis != nullptr) FYAxis->RangeModified();
     FHasCurve = true;
+    PointsModified();
   } catch (const std::exception& Error) {
-    if (!mCalculationError) throw;
-    mCalculationError(this, Error);
+    ForgetPixels();
+    FState.PixelsTaken();
+    Invalidate();
+    if (!Handler) throw;
+    Handler(this, Error);  // last of all: it may free the series
   }
-}
-
-void TZyFunctionSeries::CalculationFailed() {
-  FPoints.Clear();
-  FPointIndex.Clear();
-  FPointCount = 0;
-  FState.PixelsTaken();
-  if (Graph() != nullptr) Graph()->PointsCalculated();
 }
 
 /// The range of the data, on a logarithmic axis without what is not positive; it covers a display range set by hand.
@@ -100,8 +93,8 @@ TZySeries::TRange TZyFunctionSeries::RangeOfX() {
   TRange Range = RangeOf(FX, FY, *FXAxis);
   if (FXAxis->HasLogScaling() && Range.Low <= 0) Range.Low = SmallestPositive(FX, Range.Low);
   if (FCoupleCalculationAndDisplay) return Range;
-  if (!FDisplayAutoStart) Range.Low = std::min(Range.Low, FDisplayStart);
-  if (!FDisplayAutoStop) Range.High = std::max(Range.High, FDisplayStop);
+  if (!FDisplayAutoStart && std::isfinite(FDisplayStart)) Range.Low = std::min(Range.Low, FDisplayStart);
+  if (!FDisplayAutoStop && std::isfinite(FDisplayStop)) Range.High = std::max(Range.High, FDisplayStop);
   return Range;
 }
 
@@ -121,6 +114,11 @@ void TZyFunctionSeries::CalculateFunction() {
   if (Count() < MinCount()) return;
   SetLimits();
   TZyCalculation& Curve = *FCalculation;
+  // The vectors are lent for this one calculation: they may die before the next.
+  struct TLoan {
+    TZyCalculation& Curve;
+    ~TLoan() { Curve.XData = Curve.YData = Curve.Weight = nullptr; }
+  } const Loan{Curve};
   Curve.OutliersVisible = OutliersVisible();
   Curve.XData = XData();
   Curve.YData = YData();
@@ -155,7 +153,8 @@ template <class TSample>
 void TZyFunctionSeries::Sample(double Start, double Stop, const TSample& Do) const {
   if (!(Start <= Stop) || !std::isfinite(Start) || !std::isfinite(Stop)) return;
   const int Columns = Start < Stop ? std::max(FXAxis->Width(), 0) : 0;
-  const double Step = Columns > 0 ? (Stop - Start) / Columns : 0;
+  const double Span = Stop - Start;
+  const double Step = std::isfinite(Span) ? Span / std::max(Columns, 1) : Stop / Columns - Start / Columns;
   for (int i = 0; i < Columns; ++i) Do(Start + i * Step);
   Do(Columns > 0 ? Stop : Start);
 }
@@ -192,11 +191,7 @@ int TZyFunctionSeries::FindPoint(int X, int Y, float Delta) const {
 void TZyFunctionSeries::PaintGr(Graphics& Gr) {
   if (!SeriesVisible()) return;
   if (!FClipYValues || Graph() == nullptr) return TZyLineSeries::PaintGr(Gr);
-  struct TClip {
-    Graphics& Gr;
-    Region Original;
-    ~TClip() { Gr.SetClip(Original); }
-  } const Clip{Gr, Gr.GetClip()};
+  const TClipGuard Clip(Gr);
   Gr.SetClip(Graph()->DrawingArea());
   TZyLineSeries::PaintGr(Gr);
 }

@@ -11,6 +11,10 @@ namespace zy {
 
 /// A calculation that failed: the series, and what it threw.
 using TZyCalculationErrorHandler = std::function<void(TObject* Sender, const std::exception& e)>;
+template <>
+inline std::string_view TypeName<TZyCalculationErrorHandler>() {
+  return "TZyCalculationErrorHandler";
+}
 
 /// Base of the curves that are computed from data: a line with a value everywhere and no points of its own.
 ///
@@ -53,7 +57,7 @@ class TZyFunctionSeries : public TZyLineSeries {
   /// Whether the curve leaves the Y axis to the other series there, and is cut where it leaves the data area.
   bool ClipYValues() const { return FClipYValues; }
   void SetClipYValues(bool Value) { SetSetting(FClipYValues, Value, "ClipYValues"); }
-  /// Runs after each calculation that succeeded.
+  /// Runs after each calculation that succeeded. It must not free the series.
   const TNotifyEvent& OnCalculated() const { return mCalculated; }
   void SetOnCalculated(TNotifyEvent Value) { mCalculated = std::move(Value); }
   const TZyCalculationErrorHandler& OnCalculationError() const { return mCalculationError; }
@@ -106,7 +110,6 @@ class TZyFunctionSeries : public TZyLineSeries {
   void SetLimits();
   TRange RangeOfX();
   bool AnyOtherSeries() const;
-  void CalculationFailed();
   template <class TSample>
   void Sample(double Start, double Stop, const TSample& Do) const;
   bool SetAuto(bool& Field, bool Value, std::initializer_list<std::string_view> Names);
@@ -121,6 +124,7 @@ class TZyFunctionSeries : public TZyLineSeries {
   bool FCoupleCalculationAndDisplay = true;
   bool FClipYValues = true;
   bool FHasCurve = false;  // the last calculation succeeded
+  bool FIsCalculating = false;
   double FCalcStart = 0, FCalcStop = 0;
   double FDisplayStart = 0, FDisplayStop = 0;
   TZyCalculationErrorHandler mCalculationError;

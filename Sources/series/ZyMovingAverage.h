@@ -23,7 +23,7 @@ class TZyMovingAverage : public TZyFunctionSeries {
   }
   /// Stored as a magnitude.
   double N() const { return FAvg.N; }
-  void SetN(double Value) { SetSetting(FAvg.N, Value < 0 ? -Value : Value, "N"); }
+  void SetN(double Value) { SetSetting(FAvg.N, FAvg.Magnitude(Value), "N"); }
   /// Stored as a magnitude of up to 1.
   double ExponentialFactorForN() const { return FAvg.ExponentialFactorForN; }
   void SetExponentialFactorForN(double Value) {

@@ -3,36 +3,40 @@
 #include "series/ZySeries.h"
 
 namespace zy {
-namespace {
 
-/// Runs an event for a kept point, with what all events have.
-template <class THandler, class TArgs>
-void Ask(TZySeries& Series, const THandler& Handler, TArgs& Args, std::size_t Pixel) {
-  if (!Handler) return;
-  const TZySeries::TPointValues Values = Series.ValuesOfPixel(Series.PointIndex()[Pixel], Series.Points()[Pixel].X);
-  Args.Index = Values.Index;
-  Args.X = Values.X;
-  Args.Y = Values.Y;
-  Handler(&Series, Args);
+TZyPointLook::TZyPointLook(TZySeries& Series)
+    : FSeries(Series), mGetPen(Series.OnGetPen()), mGetBrush(Series.OnGetBrush()) {
+  Reset();
 }
 
-}  // namespace
-
 void TZyPointLook::Reset() {
+  FOwnPen = FSeries.FPen.Shared();
+  FOwnBrush = FSeries.FBrush.Shared();
   FBrush.Brush = FSeries.AreaBrush();
   FBrush.Visible = FSeries.Area().Visible();
   FPen.Pen = FSeries.LinePen();
   FPen.Visible = FSeries.Line().Visible();
 }
 
+/// Runs an event for a kept point, with what all events have. False when there is no such point any more.
+template <class THandler, class TArgs>
+bool TZyPointLook::Ask(const THandler& Handler, TArgs& Args, std::size_t Pixel) {
+  if (FSeries.RecalculatePoints() || Pixel >= FSeries.Points().size()) return false;
+  if (!Handler) return true;
+  const TZySeries::TPointValues Values = FSeries.ValuesOfPixel(FSeries.PointIndex()[Pixel], FSeries.Points()[Pixel].X);
+  Args.Index = Values.Index;
+  Args.X = Values.X;
+  Args.Y = Values.Y;
+  Handler(&FSeries, Args);
+  return true;
+}
+
 bool TZyPointLook::AskBrush(std::size_t Pixel) {
-  Ask(FSeries, FSeries.OnGetBrush(), FBrush, Pixel);
-  return FBrush.Visible && FBrush.Brush != nullptr;
+  return Ask(mGetBrush, FBrush, Pixel) && FBrush.Visible && FBrush.Brush != nullptr;
 }
 
 bool TZyPointLook::AskPen(std::size_t Pixel) {
-  Ask(FSeries, FSeries.OnGetPen(), FPen, Pixel);
-  return FPen.Visible && FPen.Pen != nullptr;
+  return Ask(mGetPen, FPen, Pixel) && FPen.Visible && FPen.Pen != nullptr;
 }
 
 }  // namespace zy

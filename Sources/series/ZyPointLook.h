@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 
 #include "series/ZySeriesEvents.h"
 
@@ -10,7 +11,7 @@ class TZySeries;
 
 /// Pen and brush of one kept point of a series after the other: those of the settings, and what `OnGetPen` and
 /// `OnGetBrush` make of them. The arguments are filled once, so that what a handler changes holds for the points after
-/// it, too.
+/// it, too. A point is no longer asked for once a handler has changed the data.
 ///
 ///     TZyPointLook Look(*this);
 ///     for (std::size_t i = 0; i < Points().size(); ++i) {
@@ -19,7 +20,7 @@ class TZySeries;
 ///     }
 class TZyPointLook {
  public:
-  explicit TZyPointLook(TZySeries& Series) : FSeries(Series) { Reset(); }
+  explicit TZyPointLook(TZySeries& Series);
 
   /// Pen, brush and visibility of the settings again.
   void Reset();
@@ -33,7 +34,15 @@ class TZyPointLook {
   const TZyPen& Pen() const { return *FPen.Pen; }
 
  private:
+  template <class THandler, class TArgs>
+  bool Ask(const THandler& Handler, TArgs& Args, std::size_t Pixel);
+
   TZySeries& FSeries;
+  // A handler may change settings and events: what is in use stays.
+  TZyPenEventHandler mGetPen;
+  TZyBrushEventHandler mGetBrush;
+  std::shared_ptr<const TZyPen> FOwnPen;
+  std::shared_ptr<const zy::Brush> FOwnBrush;
   TZyBrushEventArgs FBrush;
   TZyPenEventArgs FPen;
 };

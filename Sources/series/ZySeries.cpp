@@ -253,7 +253,7 @@ void TZySeries::TestVisibleChanged() {
     }
   }
   // Symbols want other pixels than a line alone.
-  if (Symbol.Visible() != FPointsForSymbols && FState.LastPointsCount() > 0) PointsModified();
+  if (Symbol.Visible() != FPointsForSymbols && FPointCount > 0) PointsModified();
   FPen.SetOwn(FLineSettings->GetPen(Graph()->DrawingArea(), 0));
   FBrush.SetOwn(FAreaSettings->GetBrush(Graph()->DrawingArea()));
   Invalidate();
@@ -299,6 +299,11 @@ void TZySeries::PointsModified() {
 }
 
 void TZySeries::SetLastCount(int Value) { FState.SetLastCount(Value); }
+
+void TZySeries::DataInvalidated() {
+  if (!HasTrackedRanges()) FState.SetLastCount(0);
+  PointsModified();
+}
 
 /// Data may have gone: no count lies beyond them, and with too few of them left there is nothing to show.
 void TZySeries::DataReset() {

@@ -41,8 +41,8 @@ class TZyUndoStack;
 /// With one of X and Y alone, the other direction is the index of the value. Nothing is computed when data change: the
 /// next Calculate takes the ranges, the next paint the pixels.
 ///
-/// A point has values when all its values are finite and, unless outliers are shown, no outliers. All others are left
-/// out as if they were not there: a line goes straight across them.
+/// A point has values when all that its vectors hold for it are finite and, unless outliers are shown, no outliers. All
+/// others are left out as if they were not there: a line goes straight across them.
 ///
 /// A further kind of series has its vectors as members of the class TZySeriesInput, and overrides hooks: `TakeRanges`
 /// for the ranges of the points, `TakePixels` for the pixels of a stretch of indexes, `DrawPoints` for the drawing of
@@ -231,7 +231,7 @@ class TZySeries : public TComponent,
   void ValueInsertedLinkedMarkers(int Idx);
 
   void DataReset() override;
-  void DataInvalidated() override { PointsModified(); }
+  void DataInvalidated() override;
   void DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMarkers) override;
   void DataInserted(const TZyCustomDoubleVector& Vector, int Idx) override;
   void DataDeleted(const TZyCustomDoubleVector& Vector, int Idx) override;
@@ -255,6 +255,9 @@ class TZySeries : public TComponent,
 
   // ---- Hooks of the kinds ----
 
+  /// Whether the ranges are the tracked extremes of X and Y, which tell by themselves when they move. If not, every
+  /// change of a value means to take the ranges anew.
+  virtual bool HasTrackedRanges() const;
   /// The ranges of the points: all `Count` of them, since extremes may have gone.
   virtual void TakeRanges(TRange& X, TRange& Y);
   /// Forgets pixels beyond the first Count in lists of the kind's own beside Points; those of the inputs go by
@@ -297,6 +300,8 @@ class TZySeries : public TComponent,
       if (Fits(i)) return PointIndex()[i];
     return -1;
   }
+  /// Empties the list of pixels.
+  void ForgetPixels();
   /// Keeps a pixel with its data index.
   void Keep(const PointF& Pixel, int Idx);
   /// Pixel of a data point.
@@ -415,6 +420,7 @@ class TZySeries : public TComponent,
   template <class TPixels>
   void ThinToLine(TPixels& Pixels, int Start, int Stop);
   void ThinToSymbols(TPixelBlocks& Pixels, int Start, int Stop);
+  const TZySeries* BandPartner() const;
   bool IsBandStale() const;
 
   // Drawing.
@@ -461,7 +467,7 @@ class TZySeries : public TComponent,
   int FLayer = 0;
   int FAreaPointCount = 0;              // pixels with those that close the area
   int FPixelsVersion = 0;               // goes up whenever the pixels are computed
-  int FPartnerVersion = 0;              // that of the band's partner when the band was closed
+  int FPartnerVersion = -1;             // that of the band's partner when the band was closed; -1 for a baseline
   std::vector<PointF> FWholePixels;     // rounded, for the unsmoothed line; kept for its memory
   std::vector<TReducedPixel> FReduced;  // what the columns of pixels were reduced to; kept for its memory
   mutable TZyPixelIndex FPixelIndex;

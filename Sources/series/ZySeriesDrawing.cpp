@@ -6,7 +6,7 @@
 
 #include "graph/parts/ZySeriesGraph.h"
 #include "graph/shapes/ZyDrawing.h"
-#include "platform/drawing/Graphics.h"
+#include "platform/drawing/ClipGuard.h"
 #include "series/ZyFunctionSeries.h"
 #include "series/ZyPointLook.h"
 
@@ -40,13 +40,12 @@ void TZySeries::PaintPoints(Graphics& Gr) {
 
 void TZySeries::DrawPoints(Graphics& Gr) {
   if (FPointCount > 1) {
-    std::optional<Region> OriginalClip;
+    std::optional<TClipGuard> Clip;
     if (HasTranslucentSymbols()) {
-      OriginalClip = Gr.GetClip();
+      Clip.emplace(Gr);
       ShootHolesToClip(Gr);
     }
     DrawLine(Gr);
-    if (OriginalClip) Gr.SetClip(*OriginalClip);
   }
   if (!SymbolsCoverThemselves()) DrawSymbols(Gr);
 }
@@ -104,23 +103,22 @@ void TZySeries::DrawArea(Graphics& Gr) {
 /// Half a pixel of overlap hides the seams.
 void TZySeries::DrawSegmentAreas(Graphics& Gr) {
   const float Base = FYAxis->Start() > 0 ? BaseLine() : BaseLine() - 0.5f;
-  const std::span<const PointF> P = Points();
   TZyPointLook Look(*this);
-  for (std::size_t i = 0; i + 1 < P.size(); ++i) {
+  for (std::size_t i = 0; i + 1 < Points().size(); ++i) {
+    const PointF P = Points()[i], Q = Points()[i + 1];
     Look.Reset();
     if (!Look.AskBrush(i)) continue;
-    const float Right = P[i + 1].X + 0.5f;
-    const PointF Corners[] = {P[i], {Right, P[i + 1].Y}, {Right, Base}, {P[i].X, Base}};
+    const PointF Corners[] = {P, {Q.X + 0.5f, Q.Y}, {Q.X + 0.5f, Base}, {P.X, Base}};
     Gr.FillPolygon(Look.Brush(), Corners);
   }
 }
 
 void TZySeries::DrawSegments(Graphics& Gr) {
-  const std::span<const PointF> P = Points();
   TZyPointLook Look(*this);
-  for (std::size_t i = 0; i + 1 < P.size(); ++i) {
+  for (std::size_t i = 0; i + 1 < Points().size(); ++i) {
+    const PointF P = Points()[i], Q = Points()[i + 1];
     Look.Reset();
-    if (Look.AskPen(i)) Gr.DrawLine(Look.Pen(), P[i].X, P[i].Y, P[i + 1].X, P[i + 1].Y);
+    if (Look.AskPen(i)) Gr.DrawLine(Look.Pen(), P.X, P.Y, Q.X, Q.Y);
   }
 }
 
@@ -132,10 +130,9 @@ void TZySeries::DrawUnsmoothed(Graphics& Gr) {
   const TZyPen& Used = FPen.IsOwn() ? Plain : *FPen;
   FWholePixels.assign(Points().begin(), Points().end());
   for (PointF& Point : FWholePixels) Point = {std::round(Point.X), std::round(Point.Y)};
-  const Region Clip = Gr.GetClip();
+  const TClipGuard Clip(Gr);
   Gr.SetClip(Graph()->DrawingArea(), CombineModeIntersect);
   Gr.DrawLines(Used, FWholePixels);
-  Gr.SetClip(Clip);
 }
 
 bool TZySeries::CanDoCanvasDraw() const {
@@ -166,8 +163,10 @@ void TZySeries::DrawSymbols(Graphics& Gr) {
 }
 
 void TZySeries::DrawAskedSymbols(Graphics& Gr) {
-  for (std::size_t Pixel = 0; Pixel < Points().size(); ++Pixel) {
-    const TPointValues Values = ValuesOfPixel(PointIndex()[Pixel], Points()[Pixel].X);
+  const PointSymbolEventHandler Handler = mPointSymbol;  // which may set another
+  for (std::size_t Pixel = 0; Pixel < Points().size() && !FState.PixelsAreStale(); ++Pixel) {
+    const PointF Place = Points()[Pixel];
+    const TPointValues Values = ValuesOfPixel(PointIndex()[Pixel], Place.X);
     PointSymbolEventArgs Args;
     Args.Index = Values.Index;
     Args.X = Values.X;
@@ -177,8 +176,7 @@ void TZySeries::DrawAskedSymbols(Graphics& Gr) {
     Args.Brush = FSymbolBrush.Get();
     Args.Symbol = FPointSymbolSettings->PointSymbol();
     Args.Visible = FPointSymbolSettings->Visible();
-    mPointSymbol(this, Args);
-    const PointF& Place = Points()[Pixel];
+    Handler(this, Args);
     if (Args.Visible && Args.Pen != nullptr && Args.Brush != nullptr)
       DrawPointSymbol(Gr, *Args.Pen, *Args.Brush, Place.X, Place.Y, Args.Size, Args.Symbol);
   }

@@ -25,6 +25,10 @@ struct TZyPenEventArgs {
   bool Visible = true;
 };
 using TZyPenEventHandler = std::function<void(TObject* Sender, TZyPenEventArgs& Args)>;
+template <>
+inline std::string_view TypeName<TZyPenEventHandler>() {
+  return "TZyPenEventHandler";
+}
 
 /// The area below a segment.
 struct TZyBrushEventArgs {
@@ -35,6 +39,10 @@ struct TZyBrushEventArgs {
   bool Visible = true;
 };
 using TZyBrushEventHandler = std::function<void(TObject* Sender, TZyBrushEventArgs& Args)>;
+template <>
+inline std::string_view TypeName<TZyBrushEventHandler>() {
+  return "TZyBrushEventHandler";
+}
 
 /// The symbol of a point.
 struct PointSymbolEventArgs {
@@ -48,6 +56,10 @@ struct PointSymbolEventArgs {
   bool Visible = true;
 };
 using PointSymbolEventHandler = std::function<void(TObject* Sender, PointSymbolEventArgs& Args)>;
+template <>
+inline std::string_view TypeName<PointSymbolEventHandler>() {
+  return "PointSymbolEventHandler";
+}
 
 /// The point of a series that lies nearest to a place; ThePoint and Distance in pixels.
 struct TZyNearestPointResult {

@@ -42,7 +42,8 @@ void TZySeries::SetInput(TZySeriesInput& Input, TZyCustomDoubleVector* Value) {
   if (!HasOwnData(FX) && !HasOwnData(FY))
     for (TZySeriesInput* Coordinate : {&FX, &FY})
       if (Coordinate->Vector() == Indexer) Coordinate->Point(nullptr);
-  TestAllAssigned();
+  DataReset();
+  if (Input.Use() != TZyInputUse::Apart) TestAllAssigned();
 }
 
 void TZySeries::SetTransformation(TZySeriesInput& Input, TZyValueTransformation Value) {
@@ -161,6 +162,8 @@ void TZySeries::AddSampleData() {
 void TZySeries::LeaveGraph() {
   for (TZyAxis* Axis : {FXAxis.Get(), FYAxis.Get()})
     if (Axis != nullptr && !Axis->IsDestroying()) Axis->RemoveRelatedSeries(this);
+  FState.Reset();
+  ForgetPixels();
   IZySeriesGraph* const Old = Graph();
   if (Old == nullptr) return;
   SetGraph(nullptr);

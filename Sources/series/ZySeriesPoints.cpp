@@ -88,8 +88,10 @@ class TZySeries::TPixelBlocks {
     double Sum = 0;
     for (const double Value : Values) Sum += Value * 0;  // not-a-number as soon as one is not finite
     if (Input.IsTransformed()) {
+      // A copy, since the handler may make the vector move.
+      if (Values.data() != FScratch.data()) std::ranges::copy(Values, FScratch.begin());
       for (std::size_t i = 0; i < Values.size(); ++i)
-        FScratch[i] = Input.Transform(Values[i], FFirst + static_cast<int>(i));
+        FScratch[i] = Input.Transform(FScratch[i], FFirst + static_cast<int>(i));
       Values = std::span<const double>(FScratch).first(Values.size());
     }
     Axis.NumberToWorld(Values, Pixels);
@@ -159,7 +161,9 @@ void TZySeries::CalculatePoints() {
     TZySeries& Series;
     bool IsDone = false;
   } Round(*this);
+  const auto IsTakenAnew = [this](int Pixel) { return FPointIndex.GetValue(Pixel) >= FState.LastPointsCount(); };
   if (FState.LastPointsCount() == 0) FPointCount = 0;
+  while (FPointCount > 0 && IsTakenAnew(FPointCount - 1)) --FPointCount;
   FPoints.Clear();
   FPoints.CheckCount(FPointCount);
   FPointIndex.Clear();
@@ -170,6 +174,7 @@ void TZySeries::CalculatePoints() {
   FPixelIndex.Reset();
   ++FPixelsVersion;
   TakeNewPixels();
+  FPartnerVersion = BandPartner() == nullptr ? -1 : BandPartner()->FPixelsVersion;
   if (FPointCount > 0) AddBandPoints();
   FState.PixelsTaken();
   if (Graph() != nullptr) Graph()->PointsCalculated();
@@ -195,6 +200,14 @@ void TZySeries::TakePixels(int Start, int Stop) {
   } else {
     ThinToLine(Pixels, Start, Stop);
   }
+}
+
+void TZySeries::ForgetPixels() {
+  FPoints.Clear();
+  FPointIndex.Clear();
+  FPointCount = FAreaPointCount = 0;
+  FPixelIndex.Reset();
+  ++FPixelsVersion;
 }
 
 void TZySeries::Keep(const PointF& Pixel, int Idx) {
@@ -330,11 +343,19 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
 
 // --- Area -----------------------------------------------------------------------------------------------------------
 
-/// Whether the other line of the band has other pixels than when the band was closed.
-bool TZySeries::IsBandStale() const {
+/// The other line of the band, null while it has nothing to close the band with.
+const TZySeries* TZySeries::BandPartner() const {
   const TZySeries* const Partner = FDrawBandTo;
-  return Partner != nullptr && Partner->Count() > 0 &&
-         (Partner->RecalculatePoints() || Partner->FPixelsVersion != FPartnerVersion);
+  const bool HasLine =
+      Partner != nullptr && Partner->Count() > 0 && Partner->FXAxis != nullptr && Partner->FYAxis != nullptr;
+  return HasLine ? Partner : nullptr;
+}
+
+/// Whether it has other pixels than when the band was closed.
+bool TZySeries::IsBandStale() const {
+  const TZySeries* const Partner = BandPartner();
+  if (Partner == nullptr) return FPartnerVersion >= 0;
+  return Partner->RecalculatePoints() || Partner->FPixelsVersion != FPartnerVersion;
 }
 
 float TZySeries::BaseLine() const {
@@ -343,8 +364,8 @@ float TZySeries::BaseLine() const {
 
 void TZySeries::AddBandPoints() {
   FPoints.CheckCount(FPointCount);
-  TZySeries* const Partner = FDrawBandTo;
-  if (Partner != nullptr && Partner->Count() > 0 && Partner->FXAxis != nullptr && Partner->FYAxis != nullptr) {
+  if (BandPartner() != nullptr) {
+    TZySeries* const Partner = FDrawBandTo;
     if (!FAreaSettings->Visible()) Silently(*FAreaSettings, [this] { FAreaSettings->SetVisible(true); });
     if (Partner->RecalculatePoints()) Partner->CalculatePoints();
     FPartnerVersion = Partner->FPixelsVersion;

@@ -37,6 +37,7 @@ bool TZySeries::HasValuesAt(int Idx) const {
   for (const TZySeriesInput* Input : FInputs) {
     if (Input->Use() == TZyInputUse::Apart) continue;
     if (Input->Use() == TZyInputUse::Partial && Idx >= Input->Count()) continue;
+    if (!*Input) return false;
     const TZyCustomDoubleVector& Data = *Input->Vector();
     if (!std::isfinite(Data.GetValue(Idx)) || (!FOutliersVisible && Data.IsOutlier(Idx))) return false;
   }
@@ -74,6 +75,13 @@ bool TZySeries::TakeCount() {
   if (Count <= FState.LastCount()) return false;
   FState.SetCount(Count);
   return Count >= MinCount();
+}
+
+bool TZySeries::HasTrackedRanges() const {
+  const auto SearchesAbove0 = [](const TZyAxis* Axis, const TZySeriesInput& Input) {
+    return Axis != nullptr && Axis->HasLogScaling() && Input && Input->MinimumIncludingOutliers() < 0;
+  };
+  return FX.Count() == FY.Count() && !SearchesAbove0(FXAxis, FX) && !SearchesAbove0(FYAxis, FY);
 }
 
 void TZySeries::TakeRanges(TRange& X, TRange& Y) {
@@ -163,7 +171,7 @@ void TZySeries::CheckDBVectors() {
 // --- Values between points ------------------------------------------------------------------------------------------
 
 double TZySeries::GetY(double AtX) const {
-  if (Count() == 0) return 0;
+  if (Count() == 0 || !FX || !FY) return 0;
   if (Count() == 1) return FY->GetValue(0);
   const int Last = Count() - 1;
   int Low = 0, High = 0;

@@ -16,11 +16,13 @@ class TZyStyleObject {
   bool IsOwn() const { return FGiven == nullptr; }
   T* Own() { return FOwn.get(); }
   void SetOwn(std::unique_ptr<T> Value) { FOwn = std::move(Value); }
+  /// The own one, for those who draw with it while settings may make another.
+  std::shared_ptr<const T> Shared() const { return FOwn; }
   /// Not owned; null goes back to the own one.
   void SetGiven(const T* Value) { FGiven = Value; }
 
  private:
-  std::unique_ptr<T> FOwn;
+  std::shared_ptr<T> FOwn;
   const T* FGiven = nullptr;
 };
 

@@ -4,7 +4,6 @@
 #include <string_view>
 #include <utility>
 
-#include "texts/ZyLocalize.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
@@ -30,17 +29,6 @@ bool ChangeBy(TOwner* Owner, const TPresent& Present, TValue&& Value, std::strin
   if (Present == Value) return false;
   if (TZyUndoStack* const Stack = Owner->UndoStack()) Stack->PushProperty(Owner, PropName);
   Store(std::forward<TValue>(Value));
-  return true;
-}
-
-/// Change with a label that the row does not have.
-template <class TOwner, class TField, class TValue, class TAfterClass>
-bool Change(TOwner* Owner, TField& Field, TValue&& Value, TZyText Label, std::string_view PropName,
-            void (TAfterClass::*After)()) {
-  if (Field == Value) return false;
-  if (TZyUndoStack* const Stack = Owner->UndoStack()) Stack->PushProperty(Owner, LoadResString(Label), PropName);
-  Field = std::forward<TValue>(Value);
-  (Owner->*After)();
   return true;
 }
 

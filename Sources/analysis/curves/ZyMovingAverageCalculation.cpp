@@ -36,11 +36,13 @@ TZyMovingAverageCalculation::TZyMovingAverageCalculation() {
   FInterpolation.YData = &IntA;
 }
 
-double TZyMovingAverageCalculation::LimitedFactor(double Value) { return std::min(std::fabs(Value), 1.0); }
+double TZyMovingAverageCalculation::Magnitude(double Value) { return std::isfinite(Value) ? std::fabs(Value) : 0; }
+
+double TZyMovingAverageCalculation::LimitedFactor(double Value) { return std::min(Magnitude(Value), 1.0); }
 
 void TZyMovingAverageCalculation::Calculate() {
   constexpr double SmallestFactor = 1e-300;
-  N = std::fabs(N);
+  N = Magnitude(N);
   if (AveragingMethod == TZyAveragingMethod::ExponentiallyWeighted) {
     ExponentialFactorForN = LimitedFactor(ExponentialFactorForN);
     if (ExponentialFactorForN == 0) ExponentialFactorForN = SmallestFactor;
@@ -63,7 +65,7 @@ double TZyMovingAverageCalculation::GetY(double x) {
 TZyMovingAverageCalculation::TWindows TZyMovingAverageCalculation::TakeWindows(const std::vector<double>& X) const {
   const auto m = static_cast<int>(X.size());
   const bool BothWays = AveragingDirection == TZyAveragingDirection::UpAndDownwards;
-  const int Reach = static_cast<int>(std::min(std::round(N), static_cast<double>(m)));
+  const int Reach = static_cast<int>(std::min(static_cast<double>(m), std::round(N)));
   const bool IsSorted = std::is_sorted(X.begin(), X.end());
   TWindows Windows{std::vector<int>(X.size()), std::vector<int>(X.size()), std::vector<double>(X.size())};
   int Low = 0, High = 0;
@@ -105,7 +107,13 @@ std::vector<double> TZyMovingAverageCalculation::MeansOf(const TPoints& Points, 
   std::vector<TZyWindowSums::TSums> Before, Behind(At(m));
   if (IsSorted) {
     const TZyWindowSums Sums(Points.X, Points.Y, Points.W);
-    Before = Sums.Run(Windows.Low, Weighting, Windows.Width, Rate(UsualWidth));
+    // Linear weights leave the far end out: its part is 0, and would come out as a rounding error.
+    std::vector<int> Low = Windows.Low;
+    for (int i = 0;
+         i < m && Weighting == TZyWindowWeight::Linear && AveragingDirection == TZyAveragingDirection::OnlyDownwards;
+         ++i)
+      if (Windows.Width[At(i)] != 0) ++Low[At(i)];
+    Before = Sums.Run(Low, Weighting, Windows.Width, Rate(UsualWidth));
     if (AveragingDirection == TZyAveragingDirection::UpAndDownwards) {
       std::vector<double> X = Reversed(Points.X);
       for (double& Value : X) Value = -Value;

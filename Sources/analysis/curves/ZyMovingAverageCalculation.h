@@ -37,7 +37,8 @@ class TZyMovingAverageCalculation : public TZyCalculation {
   TZyAveragingDirection AveragingDirection = TZyAveragingDirection::OnlyDownwards;
   TZyAveragingRangeMethod AveragingRangeMethod = TZyAveragingRangeMethod::NasCount;
 
-  /// The magnitude of a factor, at most 1.
+  /// The magnitude of a value, 0 for one that is not finite; and of a factor, at most 1.
+  static double Magnitude(double Value);
   static double LimitedFactor(double Value);
   /// Throws EMathError without data, for fewer than three points, and where all weights of a window are 0.
   void Calculate() override;

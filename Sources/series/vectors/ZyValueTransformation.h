@@ -2,6 +2,8 @@
 
 #include <functional>
 
+#include "platform/framework/TypeName.h"
+
 namespace zy {
 
 class TObject;
@@ -13,5 +15,9 @@ struct TZyTransformEventArgs {
 };
 /// Returns the transformed value. It is taken to be monotonic.
 using TZyValueTransformation = std::function<double(TObject* Sender, const TZyTransformEventArgs& Args)>;
+template <>
+inline std::string_view TypeName<TZyValueTransformation>() {
+  return "TZyValueTransformation";
+}
 
 }  // namespace zy
