@@ -87,11 +87,13 @@ void TFileStream::Turn(TLast Operation) {
 }
 
 std::size_t TFileStream::Read(void* Buffer, std::size_t Count) {
+  if (Count == 0) return 0;  // nothing may come as no buffer at all
   Turn(TLast::Read);
   return std::fread(Buffer, 1, Count, FFile.get());
 }
 
 std::size_t TFileStream::Write(const void* Buffer, std::size_t Count) {
+  if (Count == 0) return 0;
   Turn(TLast::Write);
   FSize = -1;
   if (std::fwrite(Buffer, 1, Count, FFile.get()) != Count)
