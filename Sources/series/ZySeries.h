@@ -346,10 +346,8 @@ class TZySeries : public TComponent,
   virtual void AddBandPoints();
   /// The graph, null while the series is in none.
   IZySeriesGraph* Graph() const { return FGraphControl == nullptr ? nullptr : FGraph; }
-  const TZyPen& Pen() const { return *FPen; }
-  /// Whether brush and pen follow the settings.
+  /// Whether the brush follows the settings.
   bool OwnsBrush() const { return FBrush.IsOwn(); }
-  bool OwnsPen() const { return FPen.IsOwn(); }
   /// Puts other settings in the place of those of the line, as a kind with more than a line has.
   void ReplaceLine(std::unique_ptr<TZyLineSettings> Value);
 

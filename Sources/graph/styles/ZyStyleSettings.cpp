@@ -1,16 +1,13 @@
 #include "graph/styles/ZyStyleSettings.h"
 
 #include "platform/framework/Reflection.h"
+#include "platform/framework/ScopedFlag.h"
 
 namespace zy {
 
 bool TZyStyleSettings::CopyFrom(const TPersistent* Source) {
   if (Source == nullptr) return false;
-  struct TCopying {
-    explicit TCopying(bool& AFlag) : Flag(AFlag) { Flag = true; }
-    ~TCopying() { Flag = false; }
-    bool& Flag;
-  } const Copying(FCopying);
+  const TScopedValue Copying(FCopying, true);
   return CopyProperties(*Source, *this);
 }
 

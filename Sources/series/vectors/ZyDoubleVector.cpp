@@ -5,6 +5,7 @@
 
 #include "persistence/ZyArchive.h"
 #include "platform/data/TDataSet.h"
+#include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TReader.h"
 #include "platform/framework/TWriter.h"
@@ -12,19 +13,6 @@
 #include "texts/Exceptions.h"
 
 namespace zy {
-namespace {
-
-/// Keeps a flag up for as long as it lives.
-struct TSetting {
-  explicit TSetting(bool& AFlag) : Flag(AFlag) { Flag = true; }
-  ~TSetting() { Flag = false; }
-  TSetting(const TSetting&) = delete;
-  TSetting& operator=(const TSetting&) = delete;
-  bool& Flag;
-};
-
-}  // namespace
-
 ZY_PUBLISHED(TZyDoubleVector, TZyCustomDoubleVector,
              Published<&TZyDoubleVector::PersistentValues, &TZyDoubleVector::SetPersistentValues>("PersistentValues",
                                                                                                   false),
@@ -81,7 +69,7 @@ void TZyDoubleVector::UpdateDB() {
     FDBData = false;
     return;
   }
-  const TSetting Setting(FSetting);
+  const TScopedValue Setting(FSetting, true);
   std::vector<double> Values;
   std::vector<int> Nulls;
   FUpdateDB = false;
