@@ -7,7 +7,6 @@
 #include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
 #include "platform/framework/Reflection.h"
-#include "series/ZyFunctionSeries.h"
 #include "undo/RandomSetters.h"
 #include "undo/ZyUndoStack.h"
 
@@ -89,7 +88,6 @@ TEST_F(ZyChartUndoTest, RandomWalksComeBackToTheFirstBytesInGroupsToo) {
     for (int Call = 0; Call < 3000; ++Call) {
       if (Random() % 10 == 0 && Level < 4) Stack.StartGroup("group"), ++Level;
       TPersistent& Object = *Objects[Random() % Objects.size()];
-      if (dynamic_cast<TZyFunctionSeries*>(&Object) != nullptr) continue;  // ends of a curve may be steps more
       const auto& Properties = Object.ClassInfo().Properties();
       const TPropInfo& Info = *Properties[Random() % Properties.size()];
       if (IsUndone(Info)) SetAtRandom(Object, Info, Form, Random);
@@ -101,10 +99,11 @@ TEST_F(ZyChartUndoTest, RandomWalksComeBackToTheFirstBytesInGroupsToo) {
     while (Level-- > 0) Stack.StopGroup();
     const std::string After = Text(Form);
     ASSERT_NE(After, Before);
+    const int Undone = Stack.RedoList().Count();  // the walk may have ended with an undo
     const int Steps = Stack.UndoList().Count();
     while (Stack.CanUndo()) Stack.Undo(std::min(Stack.UndoList().Count() - 1, static_cast<int>(Random() % 50)));
     ASSERT_TRUE(Text(Form) == Before) << "undone, seed " << Seed;
-    ASSERT_EQ(Stack.RedoList().Count(), Steps);
+    ASSERT_EQ(Stack.RedoList().Count(), Steps + Undone);
     Stack.Redo(Steps - 1);
     ASSERT_TRUE(Text(Form) == After) << "redone, seed " << Seed;
     Stack.Undo(Steps - 1);
