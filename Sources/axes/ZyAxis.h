@@ -46,8 +46,8 @@ class TZyAxis : public TGraphicControl {
   TZyAxisArrowPoint& ArrowPoint() { return FArrowPoint; }
   const TZyAxisArrowPoint& ArrowPoint() const { return FArrowPoint; }
 
-  /// Text beside the axis. Trailing blanks are dropped. Setting it throws what a variable of it throws, and EConvertError
-  /// for a malformed colour, with the text set; a form that is loaded throws nothing.
+  /// Text beside the axis. Trailing blanks are dropped. Setting it throws what a variable of it throws, and
+  /// EConvertError for a malformed colour, with the text set; a form that is loaded throws nothing.
   const TZyRichCaption& Caption() const { return FCaptionRec.Caption(); }
   void SetCaption(const TZyRichCaption& Value);
   bool CaptionVisible() const { return FLook.CaptionVisible; }

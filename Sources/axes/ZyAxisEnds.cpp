@@ -10,7 +10,8 @@ void TZyAxisEnds::ShowExactly(const TZyAxisRange& Range) {
   FExact = Range;
 }
 
-/// A range of which one end lies in the data, and the other one beyond the end that is shown, would turn the ends round.
+/// A range of which one end lies in the data, and the other one beyond the end that is shown, would turn the ends
+/// round.
 void TZyAxisEnds::ShowInData(const TZyAxisRange& Range) {
   const auto HasData = [this](double Value) { return Value >= FValues.Start && Value <= FValues.Stop; };
   const TZyAxisRange New{HasData(Range.Start) ? Range.Start : FShown.Start,

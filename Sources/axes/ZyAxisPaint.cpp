@@ -25,8 +25,8 @@ std::string TZyAxis::LabelText(std::string Text, double Value) {
   return std::move(Args.Caption);
 }
 
-/// The extent of the control along the axis. Where a graph's layout gives it one, a new control and one whose parent was
-/// resized get it only in the next pass, while ranges are taken before it.
+/// The extent of the control along the axis. Where a graph's layout gives it one, a new control and one whose parent
+/// was resized get it only in the next pass, while ranges are taken before it.
 TZyLabelRoom TZyAxis::LabelRoom() {
   const TWinControl* const Container = AutoSize() && Graph() != nullptr ? Parent() : nullptr;
   const int Across = Container == nullptr ? Width() : Container->ClientWidth();

@@ -114,8 +114,8 @@ void TZyAxis::RangeModified() {
   ZoomClearBuffer();
 }
 
-/// The end of a zoom shows the whole range again where no data say what it is. That is no step of the user's, as the zoom
-/// was none, and what the user set stays known.
+/// The end of a zoom shows the whole range again where no data say what it is. That is no step of the user's, as the
+/// zoom was none, and what the user set stays known.
 void TZyAxis::ShowWholeWhereSet() {
   const TZyAxisRange& Whole = FStages.Whole();
   SetStartStop(StartEnd() == TZyAxisEnd::AutoRange ? Start() : Whole.Start,

@@ -42,8 +42,8 @@ void TZyEndRounding::AddPadding(double& Start, double& Stop) const {
 
 /// Rounding widens the span, and a wider one may have coarser steps. Ends and steps belong together when the ends are
 /// those that were asked for, rounded to the steps that the rounded ends have. It is always the same ends that are
-/// rounded: rounded ones, rounded again, would creep outwards. Where a wider span has finer steps, as texts get shorter,
-/// there may be no such pair; then the narrowest of those that follow each other stands.
+/// rounded: rounded ones, rounded again, would creep outwards. Where a wider span has finer steps, as texts get
+/// shorter, there may be no such pair; then the narrowest of those that follow each other stands.
 void TZyEndRounding::RoundToSteps(double& Start, double& Stop) const {
   constexpr std::size_t MostRounds = 20;
   struct TRounded {

@@ -72,8 +72,8 @@ void TZyGraphPainter::PaintBackground() {
 
 // --- Series ---------------------------------------------------------------------------------------------------------
 
-/// A series may leave the data area at each side where its axis shows all data of its own, as symbols at the edge do. An
-/// end that was fixed by hand hides data just as a zoomed one does.
+/// A series may leave the data area at each side where its axis shows all data of its own, as symbols at the edge do.
+/// An end that was fixed by hand hides data just as a zoomed one does.
 RectF TZyGraphPainter::DataClip(const TZySeries& Series) {
   const RectF& Area = FLook.Area;
   auto [Left, Top, Right, Bottom] = Client();
