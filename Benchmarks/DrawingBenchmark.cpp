@@ -12,13 +12,17 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
+#include "platform/drawing/Metafile.h"
 #include "platform/drawing/Pen.h"
+#include "platform/framework/TStream.h"
 
 namespace {
 
 using namespace zy;
 
 constexpr int Width = 1200, Height = 800;
+
+using TDrawBar = void (*)(Graphics&, TZyColor, TZyColor, float, float, float, float, float, float);
 
 /// A sine that fills the picture, with noise over most of its height or with none.
 std::vector<PointF> Wave(int Count, bool Noisy) {
@@ -165,5 +169,36 @@ void LineWithHoles(benchmark::State& State) {
   });
 }
 BENCHMARK(LineWithHoles)->ArgName("holes")->Arg(0)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+
+/// The same written as a file, which keeps shapes for shapes.
+void FileWithHoles(benchmark::State& State, const char* Format) {
+  const auto Points = Wave(static_cast<int>(State.range(0)), true);
+  Metafile Page(Width, Height);
+  {
+    Graphics Canvas(Page);
+    Canvas.SetSmoothingMode(SmoothingModeHighQuality);
+    for (const PointF& Point : Points) ExcludeSymbolSpace(Canvas, Point.X, Point.Y, 11, TZyPointSymbol::Circle);
+    Canvas.DrawLines(Pen(0xFFFF0000, 2), Points);
+  }
+  for (auto _ : State) {
+    TMemoryStream Stream;
+    Page.Save(Stream, Format);
+  }
+}
+BENCHMARK_CAPTURE(FileWithHoles, PDF, "PDF")->Arg(2000)->Arg(4000)->Arg(8000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(FileWithHoles, EMF, "EMF")->Arg(2000)->Arg(4000)->Arg(8000)->Unit(benchmark::kMillisecond);
+
+/// A hundred framed bars of 40 pixels, as boxes or as cylinders.
+void Bars(benchmark::State& State, bool AreBoxes) {
+  WithGraphics(State, [&](Graphics& Canvas) {
+    for (int Index = 0; Index < 100; ++Index) {
+      const float X = static_cast<float>(Index % 20) * 60, Y = static_cast<float>(Index / 20) * 160 + 20;
+      const auto Draw = AreBoxes ? static_cast<TDrawBar>(Draw3DBar) : DrawCylinderVertical;
+      Draw(Canvas, 0xFF000080, 0xFF4080C0, X, Y, X + 40, Y + 130, 14, 10);
+    }
+  });
+}
+BENCHMARK_CAPTURE(Bars, boxes, true)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Bars, cylinders, false)->Unit(benchmark::kMillisecond);
 
 }  // namespace

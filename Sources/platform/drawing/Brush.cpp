@@ -11,7 +11,7 @@ namespace zy {
 
 Brush::~Brush() = default;
 
-QBrush SolidBrush::ToQt() const { return QBrush(QColor::fromRgba(FColor)); }
+QBrush SolidBrush::ToQt(const RectF&) const { return QBrush(QColor::fromRgba(FColor)); }
 
 LinearGradientBrush::LinearGradientBrush(PointF Start, PointF Stop, ARGB First, ARGB Last)
     : FStart(Start), FStop(Stop), FStops{{0, First}, {1, Last}} {}
@@ -61,12 +61,12 @@ void LinearGradientBrush::SetInterpolationColors(std::span<const ARGB> Colors, s
   FStops = MakeStops(Colors, Positions);
 }
 
-QBrush LinearGradientBrush::ToQt() const {
+QBrush LinearGradientBrush::ToQt(const RectF&) const {
   if (FStart == FStop || !AreFinite({FStart.X, FStart.Y, FStop.X, FStop.Y}))
     return QBrush(QColor::fromRgba(FStops.back().Color));
   QLinearGradient Gradient(AsQt(FStart), AsQt(FStop));
   Gradient.setSpread(QGradient::RepeatSpread);
-  Gradient.setStops(AsQt(FStops, 1));
+  SetStops(Gradient, AsQt(FStops, 1));
   QBrush Result(Gradient);
   Result.setTransform(AsQt(FTransform));
   return Result;

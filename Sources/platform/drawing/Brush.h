@@ -11,7 +11,7 @@
 
 class QBrush;
 class QImage;
-class QPainterPath;
+class QTransform;
 
 namespace zy {
 
@@ -25,8 +25,8 @@ class Brush {
   Brush& operator=(const Brush&) = default;
 
   virtual std::unique_ptr<Brush> Clone() const = 0;
-  /// The toolkit's brush of the same look, for Graphics.
-  virtual QBrush ToQt() const = 0;
+  /// The toolkit's brush of the same look within Box, in the coordinates of the brush. For Graphics.
+  virtual QBrush ToQt(const RectF& Box) const = 0;
 
  protected:
   Brush() = default;
@@ -40,7 +40,7 @@ class SolidBrush : public Brush {
   ARGB GetColor() const { return FColor; }
   void SetColor(ARGB Value) { FColor = Value; }
   std::unique_ptr<Brush> Clone() const override { return std::make_unique<SolidBrush>(*this); }
-  QBrush ToQt() const override;
+  QBrush ToQt(const RectF& Box) const override;
 
  private:
   ARGB FColor;
@@ -115,7 +115,7 @@ class HatchBrush : public Brush {
   ARGB GetForegroundColor() const { return FForeColor; }
   ARGB GetBackgroundColor() const { return FBackColor; }
   std::unique_ptr<Brush> Clone() const override { return std::make_unique<HatchBrush>(*this); }
-  QBrush ToQt() const override;
+  QBrush ToQt(const RectF& Box) const override;
 
   /// The pattern of a style: eight rows from the top, the leftmost pixel in the highest bit; set bits are foreground.
   static std::span<const unsigned char, 8> PatternOf(HatchStyle Style);
@@ -163,7 +163,7 @@ class LinearGradientBrush : public Brush {
   const Matrix& GetTransform() const { return FTransform; }
   void SetTransform(const Matrix& Value) { FTransform = Value; }
   std::unique_ptr<Brush> Clone() const override { return std::make_unique<LinearGradientBrush>(*this); }
-  QBrush ToQt() const override;
+  QBrush ToQt(const RectF& Box) const override;
 
  private:
   PointF FStart;
@@ -199,13 +199,15 @@ class PathGradientBrush : public Brush {
   const Matrix& GetTransform() const { return FTransform; }
   void SetTransform(const Matrix& Value) { FTransform = Value; }
   std::unique_ptr<Brush> Clone() const override { return std::make_unique<PathGradientBrush>(*this); }
-  QBrush ToQt() const override;
+  /// Whether the shape is no ellipse.
+  bool IsFan() const { return !FIsEllipse; }
+  /// Paints the fan on an empty picture, which lies at ToPicture, seen from the brush's coordinates. For Graphics.
+  void PaintFan(QImage& Picture, const QTransform& ToPicture) const;
+  QBrush ToQt(const RectF& Box) const override;
 
  private:
   QBrush RadialBrush() const;
-  float FanScale() const;
-  QBrush FanBrush() const;
-  ARGB ColorAt(float FromCorner, std::size_t Corner, float AlongEdge) const;
+  QBrush FanBrush(const RectF& Box) const;
 
   std::vector<PointF> FPoints;  // corners; those of the flattened outline
   bool FIsEllipse = false;
@@ -215,7 +217,6 @@ class PathGradientBrush : public Brush {
   std::vector<ARGB> FSurroundColors{0xFFFFFFFF};
   std::vector<TGradientStop> FStops;  // empty: centre and surround colours
   Matrix FTransform;
-  mutable std::shared_ptr<const QImage> FFan;  // made at the first use
 };
 
 }  // namespace zy

@@ -42,10 +42,16 @@ SizeF Font::MeasureString(std::string_view Text) const {
   double Width = 0;
   double Height = Metrics.ascent() + Metrics.descent() - Metrics.lineSpacing();
   ForEachLine(Text, [&](std::string_view Line) {
-    Width = std::max(Width, Metrics.horizontalAdvance(ToQString(Line)));
+    Width = std::max(Width, Metrics.horizontalAdvance(ToShownLine(Line)));
     Height += Metrics.lineSpacing();
   });
   return {static_cast<float>(Width * FQtScale), static_cast<float>(Height * FQtScale)};
+}
+
+RectF Font::BoxOf(std::string_view Text, PointF Origin) const {
+  const auto [Width, Height] = MeasureString(Text);
+  const float Room = GetHeight() / 2 + 2;
+  return {Origin.X - Room, Origin.Y - Room, Width + 2 * Room, Height + 2 * Room};
 }
 
 }  // namespace zy

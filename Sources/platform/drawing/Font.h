@@ -43,6 +43,9 @@ class Font {
   /// Extent of the line boxes of Text, with '\n' between lines: the longest advance width, without padding at the
   /// sides, and ascent plus descent plus the distance of the first from the last base line.
   SizeF MeasureString(std::string_view Text) const;
+  /// A box that holds all pixels of a text with the top left corner of its line box at Origin: letters reach out of
+  /// their line, slanted ones above all.
+  RectF BoxOf(std::string_view Text, PointF Origin) const;
 
   /// The toolkit's font; drawn enlarged by QtScale it has this font's size. For Graphics.
   const QFont& ToQt() const { return *FQtFont; }

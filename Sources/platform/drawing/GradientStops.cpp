@@ -49,4 +49,9 @@ QGradientStops AsQt(std::span<const TGradientStop> Stops, double Scale) {
   return Result;
 }
 
+void SetStops(QGradient& Gradient, const QGradientStops& Stops) {
+  Gradient.setInterpolationMode(QGradient::ComponentInterpolation);  // the toolkit's own way mixes premultiplied
+  Gradient.setStops(Stops);
+}
+
 }  // namespace zy

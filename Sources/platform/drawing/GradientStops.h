@@ -22,4 +22,7 @@ ARGB Mix(ARGB From, ARGB To, float Part);
 /// The toolkit's stops, squeezed into 0 to Scale.
 QGradientStops AsQt(std::span<const TGradientStop> Stops, double Scale);
 
+/// Gives a gradient of the toolkit its stops, interpolated as ColorAt does it. That is how SVG viewers do it, too.
+void SetStops(QGradient& Gradient, const QGradientStops& Stops);
+
 }  // namespace zy

@@ -104,7 +104,7 @@ void GraphicsPath::AddString(std::string_view Text, std::string_view FamilyName,
   FOpen = false;
   QPainterPath Glyphs;
   ForEachLine(Text, [&](std::string_view Line) {
-    Glyphs.addText(QPointF(0, BaseLine / Face.QtScale()), Face.ToQt(), ToQString(Line));
+    Glyphs.addText(QPointF(0, BaseLine / Face.QtScale()), Face.ToQt(), ToShownLine(Line));
     BaseLine += Face.GetHeight();
   });
   FPath->addPath(QTransform::fromTranslate(Origin.X, Origin.Y).scale(Face.QtScale(), Face.QtScale()).map(Glyphs));

@@ -81,7 +81,7 @@ std::span<const unsigned char, 8> HatchBrush::PatternOf(HatchStyle Style) {
   return Patterns[Style];
 }
 
-QBrush HatchBrush::ToQt() const {
+QBrush HatchBrush::ToQt(const RectF&) const {
   QImage Tile(8, 8, QImage::Format_ARGB32_Premultiplied);
   const QRgb Fore = qPremultiply(FForeColor), Back = qPremultiply(FBackColor);
   const auto Pattern = PatternOf(FStyle);

@@ -192,22 +192,43 @@ void TPainterBackend::PaintLayer(const TDrawState& State, TGrid Grid, const std:
       .FillPolygon(Corners, true, TPicturePaint(std::move(Layer), FClipBox.Left, FClipBox.Top));
 }
 
-/// The toolkit's brush for a painter under the state's transform. Hatches keep to the pixels whatever the transform;
-/// gradients have their colours at the centres of pixels for boxes, too.
-QBrush TPainterBackend::BrushOf(const TDrawState& State, TGrid Grid, const Brush& Brush) const {
-  QBrush Result = Brush.ToQt();
+namespace {
+
+/// Moves what has its colours at the centres of pixels to where boxes count from.
+QTransform ToCorners(const TDrawState& State) {
+  const QTransform Transform = AsQt(State.Transform);
+  return Transform * QTransform::fromTranslate(0.5, 0.5) * Transform.inverted();
+}
+
+}  // namespace
+
+/// The toolkit's brush for a painter under the state's transform, within a box in its coordinates. Hatches keep to the
+/// pixels whatever the transform; gradients have their colours at the centres of pixels for boxes, too.
+QBrush TPainterBackend::BrushOf(const TDrawState& State, TGrid Grid, const Brush& Brush, const RectF& Box) const {
+  QBrush Result = Brush.ToQt(Box);
   if (IsSolid(Brush)) return Result;
   const bool IsPlaced = Result.gradient() != nullptr || Result.style() == Qt::TexturePattern;
-  if (IsPlaced && Grid == TGrid::Corners) {
-    const QTransform Transform = AsQt(State.Transform);
-    Result.setTransform(Result.transform() * Transform * QTransform::fromTranslate(0.5, 0.5) * Transform.inverted());
-  }
+  if (IsPlaced && Grid == TGrid::Corners) Result.setTransform(Result.transform() * ToCorners(State));
   if (IsHatch(Brush)) {
     // In the pixels of a picture; on paper in the units that its painter came with.
     const QTransform World = WorldTransform(State, Grid);
     Result.setTransform(FImage != nullptr ? World.inverted() : *FBase * World.inverted());
   }
   return Result;
+}
+
+/// Fills an empty picture, which lies at ToPicture, seen from the state's coordinates.
+void TPainterBackend::PaintBrush(QImage& Picture, const QTransform& ToPicture, const TDrawState& State, TGrid Grid,
+                                 const Brush& Brush) const {
+  bool Invertible = false;
+  const QRectF Whole = ToPicture.inverted(&Invertible).mapRect(QRectF(Picture.rect())).adjusted(-1, -1, 1, 1);
+  if (!Invertible) return;
+  if (const auto* const Fan = AsFan(Brush))
+    return Fan->PaintFan(Picture, Grid == TGrid::Corners ? ToCorners(State) * ToPicture : ToPicture);
+  QPainter Painter(&Picture);
+  Painter.setRenderHint(QPainter::SmoothPixmapTransform, !IsHatch(Brush));
+  Painter.setWorldTransform(ToPicture);
+  Painter.fillRect(Whole, BrushOf(State, Grid, Brush, FromQt(Whole)));
 }
 
 void TPainterBackend::Draw(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
@@ -232,11 +253,14 @@ void TPainterBackend::Draw(const TDrawState& State, const Pen& Pen, const TShape
 
 void TPainterBackend::DrawPlain(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
   if (StrokeByRaster(State, Pen, Shape)) return;
+  if (NeedsPicture(Pen.GetBrush())) return FillOutline(State, Pen, Shape);
+  const float Reach = std::max(Pen.GetMiterLimit(), 2.0f);  // of caps and mitres, in widths
   const bool Smooth = State.Smoothing != SmoothingModeNone;
   PaintWithPainter(State, TGrid::Centers, [&](QPainter& Painter) {
     QPen Stroke = Pen.ToQt();
     if (HasCountlessDashes(Pen, Shape)) Stroke.setStyle(Qt::SolidLine);
-    Stroke.setBrush(BrushOf(State, TGrid::Centers, Pen.GetBrush()));
+    const RectF Box = IsSolid(Pen.GetBrush()) ? RectF{} : ExtentOf(Shape, Pen.EffectiveWidth() * Reach);
+    Stroke.setBrush(BrushOf(State, TGrid::Centers, Pen.GetBrush(), Box));
     // The toolkit's short cut for thin lines leaves a quarter out of each corner; what is wider by a hair is joined.
     constexpr double BarelyWide = 1.0001;
     if (Smooth && Shape.Kind == TShape::Rectangle) Stroke.setWidthF(std::max(Stroke.widthF(), BarelyWide));
@@ -253,29 +277,43 @@ void TPainterBackend::DrawPlain(const TDrawState& State, const Pen& Pen, const T
   });
 }
 
-/// Files lose the translucency of gradients: there, one is painted into a picture that is shown through the shape.
-bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
+/// What no printer and no file can be told: translucent gradients, and gradients of shapes that are no ellipse.
+bool TPainterBackend::NeedsPicture(const Brush& Brush) const {
   if (FImage != nullptr || IsSolid(Brush)) return false;
+  return AsFan(Brush) != nullptr || (!IsHatch(Brush) && !Brush.ToQt({}).isOpaque());
+}
+
+/// The area that a pen covers, filled with its brush.
+void TPainterBackend::FillOutline(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
+  zy::Pen Stroke = Pen;
+  if (HasCountlessDashes(Pen, Shape)) Stroke.SetDashStyle(DashStyleSolid);
+  GraphicsPath Outline = Shape.AsPath();
+  Outline.Widen(Stroke);
+  TShape Area;
+  Area.Kind = TShape::Path;
+  Area.Outline = &Outline;
+  FillByPicture(State, Pen.GetBrush(), Area);
+}
+
+/// A brush is painted into a picture that is shown through the shape.
+bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
+  if (!NeedsPicture(Brush)) return false;
   const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
-  const QBrush Fill = BrushOf(State, Grid, Brush);
-  if (Fill.gradient() == nullptr || Fill.isOpaque()) return false;
   constexpr double Finer = 3, LargestSide = 3000;  // pixels of the picture
-  const GraphicsPath Outline = Shape.AsPath();
-  const QRectF Box = Outline.ToQt().boundingRect();
+  const QPainterPath Outline = Shape.AsPath().ToQt();
+  const QRectF Box = Outline.boundingRect();
   const double Side = std::max(Box.width(), Box.height());
   if (!(Side > 0)) return true;
   const double Scale = std::min(Finer, LargestSide / Side);
   QImage Picture((Box.size() * Scale).toSize().expandedTo(QSize(1, 1)), QImage::Format_ARGB32_Premultiplied);
   Picture.fill(0);
-  {
-    QPainter Painter(&Picture);
-    Painter.scale(Picture.width() / Box.width(), Picture.height() / Box.height());
-    Painter.translate(-Box.topLeft());
-    Painter.fillRect(Box, Fill);
-  }
+  const QTransform ToPicture = QTransform::fromTranslate(-Box.left(), -Box.top()) *
+                               QTransform::fromScale(Picture.width() / std::max(Box.width(), 1 / Scale),
+                                                     Picture.height() / std::max(Box.height(), 1 / Scale));
+  PaintBrush(Picture, ToPicture, State, Grid, Brush);
   PaintWithPainter(State, Grid, [&](QPainter& Painter) {
     Painter.save();
-    Painter.setClipPath(Outline.ToQt(), Qt::IntersectClip);
+    Painter.setClipPath(Outline, Qt::IntersectClip);
     Painter.setBrush(Qt::NoBrush);
     Painter.drawImage(Box, Picture);
     Painter.restore();
@@ -289,9 +327,10 @@ void TPainterBackend::Fill(const TDrawState& State, const Brush& Brush, const TS
   const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
   PaintWithPainter(State, Grid, [&](QPainter& Painter) {
     if (!IsSolid(Brush)) Painter.setRenderHint(QPainter::SmoothPixmapTransform, !IsHatch(Brush));
-    if (Shape.Kind == TShape::Rectangle) return Painter.fillRect(AsQt(Shape.Rect), BrushOf(State, Grid, Brush));
+    const QBrush Fill = BrushOf(State, Grid, Brush, {});
+    if (Shape.Kind == TShape::Rectangle) return Painter.fillRect(AsQt(Shape.Rect), Fill);
     Painter.setPen(Qt::NoPen);
-    Painter.setBrush(BrushOf(State, Grid, Brush));
+    Painter.setBrush(Fill);
     PaintShape(Painter, Shape);
   });
 }

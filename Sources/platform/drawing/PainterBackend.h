@@ -57,6 +57,7 @@ class TPainterBackend : public TGraphicsBackend {
   bool FillByRaster(const TDrawState& State, const Brush& Brush, const TShape& Shape);
   bool DrawStringByStamp(const TDrawState& State, std::string_view Text, const Font& Font, const Brush& Brush,
                          PointF Origin);
+  void FillOutline(const TDrawState& State, const Pen& Pen, const TShape& Shape);
   bool FillByPicture(const TDrawState& State, const Brush& Brush, const TShape& Shape);
   QPainter& PreparedPainter(const TDrawState& State, TGrid Grid);
   /// Has Paint draw with the toolkit's painter; under a clip of many shapes on a layer that is then shown through the
@@ -67,7 +68,10 @@ class TPainterBackend : public TGraphicsBackend {
     Paint(PreparedPainter(State, Grid));
   }
   void PaintLayer(const TDrawState& State, TGrid Grid, const std::function<void(QPainter&)>& Paint);
-  QBrush BrushOf(const TDrawState& State, TGrid Grid, const Brush& Brush) const;
+  QBrush BrushOf(const TDrawState& State, TGrid Grid, const Brush& Brush, const RectF& Box) const;
+  void PaintBrush(QImage& Picture, const QTransform& ToPicture, const TDrawState& State, TGrid Grid,
+                  const Brush& Brush) const;
+  bool NeedsPicture(const Brush& Brush) const;
   void ClearThroughMask(ARGB Color);
   std::unique_ptr<TRasterPaint> PictureOf(const TDrawState& State, TGrid Grid, const Brush& Brush, TRasterRect Box);
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/drawing/Brush.h"
+#include "platform/drawing/LinearPaint.h"
 #include "platform/drawing/PainterBackend.h"
 #include "platform/drawing/PainterShapes.h"
 #include "platform/drawing/QtGeometry.h"
@@ -24,6 +25,12 @@ TRasterJoin JoinOf(LineJoin Join) {
                                  : TRasterJoin::Round;
 }
 
+/// The toolkit shares the spans of a gradient out to threads, which takes longer than the drawing of most shapes.
+bool IsGradient(const Brush& Brush) {
+  return dynamic_cast<const PathGradientBrush*>(&Brush) != nullptr ||
+         dynamic_cast<const LinearGradientBrush*>(&Brush) != nullptr;
+}
+
 }  // namespace
 
 /// What figures are filled with, within Margin of their points.
@@ -33,15 +40,17 @@ class TPainterBackend::TInk {
        std::span<const std::vector<PointF>> Figures, float Margin) {
     if (const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush))
       FSolid.emplace(Solid->GetColor());
+    else if (const auto* const Linear = dynamic_cast<const LinearGradientBrush*>(&Brush))
+      FOther = std::make_unique<TLinearPaint>(*Linear, AsQt(Backend.DeviceTransform(State, TGrid::Centers)));
     else
-      FPicture = Backend.PictureOf(State, Grid, Brush, BoundsOf(Figures, Margin));
+      FOther = Backend.PictureOf(State, Grid, Brush, BoundsOf(Figures, Margin));
   }
   /// Null when nothing shows.
-  const TRasterPaint* Get() const { return FSolid ? &*FSolid : FPicture.get(); }
+  const TRasterPaint* Get() const { return FSolid ? &*FSolid : FOther.get(); }
 
  private:
   std::optional<TSolidPaint> FSolid;
-  std::unique_ptr<TRasterPaint> FPicture;
+  std::unique_ptr<TRasterPaint> FOther;
 };
 
 std::unique_ptr<TRasterPaint> TPainterBackend::PictureOf(const TDrawState& State, TGrid Grid, const Brush& Brush,
@@ -50,15 +59,8 @@ std::unique_ptr<TRasterPaint> TPainterBackend::PictureOf(const TDrawState& State
   if (Box.IsEmpty()) return nullptr;
   QImage Picture(Box.Right - Box.Left, Box.Bottom - Box.Top, QImage::Format_ARGB32_Premultiplied);
   Picture.fill(0);
-  QPainter Painter(&Picture);
-  Painter.setRenderHint(QPainter::SmoothPixmapTransform, !IsHatch(Brush));
-  const QTransform World = AsQt(DeviceTransform(State, Grid)) * QTransform::fromTranslate(-Box.Left, -Box.Top);
-  bool Invertible = false;
-  const QRectF Whole = World.inverted(&Invertible).mapRect(QRectF(Picture.rect()));
-  if (!Invertible) return nullptr;
-  Painter.setWorldTransform(World);
-  Painter.fillRect(Whole.adjusted(-1, -1, 1, 1), BrushOf(State, Grid, Brush));
-  Painter.end();
+  PaintBrush(Picture, AsQt(DeviceTransform(State, Grid)) * QTransform::fromTranslate(-Box.Left, -Box.Top), State, Grid,
+             Brush);
   return std::make_unique<TPicturePaint>(std::move(Picture), Box.Left, Box.Top);
 }
 
@@ -69,7 +71,7 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
   if (Scale == 0) return false;
   const bool IsLine = Shape.Kind == TShape::Lines || Shape.Kind == TShape::Polygon;
   const float Width = Pen.EffectiveWidth() * Scale;
-  if (!FHasMask) {
+  if (!FHasMask && !IsGradient(Pen.GetBrush())) {
     if (!IsLine) return false;
     if (IsLevel(Shape.Points) && Width >= 1 && StrokeBox(Pen, Shape, Device, Width)) return true;
     if (StrokeThin(Pen, Shape, Device, Width)) return true;
@@ -155,7 +157,9 @@ bool TPainterBackend::FillBox(const TDrawState& State, const Brush& Brush, const
 bool TPainterBackend::FillByRaster(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
   if (FImage == nullptr) return false;
   const bool IsBig = Shape.Kind == TShape::Polygon && Shape.Points.size() >= FewestCornersForRaster;
-  if (!FHasMask && !(IsBig && State.Smoothing != SmoothingModeNone)) return false;
+  const bool IsShaded = IsGradient(Brush) && Shape.Kind != TShape::Rectangle;
+  const bool Pays = AsFan(Brush) != nullptr || ((IsBig || IsShaded) && State.Smoothing != SmoothingModeNone);
+  if (!FHasMask && !Pays) return false;
   const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
   const std::span<const std::vector<PointF>> Figures = FiguresOf(DeviceTransform(State, Grid), Shape);
   const TInk Paint(*this, State, Grid, Brush, Figures, 1);

@@ -29,6 +29,16 @@ bool IsSolid(const Brush& Brush) { return dynamic_cast<const SolidBrush*>(&Brush
 
 bool IsHatch(const Brush& Brush) { return dynamic_cast<const HatchBrush*>(&Brush) != nullptr; }
 
+const PathGradientBrush* AsFan(const Brush& Brush) {
+  const auto* const Result = dynamic_cast<const PathGradientBrush*>(&Brush);
+  return Result != nullptr && Result->IsFan() ? Result : nullptr;
+}
+
+RectF ExtentOf(const TShape& Shape, float Width) {
+  const double Room = static_cast<double>(Width) / 2 + 2;
+  return FromQt(Shape.AsPath().ToQt().boundingRect().adjusted(-Room, -Room, Room, Room));
+}
+
 void PaintShape(QPainter& Painter, const TShape& Shape) {
   switch (Shape.Kind) {
     case TShape::Lines:

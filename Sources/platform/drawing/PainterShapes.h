@@ -15,6 +15,8 @@
 
 namespace zy {
 
+class PathGradientBrush;
+
 /// Whether a rectangle stays one with upright edges.
 bool KeepsBoxes(const QTransform& Transform);
 
@@ -27,6 +29,11 @@ TRasterTarget TargetOf(QImage& Picture);
 /// Kinds of brushes.
 bool IsSolid(const Brush& Brush);
 bool IsHatch(const Brush& Brush);
+/// The brush as a fan of colours; null for any other.
+const PathGradientBrush* AsFan(const Brush& Brush);
+
+/// The box of a shape, with the half of Width on every side and some pixels to spare.
+RectF ExtentOf(const TShape& Shape, float Width);
 
 /// Has the toolkit's painter draw the shape.
 void PaintShape(QPainter& Painter, const TShape& Shape);

@@ -103,7 +103,7 @@ bool TPainterBackend::DrawStringByStamp(const TDrawState& State, std::string_vie
   if (Stamps.DrawMade(TargetOf(*FImage), RasterClip(), Key, Place)) return true;
 
   const QFont Face = FaceOf(Font, State.Hint);
-  const QString Written = ToQString(Text);
+  const QString Written = ToShownLine(Text);
   QTransform Way(Device.m11(), Device.m12(), Device.m21(), Device.m22(), 0, 0);
   Way.scale(Font.QtScale(), Font.QtScale());
   const QRectF Lines = QFontMetricsF(Face).boundingRect(Written);
@@ -131,7 +131,7 @@ void TPainterBackend::DrawString(const TDrawState& State, std::string_view Text,
   const QFont Face = FaceOf(Font, State.Hint);
   PaintWithPainter(State, TGrid::Corners, [&](QPainter& Painter) {
     const double Scale = Font.QtScale();
-    QBrush Fill = BrushOf(State, TGrid::Corners, Brush);
+    QBrush Fill = BrushOf(State, TGrid::Corners, Brush, Font.BoxOf(Text, Origin));
     Fill.setTransform(Fill.transform() * QTransform::fromScale(1 / Scale, 1 / Scale));
     Painter.setFont(Face);
     Painter.setPen(QPen(Fill, 0));
@@ -139,7 +139,7 @@ void TPainterBackend::DrawString(const TDrawState& State, std::string_view Text,
     FHasTransform = FHasTransform && Scale == 1;
     double BaseLine = static_cast<double>(Origin.Y) + static_cast<double>(Font.GetAscent());
     ForEachLine(Text, [&](std::string_view Line) {
-      Painter.drawText(QPointF(Origin.X, BaseLine) / Scale, ToQString(Line));
+      Painter.drawText(QPointF(Origin.X, BaseLine) / Scale, ToShownLine(Line));
       BaseLine += static_cast<double>(Font.GetHeight());
     });
   });

@@ -122,8 +122,7 @@ QPen Pen::ToQt() const {
   const Qt::PenJoinStyle Join = FLineJoin == LineJoinMiter   ? Qt::MiterJoin
                                 : FLineJoin == LineJoinBevel ? Qt::BevelJoin
                                                              : Qt::RoundJoin;
-  QPen Result(GetBrush().ToQt(), EffectiveWidth(), Qt::SolidLine, AsQt(FEndShape ? FEndShape->GetBaseCap() : FEndCap),
-              Join);
+  QPen Result(Qt::black, EffectiveWidth(), Qt::SolidLine, AsQt(FEndShape ? FEndShape->GetBaseCap() : FEndCap), Join);
   Result.setMiterLimit(FMiterLimit);
   if (const std::vector<float> Pattern = DashPattern(); !Pattern.empty())
     Result.setDashPattern(QList<qreal>(Pattern.begin(), Pattern.end()));

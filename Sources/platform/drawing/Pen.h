@@ -105,7 +105,7 @@ class Pen {
   const CustomLineCap* StartShape() const { return FStartShape.get(); }
   const CustomLineCap* EndShape() const { return FEndShape.get(); }
 
-  /// The toolkit's pen of the same look, without shapes at the ends, for Graphics.
+  /// The toolkit's pen of the same look, but for its brush and shapes at the ends. For Graphics.
   QPen ToQt() const;
 
  private:

@@ -138,12 +138,15 @@ std::string TSvgBackend::Define(std::string_view Element, const std::string& Att
   return Id;
 }
 
-std::string TSvgBackend::PaintOf(const TDrawState& State, float Offset, const Brush& Brush, std::string_view Role) {
+/// Box is the part of the page that the brush is for, in the state's coordinates.
+std::string TSvgBackend::PaintOf(const TDrawState& State, float Offset, const Brush& Brush, const RectF& Box,
+                                 std::string_view Role) {
   if (const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush))
     return ColorAttributes(Role, std::string(Role) + "-opacity", Solid->GetColor());
-  QBrush Fill = Brush.ToQt();
+  QBrush Fill = Brush.ToQt(Box);
   const QTransform Transform = AsQt(State.Transform);
-  if (dynamic_cast<const HatchBrush*>(&Brush) != nullptr) {
+  const bool IsHatch = dynamic_cast<const HatchBrush*>(&Brush) != nullptr;
+  if (IsHatch) {
     Fill.setTransform(PlaceOf(State, Offset).inverted());
   } else if (Offset == AtCorners) {  // colours lie at the centres of pixels, for boxes too
     Fill.setTransform(Fill.transform() * Transform * QTransform::fromTranslate(0.5, 0.5) * Transform.inverted());
@@ -173,7 +176,7 @@ std::string TSvgBackend::PaintOf(const TDrawState& State, float Offset, const Br
     Id = Define(
         "pattern",
         Attribute("patternUnits", "userSpaceOnUse") + Extent + TransformAttribute("patternTransform", Fill.transform()),
-        "<image" + Extent + Attribute("image-rendering", Picture.width() == 8 ? "pixelated" : "auto") +
+        "<image" + Extent + Attribute("image-rendering", IsHatch ? "pixelated" : "auto") +
             Attribute("xlink:href", PictureText(Picture)) + "/>");
   } else {
     return ColorAttributes(Role, std::string(Role) + "-opacity", Fill.color().rgba());
@@ -259,7 +262,9 @@ void TSvgBackend::Draw(const TDrawState& State, const Pen& Pen, const TShape& Sh
 void TSvgBackend::DrawPlain(const TDrawState& State, const Pen& Pen, const GraphicsPath& Path) {
   constexpr const char* Joins[] = {"miter", "bevel", "round"};
   const float Width = Pen.EffectiveWidth();
-  std::string Look = Attribute("fill", "none") + PaintOf(State, AtCenters, Pen.GetBrush(), "stroke") +
+  const float Room = Width * std::max(Pen.GetMiterLimit(), 2.0f) / 2 + 2;  // for caps and mitres
+  const QRectF Box = Path.ToQt().boundingRect().adjusted(-Room, -Room, Room, Room);
+  std::string Look = Attribute("fill", "none") + PaintOf(State, AtCenters, Pen.GetBrush(), FromQt(Box), "stroke") +
                      Attribute("stroke-width", Number(Width));
   Look += Attribute("stroke-linejoin", Joins[Pen.GetLineJoin()]);
   if (Pen.GetLineJoin() == LineJoinMiter)
@@ -277,7 +282,8 @@ void TSvgBackend::Fill(const TDrawState& State, const Brush& Brush, const TShape
   const float Offset = Shape.Kind == TShape::Rectangle ? AtCorners : AtCenters;
   const QPainterPath Path = Shape.AsPath().ToQt();
   Add(State, "<path" + Attribute("d", PathText(Path)) + FillRule(Path) +
-                 TransformAttribute("transform", PlaceOf(State, Offset)) + PaintOf(State, Offset, Brush, "fill") +
+                 TransformAttribute("transform", PlaceOf(State, Offset)) +
+                 PaintOf(State, Offset, Brush, FromQt(Path.boundingRect().adjusted(-2, -2, 2, 2)), "fill") +
                  Crispness(State) + "/>");
 }
 
@@ -297,20 +303,21 @@ void TSvgBackend::DrawString(const TDrawState& State, std::string_view Text, con
   const TFontStyles Style = Font.GetStyle();
   if (Style.Contains(TFontStyle::Bold)) Look += Attribute("font-weight", "bold");
   if (Style.Contains(TFontStyle::Italic)) Look += Attribute("font-style", "italic");
-  if (Style.Contains(TFontStyle::Underline))
-    Look += Attribute("text-decoration", "underline");
-  else if (Style.Contains(TFontStyle::Strikeout))
-    Look += Attribute("text-decoration", "line-through");
+  std::string Lines;
+  if (Style.Contains(TFontStyle::Underline)) Lines = "underline";
+  if (Style.Contains(TFontStyle::Strikeout)) Lines += Lines.empty() ? "line-through" : " line-through";
+  if (!Lines.empty()) Look += Attribute("text-decoration", Lines);
+  const RectF Box = Font.BoxOf(Text, Origin);
   float BaseLine = Origin.Y + Font.GetAscent();
   ForEachLine(Text, [&](std::string_view Line) {
     // The width goes along: a viewer without the font keeps the layout.
-    const std::string Shown(Line.substr(0, FirstBadXmlByte(Line)));
+    const std::string Shown = ToShownLine(Line).toStdString();
     if (!Shown.empty())
       Add(State, "<text" + Attribute("x", Number(Origin.X)) + Attribute("y", Number(BaseLine)) + Look +
                      Attribute("textLength", Number(Font.MeasureString(Shown).Width)) +
                      Attribute("lengthAdjust", "spacingAndGlyphs") + Attribute("xml:space", "preserve") +
                      TransformAttribute("transform", PlaceOf(State, AtCorners)) +
-                     PaintOf(State, AtCorners, Brush, "fill") + ">" + EscapeXmlText(Shown) + "</text>");
+                     PaintOf(State, AtCorners, Brush, Box, "fill") + ">" + EscapeXmlText(Shown) + "</text>");
     BaseLine += Font.GetHeight();
   });
 }

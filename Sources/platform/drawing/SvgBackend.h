@@ -35,7 +35,8 @@ class TSvgBackend : public TGraphicsBackend {
   std::string ClipOf(const Region& Clip);
   std::string MaskOf(const Region& Clip);
   std::string ShapeOf(const Region::TPart& Part) const;
-  std::string PaintOf(const TDrawState& State, float Offset, const Brush& Brush, std::string_view Role);
+  std::string PaintOf(const TDrawState& State, float Offset, const Brush& Brush, const RectF& Box,
+                      std::string_view Role);
   std::string Define(std::string_view Element, const std::string& Attributes, const std::string& Content);
 
   float FWidth;

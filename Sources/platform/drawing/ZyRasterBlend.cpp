@@ -157,7 +157,9 @@ void BlendColor(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count, 
 }
 
 void BlendColors(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count, const std::uint32_t* Colors) {
-  Blend(Pixels, Coverage, Count, false, [&](int I) { return Colors + I; });
+  std::uint32_t InAll = 0xFF000000;
+  for (int I = 0; I < Count; ++I) InAll &= Colors[I];
+  Blend(Pixels, Coverage, Count, InAll >> 24 == 255, [&](int I) { return Colors + I; });
 }
 
 void BlendEven(std::uint32_t* Pixels, std::uint8_t Coverage, int Count, std::uint32_t Color) {

@@ -1,0 +1,72 @@
+#include "platform/drawing/LinearPaint.h"
+
+#include <QColor>
+#include <QTransform>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/drawing/GradientStops.h"
+#include "platform/drawing/QtGeometry.h"
+
+namespace zy {
+
+TLinearPaint::TLinearPaint(const LinearGradientBrush& Brush, const QTransform& ToDevice) {
+  const QPointF Start = AsQt(Brush.GetStart()), Way = AsQt(Brush.GetStop()) - Start;
+  const double Square = QPointF::dotProduct(Way, Way);
+  bool Invertible = false;
+  const QTransform FromDevice = (AsQt(Brush.GetTransform()) * ToDevice).inverted(&Invertible);
+  const std::vector<TGradientStop>& Stops = Brush.Stops();
+  FColors[0] = qPremultiply(Stops.back().Color);
+  if (!(Square > 0) || !std::isfinite(Square) || !Invertible) return;
+  const auto PlaceOf = [&](const QPointF& Pixel) {
+    return QPointF::dotProduct(FromDevice.map(Pixel) - Start, Way) / Square;
+  };
+  const double Origin = PlaceOf({0.5, 0.5}), AlongX = PlaceOf({1.5, 0.5}) - Origin;
+  const double AlongY = PlaceOf({0.5, 1.5}) - Origin, Finest = std::hypot(AlongX, AlongY);
+  constexpr double StepsPerPixel = 8;
+  while (FSteps < MostSteps && FSteps * Finest < StepsPerPixel) FSteps *= 2;
+  FAtOrigin = Origin * FSteps;
+  FAlongX = AlongX * FSteps;
+  FAlongY = AlongY * FSteps;
+  int First = 0;
+  for (std::size_t Index = 1; Index < Stops.size(); ++Index) {
+    const int Last = static_cast<int>(std::lround(Stops[Index].Position * static_cast<float>(FSteps)));
+    FillSteps(First, Last, Stops[Index - 1], Stops[Index]);
+    First = Last;
+  }
+}
+
+/// The colours of the steps from First to before Last; see Mix. Written out, as it is done for each shape anew.
+void TLinearPaint::FillSteps(int First, int Last, const TGradientStop& From, const TGradientStop& To) {
+  const float Length = std::max(To.Position - From.Position, 1e-6f), StepLength = 1 / static_cast<float>(FSteps);
+  std::array<float, 4> Start, Slope;
+  for (std::size_t Channel = 0; Channel < 4; ++Channel) {
+    const auto A = static_cast<float>(From.Color >> (8 * Channel) & 255),
+               B = static_cast<float>(To.Color >> (8 * Channel) & 255);
+    Slope[Channel] = (B - A) / Length * StepLength;
+    Start[Channel] = A + (B - A) / Length * (StepLength / 2 - From.Position) + 0.5f;
+  }
+  const bool IsOpaque = From.Color >> 24 == 255 && To.Color >> 24 == 255;
+  for (int Step = First; Step < Last; ++Step) {
+    ARGB Color = 0;
+    for (std::size_t Channel = 0; Channel < 4; ++Channel) {
+      const float Value = std::clamp(Start[Channel] + Slope[Channel] * static_cast<float>(Step), 0.5f, 255.5f);
+      Color |= static_cast<ARGB>(static_cast<int>(Value)) << (8 * Channel);
+    }
+    FColors[static_cast<std::size_t>(Step)] = IsOpaque ? Color : qPremultiply(Color);
+  }
+}
+
+void TLinearPaint::Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const {
+  // The gradient repeats: steps count in whole numbers whose low bits are the place in the table.
+  constexpr double Fraction = 1 << 20, Period = MostSteps * Fraction;  // all of a 30-bit number, and of any shorter
+  const double Start = std::fmod((FAtOrigin + FAlongX * X + FAlongY * Y) * Fraction, Period);
+  const double Slope = std::fmod(FAlongX * Fraction, Period);
+  if (!std::isfinite(Start) || !std::isfinite(Slope)) return static_cast<void>(std::fill_n(Pixels, Count, FColors[0]));
+  auto Place = static_cast<std::uint32_t>(static_cast<std::int64_t>(std::floor(Start)));
+  const auto Step = static_cast<std::uint32_t>(static_cast<std::int64_t>(std::floor(Slope + 0.5)));
+  const auto Mask = static_cast<std::uint32_t>(FSteps - 1);
+  for (int Index = 0; Index < Count; ++Index, Place += Step) Pixels[Index] = FColors[Place >> 20 & Mask];
+}
+
+}  // namespace zy

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <array>
+
+#include "platform/drawing/Brush.h"
+#include "platform/drawing/ZyRaster.h"
+
+class QTransform;
+
+namespace zy {
+
+/// A linear gradient for the rasteriser. The toolkit's painter shares the spans of a gradient out to threads, which
+/// takes longer than the drawing for all but the largest shapes.
+class TLinearPaint : public TRasterPaint {
+ public:
+  /// ToDevice takes the brush's coordinates to stored pixels.
+  TLinearPaint(const LinearGradientBrush& Brush, const QTransform& ToDevice);
+  void Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const override;
+
+ private:
+  static constexpr int MostSteps = 1024;
+  void FillSteps(int First, int Last, const TGradientStop& From, const TGradientStop& To);
+
+  int FSteps = 1;                                  // a power of two
+  std::array<std::uint32_t, MostSteps> FColors;    // premultiplied, along the gradient
+  double FAtOrigin = 0, FAlongX = 0, FAlongY = 0;  // where along the gradient a pixel lies, in steps
+};
+
+}  // namespace zy
