@@ -33,7 +33,8 @@ struct TZyScope {
   TKind Kind;
   const TZyFieldName& Name;
   int Index = -1;
-  std::string_view NodeName = {};  ///< of a record's own node
+  std::string_view NodeName = {};     ///< of a record's own node
+  const TZyRecord* Object = nullptr;  ///< whose fields a part has; null for some of its holder's own
 };
 
 /// The one mechanism behind the three stored forms: stream, XML and INI.
@@ -135,7 +136,7 @@ class TZyArchive {
     Within({TZyScope::Part, Name}, Fields);
   }
   void Part(const TZyFieldName& Name, TZyRecord& Object) {
-    Within({TZyScope::Part, Name}, [&] { Object.Fields(*this); });
+    Within({TZyScope::Part, Name, -1, {}, &Object}, [&] { Object.Fields(*this); });
   }
 
   /// The fields of one class in a chain of classes, or of one theme: in XML they stand in a child node of that name;
@@ -217,8 +218,9 @@ class TZyArchive {
   /// The ordinal of an enumeration or the bits of a set, with what the stream and the tests have to know.
   struct TOrdinal {
     std::uint32_t Value;
-    std::uint32_t Limit;  ///< first value that is none
-    int Width;            ///< bytes in the stream
+    std::uint32_t Limit;     ///< first value that is none
+    int Width;               ///< bytes in the stream
+    const TEnumInfo* Names;  ///< of the values, or of the bits of a set
   };
 
   // A writer writes Value and returns false. A reader returns whether it has read one.
@@ -271,7 +273,8 @@ class TZyArchive {
   template <class TEnum>
   requires std::is_enum_v<TEnum>
   bool Visit(const TZyFieldName& Name, TEnum& Value) {
-    TOrdinal Ordinal{static_cast<std::uint32_t>(Value), static_cast<std::uint32_t>(EnumInfo(TEnum{}).Values.size()), 1};
+    TOrdinal Ordinal{static_cast<std::uint32_t>(Value), static_cast<std::uint32_t>(EnumInfo(TEnum{}).Values.size()), 1,
+                     &EnumInfo(TEnum{})};
     if (!Visit(Name, Ordinal)) return false;
     Value = static_cast<TEnum>(Ordinal.Value);
     return true;
@@ -280,7 +283,7 @@ class TZyArchive {
   template <class TEnum>
   bool Visit(const TZyFieldName& Name, TSet<TEnum>& Value) {
     const auto Limit = std::uint32_t{1} << EnumInfo(TEnum{}).Values.size();
-    TOrdinal Ordinal{Value.Bits(), Limit, std::is_same_v<TEnum, TShiftStateElement> ? 2 : 1};
+    TOrdinal Ordinal{Value.Bits(), Limit, std::is_same_v<TEnum, TShiftStateElement> ? 2 : 1, &EnumInfo(TEnum{})};
     if (!Visit(Name, Ordinal)) return false;
     Value = TSet<TEnum>::FromBits(Ordinal.Value);
     return true;

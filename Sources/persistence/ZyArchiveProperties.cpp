@@ -27,12 +27,12 @@ void TZyArchive::Property(TPersistent& Object, const TPropInfo& Row) {
     case TPropKind::Enumeration: {
       if (Row.Values == &EnumInfo(true)) return Visit(Row.GetOrd(Object) != 0, SetOrd);
       const TOrdinal Ordinal{static_cast<std::uint32_t>(Row.GetOrd(Object)),
-                             static_cast<std::uint32_t>(Row.Values->Values.size()), 1};
+                             static_cast<std::uint32_t>(Row.Values->Values.size()), 1, Row.Values};
       return Visit(Ordinal, [&](const TOrdinal& Value) { SetOrd(Value.Value); });
     }
     case TPropKind::Set: {
       const TOrdinal Bits{static_cast<std::uint32_t>(Row.GetOrd(Object)), std::uint32_t{1} << Row.Values->Values.size(),
-                          Row.Values == &EnumInfo(TShiftStateElement{}) ? 2 : 1};
+                          Row.Values == &EnumInfo(TShiftStateElement{}) ? 2 : 1, Row.Values};
       return Visit(Bits, [&](const TOrdinal& Value) { SetOrd(Value.Value); });
     }
     case TPropKind::Integer:

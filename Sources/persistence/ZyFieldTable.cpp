@@ -25,7 +25,12 @@ class TFieldLister : public TZyArchive {
  protected:
   using TName = TZyFieldName;
   bool Visit(const TName& Name, bool&) override { return Note(Name, "boolean", 1); }
-  bool Visit(const TName& Name, TOrdinal& Value) override { return Note(Name, "ordinal", Value.Width); }
+  bool Visit(const TName& Name, TOrdinal& Value) override {
+    const bool IsSet = Value.Limit != Value.Names->Values.size();
+    Note(Name, (IsSet ? "set of " : "") + std::string(Value.Names->Name), Value.Width);
+    Rows.back().Names = Value.Names;
+    return false;
+  }
   bool Visit(const TName& Name, std::int32_t&) override { return Note(Name, "integer", 4); }
   bool Visit(const TName& Name, TZyColor&) override { return Note(Name, "colour", 4); }
   bool Visit(const TName& Name, float&) override { return Note(Name, "single", 4); }
@@ -39,7 +44,9 @@ class TFieldLister : public TZyArchive {
   bool VisitsAll() const override { return true; }
 
   bool Enter(const TZyScope& Scope) override {
-    if (Scope.Kind == TZyScope::List) Note(Scope.Name, "count of parts", 0);
+    if (Scope.Kind == TZyScope::List) Note(Scope.Name, "count of parts", 4);
+    if (const auto* const Settings = dynamic_cast<const TPersistent*>(Scope.Object); Settings != nullptr)
+      return Note(Scope.Name, "record of " + std::string(Settings->ClassName()), 0);
     if (Scope.Kind == TZyScope::Record || Scope.Kind == TZyScope::ListedRecord) return Note(Scope.Name, "record", 0);
     TPlace Place = FPlaces.back();
     if (Scope.Kind == TZyScope::Item) {

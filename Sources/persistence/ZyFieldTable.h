@@ -6,13 +6,17 @@
 namespace zy {
 
 class TZyRecord;
+struct TEnumInfo;
 
 /// One row of the description of a record: a field, or one of the bytes between groups.
 struct TZyFieldRow {
-  std::string Xml;   ///< path of the attribute, element or node below the object's node, as "Bars/OverlayStyle"
-  std::string Ini;   ///< key in the object's section
-  std::string Kind;  ///< "boolean", "double", "text", ...; "count of doubles" and the like for a list
-  int Width = 0;     ///< bytes in the stream, of one element of a list; 0 for a text or a record
+  std::string Xml;  ///< path of the attribute, element or node below the object's node, as "Bars/OverlayStyle"
+  std::string Ini;  ///< key in the object's section
+  /// "boolean", "double", "text", ...; "count of doubles" and the like for a list; the name of an enumeration, also as
+  /// "set of TAnchor"; "record of TZyFont" for a settings object whose own table says the rest.
+  std::string Kind;
+  int Width = 0;                     ///< bytes in the stream, of one element of a list; 0 for a text or a record
+  const TEnumInfo* Names = nullptr;  ///< of an enumeration or a set
   bool InStream = false;
   bool InXml = false;
   bool InIni = false;

@@ -96,7 +96,9 @@ bool TZyTextReader::Visit(const TZyFieldName& Name, TOrdinal& Value) {
   return Read(Name, Value, [Value](std::string_view Text) -> std::optional<TOrdinal> {
     const std::int64_t Number = StrToInt(Text);
     if (Number < 0 || Number >= Value.Limit) return {};
-    return TOrdinal{static_cast<std::uint32_t>(Number), Value.Limit, Value.Width};
+    TOrdinal Result = Value;
+    Result.Value = static_cast<std::uint32_t>(Number);
+    return Result;
   });
 }
 

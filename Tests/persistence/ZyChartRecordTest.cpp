@@ -5,49 +5,11 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "framework/Bytes.h"
+#include "persistence/ChartForms.h"
 #include "persistence/RandomChart.h"
-#include "platform/framework/TMemIniFile.h"
-#include "platform/framework/XmlDocument.h"
 
 namespace zy::testing {
 namespace {
-
-enum class TForm3 { Stream, Xml, Ini };
-constexpr TForm3 AllForms[] = {TForm3::Stream, TForm3::Xml, TForm3::Ini};
-
-std::string Written(const TZyGraph2D& Graph, TForm3 Form, bool SaveData = true) {
-  if (Form == TForm3::Stream) {
-    TMemoryStream Stream;
-    Graph.WriteTo(Stream, SaveData);
-    return AsText(Stream);
-  }
-  if (Form == TForm3::Xml) {
-    const TXMLDocument Document("Chart");
-    Graph.WriteTo(Document.DocumentElement(), SaveData);
-    return Document.SaveToText();
-  }
-  TMemIniFile Ini;
-  Graph.WriteTo(Ini, "Chart", SaveData);
-  return Ini.SaveToText();
-}
-
-void Read(TZyGraph2D& Graph, TForm3 Form, std::string_view Text) {
-  if (Form == TForm3::Stream) {
-    TMemoryStream Stream(AsBytes(Text));
-    Graph.ReadFrom(Stream);
-    EXPECT_EQ(Stream.Remaining(), 0);
-  } else if (Form == TForm3::Xml) {
-    TXMLDocument Document("Chart");
-    Document.LoadFromText(Text);
-    Graph.ReadFrom(Document.DocumentElement());
-  } else {
-    TMemIniFile Ini;
-    Ini.LoadFromText(Text);
-    Graph.ReadFrom(Ini, "Chart");
-  }
-  for (TZySeries* Series : Graph.RelatedSeries()) Quieten(*Series);
-}
 
 std::vector<ARGB> PixelsOf(TZyGraph2D& Graph) {
   const Bitmap Picture = TSampleChart::Paint(Graph);
@@ -55,17 +17,6 @@ std::vector<ARGB> PixelsOf(TZyGraph2D& Graph) {
   for (int Y = 0; Y < Picture.GetHeight(); ++Y)
     for (int X = 0; X < Picture.GetWidth(); ++X) Result.push_back(Picture.GetPixel(X, Y));
   return Result;
-}
-
-/// Whether two texts are the same, and where they begin to differ.
-::testing::AssertionResult Same(const std::string& Left, const std::string& Right) {
-  const auto [At, Other] = std::ranges::mismatch(Left, Right);
-  if (At == Left.end() && Other == Right.end()) return ::testing::AssertionSuccess();
-  const std::size_t Place = static_cast<std::size_t>(At - Left.begin());
-  const std::size_t From = Place < 60 ? 0 : Place - 60;
-  return ::testing::AssertionFailure() << "byte " << Place << " of " << Right.size() << ": "
-                                       << ::testing::PrintToString(Left.substr(From, 100)) << "\n"
-                                       << ::testing::PrintToString(Right.substr(From, 100));
 }
 
 /// ZY_RANDOM_CHARTS in the environment tells how many.
