@@ -98,6 +98,11 @@ TEST(PathGradientBrushTest, RunsFromTheOutlineToItsCentrePoint) {
   Triangle.SetCenterPoint({60, 70});
   // In the centre, halfway between two corners (and a thirtieth inwards) and halfway from a corner to the centre.
   ExpectSpots(Filled(Triangle), {{60, 70, White}, {60, 99, 0xFF840984}, {60, 40, 0xFF80FF80}, {20, 20, 0}}, 1);
+
+  const PointF Small[] = {{10, 10}, {30, 10}, {30, 30}, {10, 30}};
+  PathGradientBrush Square{std::span<const PointF>(Small)};
+  Square.SetCenterColor(Blue);
+  ExpectSpots(Filled(Square), {{20, 20, Blue}, {44, 20, 0}, {20, 44, 0}, {5, 5, 0}}, 26);  // it does not repeat
 }
 
 TEST(BrushTest, DegenerateGradientsEndInBoundedTime) {

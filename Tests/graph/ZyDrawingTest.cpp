@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <functional>
 
 #include "drawing/Pixels.h"
@@ -208,6 +210,22 @@ TEST(Drawing, TheSideOfALeaningCylinderTouchesItsCaps) {
         const bool IsSide = Along >= 50 && Along <= 90;
         EXPECT_TRUE(IsSide ? First == 28 && Last == 72 : First >= 28 && Last <= 72) << Lies << " " << Along;
       }
+    }
+}
+
+// Rows count from the edge of a body 20 high that leans by 2 over 8: a slope of 1/4. Colours run across it, turned and
+// then moved by the height: at a row they have gone (row + 20 / 4) / (22 sqrt(1 + 1/16)) of their way.
+TEST(Drawing, TheBandsOfALeaningLyingCylinderLieAlongItsSide) {
+  const Bitmap Cylinder = Picture(
+      140, 60, [](Graphics& Gr) { DrawCylinderHorizontal(Gr, Colors::Transparent, Gray, 10, 20, 110, 40, 8, 2); });
+  const std::pair<double, double> Shades[] = {{0, 128}, {0.35, 179}, {0.5, 128}, {0.75, 90}, {1, 51}, {2, 51}};
+  for (const int Row : {1, 4, 8, 12, 17, 18})
+    for (const int X : {40, 90}) {
+      const double Way = (Row + 5) / (22 * std::sqrt(1 + 1.0 / 16));
+      const auto* const To = std::find_if(Shades, std::end(Shades), [=](auto& Shade) { return Shade.first > Way; });
+      const auto& [From, Shade] = *(To - 1);
+      const double Expected = Shade + (To->second - Shade) * (Way - From) / (To->first - From);
+      EXPECT_NEAR(GetR(Cylinder.GetPixel(X, 20 + Row)), Expected, 3) << Row << " " << X;
     }
 }
 

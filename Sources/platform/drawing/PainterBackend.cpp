@@ -251,7 +251,13 @@ bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush,
   const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
   constexpr double Finer = 3, LargestSide = 3000;  // pixels of the picture
   const QPainterPath Outline = Shape.AsPath().ToQt();
-  const QRectF Box = Outline.boundingRect();
+  QRectF Box = Outline.boundingRect();
+  // Some viewers stretch pictures to whole pixels; this one is some at the page's own size.
+  const double Offset = Grid == TGrid::Centers ? 0.5 : 0.0;
+  const QTransform ToPage = AsQt(State.Transform) * QTransform::fromTranslate(Offset, Offset);
+  const bool IsNear = QRectF(-1e6, -1e6, 2e6, 2e6).contains(ToPage.mapRect(Box));
+  if (IsNear && ToPage.type() <= QTransform::TxScale && ToPage.isInvertible())
+    Box = ToPage.inverted().mapRect(QRectF(ToPage.mapRect(Box).toAlignedRect()));
   const double Side = std::max(Box.width(), Box.height());
   if (!(Side > 0)) return true;
   const double Scale = std::min(Finer, LargestSide / Side);
@@ -265,6 +271,7 @@ bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush,
     Painter.save();
     Painter.setClipPath(Outline, Qt::IntersectClip);
     Painter.setBrush(Qt::NoBrush);
+    Painter.setRenderHint(QPainter::LosslessImageRendering);  // colours, too, when a PDF file would smear them
     Painter.drawImage(Box, Picture);
     Painter.restore();
   });

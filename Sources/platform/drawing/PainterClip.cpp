@@ -23,14 +23,12 @@ QPainterPath Plane() {
 QPainterPath LeftBy(const Region& Clip);
 
 QPainterPath ShapeOf(const Region::TPart& Part) {
+  if (Part.Nested != nullptr) return LeftBy(Part.Nested->Transformed(Part.Transform));
+  const QTransform Place = AsQt(Part.Transform);
+  if (!Part.IsRect) return (Place * QTransform::fromTranslate(0.5, 0.5)).map(Part.Path->ToQt());
   QPainterPath Shape;
-  if (Part.Nested != nullptr)
-    Shape = LeftBy(*Part.Nested);
-  else if (Part.IsRect)
-    Shape.addRect(AsQt(Part.Rect));
-  else
-    Shape = QTransform::fromTranslate(0.5, 0.5).map(Part.Path->ToQt());
-  return AsQt(Part.Transform).map(Shape);
+  Shape.addRect(AsQt(Part.Rect));
+  return Place.map(Shape);
 }
 
 /// What a region leaves of the plane. The toolkit's way to join paths is slow: for a region that is cut out as a whole.
