@@ -5,6 +5,7 @@
 #include "persistence/ZyIO.h"
 #include "platform/framework/Application.h"
 #include "platform/framework/Reflection.h"
+#include "platform/framework/ScopedFlag.h"
 #include "texts/Exceptions.h"
 #include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
@@ -25,7 +26,7 @@ ZY_PUBLISHED(TZyUndoStack, TComponent, Published<&TZyUndoStack::Enabled, &TZyUnd
              Published<&TZyUndoStack::OnUndo>("OnUndo"), Published<&TZyUndoStack::OnRedo>("OnRedo"))
 
 TZyUndoStack::TZyUndoStack(TComponent* Owner) : TComponent(Owner) {
-  if (!IsDesigning()) return;
+  if (!IsDesigning() || Owner->IsLoading()) return;
   for (TComponent* Component : Owner->Components())
     if (auto* const Holder = dynamic_cast<IZyUndoHolder*>(Component))
       if (Holder->UndoStack() == nullptr) Holder->SetUndoStack(this);
@@ -88,7 +89,7 @@ void TZyUndoStack::Push(std::string_view Comment, TZyUndoToken Token, const TPay
     throw;
   }
   const bool OpensEntry = FUndo.GroupLevel() == 0;
-  if (OpensEntry && FLimit > 0 && FUndo.CurrentEntry() >= FLimit) FUndo.CutOldest(*FScratch);
+  while (OpensEntry && FLimit > 0 && FUndo.CurrentEntry() >= FLimit) FUndo.CutOldest(*FScratch);
 }
 
 void TZyUndoStack::PushProperty(TPersistent* Instance, std::string_view Comment, std::string_view PropName) {
@@ -156,7 +157,15 @@ void TZyUndoStack::StopGroup() {
   if (FUndo.GroupLevel() < 0) throw EOverflow(LoadResString(_sUndoTooManyStopGroups));
 }
 
+void TZyUndoStack::SetLimit(int Value) {
+  FLimit = Value;
+  if (GroupLevel() > 0 || FRestoring || Value <= 0) return;
+  while (FUndo.CurrentEntry() >= Value) FUndo.CutOldest(*FScratch);
+}
+
 void TZyUndoStack::Clear() {
+  FMustClear = FRestoring;
+  if (FMustClear) return;
   InitStreams();
   FUndo.Clear();
   FRedo.Clear();
@@ -243,14 +252,52 @@ void TZyUndoStack::ReadObjectProperty(TReader& Reader, TPersistent& Instance, co
   Reader.ReadListEnd();
 }
 
+/// Behind the component come its place and the properties of its owner's components that point at it: a component that
+/// died took itself out of both.
 void TZyUndoStack::WriteComponentTo(TWriter& Writer, TComponent& Component) {
-  TComponent* const Root = Writer.Root();
-  if (Component.Owner() != nullptr) Writer.SetRoot(Component.Owner());
-  Writer.WriteComponent(Component);
-  Writer.SetRoot(Root);
+  TComponent* const Owner = Component.Owner();
+  {
+    struct TRootOf {
+      TWriter& Writer;
+      TComponent* Root;
+      ~TRootOf() { Writer.SetRoot(Root); }
+    } const Back{Writer, Writer.Root()};
+    if (Owner != nullptr) Writer.SetRoot(Owner);
+    Writer.WriteComponent(Component);
+  }
+  TComponent* const Parent = Component.ParentComponent();
+  Writer.WriteInteger(Owner != nullptr ? Owner->TComponent::ChildIndex(Component) : -1);
+  WriteObjectInstance(Writer, Parent);
+  Writer.WriteInteger(Parent != nullptr ? Parent->ChildIndex(Component) : -1);
+  if (Owner != nullptr)
+    for (TComponent* Holder : Owner->Components())
+      for (const TPropInfo* Info : Holder->ClassInfo().Properties())
+        if (Info->SetObject != nullptr && !Info->IsOwnedObject && Info->GetObject(*Holder) == &Component) {
+          Writer.WriteString(Info->Name);
+          WriteObjectInstance(Writer, Holder);
+        }
+  Writer.WriteListEnd();
+}
+
+void TZyUndoStack::RestorePlace(TReader& Reader, TComponent& Component) {
+  const auto Index = static_cast<int>(Reader.ReadInteger());
+  if (Component.Owner() != nullptr) Component.Owner()->TComponent::SetChildIndex(Component, Index);
+  auto* const Parent = dynamic_cast<TComponent*>(ReadObjectInstance(Reader).Object);
+  const auto IndexInParent = static_cast<int>(Reader.ReadInteger());
+  if (Parent != nullptr) {
+    Component.SetParentComponent(Parent);
+    Parent->SetChildIndex(Component, IndexInParent);
+  }
+  while (!Reader.EndOfList()) {
+    const std::string PropName = Reader.ReadString();
+    TPersistent* const Holder = ReadObjectInstance(Reader).Object;
+    if (Holder != nullptr) FindPropRow(*Holder, PropName).SetObject(*Holder, &Component);
+  }
+  Reader.ReadListEnd();
 }
 
 void TZyUndoStack::ReadComponentFrom(TReader& Reader, TComponent* Instance) {
+  const bool IsAnew = Instance == nullptr;
   struct TRound {
     explicit TRound(TReader& AReader) : Reader(AReader), Root(AReader.Root()) { Reader.BeginReferences(); }
     ~TRound() {
@@ -264,6 +311,10 @@ void TZyUndoStack::ReadComponentFrom(TReader& Reader, TComponent* Instance) {
   Instance = Reader.ReadComponent(Instance);
   if (Instance->Owner() == nullptr && Owner() != nullptr) Owner()->InsertComponent(Instance);
   Reader.FixupReferences();
+  if (!IsAnew) return;
+  RestorePlace(Reader, *Instance);
+  if (auto* const Holder = dynamic_cast<IZyUndoHolder*>(Instance))
+    if (Holder->UndoStack() == nullptr) Holder->SetUndoStack(this);
 }
 
 /// The vector writes its own binary form straight into the stream, behind what the writer has flushed.
@@ -291,13 +342,10 @@ void TZyUndoStack::RestoreEdit(TReader& Reader, IZyEditState& Edit) {
 
 // --- Replay ---------------------------------------------------------------------------------------------------------
 
-void TZyUndoStack::Replay(TZyUndoLog& Log, int ToIndex, void (TZyUndoStack::*ReplayAt)(int Record)) {
-  struct TSilence {
-    explicit TSilence(bool& AFlag) : Flag(AFlag) { Flag = true; }
-    ~TSilence() { Flag = false; }
-    bool& Flag;
-  } const Silence(FRestoring);
+bool TZyUndoStack::Replay(TZyUndoLog& Log, int ToIndex, void (TZyUndoStack::*ReplayAt)(int Record)) {
+  if (!FEnabled || FRestoring || GroupLevel() > 0 || Log.CurrentEntry() < 0 || ToIndex < 0) return false;
   try {
+    const TScopedValue Silence(FRestoring, true);
     const int Entry = std::max(Log.CurrentEntry() - ToIndex, 0);
     const int Steps = Log.CurrentEntry() - Entry + 1;
     const int Oldest = Log.FirstRecord(Entry);
@@ -305,20 +353,18 @@ void TZyUndoStack::Replay(TZyUndoLog& Log, int ToIndex, void (TZyUndoStack::*Rep
     Log.MoveTo(Entry - 1);
     if (&Log == &FRedo) FUndo.MoveTo(std::min(FUndo.CurrentEntry() + Steps, FUndo.EntryCount() - 1));
   } catch (...) {
-    Clear();  // half a step must not stay
+    FMustClear = true;  // half a step must not stay
   }
+  if (FMustClear) Clear();
+  return true;
 }
 
 void TZyUndoStack::Undo(int ToIndex) {
-  if (!CanUndo() || ToIndex < 0) return;
-  Replay(FUndo, ToIndex, &TZyUndoStack::UndoAt);
-  if (mUndo) mUndo(this);
+  if (Replay(FUndo, ToIndex, &TZyUndoStack::UndoAt) && mUndo) TNotifyEvent{mUndo}(this);
 }
 
 void TZyUndoStack::Redo(int ToIndex) {
-  if (!CanRedo() || ToIndex < 0) return;
-  Replay(FRedo, ToIndex, &TZyUndoStack::RedoAt);
-  if (mRedo) mRedo(this);
+  if (Replay(FRedo, ToIndex, &TZyUndoStack::RedoAt) && mRedo) TNotifyEvent{mRedo}(this);
 }
 
 void TZyUndoStack::UndoAt(int Record) {

@@ -36,9 +36,10 @@ class TZyUndoStack : public TComponent {
   /// Whether changes are recorded and can be undone. The log stays while this is false.
   bool Enabled() const { return FEnabled; }
   void SetEnabled(bool Value) { FEnabled = Value; }
-  /// Most steps that are kept; 0 or less means all. A lower limit takes effect step by step with the next pushes.
+  /// Most steps that are kept; 0 or less means all. A lower limit forgets the oldest steps at once, or inside a group
+  /// with the first push behind it.
   int Limit() const { return FLimit; }
-  void SetLimit(int Value) { FLimit = Value; }
+  void SetLimit(int Value);
   /// Whether the log lies in memory, or else in temporary files that go with the stack. Counts until the first push.
   bool ToMemoryStream() const { return FToMemoryStream; }
   void SetToMemoryStream(bool Value) { FToMemoryStream = Value; }
@@ -65,7 +66,9 @@ class TZyUndoStack : public TComponent {
   void PushProperty(TPersistent* Instance, std::string_view Comment, std::string_view PropName);
   /// The same under the label of the property's row, or under the property's name when the row has none.
   void PushProperty(TPersistent* Instance, std::string_view PropName);
-  /// Logs the whole of a component; undo brings it back to that state, and makes it anew when it has died.
+  /// Logs the whole of a component; undo brings it back to that state. One that has died is made anew at its place, and
+  /// the properties of its owner's components that pointed at it do so again; a chart has this stack then, an axis or a
+  /// series is given it by who wants its further changes logged.
   void PushComponent(TComponent* AComponent, std::string_view Comment);
   /// Logs that a component was made; undo frees it. Throws EStreamError when it cannot be found by name.
   void PushFreeComponent(TComponent* AComponent, std::string_view Comment);
@@ -82,10 +85,11 @@ class TZyUndoStack : public TComponent {
   int GroupLevel() const { return FUndo.GroupLevel(); }
 
   /// Replays the newest ToIndex + 1 steps. ToIndex is an index of UndoList (RedoList). When replaying fails, the stack
-  /// is cleared, since half a step must not stay; the caller sees nothing but the event.
+  /// is cleared, since half a step must not stay; the caller sees nothing but the event. Nothing happens while a group
+  /// is open, as during a drag, and from inside a replay.
   void Undo(int ToIndex = 0);
   void Redo(int ToIndex = 0);
-  /// Forgets everything.
+  /// Forgets everything; from inside a replay, at its end.
   void Clear();
 
  private:
@@ -102,7 +106,8 @@ class TZyUndoStack : public TComponent {
   void PushRow(TPersistent* Instance, std::string_view Comment, const TPropInfo& Info);
   template <class TPayload>
   void Push(std::string_view Comment, TZyUndoToken Token, const TPayload& WritePayload);
-  void Replay(TZyUndoLog& Log, int ToIndex, void (TZyUndoStack::*ReplayAt)(int Record));
+  /// False when there is nothing to replay or no time for it.
+  bool Replay(TZyUndoLog& Log, int ToIndex, void (TZyUndoStack::*ReplayAt)(int Record));
 
   void WriteToken(TWriter& Writer, TZyUndoToken Token) { Writer.WriteInteger(static_cast<int>(Token)); }
   void WriteObjectInstance(TWriter& Writer, TPersistent* Instance);
@@ -112,6 +117,7 @@ class TZyUndoStack : public TComponent {
   void ReadObjectProperty(TReader& Reader, TPersistent& Instance, const TPropInfo& Info);
   void WriteComponentTo(TWriter& Writer, TComponent& Component);
   void ReadComponentFrom(TReader& Reader, TComponent* Instance);
+  void RestorePlace(TReader& Reader, TComponent& Component);
   void WriteVectorTo(TZyUndoLog& Log, TPersistent* Vector, const IZyStreamState& State);
   void ReadVectorFrom(TZyUndoLog& Log, TPersistent* Instance);
   void RestoreEdit(TReader& Reader, IZyEditState& Edit);
@@ -127,6 +133,7 @@ class TZyUndoStack : public TComponent {
 
   bool FEnabled = true;
   bool FRestoring = false;
+  bool FMustClear = false;  // at the end of the replay
   bool FToMemoryStream = true;
   int FLimit = 20;
   std::filesystem::path FUndoFileName, FRedoFileName, FScratchName;

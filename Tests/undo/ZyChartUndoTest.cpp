@@ -7,8 +7,8 @@
 #include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
 #include "platform/framework/Reflection.h"
-#include "series/ZyFunctionSeries.h"
 #include "undo/RandomSetters.h"
+#include "undo/ZyUndoGroup.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
@@ -89,7 +89,6 @@ TEST_F(ZyChartUndoTest, RandomWalksComeBackToTheFirstBytesInGroupsToo) {
     for (int Call = 0; Call < 3000; ++Call) {
       if (Random() % 10 == 0 && Level < 4) Stack.StartGroup("group"), ++Level;
       TPersistent& Object = *Objects[Random() % Objects.size()];
-      if (dynamic_cast<TZyFunctionSeries*>(&Object) != nullptr) continue;  // ends of a curve may be steps more
       const auto& Properties = Object.ClassInfo().Properties();
       const TPropInfo& Info = *Properties[Random() % Properties.size()];
       if (IsUndone(Info)) SetAtRandom(Object, Info, Form, Random);
@@ -101,15 +100,61 @@ TEST_F(ZyChartUndoTest, RandomWalksComeBackToTheFirstBytesInGroupsToo) {
     while (Level-- > 0) Stack.StopGroup();
     const std::string After = Text(Form);
     ASSERT_NE(After, Before);
+    const int Undone = Stack.RedoList().Count();  // the walk may have ended with an undo
     const int Steps = Stack.UndoList().Count();
     while (Stack.CanUndo()) Stack.Undo(std::min(Stack.UndoList().Count() - 1, static_cast<int>(Random() % 50)));
     ASSERT_TRUE(Text(Form) == Before) << "undone, seed " << Seed;
-    ASSERT_EQ(Stack.RedoList().Count(), Steps);
+    ASSERT_EQ(Stack.RedoList().Count(), Steps + Undone);
     Stack.Redo(Steps - 1);
     ASSERT_TRUE(Text(Form) == After) << "redone, seed " << Seed;
     Stack.Undo(Steps - 1);
     ASSERT_TRUE(Text(Form) == Before) << "undone again, seed " << Seed;
     Stack.Clear();
+  }
+}
+
+/// Steps are logged as an application logs them: what was made before it is changed, what is to go before it goes.
+TEST_F(ZyChartUndoTest, ObjectsThatCameAndWentComeBackToTheirPlaces) {
+  const auto Painted = [this] {
+    Chart.Paint();  // the layout places the axes
+    return Text(Form);
+  };
+  const std::string Before = Painted();
+  std::mt19937 Random(1);
+  const auto OneOf = [&Random](const auto& List) { return List[Random() % List.size()]; };
+  for (int Call = 0; Call < 60; ++Call) {
+    std::vector<TComponent*> Parts;
+    for (TComponent* Component : Form.Components())
+      if (Component != &Sample && Component != &Stack && Component != Chart.Graph) Parts.push_back(Component);
+    const int Kind = static_cast<int>(Random() % 4);
+    TComponent* const Part = Parts.empty() ? nullptr : OneOf(Parts);
+    if (Kind == 0 && Part != nullptr) {
+      const TZyUndoGroup Group(&Stack, "gone");  // what pointed at it says so in steps of its own
+      Stack.PushComponent(Part, "gone");
+      delete Part;
+    } else if (Kind == 1) {
+      auto* const Series = new TZyLineSeries(&Form);
+      Series->SetName("Made" + std::to_string(Call));
+      Stack.PushFreeComponent(Series, "made");
+      Series->SetUndoStack(&Stack);
+      if (auto* const Axis = dynamic_cast<TZyAxis*>(Part)) Series->SetXAxis(Axis);
+    } else if (Kind == 2 && Part != nullptr && dynamic_cast<TZyDoubleVector*>(Part) == nullptr) {
+      const auto& Rows = Part->ClassInfo().Properties();
+      const TPropInfo& Info = *Rows[Random() % Rows.size()];
+      if (IsUndone(Info)) SetAtRandom(*Part, Info, Form, Random);
+    } else if (Kind == 3) {
+      Chart.Paint();
+    }
+  }
+  const std::string After = Painted();
+  const int Steps = Stack.UndoList().Count();
+  ASSERT_GT(Steps, 0);
+  for (int Round = 0; Round < 2; ++Round) {
+    while (Stack.CanUndo()) Stack.Undo();
+    ASSERT_TRUE(Painted() == Before) << "undone";
+    ASSERT_EQ(Stack.RedoList().Count(), Steps);
+    Stack.Redo(Steps - 1);
+    ASSERT_TRUE(Painted() == After) << "redone";
   }
 }
 

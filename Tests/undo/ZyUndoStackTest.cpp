@@ -189,7 +189,7 @@ TEST_F(ZyUndoStackTest, EveryKindOfStepGoesBackAndForth) {
   Check("layer, which is not published", [&] { Series.SetLayer(4); });
 }
 
-/// A sample whose setter can fail.
+/// A sample whose setter can fail and call back.
 struct TMoodySample : TSample {
   ZY_CLASS(TMoodySample, TSample)
   using TSample::TSample;
@@ -197,7 +197,9 @@ struct TMoodySample : TSample {
   void SetMood(int Value) {
     if (Refuses) throw ERangeError("no");
     FMood = Value;
+    if (OnMood) OnMood();
   }
+  std::function<void()> OnMood;
   bool Refuses = false;
   int FMood = 0;
 };
@@ -226,6 +228,37 @@ TEST_F(ZyUndoStackTest, AFailingStepClearsTheStackAndIsTold) {
     EXPECT_EQ(Stack.UndoList().Count(), 1);
     Stack.Clear();
   }
+}
+
+TEST_F(ZyUndoStackTest, CallsFromInsideAReplayOrAGroupBreakNoStep) {
+  TMoodySample Sample(&Module);
+  Sample.SetName("Moody");
+  for (int Call = 0; Call < 3; ++Call) {
+    for (int Mood = 1; Mood <= 3; ++Mood) {
+      Stack.PushProperty(&Sample, "Mood", "Mood");
+      Sample.SetMood(Mood);
+    }
+    Sample.OnMood = [&] { Call == 0 ? Stack.Clear() : Call == 1 ? Stack.Undo() : Stack.Redo(); };
+    Stack.Undo(1);
+    Sample.OnMood = nullptr;
+    EXPECT_EQ(Sample.Mood(), 1) << Call;
+    EXPECT_EQ(Stack.UndoList().Count(), Call == 0 ? 0 : 1) << Call;
+    EXPECT_EQ(Stack.RedoList().Count(), Call == 0 ? 0 : 2) << Call;
+    Stack.Clear();
+    Sample.SetMood(0);
+  }
+  Stack.PushProperty(&Sample, "before", "Mood");
+  Stack.StartGroup("drag");
+  Stack.PushProperty(&Sample, "Mood", "Mood");
+  Sample.SetMood(1);
+  Stack.Undo();
+  EXPECT_EQ(Sample.Mood(), 1);
+  Stack.StopGroup();
+  EXPECT_EQ(LabelsOf(Stack.UndoList()), (TLabels{"drag", "before"}));
+  Stack.SetLimit(1);
+  EXPECT_EQ(LabelsOf(Stack.UndoList()), TLabels{"drag"});
+  Stack.Undo();
+  EXPECT_EQ(Sample.Mood(), 0);
 }
 
 TEST_F(ZyUndoStackTest, DeadTargetsAreNeverFollowed) {

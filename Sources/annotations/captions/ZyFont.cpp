@@ -106,7 +106,22 @@ void TZyFont::SetAsTFont(const TControlFont& Value) { Assign(&Value); }
 
 void TZyFont::Assign(const TPersistent* Source) {
   if (const auto* const Plain = dynamic_cast<const TControlFont*>(Source)) return AssignPlain(*Plain);
+  if (const auto* const Other = dynamic_cast<const TZyFont*>(Source)) return AssignFont(*Other);
   TZyStyleSettings::Assign(Source);
+  NeedsResize();
+}
+
+/// Each label of a chart takes a font, so this does not go through the table of properties.
+void TZyFont::AssignFont(const TZyFont& Source) {
+  FName = Source.FName;
+  if (Source.Size() > 0) FWholeSize = std::max(static_cast<int>(std::lround(Source.Size())), 1);
+  FSize = Source.Size();
+  FCharset = Source.FCharset;
+  FStyle = Source.FStyle;
+  FFillColor = Source.FFillColor;
+  FDrawEffects = Source.FDrawEffects;
+  FRenderingHint = Source.FRenderingHint;
+  FGradient.Assign(&Source.FGradient);  // tells that the look changed
   NeedsResize();
 }
 

@@ -87,6 +87,7 @@ class TZyFont : public TZyStyleSettings {
   void PushToUndoStack(TZyUndoStack* Stack, std::string_view Comment);
 
  private:
+  void AssignFont(const TZyFont& Source);
   void AssignPlain(const TControlFont& Source);
   void NeedsResize();
 

@@ -95,6 +95,21 @@ std::unique_ptr<Brush> TZyGradientSettings::GetBrush(const TRect& View, float An
   return GetBrush(ToRectF(View), Angle);
 }
 
+/// Part of each font, and so copied with each label of a chart: not through the table of properties.
+void TZyGradientSettings::Assign(const TPersistent* Source) {
+  const auto* const Other = dynamic_cast<const TZyGradientSettings*>(Source);
+  if (Other == nullptr) return TZyStyleSettings::Assign(Source);
+  FVisible = Other->FVisible;
+  FStyle = Other->FStyle;
+  FFirstColor = Other->FFirstColor;
+  FMiddleColor = Other->FMiddleColor;
+  FLastColor = Other->FLastColor;
+  FLinearAngle = Other->FLinearAngle;
+  FLinearCenter = Other->FLinearCenter;
+  FRadialCenter = Other->FRadialCenter;
+  Modified();
+}
+
 void TZyGradientSettings::Fields(TZyArchive& Archive) {
   using T = TZyGradientSettings;
   Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");

@@ -46,6 +46,7 @@ class TZyGradientSettings : public TZyStyleSettings {
   std::unique_ptr<Brush> GetBrush(const RectF& View, float Angle) const;
   std::unique_ptr<Brush> GetBrush(const TRect& View, float Angle) const;
 
+  void Assign(const TPersistent* Source) override;
   void Fields(TZyArchive& Archive) override;
 
  private:

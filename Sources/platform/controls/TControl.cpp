@@ -55,6 +55,8 @@ void TControl::SetParent(TWinControl* Value) {
   RealignParent();
 }
 
+TComponent* TControl::ParentComponent() const { return FParent; }
+
 void TControl::SetParentComponent(TComponent* Value) { SetParent(dynamic_cast<TWinControl*>(Value)); }
 
 void TControl::Loaded() {

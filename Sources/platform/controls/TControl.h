@@ -32,7 +32,7 @@ class TControl : public TComponent {
   /// Leaves the old parent and becomes the last control of the new one; null for none. Throws EInvalidOperation for the
   /// control itself and for what lies inside it.
   virtual void SetParent(TWinControl* Value);
-  bool HasParent() const override { return FParent != nullptr; }
+  TComponent* ParentComponent() const override;
   void SetParentComponent(TComponent* Value) override;
   void Loaded() override;
 

@@ -24,9 +24,11 @@ class TMenuItem : public TComponent {
 
   /// The item that this one lies in, null for none.
   TMenuItem* Parent() const { return FParent; }
-  bool HasParent() const override { return FParent != nullptr; }
+  TComponent* ParentComponent() const override { return FParent; }
   void SetParentComponent(TComponent* Value) override;
   void GetChildren(const std::function<void(TComponent*)>& Proc, TComponent* Root) override;
+  int ChildIndex(const TComponent& Child) const override { return IndexIn(FItems, Child); }
+  void SetChildIndex(TComponent& Child, int Index) override { MoveIn(FItems, Child, Index); }
 
   /// The items in this one, from the top down.
   const std::vector<TMenuItem*>& Items() const { return FItems; }

@@ -154,6 +154,19 @@ void TWinControl::GetChildren(const std::function<void(TComponent*)>& Proc, TCom
   Inherited::GetChildren(Proc, Root);
 }
 
+int TWinControl::ChildIndex(const TComponent& Child) const {
+  return Child.ParentComponent() == this ? IndexIn(FControls, Child) : Inherited::ChildIndex(Child);
+}
+
+void TWinControl::SetChildIndex(TComponent& Child, int Index) {
+  if (Child.ParentComponent() != this) return Inherited::SetChildIndex(Child, Index);
+  MoveIn(FControls, Child, Index);
+  for (TControl* Control : std::vector(FControls))
+    if (auto* const Inner = dynamic_cast<TWinControl*>(Control); Inner != nullptr && Inner->FWidget != nullptr)
+      Inner->FWidget->raise();
+  Invalidate();
+}
+
 // --- Parents and controls -------------------------------------------------------------------------------------------
 
 void TWinControl::SetParent(TWinControl* Value) {

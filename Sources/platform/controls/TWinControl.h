@@ -36,6 +36,8 @@ class TWinControl : public TControl {
   void SetParent(TWinControl* Value) override;
   /// Controls that Root owns are streamed inside their parent.
   void GetChildren(const std::function<void(TComponent*)>& Proc, TComponent* Root) override;
+  int ChildIndex(const TComponent& Child) const override;
+  void SetChildIndex(TComponent& Child, int Index) override;
   /// Gives the aligned controls their edges, and the anchored ones their distance from them.
   void AlignControls();
   void Loaded() override;

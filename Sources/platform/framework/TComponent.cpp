@@ -157,6 +157,10 @@ void TComponent::GetChildren(const std::function<void(TComponent*)>& Proc, TComp
 
 void TComponent::SetParentComponent(TComponent*) {}
 
+int TComponent::ChildIndex(const TComponent& Child) const { return IndexIn(FComponents, Child); }
+
+void TComponent::SetChildIndex(TComponent& Child, int Index) { MoveIn(FComponents, Child, Index); }
+
 void TComponent::Notification(TComponent*, TOperation) {}
 
 void TRefBase::Point(TComponent* Target) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -74,10 +76,15 @@ class TComponent : public TPersistent {
   /// Calls Proc for each component that is streamed inside this one. By default a root streams what it owns and what
   /// has no parent of its own.
   virtual void GetChildren(const std::function<void(TComponent*)>& Proc, TComponent* Root);
-  /// Whether the component lies in another one (a control in its parent) and is streamed there.
-  virtual bool HasParent() const { return false; }
+  /// What the component lies in (a control in its parent) and is streamed in; null for none.
+  virtual TComponent* ParentComponent() const { return nullptr; }
+  bool HasParent() const { return ParentComponent() != nullptr; }
   /// Puts the component into a parent while a form is read. Nothing for a component without parents.
   virtual void SetParentComponent(TComponent* Parent);
+  /// Place of a component among those that lie in this one, or, when it lies in none, that this one owns; from 0. -1
+  /// for a stranger, which SetChildIndex leaves alone. An index beyond the last place means that one.
+  virtual int ChildIndex(const TComponent& Child) const;
+  virtual void SetChildIndex(TComponent& Child, int Index);
 
  protected:
   /// Hears of components that enter or leave the owned ones, and of the death of components that were asked for.
@@ -85,6 +92,19 @@ class TComponent : public TPersistent {
   virtual void Notification(TComponent* AComponent, TOperation Operation);
   /// For SetName: stores a checked name.
   void ChangeName(const std::string& Value);
+  /// For ChildIndex and SetChildIndex of classes with children: the same in a list.
+  template <class T>
+  static int IndexIn(const std::vector<T*>& List, const TComponent& Child) {
+    const auto Place = std::ranges::find(List, &Child);
+    return Place == List.end() ? -1 : static_cast<int>(Place - List.begin());
+  }
+  template <class T>
+  static void MoveIn(std::vector<T*>& List, const TComponent& Child, int Index) {
+    const auto From = std::ranges::find(List, &Child);
+    if (From == List.end() || Index < 0) return;
+    const auto To = List.begin() + std::min<std::ptrdiff_t>(Index, std::ssize(List) - 1);
+    From < To ? std::rotate(From, From + 1, To + 1) : std::rotate(To, From, From + 1);
+  }
 
  private:
   friend class TReader;

@@ -283,6 +283,7 @@ TComponent* TReader::FindOrCreate(const std::string& ClassName, const std::strin
   }
   if (Info.Factory() == nullptr) throw EClassNotFound(Format(LoadResString(_sClassNotFound), {ClassName}));
   std::unique_ptr<TComponent> Component(Info.Factory()(FRoot));
+  MarkLoading(*Component);  // else it would take its name for one that a designer gives, and set itself up
   if (Component->Name() != Name) Component->SetName(Name);
   if (FRoot == nullptr) FRoot = Component.get();
   FCreated.push_back(Component->LiveHandle());
