@@ -160,6 +160,9 @@ TEST(Drawing, ABarHasThreeShadedFaces) {
                            "FillPolygon(linear 29 39.5 to 38 39.5 0:FF4D4D4D 0.5:FF404040 1:FF333333, " + Side,
                            "DrawPolygon(pen linear 29 39.5 to 38 39.5 0:FF000000 0.5:FF000000 1:FF000000 1, " + Side};
   EXPECT_EQ(CallsOf([](Graphics& Gr) { Draw3DBar(Gr, Black, Gray, 30, 60, 10, 20, -8, 4); }), Expected);
+  const Bitmap Painted = Picture(80, 80, [](Graphics& Gr) { Draw3DBar(Gr, Black, 0xFF80FFFF, 40, 20, 60, 60, 8, 4); });
+  for (const int X : {50, 55, 60})
+    ExpectSpots(Painted, {{X, 16, Black}, {X, 20, Black}, {60, X, Black}, {40, X, Black}}, 40);
   // A translucent one has no silhouette, one without a frame no outline.
   const TCalls Calls =
       CallsOf([](Graphics& Gr) { Draw3DBar(Gr, Colors::Transparent, 0xFE808080, 10, 20, 30, 60, 8, 4, -50, 200); });

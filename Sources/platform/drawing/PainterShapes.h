@@ -58,11 +58,11 @@ class TPicturePaint : public TRasterPaint {
  public:
   TPicturePaint(QImage Picture, int Left, int Top) : FPicture(std::move(Picture)), FLeft(Left), FTop(Top) {}
   void Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const override {
-    const bool IsInside =
-        Y >= FTop && Y < FTop + FPicture.height() && X >= FLeft && X + Count <= FLeft + FPicture.width();
-    if (!IsInside) return static_cast<void>(std::fill_n(Pixels, Count, 0u));
+    const int From = std::max(X, FLeft), To = std::min(X + Count, FLeft + FPicture.width());
+    std::fill_n(Pixels, Count, 0u);  // what is asked for may begin beyond the picture, where nothing is covered
+    if (Y < FTop || Y >= FTop + FPicture.height() || From >= To) return;
     const auto* const Row = reinterpret_cast<const std::uint32_t*>(FPicture.constScanLine(Y - FTop));
-    std::copy_n(Row + (X - FLeft), Count, Pixels);
+    std::copy(Row + (From - FLeft), Row + (To - FLeft), Pixels + (From - X));
   }
 
  private:
