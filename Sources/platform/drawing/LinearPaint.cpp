@@ -58,13 +58,15 @@ void TLinearPaint::FillSteps(int First, int Last, const TGradientStop& From, con
 }
 
 void TLinearPaint::Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const {
-  // The gradient repeats: steps count in whole numbers whose low bits are the place in the table.
-  constexpr double Fraction = 1 << 20, Period = MostSteps * Fraction;  // all of a 30-bit number, and of any shorter
-  const double Start = std::fmod((FAtOrigin + FAlongX * X + FAlongY * Y) * Fraction, Period);
-  const double Slope = std::fmod(FAlongX * Fraction, Period);
-  if (!std::isfinite(Start) || !std::isfinite(Slope)) return static_cast<void>(std::fill_n(Pixels, Count, FColors[0]));
-  auto Place = static_cast<std::uint32_t>(static_cast<std::int64_t>(std::floor(Start)));
-  const auto Step = static_cast<std::uint32_t>(static_cast<std::int64_t>(std::floor(Slope + 0.5)));
+  // The gradient repeats: steps count in whole numbers, of which some bits in the middle are the place in the table.
+  constexpr double Fraction = 1 << 20, Period = MostSteps;
+  const auto InWholes = [](double Steps) {
+    const double Left = Steps - std::floor(Steps / Period) * Period;
+    return static_cast<std::uint32_t>(Left >= 0 && Left < Period ? Left * Fraction
+                                                                 : 0.0);  // not so for what is no number
+  };
+  std::uint32_t Place = InWholes(FAtOrigin + FAlongX * X + FAlongY * Y);
+  const std::uint32_t Step = InWholes(FAlongX);
   const auto Mask = static_cast<std::uint32_t>(FSteps - 1);
   for (int Index = 0; Index < Count; ++Index, Place += Step) Pixels[Index] = FColors[Place >> 20 & Mask];
 }
