@@ -206,9 +206,10 @@ void TPainterBackend::Draw(const TDrawState& State, const Pen& Pen, const TShape
 
 void TPainterBackend::DrawPlain(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
   if (StrokeByRaster(State, Pen, Shape)) return;
-  if (NeedsPicture(Pen.GetBrush())) return FillOutline(State, Pen, Shape);
   const float Reach = std::max(Pen.GetMiterLimit(), 2.0f);  // of caps and mitres, in widths
   const bool Smooth = State.Smoothing != SmoothingModeNone;
+  if (NeedsPicture(Pen.GetBrush()) || (FImage != nullptr && Smooth && IsGradient(Pen.GetBrush())))
+    return FillOutline(State, Pen, Shape);
   PaintWithPainter(State, TGrid::Centers, [&](QPainter& Painter) {
     QPen Stroke = Pen.ToQt();
     if (HasCountlessDashes(Pen, Shape)) Stroke.setStyle(Qt::SolidLine);
@@ -242,7 +243,7 @@ void TPainterBackend::FillOutline(const TDrawState& State, const Pen& Pen, const
   if (HasCountlessDashes(Pen, Shape)) Stroke.SetDashStyle(DashStyleSolid);
   GraphicsPath Outline = Shape.AsPath();
   Outline.Widen(Stroke);
-  FillByPicture(State, Pen.GetBrush(), TShape::Of(Outline));
+  Fill(State, Pen.GetBrush(), TShape::Of(Outline));
 }
 
 /// A brush is painted into a picture that is shown through the shape.

@@ -25,12 +25,6 @@ TRasterJoin JoinOf(LineJoin Join) {
                                  : TRasterJoin::Round;
 }
 
-/// The toolkit shares the spans of a gradient out to threads, which takes longer than the drawing of most shapes.
-bool IsGradient(const Brush& Brush) {
-  return dynamic_cast<const PathGradientBrush*>(&Brush) != nullptr ||
-         dynamic_cast<const LinearGradientBrush*>(&Brush) != nullptr;
-}
-
 }  // namespace
 
 /// What figures are filled with, within Margin of their points.

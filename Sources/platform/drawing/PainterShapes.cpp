@@ -29,6 +29,11 @@ bool IsSolid(const Brush& Brush) { return dynamic_cast<const SolidBrush*>(&Brush
 
 bool IsHatch(const Brush& Brush) { return dynamic_cast<const HatchBrush*>(&Brush) != nullptr; }
 
+bool IsGradient(const Brush& Brush) {
+  return dynamic_cast<const PathGradientBrush*>(&Brush) != nullptr ||
+         dynamic_cast<const LinearGradientBrush*>(&Brush) != nullptr;
+}
+
 const PathGradientBrush* AsFan(const Brush& Brush) {
   const auto* const Result = dynamic_cast<const PathGradientBrush*>(&Brush);
   return Result != nullptr && Result->IsFan() ? Result : nullptr;

@@ -29,6 +29,9 @@ TRasterTarget TargetOf(QImage& Picture);
 /// Kinds of brushes.
 bool IsSolid(const Brush& Brush);
 bool IsHatch(const Brush& Brush);
+/// Those go through the rasteriser where they can: the toolkit shares the spans of a gradient out to threads, which
+/// takes longer than the drawing of most shapes.
+bool IsGradient(const Brush& Brush);
 /// The brush as a fan of colours; null for any other.
 const PathGradientBrush* AsFan(const Brush& Brush);
 
