@@ -46,7 +46,8 @@ class TZyAxis : public TGraphicControl {
   TZyAxisArrowPoint& ArrowPoint() { return FArrowPoint; }
   const TZyAxisArrowPoint& ArrowPoint() const { return FArrowPoint; }
 
-  /// Text beside the axis. Trailing blanks are dropped.
+  /// Text beside the axis. Trailing blanks are dropped. Setting it throws what a variable of it throws, and
+  /// EConvertError for a malformed colour, with the text set; a form that is loaded throws nothing.
   const TZyRichCaption& Caption() const { return FCaptionRec.Caption(); }
   void SetCaption(const TZyRichCaption& Value);
   bool CaptionVisible() const { return FLook.CaptionVisible; }
@@ -230,10 +231,9 @@ class TZyAxis : public TGraphicControl {
   }
   /// Value at a pixel; the inverse. Dates count from the start in calendar distance.
   double WorldToNumber(float Pixel) const { return Transform().ValueAt(Pixel); }
-  /// The way from values to pixels as it is now, for who maps many of them.
-  TZyAxisTransform Transform() const {
-    return {FKind->Mapping(FSteps), FSteps.HasLogScaling ? FSteps.LogStart : FEnds.Start(), FPerPixel, FGeometry};
-  }
+  /// The way from values to pixels as of the last ticks, for who maps many of them. Ends that were set since count from
+  /// the next layout on, together with their ticks.
+  const TZyAxisTransform& Transform() const { return FTransform; }
   /// The caption, or the name of the component without one.
   const std::string& ToString() const { return Caption().empty() ? Name() : Caption(); }
 
@@ -254,8 +254,11 @@ class TZyAxis : public TGraphicControl {
   /// Restores the unrounded ends after a change of size.
   void CheckResize();
 
-  /// Whether data lie beyond the visible ends.
+  /// Whether data lie beyond the visible ends, so that there is something to scroll to: an end that was fixed hides
+  /// nothing.
   bool GetIsClipped() const;
+  /// Whether data of visible series lie beyond the start and beyond the stop, whatever these come from.
+  TZyBeyond DataBeyond() const;
 
   /// Whether there are zoom stages; the first one, 0, is the range before all zooming.
   bool GetCanZoomBack() const { return !FStages.empty(); }
@@ -291,8 +294,9 @@ class TZyAxis : public TGraphicControl {
   /// Length of the whole range; that of the visible one where there is none.
   double WholeOnScale() const { return ScrollRange().WholeLength(); }
   double IncrementOf(TZyScrollIncrement Increment) const;
-  /// Moves the visible range by a part of the whole one, as far as that reaches, to ticks where the ends are rounded.
-  void ScrollBy(double Part, bool AddsStage);
+  /// Moves the visible range by a part of the whole one, as far as that reaches; with OnTicks to ticks where the ends
+  /// are rounded. Without it the ends stay off the ticks until others are shown or the data change.
+  void ScrollBy(double Part, bool OnTicks);
   /// Shows a range scaled around a place that stays where it is, as far as the whole range reaches. A span too small
   /// to be drawn is not shown.
   void ZoomAround(double Start, double Stop, double Fixed, double Factor);
@@ -301,7 +305,7 @@ class TZyAxis : public TGraphicControl {
   double ValuesStart() const { return FEnds.Values().Start; }
   double ValuesStop() const { return FEnds.Values().Stop; }
   /// Values per pixel: of the logarithm on a logarithmic axis, in days of dates.
-  double NormalizeConst() const { return FPerPixel; }
+  double NormalizeConst() const { return FTransform.PerPixel(); }
   /// Pixels between the ends, and where the axis line starts in the control.
   float AxLength() const { return FGeometry.Length; }
   float AxLeft() const { return FGeometry.Left; }
@@ -399,6 +403,7 @@ class TZyAxis : public TGraphicControl {
   TZyEndRounding Rounding();
   void FollowMaster();
   void RescaleSamples();
+  void ShowWholeWhereSet();
   void TakeStage(int Stage);
   float AcrossCaption() const { return GetHorizontal() ? CaptionHeight() : CaptionWidth(); }
 
@@ -428,7 +433,7 @@ class TZyAxis : public TGraphicControl {
   TZyZoomStages FStages;
   TZyAxisTicks FTicks;
   TZyAxisLabels FLabels;
-  double FPerPixel = 1;  // values, days or decades, as of the last ticks
+  TZyAxisTransform FTransform{TZyMapping::Linear, 0, 1, FGeometry};  // as of the last ticks
   TZyScaleLabelEventHandler mGetScaleLabel;
   TNotifyEvent mGetTicks, mCalculated;
 };

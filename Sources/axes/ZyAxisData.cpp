@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <set>
 
 #include "series/vectors/ZyDoubleVector.h"
 
@@ -53,17 +54,20 @@ double TZyAxisData::SmallestPositiveBelow(double Stop) const {
 void TZyAxisData::RescaleSamples(const TZyAxisRange& From, const TZyAxisRange& To) const {
   const double Slope = (To.Stop - To.Start) / (From.Stop - From.Start);
   if (!std::isfinite(Slope)) return;
+  std::set<TZyDoubleVector*> Done;  // several series may share a vector
   for (const IZyAxisSeries* Series : FSeries)
-    if (TZyDoubleVector* const Vector = SampleData(FHorizontal ? Series->XData() : Series->YData()))
+    if (TZyDoubleVector* const Vector = SampleData(FHorizontal ? Series->XData() : Series->YData());
+        Vector != nullptr && Done.insert(Vector).second)
       Rescale(*Vector, [&](double Value) { return (Value - From.Start) * Slope + To.Start; });
 }
 
 void TZyAxisData::SpreadSamples(double Start) const {
   const std::size_t Count = FSeries.size();
   const auto N = static_cast<double>(Count);
-  for (std::size_t i = 1; i < Count; ++i) {
+  std::set<TZyDoubleVector*> Done;  // several series may share a vector
+  for (std::size_t i = 0; i < Count; ++i) {
     TZyDoubleVector* const Vector = SampleData(FHorizontal ? FSeries[i]->XData() : FSeries[i]->YData());
-    if (Vector == nullptr) continue;
+    if (Vector == nullptr || !Done.insert(Vector).second || i == 0) continue;
     const auto I = static_cast<double>(i);
     const double Factor = i + 1 == Count ? 1 / N : (N - I) / N * (N - 1) / (N - I - 1);
     Rescale(*Vector, [&](double Value) { return (Value - Start) * Factor + Start; });

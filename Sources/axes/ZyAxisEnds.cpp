@@ -5,8 +5,18 @@
 
 namespace zy {
 
+void TZyAxisEnds::ShowExactly(const TZyAxisRange& Range) {
+  Show(Range);
+  FExact = Range;
+}
+
+/// A range of which one end lies in the data, and the other one beyond the end that is shown, would turn the ends
+/// round.
 void TZyAxisEnds::ShowInData(const TZyAxisRange& Range) {
   const auto HasData = [this](double Value) { return Value >= FValues.Start && Value <= FValues.Stop; };
+  const TZyAxisRange New{HasData(Range.Start) ? Range.Start : FShown.Start,
+                         HasData(Range.Stop) ? Range.Stop : FShown.Stop};
+  if (New.Start >= New.Stop && Range.Start < Range.Stop) return;
   if (HasData(Range.Start)) FShown.Start = FLast.Start = Range.Start;
   if (HasData(Range.Stop)) FShown.Stop = FLast.Stop = Range.Stop;
 }
@@ -17,6 +27,7 @@ void TZyAxisEnds::TakeValuesAsShown() {
 
 void TZyAxisEnds::DataChanged() {
   FValues = {Largest, -Largest};
+  FExact.reset();
   FWaits = true;
 }
 
@@ -25,17 +36,17 @@ std::optional<TZyAxisRange> TZyAxisEnds::TakeData(const TZyAxisRange& Data, bool
   const bool HasData = Data.Stop >= Data.Start;
   if (HasData && Data == FValues) return std::nullopt;
   FValues = HasData ? Data : FInitial;
-  TZyAxisRange Ends = FShown;
+  TZyAxisRange Ends = Asked();
   if (Rules.StopEnd == TZyAxisEnd::MovingSlit) {
     if (!IsDesigning) TakeMovingSlit(Ends);
     return Ends;
   }
   if (Rules.StartEnd == TZyAxisEnd::AutoRange) Ends.Start = FValues.Start;
-  if (Rules.StartEnd == TZyAxisEnd::FirstSet) Ends.Start = std::min(FShown.Start, FValues.Start);
-  if (Rules.StartEnd == TZyAxisEnd::Fixed) FValues.Start = Ends.Start;
+  if (Rules.StartEnd == TZyAxisEnd::FirstSet) Ends.Start = std::min(Ends.Start, FValues.Start);
+  if (Rules.StartEnd == TZyAxisEnd::Fixed) FValues.Start = FShown.Start;
   if (Rules.StopEnd == TZyAxisEnd::AutoRange) Ends.Stop = FValues.Stop;
-  if (Rules.StopEnd == TZyAxisEnd::FirstSet) Ends.Stop = std::max(FShown.Stop, FValues.Stop);
-  if (Rules.StopEnd == TZyAxisEnd::Fixed) FValues.Stop = Ends.Stop;
+  if (Rules.StopEnd == TZyAxisEnd::FirstSet) Ends.Stop = std::max(Ends.Stop, FValues.Stop);
+  if (Rules.StopEnd == TZyAxisEnd::Fixed) FValues.Stop = FShown.Stop;
   return Ends;
 }
 
@@ -51,35 +62,51 @@ void TZyAxisEnds::TakeMovingSlit(TZyAxisRange& Ends) {
   Ends.Start = Ends.Stop - Width > FValues.Start ? Ends.Stop - Width : FInitial.Start;
 }
 
-bool TZyAxisEnds::ShowTaken(const TZyAxisRange& Rounded) {
-  if (Rounded == FLast) return false;
-  Show(Rounded);
-  return true;
+/// Padding is added to the range of the data, and once more by the layout.
+bool TZyAxisEnds::ShowTaken(const TZyAxisRange& Taken, const TZyAxisRange& Rounded) {
+  const bool IsNew = Rounded != FLast;
+  if (IsNew) Show(Rounded);
+  if (!Pads() && FShown == Rounded) {
+    FAsked = Taken;
+    FRounded = Rounded;
+  }
+  return IsNew;
 }
 
 void TZyAxisEnds::Unround() {
-  if (Rules.StartEnd == TZyAxisEnd::AutoRange) FShown.Start = FLast.Start;
-  if (Rules.StopEnd == TZyAxisEnd::AutoRange) FShown.Stop = FLast.Stop;
+  if (Rules.StartEnd == TZyAxisEnd::AutoRange) {
+    if (FShown.Start == FRounded.Start) FRounded.Start = FLast.Start;
+    FShown.Start = FLast.Start;
+  }
+  if (Rules.StopEnd == TZyAxisEnd::AutoRange) {
+    if (FShown.Stop == FRounded.Stop) FRounded.Stop = FLast.Stop;
+    FShown.Stop = FLast.Stop;
+  }
 }
 
-bool TZyAxisEnds::IsClipped(const TZyScaleKind& Kind) const {
+bool TZyAxisEnds::IsClipped(const TZyScaleKind& Kind, const TZyAxisSteps& Steps) const {
   if (FWaits || !HasValues()) return false;
-  const double Low = Rules.StartEnd == TZyAxisEnd::Fixed ? FShown.Start : FValues.Start;
-  const double High = Rules.StopEnd == TZyAxisEnd::Fixed ? FShown.Stop : FValues.Stop;
-  const double LowEnd = Kind.LowEnd(FShown.Start, FShown.Stop), HighEnd = Kind.HighEnd(FShown.Start, FShown.Stop);
-  const double Nearly = (HighEnd - LowEnd) * 1e-8;
-  return LowEnd - Nearly > Low || HighEnd + Nearly < High;
+  const TZyBeyond Beyond = Kind.Beyond(Steps, FShown, FValues);
+  return (Beyond.Start && Rules.StartEnd != TZyAxisEnd::Fixed) || (Beyond.Stop && Rules.StopEnd != TZyAxisEnd::Fixed);
 }
 
 double TZyAxisEnds::FirstPositive() const { return FValues.Start > 0 && FValues.Start < Largest ? FValues.Start : 0; }
 
+TZyAxisRange TZyAxisEnds::Asked() const {
+  return {FShown.Start == FRounded.Start ? FAsked.Start : FShown.Start,
+          FShown.Stop == FRounded.Stop ? FAsked.Stop : FShown.Stop};
+}
+
+/// Zooming begins with what is shown, and comes back to it.
 void TZyAxisEnds::Round(const TZyEndRounding& Rounding) {
   if (FIsRounded) return;
   FIsRounded = true;
-  if (FShown == FPadded && (Rules.StartPadding > 0 || Rules.StopPadding > 0)) FShown = FUnpadded;
-  FUnpadded = FShown;
+  if (Rounding.KeepsEnds()) return Rounding.Round(FShown.Start, FShown.Stop);
+  FAsked = Pads() || Rounding.Zoomed() == FRoundedZoomed ? Asked() : FShown;
+  FShown = FAsked;
   Rounding.Round(FShown.Start, FShown.Stop);
-  FPadded = FShown;
+  FRounded = FShown;
+  FRoundedZoomed = Rounding.Zoomed();
 }
 
 bool TZyAxisEnds::Follow(const TZyAxisRange& Master, const TZyEndRounding& Rounding) {

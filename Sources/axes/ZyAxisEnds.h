@@ -22,7 +22,10 @@ class TZyAxisEnds {
   void SetStop(double Value) { FShown.Stop = FInitial.Stop = FLast.Stop = Value; }
   /// Ends that a zoom sets: those that the user set stay known.
   void Show(const TZyAxisRange& Range) { FShown = FLast = Range; }
-  /// The same for those of the two that lie in the data.
+  /// The same, and the ends stay as they are, off the ticks, until others are shown or the data change.
+  void ShowExactly(const TZyAxisRange& Range);
+  bool AreExact() const { return FExact == FShown; }
+  /// The same as Show for those of the two that lie in the data, as long as that leaves a span.
   void ShowInData(const TZyAxisRange& Range);
 
   /// What the user decides; a moving range writes its width and its step here when they were left open.
@@ -42,12 +45,12 @@ class TZyAxisEnds {
   /// Takes the range of the data, and returns the ends that follow from it; nothing when it is as before. A range that
   /// is none stands for no data. While a form is designed nothing moves by itself.
   std::optional<TZyAxisRange> TakeData(const TZyAxisRange& Data, bool IsDesigning);
-  /// Shows rounded ends that follow from data; false when they are the same as the last time.
-  bool ShowTaken(const TZyAxisRange& Rounded);
+  /// Shows ends that follow from data, Taken, as they are rounded; false when these are the same as the last time.
+  bool ShowTaken(const TZyAxisRange& Taken, const TZyAxisRange& Rounded);
   /// Goes back to the ends as they were before rounding, where they follow the data.
   void Unround();
-  /// Whether data lie beyond the ends.
-  bool IsClipped(const TZyScaleKind& Kind) const;
+  /// Whether data lie beyond the ends, other than those that were fixed. Steps are those of the kind.
+  bool IsClipped(const TZyScaleKind& Kind, const TZyAxisSteps& Steps) const;
   /// Start of the data when that is above 0, else 0.
   double FirstPositive() const;
 
@@ -55,8 +58,8 @@ class TZyAxisEnds {
 
   /// The rounding is out of date.
   void Invalidate() { FIsRounded = false; }
-  /// Rounds the ends where that was not done. Padding starts again from the ends that it was added to, as long as they
-  /// are the same: a change of anything else must not make a padded axis grow.
+  /// Rounds the ends where that was not done. An end that still is what the last rounding, and padding, made of it is
+  /// rounded again from where it was asked for: a change of anything else must not make an axis grow.
   void Round(const TZyEndRounding& Rounding);
   /// Shows the ends of a master, with the steps that rounding finds for them; rounding itself would move them off the
   /// master's. Ends that are no numbers, or equal, are not taken; the own ones are rounded then.
@@ -64,13 +67,19 @@ class TZyAxisEnds {
 
  private:
   void TakeMovingSlit(TZyAxisRange& Ends);
+  /// The ends that are shown, before they were rounded.
+  TZyAxisRange Asked() const;
+  bool Pads() const { return Rules.StartPadding > 0 || Rules.StopPadding > 0; }
 
   static constexpr double Largest = std::numeric_limits<double>::max();
 
   TZyAxisRange FShown{0, 10};
   TZyAxisRange FInitial{0, 10};
-  TZyAxisRange FLast{0, 10};        // last taken from data
-  TZyAxisRange FUnpadded, FPadded;  // before and after the last rounding
+  TZyAxisRange FLast{0, 10};  // last taken from data
+  // Before and after the last rounding, and whether that was one of a zoomed axis.
+  TZyAxisRange FAsked{0, 10}, FRounded{0, 10};
+  bool FRoundedZoomed = false;
+  std::optional<TZyAxisRange> FExact;
   TZyAxisRange FValues{Largest, -Largest};
   bool FWaits = false;
   bool FIsRounded = false;

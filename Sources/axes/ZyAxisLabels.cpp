@@ -10,8 +10,7 @@
 namespace zy {
 
 float LabelBase(const TZyAxisGeometry& Geometry, const TZyAxisLook& Look) {
-  const float Distance =
-      Look.DistanceAxisLabels + (Look.TicksPointToData ? Look.AxisThicknes / 2 : Look.MajorTickLength);
+  const float Distance = Look.DistanceAxisLabels + (Look.TicksPointToData ? 0 : Look.MajorTickLength);
   return Geometry.PointsOutwards() ? Geometry.Across() + Distance : Geometry.Across() - Distance;
 }
 
@@ -73,12 +72,13 @@ void TZyAxisLabels::Clear() {
 }
 
 void TZyAxisLabels::Take(const TZyAxisTicks& Ticks, const TZyAxisGeometry& Geometry, const TZyAxisLook& Look,
-                         const TZyFont& Font, const TText& TextOf) {
-  for (const TZyTickLabel& Label : Ticks.Labels()) Add(Label, Geometry, Look, Font, TextOf);
+                         const TZyFont& Font, const TText& TextOf, const ModifiedCallback& OnVariablesChanged) {
+  for (const TZyTickLabel& Label : Ticks.Labels())
+    Add(Label, Geometry, Look, Font, TextOf).OnVariablesChanged = OnVariablesChanged;
 }
 
-void TZyAxisLabels::Add(const TZyTickLabel& Label, const TZyAxisGeometry& Geometry, const TZyAxisLook& Look,
-                        const TZyFont& Font, const TText& TextOf) {
+TZyRichCaptionObject& TZyAxisLabels::Add(const TZyTickLabel& Label, const TZyAxisGeometry& Geometry,
+                                         const TZyAxisLook& Look, const TZyFont& Font, const TText& TextOf) {
   auto Object = std::make_unique<TZyRichCaptionObject>();
   Object->SetCaption(TextOf(Label.Text, Label.Value));
   Object->CaptionFont().Assign(&Font);
@@ -95,6 +95,7 @@ void TZyAxisLabels::Add(const TZyTickLabel& Label, const TZyAxisGeometry& Geomet
   Object->X = Horizontal ? Place : Off;
   Object->Y = Horizontal ? Off : Place;
   FLabels.push_back(std::move(Object));
+  return *FLabels.back();
 }
 
 /// How far a slanted label moves along the axis so that its end, and not its middle, points at the tick.
@@ -107,10 +108,11 @@ float TZyAxisLabels::SlantShift(float Extent, float FontSize, const TZyAxisGeome
   return Negative ? -Shift : Shift;
 }
 
-/// The power of ten stands behind the last label where there is room up to the end of the scale, else between the last
-/// two, and outside their line where it would touch them there. A single label has none.
+/// The power of ten stands half way between the last label and the end of the scale, or, where the label stands at the
+/// end, half way between the last two; outside their line where it would touch them there. A single label has none.
 void TZyAxisLabels::PlaceExponent(const TZyAxisTicks& Ticks, const TZyAxisGeometry& Geometry, const TZyAxisLook& Look,
                                   const TZyFont& Font, float End) {
+  constexpr float AtEnd = 0.5f;  // pixels
   if (!Look.NumbersVisible || !Ticks.HasExponent() || FLabels.size() < 2) return;
   FExponent.SetCaption("·10\\+" + IntToStr(Ticks.Exponent()));
   FExponent.CaptionFont().Assign(&Font);
@@ -121,10 +123,10 @@ void TZyAxisLabels::PlaceExponent(const TZyAxisTicks& Ticks, const TZyAxisGeomet
   const float Last = Place(Label), Previous = Place(*FLabels[FLabels.size() - 2]);
   const float Needed =
       Along(Label.Width(), Label.Height(), Horizontal) + (Horizontal ? FExponent.Width() : FExponent.Height());
-  const bool FitsBehind = std::fabs(End - Last) > Needed;
-  const float Position = (Last + (FitsBehind ? End : Previous)) / 2;
+  const float Other = std::fabs(End - Last) > AtEnd ? End : Previous;
+  const float Position = (Last + Other) / 2;
   float Off = Look.DistanceAxisExtraExponent;
-  if (!FitsBehind && std::fabs(Previous - Last) < Needed) Off = std::max(Off, FRoom);
+  if (std::fabs(Other - Last) < Needed) Off = std::max(Off, FRoom);
   const float Line = LabelBase(Geometry, Look) + (Geometry.PointsOutwards() ? Off : -Off);
   FExponent.X = Horizontal ? Position : Line;
   FExponent.Y = Horizontal ? Line : Position;

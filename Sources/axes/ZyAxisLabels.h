@@ -26,9 +26,10 @@ class TZyAxisLabels {
 
   /// The text of a label in the place of one; a handler may have another.
   using TText = std::function<std::string(std::string Text, double Value)>;
-  /// Makes the labels of ticks anew, in a font, for an axis whose line is where it is.
+  /// Makes the labels of ticks anew, in a font, for an axis whose line is where it is. OnVariablesChanged runs when a
+  /// variable gives one of them another size.
   void Take(const TZyAxisTicks& Ticks, const TZyAxisGeometry& Geometry, const TZyAxisLook& Look, const TZyFont& Font,
-            const TText& TextOf);
+            const TText& TextOf, const ModifiedCallback& OnVariablesChanged);
   /// Places the power of ten. End is the pixel of the upper end of the scale.
   void PlaceExponent(const TZyAxisTicks& Ticks, const TZyAxisGeometry& Geometry, const TZyAxisLook& Look,
                      const TZyFont& Font, float End);
@@ -62,8 +63,8 @@ class TZyAxisLabels {
   TZyOverhang Overhang(const TZyAxisGeometry& Geometry, bool Reversed) const;
 
  private:
-  void Add(const TZyTickLabel& Label, const TZyAxisGeometry& Geometry, const TZyAxisLook& Look, const TZyFont& Font,
-           const TText& TextOf);
+  TZyRichCaptionObject& Add(const TZyTickLabel& Label, const TZyAxisGeometry& Geometry, const TZyAxisLook& Look,
+                            const TZyFont& Font, const TText& TextOf);
   float SlantShift(float Along, float FontSize, const TZyAxisGeometry& Geometry) const;
 
   float FAngle = 0;
@@ -73,7 +74,7 @@ class TZyAxisLabels {
   float FRoom = 0;
 };
 
-/// Line across the axis on which the labels stand, in the control: behind the ticks, or else behind the axis line.
+/// Line across the axis on which the labels stand, in the control: behind the ticks, or else at the axis line.
 float LabelBase(const TZyAxisGeometry& Geometry, const TZyAxisLook& Look);
 
 }  // namespace zy

@@ -49,6 +49,7 @@ class TZyAxisLayout {
   void SizeBottomAxis(TZyAxis& Axis, float Need);
   void SizeTopAxis(TZyAxis& Axis, float Need);
   void FitOverhangs();
+  static void KeepLineInside(TZyAxis& Axis);
   void FitLow(TSide& Side, float Overhang);
   void FitHigh(TSide& Side, float Overhang, float Extent);
 

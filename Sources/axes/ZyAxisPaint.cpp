@@ -25,10 +25,10 @@ std::string TZyAxis::LabelText(std::string Text, double Value) {
   return std::move(Args.Caption);
 }
 
-/// The extent along the axis is the one that the layout gives the control. A new control and one whose parent was
-/// resized get it only in the next pass, while ranges are taken before it.
+/// The extent of the control along the axis. Where a graph's layout gives it one, a new control and one whose parent
+/// was resized get it only in the next pass, while ranges are taken before it.
 TZyLabelRoom TZyAxis::LabelRoom() {
-  const TWinControl* const Container = Parent();
+  const TWinControl* const Container = AutoSize() && Graph() != nullptr ? Parent() : nullptr;
   const int Across = Container == nullptr ? Width() : Container->ClientWidth();
   const int Upright = Container == nullptr ? Height() : Container->ClientHeight();
   const int Length = GetHorizontal() ? Across : Upright;
@@ -45,13 +45,15 @@ void TZyAxis::CalculateTicks() {
   if (!(FGeometry.Length > 0)) FGeometry.Length = LengthWithoutRoom;
   FTicks.Clear();
   FLabels.Clear();
-  FPerPixel = FKind->PerPixel(FSteps, Start(), Stop(), FGeometry.Length);
+  FTransform = {FKind->Mapping(FSteps), FSteps.HasLogScaling ? FSteps.LogStart : Start(),
+                FKind->PerPixel(FSteps, Start(), Stop(), FGeometry.Length), FGeometry};
   FKind->FollowSpan(FSteps, FStepRules, Start(), Stop());
   TZyTickWriter Writer(FTicks, Transform(), LowEnd(), HighEnd(), static_cast<double>(FGeometry.Length),
                        NumbersVisible(), FMajorGridMode);
   FKind->PutTicks(Writer, FSteps, FStepRules, LabelRoom(), FRubrics.Texts());
-  FLabels.Take(FTicks, FGeometry, FLook, FFont,
-               [this](std::string Text, double Value) { return LabelText(std::move(Text), Value); });
+  FLabels.Take(
+      FTicks, FGeometry, FLook, FFont,
+      [this](std::string Text, double Value) { return LabelText(std::move(Text), Value); }, [this] { Modified(); });
   FLabels.PlaceExponent(FTicks, FGeometry, FLook, FFont, NumberToWorld(HighEnd()));
   PlaceAxisCaption(FCaptionRec, FGeometry, FLook, FLabels);
 }

@@ -7,18 +7,19 @@
 #include "axes/ZyAxis.h"
 #include "axes/ZyAxisPainter.h"
 #include "graph/parts/ZyAxisGraph.h"
+#include "platform/framework/ScopedFlag.h"
 #include "undo/ZyChange.h"
 #include "undo/ZyUndoGroup.h"
 
 namespace zy {
 
-/// Trailing blanks are dropped.
 void TZyAxis::SetCaption(const TZyRichCaption& Value) {
-  const TZyRichCaption Trimmed = Value.substr(0, Value.find_last_not_of(' ') + 1);
-  ChangeBy(this, Caption(), Trimmed, "Caption", [this](const TZyRichCaption& Text) {
+  ChangeBy(this, Caption(), TrimRight(Value), "Caption", [this](const TZyRichCaption& Text) {
     FCaptionRec.SetCaption(Text);
     FCaptionOfName.WasSet();
     Modified();
+    // What is loaded may name what is not there yet, and an axis without a parent as well; the layout parses them.
+    if (Parent() != nullptr && !IsLoading()) FCaptionRec.ParseForSize();
   });
 }
 
@@ -151,11 +152,7 @@ void TZyAxis::SetCaptionFont(const TZyFont& Value) {
 }
 
 void TZyAxis::SetColor(TZyFont& Font, TZyColor Value) {
-  struct TSetting {
-    bool& Flag;
-    ~TSetting() { Flag = false; }
-  } const Setting{FSettingColor};
-  FSettingColor = true;
+  const TScopedValue Setting(FSettingColor, true);
   Font.SetFillColor(Value);
 }
 

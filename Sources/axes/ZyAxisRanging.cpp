@@ -108,29 +108,42 @@ void TZyAxis::SetMovingSlitIncrement(double Value) {
 void TZyAxis::RangeModified() {
   if (IsDestroying()) return;
   if (const IZyAxisGraph* const Parent = Graph(); Parent != nullptr && Parent->LoadingRecord()) return;
-  if (GetCanZoomBack()) {
-    if (StartEnd() != TZyAxisEnd::AutoRange) SetStart(FStages.Whole().Start);
-    if (StopEnd() != TZyAxisEnd::AutoRange) SetStop(FStages.Whole().Stop);
-  }
+  if (GetCanZoomBack()) ShowWholeWhereSet();
   if (FRelatedSeries.empty()) return Modified();
   FEnds.DataChanged();
   ZoomClearBuffer();
 }
 
+/// The end of a zoom shows the whole range again where no data say what it is. That is no step of the user's, as the
+/// zoom was none, and what the user set stays known.
+void TZyAxis::ShowWholeWhereSet() {
+  const TZyAxisRange& Whole = FStages.Whole();
+  SetStartStop(StartEnd() == TZyAxisEnd::AutoRange ? Start() : Whole.Start,
+               StopEnd() == TZyAxisEnd::AutoRange ? Stop() : Whole.Stop);
+}
+
 void TZyAxis::GetNewRanges() {
   if (!FEnds.Waits()) return;
-  std::optional<TZyAxisRange> Range = FEnds.TakeData(Data().Range(), IsDesigning());
-  if (!Range) return;
+  const std::optional<TZyAxisRange> Taken = FEnds.TakeData(Data().Range(), IsDesigning());
+  if (!Taken) return;
   const TZyAxisSteps Kept = FSteps;
-  Rounding().Round(Range->Start, Range->Stop);
-  if (FEnds.ShowTaken(*Range)) {
+  TZyAxisRange Range = *Taken;
+  Rounding().Round(Range.Start, Range.Stop);
+  if (FEnds.ShowTaken(*Taken, Range)) {
     Modified();
   } else {
     FSteps = Kept;  // the ends that stand were rounded to these steps
   }
 }
 
-bool TZyAxis::GetIsClipped() const { return Graph() != nullptr && !FRelatedSeries.empty() && FEnds.IsClipped(*FKind); }
+bool TZyAxis::GetIsClipped() const {
+  return Graph() != nullptr && !FRelatedSeries.empty() && FEnds.IsClipped(*FKind, FSteps);
+}
+
+TZyBeyond TZyAxis::DataBeyond() const {
+  const TZyAxisRange Range = Data().Range();
+  return Range.Start > Range.Stop ? TZyBeyond{} : FKind->Beyond(FSteps, FEnds.Shown(), Range);
+}
 
 void TZyAxis::CheckResize() {
   if (LayoutRunning) return;
@@ -157,7 +170,7 @@ TZyEndRounding TZyAxis::Rounding() {
   const IZyAxisGraph* const Parent = Graph();
   TZyEndRounding::TCircumstances Now;
   Now.Panning = Parent != nullptr && Parent->Panning();
-  Now.KeepsEnds = Now.Panning || (Parent != nullptr && Parent->Pinching());
+  Now.KeepsEnds = Now.Panning || FEnds.AreExact() || (Parent != nullptr && Parent->Pinching());
   Now.Zoomed = GetCanZoomBack();
   Now.IsSlave = IsSlave();
   const auto FirstPositive = [this](double Stop) {
@@ -224,16 +237,16 @@ double TZyAxis::IncrementOf(TZyScrollIncrement Increment) const {
     case TZyScrollIncrement::MinorTick:
       return MinorIncrement();
     case TZyScrollIncrement::Pixel:
-      return FPerPixel;
+      return NormalizeConst();
   }
   return 0;
 }
 
-void TZyAxis::ScrollBy(double Part, bool AddsStage) {
+void TZyAxis::ScrollBy(double Part, bool OnTicks) {
   using enum TZyAxisEndRounding;
   const IZyAxisGraph* const Parent = Graph();
   const bool Rounds =
-      (Parent == nullptr || !Parent->Panning()) &&
+      OnTicks && (Parent == nullptr || !Parent->Panning()) &&
       (EndRounding() == RndToMajorZoomToMinor || EndRounding() == RndToMajor || EndRounding() == RndToMinor);
   TZyScrollRange::TRound Round;
   if (Rounds)
@@ -241,11 +254,10 @@ void TZyAxis::ScrollBy(double Part, bool AddsStage) {
   const TZyScrollRange Range = ScrollRange();
   const auto Moved = Range.MovedBy(Range.WholeLength() * Part * (Twisted() ? -1 : 1), Round);
   if (!Moved) return;
-  if (AddsStage) {
-    ZoomIn(Moved->Start, Moved->Stop);
-  } else {
-    SetStartStop(Moved->Start, Moved->Stop);
-  }
+  if (OnTicks) return SetStartStop(Moved->Start, Moved->Stop);
+  if (*Moved == FEnds.Shown()) return;
+  FEnds.ShowExactly(*Moved);
+  Modified();
 }
 
 void TZyAxis::ZoomAround(double Start, double Stop, double Fixed, double Factor) {

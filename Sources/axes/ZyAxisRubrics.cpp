@@ -1,6 +1,7 @@
 #include "axes/ZyAxisRubrics.h"
 
 #include "platform/data/TDataSet.h"
+#include "platform/framework/ScopedFlag.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
@@ -55,11 +56,7 @@ void TZyAxisRubrics::Update() {
     FIsBound = false;
     return;
   }
-  struct TReading {
-    bool& Flag;
-    ~TReading() { Flag = false; }
-  } const Reading{FIsReading};
-  FIsReading = true;
+  const TScopedValue Reading(FIsReading, true);
   FIsStale = false;
   try {
     TStringList Texts;

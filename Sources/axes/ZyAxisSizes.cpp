@@ -16,6 +16,16 @@ constexpr float LengthsOfArrow = 3;  // room of an arrow in lengths of its tip
 
 int Whole(float Value) { return static_cast<int>(Value); }
 
+/// Half the thickness of what is drawn at a line, in whole pixels' edges: a line covers the pixels around its centre.
+float HalfLine(const TZyAxis& Axis) { return Axis.AxisThicknes() / 2 + 0.5f; }
+
+/// What the control of a left or upper axis needs for its line and what points from there to the data. The line is the
+/// first one of the data area, behind the room that the axis takes beside that.
+float ExtentUpToData(const TZyAxis& Axis) {
+  const float Ticks = Axis.TicksPointToData() ? std::max(Axis.MajorTickLength(), Axis.TickLength()) : 0;
+  return std::ceil(Axis.Geometry().Across() + std::max(HalfLine(Axis), Ticks));
+}
+
 }  // namespace
 
 float TZyAxisLayout::ClientExtent(const TZyAxis& Axis) const {
@@ -97,12 +107,13 @@ bool TZyAxisLayout::DropsMargin(const TZyAxis* Across) const {
 }
 
 void TZyAxisLayout::SizeLeftAxis(TZyAxis& Axis, float Need) {
-  if (FGraph == nullptr) {
-    Axis.SetWidth(Whole(Need));
-  } else {
-    Axis.SetBounds(Whole(FLeft.Margin), 0, Whole(Need), FParent.ClientHeight());
-  }
   Axis.SetAxLeft(Axis.TicksPointToData() ? Need - Axis.MajorTickLength() : std::ceil(Need - Axis.AxisThicknes() / 2));
+  const int Extent = Whole(std::max(Need, ExtentUpToData(Axis)));
+  if (FGraph == nullptr) {
+    Axis.SetWidth(Extent);
+  } else {
+    Axis.SetBounds(Whole(FLeft.Margin), 0, Extent, FParent.ClientHeight());
+  }
   if (!Axis.Visible()) return;
   FLeft.Axis = &Axis;
   if (FGraph == nullptr || !DropsMargin(FGraph->PrimaryXAxis())) FLeft.Margin += Need;
@@ -136,12 +147,13 @@ void TZyAxisLayout::SizeBottomAxis(TZyAxis& Axis, float Need) {
 }
 
 void TZyAxisLayout::SizeTopAxis(TZyAxis& Axis, float Need) {
-  if (FGraph == nullptr) {
-    Axis.SetHeight(Whole(Need));
-  } else {
-    Axis.SetBounds(0, Whole(FTop.Margin), FParent.ClientWidth(), Whole(Need));
-  }
   Axis.SetAxTop(Axis.TicksPointToData() ? Need - Axis.MajorTickLength() : std::ceil(Need - Axis.AxisThicknes() / 2));
+  const int Extent = Whole(std::max(Need, ExtentUpToData(Axis)));
+  if (FGraph == nullptr) {
+    Axis.SetHeight(Extent);
+  } else {
+    Axis.SetBounds(0, Whole(FTop.Margin), FParent.ClientWidth(), Extent);
+  }
   if (!Axis.Visible()) return;
   FTop.Axis = &Axis;
   FTop.Margin += Need;
@@ -162,6 +174,19 @@ void SetLine(TZyAxis& Axis, float Value) {
 
 }  // namespace
 
+/// A line that was moved to the data area lies inside the control again, which grows up to it.
+void TZyAxisLayout::KeepLineInside(TZyAxis& Axis) {
+  const float Line = Axis.Geometry().Across();
+  const int Before = std::max(Whole(std::ceil(HalfLine(Axis) - 1 - Line)), 0);
+  SetLine(Axis, Line + static_cast<float>(Before));
+  const int Extent = Whole(std::ceil(Axis.Geometry().Across() + HalfLine(Axis)));
+  if (Axis.GetHorizontal()) {
+    Axis.SetBounds(Axis.Left(), Axis.Top() - Before, Axis.Width(), std::max(Axis.Height() + Before, Extent));
+  } else {
+    Axis.SetBounds(Axis.Left() - Before, Axis.Top(), std::max(Axis.Width() + Before, Extent), Axis.Height());
+  }
+}
+
 /// The side at coordinate 0: left or top.
 void TZyAxisLayout::FitLow(TSide& Side, float Overhang) {
   if (Side.Axis == nullptr) {
@@ -169,6 +194,7 @@ void TZyAxisLayout::FitLow(TSide& Side, float Overhang) {
   } else if (Side.Margin < Overhang) {
     Side.Margin = Overhang;
     SetLine(*Side.Axis, Side.Margin - Side.Axis->DistanceValuesAxis() - EdgeOf(*Side.Axis));
+    KeepLineInside(*Side.Axis);
   } else {
     Side.Margin = std::ceil(EdgeOf(*Side.Axis) + Side.Axis->Geometry().Across() + Side.Axis->DistanceValuesAxis());
   }
@@ -181,6 +207,7 @@ void TZyAxisLayout::FitHigh(TSide& Side, float Overhang, float Extent) {
   } else if (Side.Margin < Overhang) {
     Side.Margin = Overhang;
     SetLine(*Side.Axis, Extent - Side.Margin + Side.Axis->DistanceValuesAxis() - EdgeOf(*Side.Axis));
+    KeepLineInside(*Side.Axis);
   } else {
     const float Line = EdgeOf(*Side.Axis) + Side.Axis->Geometry().Across();
     Side.Margin = std::ceil(Extent - Line + Side.Axis->DistanceValuesAxis());

@@ -268,8 +268,6 @@ void TZyDateTimeTicks::Take() {
   FMajor = Place % MajorMod == 0;
   if (FSteps.MajorRgn == Month && MajorMod == 1) FMajor = DecodeDateTime(FValue).Day == 1;
   const bool IsMultiple = (FSteps.MajorRgn == Year ? YearOf(FValue) : Place) % LabelMod == 0;
-  // Labels at fiftieths stand between major ticks at twentieths: they bring a major tick of their own.
-  if (FSteps.MinorRgn == MilliSecond && IsMultiple) FMajor = true;
   FLabelled = FMajor && IsMultiple;
 }
 

@@ -1,5 +1,9 @@
 #include "axes/ZyEndRounding.h"
 
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
 namespace zy {
 
 /// Dates, and axes that follow another one, may run from high to low.
@@ -21,7 +25,8 @@ void TZyEndRounding::Limit(double& Start, double& Stop) const {
   Stop = FKind.Limited(Stop);
 }
 
-/// Room of the user's own at the ends, for steps that are chosen for it.
+/// Room of the user's own at the ends, for steps that are chosen for it. A scale that is linear by its level keeps ends
+/// above 0: one that is padded beyond that is not padded there, or else it had no logarithm to turn back with.
 void TZyEndRounding::AddPadding(double& Start, double& Stop) const {
   if (!ChoosesSteps() || FNow.KeepsEnds) return;
   FKind.TakeMapping(FSteps, FStepRules, Start, Stop);
@@ -30,37 +35,58 @@ void TZyEndRounding::AddPadding(double& Start, double& Stop) const {
   double PaddedStart = Start - Span * FEndRules.StartPadding, PaddedStop = Stop + Span * FEndRules.StopPadding;
   Limit(PaddedStart, PaddedStop);
   if (FKind.RunsDown(PaddedStart, PaddedStop)) return;
+  if (FKind.IsLogarithmic() && PaddedStart <= 0) PaddedStart = Start;
   Start = PaddedStart;
   Stop = PaddedStop;
 }
 
-/// Rounding widens the span, and a wider one may have coarser steps: the ends are rounded until the steps are those of
-/// the ends that they gave. A further rounding then changes nothing.
+/// Rounding widens the span, and a wider one may have coarser steps. Ends and steps belong together when the ends are
+/// those that were asked for, rounded to the steps that the rounded ends have. It is always the same ends that are
+/// rounded: rounded ones, rounded again, would creep outwards. Where a wider span has finer steps, as texts get
+/// shorter, there may be no such pair; then the narrowest of those that follow each other stands.
 void TZyEndRounding::RoundToSteps(double& Start, double& Stop) const {
-  constexpr int MostRounds = 20;
-  for (int Times = 0; Times < MostRounds; ++Times) {
-    FKind.TakeMapping(FSteps, FStepRules, Start, Stop);
-    FKind.TakeSteps(FSteps, FStepRules, FRoom, Start, Stop, ChoosesSteps() && !FNow.Panning);
-    if (FNow.KeepsEnds) return;
-    const double FromStart = Start, FromStop = Stop;
-    RoundToTicks(Start, Stop);
-    if (Start == FromStart && Stop == FromStop) return;
+  constexpr std::size_t MostRounds = 20;
+  struct TRounded {
+    TZyAxisRange Ends;
+    TZyAxisSteps Steps;
+    double Span() const { return std::fabs(Ends.Stop - Ends.Start); }
+  };
+  const TZyAxisRange Asked{Start, Stop};
+  TZyAxisRange Ends = Asked;
+  std::vector<TRounded> Tried;
+  for (;;) {
+    FKind.TakeMapping(FSteps, FStepRules, Ends.Start, Ends.Stop);
+    FKind.TakeSteps(FSteps, FStepRules, FRoom, Ends.Start, Ends.Stop, ChoosesSteps() && !FNow.Panning);
+    const TZyAxisRange Rounded = FNow.KeepsEnds ? Ends : RoundedToTicks(Asked, Ends);
+    if (Rounded == Ends) break;
+    const auto Again = std::ranges::find(Tried, Rounded, &TRounded::Ends);
+    if (Again != Tried.end() || Tried.size() == MostRounds) {
+      const auto First = Again != Tried.end() ? Again : Tried.begin();
+      const TRounded& Narrowest = *std::min_element(
+          First, Tried.end(), [](const TRounded& A, const TRounded& B) { return A.Span() < B.Span(); });
+      Ends = Narrowest.Ends;
+      FSteps = Narrowest.Steps;
+      break;
+    }
+    Tried.push_back({Rounded, FSteps});
+    Ends = Rounded;
   }
+  Start = Ends.Start;
+  Stop = Ends.Stop;
 }
 
-void TZyEndRounding::RoundToTicks(double& Start, double& Stop) const {
+/// Asked rounded to the present steps, which are those of Ends; Ends where they are not to be rounded to these.
+TZyAxisRange TZyEndRounding::RoundedToTicks(const TZyAxisRange& Asked, const TZyAxisRange& Ends) const {
   using enum TZyAxisEndRounding;
   const TZyAxisEndRounding Way = FEndRules.EndRounding;
-  if (Way == RndNothing) return;
-  if (FNow.Zoomed && (Way == RndToMajorZoomToNothing || Way == RndToMinorZoomToNothing)) return;
+  if (Way == RndNothing) return Ends;
+  if (FNow.Zoomed && (Way == RndToMajorZoomToNothing || Way == RndToMinorZoomToNothing)) return Ends;
   const bool ToMajor =
       Way == RndToMajor || Way == RndToMajorZoomToNothing || (Way == RndToMajorZoomToMinor && !FNow.Zoomed);
-  if (!FKind.MayRoundTo(FSteps, ToMajor ? FSteps.MajorTickPart : FSteps.TickPart, Start, Stop)) return;
-  const double RoundedStart = FKind.RoundEnd(FSteps, Start, false, ToMajor);
-  const double RoundedStop = FKind.RoundEnd(FSteps, Stop, true, ToMajor);
-  if (RoundedStart == RoundedStop) return;  // a span of the size of the reals' own steps
-  Start = RoundedStart;
-  Stop = RoundedStop;
+  if (!FKind.MayRoundTo(FSteps, ToMajor ? FSteps.MajorTickPart : FSteps.TickPart, Ends.Start, Ends.Stop)) return Ends;
+  const TZyAxisRange Rounded{FKind.RoundEnd(FSteps, Asked.Start, false, ToMajor),
+                             FKind.RoundEnd(FSteps, Asked.Stop, true, ToMajor)};
+  return Rounded.Start == Rounded.Stop ? Ends : Rounded;  // a span of the size of the reals' own steps
 }
 
 }  // namespace zy

@@ -23,7 +23,7 @@ class TZyEndRounding {
   /// What runs, and what the axis is to others.
   struct TCircumstances {
     bool Panning = false;    ///< steps stay as they are
-    bool KeepsEnds = false;  ///< ends follow the fingers and are not rounded
+    bool KeepsEnds = false;  ///< ends follow the fingers, or were moved by pixels, and are not rounded
     bool Zoomed = false;
     bool IsSlave = false;  ///< ends may run from high to low
   };
@@ -40,7 +40,11 @@ class TZyEndRounding {
         FFirstPositive(std::move(FirstPositive)),
         FNow(Circumstances) {}
 
+  /// Rounds ends that were asked for. Rounded ends that are asked for stay as they are.
   void Round(double& Start, double& Stop) const;
+  /// Whether ends stay as they are.
+  bool KeepsEnds() const { return FNow.KeepsEnds; }
+  bool Zoomed() const { return FNow.Zoomed; }
 
   const TZyScaleKind& Kind() const { return FKind; }
   /// Ends that stand as they are: steps that were chosen for others go on to hold as far as they can.
@@ -50,7 +54,7 @@ class TZyEndRounding {
   void Limit(double& Start, double& Stop) const;
   void AddPadding(double& Start, double& Stop) const;
   void RoundToSteps(double& Start, double& Stop) const;
-  void RoundToTicks(double& Start, double& Stop) const;
+  TZyAxisRange RoundedToTicks(const TZyAxisRange& Asked, const TZyAxisRange& Ends) const;
   bool ChoosesSteps() const { return FStepRules.AutoTickParts || FKind.ChoosesOwnSteps(); }
 
   const TZyScaleKind& FKind;

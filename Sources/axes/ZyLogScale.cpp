@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "analysis/ZyMath.h"
 #include "texts/NumberText.h"
@@ -13,11 +14,28 @@ constexpr float GapBetweenLabels = 30;  // pixels
 constexpr double MostDecades = 1000;    // more than there are
 constexpr double Nearly = 1e-9;         // relative; far beyond rounding, far below any step
 
-int DecadesOf(double Start, double Stop) { return static_cast<int>(std::lround(std::log10(Stop) - std::log10(Start))); }
+/// A number of decades as an integer, whatever it is made of.
+int WholeNumber(double Decades) {
+  return std::isnan(Decades) ? 0 : static_cast<int>(std::clamp(Decades, -MostDecades, MostDecades));
+}
+
+int DecadesOf(double Start, double Stop) { return WholeNumber(std::round(std::log10(Stop) - std::log10(Start))); }
 
 int WholeDecades(double Part) { return static_cast<int>(std::lround(std::clamp(Part, 1.0, MostDecades))); }
 
 int FloorDivided(int Value, int Divisor) { return Value >= 0 ? Value / Divisor : -((Divisor - 1 - Value) / Divisor); }
+
+/// Whether ticks stand at whole decades only.
+bool CountsDecades(const TZyAxisSteps& Steps) { return Steps.MajorTickPart > 1.001; }
+
+/// The power of ten at or above (at or below) a value whose exponent is a multiple of the major step, so that a tick
+/// stands there; the value itself where there is none.
+double RoundDecades(const TZyAxisSteps& Steps, double Value, bool Up) {
+  const int Step = WholeDecades(Steps.MajorTickPart);
+  const double Multiple = std::log10(Value) / Step;
+  const double Rounded = Exp10(WholeNumber((Up ? std::ceil(Multiple - Nearly) : std::floor(Multiple + Nearly)) * Step));
+  return Rounded > 0 && Rounded < std::numeric_limits<double>::max() ? Rounded : Value;
+}
 
 void TakeLogarithms(TZyAxisSteps& Steps, double Start, double Stop) {
   Steps.LogStart = std::log10(Start);
@@ -60,7 +78,9 @@ bool TZyLogScale::MayRoundTo(const TZyAxisSteps& Steps, double Part, double Star
 double TZyLogScale::RoundEnd(const TZyAxisSteps& Steps, double Value, bool Up, bool ToMajor) const {
   const double Part = ToMajor ? Steps.MajorTickPart : Steps.TickPart;
   double Rounded = 0;
-  if (Steps.HasLogScaling) {
+  if (Steps.HasLogScaling && CountsDecades(Steps)) {
+    Rounded = RoundDecades(Steps, Value, Up);
+  } else if (Steps.HasLogScaling) {
     Rounded = Up ? RoundLogUp(Value, Steps.MajorTickPart, Part) : RoundLogDown(Value, Steps.MajorTickPart, Part);
   } else {
     Rounded = TZyLinearScale::RoundEnd(Steps, Value, Up, ToMajor);
@@ -132,11 +152,13 @@ void TZyLogScale::FollowSpan(TZyAxisSteps& Steps, const TZyStepRules& Rules, dou
 
 // --- Ticks ----------------------------------------------------------------------------------------------------------
 
-/// A scale without a tick of a decade inside, such as 1.2 to 1.8, has those of an even one.
+/// A scale without a tick of a decade inside, such as 1.2 to 1.8, has those of an even one. One whose ends were set to
+/// what has no logarithm since they were rounded has none until the next layout.
 void TZyLogScale::PutTicks(TZyTickWriter& Writer, TZyAxisSteps& Steps, const TZyStepRules& Rules,
                            const TZyLabelRoom& Room, const TStrings& Rubrics) const {
   if (!Steps.HasLogScaling) return TZyLinearScale::PutTicks(Writer, Steps, Rules, Room, Rubrics);
-  if (Steps.MajorTickPart > 1.001) {
+  if (!(Writer.Low() > 0) || !std::isfinite(Writer.High())) return;
+  if (CountsDecades(Steps)) {
     PutDecades(Writer, Steps);
   } else {
     PutInsideDecades(Writer, Steps);
@@ -151,8 +173,8 @@ void TZyLogScale::PutTicks(TZyTickWriter& Writer, TZyAxisSteps& Steps, const TZy
 void TZyLogScale::PutDecades(TZyTickWriter& Writer, const TZyAxisSteps& Steps) const {
   const int MajorStep = WholeDecades(Steps.MajorTickPart);
   const int Step = std::min(WholeDecades(Steps.TickPart), MajorStep);
-  const int First = static_cast<int>(std::ceil(std::log10(Writer.Low()) - Nearly));
-  const int Last = static_cast<int>(std::floor(std::log10(Writer.High()) + Nearly));
+  const int First = WholeNumber(std::ceil(std::log10(Writer.Low()) - Nearly));
+  const int Last = WholeNumber(std::floor(std::log10(Writer.High()) + Nearly));
   for (int Decade = First; Decade <= Last; ++Decade) {
     const int BehindMajor = Decade - FloorDivided(Decade, MajorStep) * MajorStep;
     if (BehindMajor % Step != 0) continue;
@@ -169,7 +191,7 @@ void TZyLogScale::PutInsideDecades(TZyTickWriter& Writer, const TZyAxisSteps& St
   const double Offset = Step <= 0.1001 ? 0.1 : 0;
   const double Last = Writer.High() * (1 + Nearly);
   const double Logarithm = std::log10(RoundLogUp(Writer.Low(), Steps.MajorTickPart, Steps.TickPart));
-  int Decade = static_cast<int>(std::floor(Logarithm + Nearly));
+  int Decade = WholeNumber(std::floor(Logarithm + Nearly));
   double Fraction = Logarithm - Decade < Nearly ? 0 : Exp10(Logarithm - Decade - 1);
   if (Fraction + Offset >= 0.99) {
     Fraction = 0;

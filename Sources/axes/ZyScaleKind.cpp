@@ -32,6 +32,30 @@ const TZyScaleKind& TZyScaleKind::Of(TZyAxisScaling Scaling) {
   return *Kinds[static_cast<std::size_t>(Scaling)];
 }
 
+/// Where a value lies between the ends, from 0 to 1; no number without a place.
+double TZyScaleKind::PartOfLength(const TZyAxisSteps& Steps, const TZyAxisRange& Ends, double Value) const {
+  switch (Mapping(Steps)) {
+    case TZyMapping::Logarithmic:
+      if (!(Value > 0)) return std::numeric_limits<double>::quiet_NaN();
+      return (std::log10(Value) - std::log10(Ends.Start)) / (std::log10(Ends.Stop) - std::log10(Ends.Start));
+    case TZyMapping::Calendar:
+      return DateTimeSpan(Ends.Start, Value) / DateTimeSpan(Ends.Start, Ends.Stop);
+    default:
+      return (Value - Ends.Start) / (Ends.Stop - Ends.Start);
+  }
+}
+
+TZyBeyond TZyScaleKind::Beyond(const TZyAxisSteps& Steps, const TZyAxisRange& Ends, const TZyAxisRange& Values) const {
+  constexpr double LeastPart = 1e-8;
+  TZyBeyond Result;
+  for (const double Value : {Values.Start, Values.Stop}) {
+    const double Part = PartOfLength(Steps, Ends, Value);
+    Result.Start = Result.Start || Part < -LeastPart;
+    Result.Stop = Result.Stop || Part > 1 + LeastPart;
+  }
+  return Result;
+}
+
 double TZyScaleKind::Limited(double End) const {
   constexpr double Largest = std::numeric_limits<double>::max() / 4;
   return std::isnan(End) ? 0 : std::clamp(End, -Largest, Largest);

@@ -14,6 +14,12 @@ class TStrings;
 /// all data that lies below Stop; 0 when there is none.
 using TZyFirstPositive = std::function<double(double Stop)>;
 
+/// Whether values lie beyond the start, and beyond the stop, of a scale.
+struct TZyBeyond {
+  bool Start = false;
+  bool Stop = false;
+};
+
 /// A kind of scale: everything that depends on what the values of an axis are. It has no state; the steps are the
 /// axis's, and nothing else asks of which kind an axis is.
 ///
@@ -48,6 +54,9 @@ class TZyScaleKind {
   double HighEnd(double Start, double Stop) const { return RunsDown(Start, Stop) ? Start : Stop; }
   /// Whether an axis may show them so.
   virtual bool MayRunDown() const { return false; }
+  /// Whether values from one to another reach beyond the ends of a scale, which may run from high to low: by more than
+  /// a hundred millionth of its length, as it is drawn. What has no place on the scale does not count.
+  TZyBeyond Beyond(const TZyAxisSteps& Steps, const TZyAxisRange& Ends, const TZyAxisRange& Values) const;
   /// An end as it can be set.
   virtual double Settable(double End) const { return End; }
   /// Keeps an end where its span and the grid around it still are numbers; what is none becomes 0.
@@ -106,6 +115,8 @@ class TZyScaleKind {
                     const std::function<std::string(double Value, double Multiple)>& Text) const;
 
  private:
+  double PartOfLength(const TZyAxisSteps& Steps, const TZyAxisRange& Ends, double Value) const;
+
   const TZyAxisScaling FScaling;
   const TZyMapping FMapping;
 };

@@ -22,7 +22,8 @@ int TZyScrollRange::PositionOnBar(double Value) const {
 }
 
 /// A step that is rounded is made a little shorter, so that rounding upwards does not reach the tick behind the one
-/// that is meant. On logarithms it keeps the range as wide as it is.
+/// that is meant. On logarithms it keeps the range as wide as it is, and so it does at the end of the whole range where
+/// the next tick would lie beyond.
 std::optional<TZyAxisRange> TZyScrollRange::MovedBy(double Distance, const TRound& Round) const {
   constexpr double Less = 0.9999, More = 1.0001;
   const bool OnTicks = Round && FTransform.Mapping() != TZyMapping::Logarithmic;
@@ -33,7 +34,7 @@ std::optional<TZyAxisRange> TZyScrollRange::MovedBy(double Distance, const TRoun
   if (Stop > FHigh) {
     Stop = FHigh;
     Start = Stop - ShownLength();
-    if (OnTicks) Start = Round(Start);
+    if (const double Rounded = OnTicks ? Round(Start) : Start; Rounded < Stop) Start = Rounded;
   }
   if (!std::isfinite(Start) || !std::isfinite(Stop)) return std::nullopt;
   return TZyAxisRange{FTransform.FromScale(Start), FTransform.FromScale(Stop)};

@@ -297,7 +297,9 @@ void TZyGraph2D::CalculateWhenDirty() {
   if (IsDirty) Calculate();
 }
 
+/// While it is updated, a chart stays as it was laid out: ranges without ticks would be another scale.
 void TZyGraph2D::BringUpToDate() {
+  if (Updating()) return;
   TestSeriesAndAxis();
   CalculateWhenDirty();
 }

@@ -1,6 +1,7 @@
 #include "graph/ZyGraphPainter.h"
 
-#include <utility>
+#include <algorithm>
+#include <optional>
 
 #include "graph/ZyGraph2D.h"
 #include "platform/drawing/Brush.h"
@@ -71,38 +72,49 @@ void TZyGraphPainter::PaintBackground() {
 
 // --- Series ---------------------------------------------------------------------------------------------------------
 
-/// Series may leave the data area at each side whose axes show all of their data, as symbols at the edge do. An end
-/// that was fixed by hand hides data just as a zoomed one does.
-RectF TZyGraphPainter::DataClip() const {
+/// A series may leave the data area at each side where its axis shows all data of its own, as symbols at the edge do.
+/// An end that was fixed by hand hides data just as a zoomed one does.
+RectF TZyGraphPainter::DataClip(const TZySeries& Series) {
   const RectF& Area = FLook.Area;
-  float Left = 0, Top = 0;
-  auto Right = static_cast<float>(FGraph.ClientWidth()), Bottom = static_cast<float>(FGraph.ClientHeight());
-  const auto Cut = [&](const TZyAxis& Axis, double First, double Last) {
-    const double Nearly = (Axis.Stop() - Axis.Start()) * 1e-8;
-    bool CutsLow = Axis.Start() - Nearly > First, CutsHigh = Axis.Stop() + Nearly < Last;
-    if (Axis.Twisted()) std::swap(CutsLow, CutsHigh);
-    if (Axis.GetHorizontal()) {
-      if (CutsLow) Left = Area.X;
-      if (CutsHigh) Right = Area.X + Area.Width;
+  auto [Left, Top, Right, Bottom] = Client();
+  for (const TZyAxis* Axis : {Series.XAxis(), Series.YAxis()}) {
+    auto [AtLow, AtHigh] = BeyondOf(*Axis);
+    if (Axis->Twisted()) std::swap(AtLow, AtHigh);
+    if (Axis->GetHorizontal()) {
+      if (AtLow) Left = Area.X;
+      if (AtHigh) Right = Area.X + Area.Width;
     } else {
-      if (CutsLow) Bottom = Area.Y + Area.Height;
-      if (CutsHigh) Top = Area.Y;
+      if (AtLow) Bottom = Area.Y + Area.Height;
+      if (AtHigh) Top = Area.Y;
     }
-  };
-  for (const TZySeries* Series : FGraph.RelatedSeries()) {
-    Cut(*Series->XAxis(), Series->XStart(), Series->XStop());
-    Cut(*Series->YAxis(), Series->YStart(), Series->YStop());
   }
   return {Left, Top, Right - Left, Bottom - Top};
+}
+
+/// Asked of each axis once in a paint.
+TZyBeyond TZyGraphPainter::BeyondOf(const TZyAxis& Axis) {
+  const auto Known = std::ranges::find(FBeyond, &Axis, &std::pair<const TZyAxis*, TZyBeyond>::first);
+  if (Known != FBeyond.end()) return Known->second;
+  return FBeyond.emplace_back(&Axis, Axis.DataBeyond()).second;
+}
+
+RectF TZyGraphPainter::Client() const {
+  return {0, 0, static_cast<float>(FGraph.ClientWidth()), static_cast<float>(FGraph.ClientHeight())};
 }
 
 template <class TDraw>
 void TZyGraphPainter::PaintClippedToData(const TDraw& Draw) {
   const TClipGuard Saved(FGr);
-  const RectF Clip = DataClip();
-  const RectF Client{0, 0, static_cast<float>(FGraph.ClientWidth()), static_cast<float>(FGraph.ClientHeight())};
-  if (Clip != Client) FGr.SetClip(Clip, CombineModeIntersect);
-  for (TZySeries* Series : FGraph.RelatedSeries()) Draw(*Series);
+  std::optional<TClipGuard> Cut;
+  RectF Present = Client();
+  for (TZySeries* Series : FGraph.RelatedSeries()) {
+    if (const RectF Clip = DataClip(*Series); Clip != Present) {
+      Present = Clip;
+      Cut.reset();
+      if (Clip != Client()) Cut.emplace(FGr), FGr.SetClip(Clip, CombineModeIntersect);
+    }
+    Draw(*Series);
+  }
 }
 
 // --- Axes and legends -----------------------------------------------------------------------------------------------

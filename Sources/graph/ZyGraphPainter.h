@@ -1,11 +1,16 @@
 #pragma once
 
+#include <utility>
+#include <vector>
+
+#include "axes/ZyScaleKind.h"
 #include "graph/ZyDataAreaPainter.h"
 
 namespace zy {
 
 class TControl;
 class TZyGraph2D;
+class TZySeries;
 
 /// One paint of a chart that is laid out: the one order in which everything is drawn, for screen, picture and printer.
 class TZyGraphPainter {
@@ -17,7 +22,9 @@ class TZyGraphPainter {
   static TZyDataAreaLook LookOf(TZyGraph2D& Graph);
   static IZySolidSeries* SolidsOf(const TZyGraph2D& Graph);
   RectF Whole() const;
-  RectF DataClip() const;
+  RectF Client() const;
+  RectF DataClip(const TZySeries& Series);
+  TZyBeyond BeyondOf(const TZyAxis& Axis);
   void PaintBackground();
   template <class TDraw>
   void PaintClippedToData(const TDraw& Draw);
@@ -30,6 +37,7 @@ class TZyGraphPainter {
   Graphics& FGr;
   TZyDataAreaLook FLook;
   TZyDataAreaPainter FDataArea;
+  std::vector<std::pair<const TZyAxis*, TZyBeyond>> FBeyond;
 };
 
 }  // namespace zy

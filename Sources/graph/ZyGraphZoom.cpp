@@ -11,6 +11,13 @@
 namespace zy {
 namespace {
 
+/// What a scroll bar moves by; nothing for a code that names a place.
+std::optional<TZyScrollIncrement> StepOf(const TZyZoomSettings& Settings, TScrollCode Code) {
+  if (Code == scLineUp || Code == scLineDown) return Settings.ScrollSmallIncrement();
+  if (Code == scPageUp || Code == scPageDown) return Settings.ScrollLargeIncrement();
+  return std::nullopt;
+}
+
 /// A frame between two corners, cut to the data area; nothing when it lies outside.
 std::optional<RectF> CutFrame(TPoint From, TPoint To, const RectF& Area) {
   const float AreaRight = Area.X + Area.Width, AreaBottom = Area.Y + Area.Height;
@@ -358,9 +365,10 @@ void TZyGraphZoom::Scroll(bool Horizontal, TScrollCode Code, int Pos) {
   const double Part =
       ScrollDistance(*Primary, Horizontal, Code, Pos) / Primary->WholeOnScale() * (Primary->Twisted() ? -1 : 1);
   const bool IsHorizontal = Primary->GetHorizontal();
+  const bool ByPixels = StepOf(FGraph.Zoom(), Code) == TZyScrollIncrement::Pixel;
   if (AddsStage) BeginStages();
   for (TZyAxis* Axis : FGraph.AllAxes())
-    if (Axis->GetHorizontal() == IsHorizontal) Axis->ScrollBy(Part, false);
+    if (Axis->GetHorizontal() == IsHorizontal) Axis->ScrollBy(Part, !ByPixels);
   if (AddsStage) AddStage();
   ShowMove();
 }

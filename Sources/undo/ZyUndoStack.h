@@ -68,7 +68,8 @@ class TZyUndoStack : public TComponent {
   void PushProperty(TPersistent* Instance, std::string_view PropName);
   /// Logs the whole of a component; undo brings it back to that state. One that has died is made anew at its place, and
   /// the properties of its owner's components that pointed at it do so again; a chart has this stack then, an axis or a
-  /// series is given it by who wants its further changes logged.
+  /// series is given it by who wants its further changes logged. Push and deletion stand in one group, since what
+  /// points at the component clears itself with steps of its own.
   void PushComponent(TComponent* AComponent, std::string_view Comment);
   /// Logs that a component was made; undo frees it. Throws EStreamError when it cannot be found by name.
   void PushFreeComponent(TComponent* AComponent, std::string_view Comment);

@@ -94,8 +94,19 @@ TEST(ZyAxisLayoutTest, AddsUpAxesOnAllSides) {
       EXPECT_EQ(Axis->AxLength(), (Axis->GetHorizontal() ? Area.Width : Area.Height) - 1);
       EXPECT_EQ(Axis->GetHorizontal() ? Axis->AxLeft() : Axis->AxTop(), Axis->GetHorizontal() ? Area.X : Area.Y);
       EXPECT_FALSE(Axis->NeedsRecalculate());
+      const float Line = Axis->GetHorizontal() ? Axis->AxTop() : Axis->AxLeft(), Half = Axis->AxisThicknes() / 2 + 0.5f;
+      EXPECT_GE(Line + 1, Half) << "no line outside its control";
+      EXPECT_LE(Line + Half, static_cast<float>(Axis->GetHorizontal() ? Axis->Height() : Axis->Width()));
     }
   }
+}
+
+TEST(ZyAxisLayoutTest, AnAxisThatIsNotSizedHasRoomForItsOwnExtent) {
+  TSampleChart Chart;
+  Chart.X->SetAutoSize(false);
+  Chart.X->SetBounds(0, 380, 150, 20);
+  Chart.Graph->Calculate();
+  EXPECT_EQ(LabelsOf(*Chart.X), "0|5|10") << "2 * 38.4 + 70 pixels have room in these, and with step 5 no more";
 }
 
 TEST(ZyAxisLayoutTest, ArrowsStandWhereTheValuesGrow) {

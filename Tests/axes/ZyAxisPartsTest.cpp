@@ -10,6 +10,8 @@
 
 #include "axes/ZyAxisEnds.h"
 #include "axes/ZyAxisPainter.h"
+#include "axes/ZyScrollRange.h"
+#include "axes/ZyZoomStages.h"
 #include "platform/drawing/TRecordingGraphics.h"
 
 namespace zy::testing {
@@ -132,6 +134,64 @@ TEST(ZyAxisPartsTest, MovingRangeJumpsAheadOfTheData) {
     ASSERT_TRUE(Taken.has_value());
     EXPECT_DOUBLE_EQ(Taken->Start, Case.Start) << Case.LastValue;
     EXPECT_DOUBLE_EQ(Taken->Stop, Case.Stop) << Case.LastValue;
+  }
+}
+
+TEST(ZyAxisPartsTest, StagesFollowEachOtherAndGoAround) {
+  TZyZoomStages Stages;
+  Stages.Begin({0, 10});
+  Stages.Begin({1, 2});  // there is one
+  Stages.Push({2, 8});
+  Stages.Push({3, 4});
+  EXPECT_EQ(Stages.Behind(), 0);
+  EXPECT_EQ(Stages.Show(Stages.Before()), (TZyAxisRange{2, 8}));
+  Stages.Push({5, 6});  // in the place of the last one
+  EXPECT_EQ(std::pair(Stages.Count(), Stages.Current()), std::pair(3, 2));
+  EXPECT_EQ(Stages.Show(0), Stages.Whole());
+  EXPECT_EQ(Stages.Before(), 2);
+}
+
+TEST(ZyAxisPartsTest, AVisibleRangeMovesWithinTheWholeOne) {
+  const TZyAxisTransform Linear = TransformOf(Normal, 0, 0, 100, PlainGeometry(true, false, 100));
+  const TZyScrollRange Range(Linear, {20, 60}, {0, 100});
+  EXPECT_EQ(std::pair(Range.SizeOnBar(20, 60), Range.PositionOnBar(60)), std::pair(4000, 6000));
+  const auto UpToTens = [](double Start) { return std::ceil(Start / 10 - 1e-9) * 10; };
+  EXPECT_EQ(Range.MovedBy(-3, {}), (TZyAxisRange{17, 57}));
+  EXPECT_EQ(Range.MovedBy(70, {}), (TZyAxisRange{60, 100}));
+  EXPECT_EQ(Range.MovedBy(-30, UpToTens), (TZyAxisRange{0, 40}));
+  EXPECT_EQ(Range.MovedBy(10, UpToTens), (TZyAxisRange{30, 70}));
+  // Steps wider than what is seen do not turn it round at the end.
+  EXPECT_EQ(TZyScrollRange(Linear, {93, 97}, {0, 99}).MovedBy(5, UpToTens), (TZyAxisRange{95, 99}));
+  EXPECT_EQ(Range.ScaledAround(20, 60, 40, 0.5), (TZyAxisRange{30, 50}));
+  EXPECT_EQ(Range.ScaledAround(20, 60, 40, 1e-15), std::nullopt);
+}
+
+TEST(ZyAxisPartsTest, EndsThatAreShownInDataKeepTheirOrder) {
+  TZyAxisEnds Ends;
+  Ends.TakeData({0, 0.21}, false);
+  Ends.Show({0.1, 0.195});
+  Ends.ShowInData({0.205, 0.3});  // of which only the start has data, behind the stop that is shown
+  EXPECT_EQ(Ends.Shown(), (TZyAxisRange{0.1, 0.195}));
+  Ends.ShowInData({0.15, 0.3});
+  EXPECT_EQ(Ends.Shown(), (TZyAxisRange{0.15, 0.195}));
+}
+
+TEST(ZyAxisPartsTest, ValuesBeyondTheEndsCountAsTheyAreDrawn) {
+  const struct {
+    TZyAxisScaling Scaling;
+    TZyAxisRange Ends, Values;
+    bool Start, Stop;
+  } Cases[] = {
+      {Normal, {0, 10}, {0, 10 + 1e-9}, false, false},  {Normal, {0, 10}, {-1, 11}, true, true},
+      {Log, {1e-3, 1e9}, {5e-4, 1e9}, true, false},     {Log, {1e-3, 1e9}, {-5, 1e8}, false, false},  // has no place
+      {DateTime, {100, 50}, {60, 90}, false, false},    {DateTime, {100, 50}, {60, 101}, true, false},
+      {DateTime, {-2.25, 3}, {-2.75, 3}, false, false},  // six and eighteen o'clock of one day
+  };
+  for (const auto& Case : Cases) {
+    TZyAxisSteps Steps;
+    Steps.HasLogScaling = Case.Scaling == Log;
+    const TZyBeyond Beyond = TZyScaleKind::Of(Case.Scaling).Beyond(Steps, Case.Ends, Case.Values);
+    EXPECT_EQ(std::pair(Beyond.Start, Beyond.Stop), std::pair(Case.Start, Case.Stop)) << &Case - Cases;
   }
 }
 

@@ -4,8 +4,10 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 #include "axes/AxisSamples.h"
+#include "texts/Exceptions.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy::testing {
@@ -112,6 +114,105 @@ TEST(ZyAxisScaleTest, PaddingIsAddedOnceHoweverOftenTheAxisIsLaidOut) {
   Lay(Chart, *Chart.X, 0, 20);
   EXPECT_DOUBLE_EQ(Chart.X->Start(), -2);
   EXPECT_DOUBLE_EQ(Chart.X->Stop(), 25);
+}
+
+TEST(ZyAxisScaleTest, PaddingKeepsTheLogarithmOfALinearScale) {
+  TSampleChart Chart;
+  Chart.X->SetLogToNormalScalingLevel(2);
+  Chart.X->SetScaling(Log);
+  Chart.X->SetStartPadding(0.1);
+  Lay(Chart, *Chart.X, 10, 510);  // 1.7 decades; 0.1 of the span below them is -40
+  EXPECT_GT(Chart.X->Start(), 0);
+  EXPECT_GE(Chart.X->AxLabels().size(), 2u);
+  // Nor do ends that a handler sets while it is laid out lead anywhere.
+  Chart.X->SetLogToNormalScalingLevel(0);
+  Chart.Graph->Calculate();
+  Chart.X->SetOnGetTicks([&](TObject*) { Chart.X->SetStartStop(-5, 1e308); });
+  Chart.X->CalculateTicks();
+  for (const float Tick : PlacesOf(*Chart.X)) EXPECT_TRUE(std::isfinite(Tick));
+}
+
+TEST(ZyAxisScaleTest, OnlyWhatTheUserChangesIsAStepOfUndo) {
+  TSampleChart Chart;
+  TZyUndoStack Stack;
+  Chart.X->SetUndoStack(&Stack);
+  TZyLineSeries* const Series = Chart.AddSeries("Series", {0, 100}, {0, 1});
+  Chart.X->SetStop(62);
+  Chart.X->SetStopEnd(TZyAxisEnd::Fixed);
+  Chart.X->Rubrics()->SetText("one\ntwo\n");
+  Chart.Paint();
+  const auto State = [&] { return std::tuple(Chart.X->Start(), Chart.X->Stop(), Stack.UndoCount()); };
+  const auto Before = State();
+  const auto ZoomIn = [&] {
+    Chart.X->ZoomIn(20, 40);
+    Chart.Paint();
+    EXPECT_EQ(Chart.X->Stop(), 40);
+  };
+  ZoomIn();
+  Chart.Graph->ZoomReset();
+  Chart.Paint();
+  EXPECT_EQ(State(), Before);
+  ZoomIn();
+  Series->XData()->Add(120);
+  Series->YData()->Add(0.5);
+  Chart.Paint();
+  EXPECT_EQ(State(), Before);
+  TStringList Same;
+  Same.Assign(Chart.X->Rubrics());
+  Chart.X->SetRubrics(&Same);
+  Chart.X->Rubrics()->BeginUpdate();
+  Chart.X->Rubrics()->EndUpdate();
+  EXPECT_EQ(State(), Before);
+  Chart.X->Rubrics()->Add("three");
+  EXPECT_EQ(Stack.UndoCount(), std::get<2>(Before) + 1);
+}
+
+TEST(ZyAxisScaleTest, WhatIsPaintedWithinAnUpdateHasOneScale) {
+  TSampleChart Chart;
+  TZyLineSeries* const Series = Chart.AddSeries("Series", {0, 10}, {0, 10});
+  Chart.Paint();
+  const std::vector<float> Places = PlacesOf(*Chart.X);
+  Chart.Graph->BeginUpdate();
+  Series->XData()->Add(1000);
+  Series->YData()->Add(5);
+  Chart.Y->SetStart(-90);
+  Chart.Paint();
+  for (const TZyAxis* Axis : {Chart.X, Chart.Y})
+    for (const TZyTick& Tick : Axis->Ticks()) EXPECT_EQ(Axis->NumberToWorld(Tick.Value), Tick.Position);
+  EXPECT_EQ(PlacesOf(*Chart.X), Places);
+  Chart.Graph->EndUpdate();
+  Chart.Paint();
+  EXPECT_EQ(Chart.X->Stop(), 1000);
+}
+
+TEST(ZyAxisScaleTest, CaptionsAndLabelsKeepTheirVariables) {
+  TSampleChart Chart;
+  EXPECT_THROW(Chart.X->SetCaption("<%Form.Nobody.Name%>"), EMathError);
+  Chart.X->SetCaption("blanks \t\n");
+  EXPECT_EQ(Chart.X->Caption(), "blanks");
+  const std::string Long(1500, '.');
+  Chart.Graph->SetCaption("one");
+  Chart.Y->SetCaption("<%Form.Graph.Name%>" + Long);
+  Chart.X->SetOnGetScaleLabel([](TObject*, TZyScaleLabelEventArgs& Args) { Args.Caption = "<%Form.Graph.Caption%>"; });
+  Chart.Graph->Calculate();
+  const float Height = Chart.Graph->DrawingArea().Height;
+  Chart.Graph->SetCaption("one\ntwo");
+  EXPECT_TRUE(Chart.X->NeedsRecalculate());
+  EXPECT_FALSE(Chart.Y->NeedsRecalculate()) << "its caption is as it was";
+  Chart.Graph->Calculate();
+  EXPECT_LT(Chart.Graph->DrawingArea().Height, Height - 5) << "the labels have one line more";
+}
+
+TEST(ZyAxisScaleTest, SamplesThatSeriesShareAreScaledOnce) {
+  TSampleChart Chart;
+  Chart.Form.SetDesigning(true);
+  TZyLineSeries *const One = Chart.AddSeries("One", {0, 10}, {0, 1}), *const Two = Chart.AddSeries("Two", {}, {1, 0});
+  static_cast<TZyDoubleVector*>(One->XData())->SetPersistentValues(false);
+  Two->SetXData(One->XData());
+  Chart.Paint();
+  Chart.X->SetDesigning(true);
+  Chart.X->SetStop(30);
+  EXPECT_EQ(One->XData()->GetValue(1), 30);
 }
 
 TEST(ZyAxisScaleTest, HandlersSeeEveryLabelAndEveryLayout) {

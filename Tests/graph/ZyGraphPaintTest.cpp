@@ -123,6 +123,16 @@ TEST_F(ZyGraphPaintTest, DataAreCutOnlyWhereTheAxisDoesNotShowThem) {
   Y->SetTwisted(true);  // now the same data lie below
   const TCalls AtBottom = Calls();
   EXPECT_EQ(CountOf(AtBottom, "SetClip(0 0 600 " + Number(Area.Y + Area.Height)), 1);
+  // Neither a series that is hidden nor one on another axis, of which more is hidden, counts.
+  auto* const Other = new TZyAxis(&Form);
+  Other->SetPosition(TZyAxisPosition::Right);
+  Other->SetParent(Graph);
+  AddSeries("B", {0, 3}, {2, 3})->SetYAxis(Other);
+  Y->SetStop(9);
+  EXPECT_EQ(CountOf(Calls(), "SetClip"), 0);
+  Other->SetStopEnd(TZyAxisEnd::Fixed);
+  Other->SetStop(2.5);
+  EXPECT_EQ(CountOf(Calls(), "SetClip(0"), 1) << "the series on it alone";
 }
 
 TEST_F(ZyGraphPaintTest, PointsAreFoundFromTheTopmostSeriesDown) {

@@ -218,6 +218,16 @@ TEST(Zoom, ScrollingKeepsRoundedEndsOnTicks) {
   Chart.After([&] { Chart.Graph->Scroll(Chart.Graph->HorizontalScrollBar(), scPageDown, Pos); });
   EXPECT_NEAR(Chart.X->Start(), Start + Step, 1e-9);
   EXPECT_NEAR(Chart.X->Stop(), Stop + Step, 1e-9);
+  Chart.Zoom.SetScrollSmallIncrement(TZyScrollIncrement::Pixel);
+  const double Pixel = Chart.X->NormalizeConst();
+  for (const int Moved : {1, 2, 1, 0, -1})  // off the ticks, and the range keeps its width
+  {
+    const double Shift = Step + Moved * Pixel;
+    const bool Up = Chart.X->Start() < Start + Shift;
+    Chart.After([&] { Chart.Graph->Scroll(Chart.Graph->HorizontalScrollBar(), Up ? scLineDown : scLineUp, Pos); });
+    EXPECT_NEAR(Chart.X->Start(), Start + Shift, 1e-9);
+    EXPECT_NEAR(Chart.X->Stop(), Stop + Shift, 1e-9);
+  }
   Chart.Zoom.SetScrollLargeIncrement(TZyScrollIncrement::Page);
   Chart.SetXValues({1, 30, 35, 99});  // rounded ends lie beyond the data
   Chart.ZoomTo({152, 100}, {347, 200});

@@ -76,7 +76,10 @@ void TZyRichCaptionObject::VariablesChanged() {
   } catch (const std::exception&) {
     return;
   }
-  if (FLayout != Before && OnVariablesChanged) OnVariablesChanged();
+  if (FLayout == Before || !OnVariablesChanged) return;
+  // A long text is laid out apart each time.
+  const bool IsSame = Before != nullptr && FLayout->Text == Before->Text && FLayout->Look() == Before->Look();
+  if (!IsSame) OnVariablesChanged();
 }
 
 const std::string& TZyRichCaptionObject::PlainText() const {

@@ -1,5 +1,7 @@
 #include "platform/framework/TStrings.h"
 
+#include <utility>
+
 #include "platform/framework/TFiler.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TReader.h"
@@ -48,6 +50,13 @@ int TStrings::IndexOf(std::string_view Value) const {
   return -1;
 }
 
+bool TStrings::HasTextsOf(const TStrings& Other) const {
+  if (Count() != Other.Count()) return false;
+  for (int Index = 0; Index < Count(); ++Index)
+    if (Get(Index) != Other.Get(Index)) return false;
+  return true;
+}
+
 std::string TStrings::Text() const {
   std::string Result;
   for (int Index = 0; Index < Count(); ++Index) {
@@ -72,7 +81,7 @@ void TStrings::SetText(std::string_view Value) {
 void TStrings::Assign(const TPersistent* Source) {
   const auto* const Strings = dynamic_cast<const TStrings*>(Source);
   if (Strings == nullptr) return TPersistent::Assign(Source);
-  if (Strings == this) return;
+  if (Strings == this || Strings->HasTextsOf(*this)) return;
   Update(*this, [&] {
     Clear();
     AddStrings(*Strings);
@@ -104,7 +113,9 @@ std::size_t TStringList::Checked(int Index, int Limit) const {
 }
 
 void TStringList::Changing() {
-  if (FUpdateCount == 0 && OnChanging) OnChanging(this);
+  if (FHasChanged) return;
+  if (OnChanging) OnChanging(this);
+  FHasChanged = FUpdateCount > 0;
 }
 
 void TStringList::Changed() {
@@ -115,6 +126,7 @@ std::string TStringList::Get(int Index) const { return FItems[Checked(Index, Cou
 
 void TStringList::Put(int Index, const std::string& Value) {
   const std::size_t Place = Checked(Index, Count());
+  if (FItems[Place] == Value) return;
   Changing();
   FItems[Place] = Value;
   Changed();
@@ -141,13 +153,8 @@ void TStringList::Insert(int Index, const std::string& Value) {
   Changed();
 }
 
-void TStringList::BeginUpdate() {
-  if (FUpdateCount == 0) Changing();
-  ++FUpdateCount;
-}
-
 void TStringList::EndUpdate() {
-  if (FUpdateCount > 0 && --FUpdateCount == 0) Changed();
+  if (FUpdateCount > 0 && --FUpdateCount == 0 && std::exchange(FHasChanged, false)) Changed();
 }
 
 }  // namespace zy

@@ -32,16 +32,19 @@ class TStrings : public TPersistent {
   void AddStrings(const TStrings& Source);
   /// Index of the first text equal to Value, -1 when there is none.
   int IndexOf(std::string_view Value) const;
+  /// Whether both hold the same texts in the same order.
+  bool HasTextsOf(const TStrings& Other) const;
   /// All texts, each followed by a line feed.
   std::string Text() const;
   /// Replaces all texts by the lines of Value; line ends may be CR, LF or both.
   void SetText(std::string_view Value);
 
-  /// Between these two, a list that tells of changes does so once, at the end.
+  /// Between these two, a list that tells of changes does so once, before the first one and at the end; not at all
+  /// when there was none.
   virtual void BeginUpdate() {}
   virtual void EndUpdate() {}
 
-  /// Copies the texts of another TStrings.
+  /// Copies the texts of another TStrings; the same ones change nothing.
   void Assign(const TPersistent* Source) override;
   void DefineProperties(TFiler& Filer) override;
 };
@@ -57,7 +60,7 @@ class TStringList : public TStrings {
   void Clear() override;
   void Delete(int Index) override;
   void Insert(int Index, const std::string& Value) override;
-  void BeginUpdate() override;
+  void BeginUpdate() override { ++FUpdateCount; }
   void EndUpdate() override;
   /// Room for so many texts without further allocation.
   void SetCapacity(int Value) { FItems.reserve(static_cast<size_t>(Value < 0 ? 0 : Value)); }
@@ -74,6 +77,7 @@ class TStringList : public TStrings {
 
   std::vector<std::string> FItems;
   int FUpdateCount = 0;
+  bool FHasChanged = false;  // since the update began
 };
 
 }  // namespace zy
