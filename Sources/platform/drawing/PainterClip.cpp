@@ -7,6 +7,7 @@
 #include <map>
 #include <tuple>
 
+#include "platform/drawing/JoinedShapes.h"
 #include "platform/drawing/PainterBackend.h"
 #include "platform/drawing/QtGeometry.h"
 
@@ -44,7 +45,8 @@ QPainterPath LeftBy(const Region& Clip) {
 ///
 /// From left to right, each shape goes into the first path in which its box is free: those that reach this far right
 /// are kept by height, and none lies beside another. A path is written anew with each one that comes after it, so that
-/// the last ones, with the fewest shapes, come first.
+/// there are but a few, and the last ones, with the fewest shapes, come first. What is free in none of them goes into
+/// one more as an outline.
 class TCutOut {
  public:
   void Add(const QPainterPath& Shape) {
@@ -55,11 +57,14 @@ class TCutOut {
       FShapes.push_back({Box, Plain});
   }
 
-  std::vector<QPainterPath> Paths() {
+  /// For a page that shows what lies in Seen.
+  std::vector<QPainterPath> Paths(const QRectF& Seen) {
+    constexpr std::size_t MostGroups = 5;
     std::stable_sort(FShapes.begin(), FShapes.end(), [](const TShapeInBox& A, const TShapeInBox& B) {
       return std::tuple(A.Box.left(), A.Box.top()) < std::tuple(B.Box.left(), B.Box.top());
     });
     std::vector<TGroup> Groups;
+    std::vector<QPainterPath> Rest;
     const QPainterPath* Last = nullptr;
     for (const auto& [Box, Shape] : FShapes) {
       if (Last != nullptr && *Last == Shape) continue;  // many points at one place
@@ -67,6 +72,10 @@ class TCutOut {
       auto Group = Groups.begin();
       while (Group != Groups.end() && !Group->Take(Box)) ++Group;
       if (Group == Groups.end()) {
+        if (Groups.size() == MostGroups) {
+          Rest.push_back(Shape);
+          continue;
+        }
         Group = Groups.emplace(Groups.end());
         Group->Path = Plane();
         Group->Take(Box);
@@ -74,7 +83,9 @@ class TCutOut {
       Group->Path.addPath(Shape);
     }
     std::vector<QPainterPath> Result;
-    for (auto Group = Groups.rbegin(); Group != Groups.rend(); ++Group) Result.push_back(std::move(Group->Path));
+    for (TGroup& Group : Groups) Result.push_back(std::move(Group.Path));
+    if (!Rest.empty()) Result.emplace_back(Plane()).addPath(JoinedShapes(Rest, Seen));
+    std::sort(Result.begin(), Result.end(), [](auto& A, auto& B) { return A.elementCount() < B.elementCount(); });
     return Result;
   }
 
@@ -112,7 +123,8 @@ void TPainterBackend::ApplyVectorClip(const Region& Clip) {
       Holes.Add(ShapeOf(Part));
     else
       FPainter->setClipPath(ShapeOf(Part), Qt::IntersectClip);
-  for (const QPainterPath& Path : Holes.Paths()) FPainter->setClipPath(Path, Qt::IntersectClip);
+  const QRectF Seen = FBase->inverted().mapRect(QRectF(FPainter->viewport()));
+  for (const QPainterPath& Path : Holes.Paths(Seen)) FPainter->setClipPath(Path, Qt::IntersectClip);
 }
 
 }  // namespace zy
