@@ -33,7 +33,12 @@ TScratch& Scratch() {
 class TBlender : public TCoverageSink {
  public:
   TBlender(const TRasterTarget& Target, const TRasterClip& Clip, std::uint8_t Opacity, const TRasterPaint& Paint)
-      : FTarget(Target), FClip(Clip), FOpacity(Opacity), FPaint(Paint), FSolid(Paint.IsSolid(FColor)) {
+      : FTarget(Target),
+        FClip(Clip),
+        FOpacity(Opacity),
+        FPaint(Paint),
+        FSolid(Paint.IsSolid(FColor)),
+        FIsUpright(Paint.IsUpright()) {
     if (!FSolid) FColors.resize(std::max(FColors.size(), static_cast<std::size_t>(Target.Width)));
   }
 
@@ -42,8 +47,7 @@ class TBlender : public TCoverageSink {
     if (FOpacity != 255) ScaleBytes(Coverage, FOpacity, Count);
     std::uint32_t* Pixels = FTarget.Pixels + Y * FTarget.Stride + X;
     if (FSolid) return BlendColor(Pixels, Coverage, Count, FColor);
-    FPaint.Fetch(X, Y, Count, FColors.data());
-    BlendColors(Pixels, Coverage, Count, FColors.data());
+    BlendColors(Pixels, Coverage, Count, ColorsOf(X, Y, Count));
   }
   bool EvenRow(int X, int Y, int Count, std::uint8_t Coverage) override {
     if (FClip.Mask != nullptr || !FSolid) return false;
@@ -52,13 +56,28 @@ class TBlender : public TCoverageSink {
   }
 
  private:
+  const std::uint32_t* ColorsOf(int X, int Y, int Count) {
+    std::uint32_t* const Colors = FColors.data();
+    if (!FIsUpright) {
+      FPaint.Fetch(X, Y, Count, Colors);
+      return Colors;
+    }
+    if (FFrom == FTo) FFrom = FTo = X;
+    if (X < FFrom) FPaint.Fetch(X, Y, FFrom - X, Colors + X);
+    if (X + Count > FTo) FPaint.Fetch(FTo, Y, X + Count - FTo, Colors + FTo);
+    FFrom = std::min(FFrom, X);
+    FTo = std::max(FTo, X + Count);
+    return Colors + X;
+  }
+
   const TRasterTarget& FTarget;
   const TRasterClip& FClip;
   std::uint8_t FOpacity;
   const TRasterPaint& FPaint;
   std::uint32_t FColor = 0;
-  bool FSolid;
-  std::vector<std::uint32_t>& FColors = Scratch().Colors;
+  bool FSolid, FIsUpright;
+  int FFrom = 0, FTo = 0;                                  // columns whose colours are known, where all rows are alike
+  std::vector<std::uint32_t>& FColors = Scratch().Colors;  // of one row
 };
 
 /// The box around points.
@@ -128,6 +147,8 @@ std::optional<TRasterComb::TInk> InkOf(const TRasterTarget& Target, const TRaste
 TRasterPaint::~TRasterPaint() = default;
 
 bool TRasterPaint::IsSolid(std::uint32_t&) const { return false; }
+
+bool TRasterPaint::IsUpright() const { return false; }
 
 TSolidPaint::TSolidPaint(std::uint32_t Color) {
   const auto Alpha = static_cast<std::uint8_t>(Color >> 24);

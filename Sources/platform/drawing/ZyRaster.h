@@ -44,6 +44,8 @@ class TRasterPaint {
   virtual ~TRasterPaint();
   /// Says whether every pixel has the same colour, and which, premultiplied.
   virtual bool IsSolid(std::uint32_t& Premultiplied) const;
+  /// Whether all rows are alike.
+  virtual bool IsUpright() const;
   /// Writes the premultiplied colours of the pixels (X, Y) to (X + Count - 1, Y). It must not draw with a TZyRaster.
   virtual void Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const = 0;
 };
