@@ -26,7 +26,7 @@ class TSide {
  public:
   explicit TSide(QPointF Start) : FPoints{Start} {}
   void Add(QPointF Point) {
-    constexpr double Tolerance = 0.4;
+    constexpr double Tolerance = 0.8;
     const QPointF Way = Point - FPoints[FKept];
     const double Slope = Way.x() / Way.y();
     if (FKept + 1 < FPoints.size() && Slope >= FLeast && Slope <= FMost) {
