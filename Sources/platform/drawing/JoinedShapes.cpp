@@ -13,7 +13,7 @@ namespace zy {
 namespace {
 
 // All lengths are in rows, which are as high as columns would be wide.
-constexpr double RowsPerUnit = 16;
+constexpr double RowsPerUnit = 8;
 
 /// What lies in a row from one side to another.
 struct TSpan {
@@ -26,7 +26,7 @@ class TSide {
  public:
   explicit TSide(QPointF Start) : FPoints{Start} {}
   void Add(QPointF Point) {
-    constexpr double Tolerance = 0.8;
+    constexpr double Tolerance = 0.4;
     const QPointF Way = Point - FPoints[FKept];
     const double Slope = Way.x() / Way.y();
     if (FKept + 1 < FPoints.size() && Slope >= FLeast && Slope <= FMost) {

@@ -59,7 +59,7 @@ class TCutOut {
 
   /// For a page that shows what lies in Seen.
   std::vector<QPainterPath> Paths(const QRectF& Seen) {
-    constexpr std::size_t MostGroups = 3;
+    constexpr std::size_t MostGroups = 2;
     std::stable_sort(FShapes.begin(), FShapes.end(), [](const TShapeInBox& A, const TShapeInBox& B) {
       return std::tuple(A.Box.left(), A.Box.top()) < std::tuple(B.Box.left(), B.Box.top());
     });
