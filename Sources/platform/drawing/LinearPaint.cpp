@@ -25,7 +25,8 @@ TLinearPaint::TLinearPaint(const LinearGradientBrush& Brush, const QTransform& T
   const double AlongY = PlaceOf({0.5, 1.5}) - Origin, Finest = std::hypot(AlongX, AlongY);
   constexpr double StepsPerPixel = 8;
   while (FSteps < MostSteps && FSteps * Finest < StepsPerPixel) FSteps *= 2;
-  FAtOrigin = Origin * FSteps;
+  constexpr double Hair = 1e-4;  // a gradient that begins in the middle of a pixel does not end there by rounding
+  FAtOrigin = Origin * FSteps + Hair;
   FAlongX = AlongX * FSteps;
   FAlongY = AlongY * FSteps;
   int First = 0;

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QTransform>
 #include <algorithm>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -34,6 +35,9 @@ bool IsHatch(const Brush& Brush);
 bool IsGradient(const Brush& Brush);
 /// The brush as a fan of colours; null for any other.
 const PathGradientBrush* AsFan(const Brush& Brush);
+
+/// The shape as an upright box; nothing for any other.
+std::optional<RectF> BoxOf(const TShape& Shape);
 
 /// The box of a shape, with the half of Width on every side and some pixels to spare.
 RectF ExtentOf(const TShape& Shape, float Width);
