@@ -74,6 +74,8 @@ TEST(LinearGradientBrushTest, ColoursLieWhereTheAngleAndTheStopsPutThem) {
   Three.SetInterpolationColors(Colors, std::vector<float>{0, 0.25f, 1});
   ExpectSpots(Filled(Three), {{35, 5, Green}, {72, 5, 0xFF008080}}, 6);
   ExpectSpots(Filled(Three), {{111, 5, Red}, {8, 5, Blue}}, 12);  // it repeats on both sides
+  ExpectSpots(Filled(LinearGradientBrush(PointF{10, 0}, PointF{110, 0}, Black, White)),
+              {{10, 5, Black}, {110, 5, White}, {9, 5, 0xFFFDFDFD}, {111, 5, 0xFF020202}}, 1);  // beyond its very ends
   for (const std::vector<float>& Wrong :
        {std::vector<float>{0, 1}, {0.1f, 0.5f, 1}, {0, 0.5f, 0.9f}, {0, 2, 1}, {0, Nan, 1}})
     EXPECT_THROW(Three.SetInterpolationColors(Colors, Wrong), ERangeError);

@@ -25,10 +25,11 @@ TLinearPaint::TLinearPaint(const LinearGradientBrush& Brush, const QTransform& T
   const double AlongY = PlaceOf({0.5, 1.5}) - Origin, Finest = std::hypot(AlongX, AlongY);
   constexpr double StepsPerPixel = 8;
   while (FSteps < MostSteps && FSteps * Finest < StepsPerPixel) FSteps *= 2;
-  constexpr double Hair = 1e-4;  // a gradient that begins in the middle of a pixel does not end there by rounding
-  FAtOrigin = Origin * FSteps + Hair;
-  FAlongX = AlongX * FSteps;
-  FAlongY = AlongY * FSteps;
+  // Stretched by a hair about its middle: pixels whose centres lie on its very ends have its first and its last colour.
+  constexpr double Stretched = 1 + 1e-5, Middle = 0.5;
+  FAtOrigin = (Middle + (Origin - Middle) / Stretched) * FSteps;
+  FAlongX = AlongX / Stretched * FSteps;
+  FAlongY = AlongY / Stretched * FSteps;
   int First = 0;
   for (std::size_t Index = 1; Index < Stops.size(); ++Index) {
     const int Last = static_cast<int>(std::lround(Stops[Index].Position * static_cast<float>(FSteps)));
