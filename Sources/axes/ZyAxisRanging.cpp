@@ -1,6 +1,7 @@
 // The ends of an axis: what sets them, and how data, a master, zooming and scrolling move them.
 
 #include <cmath>
+#include <limits>
 
 #include "axes/ZyAxis.h"
 #include "graph/parts/ZyAxisGraph.h"
@@ -46,7 +47,7 @@ void TZyAxis::SetEnd(double Value, double Present, const char* PropName, const T
   if (!std::isfinite(Value)) return;
   ChangeBy(this, Present, Restoring() ? Value : FKind->Settable(Value), PropName, [&](double Limited) {
     Store(Limited);
-    if (IsDesigning() && !IsLoading() && !FRelatedSeries.empty()) RescaleSamples();
+    if (IsDesigning() && !IsLoading() && !LoadingRecord() && !FRelatedSeries.empty()) RescaleSamples();
     Modified();
   });
 }
@@ -71,18 +72,21 @@ void TZyAxis::SetEndRounding(TZyAxisEndRounding Value) {
   const TZyUndoGroup Group(FUndo, _sAxisEndRounding);
   PushAll(_sAxisEndRounding, {"Start", "Stop", "EndRounding"});
   FEnds.Rules.EndRounding = Value;
+  FEnds.DropExact();
   Modified();
 }
 
 void TZyAxis::SetStartPadding(double Value) {
   if (!(Value > 0) || !std::isfinite(Value) || Value == StartPadding()) return;
   FEnds.Rules.StartPadding = Value;
+  FEnds.DropExact();
   Modified();
 }
 
 void TZyAxis::SetStopPadding(double Value) {
   if (!(Value > 0) || !std::isfinite(Value) || Value == StopPadding()) return;
   FEnds.Rules.StopPadding = Value;
+  FEnds.DropExact();
   Modified();
 }
 
@@ -91,7 +95,7 @@ void TZyAxis::SetMovingSlit(double& Field, double Value, TZyText Label, const ch
   const TZyUndoGroup Group(FUndo, Label);
   PushAll(Label, {PropName});
   Field = Value;
-  if (IsDesigning() && !IsLoading()) SetStopEnd(TZyAxisEnd::MovingSlit);
+  if (IsDesigning() && !IsLoading() && !LoadingRecord()) SetStopEnd(TZyAxisEnd::MovingSlit);
   RangeModified();
 }
 
@@ -106,12 +110,18 @@ void TZyAxis::SetMovingSlitIncrement(double Value) {
 // --- Data -----------------------------------------------------------------------------------------------------------
 
 void TZyAxis::RangeModified() {
-  if (IsDestroying()) return;
-  if (const IZyAxisGraph* const Parent = Graph(); Parent != nullptr && Parent->LoadingRecord()) return;
+  if (IsDestroying() || LoadingRecord() || RangesHeld) return;
   if (GetCanZoomBack()) ShowWholeWhereSet();
   if (FRelatedSeries.empty()) return Modified();
   FEnds.DataChanged();
   ZoomClearBuffer();
+}
+
+/// An axis that has seen no data yet, but has some, takes them as they come; its zoom stages are none of theirs.
+void TZyAxis::TestRange(bool MayShrink) {
+  if (FRelatedSeries.empty()) return;
+  if (ValuesStart() == std::numeric_limits<double>::max()) return FEnds.DataChanged();
+  if (!FEnds.Knows(Data().Range(), MayShrink)) RangeModified();
 }
 
 /// The end of a zoom shows the whole range again where no data say what it is. That is no step of the user's, as the
@@ -147,7 +157,7 @@ TZyBeyond TZyAxis::DataBeyond() const {
 
 void TZyAxis::CheckResize() {
   if (LayoutRunning) return;
-  FEnds.Unround();
+  if (!LoadingRecord()) FEnds.Unround();
   Modified();
 }
 
@@ -170,7 +180,8 @@ TZyEndRounding TZyAxis::Rounding() {
   const IZyAxisGraph* const Parent = Graph();
   TZyEndRounding::TCircumstances Now;
   Now.Panning = Parent != nullptr && Parent->Panning();
-  Now.KeepsEnds = Now.Panning || FEnds.AreExact() || (Parent != nullptr && Parent->Pinching());
+  Now.AreExact = FEnds.AreExact();
+  Now.KeepsEnds = Now.Panning || Now.AreExact || (Parent != nullptr && Parent->Pinching());
   Now.Zoomed = GetCanZoomBack();
   Now.IsSlave = IsSlave();
   const auto FirstPositive = [this](double Stop) {
@@ -188,13 +199,18 @@ void TZyAxis::TakeEnds() {
   }
 }
 
-/// A slave of the very values has the very steps as well.
+/// A slave of the very values has the very steps as well. Ends that are no numbers, or equal, are not taken; the own
+/// ones are rounded then.
 void TZyAxis::FollowMaster() {
   TZyAxis& Master = *FMasterAxis;
   FKind = Master.FKind;
   Master.FEnds.Round(Master.Rounding());
   const TZyAxisRange Ends{Master.Start() * FSlaveSlope + FSlaveOffset, Master.Stop() * FSlaveSlope + FSlaveOffset};
-  if (!FEnds.Follow(Ends, Rounding()) || FSlaveSlope != 1 || FSlaveOffset != 0) return;
+  if (!std::isfinite(Ends.Start) || !std::isfinite(Ends.Stop) || Ends.Start == Ends.Stop)
+    return FEnds.Round(Rounding());
+  FEnds.DropExact();
+  FEnds.Follow(Ends, Rounding());
+  if (FSlaveSlope != 1 || FSlaveOffset != 0) return;
   FSteps = Master.FSteps;
   FKind->TakeFormat(FSteps, FStepRules, LowEnd(), HighEnd());
 }
