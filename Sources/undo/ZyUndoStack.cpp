@@ -47,11 +47,22 @@ std::unique_ptr<TStream> TZyUndoStack::OpenStream(std::filesystem::path& FileNam
   if (FToMemoryStream) return std::make_unique<TMemoryStream>();
   std::string Base = Application().ExeName().filename().string();
   Base.resize(Base.size() < 4 ? 0 : Base.size() - 4);
+  // Exclusively, since others may make files between a look and a step: another program with the same name, or
+  // somebody who lays a link to a file of ours.
   for (std::int64_t Number = 0;; ++Number) {
     FileName = GetTemporaryPath() / (Base + ".ZyUndoStack." + IntToStr(Number));
-    if (!std::filesystem::exists(FileName)) break;
+    std::error_code Ignored;
+    const auto IsTaken = [&] { return std::filesystem::exists(std::filesystem::symlink_status(FileName, Ignored)); };
+    if (IsTaken()) continue;
+    try {
+      return std::make_unique<TFileStream>(FileName, fmCreate | fmExclusive);
+    } catch (const EFileError&) {
+      const bool CameBetween = IsTaken();
+      if (CameBetween) continue;
+      FileName.clear();  // none of ours, not to be removed
+      throw;
+    }
   }
-  return std::make_unique<TFileStream>(FileName, fmCreate);
 }
 
 void TZyUndoStack::InitStreams() {

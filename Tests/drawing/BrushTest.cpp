@@ -74,6 +74,8 @@ TEST(LinearGradientBrushTest, ColoursLieWhereTheAngleAndTheStopsPutThem) {
   Three.SetInterpolationColors(Colors, std::vector<float>{0, 0.25f, 1});
   ExpectSpots(Filled(Three), {{35, 5, Green}, {72, 5, 0xFF008080}}, 6);
   ExpectSpots(Filled(Three), {{111, 5, Red}, {8, 5, Blue}}, 12);  // it repeats on both sides
+  ExpectSpots(Filled(LinearGradientBrush(PointF{10, 0}, PointF{110, 0}, Black, White)),
+              {{10, 5, Black}, {110, 5, White}, {9, 5, 0xFFFDFDFD}, {111, 5, 0xFF020202}}, 1);  // beyond its very ends
   for (const std::vector<float>& Wrong :
        {std::vector<float>{0, 1}, {0.1f, 0.5f, 1}, {0, 0.5f, 0.9f}, {0, 2, 1}, {0, Nan, 1}})
     EXPECT_THROW(Three.SetInterpolationColors(Colors, Wrong), ERangeError);
@@ -98,6 +100,11 @@ TEST(PathGradientBrushTest, RunsFromTheOutlineToItsCentrePoint) {
   Triangle.SetCenterPoint({60, 70});
   // In the centre, halfway between two corners (and a thirtieth inwards) and halfway from a corner to the centre.
   ExpectSpots(Filled(Triangle), {{60, 70, White}, {60, 99, 0xFF840984}, {60, 40, 0xFF80FF80}, {20, 20, 0}}, 1);
+
+  const PointF Small[] = {{10, 10}, {30, 10}, {30, 30}, {10, 30}};
+  PathGradientBrush Square{std::span<const PointF>(Small)};
+  Square.SetCenterColor(Blue);
+  ExpectSpots(Filled(Square), {{20, 20, Blue}, {44, 20, 0}, {20, 44, 0}, {5, 5, 0}}, 26);  // it does not repeat
 }
 
 TEST(BrushTest, DegenerateGradientsEndInBoundedTime) {

@@ -221,6 +221,20 @@ TEST(FontTest, MeasuresFollowTheFace) {
   EXPECT_NO_THROW(Large.MeasureString("\xFF\xC3"));
 }
 
+TEST(FontTest, TabsAndControlCharactersAreMeasuredAsTheyAreDrawn) {
+  const Font Face("Arial", 12);
+  for (const auto& [Text, Shown] : {std::pair("ab\tH", "ab      H"),
+                                    {"\tH", "        H"},
+                                    {"a\x01\r\x1F"
+                                     "bH",
+                                     "abH"}}) {
+    EXPECT_FLOAT_EQ(Face.MeasureString(Text).Width, Face.MeasureString(Shown).Width) << Shown;
+    const Bitmap Picture = PictureOf(
+        150, 30, [&, &Line = Text](Graphics& Gr) { Gr.DrawString(Line, Face, SolidBrush(0xFF000000), 5, 5); });
+    EXPECT_NEAR(InkBox(Picture).Right + 1, 5 + Face.MeasureString(Text).Width, 2.5) << Shown;
+  }
+}
+
 TEST(FontTest, FractionsOfAPointCount) {
   const auto Width = [](float Size) { return Font("Arial", Size).MeasureString("Time in seconds").Width; };
   for (const float Size : {5.0f, 7.5f, 8.0f, 8.25f, 8.3f, 9.0f, 10.4f, 11.0f, 13.7f})

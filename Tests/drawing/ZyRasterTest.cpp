@@ -254,6 +254,23 @@ auto Rectangle(double Left, double Top, double Right, double Bottom, double Alph
   return [=](int X, int Y) { return Alpha * Overlap(Left, Right, X) * Overlap(Top, Bottom, Y); };
 }
 
+/// A paint of its own at each place, or at each column, or in each row.
+class TPlacePaint : public TRasterPaint {
+ public:
+  explicit TPlacePaint(bool Upright = false, bool Level = false) : FUpright(Upright), FLevel(Level) {}
+  std::uint32_t ColorAt(int X, int Y) const {
+    return Black | static_cast<std::uint32_t>((FLevel ? 0 : X << 8) | (FUpright ? 0 : Y));
+  }
+  bool IsUpright() const override { return FUpright; }
+  bool IsLevel() const override { return FLevel; }
+  void Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const override {
+    for (int Index = 0; Index < Count; ++Index) Pixels[Index] = ColorAt(X + Index, Y);
+  }
+
+ private:
+  bool FUpright, FLevel;
+};
+
 TEST(ZyRasterFill, UprightRectanglesAreExact) {
   struct TBox {
     float Left, Top, Right, Bottom;
@@ -265,13 +282,15 @@ TEST(ZyRasterFill, UprightRectanglesAreExact) {
                                                  {-7.5f, -3, 4.5f, 95.5f},
                                                  {100.5f, 80.25f, 1e6f, 1e6f},
                                                  {-1e9f, 30.5f, 1e9f, 31.75f}}) {
-    TCanvas Filled, Wound, Boxed;
+    TCanvas Filled, Wound, Boxed, Shaded;
     Filled.Raster().FillPolygon(Box(Left, Top, Right, Bottom), false, Ink);
     Wound.Raster().FillPolygon(Box(Left, Bottom, Right, Top), true, Ink);
     Boxed.Raster().FillBox(Left, Top, Right, Bottom, 0xC0FF8000);
+    Shaded.Raster().FillBox(Left, Top, Right, Bottom, TPlacePaint());
     EXPECT_EQ(Filled.Unlike(Rectangle(Left, Top, Right, Bottom), 0.51), "") << Left;
     EXPECT_EQ(Wound.Unlike(Rectangle(Left, Top, Right, Bottom), 0.51), "") << Left;
     EXPECT_EQ(Boxed.Unlike(Rectangle(Left, Top, Right, Bottom, 0xC0), 1), "") << Left;
+    EXPECT_EQ(Shaded.Unlike(Rectangle(Left, Top, Right, Bottom), 0.51), "") << Left;
   }
   // An upright line is a rectangle too; a square cap adds half a width.
   TCanvas Canvas;
@@ -400,21 +419,21 @@ TEST(ZyRaster, ClipsToBoxAndMask) {
   EXPECT_EQ(Half.Unlike(Rectangle(10, 10, 20, 20, 128), 0.51), "");
 }
 
-/// Every pixel has a colour of its own.
-class TPlacePaint : public TRasterPaint {
- public:
-  static std::uint32_t ColorAt(int X, int Y) { return Black | static_cast<std::uint32_t>(X << 8 | Y); }
-  void Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const override {
-    for (int Index = 0; Index < Count; ++Index) Pixels[Index] = ColorAt(X + Index, Y);
-  }
-};
-
 TEST(ZyRaster, BlendsThePaintOfEachPixel) {
+  for (const auto& Paint : {TPlacePaint(), TPlacePaint(true), TPlacePaint(false, true)}) {
+    TCanvas Filled, Boxed;
+    Filled.Raster().FillPolygon(TPoints{{7, 5}, {101, 5}, {101, 80}, {60, 80}, {60, 40}, {7, 40}}, true, Paint);
+    Boxed.Raster().FillBox(60, 40, 101, 80, Paint);
+    Boxed.Raster().FillBox(7, 5, 101, 40, Paint);
+    for (int Y = 5; Y < 80; ++Y)
+      for (int X = Y < 40 ? 7 : 60; X < 101; ++X) {
+        ASSERT_EQ(Filled.At(X, Y), Paint.ColorAt(X, Y));
+        ASSERT_EQ(Boxed.At(X, Y), Paint.ColorAt(X, Y));
+      }
+    EXPECT_EQ(Filled.Area(), 94 * 35 + 41 * 40);
+    EXPECT_EQ(Boxed.Area(), 94 * 35 + 41 * 40);
+  }
   TCanvas Canvas;
-  Canvas.Raster().FillPolygon(Box(7, 5, 101, 80), true, TPlacePaint());
-  for (int Y = 5; Y < 80; ++Y)
-    for (int X = 7; X < 101; ++X) ASSERT_EQ(Canvas.At(X, Y), TPlacePaint::ColorAt(X, Y));
-  EXPECT_EQ(Canvas.Area(), 94 * 75);
   Canvas.At(4, 4) = 0xFF0000FF;
   Canvas.Raster().FillPolygon(Box(4, 4, 5, 5), true, TSolidPaint(0x80FF0000));
   EXPECT_EQ(Canvas.At(4, 4), 0xFF80007Fu);  // 128 of red, and 127 / 255 of the blue

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <functional>
 
 #include "drawing/Pixels.h"
@@ -158,6 +160,9 @@ TEST(Drawing, ABarHasThreeShadedFaces) {
                            "FillPolygon(linear 29 39.5 to 38 39.5 0:FF4D4D4D 0.5:FF404040 1:FF333333, " + Side,
                            "DrawPolygon(pen linear 29 39.5 to 38 39.5 0:FF000000 0.5:FF000000 1:FF000000 1, " + Side};
   EXPECT_EQ(CallsOf([](Graphics& Gr) { Draw3DBar(Gr, Black, Gray, 30, 60, 10, 20, -8, 4); }), Expected);
+  const Bitmap Painted = Picture(80, 80, [](Graphics& Gr) { Draw3DBar(Gr, Black, 0xFF80FFFF, 40, 20, 60, 60, 8, 4); });
+  for (const int X : {50, 55, 60})
+    ExpectSpots(Painted, {{X, 16, Black}, {X, 20, Black}, {60, X, Black}, {40, X, Black}}, 40);
   // A translucent one has no silhouette, one without a frame no outline.
   const TCalls Calls =
       CallsOf([](Graphics& Gr) { Draw3DBar(Gr, Colors::Transparent, 0xFE808080, 10, 20, 30, 60, 8, 4, -50, 200); });
@@ -208,6 +213,22 @@ TEST(Drawing, TheSideOfALeaningCylinderTouchesItsCaps) {
         const bool IsSide = Along >= 50 && Along <= 90;
         EXPECT_TRUE(IsSide ? First == 28 && Last == 72 : First >= 28 && Last <= 72) << Lies << " " << Along;
       }
+    }
+}
+
+// Rows count from the edge of a body 20 high that leans by 2 over 8: a slope of 1/4. Colours run across it, turned and
+// then moved by the height: at a row they have gone (row + 20 / 4) / (22 sqrt(1 + 1/16)) of their way.
+TEST(Drawing, TheBandsOfALeaningLyingCylinderLieAlongItsSide) {
+  const Bitmap Cylinder = Picture(
+      140, 60, [](Graphics& Gr) { DrawCylinderHorizontal(Gr, Colors::Transparent, Gray, 10, 20, 110, 40, 8, 2); });
+  const std::pair<double, double> Shades[] = {{0, 128}, {0.35, 179}, {0.5, 128}, {0.75, 90}, {1, 51}, {2, 51}};
+  for (const int Row : {1, 4, 8, 12, 17, 18})
+    for (const int X : {40, 90}) {
+      const double Way = (Row + 5) / (22 * std::sqrt(1 + 1.0 / 16));
+      const auto* const To = std::find_if(Shades, std::end(Shades), [=](auto& Shade) { return Shade.first > Way; });
+      const auto& [From, Shade] = *(To - 1);
+      const double Expected = Shade + (To->second - Shade) * (Way - From) / (To->first - From);
+      EXPECT_NEAR(GetR(Cylinder.GetPixel(X, 20 + Row)), Expected, 3) << Row << " " << X;
     }
 }
 

@@ -1,6 +1,9 @@
 // Charts as files, pictures, on the clipboard and on paper, read back by other programs.
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
 
 #include <QImage>
 #include <QPrinter>
@@ -278,6 +281,24 @@ TEST(GraphPrintTest, FitsThePictureIntoTheRectangle) {
   }
 }
 
+/// Lets files of this process grow to 100 bytes and no more.
+class TFullDisk {
+ public:
+  TFullDisk() : FHandler(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &FBefore);
+    const rlimit Small{100, FBefore.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &Small);
+  }
+  ~TFullDisk() {
+    setrlimit(RLIMIT_FSIZE, &FBefore);
+    std::signal(SIGXFSZ, FHandler);
+  }
+
+ private:
+  void (*FHandler)(int);
+  rlimit FBefore;
+};
+
 TEST(PrinterTest, SaysWhatItCannotDo) {
   TOutputChart Chart;
   const TScratchFolder Folder;
@@ -295,6 +316,15 @@ TEST(PrinterTest, SaysWhatItCannotDo) {
   EXPECT_THROW(Printer.SetFileName(""), EPrinter);
   Chart.Graph->PrintTo(&Printer, {0, 0, 3000, 2000});
   Printer.Abort();
+  EXPECT_EQ(OutputOf("cat " + (Folder / "page.pdf")), "old");
+  EXPECT_TRUE(Folder.IsEmptyBut(1));
+  Printer.BeginDoc();
+  Chart.Graph->PrintTo(&Printer, {0, 0, 3000, 2000});
+  {
+    const TFullDisk NoRoom;
+    EXPECT_THROW(Printer.EndDoc(), EFileError);
+  }
+  EXPECT_FALSE(Printer.Printing());
   EXPECT_EQ(OutputOf("cat " + (Folder / "page.pdf")), "old");
   EXPECT_TRUE(Folder.IsEmptyBut(1));
   const int Portrait = Printer.PageWidth();

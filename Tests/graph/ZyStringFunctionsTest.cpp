@@ -28,9 +28,10 @@ TEST(ZyStringFunctionsTest, ShownRealsFitTheirDigits) {
   const std::tuple<double, int, const char*> Cases[] = {
       {1234.5678, 5, "1235"}, {1234.5678, 6, "1234.6"}, {1234.5678, 0, "1234.5678"},
       {0.1, 40, "0.1"},       {1.0 / 3, 5, "0.333"},    {-1.0 / 3, 5, "-0.33"},
-      {-0.0, 3, "0"},         {0.1, -2, "0.1"}};
+      {-0.0, 3, "0"},         {0.1, -2, "0.1"},         {1.2e-5, 6, "1.2E-5"},
+      {1.5e6, 5, "1.5E6"},    {-1e100, 7, "-1E100"},    {1.234e-300, 8, "1.2E-300"}};
   for (const auto& [Value, Digits, Text] : Cases) EXPECT_EQ(RealToStrDigits(Value, Digits), Text) << Digits;
-  EXPECT_EQ(RealToStrDigits(12, 1), "1e+01") << "no precision makes it fit";
+  EXPECT_EQ(RealToStrDigits(12, 1), "1E1") << "no precision makes it fit";
   const TSeparator Comma(',');
   EXPECT_EQ(RealToStrDigits(1234.5678, 6), "1234,6");
   EXPECT_EQ(RealToStrDigits(1234.5678, 0), "1234,5678");

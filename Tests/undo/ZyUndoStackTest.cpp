@@ -335,13 +335,20 @@ TEST_F(ZyUndoStackTest, FilesOfALogGoWithTheStack) {
   };
   const int Before = Count();
   TSample& Sample = *MakeSample("Sample");
+  const std::filesystem::path Victim = GetTemporaryPath() / "victim-of-an-undo-log";
+  const std::string Name = Application().ExeName().filename().string();
+  const std::filesystem::path Link = GetTemporaryPath() / (Name.substr(0, Name.size() - 4) + ".ZyUndoStack.0");
+  std::error_code IsTaken;  // by another run of these tests
+  std::filesystem::create_symlink(Victim, Link, IsTaken);
   {
     TZyUndoStack Log(&Module);
     Log.SetToMemoryStream(false);
-    EXPECT_EQ(Count(), Before) << "no stream before the first push";
+    EXPECT_EQ(Count(), Before + (IsTaken ? 0 : 1)) << "no stream before the first push";
     Log.PushProperty(&Sample, "label", "Whole");
-    EXPECT_EQ(Count(), Before + 3);
+    EXPECT_EQ(Count(), Before + (IsTaken ? 3 : 4));
+    EXPECT_FALSE(std::filesystem::exists(Victim)) << "written through a link that somebody laid";
   }
+  if (!IsTaken) std::filesystem::remove(Link);
   EXPECT_EQ(Count(), Before);
 }
 

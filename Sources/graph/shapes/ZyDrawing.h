@@ -77,12 +77,12 @@ std::unique_ptr<GraphicsPath> RoundRectPath(const RectF& Rect, float Rounding);
 
 /// Draws a box, with round corners as in RoundRectPath. A plain rectangle is drawn in whole pixels, without smoothing.
 /// Framed outlines it with the pen. Raised and Lowered give it an edge in light and shade, both together a ridge; a
-/// framed box has none. Shadow drops a shadow, and leaves Gr without a clip.
+/// framed box has none. Shadow drops a shadow, see DrawShadow.
 void DrawRoundRect(Graphics& Gr, const Brush& Brush, const Pen& Pen, const RectF& Rect, float Rounding, bool Framed,
                    bool Shadow, bool Raised, bool Lowered);
 
 /// Draws the soft shadow of a shape DX pixels to the right of it and DY below, DX being 1 or more; never on the shape
-/// itself. Moves Path, and leaves Gr without a clip.
+/// itself, and only within the clip of Gr, which stays. Moves Path.
 void DrawShadow(Graphics& Gr, GraphicsPath& Path, float DX, float DY);
 
 }  // namespace zy

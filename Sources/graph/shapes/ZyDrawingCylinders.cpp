@@ -2,6 +2,7 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <span>
 
 #include "graph/shapes/ZyDrawing.h"
 #include "graph/styles/ZyGradientBrushes.h"
@@ -38,11 +39,15 @@ class TLocalSystem {
   Matrix FBefore;
 };
 
-/// The round side in light and shade; positions are those of the full colour, the highlight and the shadows.
-void SetBodyColors(LinearGradientBrush& Brush, TZyColor Color, float HighlightAt, double ShadowFactor) {
-  const ARGB Colors[] = {Color, Brighten(Color, 1.4), Color, Brighten(Color, ShadowFactor), Brighten(Color, 0.4)};
-  const float Positions[] = {0, HighlightAt, 0.5f, 0.75f, 1};
-  Brush.SetInterpolationColors(Colors, Positions);
+/// The round side in light and shade; positions are those of the full colour, the highlight and the shadows. Reach says
+/// how many times as long as these colours the brush is.
+void SetBodyColors(LinearGradientBrush& Brush, TZyColor Color, float HighlightAt, double ShadowFactor,
+                   float Reach = 1) {
+  const TZyColor Last = Brighten(Color, 0.4);
+  const ARGB Colors[] = {Color, Brighten(Color, 1.4), Color, Brighten(Color, ShadowFactor), Last, Last};
+  const float Positions[] = {0, HighlightAt / Reach, 0.5f / Reach, 0.75f / Reach, 1 / Reach, 1};
+  const std::size_t Count = Reach > 1 ? std::size(Colors) : std::size(Colors) - 1;
+  Brush.SetInterpolationColors(std::span(Colors).first(Count), std::span(Positions).first(Count));
 }
 
 LinearGradientBrush CapBrush(const RectF& Cap, TZyColor Color) {
@@ -118,18 +123,20 @@ void DrawCylinderHorizontal(Graphics& Gr, TZyColor FrameColor, TZyColor FillColo
   Body.AddArc(Start, Angle, -180);
   Body.CloseFigure();
   const float Side = Height + Lean;
-  const RectF Square{0, 0, Side, Side};
-  LinearGradientBrush BodyBrush(Square, FillColor, FillColor, LinearGradientModeVertical);
+  LinearGradientBrush BodyBrush(RectF{0, 0, Side, Side}, FillColor, FillColor, LinearGradientModeVertical);
+  float Reach = 1;
   if (Shear > 0) {
-    // Across the slope that the side has in the sheared system. The colours repeat, so that moving on by the height is
-    // moving back by the lean: they begin where the upper edge of the side does.
-    BodyBrush = LinearGradientBrush(Square, FillColor, FillColor, LinearGradientModeHorizontal);
+    // Across the slope that the side has in the sheared system: turned about the corner, then moved. The colours reach
+    // that far down that they would begin anew near the lower edge; the last one goes on instead.
+    Reach = 2;
+    BodyBrush =
+        LinearGradientBrush(RectF{0, 0, Reach * Side, Side}, FillColor, FillColor, LinearGradientModeHorizontal);
     Matrix Across;
-    Across.Translate(Height, 0, MatrixOrderAppend);
-    Across.Rotate(InDegrees(std::atan(Shear)) + 90, MatrixOrderAppend);
+    Across.Translate(Height, 0);
+    Across.Rotate(InDegrees(std::atan(Shear)) + 90);
     BodyBrush.SetTransform(Across);
   }
-  SetBodyColors(BodyBrush, FillColor, 0.35f, 0.7);
+  SetBodyColors(BodyBrush, FillColor, 0.35f, 0.7, Reach);
   Gr.FillPath(BodyBrush, Body);
 
   Gr.FillEllipse(EndBrush(End, FillColor), End);

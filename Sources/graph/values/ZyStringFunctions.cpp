@@ -22,12 +22,18 @@ int ToInt(std::int64_t Value, std::string_view Text) {
   return static_cast<int>(Value);
 }
 
+/// General text with its exponent in as few characters as there are: "1.2E-5", "1.5E6".
 std::string GeneralText(double Value, int Precision) {
   if (!std::isfinite(Value) || Value == 0) return FloatToStr(Value);
   std::array<char, 64> Buffer;
   const auto Result = std::to_chars(Buffer.data(), Buffer.data() + Buffer.size(), Value, std::chars_format::general,
                                     std::min(Precision, MostDigits));
-  return DeAmericanize({Buffer.data(), Result.ptr});
+  std::string Text = DeAmericanize({Buffer.data(), Result.ptr});
+  if (const std::size_t At = Text.find('e'); At != std::string::npos) {
+    const std::size_t Digits = Text.find_first_not_of("+-0", At + 1);
+    Text.replace(At, Digits - At, Text[At + 1] == '-' ? "E-" : "E");
+  }
+  return Text;
 }
 
 template <class T, class TToText>

@@ -1,16 +1,16 @@
 #include "platform/controls/TPrinter.h"
 
+#include <QBuffer>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <algorithm>
 #include <cmath>
-#include <random>
-#include <system_error>
-#include <utility>
 
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/QtText.h"
+#include "platform/framework/WholeFile.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
@@ -22,6 +22,19 @@ constexpr double UnitsPerInch = 100;  // of Handle
 int AsPixels(double Inches) { return static_cast<int>(std::floor(Inches * TPrinter::PixelsPerInch)); }
 
 }  // namespace
+
+struct TPrinter::TPdf {
+  explicit TPdf(const QPrinter& Printer) : Writer((Buffer.open(QIODevice::WriteOnly), &Buffer)) {
+    Writer.setResolution(PixelsPerInch);
+    Writer.setPageLayout(Printer.pageLayout());
+    Writer.setTitle(Printer.docName());
+    Writer.setCreator(Printer.creator());
+  }
+  std::string_view Bytes() const { return {Buffer.data().constData(), static_cast<std::size_t>(Buffer.size())}; }
+
+  QBuffer Buffer;
+  QPdfWriter Writer;
+};
 
 TPrinter::TPrinter() : FPrinter(std::make_unique<QPrinter>(QPrinter::HighResolution)) {
   FPrinter->setResolution(PixelsPerInch);
@@ -85,22 +98,22 @@ int TPrinter::PageWidth() const { return AsPixels(FPrinter->pageRect(QPrinter::I
 
 int TPrinter::PageHeight() const { return AsPixels(FPrinter->pageRect(QPrinter::Inch).height()); }
 
-/// A name of its own beside the file, so that the file is there in one step.
-std::filesystem::path TPrinter::TemporaryFile() const {
-  std::filesystem::path Result = FFileName;
-  return Result.concat(".").concat(std::to_string(std::random_device()())).concat(".tmp");
-}
-
+/// A PDF file is put together in memory: the toolkit does not tell when it cannot write to one.
 void TPrinter::BeginDoc() {
   CheckIdle();
-  if (FFileName.empty() && (FPrinter->outputFormat() != QPrinter::NativeFormat || !FPrinter->isValid()))
+  const bool IsFile = !FFileName.empty();
+  const std::filesystem::path Folder = FFileName.parent_path();
+  if (IsFile && !Folder.empty() && !std::filesystem::is_directory(Folder)) Fail();
+  if (!IsFile && (FPrinter->outputFormat() != QPrinter::NativeFormat || !FPrinter->isValid()))
     throw EPrinter(LoadResString(_sNoPrinter));
-  FTemporary = FFileName.empty() ? std::filesystem::path() : TemporaryFile();
-  FPrinter->setOutputFileName(ToQString(FTemporary.string()));
-  if (!FFileName.empty()) FPrinter->setOutputFormat(QPrinter::PdfFormat);
   FPrinter->setDocName(ToQString(FTitle));
+  QPagedPaintDevice* Device = FPrinter.get();
+  if (IsFile) {
+    FPdf = std::make_unique<TPdf>(*FPrinter);
+    Device = &FPdf->Writer;
+  }
   FPainter = std::make_unique<QPainter>();
-  if (!FPainter->begin(FPrinter.get())) {
+  if (!FPainter->begin(Device)) {
     Abort();
     Fail();
   }
@@ -111,14 +124,16 @@ void TPrinter::BeginDoc() {
 void TPrinter::StartPage() {
   FPage.reset();
   FPainter->resetTransform();
-  FPainter->scale(FPrinter->logicalDpiX() / UnitsPerInch, FPrinter->logicalDpiY() / UnitsPerInch);
+  const QPaintDevice& Device = *FPainter->device();
+  FPainter->scale(Device.logicalDpiX() / UnitsPerInch, Device.logicalDpiY() / UnitsPerInch);
   FPage = std::make_unique<Graphics>(*FPainter);
 }
 
 void TPrinter::NewPage() {
   CheckPrinting();
   FPage.reset();
-  if (!FPrinter->newPage()) Fail();
+  QPagedPaintDevice& Device = FPdf != nullptr ? static_cast<QPagedPaintDevice&>(FPdf->Writer) : *FPrinter;
+  if (!Device.newPage()) Fail();
   ++FPageNumber;
   StartPage();
 }
@@ -138,22 +153,15 @@ void TPrinter::Close() {
 void TPrinter::EndDoc() {
   CheckPrinting();
   Close();
-  const std::filesystem::path Temporary = std::exchange(FTemporary, {});
-  if (FPrinter->printerState() == QPrinter::Error) Fail();
-  if (Temporary.empty()) return;
-  std::error_code Error, Ignored;
-  std::filesystem::rename(Temporary, FFileName, Error);
-  if (!Error) return;
-  std::filesystem::remove(Temporary, Ignored);
-  throw EFileError(Format(LoadResString(_sCannotWriteFile), {FFileName.string()}));
+  const auto Pdf = std::move(FPdf);
+  if (Pdf == nullptr && FPrinter->printerState() == QPrinter::Error) Fail();
+  if (Pdf != nullptr) SaveWholeFile(FFileName, Pdf->Bytes());
 }
 
 void TPrinter::Abort() {
-  if (FPainter != nullptr && FPainter->isActive()) FPrinter->abort();
+  if (FPdf == nullptr && FPainter != nullptr && FPainter->isActive()) FPrinter->abort();
   Close();
-  std::error_code Ignored;
-  if (const auto Temporary = std::exchange(FTemporary, {}); !Temporary.empty())
-    std::filesystem::remove(Temporary, Ignored);
+  FPdf.reset();
 }
 
 }  // namespace zy

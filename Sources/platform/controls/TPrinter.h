@@ -59,7 +59,8 @@ class TPrinter {
   /// Goes on with an empty page. Throws EPrinter without a document.
   void NewPage();
   /// Ends the document and has it printed. Throws EPrinter without a document, and when the printer failed; EFileError
-  /// when the PDF file cannot be written, with an old one whole. The document is closed in any case.
+  /// when the PDF file cannot be written, on a full disk say, with an old one whole. The document is closed in any
+  /// case.
   void EndDoc();
   /// Throws the document away.
   void Abort();
@@ -79,13 +80,14 @@ class TPrinter {
   [[noreturn]] void Fail() const;
   void StartPage();
   void Close();
-  std::filesystem::path TemporaryFile() const;
+
+  struct TPdf;
 
   std::unique_ptr<QPrinter> FPrinter;
   std::unique_ptr<QPainter> FPainter;
   std::unique_ptr<Graphics> FPage;
   std::filesystem::path FFileName;
-  std::filesystem::path FTemporary;  // the PDF file until the document ends
+  std::unique_ptr<TPdf> FPdf;  // while a document for the PDF file is open
   std::string FTitle;
   int FPageNumber = 0;
 };

@@ -31,10 +31,10 @@ TRasterCells& Cells() {
 }  // namespace
 
 std::vector<std::vector<PointF>> OutlineOf(const Region::TPart& Part, const QTransform& ToDevice) {
-  const QTransform Place = AsQt(Part.Transform) * ToDevice;
-  if (!Part.IsRect) return Part.Path->Flatten(FromQt(QTransform::fromTranslate(0.5, 0.5) * Place));
+  const QTransform Place = AsQt(Part.Transform);
+  if (!Part.IsRect) return Part.Path->Flatten(FromQt(Place * QTransform::fromTranslate(0.5, 0.5) * ToDevice));
   std::vector<PointF> Corners;
-  for (const QPointF& Corner : Place.map(QPolygonF(AsQt(Part.Rect)))) Corners.push_back(FromQt(Corner));
+  for (const QPointF& Corner : (Place * ToDevice).map(QPolygonF(AsQt(Part.Rect)))) Corners.push_back(FromQt(Corner));
   return {std::move(Corners)};
 }
 
@@ -54,7 +54,7 @@ void TClipMask::Update(const Region& Clip, const QTransform& ToDevice, int Width
 void TClipMask::Apply(const Region::TPart& Part, const QTransform& ToDevice) {
   if (Part.Nested != nullptr) {
     TClipMask Inner;
-    Inner.Update(*Part.Nested, AsQt(Part.Transform) * ToDevice, FWidth, FHeight);
+    Inner.Update(Part.Nested->Transformed(Part.Transform), ToDevice, FWidth, FHeight);
     for (std::size_t Index = 0; Index < FBytes.size(); ++Index)
       FBytes[Index] = ScaledByte(FBytes[Index], static_cast<std::uint8_t>(255 - Inner.FBytes[Index]));
     return;

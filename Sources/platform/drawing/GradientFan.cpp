@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numeric>
+#include <utility>
 
 namespace zy {
 namespace {
@@ -35,49 +35,48 @@ TGradientFan::TGradientFan(std::vector<QPointF> Corners, QPointF Center, double 
     const auto [Top, Bottom] = std::minmax({First.y(), Second.y(), Center.y()});
     // Beyond a side, the wedge between the rays from the centre through its ends goes on.
     const double RimPart = Rim * std::hypot(Side.x(), Side.y()) / std::abs(Area);
-    const double Beyond = RimPart * (Bottom - Top);
-    FTriangles.push_back({Corner, Inwards, {-Away.AtOrigin, -Away.X, -Away.Y}, RimPart, Top - Beyond, Bottom + Beyond});
+    FTriangles.push_back({Corner, Inwards, {-Away.AtOrigin, -Away.X, -Away.Y}, RimPart, Top, Bottom});
   }
 }
 
-/// The pixels of a row that have no colour yet.
+/// The parts of a row that have no colour yet.
 class TGradientFan::TFreePixels {
  public:
-  explicit TFreePixels(int Count) : FNext(static_cast<std::size_t>(Count) + 1) {}
-  void Begin() {
-    std::iota(FNext.begin(), FNext.end(), 0);
-    FLeft = static_cast<int>(FNext.size()) - 1;
-  }
-  bool IsEmpty() const { return FLeft == 0; }
-  /// The first free one from Pixel on; the row's length when there is none.
-  int From(int Pixel) {
-    int First = Pixel;
-    while (Next(First) != First) First = Next(First);
-    while (Next(Pixel) != First) Pixel = std::exchange(Next(Pixel), First);
-    return First;
-  }
-  void Take(int Pixel) {
-    Next(Pixel) = Pixel + 1;
-    --FLeft;
+  void Begin(int Width) { FParts.assign(1, {0, Width}); }
+  bool IsEmpty() const { return FParts.empty(); }
+  /// Hands Paint what is free from First to before End, and takes it.
+  template <class TPaint>
+  void Take(int First, int End, const TPaint& Paint) {
+    FLeft.clear();
+    for (const auto& [From, To] : FParts) {
+      const int Left = std::max(From, First), Right = std::min(To, End);
+      if (Left >= Right) {
+        FLeft.emplace_back(From, To);
+        continue;
+      }
+      Paint(Left, Right);
+      if (From < Left) FLeft.emplace_back(From, Left);
+      if (Right < To) FLeft.emplace_back(Right, To);
+    }
+    FParts.swap(FLeft);
   }
 
  private:
-  int& Next(int Pixel) { return FNext[static_cast<std::size_t>(Pixel)]; }
-  std::vector<int> FNext;  // of a pixel that is taken, one behind it
-  int FLeft = 0;
+  std::vector<std::pair<int, int>> FParts, FLeft;
 };
 
 /// Row by row, from the last triangle to the first, the wedges beyond the outline behind all of them.
 template <class TColorsOf>
 void TGradientFan::PaintBy(QImage& Picture, const TColorsOf& ColorsOf) const {
-  TFreePixels Free(Picture.width());
+  TFreePixels Free;
   for (int Row = 0; Row < Picture.height(); ++Row) {
     const double Y = Row + 0.5;
     auto* const Pixels = reinterpret_cast<QRgb*>(Picture.scanLine(Row));
-    Free.Begin();
+    Free.Begin(Picture.width());
     for (const bool IsRim : {false, true})
       for (auto Triangle = FTriangles.rbegin(); Triangle != FTriangles.rend() && !Free.IsEmpty(); ++Triangle) {
-        if (Y < Triangle->Top - 1 || Y > Triangle->Bottom + 1) continue;
+        const double Reach = IsRim ? Triangle->Rim * (Triangle->Bottom - Triangle->Top) + 1 : 1;
+        if (Y < Triangle->Top - Reach || Y > Triangle->Bottom + Reach) continue;
         const double Inwards = Triangle->Inwards.AtOrigin + Triangle->Inwards.Y * Y;
         const double Along = Triangle->Along.AtOrigin + Triangle->Along.Y * Y;
         double From = 0.5, To = Picture.width() - 0.5;
@@ -85,38 +84,44 @@ void TGradientFan::PaintBy(QImage& Picture, const TColorsOf& ColorsOf) const {
         Narrow(Along, Triangle->Along.X, -Hair, From, To);
         Narrow(1 - Inwards - Along, -Triangle->Inwards.X - Triangle->Along.X, -Hair, From, To);
         if (!(From <= To)) continue;
-        const int Last = static_cast<int>(To - 0.5);
         const auto ColorAt = ColorsOf(Triangle->Corner);
-        for (int X = Free.From(static_cast<int>(std::ceil(From - 0.5))); X <= Last; X = Free.From(X + 1)) {
-          const double In = Inwards + Triangle->Inwards.X * (X + 0.5), Aside = Along + Triangle->Along.X * (X + 0.5);
-          const ARGB Color = In < 0 ? ColorAt(0, std::clamp(Aside / (1 - In), 0.0, 1.0))
-                                    : ColorAt(std::min(In, 1.0), std::clamp(Aside, 0.0, 1 - std::min(In, 1.0)));
-          Pixels[X] = Color >> 24 == 255 ? Color : qPremultiply(Color);
-          Free.Take(X);
-        }
+        const auto Paint = [&](int Left, int Right) {
+          for (int X = Left; X < Right; ++X) {
+            const auto Ahead = static_cast<float>(Inwards + Triangle->Inwards.X * (X + 0.5));
+            const auto Aside = static_cast<float>(Along + Triangle->Along.X * (X + 0.5));
+            const float In = std::clamp(Ahead, 0.0f, 1.0f), Spread = Ahead < 0 ? 1 - Ahead : 1;  // beyond a side
+            const ARGB Color = ColorAt(In, std::clamp(Aside / Spread, 0.0f, 1 - In));
+            Pixels[X] = Color >> 24 == 255 ? Color : qPremultiply(Color);
+          }
+        };
+        Free.Take(static_cast<int>(std::ceil(From - 0.5)), static_cast<int>(To - 0.5) + 1, Paint);
       }
   }
 }
 
 void TGradientFan::Paint(QImage& Picture, std::span<const ARGB> CornerColors, ARGB CenterColor) const {
-  using TChannels = std::array<double, 4>;
+  using TChannels = std::array<float, 4>;  // from the lowest one
   const auto Channels = [](ARGB Color) {
-    return TChannels{static_cast<double>(Color >> 24), static_cast<double>(Color >> 16 & 255),
-                     static_cast<double>(Color >> 8 & 255), static_cast<double>(Color & 255)};
+    TChannels Result;
+    for (std::size_t Channel = 0; Channel < 4; ++Channel)
+      Result[Channel] = static_cast<float>(Color >> (8 * Channel) & 255);
+    return Result;
   };
-  std::vector<TChannels> Corners;
-  for (const ARGB Color : CornerColors) Corners.push_back(Channels(Color));
+  const auto ColorOf = [&](std::size_t Corner) {
+    return Channels(CornerColors[std::min(Corner % FCornerCount, CornerColors.size() - 1)]);
+  };
   const TChannels Center = Channels(CenterColor);
-  const auto ColorOf = [&](std::size_t Corner) -> const TChannels& {
-    return Corners[std::min(Corner % FCornerCount, Corners.size() - 1)];
-  };
   PaintBy(Picture, [&](std::size_t Corner) {
-    return [&, &First = ColorOf(Corner), &Second = ColorOf(Corner + 1)](double In, double Aside) {
+    TChannels First = ColorOf(Corner), Aside = ColorOf(Corner + 1), In = Center;
+    for (std::size_t Channel = 0; Channel < 4; ++Channel) {
+      Aside[Channel] -= First[Channel];
+      In[Channel] -= First[Channel];
+    }
+    return [=](float PartIn, float PartAside) {
       ARGB Result = 0;
       for (std::size_t Channel = 0; Channel < 4; ++Channel) {
-        const double Value =
-            First[Channel] + (Second[Channel] - First[Channel]) * Aside + (Center[Channel] - First[Channel]) * In;
-        Result = Result << 8 | static_cast<ARGB>(static_cast<int>(Value + 0.5));
+        const float Value = First[Channel] + Aside[Channel] * PartAside + In[Channel] * PartIn;
+        Result |= static_cast<ARGB>(static_cast<int>(Value + 0.5f)) << (8 * Channel);
       }
       return Result;
     };
@@ -124,8 +129,7 @@ void TGradientFan::Paint(QImage& Picture, std::span<const ARGB> CornerColors, AR
 }
 
 void TGradientFan::Paint(QImage& Picture, std::span<const TGradientStop> Stops) const {
-  PaintBy(Picture,
-          [&](std::size_t) { return [&](double In, double) { return ColorAt(Stops, static_cast<float>(In)); }; });
+  PaintBy(Picture, [&](std::size_t) { return [&](float In, float) { return ColorAt(Stops, In); }; });
 }
 
 }  // namespace zy

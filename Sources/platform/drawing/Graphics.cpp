@@ -34,13 +34,6 @@ TShape PointShape(TShape::TKind Kind, std::span<const PointF> Points, FillMode M
   return Shape;
 }
 
-TShape PathShape(const GraphicsPath& Path) {
-  TShape Shape;
-  Shape.Kind = TShape::Path;
-  Shape.Outline = &Path;
-  return Shape;
-}
-
 float PaddingOf(const StringFormat& Format, const Font& Font) {
   return Format.Padding() * Font.GetSize() * Font::PixelsPerPoint;
 }
@@ -110,7 +103,7 @@ void Graphics::DrawPie(const Pen& Pen, const RectF& Rect, float StartAngle, floa
 }
 
 void Graphics::DrawPath(const Pen& Pen, const GraphicsPath& Path) {
-  if (!Path.IsEmpty()) Draw(Pen, PathShape(Path));
+  if (!Path.IsEmpty()) Draw(Pen, TShape::Of(Path));
 }
 
 void Graphics::FillRectangle(const Brush& Brush, float X, float Y, float Width, float Height) {
@@ -132,7 +125,7 @@ void Graphics::FillPolygon(const Brush& Brush, std::span<const PointF> Points, F
 }
 
 void Graphics::FillPath(const Brush& Brush, const GraphicsPath& Path) {
-  if (!Path.IsEmpty()) Fill(Brush, PathShape(Path));
+  if (!Path.IsEmpty()) Fill(Brush, TShape::Of(Path));
 }
 
 void Graphics::DrawImage(const Bitmap& Picture, float X, float Y) {

@@ -50,6 +50,19 @@ struct TShape {
   FillMode Mode = FillModeAlternate;      // of Polygon
   const GraphicsPath* Outline = nullptr;  // of Path
 
+  static TShape Of(const GraphicsPath& Path) {
+    TShape Result;
+    Result.Kind = TShape::Path;
+    Result.Outline = &Path;
+    return Result;
+  }
+  /// Through at least two points.
+  static TShape Line(std::span<const PointF> Points) {
+    TShape Result;
+    Result.Points = Points;
+    return Result;
+  }
+
   /// The shape as a path of its own. A rectangle has its lines at X and X + Width.
   GraphicsPath AsPath() const;
 };

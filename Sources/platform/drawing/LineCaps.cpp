@@ -46,7 +46,7 @@ std::optional<PointF> Shorten(std::vector<PointF>& Points, float Length) {
   return PointF{(End.X - Base.X) / Distance, (End.Y - Base.Y) / Distance};
 }
 
-void Place(const CustomLineCap& Cap, PointF End, PointF Direction, float Width, TShapedLine& Result) {
+void Place(const CustomLineCap& Cap, PointF End, PointF Direction, float Width, TShapedLines& Result) {
   const auto [X, Y] = Direction;
   const Matrix ToEnd(-Y * Width, X * Width, X * Width, Y * Width, End.X, End.Y);
   const auto Add = [&ToEnd](GraphicsPath Shape, GraphicsPath& Whole) {
@@ -58,28 +58,60 @@ void Place(const CustomLineCap& Cap, PointF End, PointF Direction, float Width, 
   Add(Cap.StrokePath(), Result.Stroke);
 }
 
-}  // namespace
-
+/// Whether the ends of a pen's lines are anything that one pen of the toolkit cannot draw.
 bool HasShapedEnds(const Pen& Pen) {
   return Pen.StartShape() != nullptr || Pen.EndShape() != nullptr || Pen.GetStartCap() != Pen.GetEndCap();
 }
 
-TShapedLine ShapeLine(const Pen& Pen, std::span<const PointF> Points) {
-  TShapedLine Result;
-  Result.Points.assign(Points.begin(), Points.end());
-  Result.Fill.SetFillMode(FillModeWinding);
+void ShapeLine(const Pen& Pen, std::vector<PointF> Points, TShapedLines& Result) {
+  const PointF First = Points.front(), Last = Points.back();
   const float Width = Pen.EffectiveWidth();
   const auto ShapeEnd = [&](const CustomLineCap* Shape, LineCap Plain, PointF End) {
     const std::optional<CustomLineCap> PlainCap = Shape == nullptr ? PlainShape(Plain) : std::nullopt;
     if (Shape == nullptr && PlainCap) Shape = &*PlainCap;
-    if (Shape == nullptr || Result.Points.size() < 2) return;
-    if (const auto Direction = Shorten(Result.Points, Shape->GetBaseInset() * Width))
+    if (Shape == nullptr || Points.size() < 2) return;
+    if (const auto Direction = Shorten(Points, Shape->GetBaseInset() * Width))
       Place(*Shape, End, *Direction, Width, Result);
   };
-  ShapeEnd(Pen.EndShape(), Pen.GetEndCap(), Points.back());
-  std::reverse(Result.Points.begin(), Result.Points.end());
-  ShapeEnd(Pen.StartShape(), Pen.GetStartCap(), Points.front());
-  std::reverse(Result.Points.begin(), Result.Points.end());
+  ShapeEnd(Pen.EndShape(), Pen.GetEndCap(), Last);
+  std::reverse(Points.begin(), Points.end());
+  ShapeEnd(Pen.StartShape(), Pen.GetStartCap(), First);
+  std::reverse(Points.begin(), Points.end());
+  if (Points.size() >= 2) Result.Lines.push_back(std::move(Points));
+}
+
+/// The figures of a path, with curves fine enough for any usual scale.
+std::vector<std::vector<PointF>> FiguresOf(const GraphicsPath& Path) {
+  constexpr float Finer = 8;
+  Matrix Enlarged;
+  Enlarged.Scale(Finer, Finer);
+  auto Result = Path.Flatten(Enlarged);
+  for (auto& Figure : Result)
+    for (PointF& Point : Figure) Point = {Point.X / Finer, Point.Y / Finer};
+  return Result;
+}
+
+}  // namespace
+
+std::optional<TShapedLines> ShapeEnds(const Pen& Pen, const TShape& Shape) {
+  const bool MayBeOpen = Shape.Kind == TShape::Lines || Shape.Kind == TShape::Path;
+  if (!MayBeOpen || !HasShapedEnds(Pen)) return {};
+  TShapedLines Result;
+  Result.Fill.SetFillMode(FillModeWinding);
+  if (Shape.Kind == TShape::Lines) {
+    ShapeLine(Pen, {Shape.Points.begin(), Shape.Points.end()}, Result);
+    return Result;
+  }
+  bool IsOpen = false;
+  for (std::vector<PointF>& Figure : FiguresOf(*Shape.Outline)) {
+    const bool IsClosed = Figure.size() < 2 || Figure.front() == Figure.back();
+    IsOpen = IsOpen || !IsClosed;
+    if (IsClosed)
+      Result.Stroke.AddPolygon(Figure);
+    else
+      ShapeLine(Pen, std::move(Figure), Result);
+  }
+  if (!IsOpen) return {};
   return Result;
 }
 

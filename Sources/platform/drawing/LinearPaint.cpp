@@ -25,9 +25,11 @@ TLinearPaint::TLinearPaint(const LinearGradientBrush& Brush, const QTransform& T
   const double AlongY = PlaceOf({0.5, 1.5}) - Origin, Finest = std::hypot(AlongX, AlongY);
   constexpr double StepsPerPixel = 8;
   while (FSteps < MostSteps && FSteps * Finest < StepsPerPixel) FSteps *= 2;
-  FAtOrigin = Origin * FSteps;
-  FAlongX = AlongX * FSteps;
-  FAlongY = AlongY * FSteps;
+  // Stretched by a hair about its middle: pixels whose centres lie on its very ends have its first and its last colour.
+  constexpr double Stretched = 1 + 1e-5, Middle = 0.5;
+  FAtOrigin = (Middle + (Origin - Middle) / Stretched) * FSteps;
+  FAlongX = AlongX / Stretched * FSteps;
+  FAlongY = AlongY / Stretched * FSteps;
   int First = 0;
   for (std::size_t Index = 1; Index < Stops.size(); ++Index) {
     const int Last = static_cast<int>(std::lround(Stops[Index].Position * static_cast<float>(FSteps)));
@@ -36,35 +38,37 @@ TLinearPaint::TLinearPaint(const LinearGradientBrush& Brush, const QTransform& T
   }
 }
 
-/// The colours of the steps from First to before Last; see Mix. Written out, as it is done for each shape anew.
+/// The colours of the steps from First to before Last; see Mix. Written out for the compiler's vectoriser, channel
+/// after channel, as it is done for each shape anew.
 void TLinearPaint::FillSteps(int First, int Last, const TGradientStop& From, const TGradientStop& To) {
   const float Length = std::max(To.Position - From.Position, 1e-6f), StepLength = 1 / static_cast<float>(FSteps);
-  std::array<float, 4> Start, Slope;
-  for (std::size_t Channel = 0; Channel < 4; ++Channel) {
-    const auto A = static_cast<float>(From.Color >> (8 * Channel) & 255),
-               B = static_cast<float>(To.Color >> (8 * Channel) & 255);
-    Slope[Channel] = (B - A) / Length * StepLength;
-    Start[Channel] = A + (B - A) / Length * (StepLength / 2 - From.Position) + 0.5f;
+  std::fill(FColors.begin() + First, FColors.begin() + Last, 0);
+  for (int Shift = 0; Shift < 32; Shift += 8) {
+    const auto A = static_cast<float>(From.Color >> Shift & 255), B = static_cast<float>(To.Color >> Shift & 255);
+    const float Slope = (B - A) / Length * StepLength;
+    const float Start = A + (B - A) / Length * (StepLength / 2 - From.Position) + 0.5f;
+    for (int Step = First; Step < Last; ++Step) {
+      const float Value = std::clamp(Start + Slope * static_cast<float>(Step), 0.5f, 255.5f);
+      FColors[static_cast<std::size_t>(Step)] |= static_cast<ARGB>(static_cast<int>(Value)) << Shift;
+    }
   }
   const bool IsOpaque = From.Color >> 24 == 255 && To.Color >> 24 == 255;
-  for (int Step = First; Step < Last; ++Step) {
-    ARGB Color = 0;
-    for (std::size_t Channel = 0; Channel < 4; ++Channel) {
-      const float Value = std::clamp(Start[Channel] + Slope[Channel] * static_cast<float>(Step), 0.5f, 255.5f);
-      Color |= static_cast<ARGB>(static_cast<int>(Value)) << (8 * Channel);
-    }
-    FColors[static_cast<std::size_t>(Step)] = IsOpaque ? Color : qPremultiply(Color);
+  for (int Step = First; Step < Last && !IsOpaque; ++Step) {
+    std::uint32_t& Color = FColors[static_cast<std::size_t>(Step)];
+    Color = qPremultiply(Color);
   }
 }
 
 void TLinearPaint::Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const {
-  // The gradient repeats: steps count in whole numbers whose low bits are the place in the table.
-  constexpr double Fraction = 1 << 20, Period = MostSteps * Fraction;  // all of a 30-bit number, and of any shorter
-  const double Start = std::fmod((FAtOrigin + FAlongX * X + FAlongY * Y) * Fraction, Period);
-  const double Slope = std::fmod(FAlongX * Fraction, Period);
-  if (!std::isfinite(Start) || !std::isfinite(Slope)) return static_cast<void>(std::fill_n(Pixels, Count, FColors[0]));
-  auto Place = static_cast<std::uint32_t>(static_cast<std::int64_t>(std::floor(Start)));
-  const auto Step = static_cast<std::uint32_t>(static_cast<std::int64_t>(std::floor(Slope + 0.5)));
+  // The gradient repeats: steps count in whole numbers, of which some bits in the middle are the place in the table.
+  constexpr double Fraction = 1 << 20, Period = MostSteps;
+  const auto InWholes = [](double Steps) {
+    const double Left = Steps - std::floor(Steps / Period) * Period;
+    return static_cast<std::uint32_t>(Left >= 0 && Left < Period ? Left * Fraction
+                                                                 : 0.0);  // not so for what is no number
+  };
+  std::uint32_t Place = InWholes(FAtOrigin + FAlongX * X + FAlongY * Y);
+  const std::uint32_t Step = InWholes(FAlongX);
   const auto Mask = static_cast<std::uint32_t>(FSteps - 1);
   for (int Index = 0; Index < Count; ++Index, Place += Step) Pixels[Index] = FColors[Place >> 20 & Mask];
 }

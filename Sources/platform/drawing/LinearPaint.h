@@ -15,6 +15,8 @@ class TLinearPaint : public TRasterPaint {
  public:
   /// ToDevice takes the brush's coordinates to stored pixels.
   TLinearPaint(const LinearGradientBrush& Brush, const QTransform& ToDevice);
+  bool IsUpright() const override { return FAlongY == 0; }
+  bool IsLevel() const override { return FAlongX == 0; }
   void Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const override;
 
  private:

@@ -114,43 +114,6 @@ void TPainterBackend::ClipPainter() {
   }
 }
 
-/// A clip of paths, for printers and files. Shapes that are cut out are gathered into paths in which none overlaps
-/// another, since a path is turned inside out as a whole.
-void TPainterBackend::ApplyVectorClip(const Region& Clip) {
-  constexpr double Everywhere = 1e6;
-  struct TGroup {
-    QPainterPath Path;
-    std::vector<QRectF> Boxes;
-  };
-  std::vector<TGroup> Groups;
-  FPainter->setWorldTransform(*FBase);
-  for (const Region::TPart& Part : Clip.Parts()) {
-    QPainterPath Shape;
-    if (Part.Nested != nullptr) continue;  // cut out as a whole: no printer's clip can say it
-    if (Part.IsRect)
-      Shape.addRect(AsQt(Part.Rect));
-    else
-      Shape = QTransform::fromTranslate(0.5, 0.5).map(Part.Path->ToQt());
-    Shape = AsQt(Part.Transform).map(Shape);
-    if (!Part.IsExcluded) {
-      FPainter->setClipPath(Shape, Qt::IntersectClip);
-      continue;
-    }
-    const QRectF Box = Shape.boundingRect();
-    auto Group = std::find_if(Groups.begin(), Groups.end(), [&Box](const TGroup& Known) {
-      return std::none_of(Known.Boxes.begin(), Known.Boxes.end(),
-                          [&Box](const QRectF& B) { return B.intersects(Box); });
-    });
-    if (Group == Groups.end()) {
-      Group = Groups.emplace(Groups.end());
-      Group->Path.addRect(-Everywhere, -Everywhere, 2 * Everywhere, 2 * Everywhere);
-    }
-    Group->Path.addPath(Shape);
-    Group->Boxes.push_back(Box);
-  }
-  for (const TGroup& Group : Groups) FPainter->setClipPath(Group.Path, Qt::IntersectClip);
-}
-
 TRasterClip TPainterBackend::RasterClip() const {
   TRasterClip Clip{FClipBox, nullptr, 0};
   if (FHasMask) {
@@ -233,29 +196,20 @@ void TPainterBackend::PaintBrush(QImage& Picture, const QTransform& ToPicture, c
 
 void TPainterBackend::Draw(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
   Prepare(State);
-  if (Shape.Kind != TShape::Lines || !HasShapedEnds(Pen)) return DrawPlain(State, Pen, Shape);
-  const TShapedLine Line = ShapeLine(Pen, Shape.Points);
+  const std::optional<TShapedLines> Shaped = ShapeEnds(Pen, Shape);
+  if (!Shaped) return DrawPlain(State, Pen, Shape);
   const zy::Pen Plain = WithPlainEnds(Pen);
-  TShape Rest = Shape;
-  Rest.Points = Line.Points;
-  if (Line.Points.size() >= 2) DrawPlain(State, Plain, Rest);
-  TShape Ends;
-  Ends.Kind = TShape::Path;
-  if (!Line.Fill.IsEmpty()) {
-    Ends.Outline = &Line.Fill;
-    Fill(State, Pen.GetBrush(), Ends);
-  }
-  if (!Line.Stroke.IsEmpty()) {
-    Ends.Outline = &Line.Stroke;
-    DrawPlain(State, Plain, Ends);
-  }
+  for (const std::vector<PointF>& Line : Shaped->Lines) DrawPlain(State, Plain, TShape::Line(Line));
+  if (!Shaped->Fill.IsEmpty()) Fill(State, Pen.GetBrush(), TShape::Of(Shaped->Fill));
+  if (!Shaped->Stroke.IsEmpty()) DrawPlain(State, Plain, TShape::Of(Shaped->Stroke));
 }
 
 void TPainterBackend::DrawPlain(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
   if (StrokeByRaster(State, Pen, Shape)) return;
-  if (NeedsPicture(Pen.GetBrush())) return FillOutline(State, Pen, Shape);
   const float Reach = std::max(Pen.GetMiterLimit(), 2.0f);  // of caps and mitres, in widths
   const bool Smooth = State.Smoothing != SmoothingModeNone;
+  if (NeedsPicture(Pen.GetBrush()) || (FImage != nullptr && Smooth && IsGradient(Pen.GetBrush())))
+    return FillOutline(State, Pen, Shape);
   PaintWithPainter(State, TGrid::Centers, [&](QPainter& Painter) {
     QPen Stroke = Pen.ToQt();
     if (HasCountlessDashes(Pen, Shape)) Stroke.setStyle(Qt::SolidLine);
@@ -289,10 +243,7 @@ void TPainterBackend::FillOutline(const TDrawState& State, const Pen& Pen, const
   if (HasCountlessDashes(Pen, Shape)) Stroke.SetDashStyle(DashStyleSolid);
   GraphicsPath Outline = Shape.AsPath();
   Outline.Widen(Stroke);
-  TShape Area;
-  Area.Kind = TShape::Path;
-  Area.Outline = &Outline;
-  FillByPicture(State, Pen.GetBrush(), Area);
+  Fill(State, Pen.GetBrush(), TShape::Of(Outline));
 }
 
 /// A brush is painted into a picture that is shown through the shape.
@@ -301,7 +252,13 @@ bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush,
   const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
   constexpr double Finer = 3, LargestSide = 3000;  // pixels of the picture
   const QPainterPath Outline = Shape.AsPath().ToQt();
-  const QRectF Box = Outline.boundingRect();
+  QRectF Box = Outline.boundingRect();
+  // Some viewers stretch pictures to whole pixels; this one is some at the page's own size.
+  const double Offset = Grid == TGrid::Centers ? 0.5 : 0.0;
+  const QTransform ToPage = AsQt(State.Transform) * QTransform::fromTranslate(Offset, Offset);
+  const bool IsNear = QRectF(-1e6, -1e6, 2e6, 2e6).contains(ToPage.mapRect(Box));
+  if (IsNear && ToPage.type() <= QTransform::TxScale && ToPage.isInvertible())
+    Box = ToPage.inverted().mapRect(QRectF(ToPage.mapRect(Box).toAlignedRect()));
   const double Side = std::max(Box.width(), Box.height());
   if (!(Side > 0)) return true;
   const double Scale = std::min(Finer, LargestSide / Side);
@@ -315,6 +272,7 @@ bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush,
     Painter.save();
     Painter.setClipPath(Outline, Qt::IntersectClip);
     Painter.setBrush(Qt::NoBrush);
+    Painter.setRenderHint(QPainter::LosslessImageRendering);  // colours, too, when a PDF file would smear them
     Painter.drawImage(Box, Picture);
     Painter.restore();
   });

@@ -25,12 +25,6 @@ TRasterJoin JoinOf(LineJoin Join) {
                                  : TRasterJoin::Round;
 }
 
-/// The toolkit shares the spans of a gradient out to threads, which takes longer than the drawing of most shapes.
-bool IsGradient(const Brush& Brush) {
-  return dynamic_cast<const PathGradientBrush*>(&Brush) != nullptr ||
-         dynamic_cast<const LinearGradientBrush*>(&Brush) != nullptr;
-}
-
 }  // namespace
 
 /// What figures are filled with, within Margin of their points.
@@ -139,18 +133,25 @@ bool TPainterBackend::StrokeThin(const Pen& Pen, const TShape& Shape, const Matr
   return true;
 }
 
-/// An upright box in one colour. Where its edges are not smoothed they have to lie between pixels.
+/// An upright box in one colour or a linear gradient. Where its edges are not smoothed they have to lie between pixels.
 bool TPainterBackend::FillBox(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
   const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush);
-  if (FImage == nullptr || FHasMask || Solid == nullptr || Shape.Kind != TShape::Rectangle) return false;
-  const QTransform Device = AsQt(DeviceTransform(State, TGrid::Corners));
+  const auto* const Linear = dynamic_cast<const LinearGradientBrush*>(&Brush);
+  const std::optional<RectF> Rect = BoxOf(Shape);
+  if (FImage == nullptr || FHasMask || (Solid == nullptr && Linear == nullptr) || !Rect) return false;
+  const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
+  const QTransform Device = AsQt(DeviceTransform(State, Grid));
   if (!KeepsBoxes(Device)) return false;
-  const QRectF Box = Device.mapRect(AsQt(Shape.Rect)).normalized();
+  const QRectF Box = Device.mapRect(AsQt(*Rect)).normalized();
   const auto IsWhole = [](double Value) { return Value == std::floor(Value); };
   const bool FitsPixels = IsWhole(Box.left()) && IsWhole(Box.top()) && IsWhole(Box.right()) && IsWhole(Box.bottom());
   if (!FitsPixels && State.Smoothing == SmoothingModeNone) return false;
-  TZyRaster(TargetOf(*FImage), RasterClip())
-      .FillBox(Box.left(), Box.top(), Box.right(), Box.bottom(), Solid->GetColor());
+  TZyRaster Raster(TargetOf(*FImage), RasterClip());
+  if (Solid != nullptr)
+    Raster.FillBox(Box.left(), Box.top(), Box.right(), Box.bottom(), Solid->GetColor());
+  else
+    Raster.FillBox(Box.left(), Box.top(), Box.right(), Box.bottom(),
+                   TLinearPaint(*Linear, AsQt(DeviceTransform(State, TGrid::Centers))));
   return true;
 }
 

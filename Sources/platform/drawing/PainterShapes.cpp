@@ -29,9 +29,24 @@ bool IsSolid(const Brush& Brush) { return dynamic_cast<const SolidBrush*>(&Brush
 
 bool IsHatch(const Brush& Brush) { return dynamic_cast<const HatchBrush*>(&Brush) != nullptr; }
 
+bool IsGradient(const Brush& Brush) {
+  return dynamic_cast<const PathGradientBrush*>(&Brush) != nullptr ||
+         dynamic_cast<const LinearGradientBrush*>(&Brush) != nullptr;
+}
+
 const PathGradientBrush* AsFan(const Brush& Brush) {
   const auto* const Result = dynamic_cast<const PathGradientBrush*>(&Brush);
   return Result != nullptr && Result->IsFan() ? Result : nullptr;
+}
+
+std::optional<RectF> BoxOf(const TShape& Shape) {
+  if (Shape.Kind == TShape::Rectangle) return Shape.Rect;
+  if (Shape.Kind != TShape::Polygon || Shape.Points.size() != 4) return std::nullopt;
+  const std::span<const PointF> P = Shape.Points;
+  const bool LevelFirst = P[0].Y == P[1].Y && P[1].X == P[2].X && P[2].Y == P[3].Y && P[3].X == P[0].X;
+  const bool UprightFirst = P[0].X == P[1].X && P[1].Y == P[2].Y && P[2].X == P[3].X && P[3].Y == P[0].Y;
+  if (!LevelFirst && !UprightFirst) return std::nullopt;
+  return RectF{P[0].X, P[0].Y, P[2].X - P[0].X, P[2].Y - P[0].Y};
 }
 
 RectF ExtentOf(const TShape& Shape, float Width) {

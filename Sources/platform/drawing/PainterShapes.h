@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QTransform>
 #include <algorithm>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -29,8 +30,14 @@ TRasterTarget TargetOf(QImage& Picture);
 /// Kinds of brushes.
 bool IsSolid(const Brush& Brush);
 bool IsHatch(const Brush& Brush);
+/// Those go through the rasteriser where they can: the toolkit shares the spans of a gradient out to threads, which
+/// takes longer than the drawing of most shapes.
+bool IsGradient(const Brush& Brush);
 /// The brush as a fan of colours; null for any other.
 const PathGradientBrush* AsFan(const Brush& Brush);
+
+/// The shape as an upright box; nothing for any other.
+std::optional<RectF> BoxOf(const TShape& Shape);
 
 /// The box of a shape, with the half of Width on every side and some pixels to spare.
 RectF ExtentOf(const TShape& Shape, float Width);
@@ -58,11 +65,11 @@ class TPicturePaint : public TRasterPaint {
  public:
   TPicturePaint(QImage Picture, int Left, int Top) : FPicture(std::move(Picture)), FLeft(Left), FTop(Top) {}
   void Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const override {
-    const bool IsInside =
-        Y >= FTop && Y < FTop + FPicture.height() && X >= FLeft && X + Count <= FLeft + FPicture.width();
-    if (!IsInside) return static_cast<void>(std::fill_n(Pixels, Count, 0u));
+    const int From = std::max(X, FLeft), To = std::min(X + Count, FLeft + FPicture.width());
+    std::fill_n(Pixels, Count, 0u);  // what is asked for may begin beyond the picture, where nothing is covered
+    if (Y < FTop || Y >= FTop + FPicture.height() || From >= To) return;
     const auto* const Row = reinterpret_cast<const std::uint32_t*>(FPicture.constScanLine(Y - FTop));
-    std::copy_n(Row + (X - FLeft), Count, Pixels);
+    std::copy(Row + (From - FLeft), Row + (To - FLeft), Pixels + (From - X));
   }
 
  private:

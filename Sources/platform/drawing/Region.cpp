@@ -35,7 +35,10 @@ void Region::Add(TPart Part) {
   FOnly = {};
 }
 
-void Region::Intersect(const RectF& Rect, const Matrix& Transform) { Add({false, true, Rect, {}, {}, Transform}); }
+void Region::Intersect(const RectF& Rect, const Matrix& Transform) {
+  const bool IsEmpty = !(Rect.Width > 0 && Rect.Height > 0);
+  Add({false, true, IsEmpty ? RectF{} : Rect, {}, {}, Transform});
+}
 
 void Region::Intersect(const GraphicsPath& Path, const Matrix& Transform) {
   Add({false, false, {}, std::make_shared<const GraphicsPath>(Path), {}, Transform});
@@ -46,7 +49,9 @@ void Region::Intersect(const Region& Other) {
   for (const TPart& Part : Cuts) Add(Part);
 }
 
-void Region::Exclude(const RectF& Rect, const Matrix& Transform) { Add({true, true, Rect, {}, {}, Transform}); }
+void Region::Exclude(const RectF& Rect, const Matrix& Transform) {
+  if (Rect.Width > 0 && Rect.Height > 0) Add({true, true, Rect, {}, {}, Transform});
+}
 
 void Region::Exclude(const GraphicsPath& Path, const Matrix& Transform) {
   Add({true, false, {}, std::make_shared<const GraphicsPath>(Path), {}, Transform});

@@ -26,7 +26,8 @@ class Region {
   bool operator==(const Region& Other) const;
 
   bool IsInfinite() const { return Parts().empty(); }
-  /// Leaves only what lies in the shape as well, seen through Transform.
+  /// Leaves only what lies in the shape as well, seen through Transform. A box without an extent above 0 both ways is
+  /// empty, as it is for FillRectangle.
   void Intersect(const RectF& Rect, const Matrix& Transform);
   void Intersect(const GraphicsPath& Path, const Matrix& Transform);
   /// Leaves only what lies in the other region as well.

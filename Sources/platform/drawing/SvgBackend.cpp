@@ -216,8 +216,8 @@ std::string TSvgBackend::MaskOf(const Region& Clip) {
   for (const Region::TPart& Part : Clip.Parts()) {
     if (!Part.IsExcluded) continue;
     if (Part.Nested != nullptr) {
-      const std::string Inner = ClipOf(Part.Nested->Transformed(Part.Transform));
-      Holes += "<rect" + Page + (Inner.empty() ? Inner : Attribute("clip-path", "url(#" + Inner + ")")) + "/>";
+      const Region Inner = Part.Nested->Transformed(Part.Transform);
+      Holes += "<rect" + Page + ClipAttributes(Inner) + "/>";
       continue;
     }
     const bool EvenOdd = !Part.IsRect && Part.Path->GetFillMode() == FillModeAlternate;
@@ -228,17 +228,19 @@ std::string TSvgBackend::MaskOf(const Region& Clip) {
                 "<rect" + Page + Attribute("fill", "#ffffff") + "/>" + Holes);
 }
 
+std::string TSvgBackend::ClipAttributes(const Region& Clip) {
+  const std::string Shape = ClipOf(Clip), Mask = MaskOf(Clip);
+  return (Shape.empty() ? Shape : Attribute("clip-path", "url(#" + Shape + ")")) +
+         (Mask.empty() ? Mask : Attribute("mask", "url(#" + Mask + ")"));
+}
+
 void TSvgBackend::UseClip(const Region& Clip) {
   if (Clip == FClip) return;
   if (FInGroup) FBody += "</g>\n";
   FClip = Clip;
-  const std::string Shape = ClipOf(Clip), Mask = MaskOf(Clip);
-  FInGroup = !Shape.empty() || !Mask.empty();
-  if (!FInGroup) return;
-  FBody += "<g";
-  if (!Shape.empty()) FBody += Attribute("clip-path", "url(#" + Shape + ")");
-  if (!Mask.empty()) FBody += Attribute("mask", "url(#" + Mask + ")");
-  FBody += ">\n";
+  const std::string Attributes = ClipAttributes(Clip);
+  FInGroup = !Attributes.empty();
+  if (FInGroup) FBody += "<g" + Attributes + ">\n";
 }
 
 void TSvgBackend::Add(const TDrawState& State, std::string_view Element) {
@@ -247,16 +249,12 @@ void TSvgBackend::Add(const TDrawState& State, std::string_view Element) {
 }
 
 void TSvgBackend::Draw(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
-  if (Shape.Kind != TShape::Lines || !HasShapedEnds(Pen)) return DrawPlain(State, Pen, Shape.AsPath());
-  const TShapedLine Line = ShapeLine(Pen, Shape.Points);
-  GraphicsPath Rest;
-  Rest.AddLines(Line.Points);
-  if (Line.Points.size() >= 2) DrawPlain(State, WithPlainEnds(Pen), Rest);
-  TShape Ends;
-  Ends.Kind = TShape::Path;
-  Ends.Outline = &Line.Fill;
-  if (!Line.Fill.IsEmpty()) Fill(State, Pen.GetBrush(), Ends);
-  if (!Line.Stroke.IsEmpty()) DrawPlain(State, WithPlainEnds(Pen), Line.Stroke);
+  const std::optional<TShapedLines> Shaped = ShapeEnds(Pen, Shape);
+  if (!Shaped) return DrawPlain(State, Pen, Shape.AsPath());
+  const zy::Pen Plain = WithPlainEnds(Pen);
+  for (const std::vector<PointF>& Line : Shaped->Lines) DrawPlain(State, Plain, TShape::Line(Line).AsPath());
+  if (!Shaped->Fill.IsEmpty()) Fill(State, Pen.GetBrush(), TShape::Of(Shaped->Fill));
+  if (!Shaped->Stroke.IsEmpty()) DrawPlain(State, Plain, Shaped->Stroke);
 }
 
 void TSvgBackend::DrawPlain(const TDrawState& State, const Pen& Pen, const GraphicsPath& Path) {

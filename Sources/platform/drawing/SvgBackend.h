@@ -34,6 +34,7 @@ class TSvgBackend : public TGraphicsBackend {
   void UseClip(const Region& Clip);
   std::string ClipOf(const Region& Clip);
   std::string MaskOf(const Region& Clip);
+  std::string ClipAttributes(const Region& Clip);
   std::string ShapeOf(const Region::TPart& Part) const;
   std::string PaintOf(const TDrawState& State, float Offset, const Brush& Brush, const RectF& Box,
                       std::string_view Role);

@@ -22,6 +22,7 @@ struct TScratch {
   TRasterComb Comb;
   std::vector<double> Dashes;
   std::vector<std::uint32_t> Colors;
+  std::vector<std::uint8_t> Coverage;
 };
 
 TScratch& Scratch() {
@@ -33,7 +34,12 @@ TScratch& Scratch() {
 class TBlender : public TCoverageSink {
  public:
   TBlender(const TRasterTarget& Target, const TRasterClip& Clip, std::uint8_t Opacity, const TRasterPaint& Paint)
-      : FTarget(Target), FClip(Clip), FOpacity(Opacity), FPaint(Paint), FSolid(Paint.IsSolid(FColor)) {
+      : FTarget(Target),
+        FClip(Clip),
+        FOpacity(Opacity),
+        FPaint(Paint),
+        FSolid(Paint.IsSolid(FColor)),
+        FIsUpright(Paint.IsUpright()) {
     if (!FSolid) FColors.resize(std::max(FColors.size(), static_cast<std::size_t>(Target.Width)));
   }
 
@@ -42,8 +48,7 @@ class TBlender : public TCoverageSink {
     if (FOpacity != 255) ScaleBytes(Coverage, FOpacity, Count);
     std::uint32_t* Pixels = FTarget.Pixels + Y * FTarget.Stride + X;
     if (FSolid) return BlendColor(Pixels, Coverage, Count, FColor);
-    FPaint.Fetch(X, Y, Count, FColors.data());
-    BlendColors(Pixels, Coverage, Count, FColors.data());
+    BlendColors(Pixels, Coverage, Count, ColorsOf(X, Y, Count));
   }
   bool EvenRow(int X, int Y, int Count, std::uint8_t Coverage) override {
     if (FClip.Mask != nullptr || !FSolid) return false;
@@ -52,13 +57,28 @@ class TBlender : public TCoverageSink {
   }
 
  private:
+  const std::uint32_t* ColorsOf(int X, int Y, int Count) {
+    std::uint32_t* const Colors = FColors.data();
+    if (!FIsUpright) {
+      FPaint.Fetch(X, Y, Count, Colors);
+      return Colors;
+    }
+    if (FFrom == FTo) FFrom = FTo = X;
+    if (X < FFrom) FPaint.Fetch(X, Y, FFrom - X, Colors + X);
+    if (X + Count > FTo) FPaint.Fetch(FTo, Y, X + Count - FTo, Colors + FTo);
+    FFrom = std::min(FFrom, X);
+    FTo = std::max(FTo, X + Count);
+    return Colors + X;
+  }
+
   const TRasterTarget& FTarget;
   const TRasterClip& FClip;
   std::uint8_t FOpacity;
   const TRasterPaint& FPaint;
   std::uint32_t FColor = 0;
-  bool FSolid;
-  std::vector<std::uint32_t>& FColors = Scratch().Colors;
+  bool FSolid, FIsUpright;
+  int FFrom = 0, FTo = 0;                                  // columns whose colours are known, where all rows are alike
+  std::vector<std::uint32_t>& FColors = Scratch().Colors;  // of one row
 };
 
 /// The box around points.
@@ -129,6 +149,10 @@ TRasterPaint::~TRasterPaint() = default;
 
 bool TRasterPaint::IsSolid(std::uint32_t&) const { return false; }
 
+bool TRasterPaint::IsUpright() const { return false; }
+
+bool TRasterPaint::IsLevel() const { return false; }
+
 TSolidPaint::TSolidPaint(std::uint32_t Color) {
   const auto Alpha = static_cast<std::uint8_t>(Color >> 24);
   const auto Channel = [&](int Shift) {
@@ -198,31 +222,58 @@ void TZyRaster::ThinLine(std::span<const PointF> Points, float Width, TRasterCap
   TRasterThin(FTarget, FClip.Box, Ink).Line(Points, Cap, Cap);
 }
 
-void TZyRaster::FillBox(double Left, double Top, double Right, double Bottom, std::uint32_t Color) {
-  const TRasterRect& Box = FClip.Box;
-  Left = std::max<double>(Left, Box.Left);
-  Top = std::max<double>(Top, Box.Top);
-  Right = std::min<double>(Right, Box.Right);
-  Bottom = std::min<double>(Bottom, Box.Bottom);
+namespace {
+
+/// The pixels of a row or a column that a span touches, and how much of the first and the last one it covers.
+struct TTouched {
+  TTouched(double From, double To)
+      : First(static_cast<int>(From)),
+        Last(static_cast<int>(std::ceil(To)) - 1),
+        FirstPart(std::min<double>(To, First + 1) - From),
+        LastPart(First == Last ? FirstPart : To - Last) {}
+  double PartOf(int Pixel) const { return Pixel == First ? FirstPart : Pixel == Last ? LastPart : 1; }
+
+  int First, Last;
+  double FirstPart, LastPart;
+};
+
+void FillUneven(const TRasterTarget& Target, const TRasterClip& Clip, const TTouched& Columns, const TTouched& Rows,
+                const TRasterPaint& Paint) {
+  std::vector<std::uint8_t>& Coverage = Scratch().Coverage;
+  TBlender Blender(Target, Clip, 255, Paint);
+  for (int Row = Rows.First; Row <= Rows.Last; ++Row) {
+    const double Height = Rows.PartOf(Row);
+    Coverage.assign(static_cast<std::size_t>(Columns.Last - Columns.First + 1), CoverageOfPart(Height));
+    Coverage.back() = CoverageOfPart(Height * Columns.LastPart);
+    Coverage.front() = CoverageOfPart(Height * Columns.FirstPart);
+    Blender.Row(Columns.First, Row, static_cast<int>(Coverage.size()), Coverage.data());
+  }
+}
+
+}  // namespace
+
+void TZyRaster::FillBox(double Left, double Top, double Right, double Bottom, const TRasterPaint& Paint) {
+  Left = std::max<double>(Left, FClip.Box.Left);
+  Top = std::max<double>(Top, FClip.Box.Top);
+  Right = std::min<double>(Right, FClip.Box.Right);
+  Bottom = std::min<double>(Bottom, FClip.Box.Bottom);
   if (!(Left < Right) || !(Top < Bottom)) return;
+  const TTouched Columns(Left, Right), Rows(Top, Bottom);
   std::uint32_t Ink = 0;
-  TSolidPaint(Color).IsSolid(Ink);
-  const int FirstColumn = static_cast<int>(Left), LastColumn = static_cast<int>(std::ceil(Right)) - 1;
-  const int FirstRow = static_cast<int>(Top), LastRow = static_cast<int>(std::ceil(Bottom)) - 1;
-  const auto PartOf = [](int Pixel, double Low, double High) {
-    return std::min<double>(High, Pixel + 1) - std::max<double>(Low, Pixel);
-  };
-  const double LeftPart = PartOf(FirstColumn, Left, Right), RightPart = PartOf(LastColumn, Left, Right);
-  const int FullFrom = FirstColumn + (LeftPart < 1 ? 1 : 0), FullTo = LastColumn + (RightPart < 1 ? 0 : 1);
-  for (int Row = FirstRow; Row <= LastRow; ++Row) {
+  const bool IsSolid = Paint.IsSolid(Ink);
+  if (!IsSolid && !Paint.IsLevel()) return FillUneven(FTarget, {FClip.Box, nullptr, 0}, Columns, Rows, Paint);
+  const int FullFrom = Columns.First + (Columns.FirstPart < 1 ? 1 : 0);
+  const int FullTo = Columns.Last + (Columns.LastPart < 1 ? 0 : 1);
+  for (int Row = Rows.First; Row <= Rows.Last; ++Row) {
+    if (!IsSolid) Paint.Fetch(Columns.First, Row, 1, &Ink);
     std::uint32_t* const Pixels = FTarget.Pixels + Row * FTarget.Stride;
-    const double Height = PartOf(Row, Top, Bottom);
+    const double Height = Rows.PartOf(Row);
     const auto Blend = [&](int From, int To, double Part) {
       if (From < To) BlendEven(Pixels + From, CoverageOfPart(Part * Height), To - From, Ink);
     };
-    if (LeftPart < 1) Blend(FirstColumn, FirstColumn + 1, LeftPart);
+    if (Columns.FirstPart < 1) Blend(Columns.First, Columns.First + 1, Columns.FirstPart);
     Blend(FullFrom, FullTo, 1);
-    if (RightPart < 1 && LastColumn > FirstColumn) Blend(LastColumn, LastColumn + 1, RightPart);
+    if (Columns.LastPart < 1 && Columns.Last > Columns.First) Blend(Columns.Last, Columns.Last + 1, Columns.LastPart);
   }
 }
 

@@ -44,6 +44,9 @@ class TRasterPaint {
   virtual ~TRasterPaint();
   /// Says whether every pixel has the same colour, and which, premultiplied.
   virtual bool IsSolid(std::uint32_t& Premultiplied) const;
+  /// Whether all rows are alike, or all pixels of each row.
+  virtual bool IsUpright() const;
+  virtual bool IsLevel() const;
   /// Writes the premultiplied colours of the pixels (X, Y) to (X + Count - 1, Y). It must not draw with a TZyRaster.
   virtual void Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const = 0;
 };
@@ -108,9 +111,12 @@ class TZyRaster {
   /// thin lines, at a fifth of the cost. Color is 0xAARRGGBB. Corners are not joined, and where a translucent line
   /// meets itself it is darker. The clip's mask does not count.
   void ThinLine(std::span<const PointF> Points, float Width, TRasterCap Cap, std::uint32_t Color);
-  /// The upright box between the edges, in a colour 0xAARRGGBB that is not premultiplied. The clip's mask does not
-  /// count.
-  void FillBox(double Left, double Top, double Right, double Bottom, std::uint32_t Color);
+  /// The upright box between the edges. The clip's mask does not count.
+  void FillBox(double Left, double Top, double Right, double Bottom, const TRasterPaint& Paint);
+  /// The same in a colour 0xAARRGGBB that is not premultiplied.
+  void FillBox(double Left, double Top, double Right, double Bottom, std::uint32_t Color) {
+    FillBox(Left, Top, Right, Bottom, TSolidPaint(Color));
+  }
   /// The inside of the closed polygon: by the non-zero winding rule, or else the alternate one. Without Smooth, the
   /// pixels whose centres are inside are filled in full.
   void FillPolygon(std::span<const PointF> Points, bool Winding, const TRasterPaint& Paint, bool Smooth = true);
