@@ -51,6 +51,8 @@ class TZySeries : public TComponent,
                   public TZyRecord,
                   public IZyAxisSeries,
                   public IZyVectorReader,
+                  public IZyUndoUser,
+                  public IZyUndoPlace,
                   public TZyVariableContainer {
   ZY_CLASS(TZySeries, TComponent)
   explicit TZySeries(TComponent* Owner = nullptr);
@@ -85,8 +87,8 @@ class TZySeries : public TComponent,
   TZyCustomDoubleVector* YData() const override { return FY.Vector(); }
   void SetYData(TZyCustomDoubleVector* Value) { SetInput(FY, Value); }
   /// Whether the data of a direction are a vector, and not the index that stands in for one.
-  bool HasOwnXData() const { return FX.Vector() != FIndexer.get(); }
-  bool HasOwnYData() const { return FY.Vector() != FIndexer.get(); }
+  bool HasOwnXData() const { return HasOwnData(FX); }
+  bool HasOwnYData() const { return HasOwnData(FY); }
   TZyLineSettings& Line() { return *FLineSettings; }
   /// What lies below the line, down to the start of the Y axis or to 0.
   TZyAreaSettings& Area() { return *FAreaSettings; }
@@ -107,8 +109,12 @@ class TZySeries : public TComponent,
   int Layer() const { return FLayer; }
   void SetLayer(int Value);
   void Renumber(int Value) { FLayer = Value; }
-  TZyUndoStack* UndoStack() const { return FUndo; }
-  virtual void SetUndoStack(TZyUndoStack* Value);
+  /// Place in the drawing order among the series of the graph, from 0; without a graph the layer. It is what undo
+  /// brings back of a layer, since the numbers of all others may have changed silently meanwhile.
+  int Place() const override;
+  void SetPlace(int Value) override;
+  TZyUndoStack* UndoStack() const override { return FUndo; }
+  void SetUndoStack(TZyUndoStack* Value) override;
   /// Pen and brush that draw line and area: those of the settings, or in their place ones of the caller's, which stay
   /// the caller's and must outlive the series. Null goes back to the settings.
   const TZyPen* LinePen() const { return FPen.Get(); }
@@ -389,6 +395,8 @@ class TZySeries : public TComponent,
 
   void EnterInput(TZySeriesInput& Input) { FInputs.push_back(&Input); }
   void LeaveInput(TZySeriesInput& Input);
+  template <class TStore>
+  void ChangeJoining(const char* PropName, const TStore& Store);
   bool Reads(const TZyCustomDoubleVector* Vector, const TZySeriesInput* But = nullptr) const;
   bool HasOwnData(const TZySeriesInput& Input) const { return Input && Input.Vector() != FIndexer.get(); }
   TZyCustomDoubleVector* StoredVector(const TZySeriesInput& Input) const {
