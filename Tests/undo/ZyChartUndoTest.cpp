@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
+#include "platform/framework/TReader.h"
 #include "undo/UndoWalk.h"
 
 namespace zy {
@@ -40,6 +43,23 @@ TEST(ZyChartUndoTest, EverySetterPushesOneStepThatUndoReverts) {
     }
   }
   EXPECT_GT(Tried, 60);
+}
+
+TEST(ZyChartUndoTest, AFormReadIntoItselfPushesNothing) {
+  for (unsigned Seed = 1; Seed <= 5; ++Seed) {
+    TUndoWalk Form(Seed);
+    for (const char* Text : {"one", "two"}) Form.Chart.X->Rubrics()->Add(Text);
+    Form.Walk(300);
+    Form.Form.SetChildIndex(Form.Stack, std::numeric_limits<int>::max());  // while it is read itself it is silent
+    Form.Stack.Clear();
+    const std::string Bytes = testing::BytesOf(Form.Form);
+    TMemoryStream Stream;
+    Stream.WriteBuffer(Bytes.data(), Bytes.size());
+    Stream.SetPosition(0);
+    TReader(Stream).ReadRootComponent(&Form.Form);
+    EXPECT_TRUE(testing::BytesOf(Form.Form) == Bytes) << Seed;
+    for (int Step = 0; Step < Form.Stack.UndoList().Count(); ++Step) ADD_FAILURE() << Form.Stack.UndoList().Get(Step);
+  }
 }
 
 TEST(ZyChartUndoTest, RandomWalksComeBackToTheFirstBytesInGroupsToo) {
