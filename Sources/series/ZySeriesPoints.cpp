@@ -17,6 +17,9 @@ constexpr int FewestPointsToSkip = 21;
 /// More points than this on a column of pixels are reduced before anything else looks at them.
 constexpr float ManyPerColumn = 4;
 
+/// So many of the last pixels of a line may be others when points follow.
+constexpr int OpenRuns = 3;
+
 /// The first index from First on, up to Last, whose value lies not below Limit; Last when there is none. Looks Stride
 /// ahead at first, and from there farther and farther to the side where it must be.
 int FirstNotBelow(const TZyCustomDoubleVector& Data, int First, int Last, double Limit, int Stride) {
@@ -164,6 +167,9 @@ void TZySeries::CalculatePoints() {
   const auto IsTakenAnew = [this](int Pixel) { return FPointIndex.GetValue(Pixel) >= FState.LastPointsCount(); };
   if (FState.LastPointsCount() == 0) FPointCount = 0;
   while (FPointCount > 0 && IsTakenAnew(FPointCount - 1)) --FPointCount;
+  // The last runs of the thinning ended where the data did: they go on with those that came.
+  for (int Run = 0; Run < OpenRuns && FPointCount > 0; ++Run)
+    FState.TakePixelsFrom(FPointIndex.GetValue(--FPointCount));
   FPoints.Clear();
   FPoints.CheckCount(FPointCount);
   FPointIndex.Clear();

@@ -115,6 +115,23 @@ TEST_F(ZySeriesDrawingTest, ReducedLinesLookLikeThatOfAllPoints) {
   }
 }
 
+TEST_F(ZySeriesDrawingTest, AFeedIsThinnedAsIfItHadComeAtOnce) {
+  auto& Series = Add({}, {3, 5, 2});
+  Series.SetXData(nullptr);
+  Chart.X->SetStop(50000);
+  for (const bool HasSymbols : {true, false}) {
+    Series.PointSymbol().SetVisible(HasSymbols);
+    for (int Paint = 0; Paint < 150; ++Paint) {
+      for (int i = 0; i < 2; ++i) Series.YData()->Add(0);  // tells nobody
+      Chart.Paint();
+    }
+    const std::vector<int> Fed = IndexesOf(Series);
+    EXPECT_LT(Fed.size(), 15u) << "six columns";
+    Series.PointsModified();
+    EXPECT_EQ(Fed, IndexesOf(Series));
+  }
+}
+
 TEST_F(ZySeriesDrawingTest, SymbolsCountUnlessTheyLieOnTheOneBefore) {
   // 50 pixels a unit in x, 25 in y.
   auto& Points = Add({1, 1.02, 1.019, 1.06, 1.06, 1.06}, {1, 1, 1, 1, 1.04, 1.05});
