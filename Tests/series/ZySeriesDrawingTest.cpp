@@ -121,8 +121,8 @@ TEST_F(ZySeriesDrawingTest, AFeedIsThinnedAsIfItHadComeAtOnce) {
   Chart.X->SetStop(50000);
   for (const bool HasSymbols : {true, false}) {
     Series.PointSymbol().SetVisible(HasSymbols);
-    for (int Paint = 0; Paint < 150; ++Paint) {
-      for (int i = 0; i < 2; ++i) Series.YData()->Add(0);  // tells nobody
+    for (int Paint = 0; Paint < 200; ++Paint) {
+      Series.YData()->Add(0);  // behind scanned values it tells nobody
       Chart.Paint();
     }
     const std::vector<int> Fed = IndexesOf(Series);
