@@ -312,12 +312,16 @@ TEST_F(ZySeriesDrawingTest, MarkersKeepToTheirPoints) {
   auto& Line = Add<TZyLineSeries>({1, 2, 3, 4}, {5, 6, 7, 8});
   auto& Data = dynamic_cast<TZyDoubleVector&>(*Line.YData());
   int Alive = 0;
+  std::vector<double> Seen;  // when the last one died
   const auto AddMarker = [&](int Idx) {
     auto* const Marker = new TMarkerStub(&Chart.Form);
     Marker->SetParent(Chart.Graph);
     Marker->Series = &Line;
     Marker->Idx = Idx;
-    Marker->Alive = std::shared_ptr<int>(&++Alive, [](int* Count) { --*Count; });
+    Marker->Alive = std::shared_ptr<int>(&++Alive, [&](int* Count) {
+      --*Count;
+      Seen = {Data.Values().begin(), Data.Values().end()};
+    });
     return Marker;
   };
   AddMarker(1);
@@ -335,6 +339,7 @@ TEST_F(ZySeriesDrawingTest, MarkersKeepToTheirPoints) {
   EXPECT_EQ(Third->Idx, 3) << "markers follow the Y data only";
   Data.Delete(2);
   EXPECT_EQ(Alive, 1) << "that of the point itself goes";
+  EXPECT_EQ(Seen, (std::vector<double>{4, 5, 7, 8}));
   EXPECT_EQ(Third->Idx, 2);
   Data.Delete(2, false);
   EXPECT_EQ(Alive, 1);

@@ -108,20 +108,18 @@ void TZyCustomDoubleVector::Delete(int Idx, bool WithLinkedMarkers) {
   }
   FOutliers.Deleted(Idx);
   FArray.erase(At);
-  if (WithLinkedMarkers) {
-    const std::vector<IZyVectorReader*> Readers = FRelatedSeries;
-    for (IZyVectorReader* Reader : Readers) Reader->DataDeleted(*this, Idx);
-  }
   --FCount;
   FPyramid.Changed(Idx, FCount);
   for (TTracked* Tracked : {&FPlain, &FAll})
     for (int* Place : {&Tracked->MinimumIdx, &Tracked->MaximumIdx}) *Place -= *Place > Idx ? 1 : 0;
   if (Idx < FLastCount) --FLastCount;
-  if (RangesGo) {
-    TellOutOfRange();
-  } else {
-    ResetRelatedSeries();
+  if (RangesGo) ResetRanges();
+  // A marker that goes may run foreign code, which finds the vector as it is now.
+  if (WithLinkedMarkers) {
+    const std::vector<IZyVectorReader*> Readers = FRelatedSeries;
+    for (IZyVectorReader* Reader : Readers) Reader->DataDeleted(*this, Idx);
   }
+  ResetRelatedSeries();
 }
 
 void TZyCustomDoubleVector::Clear(bool WithLinkedMarkers) {
