@@ -79,6 +79,7 @@ RectF TZyGraphPainter::DataClip(const TZySeries& Series) {
   auto [Left, Top, Right, Bottom] = Client();
   for (const TZyAxis* Axis : {Series.XAxis(), Series.YAxis()}) {
     auto [AtLow, AtHigh] = BeyondOf(*Axis);
+    AtLow = AtLow || Series.LeavesScaleOf(*Axis);
     if (Axis->Twisted()) std::swap(AtLow, AtHigh);
     if (Axis->GetHorizontal()) {
       if (AtLow) Left = Area.X;

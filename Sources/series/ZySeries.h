@@ -144,6 +144,8 @@ class TZySeries : public TComponent,
   double XStop() const override { return FXStop; }
   double YStart() const override { return FYStart; }
   double YStop() const override { return FYStop; }
+  /// Whether an axis is logarithmic and has no place for some of the data: these are drawn before its start.
+  bool LeavesScaleOf(const TZyAxis& Axis) const;
   /// Y at AtX by linear interpolation between the neighbouring points, in values of the vectors. 0 without points.
   virtual double GetY(double AtX) const;
   /// The caption, or the name of the component without one.

@@ -118,6 +118,14 @@ TZySeries::TRange TZySeries::RangeOf(TZySeriesInput& Input, const TZySeriesInput
   return Result;
 }
 
+bool TZySeries::LeavesScaleOf(const TZyAxis& Axis) const {
+  const auto IsOff = [&](const TZySeriesInput* Input) {
+    const bool IsOfAxis = (Input == &FX) == (&Axis == FXAxis);
+    return *Input && Input->Use() != TZyInputUse::Apart && IsOfAxis && TransformedExtremes(*Input, *Input).Low <= 0;
+  };
+  return Axis.HasLogScaling() && std::ranges::any_of(FInputs, IsOff);
+}
+
 double TZySeries::SmallestPositive(const TZySeriesInput& Input, double Otherwise) const {
   const TZyCustomDoubleVector& Data = *Input.Vector();
   TRange Positive;

@@ -155,6 +155,19 @@ TEST_F(ZySeriesDrawingTest, AnAreaClosesAtZeroOrAtTheAxisStart) {
   }
 }
 
+TEST_F(ZySeriesDrawingTest, WhatALogarithmicAxisHasNoPlaceForEndsAtTheDataArea) {
+  auto& Line = AddLine({5, -3, 8});
+  Line.Line().SetColor(0xFF123456);
+  Line.Line().SetWidth(3);
+  Chart.FixEnds(Chart.X, 0, 2);
+  Chart.Y->SetScaling(TZyAxisScaling::Log);
+  for (const bool HasArea : {false, true}) {
+    Line.Area().SetVisible(HasArea);
+    Line.Area().SetForeColor(0xFF123456);
+    EXPECT_LE(BoxOf(Chart.Paint(), 0xFF123456).Bottom, 300) << HasArea;
+  }
+}
+
 TEST_F(ZySeriesDrawingTest, ABandGoesBackAlongItsPartner) {
   auto& Upper = AddLine({8, 9, 8});
   auto& Lower = AddLine({1, 2});
