@@ -8,6 +8,7 @@
 #include "platform/drawing/ClipGuard.h"
 #include "platform/drawing/Graphics.h"
 #include "series/ZySeries.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 
@@ -114,7 +115,11 @@ void TZyGraphPainter::PaintClippedToData(const TDraw& Draw) {
       Cut.reset();
       if (Clip != Client()) Cut.emplace(FGr), FGr.SetClip(Clip, CombineModeIntersect);
     }
-    Draw(*Series);
+    try {
+      Draw(*Series);
+    } catch (const EAbort&) {
+      // A handler freed it.
+    }
   }
 }
 

@@ -95,12 +95,13 @@ class TZySeries : public TComponent,
   /// The area goes to the line of this series instead.
   TZyLineSeries* DrawBandTo() const;
   void SetDrawBandTo(TZyLineSeries* Value);
-  /// Events that turn the values of the vectors into those that the axes show.
+  /// Events that turn the values of the vectors into those that the axes show. A point whose value becomes one that is
+  /// not finite is left out of ranges and pixels.
   const TZyValueTransformation& XValueTransformation() const { return FX.Transformation(); }
   void SetXValueTransformation(TZyValueTransformation Value) { SetTransformation(FX, std::move(Value)); }
   const TZyValueTransformation& YValueTransformation() const { return FY.Transformation(); }
   void SetYValueTransformation(TZyValueTransformation Value) { SetTransformation(FY, std::move(Value)); }
-  /// Asked for the pen of each segment of the line, and the brush of the area below it.
+  /// Asked for the pen of each segment of the line, and the brush of the area below it. They may free the series.
   const TZyPenEventHandler& OnGetPen() const { return mGetPen; }
   void SetOnGetPen(TZyPenEventHandler Value);
   const TZyBrushEventHandler& OnGetBrush() const { return mGetBrush; }
@@ -422,6 +423,7 @@ class TZySeries : public TComponent,
   void CheckLinkedMarkers();
 
   // Pixels.
+  bool HasPixelAt(int Idx) const;
   bool MayReduce(int Start, int Stop) const;
   void ReduceToColumns(int Start, int Stop);
   void ReduceColumn(int First, int Last, float Centre, int& Outlier);

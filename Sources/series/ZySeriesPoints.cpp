@@ -64,8 +64,8 @@ class TZySeries::TPixelBlocks {
   /// The next point with values; one behind the last when there is none.
   int Next(int Idx) {
     for (++Idx; Idx <= FLast; ++Idx) {
-      Load(Idx);
-      if (FIsWhole || FSeries.HasValuesAt(Idx)) break;
+      const auto Place = static_cast<std::size_t>(Load(Idx));
+      if (FIsWhole || (FSeries.HasValuesAt(Idx) && std::isfinite(FX[Place]) && std::isfinite(FY[Place]))) break;
     }
     return Idx;
   }
@@ -85,7 +85,7 @@ class TZySeries::TPixelBlocks {
     return Idx - FFirst;
   }
 
-  /// Whether all values are finite.
+  /// Whether all values are finite. What a transformation makes of one that is not has no pixel.
   bool Convert(const TZySeriesInput& Input, const TZyAxis& Axis, std::array<float, Block>& Pixels) {
     std::span<const double> Values = Input->ValuesAt(FFirst, FCount, FScratch);
     double Sum = 0;
@@ -94,11 +94,14 @@ class TZySeries::TPixelBlocks {
       // A copy, since the handler may make the vector move.
       if (Values.data() != FScratch.data()) std::ranges::copy(Values, FScratch.begin());
       for (std::size_t i = 0; i < Values.size(); ++i)
-        FScratch[i] = Input.Transform(FScratch[i], FFirst + static_cast<int>(i));
+        Sum += 0 * (FScratch[i] = Input.Transform(FScratch[i], FFirst + static_cast<int>(i)));
       Values = std::span<const double>(FScratch).first(Values.size());
     }
     Axis.NumberToWorld(Values, Pixels);
-    return Sum == 0;
+    if (Sum == 0) return true;
+    for (std::size_t i = 0; i < Values.size(); ++i)
+      if (!std::isfinite(Values[i])) Pixels[i] = std::numeric_limits<float>::quiet_NaN();
+    return false;
   }
 
   const TZySeries& FSeries;
@@ -148,8 +151,15 @@ void TZySeries::GetCalcPointsStartStop(int& Start, int& Stop) const {
     }
   }
   Start = std::min(Start, Stop);
-  while (Start <= Stop && !HasValuesAt(Start)) ++Start;
-  while (Stop > Start && !HasValuesAt(Stop)) --Stop;
+  while (Start <= Stop && !HasPixelAt(Start)) ++Start;
+  while (Stop > Start && !HasPixelAt(Stop)) --Stop;
+}
+
+bool TZySeries::HasPixelAt(int Idx) const {
+  const auto IsFinite = [Idx](const TZySeriesInput& Input) {
+    return !Input.IsTransformed() || std::isfinite(Input.At(Idx));
+  };
+  return HasValuesAt(Idx) && IsFinite(FX) && IsFinite(FY);
 }
 
 /// Should a handler throw, the pixels stay out of date, and the next paint begins anew.

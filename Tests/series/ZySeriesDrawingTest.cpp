@@ -60,6 +60,17 @@ TEST_F(ZySeriesDrawingTest, PointsWithoutValuesAreLeftOut) {
   Line.XData()->AddOutlier(2);
   EXPECT_EQ(IndexesOf(Line), std::vector<int>{});
   EXPECT_EQ(Line.FindPoint(50, 50), -1);
+
+  auto& Other = Add<TZyLineSeries>({0, NotANumber, 2, 3, 4, 5}, {1, 9, 2, 8, 3, 7});
+  Other.Calculate();
+  EXPECT_EQ(Other.YStop(), 8) << "what has no X is no point";
+  for (const int Gap : {0, 3, 5}) {
+    Other.SetYValueTransformation(
+        [Gap](TObject*, const TZyTransformEventArgs& e) { return e.Index == Gap ? NotANumber : e.Value; });
+    std::vector<int> Left{0, 2, 3, 4, 5};
+    std::erase(Left, Gap);
+    EXPECT_EQ(IndexesOf(Other), Left);
+  }
 }
 
 // Beside it the line through each single point, by the rasteriser's plain way for round corners.
@@ -225,6 +236,32 @@ TEST_F(ZySeriesDrawingTest, EventsSeeTransformedValuesAndMayChangeTheLook) {
   EXPECT_EQ(Chart.CountOf(Calls, "FillPolygon(FFFF0000, 100 75, 150.5 100, 150.5 299.5, 100 299.5"), 1)
       << "half a pixel over the seam, down to half a pixel above 0";
   EXPECT_EQ(Chart.CountOf(Calls, "DrawEllipse"), 2) << "below the axes and above them";
+}
+
+TEST_F(ZySeriesDrawingTest, AGivenPenDrawsUnsmoothedLinesToo) {
+  TZyLineSeries& Line = AddLine({});
+  for (int i = 0; i < 101; ++i) Line.YData()->Add(i % 2);
+  Chart.Graph->SetSmoothingMode(TZySmoothingMode::None);
+  const TZyPen Pen(0xFFABCDEF, 4);
+  Line.SetLinePen(&Pen);
+  EXPECT_EQ(Chart.CountOf(Chart.Calls(), "DrawLines(pen FFABCDEF 4"), 1);
+  EXPECT_TRUE(Line.CanDoCanvasDraw());
+}
+
+TEST_F(ZySeriesDrawingTest, HandlersMayFreeTheirSeries) {
+  const auto Free = [](TObject* Sender, auto&) { delete Sender; };
+  for (int Event = 0; Event < 3; ++Event) {
+    auto& Series = Add({1, 2, 3}, {1, 2, 3});
+    Series.Area().SetVisible(true);
+    if (Event == 0) Series.SetOnGetPen(Free);
+    if (Event == 1) Series.SetOnGetBrush(Free);
+    if (Event == 2) Series.SetOnGetPointSymbol(Free);
+    auto& Next = Add<TZyLineSeries>({1, 2}, {1, 2});
+    Chart.Paint();
+    EXPECT_EQ(Listed(Chart.Graph->RelatedSeries()), std::vector<TZySeries*>{&Next}) << Event;
+    EXPECT_FALSE(Next.RecalculatePoints()) << "drawn all the same";
+    delete &Next;
+  }
 }
 
 TEST_F(ZySeriesDrawingTest, FindsWhatAPlainSearchFinds) {

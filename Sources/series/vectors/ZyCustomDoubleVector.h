@@ -54,6 +54,8 @@ class TZyCustomDoubleVector : public TComponent {
   virtual bool IsChanged() const { return FLastCount < FCount; }
   /// Whether the values as they stand are strictly ascending, so that they can be searched by bisection.
   virtual bool GetIsSorted() { return Scanned().FIsSorted; }
+  /// Whether there may be values that are not finite; true also for some time after the last of them went.
+  bool GetHasGaps() { return Scanned().FHasGaps; }
   /// Indexes of the smallest and the largest finite value from First up to, but not including, Last, outliers
   /// included; in a time that hardly depends on how many they are.
   virtual TZyExtremes FindExtremes(int First, int Last) const;
@@ -155,6 +157,7 @@ class TZyCustomDoubleVector : public TComponent {
   TTracked FPlain, FAll;  // without and with outliers
   bool FOnlyAscending = true;
   bool FIsSorted = true;
+  bool FHasGaps = false;
   TZyOutliers FOutliers;
   std::vector<IZyVectorReader*> FRelatedSeries;
 };
