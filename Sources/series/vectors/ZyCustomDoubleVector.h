@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -124,7 +125,10 @@ class TZyCustomDoubleVector : public TComponent {
   /// The series and charts that read this vector; they enter and leave by themselves.
   const std::vector<IZyVectorReader*>& RelatedSeries() const { return FRelatedSeries; }
   void AddRelatedSeries(IZyVectorReader* Reader) { FRelatedSeries.push_back(Reader); }
-  void RemoveRelatedSeries(IZyVectorReader* Reader) { std::erase(FRelatedSeries, Reader); }
+  void RemoveRelatedSeries(IZyVectorReader* Reader) {
+    const auto Place = std::find(FRelatedSeries.begin(), FRelatedSeries.end(), Reader);
+    if (Place != FRelatedSeries.end()) FRelatedSeries.erase(Place);
+  }
 
  protected:
   std::vector<double> FArray;  // as long as FCount
