@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "platform/framework/TReader.h"
+#include "controls/ControlSamples.h"
 #include "undo/UndoWalk.h"
 
 namespace zy {
@@ -53,10 +53,7 @@ TEST(ZyChartUndoTest, AFormReadIntoItselfPushesNothing) {
     Form.Form.SetChildIndex(Form.Stack, std::numeric_limits<int>::max());  // while it is read itself it is silent
     Form.Stack.Clear();
     const std::string Bytes = testing::BytesOf(Form.Form);
-    TMemoryStream Stream;
-    Stream.WriteBuffer(Bytes.data(), Bytes.size());
-    Stream.SetPosition(0);
-    TReader(Stream).ReadRootComponent(&Form.Form);
+    ReadBack(Form.Form, Form.Form);
     EXPECT_TRUE(testing::BytesOf(Form.Form) == Bytes) << Seed;
     for (int Step = 0; Step < Form.Stack.UndoList().Count(); ++Step) ADD_FAILURE() << Form.Stack.UndoList().Get(Step);
   }
