@@ -39,6 +39,10 @@ class TUndoForm {
     Paint();  // is no step, and makes of an axis without data what it shows
   }
 
+  ~TUndoForm() {
+    for (TSample* const Part : {&Sample, Sample.Part()}) Part->BeforeChange = nullptr;  // the stack goes first
+  }
+
   /// The objects of the form whose changes are steps.
   std::vector<TPersistent*> Objects() {
     std::vector<TPersistent*> Result;
@@ -97,8 +101,8 @@ class TUndoForm {
 
   TSampleChart Chart;
   TForm& Form = Chart.Form;
-  TZyUndoStack Stack{&Form};
   TSample Sample{&Form};
+  TZyUndoStack Stack{&Form};
 };
 
 /// Changes, makes, frees and paints what is on the form, undoes and redoes, at random.
