@@ -1,7 +1,6 @@
 #pragma once
 
 #include <random>
-#include <regex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -79,11 +78,17 @@ class TUndoForm {
   /// The same of the form once it is painted, without the boxes of axes and the ends of curves: what these follow from
   /// is undone, but they are those of the last layout or calculation, and none comes while an axis is missing.
   std::string Text() {
-    static const std::regex Results(
-        "\x07.(Left|Top|Width|Height|(Calculation|Display)St(art|op))"
-        "(\x02[\\s\\S]|\x03[\\s\\S]{2}|\x06[\\s\\S]{8})");
     Paint();
-    return std::regex_replace(Bytes(), Results, "");
+    std::string Result = Bytes();
+    for (const std::string_view Name :
+         {"Left", "Top", "Width", "Height", "CalculationStart", "CalculationStop", "DisplayStart", "DisplayStop"}) {
+      const std::string Row = std::string("\x07") + static_cast<char>(Name.size()) + std::string(Name);
+      for (std::size_t At = Result.find(Row); At != std::string::npos; At = Result.find(Row, At)) {
+        const char Tag = Result[At + Row.size()];  // of one, two, four or eight bytes
+        Result.erase(At, Row.size() + 1 + (Tag == 6 ? 8U : 1U << (Tag - 2)));
+      }
+    }
+    return Result;
   }
 
   /// A graph on the X axis of the other one, with a curve on an axis of its own.
