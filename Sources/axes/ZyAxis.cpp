@@ -137,8 +137,13 @@ TZyAxis::~TZyAxis() {
 
 IZyAxisGraph* TZyAxis::Graph() const { return dynamic_cast<IZyAxisGraph*>(Parent()); }
 
-/// Undo writes what was there: no limit and no dependence on another property changes it then.
-bool TZyAxis::Restoring() const { return FUndo != nullptr && FUndo->Restoring(); }
+/// Undo and records write what was there: no limit and no dependence on another property changes it then.
+bool TZyAxis::Restoring() const { return LoadingRecord() || (FUndo != nullptr && FUndo->Restoring()); }
+
+bool TZyAxis::LoadingRecord() const {
+  const IZyAxisGraph* const Parent = Graph();
+  return FReadsRecord || (Parent != nullptr && Parent->LoadingRecord());
+}
 
 // --- Change protocol ------------------------------------------------------------------------------------------------
 
@@ -173,7 +178,8 @@ void TZyAxis::SetParent(TWinControl* Value) {
   for (IZyAxisSeries* Series : FRelatedSeries) Series->TestAllAssigned();
   Modified();
   const IZyAxisGraph* const NewGraph = Graph();
-  if (NewGraph != nullptr && IsDesigning() && !IsLoading() && !NewGraph->DoingPrimary()) PlaceAsDesigned();
+  if (NewGraph != nullptr && IsDesigning() && !IsLoading() && !NewGraph->DoingPrimary() && !LoadingRecord())
+    PlaceAsDesigned();
 }
 
 /// The designer drops a new axis near the side where it is wanted. The diagonals of the graph divide it into the four

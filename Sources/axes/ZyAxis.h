@@ -19,6 +19,7 @@
 #include "axes/ZyZoomStages.h"
 #include "graph/parts/ZyGraphParts.h"
 #include "graph/styles/ZyArrowSettings.h"
+#include "persistence/ZyRecord.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/framework/TRef.h"
 #include "platform/framework/TRefList.h"
@@ -37,7 +38,7 @@ class IZyAxisGraph;
 ///
 /// The class holds the properties; what it is made of are parts with a state of their own: the ends, the steps and the
 /// kind of scale that chooses them, the ticks, the labels, the zoom stages, the rubrics.
-class TZyAxis : public TGraphicControl, public IZyUndoUser {
+class TZyAxis : public TGraphicControl, public TZyRecord, public IZyUndoUser {
   ZY_CLASS(TZyAxis, TGraphicControl)
   explicit TZyAxis(TComponent* Owner = nullptr);
   ~TZyAxis() override;
@@ -245,10 +246,16 @@ class TZyAxis : public TGraphicControl, public IZyUndoUser {
   /// Set while a layout pass runs, one for the process: it stops paints and resizes from entering it again.
   inline static bool LayoutRunning = false;
 
+  /// Set while a graph reads its record, one for the process: axes ignore changes of ranges then, those of other graphs
+  /// as well, which TestRange makes up for.
+  inline static bool RangesHeld = false;
+
   /// Marks the axis for layout.
   void Modified();
   /// The data of a series changed; new ends are taken at the next GetNewRanges.
   void RangeModified();
+  /// RangeModified, when data lie outside the range that the axis knows, and when that is to shrink, other ones.
+  void TestRange(bool MayShrink);
   /// Takes the ends from the series, when their data changed.
   void GetNewRanges();
   /// Lays out the whole parent: ends, ticks and sizes of all its axes, and the data area of a graph.
@@ -366,6 +373,21 @@ class TZyAxis : public TGraphicControl, public IZyUndoUser {
   void Resize() override;
   void SetName(const std::string& Value) override;
   void DefineProperties(TFiler& Filer) override;
+
+  // ---- Record ----
+
+  /// A reader takes what is stored as it stands, as undo does: no limit and no other property changes it.
+  void Fields(TZyArchive& Archive) override;
+  /// Without WithRange a reader leaves the ends, and the range of the data, as they are, and drops those of a stream
+  /// and of XML; the zoom stages it leaves in all three forms.
+  using TZyRecord::ReadFrom;
+  void ReadFrom(TStream& Stream, bool WithRange);
+  void ReadFrom(const std::filesystem::path& FileName, bool WithRange);
+  void ReadFrom(const IXMLNode& Node, bool WithRange);
+  void ReadFrom(const TCustomIniFile& Ini, std::string_view Section, bool WithRange);
+  /// Does what reads the axis, with or without its range.
+  void ReadBy(const std::function<void()>& Read, bool WithRange);
+
   // The mouse over an axis is the mouse over its graph.
   void Click() override;
   void DblClick() override;
@@ -374,12 +396,16 @@ class TZyAxis : public TGraphicControl, public IZyUndoUser {
   void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
 
  protected:
+  void EndRead() override { Modified(); }
   void VisibleChanging() override;
   void CMVisibleChanged() override;
   void ParentFontChanged() override;
 
  private:
+  friend class TZyAxisRecord;
+
   IZyAxisGraph* Graph() const;
+  bool LoadingRecord() const;
   void DoInvalidate();
   void DoNothing() {}
   bool Restoring() const;
@@ -419,6 +445,8 @@ class TZyAxis : public TGraphicControl, public IZyUndoUser {
   bool FNeedsRecalculate = true;
   bool FIsSlaveAxis = false;
   bool FSettingColor = false;  // a colour alone needs no layout
+  bool FReadsRecord = false;
+  bool FReadsRange = true;  // when it does
   bool FTickColorFollows = true;
   bool FMajorTickColorFollows = true;
   TZyMajorGridMode FMajorGridMode = TZyMajorGridMode::AtLabel;

@@ -26,6 +26,21 @@ void TZyAxisEnds::ShowInData(const TZyAxisRange& Range) {
   if (HasData(Range.Stop)) FShown.Stop = FLast.Stop = Range.Stop;
 }
 
+void TZyAxisEnds::TakeStored(const std::optional<TZyAxisRange>& Values) {
+  FWaits = false;
+  if (!Values) return;
+  FValues = *Values;
+  FAsked = FRounded = FShown;
+  if (FValues.Start <= FValues.Stop || Pads()) FExact = FShown;
+}
+
+bool TZyAxisEnds::Knows(const TZyAxisRange& Data, bool Exactly) const {
+  if (Data.Stop < Data.Start) return true;
+  const bool KnowsStart = Exactly ? Data.Start == FValues.Start : Data.Start >= FValues.Start;
+  const bool KnowsStop = Exactly ? Data.Stop == FValues.Stop : Data.Stop <= FValues.Stop;
+  return (KnowsStart || Rules.StartEnd == TZyAxisEnd::Fixed) && (KnowsStop || Rules.StopEnd == TZyAxisEnd::Fixed);
+}
+
 void TZyAxisEnds::TakeValuesAsShown() {
   if (!HasValues()) FValues = FShown;
 }
@@ -114,17 +129,12 @@ void TZyAxisEnds::Round(const TZyEndRounding& Rounding) {
   FRoundedZoomed = Rounding.Zoomed();
 }
 
-bool TZyAxisEnds::Follow(const TZyAxisRange& Master, const TZyEndRounding& Rounding) {
-  if (!std::isfinite(Master.Start) || !std::isfinite(Master.Stop) || Master.Start == Master.Stop) {
-    Round(Rounding);
-    return false;
-  }
+void TZyAxisEnds::Follow(const TZyAxisRange& Master, const TZyEndRounding& Rounding) {
   FShown = Master;
   Rounding.Round(FShown.Start, FShown.Stop);
   FShown = Master;
   Rounding.KeepSteps(FShown.Start, FShown.Stop);
   FIsRounded = true;
-  return true;
 }
 
 }  // namespace zy

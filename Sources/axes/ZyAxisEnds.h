@@ -34,9 +34,15 @@ class TZyAxisEnds {
   void SetStateOf(TEnd End, const std::vector<double>& State);
   /// The same as Show for those of the two that lie in the data, as long as that leaves a span.
   void ShowInData(const TZyAxisRange& Range);
+  /// A record was read. Values is the range of the data as it was stored with the ends; none for a record that left the
+  /// ends alone. Ends that were laid out over data before they were stored, or padded, stay exactly: they would be
+  /// padded once more, and rounded from elsewhere. No data wait.
+  void TakeStored(const std::optional<TZyAxisRange>& Values);
 
   /// What the user decides; a moving range writes its width and its step here when they were left open.
   TZyEndRules Rules;
+  /// What rounding rests on changed: ends that were shown exactly are rounded again.
+  void DropExact() { FExact.reset(); }
 
   // ---- Data ----
 
@@ -49,6 +55,9 @@ class TZyAxisEnds {
   void DataChanged();
   /// Whether a range of data waits to be taken.
   bool Waits() const { return FWaits; }
+  /// Whether a range of data lies in the one that was taken last, or is that very one; what is none stands for no data.
+  /// A fixed end is as good as any.
+  bool Knows(const TZyAxisRange& Data, bool Exactly) const;
   /// Takes the range of the data, and returns the ends that follow from it; nothing when it is as before. A range that
   /// is none stands for no data. While a form is designed nothing moves by itself.
   std::optional<TZyAxisRange> TakeData(const TZyAxisRange& Data, bool IsDesigning);
@@ -69,8 +78,8 @@ class TZyAxisEnds {
   /// rounded again from where it was asked for: a change of anything else must not make an axis grow.
   void Round(const TZyEndRounding& Rounding);
   /// Shows the ends of a master, with the steps that rounding finds for them; rounding itself would move them off the
-  /// master's. Ends that are no numbers, or equal, are not taken; the own ones are rounded then.
-  bool Follow(const TZyAxisRange& Master, const TZyEndRounding& Rounding);
+  /// master's.
+  void Follow(const TZyAxisRange& Master, const TZyEndRounding& Rounding);
 
  private:
   void TakeMovingSlit(TZyAxisRange& Ends);

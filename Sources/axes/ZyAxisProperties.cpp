@@ -200,7 +200,7 @@ void TZyAxis::SetScaling(TZyAxisScaling Value) {
   }
   FKind = &Kind;
   FSteps.HasLogScaling = Kind.IsLogarithmic();
-  if (IZyAxisGraph* const Parent = Graph()) Parent->ZoomReset();
+  if (IZyAxisGraph* const Parent = Graph(); Parent != nullptr && !LoadingRecord()) Parent->ZoomReset();
   Modified();
 }
 
@@ -219,12 +219,7 @@ void TZyAxis::SetAutoTickParts(bool Value) {
 }
 
 void TZyAxis::SetTickPartTo(double& Field, double Value, const char* PropName) {
-  if (!std::isfinite(Value)) return;
-  if (Restoring()) {
-    Field = Value;
-    return Modified();
-  }
-  if (FStepRules.AutoTickParts) return;
+  if (!std::isfinite(Value) || (FStepRules.AutoTickParts && !Restoring())) return;
   Change(this, Field, Value == 0 ? 0.001 : std::fabs(Value), PropName, &TZyAxis::Modified);
 }
 
@@ -267,6 +262,7 @@ void TZyAxis::SetMinForExtraExponent(double Value) {
 void TZyAxis::SetMasterAxis(TZyAxis* Value) {
   if (Value == FMasterAxis || Value == this) return;
   if (Restoring() || IsLoading()) {  // IsSlaveAxis comes by itself then
+    if (LoadingRecord()) PushAll(_sAxisMasterAxis, {"MasterAxis"});
     FMasterAxis = Value;
     return Modified();
   }

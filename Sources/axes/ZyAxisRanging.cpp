@@ -1,6 +1,7 @@
 // The ends of an axis: what sets them, and how data, a master, zooming and scrolling move them.
 
 #include <cmath>
+#include <limits>
 
 #include "axes/ZyAxis.h"
 #include "graph/parts/ZyAxisGraph.h"
@@ -52,7 +53,7 @@ void TZyAxis::SetEnd(double Value, double Present, const char* PropName, const T
 }
 
 void TZyAxis::EndSet() {
-  if (IsDesigning() && !IsLoading() && !FRelatedSeries.empty()) RescaleSamples();
+  if (IsDesigning() && !IsLoading() && !LoadingRecord() && !FRelatedSeries.empty()) RescaleSamples();
   Modified();
 }
 
@@ -83,18 +84,21 @@ void TZyAxis::SetEndRounding(TZyAxisEndRounding Value) {
   const TZyUndoGroup Group(FUndo, _sAxisEndRounding);
   PushAll(_sAxisEndRounding, {"StartState", "StopState", "EndRounding"});
   FEnds.Rules.EndRounding = Value;
+  FEnds.DropExact();
   Modified();
 }
 
 void TZyAxis::SetStartPadding(double Value) {
   if (!(Value > 0) || !std::isfinite(Value) || Value == StartPadding()) return;
   FEnds.Rules.StartPadding = Value;
+  FEnds.DropExact();
   Modified();
 }
 
 void TZyAxis::SetStopPadding(double Value) {
   if (!(Value > 0) || !std::isfinite(Value) || Value == StopPadding()) return;
   FEnds.Rules.StopPadding = Value;
+  FEnds.DropExact();
   Modified();
 }
 
@@ -103,7 +107,7 @@ void TZyAxis::SetMovingSlit(double& Field, double Value, TZyText Label, const ch
   const TZyUndoGroup Group(FUndo, Label);
   PushAll(Label, {PropName});
   Field = Value;
-  if (IsDesigning() && !IsLoading() && !Restoring()) SetStopEnd(TZyAxisEnd::MovingSlit);
+  if (IsDesigning() && !IsLoading() && !LoadingRecord() && !Restoring()) SetStopEnd(TZyAxisEnd::MovingSlit);
   RangeModified();
 }
 
@@ -118,12 +122,18 @@ void TZyAxis::SetMovingSlitIncrement(double Value) {
 // --- Data -----------------------------------------------------------------------------------------------------------
 
 void TZyAxis::RangeModified() {
-  if (IsDestroying()) return;
-  if (const IZyAxisGraph* const Parent = Graph(); Parent != nullptr && Parent->LoadingRecord()) return;
+  if (IsDestroying() || LoadingRecord() || RangesHeld) return;
   if (GetCanZoomBack()) ShowWholeWhereSet();
   if (FRelatedSeries.empty()) return Modified();
   FEnds.DataChanged();
   ZoomClearBuffer();
+}
+
+/// An axis that has seen no data yet, but has some, takes them as they come; its zoom stages are none of theirs.
+void TZyAxis::TestRange(bool MayShrink) {
+  if (FRelatedSeries.empty()) return;
+  if (ValuesStart() == std::numeric_limits<double>::max()) return FEnds.DataChanged();
+  if (!FEnds.Knows(Data().Range(), MayShrink)) RangeModified();
 }
 
 /// The end of a zoom shows the whole range again where no data say what it is. That is no step of the user's, as the
@@ -159,7 +169,7 @@ TZyBeyond TZyAxis::DataBeyond() const {
 
 void TZyAxis::CheckResize() {
   if (LayoutRunning) return;
-  FEnds.Unround();
+  if (!LoadingRecord()) FEnds.Unround();
   Modified();
 }
 
@@ -182,7 +192,8 @@ TZyEndRounding TZyAxis::Rounding() {
   const IZyAxisGraph* const Parent = Graph();
   TZyEndRounding::TCircumstances Now;
   Now.Panning = Parent != nullptr && Parent->Panning();
-  Now.KeepsEnds = Now.Panning || FEnds.AreExact() || (Parent != nullptr && Parent->Pinching());
+  Now.AreExact = FEnds.AreExact();
+  Now.KeepsEnds = Now.Panning || Now.AreExact || (Parent != nullptr && Parent->Pinching());
   Now.Zoomed = GetCanZoomBack();
   Now.IsSlave = IsSlave();
   const auto FirstPositive = [this](double Stop) {
@@ -200,13 +211,18 @@ void TZyAxis::TakeEnds() {
   }
 }
 
-/// A slave of the very values has the very steps as well.
+/// A slave of the very values has the very steps as well. Ends that are no numbers, or equal, are not taken; the own
+/// ones are rounded then.
 void TZyAxis::FollowMaster() {
   TZyAxis& Master = *FMasterAxis;
   FKind = Master.FKind;
   Master.FEnds.Round(Master.Rounding());
   const TZyAxisRange Ends{Master.Start() * FSlaveSlope + FSlaveOffset, Master.Stop() * FSlaveSlope + FSlaveOffset};
-  if (!FEnds.Follow(Ends, Rounding()) || FSlaveSlope != 1 || FSlaveOffset != 0) return;
+  if (!std::isfinite(Ends.Start) || !std::isfinite(Ends.Stop) || Ends.Start == Ends.Stop)
+    return FEnds.Round(Rounding());
+  FEnds.DropExact();
+  FEnds.Follow(Ends, Rounding());
+  if (FSlaveSlope != 1 || FSlaveOffset != 0) return;
   FSteps = Master.FSteps;
   FKind->TakeFormat(FSteps, FStepRules, LowEnd(), HighEnd());
 }

@@ -28,6 +28,11 @@ void TZyAxisRubrics::Set(const TStringList* Value) {
   FTexts.Assign(Value);
 }
 
+void TZyAxisRubrics::SetBound(bool Value) {
+  FIsBound = Value;
+  if (Value) NewData();
+}
+
 void TZyAxisRubrics::SetField(const std::string& Value) {
   if (Value == FLink.FieldName()) return;
   FLink.SetFieldName(Value);

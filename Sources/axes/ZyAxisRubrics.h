@@ -26,6 +26,9 @@ class TZyAxisRubrics {
   TStringList* Own() { return FIsBound ? nullptr : &FTexts; }
   /// Copies the texts; throws Exception while they come from a data set. Null clears.
   void Set(const TStringList* Value);
+  /// Whether the texts come from a data set; a record tells.
+  bool IsBound() const { return FIsBound; }
+  void SetBound(bool Value);
   TZyListLink& Link() { return FLink; }
   const TZyListLink& Link() const { return FLink; }
   void SetField(const std::string& Value);

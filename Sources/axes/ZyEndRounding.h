@@ -23,7 +23,8 @@ class TZyEndRounding {
   /// What runs, and what the axis is to others.
   struct TCircumstances {
     bool Panning = false;    ///< steps stay as they are
-    bool KeepsEnds = false;  ///< ends follow the fingers, or were moved by pixels, and are not rounded
+    bool KeepsEnds = false;  ///< ends follow the fingers, or are exact, and are not rounded
+    bool AreExact = false;   ///< ends were laid out before, and need no repair
     bool Zoomed = false;
     bool IsSlave = false;  ///< ends may run from high to low
   };
@@ -52,8 +53,11 @@ class TZyEndRounding {
 
  private:
   void Limit(double& Start, double& Stop) const;
+  void Repair(double& Start, double& Stop) const;
   void AddPadding(double& Start, double& Stop) const;
   void RoundToSteps(double& Start, double& Stop) const;
+  void TakeSteps(const TZyAxisRange& Ends) const;
+  TZyAxisRange PairedWithSteps(const TZyAxisRange& Asked) const;
   TZyAxisRange RoundedToTicks(const TZyAxisRange& Asked, const TZyAxisRange& Ends) const;
   bool ChoosesSteps() const { return FStepRules.AutoTickParts || FKind.ChoosesOwnSteps(); }
 

@@ -1,11 +1,18 @@
 #include "axes/ZyZoomStages.h"
 
+#include <utility>
+
 namespace zy {
 
 void TZyZoomStages::Begin(const TZyAxisRange& Whole) {
   if (!FRanges.empty()) return;
   FRanges.push_back(Whole);
   FCurrent = 0;
+}
+
+void TZyZoomStages::Take(std::vector<TZyAxisRange> Ranges, int Current) {
+  FRanges = std::move(Ranges);
+  FCurrent = Current;
 }
 
 void TZyZoomStages::Push(const TZyAxisRange& Range) {

@@ -17,6 +17,9 @@ class TZyZoomStages {
   /// Stage 0. There is one.
   const TZyAxisRange& Whole() const { return FRanges.front(); }
 
+  const std::vector<TZyAxisRange>& Ranges() const { return FRanges; }
+  /// Takes over stages that were stored; Current is the index of one of them.
+  void Take(std::vector<TZyAxisRange> Ranges, int Current);
   /// Makes a range stage 0, unless there are stages.
   void Begin(const TZyAxisRange& Whole);
   /// Adds a stage behind the one that is shown, and shows it; later ones are gone. There is a stage 0.

@@ -11,6 +11,7 @@
 #include "graph/ZyPollingThread.h"
 #include "graph/parts/ZyGraphParts.h"
 #include "graph/styles/ZyGradientSettings.h"
+#include "persistence/ZyRecord.h"
 #include "platform/controls/TCustomPanel.h"
 #include "platform/drawing/Geometry.h"
 #include "platform/drawing/GraphicsBackend.h"
@@ -35,7 +36,7 @@ ZY_ENUM(TZySmoothingMode, "None", "HighSpeed", "AntiAlias", "HighQuality")
 ///
 /// A setter lays out nothing: it marks the chart, and the next paint does what is due. Between BeginUpdate and
 /// EndUpdate nothing is computed at all.
-class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
+class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariableContainer {
   ZY_CLASS(TZyCustomGraph, TCustomPanel)
   explicit TZyCustomGraph(TComponent* Owner = nullptr);
   ~TZyCustomGraph() override;
@@ -126,6 +127,19 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   /// The chart as an enhanced metafile.
   std::unique_ptr<TMetafile> AsTMetafile();
 
+  // --- Record: the chart with all that belongs to it ---
+
+  /// Nothing; a kind of chart tells what it has.
+  void Fields(TZyArchive&) override {}
+  /// Writes the chart with or without its data; the operations of TZyRecord write it with them. A reader loads into the
+  /// objects that are there by their names, makes those that are missing, and takes no step of its own for undo: the
+  /// stack logs what the setters push.
+  using TZyRecord::WriteTo;
+  void WriteTo(TStream& Stream, bool SaveData) const;
+  void WriteTo(const std::filesystem::path& FileName, bool SaveData) const;
+  void WriteTo(const IXMLNode& Node, bool SaveData) const;
+  void WriteTo(TCustomIniFile& Ini, std::string_view Section, bool SaveData) const;
+
   /// The border takes room from the chart.
   void SetBorderStyle(TBorderStyle Value) override;
   /// An extent that changes is told to BoundsChanged first.
@@ -139,6 +153,8 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   bool WMEraseBkgnd(Graphics& Gr) override;
   virtual void BoundsChanged() {}
   void ParentFontChanged() override;
+  /// Whether the record that is being written has the data.
+  bool SavesData() const { return FSavesData; }
 
   TZyRichCaptionObject FTitleRec;
   bool FNeedsRecalculate = false;
@@ -160,6 +176,7 @@ class TZyCustomGraph : public TCustomPanel, public TZyVariableContainer {
   TZyColor FBackColor = Colors::Transparent;
   TZySmoothingMode FSmoothingMode = TZySmoothingMode::HighQuality;
   int FUpdateCount = 0;
+  mutable bool FSavesData = true;
   TRefList<IZyGraphLegend> FRelatedLegends{this};
 };
 

@@ -230,6 +230,11 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   void SetDoingMetafile(bool Value) { FDoingMetafile = Value; }
   /// While TestPrimaryAxis makes the default axes.
   bool DoingPrimary() const override { return FDoingPrimary; }
+  /// The vectors, axes, series, legends and markers of the graph that have a name, each before what refers to it, and
+  /// then the graph's own settings. A reader takes out all series and frees all markers; of series those that were
+  /// stored and are complete come back, in their order. What it does not know it leaves out where the form allows it.
+  /// It throws EReadError when a name stands for an object of another kind, or its owner cannot be found.
+  void Fields(TZyArchive& Archive) override;
   /// While the graph reads its record; axes ignore changes of ranges then.
   bool LoadingRecord() const override { return FLoadingRecord; }
   bool NeedsRecalculate() const { return FNeedsRecalculate; }
@@ -270,8 +275,11 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   void BoundsChanged() override;
   void CMVisibleChanged() override;
   void PaintOverlay(Graphics& Gr) override;
+  void EndRead() override;
 
  private:
+  friend class TZyGraphRecord;
+
   std::unique_ptr<TZyLineSettings> MakeLine(TZyColor Color);
   TScrollBar* MakeScrollBar(TScrollBarKind Kind);
   void ShowScrollBars();
@@ -332,6 +340,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   TNotifyEvent FOnBeginZoom, FOnEndZoom, FOnBeginPanning, FOnEndPanning;
   TRect FLastClip;  // of the previous paint
   RectF FDrawingArea;
+  TRefList<TZyAxis> FAxesToTest{this};  // whose data may be others than was stored of them, when a record was read
   TRefList<TZySeries> FRelatedSeries{this, &TZyGraph2D::RemoveRelatedSeries};
   TZyGraphCoupling FCoupling{*this};
   TZyGraphZoom FStages{*this};

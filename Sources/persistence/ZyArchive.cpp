@@ -1,5 +1,6 @@
 #include "persistence/ZyArchive.h"
 
+#include "platform/framework/ScopedFlag.h"
 #include "texts/Exceptions.h"
 #include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
@@ -66,6 +67,7 @@ void TZyArchive::Record(const TZyFieldName& Name, TZyRecord& Object) {
 
 void TZyArchive::Records(const TZyFieldName& Name, const std::vector<TZyRecord*>& Objects, bool Typed,
                          const TTakeObject& Take) {
+  const std::size_t FirstPending = FPending.size();
   Within({TZyScope::List, Name}, [&] {
     auto Count = static_cast<int>(Objects.size());
     VisitCount(Name, Count);
@@ -78,14 +80,37 @@ void TZyArchive::Records(const TZyFieldName& Name, const std::vector<TZyRecord*>
         bool IsRead = false;
         Take(Who, [&](TZyRecord& Object) {
           IsRead = true;
-          Object.Visit(*this);
+          ReadListed(Object);
         });
         if (IsRead || !IsStream()) return;
-        if (Who.ClassName.empty()) throw EReadError(LoadResString(_sComponentNotNamed));
+        if (Who.Reference.empty()) throw EReadError(LoadResString(_sComponentNotNamed));
         throw EClassNotFound(Format(LoadResString(_sClassNotFound), {Who.ClassName}));
       });
     }
   });
+  ResolvePending(FirstPending);
+}
+
+void TZyArchive::ReadListed(TZyRecord& Object) {
+  const auto* const Holder = dynamic_cast<const TPersistent*>(&Object);
+  const TScopedValue Listed(FListed, Holder == nullptr ? std::uint64_t{0} : Holder->LiveHandle());
+  Object.Visit(*this);
+}
+
+void TZyArchive::Resolve(const std::string& Ref, TSetTarget Set) {
+  TComponent* const Target = GetComponentFromRef(Ref);
+  Set(Target);
+  if (Target == nullptr && !Ref.empty() && FListed != 0) FPending.push_back({FListed, Ref, std::move(Set)});
+}
+
+/// What still does not resolve stays null.
+void TZyArchive::ResolvePending(std::size_t First) {
+  for (std::size_t Index = First; Index < FPending.size(); ++Index) {
+    TComponent* const Target = GetComponentFromRef(FPending[Index].Ref);
+    if (Target != nullptr && TPersistent::FromLiveHandle(FPending[Index].Holder) != nullptr)
+      FPending[Index].Set(Target);
+  }
+  FPending.resize(First);
 }
 
 }  // namespace zy

@@ -109,7 +109,8 @@ class TZyArchive {
   void TypedIdentity(const TComponent& Object);
 
   /// A property that refers to another component, stored as GetComponentRef. What does not resolve to one of the
-  /// property's class reads as null.
+  /// property's class reads as null. In a list of records the other one may stand further behind: what does not resolve
+  /// is null until the list was read, and then set once more.
   template <auto Getter, auto Setter, class TObjectClass>
   void Reference(TObjectClass& Object, const TZyFieldName& Name) {
     Reference(
@@ -117,11 +118,12 @@ class TZyArchive {
         [&Object](auto* Target) { (Object.*Setter)(Target); });
   }
 
-  /// The same for a pointer that Get returns and Set takes.
+  /// The same for a pointer that Get returns and Set takes; both may hold the object, and nothing that it outlives.
   template <class TGet, class TSetTarget>
   void Reference(const TZyFieldName& Name, TGet Get, TSetTarget Set) {
     std::string Ref = GetComponentRef(Get());
-    if (Take(Name, Ref)) Set(dynamic_cast<decltype(Get())>(GetComponentFromRef(Ref)));
+    if (Take(Name, Ref))
+      Resolve(Ref, [Set](TComponent* Target) { Set(dynamic_cast<decltype(std::declval<TGet>()())>(Target)); });
   }
 
   // ---- Groups ----
@@ -253,6 +255,10 @@ class TZyArchive {
   }
   bool Begin(const TZyScope& Scope);
   void Property(TPersistent& Object, const TPropInfo& Row);
+  using TSetTarget = std::function<void(TComponent* Target)>;
+  void Resolve(const std::string& Ref, TSetTarget Set);
+  void ResolvePending(std::size_t First);
+  void ReadListed(TZyRecord& Object);
   void Reference(TPersistent& Object, const TPropInfo& Row, const TZyFieldName& Name);
   void End();
 
@@ -280,6 +286,15 @@ class TZyArchive {
     return true;
   }
 
+  /// A reference of a listed object to one that was not there yet.
+  struct TPending {
+    std::uint64_t Holder;  // its live handle: an object of the list may give way to another one
+    std::string Ref;
+    TSetTarget Set;
+  };
+
+  std::vector<TPending> FPending;
+  std::uint64_t FListed = 0;         // the live handle of the listed object that is being read, 0 for none
   std::vector<std::string> FPlaces;  // the groups that a reader is in
   std::string FField;                // the last field that it came to
 };

@@ -30,6 +30,11 @@ void TZyArchive::Property(TPersistent& Object, const TPropInfo& Row) {
                              static_cast<std::uint32_t>(Row.Values->Values.size()), 1};
       return Visit(Ordinal, [&](const TOrdinal& Value) { SetOrd(Value.Value); });
     }
+    case TPropKind::Set: {
+      const TOrdinal Bits{static_cast<std::uint32_t>(Row.GetOrd(Object)), std::uint32_t{1} << Row.Values->Values.size(),
+                          Row.Values == &EnumInfo(TShiftStateElement{}) ? 2 : 1};
+      return Visit(Bits, [&](const TOrdinal& Value) { SetOrd(Value.Value); });
+    }
     case TPropKind::Integer:
       if (Row.TypeName() == TypeName<TZyColor>()) return Visit(static_cast<TZyColor>(Row.GetOrd(Object)), SetOrd);
       return Visit(static_cast<std::int32_t>(Row.GetOrd(Object)), SetOrd);
@@ -54,9 +59,10 @@ void TZyArchive::Reference(TPersistent& Object, const TPropInfo& Row, const TZyF
   if (Row.IsOwnedObject) return Part(Name, dynamic_cast<TZyRecord&>(*Present));
   std::string Ref = GetComponentRef(dynamic_cast<TComponent*>(Present));
   if (!Take(Name, Ref)) return;
-  TComponent* const Target = GetComponentFromRef(Ref);
-  const bool Fits = Target != nullptr && Target->ClassInfo().InheritsFrom(Row.ObjectClass());
-  Row.SetObject(Object, Fits ? Target : nullptr);
+  Resolve(Ref, [&Object, &Row](TComponent* Target) {
+    const bool Fits = Target != nullptr && Target->ClassInfo().InheritsFrom(Row.ObjectClass());
+    Row.SetObject(Object, Fits ? Target : nullptr);
+  });
 }
 
 }  // namespace zy

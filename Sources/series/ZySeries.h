@@ -152,6 +152,9 @@ class TZySeries : public TComponent,
   /// The caption, or the name of the component without one.
   const std::string& ToString() const { return FCaption.empty() ? Name() : FCaption; }
 
+  /// The vectors that the series reads, null for those that are not there.
+  std::vector<TZyCustomDoubleVector*> Vectors() const;
+
   // ---- Pixels, in client coordinates of the graph, as the last paint computed them ----
 
   /// The pixels of the line.
@@ -202,6 +205,8 @@ class TZySeries : public TComponent,
   virtual void TestVisibleChanged();
   /// Joins or leaves graph and axes, as the references allow.
   void TestAllAssigned() override;
+  /// Leaves graph and axes, to which the references go on to stand, until TestAllAssigned runs again.
+  void LeaveGraph();
   /// Takes the primary axes of a graph as they are.
   virtual void SetDefaultAxis(IZyAxisGraph& FromGraph);
 
@@ -410,7 +415,6 @@ class TZySeries : public TComponent,
   void PointIndexer();
   void SetGraph(IZySeriesGraph* Value);
   void JoinGraph();
-  void LeaveGraph();
   void ForgetRanges();
   void LayerModified();
   void SetBand(TZySeries* Value);

@@ -92,6 +92,12 @@ void TZySeries::SwapDataVecs() {
   if (FY.Vector() == FIndexer.get()) FIndexer->SetRefVector(FX.Vector());
 }
 
+std::vector<TZyCustomDoubleVector*> TZySeries::Vectors() const {
+  std::vector<TZyCustomDoubleVector*> Result;
+  for (const TZySeriesInput* Input : FInputs) Result.push_back(Input->Vector());
+  return Result;
+}
+
 /// Both axes, every vector that all points need, and one of X and Y at least.
 bool TZySeries::IsComplete() const {
   if (FXAxis == nullptr || FYAxis == nullptr) return false;

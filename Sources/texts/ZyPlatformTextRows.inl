@@ -38,6 +38,8 @@ ZY_TEXT(_sMistypedValue, "Invalid value: %s found, %s wanted")
 ZY_TEXT(_sStreamTooDeep, "Values lie more than %d levels deep")
 ZY_TEXT(_sNotAForm, "The stream does not begin with a component")
 ZY_TEXT(_sOtherClassStored, "A %s is stored, which is no %s")
+ZY_TEXT(_sRefOfOtherClass, "\"%s\" is a %s, which is no %s")
+ZY_TEXT(_sRefWithoutOwner, "The owner of \"%s\" cannot be found")
 ZY_TEXT(_sPropNotInClass, "Class %s has no property \"%s\"")
 
 // ---- Key-value files: source, line, reason ----

@@ -6,6 +6,7 @@ namespace zy {
 
 class Graphics;
 class TControl;
+class TZyCustomGraph;
 class TZySeries;
 class TZyUndoStack;
 
@@ -50,6 +51,14 @@ class IZyGraphLegend {
   virtual void SetUndoStack(TZyUndoStack* Value) = 0;
 };
 
+/// A legend that is stored with its graph: a TZyRecord with a name.
+class IZyStoredLegend {
+ public:
+  virtual ~IZyStoredLegend() = default;
+  /// Belongs to the graph from now on, and stands in its list of legends.
+  virtual void JoinGraph(TZyCustomGraph& Graph) = 0;
+};
+
 /// A control on the graph that its pictures show: it paints itself on the screen, and is painted into files.
 class IZyPicturePart {
  public:
@@ -58,7 +67,8 @@ class IZyPicturePart {
   virtual void PaintGr(Graphics& Gr) = 0;
 };
 
-/// A marker: a control in the graph whose place follows the axes.
+/// A marker: a control in the graph whose place follows the axes. It is stored with the graph when it is a TZyRecord
+/// with a name, and freed when the graph reads its record.
 class IZyGraphMarker : public IZyPicturePart {
  public:
   /// Runs after each layout.
