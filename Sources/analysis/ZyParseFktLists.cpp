@@ -32,21 +32,22 @@ void Release(TRec& Row) {
   Getter(Row).Release();
 }
 
-/// Whether Name is the full name of an entry. The entry's own name is compared first: it is at hand.
-template <typename TRec>
-bool HasFullName(const TRec& Row, std::string_view Name) {
-  if (Row.Container == nullptr) return SameName(Row.Id, Name);
-  if (Name.size() <= Row.Id.size()) return false;
-  const std::size_t Prefix = Name.size() - Row.Id.size();
-  return Name[Prefix - 1] == '.' && SameName(Name.substr(Prefix), Row.Id) &&
-         SameName(Name.substr(0, Prefix - 1), Row.Container->VariablesRef());
-}
-
 const TZyVariableContainer* ContainerOf(const TZyFunctionRec&) { return nullptr; }
 
 template <typename TRec>
 const TZyVariableContainer* ContainerOf(const TRec& Row) {
   return Row.Container;
+}
+
+/// Whether Name is the full name of an entry. The entry's own name is compared first: it is at hand.
+template <typename TRec>
+bool HasFullName(const TRec& Row, std::string_view Name) {
+  const TZyVariableContainer* const Container = ContainerOf(Row);
+  if (Container == nullptr) return SameName(Row.Id, Name);
+  if (Name.size() <= Row.Id.size()) return false;
+  const std::size_t Prefix = Name.size() - Row.Id.size();
+  return Name[Prefix - 1] == '.' && SameName(Name.substr(Prefix), Row.Id) &&
+         SameName(Name.substr(0, Prefix - 1), Container->VariablesRef());
 }
 
 }  // namespace
@@ -184,6 +185,30 @@ void TZyRecList<TRec>::Compact() const {
   FRows.erase(FRows.begin() + static_cast<std::ptrdiff_t>(Count), FRows.end());
   FIsThere.assign(Count, true);
   FGone = 0;
+  FNoted.clear();
+  FNotedRows = 0;
+}
+
+/// A container may have got another name since its rows were noted: what is found has to have the name, and what is not
+/// found is looked for in the list itself.
+template <typename TRec>
+const TRec* TZyRecList<TRec>::Find(std::string_view FullName) const {
+  constexpr std::size_t Few = 32;
+  const auto HasName = [FullName](const TRec& Row) { return HasFullName(Row, FullName); };
+  const std::vector<TRec>& List = Rows();
+  if (List.size() > Few) {
+    for (; FNotedRows < List.size(); ++FNotedRows) {
+      const TZyVariableContainer* const Container = ContainerOf(List[FNotedRows]);
+      const std::string& Id = List[FNotedRows].Id;
+      FNoted.emplace(AsciiUpper(Container == nullptr ? Id : Container->VariablesRef() + '.' + Id), FNotedRows);
+    }
+    const auto Noted = FNoted.find(AsciiUpper(FullName));
+    if (Noted != FNoted.end() && HasName(List[Noted->second])) return &List[Noted->second];
+  }
+  const auto Found = std::ranges::find_if(List, HasName);
+  if (Found == List.end()) return nullptr;
+  if (List.size() > Few) FNoted[AsciiUpper(FullName)] = static_cast<std::size_t>(Found - List.begin());
+  return &*Found;
 }
 
 template class TZyRecList<TZyFunctionRec>;
@@ -252,17 +277,6 @@ void RemoveFromStringList(const TZyVariableContainer* Container, TZyStringGetter
 void RemoveFromArrayList(const TZyVariableContainer* Container, TZyDoubleArraysList& List) {
   List.RemoveContainer(Container);
 }
-
-template <typename TRec>
-const TRec* FindByFullName(const TZyRecList<TRec>& List, std::string_view Name) {
-  for (const TRec& Row : List)
-    if (HasFullName(Row, Name)) return &Row;
-  return nullptr;
-}
-
-template const TZyDoubleGetterRec* FindByFullName(const TZyDoubleGetterList& List, std::string_view Name);
-template const TZyStringGetterRec* FindByFullName(const TZyStringGetterList& List, std::string_view Name);
-template const TZyDoubleArrayRec* FindByFullName(const TZyDoubleArraysList& List, std::string_view Name);
 
 const TZyFunctionRec* FindFunction(const TZyFunctionsList& List, std::string_view Name) {
   for (const TZyFunctionRec& Row : List)

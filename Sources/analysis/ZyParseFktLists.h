@@ -171,6 +171,9 @@ class TZyRecList {
   bool empty() const { return size() == 0; }
   std::size_t size() const { return FRows.size() - FGone; }
   const TRec& operator[](std::size_t Index) const { return Rows()[Index]; }
+  /// The first entry of that full name, ignoring case; null when there is none. The names of a long list are noted, so
+  /// that most look-ups do not grow with it; of entries that took the same name later, either may be found.
+  const TRec* Find(std::string_view FullName) const;
 
   /// Overwrites the entry of the same name (ignoring case) and container, formulas that use it included, or appends.
   void Put(TRec Row);
@@ -189,6 +192,8 @@ class TZyRecList {
   mutable std::vector<bool> FIsThere;
   mutable std::size_t FGone = 0;
   mutable std::unordered_map<const TZyVariableContainer*, std::vector<std::size_t>> FPlaces;  // of a container's rows
+  mutable std::unordered_map<std::string, std::size_t> FNoted;  // rows by the full names that they had, in upper case
+  mutable std::size_t FNotedRows = 0;
 };
 
 using TZyFunctionsList = TZyRecList<TZyFunctionRec>;
@@ -233,7 +238,9 @@ std::string FullName(const TRec& Row) {
 
 /// The first entry of that full name, ignoring case; null when there is none.
 template <typename TRec>
-const TRec* FindByFullName(const TZyRecList<TRec>& List, std::string_view Name);
+const TRec* FindByFullName(const TZyRecList<TRec>& List, std::string_view Name) {
+  return List.Find(Name);
+}
 /// The first function of that name, ignoring case; null when there is none.
 const TZyFunctionRec* FindFunction(const TZyFunctionsList& List, std::string_view Name);
 

@@ -93,6 +93,8 @@ ZY_PUBLISHED(
                                                                              _sAxisDistanceAxisLabels),
     Published<&TZyAxis::Start, &TZyAxis::SetStart>("Start", _sAxisStart).NotStored(),
     Published<&TZyAxis::Stop, &TZyAxis::SetStop>("Stop", _sAxisStop).NotStored(),
+    Published<&TZyAxis::StartState, &TZyAxis::SetStartState>("StartState", _sAxisStart).Hidden(),
+    Published<&TZyAxis::StopState, &TZyAxis::SetStopState>("StopState", _sAxisStop).Hidden(),
     Published<&TZyAxis::StartEnd, &TZyAxis::SetStartEnd>("StartEnd", TZyAxisEnd::AutoRange, _sAxisStartEnd),
     Published<&TZyAxis::StopEnd, &TZyAxis::SetStopEnd>("StopEnd", TZyAxisEnd::AutoRange, _sAxisStopEnd))
 

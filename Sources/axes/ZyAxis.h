@@ -38,7 +38,7 @@ class IZyAxisGraph;
 ///
 /// The class holds the properties; what it is made of are parts with a state of their own: the ends, the steps and the
 /// kind of scale that chooses them, the ticks, the labels, the zoom stages, the rubrics.
-class TZyAxis : public TGraphicControl, public TZyRecord {
+class TZyAxis : public TGraphicControl, public TZyRecord, public IZyUndoUser {
   ZY_CLASS(TZyAxis, TGraphicControl)
   explicit TZyAxis(TComponent* Owner = nullptr);
   ~TZyAxis() override;
@@ -198,6 +198,11 @@ class TZyAxis : public TGraphicControl, public TZyRecord {
   void SetStart(double Value);
   double Stop() const { return FEnds.Stop(); }
   void SetStop(double Value);
+  /// All that is known of an end, which is what undo brings back of it.
+  std::vector<double> StartState() const { return FEnds.StateOf(&TZyAxisRange::Start); }
+  void SetStartState(const std::vector<double>& Value) { RestoreEnd(&TZyAxisRange::Start, Value); }
+  std::vector<double> StopState() const { return FEnds.StateOf(&TZyAxisRange::Stop); }
+  void SetStopState(const std::vector<double>& Value) { RestoreEnd(&TZyAxisRange::Stop, Value); }
   TZyAxisEnd StartEnd() const { return FEnds.Rules.StartEnd; }
   /// MovingSlit is for the stop only and counts as Fixed here.
   void SetStartEnd(TZyAxisEnd Value);
@@ -216,8 +221,8 @@ class TZyAxis : public TGraphicControl, public TZyRecord {
   /// Runs after each layout.
   const TNotifyEvent& OnCalculated() const { return mCalculated; }
   void SetOnCalculated(TNotifyEvent Value) { mCalculated = std::move(Value); }
-  TZyUndoStack* UndoStack() const { return FUndo; }
-  void SetUndoStack(TZyUndoStack* Value);
+  TZyUndoStack* UndoStack() const override { return FUndo; }
+  void SetUndoStack(TZyUndoStack* Value) override;
 
   /// True at the bottom and at the top.
   bool GetHorizontal() const { return FGeometry.Horizontal(); }
@@ -423,6 +428,8 @@ class TZyAxis : public TGraphicControl, public TZyRecord {
   void PlaceAsDesigned();
   template <class TStore>
   void SetEnd(double Value, double Present, const char* PropName, const TStore& Store);
+  void RestoreEnd(TZyAxisEnds::TEnd End, const std::vector<double>& State);
+  void EndSet();
 
   TZyLabelRoom LabelRoom();
   std::string LabelText(std::string Text, double Value);

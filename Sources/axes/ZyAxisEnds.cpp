@@ -10,6 +10,11 @@ void TZyAxisEnds::ShowExactly(const TZyAxisRange& Range) {
   FExact = Range;
 }
 
+void TZyAxisEnds::SetStateOf(TEnd End, const std::vector<double>& State) {
+  std::size_t Index = 0;
+  for (TZyAxisRange* Range : {&FShown, &FInitial, &FLast, &FAsked, &FRounded}) Range->*End = State.at(Index++);
+}
+
 /// A range of which one end lies in the data, and the other one beyond the end that is shown, would turn the ends
 /// round.
 void TZyAxisEnds::ShowInData(const TZyAxisRange& Range) {

@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <optional>
+#include <vector>
 
 #include "axes/ZyEndRounding.h"
 
@@ -25,6 +26,12 @@ class TZyAxisEnds {
   /// The same, and the ends stay as they are, off the ticks, until others are shown or the data change.
   void ShowExactly(const TZyAxisRange& Range);
   bool AreExact() const { return FExact == FShown; }
+  /// All that is known of an end, for undo: a setter stores the end alone, and forgets what it rested on.
+  using TEnd = double TZyAxisRange::*;
+  std::vector<double> StateOf(TEnd End) const {
+    return {FShown.*End, FInitial.*End, FLast.*End, FAsked.*End, FRounded.*End};
+  }
+  void SetStateOf(TEnd End, const std::vector<double>& State);
   /// The same as Show for those of the two that lie in the data, as long as that leaves a span.
   void ShowInData(const TZyAxisRange& Range);
   /// A record was read. Values is the range of the data as it was stored with the ends; none for a record that left the

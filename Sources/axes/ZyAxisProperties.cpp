@@ -268,7 +268,7 @@ void TZyAxis::SetMasterAxis(TZyAxis* Value) {
   }
   if (Value != nullptr && (Value->GetHorizontal() != GetHorizontal() || Value->IsSlave())) return;
   const TZyUndoGroup Group(FUndo, _sAxisMasterAxis);
-  if (!FIsSlaveAxis) PushAll(_sAxisMasterAxis, {"Start", "Stop", "Scaling"});
+  if (!FIsSlaveAxis) PushAll(_sAxisMasterAxis, {"StartState", "StopState", "Scaling"});
   PushAll(_sAxisMasterAxis, {"IsSlaveAxis", "MasterAxis"});
   FMasterAxis = Value;
   FIsSlaveAxis = Value != nullptr;

@@ -16,7 +16,7 @@ void TZyAxis::SetStartEnd(TZyAxisEnd Value) {
   if (Value == TZyAxisEnd::MovingSlit) Value = TZyAxisEnd::Fixed;
   if (Value == StartEnd()) return;
   const TZyUndoGroup Group(FUndo, _sAxisStartEnd);
-  PushAll(_sAxisStartEnd, {"Start", "Stop", "StartEnd"});
+  PushAll(_sAxisStartEnd, {"StartState", "StopState", "StartEnd"});
   FEnds.Rules.StartEnd = Value;
   if (Value == TZyAxisEnd::AutoRange) {
     RangeModified();
@@ -25,11 +25,12 @@ void TZyAxis::SetStartEnd(TZyAxisEnd Value) {
   }
 }
 
-/// A range that moves by itself is nothing to zoom or to scroll.
+/// A range that moves by itself is nothing to zoom or to scroll. It fills in a width and a step that were left open,
+/// which undo takes back.
 void TZyAxis::SetStopEnd(TZyAxisEnd Value) {
   if (Value == StopEnd()) return;
   const TZyUndoGroup Group(FUndo, _sAxisStopEnd);
-  PushAll(_sAxisStopEnd, {"Start", "Stop", "StartEnd", "StopEnd"});
+  PushAll(_sAxisStopEnd, {"StartState", "StopState", "MovingSlitWidth", "MovingSlitIncrement", "StartEnd", "StopEnd"});
   FEnds.Rules.StopEnd = Value;
   if (Value == TZyAxisEnd::MovingSlit && !IsLoading() && !Restoring()) {  // an undo brings the rest back by itself
     FEnds.Rules.StartEnd = TZyAxisEnd::Fixed;
@@ -47,17 +48,28 @@ void TZyAxis::SetEnd(double Value, double Present, const char* PropName, const T
   if (!std::isfinite(Value)) return;
   ChangeBy(this, Present, Restoring() ? Value : FKind->Settable(Value), PropName, [&](double Limited) {
     Store(Limited);
-    if (IsDesigning() && !IsLoading() && !LoadingRecord() && !FRelatedSeries.empty()) RescaleSamples();
-    Modified();
+    EndSet();
   });
 }
 
+void TZyAxis::EndSet() {
+  if (IsDesigning() && !IsLoading() && !LoadingRecord() && !FRelatedSeries.empty()) RescaleSamples();
+  Modified();
+}
+
+void TZyAxis::RestoreEnd(TZyAxisEnds::TEnd End, const std::vector<double>& State) {
+  const double Before = FEnds.Shown().*End;
+  FEnds.SetStateOf(End, State);
+  if (FEnds.Shown().*End == Before) return Modified();
+  EndSet();
+}
+
 void TZyAxis::SetStart(double Value) {
-  SetEnd(Value, Start(), "Start", [this](double End) { FEnds.SetStart(End); });
+  SetEnd(Value, Start(), "StartState", [this](double End) { FEnds.SetStart(End); });
 }
 
 void TZyAxis::SetStop(double Value) {
-  SetEnd(Value, Stop(), "Stop", [this](double End) { FEnds.SetStop(End); });
+  SetEnd(Value, Stop(), "StopState", [this](double End) { FEnds.SetStop(End); });
 }
 
 void TZyAxis::SetStartStop(double AStart, double AStop) {
@@ -70,7 +82,7 @@ void TZyAxis::SetStartStop(double AStart, double AStop) {
 void TZyAxis::SetEndRounding(TZyAxisEndRounding Value) {
   if (Value == EndRounding()) return;
   const TZyUndoGroup Group(FUndo, _sAxisEndRounding);
-  PushAll(_sAxisEndRounding, {"Start", "Stop", "EndRounding"});
+  PushAll(_sAxisEndRounding, {"StartState", "StopState", "EndRounding"});
   FEnds.Rules.EndRounding = Value;
   FEnds.DropExact();
   Modified();
@@ -95,7 +107,7 @@ void TZyAxis::SetMovingSlit(double& Field, double Value, TZyText Label, const ch
   const TZyUndoGroup Group(FUndo, Label);
   PushAll(Label, {PropName});
   Field = Value;
-  if (IsDesigning() && !IsLoading() && !LoadingRecord()) SetStopEnd(TZyAxisEnd::MovingSlit);
+  if (IsDesigning() && !IsLoading() && !LoadingRecord() && !Restoring()) SetStopEnd(TZyAxisEnd::MovingSlit);
   RangeModified();
 }
 

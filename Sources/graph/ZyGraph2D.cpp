@@ -138,6 +138,8 @@ void TZyGraph2D::SetUndoStack(TZyUndoStack* Value) {
   for (TZyLineSettings* Line : Lines()) Line->SetUndoStack(Value);
   FDataAreaGradient.SetUndoStack(Value);
   FZoom.SetUndoStack(Value);
+  // A chart that undo makes anew was painted before, and what it has lost since is not made again.
+  if (Value != nullptr && Value->Restoring() && (FPrimaryXAxis != nullptr || FPrimaryYAxis != nullptr)) FOnce = false;
   for (TControl* Control : Controls())
     if (auto* const Marker = dynamic_cast<IZyGraphMarker*>(Control)) Marker->SetUndoStack(Value);
 }
@@ -357,6 +359,26 @@ void TZyGraph2D::PlaceTitle() {
 }
 
 // --- For series -----------------------------------------------------------------------------------------------------
+
+int TZyGraph2D::PlaceOf(const TZySeries& Series) const {
+  int Place = 0;
+  bool IsBehind = false;
+  for (const TZySeries* Other : FRelatedSeries) {
+    if (Other == &Series) IsBehind = true;
+    if (Other->Layer() < Series.Layer() || (!IsBehind && Other->Layer() == Series.Layer())) ++Place;
+  }
+  return Place;
+}
+
+void TZyGraph2D::SetPlaceOf(TZySeries& Series, int Place) {
+  std::vector<TZySeries*> Order;
+  for (TZySeries* Other : FRelatedSeries)
+    if (Other != &Series) Order.push_back(Other);
+  std::ranges::stable_sort(Order, {}, &TZySeries::Layer);
+  Order.insert(Order.begin() + std::clamp<std::ptrdiff_t>(Place, 0, std::ssize(Order)), &Series);
+  for (int Layer = 0; TZySeries * Other : Order) Other->Renumber(Layer++);
+  Modified();
+}
 
 void TZyGraph2D::ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const {
   for (TZySeries* Series : RelatedSeries()) Do(*Series);

@@ -246,6 +246,8 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
 
   // For series.
   int SeriesCount() const override { return static_cast<int>(FRelatedSeries.size()); }
+  int PlaceOf(const TZySeries& Series) const override;
+  void SetPlaceOf(TZySeries& Series, int Place) override;
   void ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const override;
   void SeriesInvalidated() override;
   bool DrawsUnsmoothed() const override { return !DoingImage() && SmoothingMode() == TZySmoothingMode::None; }

@@ -8,6 +8,7 @@
 #include "platform/drawing/ClipGuard.h"
 #include "platform/drawing/Graphics.h"
 #include "series/ZySeries.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 
@@ -79,6 +80,7 @@ RectF TZyGraphPainter::DataClip(const TZySeries& Series) {
   auto [Left, Top, Right, Bottom] = Client();
   for (const TZyAxis* Axis : {Series.XAxis(), Series.YAxis()}) {
     auto [AtLow, AtHigh] = BeyondOf(*Axis);
+    AtLow = AtLow || Series.LeavesScaleOf(*Axis);
     if (Axis->Twisted()) std::swap(AtLow, AtHigh);
     if (Axis->GetHorizontal()) {
       if (AtLow) Left = Area.X;
@@ -113,7 +115,11 @@ void TZyGraphPainter::PaintClippedToData(const TDraw& Draw) {
       Cut.reset();
       if (Clip != Client()) Cut.emplace(FGr), FGr.SetClip(Clip, CombineModeIntersect);
     }
-    Draw(*Series);
+    try {
+      Draw(*Series);
+    } catch (const EAbort&) {
+      // A handler freed it.
+    }
   }
 }
 

@@ -107,9 +107,11 @@ void TZyGraphZoom::FixCoupled() {
 
 void TZyGraphZoom::Join(TZyGraph2D& Newcomer) const {
   const int Size = BufferSize();
+  const auto Fits = [Size](const TZyAxis* Axis) { return Axis->GetZoomBufferSize() == Size; };
+  if (std::ranges::all_of(Newcomer.Axes(), Fits)) return;  // no reason to compute anything from within a setter
   Newcomer.TestSeriesAndAxis();
   for (TZyAxis* Axis : Newcomer.Axes()) {
-    if (Axis->GetZoomBufferSize() == Size) continue;
+    if (Fits(Axis)) continue;
     Axis->ZoomToStage(0);
     Axis->ZoomClearBuffer();
     if (Size > 0) Axis->BeginZoomBuffer();

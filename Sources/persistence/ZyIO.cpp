@@ -120,10 +120,7 @@ TComponent* RefOwner(std::string_view Ref) {
 }
 
 std::string UniqueName(const TComponent* Owner, std::string_view Base) {
-  for (std::int64_t Number = 1;; ++Number) {
-    std::string Name = std::string(Base) + IntToStr(Number);
-    if (Owner == nullptr || Owner->FindComponent(Name) == nullptr) return Name;
-  }
+  return Owner == nullptr ? std::string(Base) + '1' : Owner->FirstFreeName(Base);
 }
 
 std::filesystem::path GetTemporaryPath() { return std::filesystem::temp_directory_path(); }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 #include "series/ZySeries.h"
 
 namespace zy {
@@ -8,9 +10,9 @@ namespace zy {
 class TZyCustomOHLC : public TZySeries {
   ZY_CLASS(TZyCustomOHLC, TZySeries)
 
-  /// Width of a bar in pixels; 0 and less is stored as 1.
+  /// Width of a bar in pixels; 0, less and infinity are stored as 1.
   float BarWidth() const { return FBarWidth; }
-  void SetBarWidth(float Value) { SetLook(FBarWidth, Value > 0 ? Value : 1, "BarWidth"); }
+  void SetBarWidth(float Value) { SetLook(FBarWidth, Value > 0 && std::isfinite(Value) ? Value : 1, "BarWidth"); }
   TZyCustomDoubleVector* LowData() const { return FLow.Vector(); }
   void SetLowData(TZyCustomDoubleVector* Value) { SetInput(FLow, Value); }
   TZyCustomDoubleVector* OpenData() const { return FOpen.Vector(); }

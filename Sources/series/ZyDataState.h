@@ -25,6 +25,8 @@ class TZyDataState {
     FLastCount = std::min(FLastCount, Value);
     FLastPointsCount = std::min(FLastPointsCount, FLastCount);
   }
+  /// The pixels of the points from Index on are taken once more with the next ones.
+  void TakePixelsFrom(int Index) { FLastPointsCount = std::min(FLastPointsCount, Index); }
   /// Only so many points are left. Whether there were more.
   bool Shrink(int Value) {
     if (Value >= FCount) return false;

@@ -206,11 +206,11 @@ void TZyFunctionSeries::SetWeight(TZyCustomDoubleVector* Value) {
   SetInput(FWeight, Value);
 }
 
-/// Switching on is undone together with what the next calculation writes over. Whether the value changed.
+/// The step takes along what the next calculation writes over, and for redo what switching off leaves as it is. Whether
+/// the value changed.
 bool TZyFunctionSeries::SetAuto(bool& Field, bool Value, std::initializer_list<std::string_view> Names) {
   if (Field == Value) return false;
-  if (!Value && UndoStack() != nullptr) UndoStack()->PushProperty(this, *Names.begin());
-  const TZyUndoGroup Group(Value ? UndoStack() : nullptr, *this, Names);
+  const TZyUndoGroup Group(UndoStack(), *this, Names);
   Field = Value;
   if (Value) CalculationModified();
   return true;

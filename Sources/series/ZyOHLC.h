@@ -11,7 +11,9 @@ class TZyOHLC : public TZyCustomOHLC {
 
   /// Length of the ticks in pixels; less than 0 is stored as 1.
   float IndicatorLength() const { return FIndicatorLength; }
-  void SetIndicatorLength(float Value) { SetLook(FIndicatorLength, Value >= 0 ? Value : 1, "IndicatorLength"); }
+  void SetIndicatorLength(float Value) {
+    SetLook(FIndicatorLength, Value >= 0 && std::isfinite(Value) ? Value : 1, "IndicatorLength");
+  }
 
   void Fields(TZyArchive& Archive) override;
   float GetItemHeight() const override;

@@ -1,12 +1,18 @@
 #include "series/ZyPointLook.h"
 
 #include "series/ZySeries.h"
+#include "texts/Exceptions.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 
 TZyPointLook::TZyPointLook(TZySeries& Series)
-    : FSeries(Series), mGetPen(Series.OnGetPen()), mGetBrush(Series.OnGetBrush()) {
+    : FSeries(Series), FHandle(Series.LiveHandle()), mGetPen(Series.OnGetPen()), mGetBrush(Series.OnGetBrush()) {
   Reset();
+}
+
+void TZyPointLook::TestAlive(std::uint64_t Series) {
+  if (TPersistent::FromLiveHandle(Series) == nullptr) throw EAbort(LoadResString(_sSeriesFreed));
 }
 
 void TZyPointLook::Reset() {
@@ -28,6 +34,7 @@ bool TZyPointLook::Ask(const THandler& Handler, TArgs& Args, std::size_t Pixel) 
   Args.X = Values.X;
   Args.Y = Values.Y;
   Handler(&FSeries, Args);
+  TestAlive(FHandle);
   return true;
 }
 

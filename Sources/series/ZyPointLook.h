@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 
 #include "series/ZySeriesEvents.h"
@@ -30,6 +31,9 @@ class TZyPointLook {
   /// Runs the event for the kept point of that number. Whether there is something to draw with.
   bool AskBrush(std::size_t Pixel);
   bool AskPen(std::size_t Pixel);
+  /// Throws EAbort when a handler freed the series of that live handle: nothing of it may be touched on the way out.
+  /// The graph then goes on with the next one.
+  static void TestAlive(std::uint64_t Series);
   const zy::Brush& Brush() const { return *FBrush.Brush; }
   const TZyPen& Pen() const { return *FPen.Pen; }
 
@@ -38,6 +42,7 @@ class TZyPointLook {
   bool Ask(const THandler& Handler, TArgs& Args, std::size_t Pixel);
 
   TZySeries& FSeries;
+  std::uint64_t FHandle;
   // A handler may change settings and events: what is in use stays.
   TZyPenEventHandler mGetPen;
   TZyBrushEventHandler mGetBrush;

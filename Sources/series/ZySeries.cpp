@@ -68,7 +68,8 @@ ZY_PUBLISHED(TZySeries, TComponent, Published<&Self::Visible, &Self::SetVisible>
              Published<&Self::RangeFromFunction, &Self::SetRangeFromFunction>("RangeFromFunction").Hidden(),
              Published<&Self::OutOfRangePointSymbol>("OutOfRangePointSymbol").Hidden(),
              Published<&Self::OnGetPointSymbol>("OnGetPointSymbol").Hidden(),
-             Published<&Self::Layer, &Self::SetLayer>("Layer", _sSeriesLayering).Hidden())
+             Published<&Self::Layer, &Self::SetLayer>("Layer", _sSeriesLayering).Hidden(),
+             Published<&Self::Place, &Self::SetPlace>("Place", _sSeriesLayering).Hidden())
 
 TZySeries::TZySeries(TComponent* Owner)
     : TComponent(Owner),
@@ -194,7 +195,16 @@ void TZySeries::SetOnGetPointSymbol(PointSymbolEventHandler Value) {
   Invalidate();
 }
 
-void TZySeries::SetLayer(int Value) { Change(this, FLayer, Value, "Layer", &TZySeries::LayerModified); }
+void TZySeries::SetLayer(int Value) { Change(this, FLayer, Value, "Place", &TZySeries::LayerModified); }
+
+int TZySeries::Place() const { return Graph() == nullptr ? FLayer : Graph()->PlaceOf(*this); }
+
+void TZySeries::SetPlace(int Value) {
+  if (Graph() == nullptr)
+    FLayer = Value;
+  else
+    Graph()->SetPlaceOf(*this, Value);
+}
 
 void TZySeries::LayerModified() {
   if (Graph() != nullptr) Graph()->Modified();

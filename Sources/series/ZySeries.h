@@ -51,6 +51,8 @@ class TZySeries : public TComponent,
                   public TZyRecord,
                   public IZyAxisSeries,
                   public IZyVectorReader,
+                  public IZyUndoUser,
+                  public IZyUndoPlace,
                   public TZyVariableContainer {
   ZY_CLASS(TZySeries, TComponent)
   explicit TZySeries(TComponent* Owner = nullptr);
@@ -85,20 +87,21 @@ class TZySeries : public TComponent,
   TZyCustomDoubleVector* YData() const override { return FY.Vector(); }
   void SetYData(TZyCustomDoubleVector* Value) { SetInput(FY, Value); }
   /// Whether the data of a direction are a vector, and not the index that stands in for one.
-  bool HasOwnXData() const { return FX.Vector() != FIndexer.get(); }
-  bool HasOwnYData() const { return FY.Vector() != FIndexer.get(); }
+  bool HasOwnXData() const { return HasOwnData(FX); }
+  bool HasOwnYData() const { return HasOwnData(FY); }
   TZyLineSettings& Line() { return *FLineSettings; }
   /// What lies below the line, down to the start of the Y axis or to 0.
   TZyAreaSettings& Area() { return *FAreaSettings; }
   /// The area goes to the line of this series instead.
   TZyLineSeries* DrawBandTo() const;
   void SetDrawBandTo(TZyLineSeries* Value);
-  /// Events that turn the values of the vectors into those that the axes show.
+  /// Events that turn the values of the vectors into those that the axes show. A point whose value becomes one that is
+  /// not finite is left out of ranges and pixels.
   const TZyValueTransformation& XValueTransformation() const { return FX.Transformation(); }
   void SetXValueTransformation(TZyValueTransformation Value) { SetTransformation(FX, std::move(Value)); }
   const TZyValueTransformation& YValueTransformation() const { return FY.Transformation(); }
   void SetYValueTransformation(TZyValueTransformation Value) { SetTransformation(FY, std::move(Value)); }
-  /// Asked for the pen of each segment of the line, and the brush of the area below it.
+  /// Asked for the pen of each segment of the line, and the brush of the area below it. They may free the series.
   const TZyPenEventHandler& OnGetPen() const { return mGetPen; }
   void SetOnGetPen(TZyPenEventHandler Value);
   const TZyBrushEventHandler& OnGetBrush() const { return mGetBrush; }
@@ -107,8 +110,12 @@ class TZySeries : public TComponent,
   int Layer() const { return FLayer; }
   void SetLayer(int Value);
   void Renumber(int Value) { FLayer = Value; }
-  TZyUndoStack* UndoStack() const { return FUndo; }
-  virtual void SetUndoStack(TZyUndoStack* Value);
+  /// Place in the drawing order among the series of the graph, from 0; without a graph the layer. It is what undo
+  /// brings back of a layer, since the numbers of all others may have changed silently meanwhile.
+  int Place() const override;
+  void SetPlace(int Value) override;
+  TZyUndoStack* UndoStack() const override { return FUndo; }
+  void SetUndoStack(TZyUndoStack* Value) override;
   /// Pen and brush that draw line and area: those of the settings, or in their place ones of the caller's, which stay
   /// the caller's and must outlive the series. Null goes back to the settings.
   const TZyPen* LinePen() const { return FPen.Get(); }
@@ -138,6 +145,8 @@ class TZySeries : public TComponent,
   double XStop() const override { return FXStop; }
   double YStart() const override { return FYStart; }
   double YStop() const override { return FYStop; }
+  /// Whether an axis is logarithmic and has no place for some of the data: these are drawn before its start.
+  bool LeavesScaleOf(const TZyAxis& Axis) const;
   /// Y at AtX by linear interpolation between the neighbouring points, in values of the vectors. 0 without points.
   virtual double GetY(double AtX) const;
   /// The caption, or the name of the component without one.
@@ -394,6 +403,8 @@ class TZySeries : public TComponent,
 
   void EnterInput(TZySeriesInput& Input) { FInputs.push_back(&Input); }
   void LeaveInput(TZySeriesInput& Input);
+  template <class TStore>
+  void ChangeJoining(const char* PropName, const TStore& Store);
   bool Reads(const TZyCustomDoubleVector* Vector, const TZySeriesInput* But = nullptr) const;
   bool HasOwnData(const TZySeriesInput& Input) const { return Input && Input.Vector() != FIndexer.get(); }
   TZyCustomDoubleVector* StoredVector(const TZySeriesInput& Input) const {
@@ -416,6 +427,7 @@ class TZySeries : public TComponent,
   void CheckLinkedMarkers();
 
   // Pixels.
+  bool HasPixelAt(int Idx) const;
   bool MayReduce(int Start, int Stop) const;
   void ReduceToColumns(int Start, int Stop);
   void ReduceColumn(int First, int Last, float Centre, int& Outlier);

@@ -164,6 +164,7 @@ void TZySeries::DrawSymbols(Graphics& Gr) {
 
 void TZySeries::DrawAskedSymbols(Graphics& Gr) {
   const PointSymbolEventHandler Handler = mPointSymbol;  // which may set another
+  const std::uint64_t Handle = LiveHandle();
   for (std::size_t Pixel = 0; Pixel < Points().size() && !FState.PixelsAreStale(); ++Pixel) {
     const PointF Place = Points()[Pixel];
     const TPointValues Values = ValuesOfPixel(PointIndex()[Pixel], Place.X);
@@ -177,6 +178,7 @@ void TZySeries::DrawAskedSymbols(Graphics& Gr) {
     Args.Symbol = FPointSymbolSettings->PointSymbol();
     Args.Visible = FPointSymbolSettings->Visible();
     Handler(this, Args);
+    TZyPointLook::TestAlive(Handle);
     if (Args.Visible && Args.Pen != nullptr && Args.Brush != nullptr)
       DrawPointSymbol(Gr, *Args.Pen, *Args.Brush, Place.X, Place.Y, Args.Size, Args.Symbol);
   }

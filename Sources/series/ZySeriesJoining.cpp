@@ -8,6 +8,7 @@
 #include "platform/controls/TWinControl.h"
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
+#include "undo/ZyUndoGroup.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
@@ -29,21 +30,37 @@ bool TZySeries::Reads(const TZyCustomDoubleVector* Vector, const TZySeriesInput*
                      [&](const TZySeriesInput* Input) { return Input != But && Input->Vector() == Vector; });
 }
 
+/// The setter of what may make a series join its graph, or leave it and lose its place there. The place stands before
+/// the property for undo, and behind it for redo, which replays the step backwards. Without a name there is no undo.
+template <class TStore>
+void TZySeries::ChangeJoining(const char* PropName, const TStore& Store) {
+  TZyUndoStack* const Stack = PropName == nullptr ? nullptr : FUndo.Get();
+  if (Stack == nullptr) return Store();
+  const std::string_view Label = TZyUndoStack::LabelOf(*this, PropName);
+  const TZyUndoGroup Group(Stack, Label);
+  Stack->PushProperty(this, Label, "Place");
+  Stack->PushProperty(this, Label, PropName);
+  const IZySeriesGraph* const Before = Graph();
+  Store();
+  if (Graph() != Before && FUndo == Stack) Stack->PushProperty(this, Label, "Place");
+}
+
 /// A vector has the series among its readers once, in however many places that reads it.
 void TZySeries::SetInput(TZySeriesInput& Input, TZyCustomDoubleVector* Value) {
   TZyCustomDoubleVector* const Indexer = FIndexer.get();
   TZyCustomDoubleVector* const Old = Input.Vector();
   if (Old == Value || (Value == nullptr && Old == Indexer)) return;
-  if (FUndo != nullptr) FUndo->PushProperty(this, Input.PropName());
-  if (Old != nullptr && Old != Indexer && !Old->IsDestroying() && !Reads(Old, &Input)) Old->RemoveRelatedSeries(this);
-  if (Value != nullptr && Value != Indexer && !Reads(Value)) Value->AddRelatedSeries(this);
-  Input.Point(Value);
-  // With no real coordinate left nothing is drawn.
-  if (!HasOwnData(FX) && !HasOwnData(FY))
-    for (TZySeriesInput* Coordinate : {&FX, &FY})
-      if (Coordinate->Vector() == Indexer) Coordinate->Point(nullptr);
-  DataReset();
-  if (Input.Use() != TZyInputUse::Apart) TestAllAssigned();
+  ChangeJoining(Input.PropName(), [&] {
+    if (Old != nullptr && Old != Indexer && !Old->IsDestroying() && !Reads(Old, &Input)) Old->RemoveRelatedSeries(this);
+    if (Value != nullptr && Value != Indexer && !Reads(Value)) Value->AddRelatedSeries(this);
+    Input.Point(Value);
+    // With no real coordinate left nothing is drawn.
+    if (!HasOwnData(FX) && !HasOwnData(FY))
+      for (TZySeriesInput* Coordinate : {&FX, &FY})
+        if (Coordinate->Vector() == Indexer) Coordinate->Point(nullptr);
+    DataReset();
+    if (Input.Use() != TZyInputUse::Apart) TestAllAssigned();
+  });
 }
 
 void TZySeries::SetTransformation(TZySeriesInput& Input, TZyValueTransformation Value) {
@@ -53,10 +70,11 @@ void TZySeries::SetTransformation(TZySeriesInput& Input, TZyValueTransformation 
 
 void TZySeries::SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, const char* PropName) {
   if (Field == Value) return;
-  if (FUndo != nullptr && PropName != nullptr) FUndo->PushProperty(this, PropName);
-  if (Field != nullptr && !Field->IsDestroying()) Field->RemoveRelatedSeries(this);
-  Field = Value;
-  TestAllAssigned();
+  ChangeJoining(PropName, [&] {
+    if (Field != nullptr && !Field->IsDestroying()) Field->RemoveRelatedSeries(this);
+    Field = Value;
+    TestAllAssigned();
+  });
 }
 
 void TZySeries::SetXAxis(TZyAxis* Value) { SetAxis(FXAxis, Value, "XAxis"); }

@@ -17,6 +17,9 @@ constexpr int FewestPointsToSkip = 21;
 /// More points than this on a column of pixels are reduced before anything else looks at them.
 constexpr float ManyPerColumn = 4;
 
+/// So many of the last pixels of a line may be others when points follow.
+constexpr int OpenRuns = 3;
+
 /// The first index from First on, up to Last, whose value lies not below Limit; Last when there is none. Looks Stride
 /// ahead at first, and from there farther and farther to the side where it must be.
 int FirstNotBelow(const TZyCustomDoubleVector& Data, int First, int Last, double Limit, int Stride) {
@@ -61,8 +64,8 @@ class TZySeries::TPixelBlocks {
   /// The next point with values; one behind the last when there is none.
   int Next(int Idx) {
     for (++Idx; Idx <= FLast; ++Idx) {
-      Load(Idx);
-      if (FIsWhole || FSeries.HasValuesAt(Idx)) break;
+      const auto Place = static_cast<std::size_t>(Load(Idx));
+      if (FIsWhole || (FSeries.HasValuesAt(Idx) && std::isfinite(FX[Place]) && std::isfinite(FY[Place]))) break;
     }
     return Idx;
   }
@@ -82,7 +85,7 @@ class TZySeries::TPixelBlocks {
     return Idx - FFirst;
   }
 
-  /// Whether all values are finite.
+  /// Whether all values are finite. What a transformation makes of one that is not has no pixel.
   bool Convert(const TZySeriesInput& Input, const TZyAxis& Axis, std::array<float, Block>& Pixels) {
     std::span<const double> Values = Input->ValuesAt(FFirst, FCount, FScratch);
     double Sum = 0;
@@ -91,11 +94,14 @@ class TZySeries::TPixelBlocks {
       // A copy, since the handler may make the vector move.
       if (Values.data() != FScratch.data()) std::ranges::copy(Values, FScratch.begin());
       for (std::size_t i = 0; i < Values.size(); ++i)
-        FScratch[i] = Input.Transform(FScratch[i], FFirst + static_cast<int>(i));
+        Sum += 0 * (FScratch[i] = Input.Transform(FScratch[i], FFirst + static_cast<int>(i)));
       Values = std::span<const double>(FScratch).first(Values.size());
     }
     Axis.NumberToWorld(Values, Pixels);
-    return Sum == 0;
+    if (Sum == 0) return true;
+    for (std::size_t i = 0; i < Values.size(); ++i)
+      if (!std::isfinite(Values[i])) Pixels[i] = std::numeric_limits<float>::quiet_NaN();
+    return false;
   }
 
   const TZySeries& FSeries;
@@ -145,8 +151,15 @@ void TZySeries::GetCalcPointsStartStop(int& Start, int& Stop) const {
     }
   }
   Start = std::min(Start, Stop);
-  while (Start <= Stop && !HasValuesAt(Start)) ++Start;
-  while (Stop > Start && !HasValuesAt(Stop)) --Stop;
+  while (Start <= Stop && !HasPixelAt(Start)) ++Start;
+  while (Stop > Start && !HasPixelAt(Stop)) --Stop;
+}
+
+bool TZySeries::HasPixelAt(int Idx) const {
+  const auto IsFinite = [Idx](const TZySeriesInput& Input) {
+    return !Input.IsTransformed() || std::isfinite(Input.At(Idx));
+  };
+  return HasValuesAt(Idx) && IsFinite(FX) && IsFinite(FY);
 }
 
 /// Should a handler throw, the pixels stay out of date, and the next paint begins anew.
@@ -164,6 +177,9 @@ void TZySeries::CalculatePoints() {
   const auto IsTakenAnew = [this](int Pixel) { return FPointIndex.GetValue(Pixel) >= FState.LastPointsCount(); };
   if (FState.LastPointsCount() == 0) FPointCount = 0;
   while (FPointCount > 0 && IsTakenAnew(FPointCount - 1)) --FPointCount;
+  // The last runs of the thinning ended where the data did: they go on with those that came.
+  for (int Run = 0; Run < OpenRuns && FPointCount > 0; ++Run)
+    FState.TakePixelsFrom(FPointIndex.GetValue(--FPointCount));
   FPoints.Clear();
   FPoints.CheckCount(FPointCount);
   FPointIndex.Clear();

@@ -81,7 +81,8 @@ bool TZySeries::HasTrackedRanges() const {
   const auto SearchesAbove0 = [](const TZyAxis* Axis, const TZySeriesInput& Input) {
     return Axis != nullptr && Axis->HasLogScaling() && Input && Input->MinimumIncludingOutliers() < 0;
   };
-  return FX.Count() == FY.Count() && !SearchesAbove0(FXAxis, FX) && !SearchesAbove0(FYAxis, FY);
+  return FX.Count() == FY.Count() && !(FX && FX->GetHasGaps()) && !(FY && FY->GetHasGaps()) &&
+         !SearchesAbove0(FXAxis, FX) && !SearchesAbove0(FYAxis, FY);
 }
 
 void TZySeries::TakeRanges(TRange& X, TRange& Y) {
@@ -102,11 +103,12 @@ void TZySeries::RangesTaken() {
   Invalidate();
 }
 
-/// Values beyond the last point, of a vector longer than the other one, do not count.
+/// Values of what is no point do not count: those beyond the last one, of a vector longer than the other, and those
+/// beside one that is not finite.
 TZySeries::TRange TZySeries::RangeOf(TZySeriesInput& Input, const TZySeriesInput& Other, const TZyAxis& Axis) const {
   TZyCustomDoubleVector& Data = *Input.Vector();
   TRange Result;
-  if (Data.Count() > Other.Count()) {
+  if (Data.Count() > Other.Count() || Other->GetHasGaps()) {
     Result = SearchRange(Input, Other);
   } else if (Input.IsTransformed()) {
     Result = TransformedExtremes(Input, Other);
@@ -116,6 +118,14 @@ TZySeries::TRange TZySeries::RangeOf(TZySeriesInput& Input, const TZySeriesInput
   }
   if (Axis.HasLogScaling() && Result.Low < 0) Result.Low = SmallestPositive(Input, Result.Low);
   return Result;
+}
+
+bool TZySeries::LeavesScaleOf(const TZyAxis& Axis) const {
+  const auto IsOff = [&](const TZySeriesInput* Input) {
+    const bool IsOfAxis = (Input == &FX) == (&Axis == FXAxis);
+    return *Input && Input->Use() != TZyInputUse::Apart && IsOfAxis && TransformedExtremes(*Input, *Input).Low <= 0;
+  };
+  return Axis.HasLogScaling() && std::ranges::any_of(FInputs, IsOff);
 }
 
 double TZySeries::SmallestPositive(const TZySeriesInput& Input, double Otherwise) const {
@@ -151,14 +161,22 @@ TZySeries::TRange TZySeries::SearchRange(const TZySeriesInput& Input, const TZyS
       Sum += Value * 0;  // not-a-number as soon as one is not finite
     return Sum == 0;
   };
-  if (!Input.IsTransformed() && NextOutlier(0) >= Count() && AllFinite(Other)) {
+  if (!Input.IsTransformed() && NextOutlier(0) >= Count() && (!Other->GetHasGaps() || AllFinite(Other))) {
     const TZyExtremes Extremes = Input->FindExtremes(0, Count());
     if (Extremes.Minimum < 0) return Result;
     Result.Low = Extremes.Low;
     Result.High = Extremes.High;
     return Result;
   }
-  ForEachPoint(0, Count(), [&](int i) { Result.Take(Input.At(i)); });
+  int First = 0, Last = Count() - 1;
+  if (!Input.IsTransformed() && Input->GetIsSorted()) {  // then the first and the last point have the extremes
+    while (First < Last && !HasValuesAt(First)) ++First;
+    while (Last > First && !HasValuesAt(Last)) --Last;
+    for (const int End : {First, Last})
+      if (End >= 0 && HasValuesAt(End)) Result.Take(Input.At(End));
+    return Result;
+  }
+  ForEachPoint(First, Last + 1, [&](int i) { Result.Take(Input.At(i)); });
   return Result;
 }
 

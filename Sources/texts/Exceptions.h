@@ -21,6 +21,12 @@ class EInvalidOperation : public Exception {
   using Exception::Exception;
 };
 
+/// What was going on has lost its ground, and ends without a word to the user.
+class EAbort : public Exception {
+ public:
+  using Exception::Exception;
+};
+
 /// An index or a value outside its range.
 class ERangeError : public Exception {
  public:

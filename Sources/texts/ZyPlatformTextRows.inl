@@ -147,3 +147,6 @@ ZY_TEXT(_sZoomKeyboardZoom, "Graph zoom by keyboard")
 
 // ---- Analysis curves ----
 ZY_TEXT(_sAveragingNoWeight, "All weights of the values to average are zero")
+
+// ---- Series ----
+ZY_TEXT(_sSeriesFreed, "An event handler freed the series")

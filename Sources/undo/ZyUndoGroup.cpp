@@ -1,18 +1,8 @@
 #include "undo/ZyUndoGroup.h"
 
-#include "platform/framework/Reflection.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
-namespace {
-
-std::string_view LabelOf(const TPersistent& Instance, std::string_view PropName) {
-  const TPropInfo& Row = FindPropRow(Instance, PropName);
-  return Row.Label ? std::string_view(LoadResString(*Row.Label)) : PropName;
-}
-
-}  // namespace
-
 TZyUndoGroup::TZyUndoGroup(TZyUndoStack* Stack, std::string_view Comment) {
   if (Stack == nullptr) return;
   FLevel = Stack->GroupLevel();
@@ -22,10 +12,10 @@ TZyUndoGroup::TZyUndoGroup(TZyUndoStack* Stack, std::string_view Comment) {
 
 TZyUndoGroup::TZyUndoGroup(TZyUndoStack* Stack, TPersistent& Instance,
                            std::initializer_list<std::string_view> PropNames)
-    : TZyUndoGroup(Stack, Stack == nullptr ? std::string_view() : LabelOf(Instance, *PropNames.begin())) {
+    : TZyUndoGroup(Stack, Stack == nullptr ? std::string_view() : TZyUndoStack::LabelOf(Instance, *PropNames.begin())) {
   if (Stack == nullptr) return;
   for (const std::string_view PropName : PropNames)
-    Stack->PushProperty(&Instance, LabelOf(Instance, *PropNames.begin()), PropName);
+    Stack->PushProperty(&Instance, TZyUndoStack::LabelOf(Instance, *PropNames.begin()), PropName);
 }
 
 TZyUndoGroup::~TZyUndoGroup() {

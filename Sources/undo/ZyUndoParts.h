@@ -17,12 +17,24 @@ class IZyStreamState {
   virtual void ReadFrom(TStream& Stream) = 0;
 };
 
-/// A chart that takes the first undo stack which is put on its form while that is designed.
-class IZyUndoHolder {
+/// A component whose changes are logged.
+class IZyUndoUser {
  public:
-  virtual ~IZyUndoHolder() = default;
+  virtual ~IZyUndoUser() = default;
   virtual TZyUndoStack* UndoStack() const = 0;
   virtual void SetUndoStack(TZyUndoStack* Value) = 0;
 };
+
+/// A component with a place among its like that changes as they come and go: a series in the drawing order.
+class IZyUndoPlace {
+ public:
+  virtual ~IZyUndoPlace() = default;
+  virtual int Place() const = 0;
+  /// Moves it there, past the others.
+  virtual void SetPlace(int Value) = 0;
+};
+
+/// A chart that takes the first undo stack which is put on its form while that is designed.
+class IZyUndoHolder : public IZyUndoUser {};
 
 }  // namespace zy

@@ -98,8 +98,12 @@ void TZyUndoStack::PushProperty(TPersistent* Instance, std::string_view Comment,
 
 void TZyUndoStack::PushProperty(TPersistent* Instance, std::string_view PropName) {
   if (Silent()) return;
-  const TPropInfo& Info = FindPropRow(*Instance, PropName);
-  PushRow(Instance, Info.Label ? LoadResString(*Info.Label) : PropName, Info);
+  PushRow(Instance, LabelOf(*Instance, PropName), FindPropRow(*Instance, PropName));
+}
+
+std::string_view TZyUndoStack::LabelOf(const TPersistent& Instance, std::string_view PropName) {
+  const TPropInfo& Row = FindPropRow(Instance, PropName);
+  return Row.Label ? std::string_view(LoadResString(*Row.Label)) : PropName;
 }
 
 void TZyUndoStack::PushRow(TPersistent* Instance, std::string_view Comment, const TPropInfo& Info) {
@@ -252,8 +256,35 @@ void TZyUndoStack::ReadObjectProperty(TReader& Reader, TPersistent& Instance, co
   Reader.ReadListEnd();
 }
 
-/// Behind the component come its place and the properties of its owner's components that point at it: a component that
-/// died took itself out of both.
+/// Does something to each settings object of a component, in an order that is the same for all of its class; with null
+/// where it has none.
+template <class TDo>
+static void ForEachPart(TPersistent& Object, const TDo& Do) {
+  for (const TPropInfo* Info : Object.ClassInfo().Rows()) {
+    if (!Info->IsOwnedObject) continue;
+    TPersistent* const Part = Info->GetObject(Object);
+    Do(Part);
+    if (Part != nullptr) ForEachPart(*Part, Do);
+  }
+}
+
+static int PlaceOf(const TComponent& Component) {
+  const auto* const Place = dynamic_cast<const IZyUndoPlace*>(&Component);
+  return Place == nullptr ? 0 : Place->Place();
+}
+
+static void SetPlaceOf(TPersistent* Component, int Value) {
+  if (auto* const Place = dynamic_cast<IZyUndoPlace*>(Component)) Place->SetPlace(Value);
+}
+
+/// Components with a place in its order: those that come back to it one after the other find it as it was.
+static std::vector<TComponent*> ByPlace(std::vector<TComponent*> List) {
+  std::ranges::stable_sort(List, {}, [](const TComponent* Component) { return PlaceOf(*Component); });
+  return List;
+}
+
+/// Behind the component comes what it took along when it died: its places, its stack, the handles by which records name
+/// its settings, and the properties of its owner's components that point at it.
 void TZyUndoStack::WriteComponentTo(TWriter& Writer, TComponent& Component) {
   TComponent* const Owner = Component.Owner();
   {
@@ -269,12 +300,21 @@ void TZyUndoStack::WriteComponentTo(TWriter& Writer, TComponent& Component) {
   Writer.WriteInteger(Owner != nullptr ? Owner->TComponent::ChildIndex(Component) : -1);
   WriteObjectInstance(Writer, Parent);
   Writer.WriteInteger(Parent != nullptr ? Parent->ChildIndex(Component) : -1);
+  Writer.WriteInteger(PlaceOf(Component));
+  const auto* const User = dynamic_cast<const IZyUndoUser*>(&Component);
+  Writer.WriteBoolean(User != nullptr && User->UndoStack() == this);
+  const auto WriteHandle = [&Writer](const TPersistent* Object) {
+    Writer.WriteInteger(Object == nullptr ? 0 : static_cast<std::int64_t>(Object->KnownLiveHandle()));
+  };
+  WriteHandle(&Component);
+  ForEachPart(Component, WriteHandle);
   if (Owner != nullptr)
-    for (TComponent* Holder : Owner->Components())
-      for (const TPropInfo* Info : Holder->ClassInfo().Properties())
+    for (TComponent* Holder : ByPlace(Owner->Components()))
+      for (const TPropInfo* Info : Holder->ClassInfo().Rows())
         if (Info->SetObject != nullptr && !Info->IsOwnedObject && Info->GetObject(*Holder) == &Component) {
           Writer.WriteString(Info->Name);
           WriteObjectInstance(Writer, Holder);
+          Writer.WriteInteger(PlaceOf(*Holder));
         }
   Writer.WriteListEnd();
 }
@@ -288,10 +328,19 @@ void TZyUndoStack::RestorePlace(TReader& Reader, TComponent& Component) {
     Component.SetParentComponent(Parent);
     Parent->SetChildIndex(Component, IndexInParent);
   }
+  SetPlaceOf(&Component, static_cast<int>(Reader.ReadInteger()));
+  if (Reader.ReadBoolean()) dynamic_cast<IZyUndoUser&>(Component).SetUndoStack(this);
+  const auto ReadHandle = [&Reader](TPersistent* Object) {
+    const auto Handle = static_cast<std::uint64_t>(Reader.ReadInteger());
+    if (Object != nullptr) Object->TakeLiveHandle(Handle);
+  };
+  ReadHandle(&Component);
+  ForEachPart(Component, ReadHandle);
   while (!Reader.EndOfList()) {
     const std::string PropName = Reader.ReadString();
     TPersistent* const Holder = ReadObjectInstance(Reader).Object;
     if (Holder != nullptr) FindPropRow(*Holder, PropName).SetObject(*Holder, &Component);
+    SetPlaceOf(Holder, static_cast<int>(Reader.ReadInteger()));
   }
   Reader.ReadListEnd();
 }
@@ -311,10 +360,7 @@ void TZyUndoStack::ReadComponentFrom(TReader& Reader, TComponent* Instance) {
   Instance = Reader.ReadComponent(Instance);
   if (Instance->Owner() == nullptr && Owner() != nullptr) Owner()->InsertComponent(Instance);
   Reader.FixupReferences();
-  if (!IsAnew) return;
-  RestorePlace(Reader, *Instance);
-  if (auto* const Holder = dynamic_cast<IZyUndoHolder*>(Instance))
-    if (Holder->UndoStack() == nullptr) Holder->SetUndoStack(this);
+  if (IsAnew) RestorePlace(Reader, *Instance);
 }
 
 /// The vector writes its own binary form straight into the stream, behind what the writer has flushed.

@@ -64,12 +64,14 @@ class TZyUndoStack : public TComponent {
   /// Throws EFilerError when Instance has no such property and EStreamError for an array of more than one dimension;
   /// then nothing is logged.
   void PushProperty(TPersistent* Instance, std::string_view Comment, std::string_view PropName);
-  /// The same under the label of the property's row, or under the property's name when the row has none.
+  /// The same under LabelOf.
   void PushProperty(TPersistent* Instance, std::string_view PropName);
-  /// Logs the whole of a component; undo brings it back to that state. One that has died is made anew at its place, and
-  /// the properties of its owner's components that pointed at it do so again; a chart has this stack then, an axis or a
-  /// series is given it by who wants its further changes logged. Push and deletion stand in one group, since what
-  /// points at the component clears itself with steps of its own.
+  /// The label of a property's row, or the property's name when the row has none.
+  static std::string_view LabelOf(const TPersistent& Instance, std::string_view PropName);
+  /// Logs the whole of a component; undo brings it back to that state. One that has died is made anew at its place,
+  /// with this stack if it had it; the properties of its owner's components that pointed at it do so again, and what
+  /// was logged of it and of its settings is theirs. Push and deletion stand in one group, since what points at the
+  /// component clears itself with steps of its own.
   void PushComponent(TComponent* AComponent, std::string_view Comment);
   /// Logs that a component was made; undo frees it. Throws EStreamError when it cannot be found by name.
   void PushFreeComponent(TComponent* AComponent, std::string_view Comment);

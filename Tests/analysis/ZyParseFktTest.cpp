@@ -10,6 +10,9 @@
 #include <random>
 #include <set>
 #include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "analysis/FormulaReference.h"
 #include "framework/Errors.h"
@@ -27,10 +30,30 @@ struct TSeries : TZyVariableContainer {
   }
   std::string VariablesRef() const override { return FRef; }
   TZyDependentList* ObjectsToUpdate() override { return &FObjectsToUpdate; }
-  const std::string FRef;
+  std::string FRef;
   double V = 4;
   TZyDependentList FObjectsToUpdate;
 };
+
+TEST(ZyParseFkt, FindsEntriesOfLongListsWhoeverGotAnotherNameOrLeft) {
+  std::vector<std::unique_ptr<TSeries>> All;
+  const auto Owner = [](const std::string& Name) -> const TZyVariableContainer* {
+    const TZyDoubleGetterRec* const Row = FindByFullName(GlobalVariableList(), Name);
+    return Row == nullptr ? nullptr : Row->Container;
+  };
+  for (int i = 0; i < 40; ++i) {
+    All.push_back(std::make_unique<TSeries>(""));
+    Owner("Form.Nobody.V");
+    All.back()->FRef = "Form.S" + std::to_string(i);
+  }
+  for (int i = 0; i < 40; ++i)
+    EXPECT_EQ(Owner("FORM.s" + std::to_string(i) + ".v"), All[static_cast<std::size_t>(i)].get());
+  std::swap(All[3]->FRef, All[7]->FRef);
+  EXPECT_EQ(Owner("Form.S7.V"), All[3].get());
+  All.erase(All.begin());
+  EXPECT_EQ(Owner("Form.S0.V"), nullptr);
+  EXPECT_EQ(Owner("Form.S7.V"), All[2].get());
+}
 
 struct TDependent : TZyVariableDependent {
   void VariablesChanged() override {

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "controls/ControlSamples.h"
+#include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
 
 namespace zy::testing {
@@ -33,6 +34,28 @@ TEST(ZyGraph2DTest, FirstPaintMakesTheAxesThatAreMissing) {
   Chart.Paint();
   EXPECT_EQ(Chart.X->Position(), TZyAxisPosition::Bottom) << "primary axes get their direction";
   EXPECT_EQ(Chart.Y->Position(), TZyAxisPosition::Left);
+}
+
+TEST(ZyGraph2DTest, AFormUnderDesignLoadsWhatItSaves) {
+  for (const bool IsVisible : {true, false}) {
+    TSampleChart Chart;
+    for (TZySeries* Series : Chart.AddOfEachKind("")) Series->SetVisible(IsVisible);
+    TForm Form;
+    Form.SetDesigning(true);
+    ReadBack(Chart.Form, Form);
+    EXPECT_EQ(BytesOf(Form), BytesOf(Chart.Form));
+    auto* const Series = dynamic_cast<TZySeries*>(Form.FindComponent("TZyLineSeries"));
+    Series->SetVisible(!IsVisible);
+    TSampleChart::Paint(dynamic_cast<TZyGraph2D&>(*Form.FindComponent("Graph")));
+    EXPECT_EQ(Series->Points().empty(), IsVisible);
+  }
+  // A new series that finds a graph whose axes are still to come.
+  TForm Form;
+  Form.SetDesigning(true);
+  TZyGraph2D Graph(&Form);
+  TZyLineSeries Series(&Form);
+  Series.SetVisible(false);
+  EXPECT_FALSE(Series.SeriesVisible());
 }
 
 TEST(ZyGraph2DTest, UpdatesAreBundled) {

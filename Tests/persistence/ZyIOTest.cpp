@@ -131,6 +131,11 @@ TEST(ZyIOTest, UniqueNamesTakeTheFirstFreeNumber) {
   B.SetName("Axis2");
   D.SetName("Axis4");
   EXPECT_EQ(UniqueName(&Owner, "Axis"), "Axis3");
+  A.SetName("Axis3");
+  EXPECT_EQ(UniqueName(&Owner, "Axis"), "Axis1") << "which is free again";
+  Owner.RemoveComponent(&B);
+  A.SetName("Axis1");
+  EXPECT_EQ(UniqueName(&Owner, "Axis"), "Axis2");
   EXPECT_EQ(UniqueName(nullptr, "Graph"), "Graph1");
 }
 

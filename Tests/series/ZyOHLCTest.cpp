@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "graph/SampleChart.h"
 
 namespace zy::testing {
@@ -37,8 +39,10 @@ TEST_F(ZyOHLCTest, RangesGoFromLowToHighOverTheShortestVector) {
 }
 
 TEST_F(ZyOHLCTest, DrawsABarWithTwoTicksAndIsHitWithinThem) {
-  Series->SetBarWidth(0);
-  EXPECT_EQ(Series->BarWidth(), 1);
+  for (const float Width : {0.0f, HUGE_VALF}) {
+    Series->SetBarWidth(Width);
+    EXPECT_EQ(Series->BarWidth(), 1);
+  }
   Series->SetBarWidth(10);
   Series->SetIndicatorLength(-3);
   EXPECT_EQ(Series->IndicatorLength(), 1);

@@ -60,6 +60,17 @@ TEST_F(ZySeriesDrawingTest, PointsWithoutValuesAreLeftOut) {
   Line.XData()->AddOutlier(2);
   EXPECT_EQ(IndexesOf(Line), std::vector<int>{});
   EXPECT_EQ(Line.FindPoint(50, 50), -1);
+
+  auto& Other = Add<TZyLineSeries>({0, NotANumber, 2, 3, 4, 5}, {1, 9, 2, 8, 3, 7});
+  Other.Calculate();
+  EXPECT_EQ(Other.YStop(), 8) << "what has no X is no point";
+  for (const int Gap : {0, 3, 5}) {
+    Other.SetYValueTransformation(
+        [Gap](TObject*, const TZyTransformEventArgs& e) { return e.Index == Gap ? NotANumber : e.Value; });
+    std::vector<int> Left{0, 2, 3, 4, 5};
+    std::erase(Left, Gap);
+    EXPECT_EQ(IndexesOf(Other), Left);
+  }
 }
 
 // Beside it the line through each single point, by the rasteriser's plain way for round corners.
@@ -115,6 +126,23 @@ TEST_F(ZySeriesDrawingTest, ReducedLinesLookLikeThatOfAllPoints) {
   }
 }
 
+TEST_F(ZySeriesDrawingTest, AFeedIsThinnedAsIfItHadComeAtOnce) {
+  auto& Series = Add({}, {3, 5, 2});
+  Series.SetXData(nullptr);
+  Chart.X->SetStop(50000);
+  for (const bool HasSymbols : {true, false}) {
+    Series.PointSymbol().SetVisible(HasSymbols);
+    for (int Paint = 0; Paint < 200; ++Paint) {
+      Series.YData()->Add(0);  // behind scanned values it tells nobody
+      Chart.Paint();
+    }
+    const std::vector<int> Fed = IndexesOf(Series);
+    EXPECT_LT(Fed.size(), 15u) << "six columns";
+    Series.PointsModified();
+    EXPECT_EQ(Fed, IndexesOf(Series));
+  }
+}
+
 TEST_F(ZySeriesDrawingTest, SymbolsCountUnlessTheyLieOnTheOneBefore) {
   // 50 pixels a unit in x, 25 in y.
   auto& Points = Add({1, 1.02, 1.019, 1.06, 1.06, 1.06}, {1, 1, 1, 1, 1.04, 1.05});
@@ -135,6 +163,19 @@ TEST_F(ZySeriesDrawingTest, AnAreaClosesAtZeroOrAtTheAxisStart) {
     ASSERT_EQ(Line.AreaPoints().size(), 4u);
     EXPECT_EQ(Line.AreaPoints()[2], (PointF{100, Base - 0.5f})) << Start;
     EXPECT_EQ(Line.AreaPoints()[3], (PointF{50, Base - 0.5f})) << Start;
+  }
+}
+
+TEST_F(ZySeriesDrawingTest, WhatALogarithmicAxisHasNoPlaceForEndsAtTheDataArea) {
+  auto& Line = AddLine({5, -3, 8});
+  Line.Line().SetColor(0xFF123456);
+  Line.Line().SetWidth(3);
+  Chart.FixEnds(Chart.X, 0, 2);
+  Chart.Y->SetScaling(TZyAxisScaling::Log);
+  for (const bool HasArea : {false, true}) {
+    Line.Area().SetVisible(HasArea);
+    Line.Area().SetForeColor(0xFF123456);
+    EXPECT_LE(BoxOf(Chart.Paint(), 0xFF123456).Bottom, 300) << HasArea;
   }
 }
 
@@ -195,6 +236,32 @@ TEST_F(ZySeriesDrawingTest, EventsSeeTransformedValuesAndMayChangeTheLook) {
   EXPECT_EQ(Chart.CountOf(Calls, "FillPolygon(FFFF0000, 100 75, 150.5 100, 150.5 299.5, 100 299.5"), 1)
       << "half a pixel over the seam, down to half a pixel above 0";
   EXPECT_EQ(Chart.CountOf(Calls, "DrawEllipse"), 2) << "below the axes and above them";
+}
+
+TEST_F(ZySeriesDrawingTest, AGivenPenDrawsUnsmoothedLinesToo) {
+  TZyLineSeries& Line = AddLine({});
+  for (int i = 0; i < 101; ++i) Line.YData()->Add(i % 2);
+  Chart.Graph->SetSmoothingMode(TZySmoothingMode::None);
+  const TZyPen Pen(0xFFABCDEF, 4);
+  Line.SetLinePen(&Pen);
+  EXPECT_EQ(Chart.CountOf(Chart.Calls(), "DrawLines(pen FFABCDEF 4"), 1);
+  EXPECT_TRUE(Line.CanDoCanvasDraw());
+}
+
+TEST_F(ZySeriesDrawingTest, HandlersMayFreeTheirSeries) {
+  const auto Free = [](TObject* Sender, auto&) { delete Sender; };
+  for (int Event = 0; Event < 3; ++Event) {
+    auto& Series = Add({1, 2, 3}, {1, 2, 3});
+    Series.Area().SetVisible(true);
+    if (Event == 0) Series.SetOnGetPen(Free);
+    if (Event == 1) Series.SetOnGetBrush(Free);
+    if (Event == 2) Series.SetOnGetPointSymbol(Free);
+    auto& Next = Add<TZyLineSeries>({1, 2}, {1, 2});
+    Chart.Paint();
+    EXPECT_EQ(Listed(Chart.Graph->RelatedSeries()), std::vector<TZySeries*>{&Next}) << Event;
+    EXPECT_FALSE(Next.RecalculatePoints()) << "drawn all the same";
+    delete &Next;
+  }
 }
 
 TEST_F(ZySeriesDrawingTest, FindsWhatAPlainSearchFinds) {
@@ -295,12 +362,16 @@ TEST_F(ZySeriesDrawingTest, MarkersKeepToTheirPoints) {
   auto& Line = Add<TZyLineSeries>({1, 2, 3, 4}, {5, 6, 7, 8});
   auto& Data = dynamic_cast<TZyDoubleVector&>(*Line.YData());
   int Alive = 0;
+  std::vector<double> Seen;  // when the last one died
   const auto AddMarker = [&](int Idx) {
     auto* const Marker = new TMarkerStub(&Chart.Form);
     Marker->SetParent(Chart.Graph);
     Marker->Series = &Line;
     Marker->Idx = Idx;
-    Marker->Alive = std::shared_ptr<int>(&++Alive, [](int* Count) { --*Count; });
+    Marker->Alive = std::shared_ptr<int>(&++Alive, [&](int* Count) {
+      --*Count;
+      Seen = {Data.Values().begin(), Data.Values().end()};
+    });
     return Marker;
   };
   AddMarker(1);
@@ -318,6 +389,7 @@ TEST_F(ZySeriesDrawingTest, MarkersKeepToTheirPoints) {
   EXPECT_EQ(Third->Idx, 3) << "markers follow the Y data only";
   Data.Delete(2);
   EXPECT_EQ(Alive, 1) << "that of the point itself goes";
+  EXPECT_EQ(Seen, (std::vector<double>{4, 5, 7, 8}));
   EXPECT_EQ(Third->Idx, 2);
   Data.Delete(2, false);
   EXPECT_EQ(Alive, 1);

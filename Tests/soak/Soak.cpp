@@ -1,30 +1,31 @@
-// Uses two charts at random for as long as it is told, and looks whether they come back to where they were.
+// Uses charts at random for as long as it is told, and looks whether they come back to where they were.
 //
-// One chart is edited: properties, data, undo and redo, saving and loading. It is only painted as what was loaded,
-// since an axis forgets on its first paint what its ends were before there were data. The other one is live: data
-// stream in and out while it is zoomed and painted. After each round everything is undone, and the bytes of both charts
-// must be those of the beginning; at the end the memory in use must be that of the first rounds.
+// One form is edited: objects made, freed and changed, undo and redo, saving and loading. The other one is live: data
+// stream in and out and shrink while it is zoomed and painted, further series, axes and coupled graphs come and go, and
+// handlers throw. After each round everything is undone, or taken out again, and the bytes of both forms and the
+// picture of the live one must be those of the beginning; at the end the memory in use must be that of the first
+// rounds.
 
 #include <malloc.h>
+
+#include <QImage>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "framework/Bytes.h"
+#include "controls/ControlSamples.h"
 #include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
 #include "platform/controls/TApplication.h"
-#include "platform/framework/TReader.h"
 #include "series/ZyPointSeries.h"
-#include "undo/RandomSetters.h"
-#include "undo/ZyUndoStack.h"
+#include "undo/UndoWalk.h"
 
 namespace zy::testing {
 namespace {
@@ -58,59 +59,176 @@ std::size_t MemoryInUse() {
   return Info.uordblks + Info.hblkhd;
 }
 
+/// What a handler of the test throws.
+struct TRefusal : std::runtime_error {
+  TRefusal() : std::runtime_error("refused") {}
+};
+
 class TSoak {
  public:
   explicit TSoak(unsigned Seed) : FRandom(Seed) {
-    FStack->SetName("Stack");
-    FStack->SetLimit(0);
-    for (TSampleChart* Chart : {&FEdited, &FLive})
-      for (const char* Name : {"S1", "S2"}) {
-        TZyLineSeries& Series = *Chart->AddSeries(Name);
-        Refill(Series);
-      }
-    FEdited.Graph->SetParentFont(false);  // else the first colour of its own would end it, which is no step
-    FEdited.Graph->SetUndoStack(FStack.get());
-    for (TComponent* Component : FEdited.Form.Components())
-      if (dynamic_cast<TZyDoubleVector*>(Component) == nullptr) Collect(*Component, FObjects);
-    FLive.Paint();
-    FStack->Clear();
+    FLive.Form.SetName("Live");  // components are found again by the name of their form
+    for (const char* Name : {"S1", "S2"}) FOwn.push_back(FLive.AddSeries(Name));
+    FFirst = FLive.Form.Components().size();
+    Restore();
+    Restore();  // the first paint makes of an axis without data what it shows
   }
 
   void Round() {
-    const std::string Edited = BytesOf(FEdited.Form), Live = BytesOf(FLive.Form);
-    for (int Action = 0; Action < 300; ++Action) {
-      Edit();
-      Stream();
-    }
-    FStack->Undo(FStack->UndoList().Count() - 1);
-    for (TZySeries* Series : FLive.Graph->RelatedSeries()) Refill(*Series);
-    FLive.Graph->ZoomReset();
-    FLive.Paint();
-    ExpectEqual(BytesOf(FEdited.Form), Edited, "the edited chart is not what it was");
+    const std::string Live = BytesOf(FLive.Form);
+    const QImage Picture = FLive.Paint().ToQt();
+    Edit();
+    for (int Action = 0; Action < 300; ++Action) Use();
+    Restore();
     ExpectEqual(BytesOf(FLive.Form), Live, "the live chart is not what it was");
-    FStack->Clear();
+    Expect(FLive.Paint().ToQt() == Picture, "the live chart does not look as it did");
   }
 
  private:
   int Roll(int Count) { return static_cast<int>(FRandom() % static_cast<unsigned>(Count)); }
+  template <class T>
+  T* AnyOf(const std::vector<T*>& List) {
+    return List.empty() ? nullptr : List[static_cast<std::size_t>(Roll(static_cast<int>(List.size())))];
+  }
 
-  /// The data that each series has between the rounds.
-  static void Refill(TZySeries& Series) {
-    std::vector<double> X, Y;
-    for (int Index = 0; Index < 2000; ++Index) {
-      X.push_back(Index);
-      Y.push_back(Index * 37 % 101);
+  // ---- Edited ----
+
+  void Edit() {
+    TUndoWalk Edited(static_cast<unsigned>(FRandom()));
+    const std::string Before = Edited.Text();
+    Edited.Walk(300);
+    const std::string After = Edited.Text();
+    SaveAndLoad(Edited);
+    const int Steps = Edited.Stack.UndoList().Count();
+    Edited.UndoAll();
+    ExpectEqual(Edited.Text(), Before, "the edited chart is not what it was");
+    Edited.Stack.Redo(Steps - 1);
+    ExpectEqual(Edited.Text(), After, "what was undone does not come again");
+  }
+
+  static void SaveAndLoad(TUndoForm& Edited) {
+    for (TComponent* Component : Edited.Form.Components())
+      if (auto* const Control = dynamic_cast<TControl*>(Component); Control != nullptr && !Control->HasParent())
+        return;  // an axis of a graph that is gone lies in the form when it comes back
+    TForm Loaded;
+    auto& Sample = *new TSample(&Loaded);  // only it makes its part
+    Sample.SetName("Sample");
+    Sample.MakePart();
+    ReadBack(Edited.Form, Loaded);
+    ExpectEqual(BytesOf(Loaded), BytesOf(Edited.Form), "what was loaded is not what was saved");
+  }
+
+  // ---- Live ----
+
+  static TZyDoubleVector* DataOf(TZyCustomDoubleVector* Data) { return dynamic_cast<TZyDoubleVector*>(Data); }
+
+  /// What the live form has beside its first objects goes, and these have their data and no handlers.
+  void Restore() {
+    while (!More().empty()) delete More().back();
+    ClearHandlers();
+    for (TZySeries* Series : FOwn) {
+      std::vector<double> X, Y;
+      for (int Index = 0; Index < 2000; ++Index) {
+        X.push_back(Index);
+        Y.push_back(Index * 37 % 101);
+      }
+      DataOf(Series->XData())->SetInternalArray(X);
+      DataOf(Series->YData())->SetInternalArray(Y);
     }
-    for (const auto& [Data, Values] : {std::pair(Series.XData(), &X), std::pair(Series.YData(), &Y)}) {
-      auto& Vector = dynamic_cast<TZyDoubleVector&>(*Data);
-      Vector.SetInternalArray(*Values);
-      Vector.OutOfRange();
+    FLive.Graph->ZoomReset();
+    FLive.Paint();
+  }
+
+  void ClearHandlers() {
+    for (TComponent* Component : FLive.Form.Components()) {
+      if (auto* const Axis = dynamic_cast<TZyAxis*>(Component)) {
+        Axis->SetOnGetTicks(nullptr);
+        Axis->SetOnCalculated(nullptr);
+        Axis->SetOnGetScaleLabel(nullptr);
+      }
+      if (auto* const Series = dynamic_cast<TZyPointSeries*>(Component)) {
+        Series->SetOnGetPointSymbol(nullptr);
+        Series->SetOnGetPen(nullptr);
+        Series->SetOnGetBrush(nullptr);
+        Series->SetXValueTransformation(nullptr);
+        Series->SetYValueTransformation(nullptr);
+      }
+    }
+  }
+
+  void Throw() {
+    if (Roll(40) == 0) throw TRefusal();
+  }
+  void SetHandler() {
+    const int What = Roll(8);
+    if (auto* const Axis = AnyOf(All<TZyAxis>())) {
+      if (What == 0) Axis->SetOnGetTicks([this](TObject*) { Throw(); });
+      if (What == 1) Axis->SetOnCalculated([this](TObject*) { Throw(); });
+      if (What == 2) Axis->SetOnGetScaleLabel([this](auto&&...) { Throw(); });
+    }
+    if (auto* const Series = AnyOf(All<TZyPointSeries>())) {
+      const auto Transform = [this](TObject*, const TZyTransformEventArgs& e) {
+        Throw();
+        return e.Value;
+      };
+      const auto Ask = [this](TObject*, auto&) { Throw(); };
+      if (What == 3) Series->SetXValueTransformation(Transform);
+      if (What == 4) Series->SetYValueTransformation(Transform);
+      if (What == 5) Series->SetOnGetPen(Ask);
+      if (What == 6) Series->SetOnGetBrush(Ask);
+      if (What == 7) Series->SetOnGetPointSymbol(Ask);
+    }
+  }
+
+  template <class T>
+  std::vector<T*> All() {
+    std::vector<T*> Result;
+    for (TComponent* Component : FLive.Form.Components())
+      if (auto* const Found = dynamic_cast<T*>(Component)) Result.push_back(Found);
+    return Result;
+  }
+  template <class T>
+  T* Named(T* Component) {
+    Component->SetName("More" + std::to_string(++FMade));
+    return Component;
+  }
+  /// What came to the first objects: by this test, or the axes that a chart makes for itself.
+  std::vector<TComponent*> More() {
+    const auto& List = FLive.Form.Components();
+    return {List.begin() + static_cast<std::ptrdiff_t>(FFirst), List.end()};
+  }
+  TZyAxis* MakeAxis(TZyGraph2D& Graph) {
+    auto* const Axis = Named(new TZyAxis(&FLive.Form));
+    Axis->SetPosition(Roll(2) == 0 ? TZyAxisPosition::Left : TZyAxisPosition::Right);
+    Axis->SetParent(&Graph);
+    return Axis;
+  }
+
+  void Make() {
+    if (More().size() > 30) return;
+    switch (Roll(4)) {
+      case 0:
+        return Named(new TZyDoubleVector(&FLive.Form))->AddRange({1, 5, 3});
+      case 1:
+        return void(MakeAxis(*AnyOf(All<TZyGraph2D>())));
+      case 2: {
+        auto* const Graph = Named(new TZyGraph2D(&FLive.Form));
+        Graph->SetParent(&FLive.Form);
+        Graph->SetPrimaryXAxis(FLive.X);
+        return Graph->SetPrimaryYAxis(MakeAxis(*Graph));
+      }
+      default: {
+        auto* const Series = Named(new TZyPointSeries(&FLive.Form));
+        Series->SetXAxis(FLive.X);
+        Series->SetYAxis(AnyOf(All<TZyAxis>()));
+        Series->SetXData(AnyOf(All<TZyDoubleVector>()));
+        Series->SetYData(AnyOf(All<TZyDoubleVector>()));
+      }
     }
   }
 
   void Append(TZySeries& Series, int Count) {
-    auto* const X = dynamic_cast<TZyDoubleVector*>(Series.XData());
-    auto* const Y = dynamic_cast<TZyDoubleVector*>(Series.YData());
+    TZyDoubleVector *const X = DataOf(Series.XData()), *const Y = DataOf(Series.YData());
     if (X == nullptr || Y == nullptr || X == Y) return;
     double Last = X->Count() > 0 ? X->Values().back() : 0;
     std::vector<double> NewX, NewY;
@@ -123,78 +241,49 @@ class TSoak {
     for (TZyDoubleVector* Vector : {X, Y})
       for (int Above = std::max(Vector->Count() - 6000, 0); Above > 0; --Above) Vector->Delete(0);
   }
-
-  void Edit() {
-    switch (Roll(20)) {
-      case 0:
-        FEdited.Graph->UndoPushSeriesVectors();
-        for (TZySeries* Series : FEdited.Graph->RelatedSeries())
-          if (Series->XData() != nullptr && Series->YData() != nullptr) Append(*Series, 1 + Roll(200));
-        return;
-      case 1:
-      case 2:
-        if (FStack->CanUndo()) FStack->Undo(Roll(std::min(FStack->UndoList().Count(), 10)));
-        return;
-      case 3:
-        if (FStack->CanRedo()) FStack->Redo(Roll(std::min(FStack->RedoList().Count(), 10)));
-        return;
-      case 4:
-        return SaveAndLoad();
-      default: {
-        TPersistent& Object = *FObjects[static_cast<std::size_t>(Roll(static_cast<int>(FObjects.size())))];
-        const auto& Properties = Object.ClassInfo().Properties();
-        const TPropInfo& Info = *Properties[static_cast<std::size_t>(Roll(static_cast<int>(Properties.size())))];
-        // A series that counts its points in place of data has none of either after loading.
-        const bool IsData = Info.Name == std::string_view("XData") || Info.Name == std::string_view("YData");
-        if (IsUndone(Info) && !IsData) SetAtRandom(Object, Info, FEdited.Form, FRandom);
-      }
-    }
+  void Shrink(TZyDoubleVector& Data) {
+    if (Roll(4) == 0) return Data.Clear();
+    if (Roll(3) == 0) return Data.SetInternalArray(std::vector<double>(static_cast<std::size_t>(Roll(4)), 2.5));
+    for (int Left = Roll(100); Left > 0; --Left) Data.Delete(Roll(std::max(Data.Count(), 1)));
   }
 
-  void SaveAndLoad() {
-    const std::string Saved = BytesOf(FEdited.Form);
-    TMemoryStream Stream;
-    Stream.WriteBuffer(Saved.data(), Saved.size());
-    Stream.SetPosition(0);
-    const std::unique_ptr<TComponent> Loaded(TReader(Stream).ReadRootComponent(nullptr));
-    ExpectEqual(BytesOf(*Loaded), Saved, "what was loaded is not what was saved");
-    for (TComponent* Component : Loaded->Components())
-      if (auto* const Graph = dynamic_cast<TZyGraph2D*>(Component)) TSampleChart::Paint(*Graph);
-  }
-
-  void Stream() {
+  /// One change, and a paint of all graphs. Whatever is thrown is what a handler threw.
+  void Use() {
     const auto Place = [this] { return TPoint{Roll(600), Roll(400)}; };
-    switch (Roll(10)) {
-      case 0:
+    const int What = Roll(20);
+    try {
+      if (What == 0)
         for (TZySeries* Series : FLive.Graph->RelatedSeries()) Append(*Series, 1 + Roll(1000));
-        break;
-      case 1:
-        FLive.Graph->ZoomTo(Place(), Place());
-        break;
-      case 2:
-        FLive.Graph->ZoomAround(Place(), Roll(2) == 0 ? 0.8 : 1.25);
-        break;
-      case 3:
-        FLive.Graph->ZoomBack();
-        break;
-      case 4:
-        FLive.Graph->RedoZoom();
-        break;
-      case 5:
-        if (Roll(5) == 0) FLive.Graph->ZoomReset();
-        break;
-      default:
-        return;
+      if (What == 1) FLive.Graph->ZoomTo(Place(), Place());
+      if (What == 2) FLive.Graph->ZoomAround(Place(), Roll(2) == 0 ? 0.8 : 1.25);
+      if (What == 3) FLive.Graph->ZoomBack();
+      if (What == 4) FLive.Graph->RedoZoom();
+      if (What == 5 && Roll(5) == 0) FLive.Graph->ZoomReset();
+      if (What == 6) Shrink(*AnyOf(All<TZyDoubleVector>()));
+      if (What == 7) Make();
+      if (What == 8) delete AnyOf(More());
+      if (What == 9) SetHandler();
+      if (What == 10) ClearHandlers();
+      if (What > 10) return;
+      const TPoint Mouse = Place();  // before the paint, too
+      for (int Times = 0; Times < 2; ++Times) {
+        for (TZyGraph2D* Graph : All<TZyGraph2D>()) Graph->FindSeriesPoint(Mouse.X, Mouse.Y);
+        for (TZySeries* Series : All<TZySeries>()) {
+          Series->NearestPoint({static_cast<float>(Mouse.X), static_cast<float>(Mouse.Y)});
+          Series->GetY(Mouse.X);
+        }
+        for (TZyGraph2D* Graph : All<TZyGraph2D>()) TSampleChart::Paint(*Graph);
+      }
+    } catch (const TRefusal&) {
+      // The next action finds the chart as the handler left it.
     }
-    FLive.Paint();
-    const TPoint Mouse = Place();
-    FLive.Graph->FindSeriesPoint(Mouse.X, Mouse.Y);
   }
 
   std::mt19937 FRandom;
-  TSampleChart FEdited{600, 400}, FLive{600, 400};
-  std::unique_ptr<TZyUndoStack> FStack = std::make_unique<TZyUndoStack>();
-  std::vector<TPersistent*> FObjects;
+  TSampleChart FLive{600, 400};
+  std::vector<TZySeries*> FOwn;
+  std::size_t FFirst = 0;
+  int FMade = 0;
 };
 
 int Run(double Seconds, unsigned Seed) {

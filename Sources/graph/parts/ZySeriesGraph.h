@@ -15,6 +15,10 @@ class IZySeriesGraph : public IZyAxisGraph {
   virtual bool AddRelatedSeries(TZySeries* Series) = 0;
   virtual void RemoveRelatedSeries(TZySeries* Series) = 0;
   virtual int SeriesCount() const = 0;
+  /// Place of a series in the drawing order, from 0.
+  virtual int PlaceOf(const TZySeries& Series) const = 0;
+  /// Moves a series there, and numbers all layers by the order.
+  virtual void SetPlaceOf(TZySeries& Series, int Place) = 0;
   /// All series in drawing order.
   virtual void ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const = 0;
   /// The series has computed its pixels.

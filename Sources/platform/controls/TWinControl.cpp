@@ -173,6 +173,8 @@ void TWinControl::SetParent(TWinControl* Value) {
   if (Value == Parent()) return;
   Inherited::SetParent(Value);
   DestroyWidget();
+  // One that was read alone finds all others there; in a form that is being read its Loaded sorts them.
+  if (Value != nullptr && !Value->IsLoading() && FReadTabOrder >= 0) SetTabOrder(std::exchange(FReadTabOrder, -1));
   if (Value == nullptr || !Value->HasWidget()) return;
   Widget();
   Value->ApplyTabOrder();

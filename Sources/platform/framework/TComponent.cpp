@@ -5,6 +5,7 @@
 #include "platform/framework/TPropInfo.h"
 #include "platform/framework/TRef.h"
 #include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {
@@ -46,6 +47,19 @@ TComponent* TComponent::FindComponent(std::string_view ComponentName) const {
   return Found == FNames.end() ? nullptr : Found->second;
 }
 
+std::string TComponent::FirstFreeName(std::string_view Base) const {
+  if (FTakenBelow == nullptr) FTakenBelow = std::make_unique<std::unordered_map<std::string, std::int64_t>>();
+  std::int64_t& Number = FTakenBelow->try_emplace(std::string(Base), 1).first->second;
+  for (;; ++Number) {
+    std::string Name = std::string(Base) + IntToStr(Number);
+    if (FindComponent(Name) == nullptr) return Name;
+  }
+}
+
+void TComponent::ForgetName(const std::string& Gone) {
+  if (FNames.erase(Gone) > 0) FTakenBelow.reset();
+}
+
 void TComponent::InsertComponent(TComponent* Component) {
   if (Component->FOwner == this) return;
   TestName(Component, Component->FName);
@@ -60,7 +74,7 @@ void TComponent::InsertComponent(TComponent* Component) {
 void TComponent::RemoveComponent(TComponent* Component) {
   if (Component->FOwner != this) return;
   if (!FDestroying) Notification(Component, TOperation::Remove);
-  FNames.erase(Component->FName);
+  ForgetName(Component->FName);
   EraseLast(FComponents, Component);
   Component->FOwner = nullptr;
 }
@@ -82,7 +96,7 @@ void TComponent::ChangeName(const std::string& Value) {
   if (!Value.empty() && !IsIdentifier(Value)) throw EComponentError(Format(LoadResString(_sInvalidName), {Value}));
   if (FOwner != nullptr) {
     FOwner->TestName(this, Value);
-    FOwner->FNames.erase(FName);
+    FOwner->ForgetName(FName);
   }
   FName = Value;
   if (FOwner != nullptr && !FName.empty()) FOwner->FNames.emplace(FName, this);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <iterator>
 #include <memory>
@@ -36,6 +37,9 @@ class TComponent : public TPersistent {
   const std::vector<TComponent*>& Components() const { return FComponents; }
   /// The owned component of exactly this name, null when there is none or Name is empty.
   TComponent* FindComponent(std::string_view ComponentName) const;
+  /// Base followed by the first number from 1 on for which nothing owned here has that name. Asked again and again
+  /// while names come, it goes on where it stopped.
+  std::string FirstFreeName(std::string_view Base) const;
   /// Takes over Component from its present owner. Throws EComponentError when its name is taken here.
   void InsertComponent(TComponent* Component);
   /// Gives up Component, which then has no owner. Nothing when it is not owned here.
@@ -118,11 +122,14 @@ class TComponent : public TPersistent {
   void AnnounceRemoval();
   void ReleaseNotice(TComponent* AComponent, bool Entirely);
   void TestName(TComponent* Component, const std::string& NewName) const;
+  void ForgetName(const std::string& Gone);
 
   TComponent* FOwner = nullptr;
   std::string FName;
   std::vector<TComponent*> FComponents;
   std::unordered_map<std::string_view, TComponent*> FNames;  // keys are views of the components' own FName
+  // For each base that was asked for, a number below which none is free.
+  mutable std::unique_ptr<std::unordered_map<std::string, std::int64_t>> FTakenBelow;
   std::vector<TNotice> FNotices;
   TRefBase* FRefs = nullptr;  // the references to this component, the latest first
   bool FDesigning = false;

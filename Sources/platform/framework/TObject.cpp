@@ -17,6 +17,7 @@ const char* TObject::ClassName() const { return ClassInfo().Name(); }
 TClassInfo::TClassInfo(const char* ClassName, const TClassInfo* Base, TFactory Maker, std::vector<TPropInfo> Own)
     : FName(ClassName), FParent(Base), FFactory(Maker) {
   if (FParent != nullptr) {
+    FRows = FParent->FRows;
     FAll = FParent->FAll;
     FByName = FParent->FByName;
   }
@@ -31,11 +32,15 @@ TClassInfo::TClassInfo(const char* ClassName, const TClassInfo* Base, TFactory M
 
 void TClassInfo::Publish(const TPropInfo& Row) {
   FByName[Row.Name] = &Row;
-  if (!Row.IsPublished) return;
+  Enter(Row, FRows);
+  if (Row.IsPublished) Enter(Row, FAll);
+}
+
+void TClassInfo::Enter(const TPropInfo& Row, std::vector<const TPropInfo*>& List) {
   const auto Same = [&Row](const TPropInfo* Known) { return std::string_view(Known->Name) == Row.Name; };
-  const auto Place = std::find_if(FAll.begin(), FAll.end(), Same);
-  if (Place == FAll.end()) {
-    FAll.push_back(&Row);
+  const auto Place = std::find_if(List.begin(), List.end(), Same);
+  if (Place == List.end()) {
+    List.push_back(&Row);
   } else {
     *Place = &Row;
   }

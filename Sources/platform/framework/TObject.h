@@ -50,6 +50,8 @@ class TClassInfo {
   /// All published properties, those of the base classes first. A property published anew by a descendant stands once,
   /// at its first place, as the descendant describes it.
   const std::vector<const TPropInfo*>& Properties() const { return FAll; }
+  /// The same with the hidden rows among them.
+  const std::vector<const TPropInfo*>& Rows() const { return FRows; }
   /// The published property of exactly this name, null when there is none. Costs one hash look-up.
   const TPropInfo* FindProperty(std::string_view PropName) const;
   /// The same among all rows, hidden ones included.
@@ -57,12 +59,14 @@ class TClassInfo {
 
  private:
   void Publish(const TPropInfo& Row);
+  static void Enter(const TPropInfo& Row, std::vector<const TPropInfo*>& List);
   void Republish(std::string_view Names);
 
   const char* FName;
   const TClassInfo* FParent;
   TFactory FFactory;
   std::deque<TPropInfo> FOwn;  // rows stay where they are
+  std::vector<const TPropInfo*> FRows;
   std::vector<const TPropInfo*> FAll;
   std::unordered_map<std::string_view, const TPropInfo*> FByName;
 };

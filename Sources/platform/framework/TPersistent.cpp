@@ -54,4 +54,11 @@ TPersistent* TPersistent::FromLiveHandle(std::uint64_t Handle) {
   return Found == Objects.end() ? nullptr : Found->second;
 }
 
+void TPersistent::TakeLiveHandle(std::uint64_t Handle) {
+  auto& Objects = LiveObjects().ByHandle;
+  if (Handle == 0 || !Objects.emplace(Handle, this).second) return;
+  Objects.erase(FLiveHandle);
+  FLiveHandle = Handle;
+}
+
 }  // namespace zy

@@ -25,6 +25,11 @@ class TPersistent : public TObject {
   std::uint64_t LiveHandle() const;
   /// The living object of that handle, null when it died or never was.
   static TPersistent* FromLiveHandle(std::uint64_t Handle);
+  /// Makes this object, made anew, the one that a handle of its dead predecessor names. Nothing for 0 and for the
+  /// handle of an object that lives.
+  void TakeLiveHandle(std::uint64_t Handle);
+  /// The handle, 0 as long as nobody asked for one.
+  std::uint64_t KnownLiveHandle() const { return FLiveHandle; }
 
  protected:
   /// Copies this object's values into Dest, a class that does not know this one. Throws EConvertError by default.

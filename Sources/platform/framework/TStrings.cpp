@@ -67,15 +67,14 @@ std::string TStrings::Text() const {
 }
 
 void TStrings::SetText(std::string_view Value) {
-  Update(*this, [&] {
-    Clear();
-    while (!Value.empty()) {
-      const std::size_t End = Value.find_first_of("\r\n");
-      Add(std::string(Value.substr(0, End)));
-      if (End == std::string_view::npos) break;
-      Value.remove_prefix(End + (Value.substr(End, 2) == "\r\n" ? 2 : 1));
-    }
-  });
+  TStringList Lines;
+  while (!Value.empty()) {
+    const std::size_t End = Value.find_first_of("\r\n");
+    Lines.Add(std::string(Value.substr(0, End)));
+    if (End == std::string_view::npos) break;
+    Value.remove_prefix(End + (Value.substr(End, 2) == "\r\n" ? 2 : 1));
+  }
+  Assign(&Lines);
 }
 
 void TStrings::Assign(const TPersistent* Source) {
@@ -92,12 +91,11 @@ void TStrings::DefineProperties(TFiler& Filer) {
   Filer.DefineProperty(
       "Strings",
       [this](TReader& Reader) {
-        Update(*this, [&] {
-          Clear();
-          Reader.ReadListBegin();
-          while (!Reader.EndOfList()) Add(Reader.ReadString());
-          Reader.ReadListEnd();
-        });
+        TStringList Read;
+        Reader.ReadListBegin();
+        while (!Reader.EndOfList()) Read.Add(Reader.ReadString());
+        Reader.ReadListEnd();
+        Assign(&Read);
       },
       [this](TWriter& Writer) {
         Writer.WriteListBegin();

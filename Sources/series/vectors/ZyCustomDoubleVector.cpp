@@ -44,6 +44,7 @@ void TZyCustomDoubleVector::SetValue(int i, double n) {
   bool RangesGo = false;
   if (i < FLastCount) {
     RangesGo = MovesRanges(i, n);
+    FHasGaps = FHasGaps || !std::isfinite(n);
     const double Change = (std::isfinite(n) ? n : 0) - (std::isfinite(Stored) ? Stored : 0);
     FAll.Sum += Change;
     if (!IsOutlier(i)) FPlain.Sum += Change;
@@ -108,20 +109,18 @@ void TZyCustomDoubleVector::Delete(int Idx, bool WithLinkedMarkers) {
   }
   FOutliers.Deleted(Idx);
   FArray.erase(At);
-  if (WithLinkedMarkers) {
-    const std::vector<IZyVectorReader*> Readers = FRelatedSeries;
-    for (IZyVectorReader* Reader : Readers) Reader->DataDeleted(*this, Idx);
-  }
   --FCount;
   FPyramid.Changed(Idx, FCount);
   for (TTracked* Tracked : {&FPlain, &FAll})
     for (int* Place : {&Tracked->MinimumIdx, &Tracked->MaximumIdx}) *Place -= *Place > Idx ? 1 : 0;
   if (Idx < FLastCount) --FLastCount;
-  if (RangesGo) {
-    TellOutOfRange();
-  } else {
-    ResetRelatedSeries();
+  if (RangesGo) ResetRanges();
+  // A marker that goes may run foreign code, which finds the vector as it is now.
+  if (WithLinkedMarkers) {
+    const std::vector<IZyVectorReader*> Readers = FRelatedSeries;
+    for (IZyVectorReader* Reader : Readers) Reader->DataDeleted(*this, Idx);
   }
+  ResetRelatedSeries();
 }
 
 void TZyCustomDoubleVector::Clear(bool WithLinkedMarkers) {
@@ -231,6 +230,7 @@ void TZyCustomDoubleVector::ScanPlain() {
     }
     FPlain.Sum += New.Sum;
   }
+  FHasGaps = FHasGaps || New.HasGaps;
   FAll = FPlain;
   constexpr int Piece = 1024;
   for (int First = std::max(FLastCount, 1); First < FCount && (FIsSorted || FOnlyAscending); First += Piece) {
@@ -250,6 +250,7 @@ void TZyCustomDoubleVector::ScanWithOutliers() {
     const auto At = static_cast<std::size_t>(i);
     const double Value = FArray[At];
     FAll.Take(i, Value);
+    FHasGaps = FHasGaps || !std::isfinite(Value);
     if (i > 0 && FIsSorted) FIsSorted = Value > FArray[At - 1];
     if (Mark != Marks.end() && *Mark == i) {
       ++Mark;
@@ -265,6 +266,7 @@ void TZyCustomDoubleVector::ResetRanges() {
   FLastCount = 0;
   FPlain = FAll = TTracked();
   FIsSorted = true;
+  FHasGaps = false;
 }
 
 /// The tracked values go, but the values themselves did not change behind the vector's back.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -54,6 +55,8 @@ class TZyCustomDoubleVector : public TComponent {
   virtual bool IsChanged() const { return FLastCount < FCount; }
   /// Whether the values as they stand are strictly ascending, so that they can be searched by bisection.
   virtual bool GetIsSorted() { return Scanned().FIsSorted; }
+  /// Whether there may be values that are not finite; true also for some time after the last of them went.
+  bool GetHasGaps() { return Scanned().FHasGaps; }
   /// Indexes of the smallest and the largest finite value from First up to, but not including, Last, outliers
   /// included; in a time that hardly depends on how many they are.
   virtual TZyExtremes FindExtremes(int First, int Last) const;
@@ -122,7 +125,10 @@ class TZyCustomDoubleVector : public TComponent {
   /// The series and charts that read this vector; they enter and leave by themselves.
   const std::vector<IZyVectorReader*>& RelatedSeries() const { return FRelatedSeries; }
   void AddRelatedSeries(IZyVectorReader* Reader) { FRelatedSeries.push_back(Reader); }
-  void RemoveRelatedSeries(IZyVectorReader* Reader) { std::erase(FRelatedSeries, Reader); }
+  void RemoveRelatedSeries(IZyVectorReader* Reader) {
+    const auto Place = std::find(FRelatedSeries.begin(), FRelatedSeries.end(), Reader);
+    if (Place != FRelatedSeries.end()) FRelatedSeries.erase(Place);
+  }
 
  protected:
   std::vector<double> FArray;  // as long as FCount
@@ -155,6 +161,7 @@ class TZyCustomDoubleVector : public TComponent {
   TTracked FPlain, FAll;  // without and with outliers
   bool FOnlyAscending = true;
   bool FIsSorted = true;
+  bool FHasGaps = false;
   TZyOutliers FOutliers;
   std::vector<IZyVectorReader*> FRelatedSeries;
 };

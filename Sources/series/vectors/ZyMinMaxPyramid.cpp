@@ -48,6 +48,7 @@ TZyMinMaxPyramid::TNode TZyMinMaxPyramid::ExtremesOf(std::span<const double> Val
   if (std::isfinite(Node.Sum)) return Node;
   Node = {Infinity, -Infinity, 0};
   for (const double Each : Values) {
+    Node.HasGaps = Node.HasGaps || !std::isfinite(Each);
     if (!std::isfinite(Each)) continue;
     Node.Low = std::min(Node.Low, Each);
     Node.High = std::max(Node.High, Each);
@@ -101,6 +102,7 @@ void TZyMinMaxPyramid::Refresh(std::span<const double> Values) {
         Whole.Low = std::min(Whole.Low, FLevels[Level][Child].Low);
         Whole.High = std::max(Whole.High, FLevels[Level][Child].High);
         Whole.Sum += FLevels[Level][Child].Sum;
+        Whole.HasGaps = Whole.HasGaps || FLevels[Level][Child].HasGaps;
       }
       FLevels[Level + 1][Node] = Whole;
     }
@@ -121,6 +123,7 @@ struct TZyMinMaxPyramid::TSearch {
   std::span<const double> Values;
   TEnd Low{Infinity, 0, 0, -1}, High{-Infinity, 0, 0, -1};
   double Sum = 0;
+  bool HasGaps = false;
 
   void TakeValues(std::size_t First, std::size_t Last) {
     if (First >= Last) return;
@@ -129,11 +132,13 @@ struct TZyMinMaxPyramid::TSearch {
     if (Whole.Low < Low.Value) Low = {Whole.Low, 0, 0, IndexOf(Values, First, Whole.Low)};
     if (Whole.High > High.Value) High = {Whole.High, 0, 0, IndexOf(Values, First, Whole.High)};
     Sum += Whole.Sum;
+    HasGaps = HasGaps || Whole.HasGaps;
   }
   void TakeNode(const TNode& Node, std::size_t Level, std::size_t Place) {
     if (Node.Low < Low.Value) Low = {Node.Low, Level, Place, -1};
     if (Node.High > High.Value) High = {Node.High, Level, Place, -1};
     Sum += Node.Sum;
+    HasGaps = HasGaps || Node.HasGaps;
   }
 };
 
@@ -175,7 +180,8 @@ TZyExtremes TZyMinMaxPyramid::Find(std::span<const double> Values, int First, in
     Take(Search, 0, FirstWhole, LastWhole);
     Search.TakeValues(LastWhole * Block, To);
   }
-  TZyExtremes Result{Search.Low.Index, Search.High.Index, Search.Sum, Search.Low.Value, Search.High.Value};
+  TZyExtremes Result{Search.Low.Index, Search.High.Index, Search.Sum,
+                     Search.Low.Value, Search.High.Value, Search.HasGaps};
   if (Result.Minimum < 0 && std::isfinite(Search.Low.Value))
     Result.Minimum = Place(Values, Search.Low.Level, Search.Low.Node, &TNode::Low, &TNode::LowIndex);
   if (Result.Maximum < 0 && std::isfinite(Search.High.Value))
