@@ -68,6 +68,7 @@ template <class TPayload>
 void TZyUndoStack::Push(std::string_view Comment, TZyUndoToken Token, const TPayload& WritePayload) {
   InitStreams();
   FRedo.Clear();
+  if (FUndo.LiveEntries() < FSavedAt) FSavedAt = NoWayBack;
   FUndo.Begin(Comment);
   try {
     WriteToken(FUndo.Writer(), Token);
@@ -155,6 +156,7 @@ void TZyUndoStack::SetLimit(int Value) {
 void TZyUndoStack::Clear() {
   FMustClear = FRestoring;
   if (FMustClear) return;
+  FSavedAt = Saved() ? 0 : NoWayBack;
   InitStreams();
   FUndo.Clear();
   FRedo.Clear();
@@ -343,6 +345,7 @@ bool TZyUndoStack::Replay(TZyUndoLog& Log, int ToIndex, void (TZyUndoStack::*Rep
     if (&Log == &FRedo) FUndo.MoveTo(std::min(FUndo.CurrentEntry() + Steps, FUndo.EntryCount() - 1));
   } catch (...) {
     FMustClear = true;  // half a step must not stay
+    FSavedAt = NoWayBack;
   }
   if (FMustClear) Clear();
   return true;

@@ -1,0 +1,229 @@
+// Turns a chart file of one form into one of another form, or into a picture. The forms follow from the extensions.
+//
+//   convert [OPTION]... SOURCE TARGET
+
+#include <charconv>
+#include <filesystem>
+#include <iostream>
+#include <new>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/ChartDocument.h"
+#include "common/ChartForms.h"
+#include "graph/ZyImageFileNames.h"
+#include "platform/controls/TApplication.h"
+#include "platform/drawing/Bitmap.h"
+#include "platform/drawing/Graphics.h"
+#include "platform/drawing/Metafile.h"
+
+namespace zy::examples {
+namespace {
+
+constexpr const char* Help =
+    R"(Usage: convert [OPTION]... SOURCE TARGET
+
+Turns the chart file SOURCE into TARGET, a chart file of any form or a picture:
+
+  .zys         chart as a stream, the smallest and fastest form
+  .zyx, .xml   chart as XML
+  .zyi, .ini   chart as INI
+  .png, .jpg, .jpeg, .tif, .tiff, .gif, .bmp   picture of pixels
+  .svg, .pdf, .emf                             drawing
+
+Options:
+  --size WxH      size of the picture in pixels, 96 to an inch; without it the
+                  size that the chart had when it was saved
+  --scale FACTOR  stored pixels for each pixel of the size: 2 gives a picture
+                  for a screen of double density, 3.125 one of 300 dpi
+  --without-data  write the chart file without the values of its curves
+  --help          show this text
+
+Exit code:
+  0  TARGET is written
+  1  SOURCE cannot be read
+  2  the arguments make no sense
+  3  TARGET cannot be written
+What fails leaves an old TARGET as it was.
+)";
+
+enum TExitCode { Done = 0, CannotRead = 1, WrongArguments = 2, CannotWrite = 3 };
+
+/// What is wrong with the arguments, for the user.
+struct TUsageError {
+  std::string Text;
+};
+
+struct TSize {
+  int Width, Height;
+};
+
+struct TJob {
+  std::filesystem::path Source, Target;
+  std::optional<TZyImageFileFormat> Picture;  // of the target; a chart without
+  std::optional<TSize> Size;
+  std::optional<float> Scale;
+  bool WithData = true;
+  bool AsksHelp = false;
+};
+
+bool IsDrawing(TZyImageFileFormat Format) {
+  return Format == TZyImageFileFormat::SVG || Format == TZyImageFileFormat::PDF || Format == TZyImageFileFormat::EMF;
+}
+
+// --- Arguments ------------------------------------------------------------------------------------------------------
+
+/// A whole text as a number; nothing for any other.
+template <class TNumber>
+std::optional<TNumber> NumberOf(std::string_view Text) {
+  TNumber Value{};
+  const auto [End, Error] = std::from_chars(Text.data(), Text.data() + Text.size(), Value);
+  if (Error != std::errc() || End != Text.data() + Text.size()) return std::nullopt;
+  return Value;
+}
+
+TSize ParseSize(const std::string& Text) {
+  constexpr int Most = 32767;  // of a picture
+  const std::size_t Cross = Text.find('x');
+  const auto Width = NumberOf<int>(std::string_view(Text).substr(0, Cross));
+  const auto Height =
+      NumberOf<int>(std::string_view(Text).substr(Cross == std::string::npos ? Text.size() : Cross + 1));
+  if (!Width || !Height || *Width < 1 || *Height < 1 || *Width > Most || *Height > Most)
+    throw TUsageError{"--size " + Text + ": a size is two numbers of pixels as in 1200x800, each at most 32767"};
+  return {*Width, *Height};
+}
+
+float ParseScale(const std::string& Text) {
+  const auto Value = NumberOf<float>(Text);
+  if (!Value || !(*Value >= 0.1f && *Value <= 100))
+    throw TUsageError{"--scale " + Text + ": a scale is a number from 0.1 to 100"};
+  return *Value;
+}
+
+/// What the extensions and options have to say to each other.
+void TestJob(TJob& Job) {
+  if (!ChartFormOf(Job.Source))
+    throw TUsageError{Job.Source.string() + ": the extension tells no form of charts; these are " + ChartExtensions()};
+  Job.Picture = ImageFileFormatOf(Job.Target);
+  const bool IsChart = ChartFormOf(Job.Target).has_value();
+  if (!Job.Picture && !IsChart)
+    throw TUsageError{Job.Target.string() + ": the extension tells neither a form of charts nor a kind of pictures"};
+  if (IsChart && (Job.Size || Job.Scale)) throw TUsageError{"--size and --scale are for pictures"};
+  if (Job.Picture && IsDrawing(*Job.Picture) && Job.Scale)
+    throw TUsageError{"--scale is for pictures of pixels; a drawing has all sizes"};
+  if (Job.Picture && !Job.WithData) throw TUsageError{"--without-data is for charts"};
+}
+
+TJob ParseArguments(const std::vector<std::string>& Arguments) {
+  TJob Job;
+  std::vector<std::string> Files;
+  bool TakesOptions = true;
+  for (std::size_t Index = 0; Index < Arguments.size(); ++Index) {
+    const std::string& Argument = Arguments[Index];
+    const auto Value = [&]() -> const std::string& {
+      if (++Index == Arguments.size()) throw TUsageError{Argument + " wants a value"};
+      return Arguments[Index];
+    };
+    if (!TakesOptions || !Argument.starts_with("--"))
+      Files.push_back(Argument);
+    else if (Argument == "--")
+      TakesOptions = false;  // what follows are files, whatever they are called
+    else if (Argument == "--help")
+      Job.AsksHelp = true;
+    else if (Argument == "--size")
+      Job.Size = ParseSize(Value());
+    else if (Argument == "--scale")
+      Job.Scale = ParseScale(Value());
+    else if (Argument == "--without-data")
+      Job.WithData = false;
+    else
+      throw TUsageError{"there is no option " + Argument};
+  }
+  if (Job.AsksHelp) return Job;
+  if (Files.size() != 2) throw TUsageError{"a source and a target are wanted"};
+  Job.Source = Files[0];
+  Job.Target = Files[1];
+  TestJob(Job);
+  return Job;
+}
+
+// --- The work -------------------------------------------------------------------------------------------------------
+
+/// A lone graph follows the page, wherever it stood in its own window.
+void Resize(TChartDocument& Document, const TSize& Size) {
+  Document.Page().SetBounds(0, 0, Size.Width, Size.Height);
+  const std::vector<TZyGraph2D*> Graphs = Document.Graphs();
+  if (Graphs.size() == 1) Graphs[0]->SetAlign(alClient);
+}
+
+/// As the window of the chart shows it. Graphs that share an axis are one drawing, as they save themselves.
+void SavePicture(TChartDocument& Document, const TJob& Job) {
+  TFrame& Page = Document.Page();
+  if (!IsDrawing(*Job.Picture)) {
+    Bitmap Picture(Page.Width(), Page.Height(), Job.Scale.value_or(1));
+    {
+      Graphics Canvas(Picture);
+      Page.PaintTo(Canvas);
+    }
+    return Picture.Save(Job.Target);
+  }
+  const std::vector<TZyGraph2D*> Graphs = Document.Graphs();
+  if (Graphs[0]->StackedGraphs().size() == Graphs.size()) return Graphs[0]->SaveImage(Job.Target, *Job.Picture);
+  Metafile Recording(static_cast<float>(Page.Width()), static_cast<float>(Page.Height()));
+  {
+    Graphics Canvas(Recording);
+    Page.PaintTo(Canvas);
+  }
+  Recording.Save(Job.Target);
+}
+
+/// Runs a step; what it throws is told, and true the answer.
+template <class TStep>
+bool Fails(const TStep& Step) {
+  try {
+    Step();
+    return false;
+  } catch (const std::bad_alloc&) {
+    std::cerr << "convert: memory is short\n";
+    return true;
+  } catch (const std::exception& Error) {
+    std::cerr << "convert: " << Error.what() << '\n';
+    return true;
+  }
+}
+
+TExitCode Run(const TJob& Job) {
+  TChartDocument Document;
+  if (Fails([&] { Document.Load(Job.Source); })) return CannotRead;
+  const auto Write = [&] {
+    if (!Job.Picture) return Document.Save(Job.Target, Job.WithData);
+    if (Job.Size) Resize(Document, *Job.Size);
+    SavePicture(Document, Job);
+  };
+  return Fails(Write) ? CannotWrite : Done;
+}
+
+}  // namespace
+}  // namespace zy::examples
+
+int main(int ArgCount, char** Args) {
+  using namespace zy::examples;
+  TJob Job;
+  try {
+    Job = ParseArguments({Args + 1, Args + ArgCount});
+  } catch (const TUsageError& Error) {
+    std::cerr << "convert: " << Error.Text << "\nTry convert --help.\n";
+    return WrongArguments;
+  }
+  if (Job.AsksHelp) {
+    std::cout << Help;
+    return Done;
+  }
+  char Name[] = "convert", Option[] = "-platform", Platform[] = "offscreen";  // no window, so no display either
+  char* ToolkitArgs[] = {Name, Option, Platform, nullptr};
+  int ToolkitArgCount = 3;
+  const zy::TApplication Program(ToolkitArgCount, ToolkitArgs);
+  return Run(Job);
+}
