@@ -4,10 +4,12 @@
 
 #include "common/ChartForms.h"
 #include "persistence/ZyIO.h"
+#include "platform/framework/ClassRegistry.h"
 #include "platform/framework/TMemIniFile.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
 #include "platform/framework/XmlDocument.h"
+#include "series/ZySeries.h"
 #include "texts/Exceptions.h"
 
 namespace zy::examples {
@@ -21,15 +23,20 @@ TChartForm KnownFormOf(const std::filesystem::path& FileName) {
                           ChartExtensions());
 }
 
-/// Runs what reads a file, whose name is put in front of an error's text.
+/// Runs what reads a place in a file, which is put in front of an error's text.
 template <class TRead>
-void InFile(const std::string& Name, const TRead& Read) {
+void At(const std::string& Place, const TRead& Read) {
   try {
     Read();
   } catch (Exception& Error) {
-    Error.AddPlace(Name);
+    Error.AddPlace(Place);
     throw;
   }
+}
+
+/// A reader leaves out what it has no class for.
+void TestKnown(const std::string& ClassName) {
+  if (GetClass(ClassName) == nullptr) throw EClassNotFound("there is no class " + ClassName + " in this program");
 }
 
 }  // namespace
@@ -91,14 +98,19 @@ void TChartDocument::Load(const std::filesystem::path& FileName) {
       LoadIni(File, Name);
       break;
   }
-  if (FLoaded.empty()) throw EInvalidOperation(Name + ": there is no chart in the file");
+  At(Name, [&] {
+    if (FLoaded.empty()) throw EInvalidOperation("there is no chart in the file");
+    for (const auto& Holder : FHolders) TestComplete(*Holder);
+  });
   PutOnPage();
 }
 
 /// Without a parent a graph keeps the bounds that are stored, however it is aligned.
 TZyGraph2D& TChartDocument::AddGraph(const std::string& Reference) {
-  TComponent* Owner = OwnerOf(Reference);
-  if (Owner == nullptr) Owner = FHolders.empty() ? &AddHolder({}) : FHolders.front().get();
+  TComponent* const Owner = OwnerOf(Reference);
+  if (Owner == nullptr)
+    throw EInvalidOperation("the chart \"" + Reference +
+                            "\" was saved without the name of a form, which its parts need");
   auto* const Result = new TZyGraph2D(Owner);
   Result->SetName(std::string(ComponentName(Reference)));
   FLoaded.push_back(Result);
@@ -106,10 +118,11 @@ TZyGraph2D& TChartDocument::AddGraph(const std::string& Reference) {
 }
 
 void TChartDocument::LoadStream(TStream& Stream, const std::string& Name) {
-  InFile(Name, [&] {
+  At(Name, [&] {
     while (Stream.Remaining() > 0) {
       const std::int64_t Start = Stream.Position();
-      const std::string Reference = StringFromStream(Stream);
+      std::string Reference;
+      At("name of the chart", [&] { Reference = StringFromStream(Stream); });
       Stream.SetPosition(Start);
       AddGraph(Reference).ReadFrom(Stream);
     }
@@ -122,20 +135,40 @@ void TChartDocument::LoadXml(TStream& Stream, const std::string& Name) {
   const IXMLNode Root = Document.DocumentElement();
   std::vector<IXMLNode> Nodes = Root.ChildNodes();
   if (Root.NodeName() == GraphNode) Nodes = {Root};
-  InFile(Name, [&] {
-    for (const IXMLNode& Node : Nodes)
-      if (Node.NodeName() == GraphNode) AddGraph(Node.Attribute("Name").AsText()).ReadFrom(Node);
+  At(Name, [&] {
+    for (const IXMLNode& Node : Nodes) {
+      if (Node.NodeName() != GraphNode) continue;
+      for (const char* List : {"RelatedSeries", "Markers"})
+        for (const IXMLNode& Item : Node.Node(List).ChildNodes()) TestKnown(Item.NodeName());
+      AddGraph(Node.Attribute("Name").AsText()).ReadFrom(Node);
+    }
   });
 }
 
 void TChartDocument::LoadIni(TStream& Stream, const std::string& Name) {
   TMemIniFile Ini;
   Ini.LoadFrom(Stream, Name);
-  InFile(Name, [&] {
+  At(Name, [&] {
+    for (const std::string& Section : Ini.ReadSections())
+      if (Ini.ValueExists(Section, "Type")) TestKnown(Ini.ReadString(Section, "Type", {}));
     for (const std::string& Section : Ini.ReadSections())
       if (Ini.ValueExists(Section, "RelatedSeries.Count"))
         AddGraph(Ini.ReadString(Section, "Name", {})).ReadFrom(Ini, Section);
   });
+}
+
+/// All curves are complete when they are stored, and belong to a graph then.
+void TChartDocument::TestComplete(TComponent& Owner) const {
+  for (TComponent* Component : Owner.Components()) {
+    auto* const Series = dynamic_cast<TZySeries*>(Component);
+    if (Series == nullptr) {
+      TestComplete(*Component);
+      continue;
+    }
+    const auto HasIt = [Series](const TZyGraph2D* Graph) { return Graph->RelatedSeries().Contains(Series); };
+    if (std::ranges::none_of(FLoaded, HasIt))
+      throw EInvalidOperation("the data or the axes of " + GetComponentRef(Series) + " are not in the file");
+  }
 }
 
 void TChartDocument::PutOnPage() {

@@ -27,6 +27,8 @@ class TChartDocument {
   TFrame& Page() { return FPage; }
   /// The owner of what the program makes; the first holder.
   TComponent& Holder() { return *FHolders.front(); }
+  /// A further form or data module for the parts of a chart that do not belong to the same as the graph.
+  TComponent& AddHolder(const std::string& Name);
   TZyUndoStack& Undo() { return FUndo; }
   /// The graphs on the page in the order in which they were put there. One whose axis another one uses comes first.
   std::vector<TZyGraph2D*> Graphs() const;
@@ -37,8 +39,9 @@ class TChartDocument {
   /// A stream has the records of the graphs in a row. In XML they are the root or children of the root, in INI the
   /// sections that have the keys of a graph, whatever their names.
   ///
-  /// Throws EFileError for a file that cannot be opened, EInvalidOperation for an extension of no form and for a file
-  /// without a graph, and what readers throw; the text begins with the file's name.
+  /// Throws EFileError for a file that cannot be opened, EInvalidOperation for an extension of no form, for a file
+  /// without a graph and for a chart that lacks data, EClassNotFound for a curve of an unknown kind, and what readers
+  /// throw; the text begins with the file's name. The document is of no further use then.
   void Load(const std::filesystem::path& FileName);
   /// Writes all graphs of the page, in one step. Throws EFileError, with an old file whole, when that fails, and
   /// EInvalidOperation for an extension of no form.
@@ -58,12 +61,12 @@ class TChartDocument {
   };
 
  private:
-  TComponent& AddHolder(const std::string& Name);
   TComponent* OwnerOf(std::string_view Reference);
   TZyGraph2D& AddGraph(const std::string& Reference);
   void LoadStream(TStream& Stream, const std::string& Name);
   void LoadXml(TStream& Stream, const std::string& Name);
   void LoadIni(TStream& Stream, const std::string& Name);
+  void TestComplete(TComponent& Owner) const;
   void PutOnPage();
 
   TFrame FPage;

@@ -2,6 +2,7 @@
 //
 //   convert [OPTION]... SOURCE TARGET
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 #include <iostream>
@@ -18,6 +19,8 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/Metafile.h"
+#include "texts/Exceptions.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy::examples {
 namespace {
@@ -38,7 +41,10 @@ Options:
                   size that the chart had when it was saved
   --scale FACTOR  stored pixels for each pixel of the size: 2 gives a picture
                   for a screen of double density, 3.125 one of 300 dpi
-  --without-data  write the chart file without the values of its curves
+  --without-data  write the chart file without the values of its curves, which
+                  a program that has them can load
+  --holder NAME   a form or data module that parts of the chart belong to, other
+                  than that of the chart itself; may be told several times
   --help          show this text
 
 Exit code:
@@ -48,6 +54,8 @@ Exit code:
   3  TARGET cannot be written
 What fails leaves an old TARGET as it was.
 )";
+
+constexpr int MostPixels = 32767;  // along a side of a picture
 
 enum TExitCode { Done = 0, CannotRead = 1, WrongArguments = 2, CannotWrite = 3 };
 
@@ -65,6 +73,7 @@ struct TJob {
   std::optional<TZyImageFileFormat> Picture;  // of the target; a chart without
   std::optional<TSize> Size;
   std::optional<float> Scale;
+  std::vector<std::string> Holders;
   bool WithData = true;
   bool AsksHelp = false;
 };
@@ -85,12 +94,11 @@ std::optional<TNumber> NumberOf(std::string_view Text) {
 }
 
 TSize ParseSize(const std::string& Text) {
-  constexpr int Most = 32767;  // of a picture
   const std::size_t Cross = Text.find('x');
   const auto Width = NumberOf<int>(std::string_view(Text).substr(0, Cross));
   const auto Height =
       NumberOf<int>(std::string_view(Text).substr(Cross == std::string::npos ? Text.size() : Cross + 1));
-  if (!Width || !Height || *Width < 1 || *Height < 1 || *Width > Most || *Height > Most)
+  if (!Width || !Height || *Width < 1 || *Height < 1 || *Width > MostPixels || *Height > MostPixels)
     throw TUsageError{"--size " + Text + ": a size is two numbers of pixels as in 1200x800, each at most 32767"};
   return {*Width, *Height};
 }
@@ -136,6 +144,8 @@ TJob ParseArguments(const std::vector<std::string>& Arguments) {
       Job.Size = ParseSize(Value());
     else if (Argument == "--scale")
       Job.Scale = ParseScale(Value());
+    else if (Argument == "--holder")
+      Job.Holders.push_back(Value());
     else if (Argument == "--without-data")
       Job.WithData = false;
     else
@@ -162,7 +172,11 @@ void Resize(TChartDocument& Document, const TSize& Size) {
 void SavePicture(TChartDocument& Document, const TJob& Job) {
   TFrame& Page = Document.Page();
   if (!IsDrawing(*Job.Picture)) {
-    Bitmap Picture(Page.Width(), Page.Height(), Job.Scale.value_or(1));
+    const float Scale = Job.Scale.value_or(1);
+    const float Longest = Scale * static_cast<float>(std::max(Page.Width(), Page.Height()));
+    if (Longest > MostPixels)
+      throw ERangeError(Format("%d pixels are too many along a side", {static_cast<std::int64_t>(Longest)}));
+    Bitmap Picture(Page.Width(), Page.Height(), Scale);
     {
       Graphics Canvas(Picture);
       Page.PaintTo(Canvas);
@@ -196,7 +210,11 @@ bool Fails(const TStep& Step) {
 
 TExitCode Run(const TJob& Job) {
   TChartDocument Document;
-  if (Fails([&] { Document.Load(Job.Source); })) return CannotRead;
+  const auto Read = [&] {
+    for (const std::string& Name : Job.Holders) Document.AddHolder(Name);
+    Document.Load(Job.Source);
+  };
+  if (Fails(Read)) return CannotRead;
   const auto Write = [&] {
     if (!Job.Picture) return Document.Save(Job.Target, Job.WithData);
     if (Job.Size) Resize(Document, *Job.Size);
