@@ -139,7 +139,8 @@ void TChartDocument::LoadXml(TStream& Stream, const std::string& Name) {
     for (const IXMLNode& Node : Nodes) {
       if (Node.NodeName() != GraphNode) continue;
       for (const char* List : {"RelatedSeries", "Markers"})
-        for (const IXMLNode& Item : Node.Node(List).ChildNodes()) TestKnown(Item.NodeName());
+        if (const IXMLNode Items = Node.FindNode(List))
+          for (const IXMLNode& Item : Items.ChildNodes()) TestKnown(Item.NodeName());
       AddGraph(Node.Attribute("Name").AsText()).ReadFrom(Node);
     }
   });
@@ -149,11 +150,14 @@ void TChartDocument::LoadIni(TStream& Stream, const std::string& Name) {
   TMemIniFile Ini;
   Ini.LoadFrom(Stream, Name);
   At(Name, [&] {
-    for (const std::string& Section : Ini.ReadSections())
-      if (Ini.ValueExists(Section, "Type")) TestKnown(Ini.ReadString(Section, "Type", {}));
-    for (const std::string& Section : Ini.ReadSections())
-      if (Ini.ValueExists(Section, "RelatedSeries.Count"))
-        AddGraph(Ini.ReadString(Section, "Name", {})).ReadFrom(Ini, Section);
+    const std::vector<std::string> Sections = Ini.ReadSections();
+    for (const std::string& Section : Sections) {
+      if (!Ini.ValueExists(Section, "RelatedSeries.Count")) continue;
+      for (const std::string& Part : Sections)
+        if (Part.starts_with(Section + ".") && Ini.ValueExists(Part, "Type"))
+          TestKnown(Ini.ReadString(Part, "Type", {}));
+      AddGraph(Ini.ReadString(Section, "Name", {})).ReadFrom(Ini, Section);
+    }
   });
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <filesystem>
 #include <iostream>
 #include <new>
@@ -161,35 +162,57 @@ TJob ParseArguments(const std::vector<std::string>& Arguments) {
 
 // --- The work -------------------------------------------------------------------------------------------------------
 
-/// A lone graph follows the page, wherever it stood in its own window.
-void Resize(TChartDocument& Document, const TSize& Size) {
-  Document.Page().SetBounds(0, 0, Size.Width, Size.Height);
-  const std::vector<TZyGraph2D*> Graphs = Document.Graphs();
-  if (Graphs.size() == 1) Graphs[0]->SetAlign(alClient);
+/// What the graphs cover of their page.
+TRect BoxOf(const TChartDocument& Document) {
+  TRect Box{TControl::MostExtent, TControl::MostExtent, -TControl::MostExtent, -TControl::MostExtent};
+  for (const TZyGraph2D* Graph : Document.Graphs()) {
+    const TRect One = Graph->BoundsRect();
+    Box = {std::min(Box.Left, One.Left), std::min(Box.Top, One.Top), std::max(Box.Right, One.Right),
+           std::max(Box.Bottom, One.Bottom)};
+  }
+  if (Box.Width() < 1 || Box.Height() < 1) throw EInvalidOperation("the chart has no extent");
+  return Box;
 }
 
-/// As the window of the chart shows it. Graphs that share an axis are one drawing, as they save themselves.
+/// Brings the graphs to a size together, in their own proportions to each other.
+void Resize(TChartDocument& Document, const TSize& Size) {
+  const TRect Box = BoxOf(Document);
+  std::vector<TRect> Places;
+  for (const TZyGraph2D* Graph : Document.Graphs()) Places.push_back(Graph->BoundsRect());
+  const auto X = [&](int Place) { return static_cast<int>(std::int64_t{Place - Box.Left} * Size.Width / Box.Width()); };
+  const auto Y = [&](int Place) {
+    return static_cast<int>(std::int64_t{Place - Box.Top} * Size.Height / Box.Height());
+  };
+  Document.Page().SetBounds(0, 0, Size.Width, Size.Height);
+  for (std::size_t Index = 0; Index < Places.size(); ++Index) {
+    const TRect& Place = Places[Index];
+    Document.Graphs()[Index]->SetBounds(X(Place.Left), Y(Place.Top), X(Place.Right) - X(Place.Left),
+                                        Y(Place.Bottom) - Y(Place.Top));
+  }
+}
+
+/// As the window of the chart shows the graphs. Those that share an axis are one drawing, as they save themselves.
 void SavePicture(TChartDocument& Document, const TJob& Job) {
-  TFrame& Page = Document.Page();
+  if (Job.Size) Resize(Document, *Job.Size);
+  const TRect Box = BoxOf(Document);
+  const auto Paint = [&](auto& Target) {
+    Graphics Canvas(Target);
+    Canvas.TranslateTransform(static_cast<float>(-Box.Left), static_cast<float>(-Box.Top));
+    Document.Page().PaintTo(Canvas);
+  };
   if (!IsDrawing(*Job.Picture)) {
     const float Scale = Job.Scale.value_or(1);
-    const float Longest = Scale * static_cast<float>(std::max(Page.Width(), Page.Height()));
+    const float Longest = Scale * static_cast<float>(std::max(Box.Width(), Box.Height()));
     if (Longest > MostPixels)
       throw ERangeError(Format("%d pixels are too many along a side", {static_cast<std::int64_t>(Longest)}));
-    Bitmap Picture(Page.Width(), Page.Height(), Scale);
-    {
-      Graphics Canvas(Picture);
-      Page.PaintTo(Canvas);
-    }
+    Bitmap Picture(Box.Width(), Box.Height(), Scale);
+    Paint(Picture);
     return Picture.Save(Job.Target);
   }
   const std::vector<TZyGraph2D*> Graphs = Document.Graphs();
   if (Graphs[0]->StackedGraphs().size() == Graphs.size()) return Graphs[0]->SaveImage(Job.Target, *Job.Picture);
-  Metafile Recording(static_cast<float>(Page.Width()), static_cast<float>(Page.Height()));
-  {
-    Graphics Canvas(Recording);
-    Page.PaintTo(Canvas);
-  }
+  Metafile Recording(static_cast<float>(Box.Width()), static_cast<float>(Box.Height()));
+  Paint(Recording);
   Recording.Save(Job.Target);
 }
 
@@ -217,7 +240,6 @@ TExitCode Run(const TJob& Job) {
   if (Fails(Read)) return CannotRead;
   const auto Write = [&] {
     if (!Job.Picture) return Document.Save(Job.Target, Job.WithData);
-    if (Job.Size) Resize(Document, *Job.Size);
     SavePicture(Document, Job);
   };
   return Fails(Write) ? CannotWrite : Done;
