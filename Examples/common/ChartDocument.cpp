@@ -164,11 +164,11 @@ void TChartDocument::LoadIni(TStream& Stream, const std::string& Name) {
 /// All curves are complete when they are stored, and belong to a graph then.
 void TChartDocument::TestComplete(TComponent& Owner) const {
   for (TComponent* Component : Owner.Components()) {
-    auto* const Series = dynamic_cast<TZySeries*>(Component);
-    if (Series == nullptr) {
+    if (!Component->ClassInfo().InheritsFrom(TZySeries::StaticClassInfo())) {
       TestComplete(*Component);
       continue;
     }
+    const auto* const Series = static_cast<const TZySeries*>(Component);
     const auto HasIt = [Series](const TZyGraph2D* Graph) { return Graph->RelatedSeries().Contains(Series); };
     if (std::ranges::none_of(FLoaded, HasIt))
       throw EInvalidOperation("the data or the axes of " + GetComponentRef(Series) + " are not in the file");
