@@ -2,8 +2,8 @@
 
 #include "gallery/Gallery.h"
 
-void zy::examples::MakeCarbonDioxide(TFrame& Page) {
-  TChartPage Chart(Page);
+void zy::examples::MakeCarbonDioxide(TChartDocument& Document) {
+  TChartPage Chart(Document);
   TZyGraph2D& Graph = Chart.AddGraph("Carbon dioxide at Mauna Loa", "Date", "CO2 in ppm");
   Graph.PrimaryXAxis()->SetScaling(TZyAxisScaling::DateTime);
   Graph.PrimaryYAxis()->SetStart(260);

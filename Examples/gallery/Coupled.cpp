@@ -2,11 +2,11 @@
 
 #include "gallery/Gallery.h"
 
-void zy::examples::MakeCoupled(TFrame& Page) {
-  TChartPage Chart(Page);
+void zy::examples::MakeCoupled(TChartDocument& Document) {
+  TChartPage Chart(Document);
   TZyGraph2D& Lower = Chart.AddGraph("", "Date", "Volume in billions");
   TZyGraph2D& Upper = Chart.AddGraph("S&P 500 in the years of the financial crisis", "", "Closing price");
-  const int Middle = Page.Height() * 6 / 10;
+  const int Middle = Document.Page().Height() * 6 / 10;
   Upper.SetAlign(alTop);
   Upper.SetHeight(Middle);
   Lower.SetAlign(alClient);

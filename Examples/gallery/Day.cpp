@@ -4,8 +4,8 @@
 
 #include "gallery/Gallery.h"
 
-void zy::examples::MakeDay(TFrame& Page) {
-  TChartPage Chart(Page);
+void zy::examples::MakeDay(TChartDocument& Document) {
+  TChartPage Chart(Document);
   TZyGraph2D& Graph = Chart.AddGraph("Seattle, normal temperatures of a day in January and in July", "Time of day",
                                      "Temperature in °C");
   TZyAxis& Times = *Graph.PrimaryXAxis();

@@ -1,49 +1,72 @@
 #pragma once
 
-#include <initializer_list>
+#include <span>
 #include <string>
 
+#include "common/ChartDocument.h"
 #include "common/CsvFile.h"
 #include "graph/ZyGraph2D.h"
-#include "platform/controls/TFrame.h"
+#include "persistence/ZyIO.h"
 #include "series/ZyPointSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 
 namespace zy::examples {
 
-/// What the charts of the gallery have in common. Page owns all that is made.
+/// What the charts of the gallery have in common. The document owns all that is made. Everything has a name: what has
+/// none is not saved.
 struct TChartPage {
-  explicit TChartPage(TFrame& APage) : Page(APage) {}
+  explicit TChartPage(TChartDocument& ADocument) : Document(ADocument) {}
 
   /// A chart with a title and the captions of its two axes, as large as the page unless its place is given.
   TZyGraph2D& AddGraph(const char* Title, const char* XCaption, const char* YCaption);
   TZyAxis& AddAxis(TZyGraph2D& Graph, TZyAxisPosition Position, const char* Caption);
-  TZyDoubleVector& AddVector() { return *new TZyDoubleVector(&Page); }
+  TZyDoubleVector& AddVector() { return Add<TZyDoubleVector>("Data"); }
   /// A series on the primary axes of the graph.
   template <class TSeries = TZyLineSeries>
   TSeries& AddSeries(TZyGraph2D& Graph, TZyDoubleVector* X, TZyDoubleVector& Y, TZyColor Color) {
-    auto* const Series = new TSeries(&Page);
-    Series->SetXAxis(Graph.PrimaryXAxis());
-    Series->SetYAxis(Graph.PrimaryYAxis());
-    Series->SetXData(X);
-    Series->SetYData(&Y);
-    Series->Line().SetColor(Color);
-    return *Series;
+    auto& Series = Add<TSeries>("Series");
+    Series.SetXAxis(Graph.PrimaryXAxis());
+    Series.SetYAxis(Graph.PrimaryYAxis());
+    Series.SetXData(X);
+    Series.SetYData(&Y);
+    Series.Line().SetColor(Color);
+    return Series;
   }
   static TCsvFile Data(const char* FileName) { return TCsvFile(std::string(ZY_EXAMPLE_DATA "/") + FileName); }
 
-  TFrame& Page;
+  TChartDocument& Document;
+
+ private:
+  /// A component under the next free name.
+  template <class TPart>
+  TPart& Add(const char* BaseName) {
+    auto* const Part = new TPart(&Document.Holder());
+    Part->SetName(UniqueName(&Document.Holder(), BaseName));
+    return *Part;
+  }
 };
 
-// The charts: each fills a page.
-void MakeShares(TFrame& Page);
-void MakeCarbonDioxide(TFrame& Page);
-void MakeWeather(TFrame& Page);
-void MakeHealth(TFrame& Page);
-void MakeDay(TFrame& Page);
-void MakeCoupled(TFrame& Page);
-void MakeSides(TFrame& Page);
-void MakeRubrics(TFrame& Page);
-void MakeZeroOrigin(TFrame& Page);
+// The charts: each fills the page of a document, whose size counts.
+void MakeShares(TChartDocument& Document);
+void MakeCarbonDioxide(TChartDocument& Document);
+void MakeWeather(TChartDocument& Document);
+void MakeHealth(TChartDocument& Document);
+void MakeDay(TChartDocument& Document);
+void MakeCoupled(TChartDocument& Document);
+void MakeSides(TChartDocument& Document);
+void MakeRubrics(TChartDocument& Document);
+void MakeZeroOrigin(TChartDocument& Document);
+
+struct TEntry {
+  const char* Name;  // of files
+  const char* Title;
+  void (*Make)(TChartDocument& Document);
+};
+
+/// All of them.
+std::span<const TEntry> Entries();
+
+/// The usual size of a page.
+constexpr int PageWidth = 900, PageHeight = 560;
 
 }  // namespace zy::examples

@@ -4,8 +4,8 @@
 
 #include "gallery/Gallery.h"
 
-void zy::examples::MakeHealth(TFrame& Page) {
-  TChartPage Chart(Page);
+void zy::examples::MakeHealth(TChartDocument& Document) {
+  TChartPage Chart(Document);
   TZyGraph2D& Graph =
       Chart.AddGraph("Income and health of nations", "Income per person in dollars", "Life expectancy in years");
   Graph.PrimaryXAxis()->SetScaling(TZyAxisScaling::Log);

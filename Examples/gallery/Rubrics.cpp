@@ -4,8 +4,8 @@
 
 #include "gallery/Gallery.h"
 
-void zy::examples::MakeRubrics(TFrame& Page) {
-  TChartPage Chart(Page);
+void zy::examples::MakeRubrics(TChartDocument& Document) {
+  TChartPage Chart(Document);
   TZyGraph2D& Graph = Chart.AddGraph("Electricity of Iowa by source", "", "Net generation in GWh");
   const TCsvFile File = TChartPage::Data("iowa-electricity.csv");
   TStringList Years;

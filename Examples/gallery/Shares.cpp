@@ -2,8 +2,8 @@
 
 #include "gallery/Gallery.h"
 
-void zy::examples::MakeShares(TFrame& Page) {
-  TChartPage Chart(Page);
+void zy::examples::MakeShares(TChartDocument& Document) {
+  TChartPage Chart(Document);
   TZyGraph2D& Graph = Chart.AddGraph("S&P 500, daily closing prices", "Date", "Price in points");
   Graph.PrimaryXAxis()->SetScaling(TZyAxisScaling::DateTime);
   TZyAxis& LogAxis = Chart.AddAxis(Graph, TZyAxisPosition::Right, "Price in points, logarithmic");

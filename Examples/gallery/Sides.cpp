@@ -5,8 +5,8 @@
 
 #include "gallery/Gallery.h"
 
-void zy::examples::MakeSides(TFrame& Page) {
-  TChartPage Chart(Page);
+void zy::examples::MakeSides(TChartDocument& Document) {
+  TChartPage Chart(Document);
   TZyGraph2D& Graph = Chart.AddGraph("Four sides", "Angle in degrees", "Sine");
   TZyAxis& Top = Chart.AddAxis(Graph, TZyAxisPosition::Top, "Angle in grads");
   Top.SetMasterAxis(Graph.PrimaryXAxis());

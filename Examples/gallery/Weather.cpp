@@ -2,8 +2,8 @@
 
 #include "gallery/Gallery.h"
 
-void zy::examples::MakeWeather(TFrame& Page) {
-  TChartPage Chart(Page);
+void zy::examples::MakeWeather(TChartDocument& Document) {
+  TChartPage Chart(Document);
   TZyGraph2D& Graph = Chart.AddGraph("Seattle, 2012", "Date", "Temperature in °C");
   Graph.PrimaryXAxis()->SetScaling(TZyAxisScaling::DateTime);
   TZyAxis& Rain = Chart.AddAxis(Graph, TZyAxisPosition::Right, "Precipitation in mm");

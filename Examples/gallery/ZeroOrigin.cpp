@@ -2,8 +2,8 @@
 
 #include "gallery/Gallery.h"
 
-void zy::examples::MakeZeroOrigin(TFrame& Page) {
-  TChartPage Chart(Page);
+void zy::examples::MakeZeroOrigin(TChartDocument& Document) {
+  TChartPage Chart(Document);
   TZyGraph2D& Graph = Chart.AddGraph(R"(y = (\ix\i\+3\+ - 4\ix\i) / 2)", "x", "y");
   Graph.SetZeroOrigin(true);
   for (TZyAxis* Axis : Graph.Axes()) {

@@ -27,7 +27,7 @@ void TZyUndoLog::Clear() {
   if (FRecords.empty() && FEnd == 0 && FGroupLevel == 0) return;
   FRecords.clear();
   FEntries.clear();
-  FFirstRecord = FStreamStart = FEnd = 0;
+  FFirstRecord = FFirstEntry = FStreamStart = FEnd = 0;
   FCurrentRecord = FCurrentEntry = -1;
   FGroupLevel = 0;
   FStream->SetSize(0);
@@ -88,6 +88,7 @@ void TZyUndoLog::CutOldest(TStream& Scratch) {
   FEntries.pop_front();
   FRecords.erase(FRecords.begin(), FRecords.begin() + Dropped);
   FFirstRecord += Dropped;
+  ++FFirstEntry;
   FCurrentRecord -= Dropped;
   --FCurrentEntry;
   const std::int64_t Dead = FRecords.front() - FStreamStart;

@@ -44,6 +44,8 @@ class TZyUndoLog {
   /// Index of the last live entry and record, -1 when there is none.
   int CurrentEntry() const { return FCurrentEntry; }
   int CurrentRecord() const { return FCurrentRecord; }
+  /// Entries up to the last live one, those that were dropped for their age included.
+  std::int64_t LiveEntries() const { return FFirstEntry + FCurrentEntry + 1; }
   int FirstRecord(int Entry) const { return static_cast<int>(FEntries[Index(Entry)] - FFirstRecord); }
   int LastRecord(int Entry) const;
   /// Label of an entry, read back from the log.
@@ -76,10 +78,12 @@ class TZyUndoLog {
   std::unique_ptr<TStream> FStream;
   std::unique_ptr<TReader> FReader;
   std::unique_ptr<TWriter> FWriter;
-  // Places and record numbers count on over cuts; FStreamStart and FFirstRecord are those of the oldest that is kept.
+  // Places and record numbers count on over cuts; FStreamStart, FFirstRecord and FFirstEntry are those
+  // of the oldest that is kept.
   std::deque<std::int64_t> FRecords;  // place of each record
   std::deque<std::int64_t> FEntries;  // number of the first record of each entry
   std::int64_t FFirstRecord = 0;
+  std::int64_t FFirstEntry = 0;
   std::int64_t FStreamStart = 0;
   std::int64_t FEnd = 0;  // behind the last complete record
   int FCurrentRecord = -1;

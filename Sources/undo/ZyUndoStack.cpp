@@ -79,6 +79,7 @@ template <class TPayload>
 void TZyUndoStack::Push(std::string_view Comment, TZyUndoToken Token, const TPayload& WritePayload) {
   InitStreams();
   FRedo.Clear();
+  if (FUndo.LiveEntries() < FSavedAt) FSavedAt = NoWayBack;
   FUndo.Begin(Comment);
   try {
     WriteToken(FUndo.Writer(), Token);
@@ -170,6 +171,7 @@ void TZyUndoStack::SetLimit(int Value) {
 void TZyUndoStack::Clear() {
   FMustClear = FRestoring;
   if (FMustClear) return;
+  FSavedAt = Saved() ? 0 : NoWayBack;
   InitStreams();
   FUndo.Clear();
   FRedo.Clear();
@@ -400,6 +402,7 @@ bool TZyUndoStack::Replay(TZyUndoLog& Log, int ToIndex, void (TZyUndoStack::*Rep
     if (&Log == &FRedo) FUndo.MoveTo(std::min(FUndo.CurrentEntry() + Steps, FUndo.EntryCount() - 1));
   } catch (...) {
     FMustClear = true;  // half a step must not stay
+    FSavedAt = NoWayBack;
   }
   if (FMustClear) Clear();
   return true;

@@ -95,6 +95,12 @@ class TZyUndoStack : public TComponent {
   /// Forgets everything; from inside a replay, at its end.
   void Clear();
 
+  /// Notes that everything is saved as it is now.
+  void MarkSaved() { FSavedAt = FUndo.LiveEntries(); }
+  /// Whether the steps that are logged, undone and redone lead back to where MarkSaved was called, or to the empty
+  /// stack without it. False for good when there is no such way any more, until it is called again.
+  bool Saved() const { return FUndo.LiveEntries() == FSavedAt; }
+
  private:
   friend class TZyUndoList;
   friend class TZyRedoList;
@@ -139,6 +145,8 @@ class TZyUndoStack : public TComponent {
   bool FMustClear = false;  // at the end of the replay
   bool FToMemoryStream = true;
   int FLimit = 20;
+  static constexpr std::int64_t NoWayBack = -1;
+  std::int64_t FSavedAt = 0;  // live entries at MarkSaved
   std::filesystem::path FUndoFileName, FRedoFileName, FScratchName;
   std::string FCurrentUndoComment;       // label of the entry that is being written or replayed
   std::string FCurrentInstanceFullName;  // reference text last read

@@ -1,15 +1,13 @@
 // The first chart as a user runs it: a program with files in and a picture out.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <QImage>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
+#include "examples/RunProgram.h"
 #include "framework/Bytes.h"
 
 namespace zy {
@@ -19,11 +17,9 @@ class FirstChartTest : public ::testing::Test {
  protected:
   /// Runs the program and returns its exit code; what it printed is in Output.
   int Run(const std::string& FileName) {
-    std::FILE* const Pipe = popen((ZY_FIRST_CHART " " + FileName + " " + Picture + " 2>&1").c_str(), "r");
-    Output.clear();
-    for (int Character = std::fgetc(Pipe); Character != EOF; Character = std::fgetc(Pipe))
-      Output += static_cast<char>(Character);
-    return WEXITSTATUS(pclose(Pipe));
+    testing::TRun Done = testing::RunProgram(ZY_FIRST_CHART, FileName + " " + Picture);
+    Output = std::move(Done.Output);
+    return Done.ExitCode;
   }
   int RunWith(const std::string& Content) {
     std::ofstream(Csv, std::ios::binary) << Content;

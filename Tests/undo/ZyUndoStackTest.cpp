@@ -223,6 +223,7 @@ TEST_F(ZyUndoStackTest, AFailingStepClearsTheStackAndIsTold) {
     EXPECT_FALSE(Stack.Restoring());
     EXPECT_EQ(Stack.UndoCount() + Stack.RedoCount(), 0);
     EXPECT_EQ(OnCount, InRedo ? 2 : 1);
+    EXPECT_FALSE(Stack.Saved());  // nobody knows what half a step left behind
     Sample.Refuses = false;
     SetMood(5);  // goes on from there
     EXPECT_EQ(Stack.UndoList().Count(), 1);
@@ -289,6 +290,8 @@ TEST_F(ZyUndoStackTest, ListsAndValuesAreRightAtEachStepForEveryLimit) {
     // What there should be: the labels of all steps, the value before the first and behind each, how many are done.
     TLabels Steps;
     std::vector<int> Values{Sample.Whole()};
+    std::vector<int> States{-1};  // the step behind which each was
+    int SavedState = -1;
     std::size_t Done = 0;
     std::mt19937 Random(static_cast<unsigned>(Limit));
     const auto Roll = [&](unsigned Count) { return static_cast<int>(Random() % Count); };
@@ -305,9 +308,12 @@ TEST_F(ZyUndoStackTest, ListsAndValuesAreRightAtEachStepForEveryLimit) {
         for (int Group = 0; Group < Depth; ++Group) Log.StopGroup();
         Values.resize(Done);
         Values.push_back(Sample.Whole());
+        States.resize(Done);
+        States.push_back(Step);
         if (Limit > 0 && Done > static_cast<std::size_t>(Limit)) {
           Steps.erase(Steps.begin());
           Values.erase(Values.begin());
+          States.erase(States.begin());
           --Done;
         }
       } else {
@@ -317,11 +323,16 @@ TEST_F(ZyUndoStackTest, ListsAndValuesAreRightAtEachStepForEveryLimit) {
         IsUndo ? Log.Undo(static_cast<int>(Count) - 1) : Log.Redo(static_cast<int>(Count) - 1);
         Done = IsUndo ? Done - Count : Done + Count;
       }
+      if (Roll(10) == 0) {
+        Log.MarkSaved();
+        SavedState = States[Done];
+      }
       SCOPED_TRACE(::testing::Message() << "limit " << Limit << ", step " << Step);
       const auto Now = Steps.begin() + static_cast<std::ptrdiff_t>(Done);
       ASSERT_EQ(LabelsOf(Log.UndoList()), TLabels(std::reverse_iterator(Now), Steps.rend()));
       ASSERT_EQ(LabelsOf(Log.RedoList()), TLabels(Now, Steps.end()));
       ASSERT_EQ(Sample.Whole(), Values[Done]);
+      ASSERT_EQ(Log.Saved(), States[Done] == SavedState);
     }
   }
 }

@@ -1,4 +1,4 @@
-#include "platform/controls/TSaveDialog.h"
+#include "platform/controls/TFileDialog.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -31,11 +31,12 @@ QString ExtensionOf(const QString& Kind) {
 
 }  // namespace
 
-bool TSaveDialog::Execute(TWinControl* Above) {
+bool TFileDialog::Ask(TWinControl* Above, bool ToSave) {
   if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
     throw EInvalidOperation(Format(LoadResString(_sWidgetNeedsApplication), {Title}));
   QFileDialog Dialog(Above != nullptr ? Above->Widget()->window() : nullptr, ToQString(Title));
-  Dialog.setAcceptMode(QFileDialog::AcceptSave);
+  Dialog.setAcceptMode(ToSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  if (!ToSave) Dialog.setFileMode(QFileDialog::ExistingFile);
   const QStringList Names = Kinds(Filter);
   if (!Names.isEmpty()) {
     Dialog.setNameFilters(Names);
