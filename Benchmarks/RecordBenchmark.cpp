@@ -89,6 +89,19 @@ void Count(benchmark::State& State, std::int64_t Values) {
   std::filesystem::remove(File());
 }
 
+/// Into a new form each time, which is made and freed outside of the measure.
+void LoadEachTime(benchmark::State& State, TForm3 Form) {
+  for (auto _ : State) {
+    State.PauseTiming();
+    auto Chart = std::make_unique<TChart>();
+    State.ResumeTiming();
+    Load(*Chart, Form);
+    State.PauseTiming();
+    Chart.reset();
+    State.ResumeTiming();
+  }
+}
+
 /// One series of 1,000,000 points. Argument: the form.
 constexpr int Million = 1000000;
 void SaveMillion(benchmark::State& State) {
@@ -102,15 +115,7 @@ BENCHMARK(SaveMillion)->ArgName("form")->DenseRange(Stream, Ini)->Unit(benchmark
 void LoadMillion(benchmark::State& State) {
   const auto Form = static_cast<TForm3>(State.range(0));
   Save(TChart(1, Million), Form);
-  for (auto _ : State) {
-    State.PauseTiming();
-    auto Chart = std::make_unique<TChart>();
-    State.ResumeTiming();
-    Load(*Chart, Form);
-    State.PauseTiming();
-    Chart.reset();
-    State.ResumeTiming();
-  }
+  LoadEachTime(State, Form);
   Count(State, 2 * Million);
 }
 BENCHMARK(LoadMillion)->ArgName("form")->DenseRange(Stream, Ini)->Unit(benchmark::kMillisecond);
@@ -161,15 +166,7 @@ void SaveMany(benchmark::State& State) {
 void LoadMany(benchmark::State& State) {
   const auto Form = static_cast<TForm3>(State.range(0));
   Save(TChart(static_cast<int>(State.range(1)), 100), Form);
-  for (auto _ : State) {
-    State.PauseTiming();
-    auto Chart = std::make_unique<TChart>();
-    State.ResumeTiming();
-    Load(*Chart, Form);
-    State.PauseTiming();
-    Chart.reset();
-    State.ResumeTiming();
-  }
+  LoadEachTime(State, Form);
   Count(State, 200 * State.range(1));
 }
 void Numbers(benchmark::internal::Benchmark* Cases) {

@@ -232,8 +232,9 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   bool DoingPrimary() const override { return FDoingPrimary; }
   /// The vectors, axes, series, legends and markers of the graph that have a name, each before what refers to it, and
   /// then the graph's own settings. A reader takes out all series and frees all markers; of series those that were
-  /// stored and are complete come back, in their order. What it does not know it leaves out where the form allows it.
-  /// It throws EReadError when a name stands for an object of another kind, or its owner cannot be found.
+  /// stored and are complete come back, in their order; the others wait for what they lack, and are stored again. What
+  /// it does not know it leaves out where the form allows it. It throws EReadError when a name stands for an object of
+  /// another kind, or its owner cannot be found.
   void Fields(TZyArchive& Archive) override;
   /// While the graph reads its record; axes ignore changes of ranges then.
   bool LoadingRecord() const override { return FLoadingRecord; }
@@ -341,6 +342,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   TRect FLastClip;  // of the previous paint
   RectF FDrawingArea;
   TRefList<TZyAxis> FAxesToTest{this};  // whose data may be others than was stored of them, when a record was read
+  TRefList<TZySeries> FIncompleteSeries{this};  // that were read, and lack data or axes; they are stored again
   TRefList<TZySeries> FRelatedSeries{this, &TZyGraph2D::RemoveRelatedSeries};
   TZyGraphCoupling FCoupling{*this};
   TZyGraphZoom FStages{*this};

@@ -1,6 +1,7 @@
 // The lists in the record of a graph, and how a reader finds or makes what stands in them.
 
 #include <limits>
+#include <memory>
 #include <unordered_set>
 
 #include "graph/ZyGraph2D.h"
@@ -76,6 +77,8 @@ void TZyGraphRecord::Lists() {
   TRecords Series;
   for (TZySeries* One : FGraph.RelatedSeries())
     if (IsStored(*One)) Series.push_back(One);
+  for (TZySeries* One : FGraph.FIncompleteSeries)
+    if (IsStored(*One) && !One->HasGraph()) Series.push_back(One);
   if (FArchive.IsReading()) TakeOutSeries();
   FArchive.Records("RelatedSeries", Series, true, By(&TZyGraphRecord::ReadSeries));
   if (FArchive.IsReading()) CalculateSeries();
@@ -147,6 +150,7 @@ void TZyGraphRecord::TakeOutSeries() {
     Series->LeaveGraph();
   }
   FGraph.FRelatedSeries.Clear();
+  FGraph.FIncompleteSeries.Clear();
 }
 
 /// The ranges of axes are stored with the graph that holds them. Those of other graphs, of data that a database may
@@ -181,6 +185,7 @@ void TZyGraphRecord::ReadSeries(const TZyIdentity& Who, const TReadObject& Read)
   Read(*Series);
   Series->TestAllAssigned();
   Series->TestVisibleChanged();
+  if (!Series->HasGraph()) FGraph.FIncompleteSeries.Add(Series);
 }
 
 /// When all are there: the range of a curve may depend on what else stands on its axis. A curve that cannot be computed

@@ -205,6 +205,8 @@ class TZySeries : public TComponent,
   virtual void TestVisibleChanged();
   /// Joins or leaves graph and axes, as the references allow.
   void TestAllAssigned() override;
+  /// Whether it stands in the list of a graph.
+  bool HasGraph() const { return Graph() != nullptr; }
   /// Leaves graph and axes, to which the references go on to stand, until TestAllAssigned runs again.
   void LeaveGraph();
   /// Takes the primary axes of a graph as they are.

@@ -32,11 +32,12 @@ inline std::string Written(const TZyGraph2D& Graph, TForm3 Form, bool SaveData =
   return Ini.SaveToText();
 }
 
-inline void Read(TZyGraph2D& Graph, TForm3 Form, std::string_view Text) {
+/// Whole tells that nothing of the text may be left over.
+inline void Read(TZyGraph2D& Graph, TForm3 Form, std::string_view Text, bool Whole = true) {
   if (Form == TForm3::Stream) {
     TMemoryStream Stream(AsBytes(Text));
     Graph.ReadFrom(Stream);
-    EXPECT_EQ(Stream.Remaining(), 0);
+    EXPECT_TRUE(Stream.Remaining() == 0 || !Whole);
   } else if (Form == TForm3::Xml) {
     TXMLDocument Document("Chart");
     Document.LoadFromText(Text);

@@ -1,4 +1,4 @@
-// A small chart in the three forms: its bytes, and a file that cannot be written.
+// A small chart in the three forms: its bytes, older records of it, broken ones, and files that cannot be written.
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -8,7 +8,11 @@
 #include <fstream>
 #include <sstream>
 
+#include "framework/Errors.h"
+#include "graph/ChartStubs.h"
 #include "persistence/ChartForms.h"
+#include "persistence/ZyStreamArchive.h"
+#include "undo/ZyUndoStack.h"
 
 namespace zy::testing {
 namespace {
@@ -76,6 +80,157 @@ TEST(ZySmallChartTest, FilesHoldWhatTheTablesSay) {
     Loaded.Graph->SetName("Chart");
     Read(*Loaded.Graph, Form, Stored(Form));
     EXPECT_TRUE(Same(Written(*Loaded.Graph, Form), Stored(Form)));
+  }
+}
+
+/// Its data are not there in an empty form: the series wait, and are not lost.
+TEST(ZySmallChartTest, SeriesWithoutTheirDataAreStoredAgain) {
+  const std::string Text = Written(*TSmallChart().Graph, TForm3::Stream, false);
+  const TGraphPair Loaded(false);
+  Loaded.Graph->SetName("Chart");
+  Read(*Loaded.Graph, TForm3::Stream, Text);
+  auto* const Series = dynamic_cast<TZySeries*>(Loaded.Form.FindComponent("Line"));
+  ASSERT_NE(Series, nullptr);
+  EXPECT_TRUE(Loaded.Graph->RelatedSeries().empty());
+  EXPECT_NE(Written(*Loaded.Graph, TForm3::Stream, false).find("TZyLineSeries"), std::string::npos);
+  auto* const Data = new TZyDoubleVector(Series);
+  Data->AddRange(std::vector<double>{1, 2});
+  Series->SetYData(Data);
+  EXPECT_EQ(Loaded.Graph->SeriesCount(), 1);
+  const std::string Again = Written(*Loaded.Graph, TForm3::Stream, false);
+  EXPECT_EQ(Again.find("TZyLineSeries"), Again.rfind("TZyLineSeries"));
+}
+
+/// Notes where the groups of one record begin and end, without what is nested in it.
+class TGroupNoter : public TZyStreamWriter {
+ public:
+  explicit TGroupNoter(TMemoryStream& Stream) : TZyStreamWriter(Stream), FStream(Stream) {}
+  bool NextGroup() override {
+    if (FNested == 0) Groups.push_back({Place(), 0});
+    return TZyStreamWriter::NextGroup();
+  }
+  void EndRecord() override {
+    if (FNested == 0)
+      for (auto& [Begin, End] : Groups) End = End == 0 ? Place() : End;
+    TZyStreamWriter::EndRecord();
+  }
+  std::vector<std::pair<std::size_t, std::size_t>> Groups;  // the byte in front of each, and the last one of its chain
+
+ protected:
+  bool Enter(const TZyScope& Scope) override {
+    const bool IsRecord = Scope.Kind == TZyScope::Record || Scope.Kind == TZyScope::ListedRecord;
+    FAreNested.push_back(Scope.Object != nullptr || IsRecord);
+    FNested += FAreNested.back() ? 1 : 0;
+    return true;
+  }
+  void Leave() override {
+    FNested -= FAreNested.back() ? 1 : 0;
+    FAreNested.pop_back();
+  }
+
+ private:
+  std::size_t Place() const { return static_cast<std::size_t>(FStream.Position()); }
+  TMemoryStream& FStream;
+  std::vector<bool> FAreNested;
+  int FNested = 0;
+};
+
+/// What stands from a group to the end of its chain.
+std::string GroupOf(TZyRecord& Object, std::size_t Nr) {
+  TMemoryStream Bytes;
+  TGroupNoter Noter(Bytes);
+  Object.Fields(Noter);
+  const auto [Begin, End] = Noter.Groups.at(Nr);
+  return AsText(Bytes).substr(Begin, End - Begin);
+}
+
+/// A record that ends in front of a group is one of an older writer.
+TEST(ZySmallChartTest, OlderRecordsLeaveLaterFieldsAlone) {
+  std::mt19937 Random(3);
+  TSmallChart Chart;
+  TZyAreaSettings Areas[2] = {TZyAreaSettings(nullptr), TZyAreaSettings(nullptr)};
+  TZyLineSettings Lines[2] = {TZyLineSettings(nullptr), TZyLineSettings(nullptr)};
+  std::vector<std::pair<TZyRecord*, TZyRecord*>> Pairs = {
+      {Chart.Graph, Chart.Other}, {&Areas[0], &Areas[1]}, {&Lines[0], &Lines[1]}};
+  Pairs.emplace_back(Chart.Graph->PrimaryXAxis(), Chart.AddAxis("Read", TZyAxisPosition::Top, {0, 0, 9, 9}));
+  const auto Filled = Chart.AddOfEachKind(""), Empty = Chart.AddOfEachKind("Read");
+  for (std::size_t i = 0; i < Filled.size(); ++i) Pairs.emplace_back(Filled[i], Empty[i]);
+  for (const auto& [Source, Target] : Pairs) {
+    SCOPED_TRACE(Source->RecordName());
+    std::vector<TPersistent*> Objects;
+    Collect(dynamic_cast<TPersistent&>(*Source), Objects);
+    for (TPersistent* Object : Objects)
+      for (const TPropInfo* Info : Object->ClassInfo().Properties())
+        if (Info->Name != std::string_view("Name")) SetAtRandom(*Object, *Info, Chart.Form, Random);
+    TMemoryStream Bytes;
+    TGroupNoter Noter(Bytes);
+    Source->Fields(Noter);
+    ASSERT_FALSE(Noter.Groups.empty());
+    for (std::size_t Nr = 0; Nr < Noter.Groups.size(); ++Nr) {
+      const auto [Begin, End] = Noter.Groups[Nr];
+      const std::string Before = GroupOf(*Target, Nr);
+      const std::string Old = AsText(Bytes).substr(0, Begin) + '\0' + AsText(Bytes).substr(End + 1);
+      TMemoryStream Stream(AsBytes(Old));
+      Target->ReadFrom(Stream);
+      EXPECT_EQ(Stream.Remaining(), 0);
+      EXPECT_TRUE(Same(GroupOf(*Target, Nr), Before)) << "group " << Nr;
+    }
+  }
+}
+
+/// Stored charts with a fault in one place: cut off, another byte, another value of a key or an attribute.
+std::vector<std::string> Broken(TForm3 Form, const std::string& Text) {
+  std::vector<std::string> Result;
+  for (std::size_t At = 0; At < Text.size(); At += Form == TForm3::Stream ? 3 : 97)
+    Result.push_back(Text.substr(0, At));
+  if (Form == TForm3::Stream) {
+    for (std::size_t At = 0; At < Text.size(); At += 2)
+      for (const char* Bytes : {"\xFF", "\x7F\xFF", "\xFF\xFF\xFF\x7F"})
+        Result.push_back(std::string(Text).replace(At, std::string_view(Bytes).size(), Bytes));
+    return Result;
+  }
+  for (std::size_t At = 0; (At = Text.find('=', At)) != std::string::npos; ++At) {
+    const std::size_t From = At + (Form == TForm3::Xml ? 2 : 1),
+                      End = Text.find(Form == TForm3::Xml ? '"' : '\n', From);
+    for (const char* Value : {"", "x", "-1", "99999999999", "nan", "1e999", "Form.XAxis", "Form"})
+      Result.push_back(std::string(Text).replace(From, End - From, Value));
+  }
+  return Result;
+}
+
+TEST(ZySmallChartTest, BrokenRecordsLeaveAChartThatCanBeUsed) {
+  for (const TForm3 Form : AllForms) {
+    const std::string Text = Stored(Form);
+    auto Chart = std::make_unique<TSmallChart>();
+    auto Stack = std::make_unique<TZyUndoStack>(&Chart->Form);
+    Chart->Graph->SetUndoStack(Stack.get());
+    int Failed = 0, Nr = 0;
+    for (const std::string& Fault : Broken(Form, Text)) {
+      SCOPED_TRACE("form " + std::to_string(static_cast<int>(Form)) + ", case " + std::to_string(Nr++));
+      try {
+        Read(*Chart->Graph, Form, Fault, false);
+      } catch (const EXMLError&) {
+        ++Failed;
+      } catch (const EIniFileError&) {
+        ++Failed;
+      } catch (const Exception& Error) {
+        ++Failed;
+        EXPECT_NE(std::string(Error.what()).find("TZyGraph2D Chart"), std::string::npos) << Error.what();
+      }
+      ASSERT_FALSE(Chart->Graph->LoadingRecord());
+      Chart->Graph->SetBounds(20, 10, 300, 200);
+      TSampleChart::Paint(*Chart->Graph);
+      const std::string After = Written(*Chart->Graph, TForm3::Stream);
+      while (Stack->CanUndo()) Stack->Undo();
+      TSampleChart::Paint(*Chart->Graph);
+      while (Stack->CanRedo()) Stack->Redo();
+      if (Nr % 50 == 0) {
+        Stack->Clear();
+        Read(*Chart->Graph, Form, Text);
+        TSampleChart::Paint(*Chart->Graph);
+      }
+    }
+    EXPECT_GT(Failed, 400);
   }
 }
 
