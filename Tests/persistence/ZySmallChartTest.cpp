@@ -147,12 +147,11 @@ std::string GroupOf(TZyRecord& Object, std::size_t Nr) {
 /// A record that ends in front of a group is one of an older writer.
 TEST(ZySmallChartTest, OlderRecordsLeaveLaterFieldsAlone) {
   std::mt19937 Random(3);
-  TSmallChart Chart;
+  TGraphPair Chart(true);
   TZyAreaSettings Areas[2] = {TZyAreaSettings(nullptr), TZyAreaSettings(nullptr)};
   TZyLineSettings Lines[2] = {TZyLineSettings(nullptr), TZyLineSettings(nullptr)};
   std::vector<std::pair<TZyRecord*, TZyRecord*>> Pairs = {
-      {Chart.Graph, Chart.Other}, {&Areas[0], &Areas[1]}, {&Lines[0], &Lines[1]}};
-  Pairs.emplace_back(Chart.Graph->PrimaryXAxis(), Chart.AddAxis("Read", TZyAxisPosition::Top, {0, 0, 9, 9}));
+      {Chart.Graph, Chart.Other}, {Chart.X, Chart.Y}, {&Areas[0], &Areas[1]}, {&Lines[0], &Lines[1]}};
   const auto Filled = Chart.AddOfEachKind(""), Empty = Chart.AddOfEachKind("Read");
   for (std::size_t i = 0; i < Filled.size(); ++i) Pairs.emplace_back(Filled[i], Empty[i]);
   for (const auto& [Source, Target] : Pairs) {
