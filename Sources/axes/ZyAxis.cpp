@@ -135,7 +135,17 @@ TZyAxis::~TZyAxis() {
   if (IZyAxisGraph* const Parent = Graph(); Parent != nullptr && !Parent->Control().IsDestroying()) Parent->Modified();
 }
 
-IZyAxisGraph* TZyAxis::Graph() const { return dynamic_cast<IZyAxisGraph*>(Parent()); }
+/// Asked thousands of times in a layout, so that the cast is made once for each parent. One that dies has another class
+/// from there on.
+IZyAxisGraph* TZyAxis::Graph() const {
+  TWinControl* const Present = Parent();
+  if (Present == nullptr || Present->IsDestroying()) return dynamic_cast<IZyAxisGraph*>(Present);
+  if (Present != FCastParent) {
+    FGraph = dynamic_cast<IZyAxisGraph*>(Present);
+    FCastParent = Present;
+  }
+  return FGraph;
+}
 
 /// Undo and records write what was there: no limit and no dependence on another property changes it then.
 bool TZyAxis::Restoring() const { return LoadingRecord() || (FUndo != nullptr && FUndo->Restoring()); }
@@ -173,6 +183,7 @@ void TZyAxis::FontChanged() {
 
 void TZyAxis::SetParent(TWinControl* Value) {
   if (Value == Parent()) return;
+  FCastParent = nullptr;  // a new parent may stand where a dead one stood
   TGraphicControl::SetParent(Value);
   if (IsDestroying()) return;
   for (IZyAxisSeries* Series : FRelatedSeries) Series->TestAllAssigned();

@@ -444,7 +444,9 @@ class TZyAxis : public TGraphicControl, public TZyRecord, public IZyUndoUser {
   TZyUndoLink FUndo{this, &TZyAxis::SetUndoStack, FArrowPoint};
   bool FNeedsRecalculate = true;
   bool FIsSlaveAxis = false;
-  bool FSettingColor = false;  // a colour alone needs no layout
+  bool FSettingColor = false;                        // a colour alone needs no layout
+  mutable const TWinControl* FCastParent = nullptr;  // whose cast to a graph FGraph is
+  mutable IZyAxisGraph* FGraph = nullptr;
   bool FReadsRecord = false;
   bool FReadsRange = true;  // when it does
   bool FTickColorFollows = true;
