@@ -225,9 +225,10 @@ TEST(Drawing, TheBandsOfALeaningLyingCylinderLieAlongItsSide) {
   for (const int Row : {1, 4, 8, 12, 17, 18})
     for (const int X : {40, 90}) {
       const double Way = (Row + 5) / (22 * std::sqrt(1 + 1.0 / 16));
-      const auto* const To = std::find_if(Shades, std::end(Shades), [=](auto& Shade) { return Shade.first > Way; });
-      const auto& [From, Shade] = *(To - 1);
-      const double Expected = Shade + (To->second - Shade) * (Way - From) / (To->first - From);
+      std::size_t To = 1;
+      while (Shades[To].first <= Way) ++To;
+      const auto [From, Shade] = Shades[To - 1];
+      const double Expected = Shade + (Shades[To].second - Shade) * (Way - From) / (Shades[To].first - From);
       EXPECT_NEAR(GetR(Cylinder.GetPixel(X, 20 + Row)), Expected, 3) << Row << " " << X;
     }
 }
