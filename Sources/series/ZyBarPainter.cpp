@@ -39,6 +39,7 @@ TZyBarPainter::TZyBarPainter(Graphics& Gr, const std::vector<TZyBars*>& Bars)
   for (const auto& Entry : FEntries) {
     const TRange Range =
         Entry->IsPlain && !Entry->Bars.HasLabels() ? VisibleBars(Entry->Bars) : TRange{0, Entry->Bars.Points().size()};
+    FHasEvents = FHasEvents || !Entry->IsPlain;
     Entry->First = Range.First;
     Entry->Last = Range.Last;
   }
@@ -79,7 +80,7 @@ void TZyBarPainter::Paint() {
 
 /// Whatever handlers did to the data meanwhile, bars that are gone are left out.
 void TZyBarPainter::PaintBar(TEntry& Entry, std::size_t Bar) {
-  TZyPointLook::TestAlive(Entry.Handle);
+  if (FHasEvents) TZyPointLook::TestAlive(Entry.Handle);
   TZyBars& Bars = Entry.Bars;
   if (Bars.RecalculatePoints() || Bar >= Bars.Points().size() || Bars.IsEmpty(Bar)) return;
   const RectF Rect = Bars.RectOf(Bar);

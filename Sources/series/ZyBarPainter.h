@@ -51,6 +51,7 @@ class TZyBarPainter {
 
   Graphics& FGr;
   bool FIsHorizontal;
+  bool FHasEvents = false;
   std::vector<std::unique_ptr<TEntry>> FEntries;
   std::vector<TLine> FColumn, FSeen;  // kept for their memory
   float FColumnAt = 0;

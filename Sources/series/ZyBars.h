@@ -184,6 +184,9 @@ class TZyBars : public TZySeries, public IZySolidSeries {
   bool HasValue(int Idx) const;
   double OwnValue(int Idx) const;
   double EndOf(int Idx, const TBarsList& Below) const;
+  void AddValues(std::span<double> Ends) const;
+  void TakeEnds(const TBarsList& Below);
+  void TakeEdges();
 
   // Pixels.
   void TakeBars(const TBarsList& Below);
@@ -223,6 +226,8 @@ class TZyBars : public TZySeries, public IZySolidSeries {
   TZyBoundTexts FCaptions;
   TZyGetLabelEventHandler mGetLabel;
   TZyPointVector FBottomRight;
+  std::vector<double> FEnds, FEdges;  // of the bars on their axes, as they were taken last; kept for their memory
+  std::vector<float> FEndPixels, FEdgePixels;
   float FNarrowest = 0;       // width of the narrowest class without its gap, in pixels
   float FLastWidth = 0;       // that of the last class
   bool FIsAscending = false;  // no class runs backwards

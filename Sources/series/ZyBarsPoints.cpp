@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "graph/parts/ZySeriesGraph.h"
 #include "graph/shapes/ZyDrawing.h"
@@ -61,15 +62,47 @@ void TZyBars::Calculate() {
   TZySeries::Calculate();
 }
 
+/// Adds the values of bars without outliers and gaps in one go.
+void TZyBars::AddValues(std::span<double> Ends) const {
+  const std::span<const double> Data = Values()->Values();
+  const int Number = std::min(static_cast<int>(Ends.size()), static_cast<int>(Data.size()));
+  const bool IsWhole = !HasOwnClasses() || (Classes().Count() >= Number && !Classes()->GetHasGaps());
+  if (Data.empty() || !IsWhole || Values().IsTransformed() || NextOutlier(0) < Number) {
+    for (std::size_t i = 0; i < Ends.size(); ++i) Ends[i] += OwnValue(static_cast<int>(i));
+    return;
+  }
+  for (std::size_t i = 0; i < static_cast<std::size_t>(Number); ++i) Ends[i] += std::isfinite(Data[i]) ? Data[i] : 0;
+}
+
+void TZyBars::TakeEnds(const TBarsList& Below) {
+  FEnds.assign(static_cast<std::size_t>(Count()), 0);
+  AddValues(FEnds);
+  for (const TZyBars* Bars : Below) Bars->AddValues(FEnds);
+}
+
+/// Boundaries without a value are not-a-number here.
+void TZyBars::TakeEdges() {
+  FEdges.resize(static_cast<std::size_t>(Count()) + 1);
+  if (!HasOwnClasses() && !Classes().IsTransformed()) {
+    std::iota(FEdges.begin(), FEdges.end(), 0.0);
+    return;
+  }
+  for (int i = 0; i <= Count(); ++i)
+    FEdges[static_cast<std::size_t>(i)] = HasBoundary(i) ? BoundaryAt(i) : std::numeric_limits<double>::quiet_NaN();
+}
+
 /// Bars grow from 0, so that the range of their values has it.
 void TZyBars::TakeRanges(TRange& X, TRange& Y) {
   TRange &AlongClasses = FBarsHorizontal ? Y : X, &AlongValues = FBarsHorizontal ? X : Y;
-  const TBarsList Others = Below();
-  for (int i = 0; i <= Count(); ++i)
-    if (HasBoundary(i)) AlongClasses.Take(BoundaryAt(i));
-  for (int i = 0; i < Count(); ++i)
-    if (HasValue(i)) AlongValues.Take(EndOf(i, Others));
-  if (!AlongValues.IsEmpty()) AlongValues.Take(0);
+  TakeEdges();
+  for (const double Edge : FEdges) AlongClasses.Take(Edge);
+  bool HasAny = false;
+  for (int i = 0; i < Count() && !HasAny; ++i) HasAny = HasValue(i);
+  if (HasAny) {
+    TakeEnds(Below());
+    for (const double End : FEnds) AlongValues.Take(End);
+    AlongValues.Take(0);
+  }
   TellAbove();
 }
 
@@ -110,43 +143,49 @@ void TZyBars::TakeNewPixels() {
   TakeLabels();
 }
 
-/// Where two classes meet, the pixel is computed once.
 void TZyBars::TakeBars(const TBarsList& Below) {
   const TZyAxis &ClassesOn = ClassAxis(), &ValuesOn = ValueAxis();
+  TakeEdges();
+  TakeEnds(Below);
+  const auto Number = static_cast<std::size_t>(Count());
+  FEdgePixels.resize(Number + 1);
+  FEndPixels.resize(Number);
+  ValuesOn.NumberToWorld(FEnds, FEndPixels);
+  const auto HasEdge = [this](std::size_t i) { return !std::isnan(FEdges[i]); };
+  bool HasAllEdges = true;
+  for (std::size_t i = 0; i <= Number; ++i) HasAllEdges = HasAllEdges && HasEdge(i);
+  if (HasAllEdges)
+    ClassesOn.NumberToWorld(FEdges, FEdgePixels);
+  else
+    for (std::size_t i = 0; i <= Number; ++i) FEdgePixels[i] = ClassesOn.NumberToWorld(HasEdge(i) ? FEdges[i] : 0);
+
   const float Base = ValuesOn.NumberToWorld(0);
-  const TZyBars* const Under = Below.empty() ? nullptr : Below.back();
-  const auto Number = static_cast<float>(FGroup.Number), Place = static_cast<float>(FGroup.Place);
+  const std::span<const PointF> UnderCorners =
+      Below.empty() ? std::span<const PointF>()
+                    : (FBarsHorizontal ? Below.back()->BottomRight() : Below.back()->Points());
+  const auto Slots = static_cast<float>(FGroup.Number), Place = static_cast<float>(FGroup.Place);
   const auto Gap = static_cast<float>(FGroup.Distance / 200);
-  const auto EdgeAt = [&](int i) { return ClassesOn.NumberToWorld(BoundaryAt(i)); };
+  const bool Twisted = ClassesOn.Twisted();
   FNarrowest = std::numeric_limits<float>::max();
   FIsAscending = true;
-  bool HasEdge = HasBoundary(0);
-  float Edge = EdgeAt(0);
-  for (int i = 0; i < Count(); ++i) {
-    const bool HasNext = HasBoundary(i + 1);
-    const float Next = EdgeAt(i + 1);
+  for (std::size_t Bar = 0; Bar < Number; ++Bar) {
     // From the left end, or from the lower one in the picture.
-    const float From = ClassesOn.Twisted() ? Next : Edge, To = ClassesOn.Twisted() ? Edge : Next;
+    const float From = FEdgePixels[Twisted ? Bar + 1 : Bar], To = FEdgePixels[Twisted ? Bar : Bar + 1];
     const float Way = FBarsHorizontal ? From - To : To - From, Width = std::fabs(Way);
-    const float Inside = Width - 2 * Width * Gap, Slot = Inside / Number;
-    const bool IsDrawn = (HasEdge && HasNext) || Way > 0;
+    const float Inside = Width - 2 * Width * Gap, Slot = Inside / Slots;
+    const bool IsDrawn = Way > 0 || (HasEdge(Bar) && HasEdge(Bar + 1));
     const float Near = Width * Gap + Slot * (Place - 1), Far = IsDrawn ? Width * Gap + Slot * Place : Near;
-    const float End = ValuesOn.NumberToWorld(EndOf(i, Below));
-    const bool StandsOn = Under != nullptr && static_cast<std::size_t>(i) < Under->Points().size();
-    const auto Bar = static_cast<std::size_t>(i);
+    const bool StandsOn = Bar < UnderCorners.size();
     if (FBarsHorizontal) {
-      const float Left = StandsOn ? Under->BottomRight()[Bar].X : Base + 1;
-      Keep({Left, From - Far}, i);
-      FBottomRight.Add({End, From - Near});
+      Keep({StandsOn ? UnderCorners[Bar].X : Base + 1, From - Far}, static_cast<int>(Bar));
+      FBottomRight.Add({FEndPixels[Bar], From - Near});
     } else {
-      Keep({From + Near, End}, i);
-      FBottomRight.Add({From + Far, StandsOn ? Under->Points()[Bar].Y : Base});
+      Keep({From + Near, FEndPixels[Bar]}, static_cast<int>(Bar));
+      FBottomRight.Add({From + Far, StandsOn ? UnderCorners[Bar].Y : Base});
     }
     if (IsDrawn) FNarrowest = std::min(FNarrowest, Inside);
     FIsAscending = FIsAscending && Way >= 0;
     FLastWidth = Inside;
-    Edge = Next;
-    HasEdge = HasNext;
   }
 }
 
