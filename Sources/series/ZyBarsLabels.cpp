@@ -153,7 +153,8 @@ void TZyBars::PlaceOnLyingBar(std::size_t Bar, TZyRichCaptionObject& Label) cons
 /// An estimate from the axes alone, since the bars have no real size before the first layout.
 float TZyBars::ExtraSpaceAt(TZyAxisPosition Border) const {
   using enum TZyAxisPosition;
-  if ((Border != Top && Border != Right) || Count() < 1 || Graph() == nullptr) return 0;
+  const bool HasAxes = FXAxis != nullptr && FYAxis != nullptr && Graph() != nullptr;
+  if ((Border != Top && Border != Right) || Count() < 1 || !HasAxes) return 0;
   const double ClassWidth = (ClassAxis().Stop() - ClassAxis().Start()) / Count();
   float Result = IsSolid() ? DepthBeyond(Border, ClassWidth) : 0;
   const bool IsAtEnds = (Border == Right) == FBarsHorizontal;
