@@ -30,7 +30,9 @@ class TZyAxisRecord {
     DistanceFields();
     StageFields();
     LaterFields();
-    if (FArchive.IsReading()) FAxis.FEnds.TakeStored(TakesRange() ? std::optional(FValues) : std::nullopt);
+    if (!FArchive.IsReading()) return;
+    FAxis.FEnds.TakeStored(TakesRange() ? std::optional(FValues) : std::nullopt);
+    TakeMapping();
   }
 
  private:
@@ -61,6 +63,7 @@ class TZyAxisRecord {
   void TakeStages(const TZyDoubleVector& Starts, const TZyDoubleVector& Stops, int Current);
   void LaterFields();
   void TableFields();
+  void TakeMapping();
 
   TZyAxis& FAxis;
   TZyArchive& FArchive;
@@ -252,6 +255,16 @@ void TZyAxisRecord::TableFields() {
   Row({"TickParts/LabelParts.0", "TickParts/LabelParts.1", "TickParts/LabelParts.2"}, Table.LabelParts);
   Row({"TickParts/MajorParts.0", "TickParts/MajorParts.1", "TickParts/MajorParts.2"}, Table.MajorParts);
   Row({"TickParts/MinorParts.0", "TickParts/MinorParts.1", "TickParts/MinorParts.2"}, Table.MinorParts);
+}
+
+/// Series ask for their ranges, before a layout, whether the scale is logarithmic at its ends. Ends that have no
+/// logarithm are still to be mended.
+void TZyAxisRecord::TakeMapping() {
+  if (FAxis.LowEnd() > 0) {
+    FAxis.FKind->TakeMapping(FAxis.FSteps, FAxis.FStepRules, FAxis.LowEnd(), FAxis.HighEnd());
+  } else {
+    FAxis.FSteps.HasLogScaling = FAxis.FKind->IsLogarithmic();
+  }
 }
 
 void TZyAxis::Fields(TZyArchive& Archive) {

@@ -231,10 +231,10 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   /// While TestPrimaryAxis makes the default axes.
   bool DoingPrimary() const override { return FDoingPrimary; }
   /// The vectors, axes, series, legends and markers of the graph that have a name, each before what refers to it, and
-  /// then the graph's own settings. A reader takes out all series and frees all markers; of series those that were
-  /// stored and are complete come back, in their order; the others wait for what they lack, and are stored again. What
-  /// it does not know it leaves out where the form allows it. It throws EReadError when a name stands for an object of
-  /// another kind, or its owner cannot be found.
+  /// then the graph's own settings. A reader takes out all series and legends, and frees all markers; of series those
+  /// that were stored and are complete come back, in their order; the others wait for what they lack, and are stored
+  /// again. What it does not know it leaves out where the form allows it. It throws EReadError when a name stands for
+  /// an object of another kind, or its owner cannot be found.
   void Fields(TZyArchive& Archive) override;
   /// While the graph reads its record; axes ignore changes of ranges then.
   bool LoadingRecord() const override { return FLoadingRecord; }

@@ -22,6 +22,7 @@ class TZyGraphRecord {
 
   // The lists, each of which refers to what stands in those before it.
   void Lists();
+  std::vector<TZySeries*> StoredSeries() const;
   TRecords Vectors() const;
   TRecords StoredControls(bool (*IsOne)(TControl& Control)) const;
   TRecords Legends() const;

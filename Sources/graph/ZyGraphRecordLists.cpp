@@ -22,18 +22,22 @@ constexpr std::string_view LegendClass = "TZyLegend";  // stands above graphs, a
   throw EReadError(Format(LoadResString(_sRefOfOtherClass), {Who.Reference, Found.ClassName(), Wanted}));
 }
 
-/// The object that is there, null for none. Throws when it is of another kind.
+/// The object that is there, null for none. Throws when it is of another kind. One without owner is looked up where it
+/// would be made, since references lead to forms alone.
 template <class T>
 T* Existing(const TZyIdentity& Who, std::string_view Wanted) {
-  TComponent* const Found = GetComponentFromRef(Who.Reference);
+  TComponent* Found = GetComponentFromRef(Who.Reference);
+  if (Found == nullptr && OwnerName(Who.Reference).empty())
+    Found = RefOwner(Who.Reference)->FindComponent(ComponentName(Who.Reference));
   auto* const Result = dynamic_cast<T*>(Found);
   if (Found != nullptr && Result == nullptr) OfOtherClass(Who, *Found, Wanted);
   return Result;
 }
 
-/// Makes an object of a class under its name. Throws when its owner cannot be found: nothing would find it again, and
-/// nobody free it.
+/// Makes an object of a class under its name. Throws when it has none, or its owner cannot be found: nothing would find
+/// it again, and nobody free it.
 TComponent& Make(const TZyIdentity& Who, const TClassInfo& Class) {
+  if (ComponentName(Who.Reference).empty()) throw EReadError(LoadResString(_sComponentNotNamed));
   TComponent* const Owner = RefOwner(Who.Reference);
   if (Owner == nullptr) throw EReadError(Format(LoadResString(_sRefWithoutOwner), {Who.Reference}));
   std::unique_ptr<TComponent> Made(Class.Factory()(Owner));
@@ -74,14 +78,13 @@ void TZyGraphRecord::Lists() {
   });
   if (FArchive.IsIni()) FHasData = Vectors > 0;
   FArchive.Records("Axes", StoredControls(IsAxis), false, By(&TZyGraphRecord::ReadAxis));
-  TRecords Series;
-  for (TZySeries* One : FGraph.RelatedSeries())
-    if (IsStored(*One)) Series.push_back(One);
-  for (TZySeries* One : FGraph.FIncompleteSeries)
-    if (IsStored(*One) && !One->HasGraph()) Series.push_back(One);
+  const std::vector<TZySeries*> Series = StoredSeries();
   if (FArchive.IsReading()) TakeOutSeries();
-  FArchive.Records("RelatedSeries", Series, true, By(&TZyGraphRecord::ReadSeries));
-  if (FArchive.IsReading()) CalculateSeries();
+  FArchive.Records("RelatedSeries", {Series.begin(), Series.end()}, true, By(&TZyGraphRecord::ReadSeries));
+  if (FArchive.IsReading()) {
+    CalculateSeries();
+    for (IZyGraphLegend* Legend : FGraph.RelatedLegends()) FGraph.RemoveRelatedLegend(Legend);
+  }
   FArchive.Records("RelatedLegends", Legends(), false, By(&TZyGraphRecord::ReadLegend));
   if (FArchive.IsReading()) FreeMarkers();
   FArchive.Records("Markers", StoredControls(IsMarker), true, By(&TZyGraphRecord::ReadMarker));
@@ -89,17 +92,25 @@ void TZyGraphRecord::Lists() {
 
 // --- What is written ------------------------------------------------------------------------------------------------
 
+/// Those of the graph, and those that wait for what they lack.
+std::vector<TZySeries*> TZyGraphRecord::StoredSeries() const {
+  std::vector<TZySeries*> Result;
+  for (TZySeries* One : FGraph.RelatedSeries())
+    if (IsStored(*One)) Result.push_back(One);
+  for (TZySeries* One : FGraph.FIncompleteSeries)
+    if (IsStored(*One) && !One->HasGraph()) Result.push_back(One);
+  return Result;
+}
+
 /// Those of all that a series reads, so that the chart is whole where it is read, each once.
 TZyGraphRecord::TRecords TZyGraphRecord::Vectors() const {
   TRecords Result;
   std::unordered_set<const TZyDoubleVector*> Known;
-  for (const TZySeries* Series : FGraph.RelatedSeries()) {
-    if (!IsStored(*Series)) continue;
+  for (const TZySeries* Series : StoredSeries())
     for (TZyCustomDoubleVector* Data : Series->Vectors()) {
       auto* const Vector = dynamic_cast<TZyDoubleVector*>(Data);
       if (Vector != nullptr && IsStored(*Vector) && Known.insert(Vector).second) Result.push_back(Vector);
     }
-  }
   return Result;
 }
 

@@ -47,7 +47,8 @@ class TFieldLister : public TZyArchive {
     if (Scope.Kind == TZyScope::List) Note(Scope.Name, "count of parts", 4);
     if (const auto* const Settings = dynamic_cast<const TPersistent*>(Scope.Object); Settings != nullptr)
       return Note(Scope.Name, "record of " + std::string(Settings->ClassName()), 0);
-    if (Scope.Kind == TZyScope::Record || Scope.Kind == TZyScope::ListedRecord) return Note(Scope.Name, "record", 0);
+    if (Scope.Kind == TZyScope::Record || Scope.Kind == TZyScope::ListedRecord)
+      return Note(Scope.Name, "record of " + std::string(Scope.NodeName), 0);
     TPlace Place = FPlaces.back();
     if (Scope.Kind == TZyScope::Item) {
       Place.Xml += "Item/";
@@ -109,7 +110,9 @@ std::string FieldTableText(const std::vector<TZyFieldRow>& Rows) {
   int Number = 0;
   for (const TZyFieldRow& Row : Rows) {
     const std::string Width = Row.InStream && Row.Width > 0 ? IntToStr(Row.Width) : std::string();
-    Text += "| " + (Row.InStream ? IntToStr(++Number) : std::string()) + " | " + Width + " | " + Row.Kind + " | " +
+    const bool IsNamed = Row.InXml || Row.InIni || Row.Kind.starts_with("continuation");
+    const std::string Kind = Row.Kind + (IsNamed ? std::string() : ": " + Row.Xml);
+    Text += "| " + (Row.InStream ? IntToStr(++Number) : std::string()) + " | " + Width + " | " + Kind + " | " +
             (Row.InXml ? Row.Xml : std::string()) + " | " + (Row.InIni ? Row.Ini : std::string()) + " |\n";
   }
   return Text;

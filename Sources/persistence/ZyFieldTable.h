@@ -28,7 +28,8 @@ struct TZyFieldRow {
 /// description of its class's record. Of a list of things with fields it has those of the first, if there is one.
 std::vector<TZyFieldRow> FieldTable(TZyRecord& Object);
 
-/// The rows as a table in Markdown: place in the stream, width, kind, XML, INI. Only what a form has is filled in.
+/// The rows as a table in Markdown: place in the stream, width, kind, XML, INI. Only what a form has is filled in;
+/// the name of a field of the stream alone stands behind its kind.
 std::string FieldTableText(const std::vector<TZyFieldRow>& Rows);
 
 }  // namespace zy

@@ -201,7 +201,7 @@ void TZyFunctionSeries::PaintGr(Graphics& Gr) {
 void TZyFunctionSeries::SetWeight(TZyCustomDoubleVector* Value) {
   constexpr int SampleCount = 10;
   auto* const Sample = dynamic_cast<TZyDoubleVector*>(Value);
-  if (IsDesigning() && Sample != nullptr && Sample != Weight() && Sample->Count() == 0)
+  if (IsDesigning() && !ReadsRecord() && Sample != nullptr && Sample != Weight() && Sample->Count() == 0)
     for (int i = 0; i < SampleCount; ++i) Sample->Add(1);
   SetInput(FWeight, Value);
 }

@@ -289,8 +289,14 @@ class TZySeries : public TComponent,
   void PaintPoints(Graphics& Gr);
   /// While a form is designed: fills vectors that are empty, so that a new series shows.
   virtual void AddSampleData();
+  void BeginRead() override { FReadsRecord = true; }
+  void EndRead() override { FReadsRecord = false; }
 
   // ---- What hooks are written with ----
+
+  /// While the record of the series or of its graph is read: what it stores is no choice of a designer, who gets
+  /// samples where data are missing.
+  bool ReadsRecord() const;
 
   /// The setter of an input: undo, joining and leaving.
   void SetInput(TZySeriesInput& Input, TZyCustomDoubleVector* Value);
@@ -460,6 +466,7 @@ class TZySeries : public TComponent,
   bool FLastVisible = true;
   bool FIncludeInLegend = true;
   bool FCalculatingPoints = false;
+  bool FReadsRecord = false;
   bool FPointsForSymbols = false;  // whether the pixels were computed for symbols
   TRef<TZySeries> FMergeLegendItemWith{this, &TZySeries::SetMergeLegendItemWith};
   TRef<TZySeries> FRangeFromFunction{this, &TZySeries::SetFunction}, FDrawBandTo{this, &TZySeries::SetBand};

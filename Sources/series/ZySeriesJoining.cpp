@@ -130,6 +130,8 @@ void TZySeries::SetGraph(IZySeriesGraph* Value) {
   FGraph = Value;
 }
 
+bool TZySeries::ReadsRecord() const { return FReadsRecord || (Graph() != nullptr && Graph()->LoadingRecord()); }
+
 /// The axes learn of the series without a graph as well: an axis that comes into one brings its series along.
 void TZySeries::JoinGraph() {
   FXAxis->AddRelatedSeries(this);
@@ -141,12 +143,13 @@ void TZySeries::JoinGraph() {
   }
   SetGraph(Found);
   if (Found == nullptr || Found->Control().IsDestroying()) return;
+  const bool IsPlaced = IsDesigning() && !IsLoading() && !ReadsRecord();  // by the designer
   if (Found->AddRelatedSeries(this)) {
-    if (IsDesigning() && !IsLoading()) FLayer = Found->SeriesCount() - 1;
+    if (IsPlaced) FLayer = Found->SeriesCount() - 1;
     if (FUndo == nullptr) SetUndoStack(Found->UndoStack());
   }
   PointIndexer();
-  if (IsDesigning() && !IsLoading()) {
+  if (IsPlaced) {
     Found->BeginUpdate();
     AddSampleData();
     Found->EndUpdate();

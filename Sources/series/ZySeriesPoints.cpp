@@ -359,11 +359,11 @@ void TZySeries::ReduceColumn(int First, int Last, float Centre, int& Outlier) {
 
 // --- Area -----------------------------------------------------------------------------------------------------------
 
-/// The other line of the band, null while it has nothing to close the band with.
+/// The other line of the band, null while it has nothing to close the band with. A record may name the series itself.
 const TZySeries* TZySeries::BandPartner() const {
   const TZySeries* const Partner = FDrawBandTo;
-  const bool HasLine =
-      Partner != nullptr && Partner->Count() > 0 && Partner->FXAxis != nullptr && Partner->FYAxis != nullptr;
+  const bool HasLine = Partner != nullptr && Partner != this && Partner->Count() > 0 && Partner->FXAxis != nullptr &&
+                       Partner->FYAxis != nullptr;
   return HasLine ? Partner : nullptr;
 }
 

@@ -146,6 +146,10 @@ void TZyCustomDoubleVector::AddOutlier(int Idx) {
   if (FOutliers.Add(Idx)) TellOutOfRange();
 }
 
+void TZyCustomDoubleVector::AddOutliers(std::span<const int> Indexes) {
+  if (FOutliers.Add(Indexes)) TellOutOfRange();
+}
+
 void TZyCustomDoubleVector::RemoveOutlier(int Idx) {
   if (FOutliers.Remove(Idx)) TellOutOfRange();
 }
@@ -166,10 +170,14 @@ void TZyCustomDoubleVector::ClearOutlieres() {
 
 // --- Storage --------------------------------------------------------------------------------------------------------
 
+void TZyCustomDoubleVector::NoteCapacity(int Value) {
+  if (Value > FCount) FCapacity = Value;
+}
+
 void TZyCustomDoubleVector::SetCapacity(int Value) {
   if (Value <= FCount || Value == FCapacity) return;
   FCapacity = Value;
-  // A stored chart may name any capacity: memory is set aside for a bounded part of it only, and the rest on demand.
+  // A stored form may name any capacity: memory is set aside for a bounded part of it only, and the rest on demand.
   FArray.reserve(static_cast<std::size_t>(std::min<std::int64_t>(Value, std::int64_t{FCount} + LargestReserve)));
 }
 

@@ -95,6 +95,8 @@ class TZyCustomDoubleVector : public TComponent {
   /// Marks of single points. Whether Idx lies in the vector is not asked.
   bool IsOutlier(int Idx) const { return FOutliers.Contains(Idx); }
   void AddOutlier(int Idx);
+  /// The same for many, in that order, with one notification.
+  void AddOutliers(std::span<const int> Indexes);
   void RemoveOutlier(int Idx);
   void SetOutlier(int i, bool Value);
   void ClearOutlieres();
@@ -131,6 +133,9 @@ class TZyCustomDoubleVector : public TComponent {
   }
 
  protected:
+  /// SetCapacity without setting memory aside: a record may name any capacity.
+  void NoteCapacity(int Value);
+
   std::vector<double> FArray;  // as long as FCount
   int FCount = 0;
   int FLastCount = 0;  // the values below are folded into extremes and sums

@@ -89,7 +89,7 @@ void TZyDoubleVector::UpdateDB() {
     return FDataLink.SetError(Error.what());
   }
   ClearOutlieres();
-  for (const int Null : Nulls) AddOutlier(Null);
+  AddOutliers(Nulls);
   FArray = std::move(Values);
   FCount = static_cast<int>(FArray.size());
   SetCapacity(std::max(Capacity(), FCount + 1));
@@ -151,7 +151,7 @@ void TZyDoubleVector::Fields(TZyArchive& Archive) {
   using T = TZyDoubleVector;
   Archive.Identity(*this);
   Archive.Field<&T::Increment, &T::SetIncrement>(*this, "Increment");
-  Archive.Field<&T::Capacity, &T::SetCapacity>(*this, "Capacity");
+  Archive.Field<&T::Capacity, &T::NoteCapacity>(*this, "Capacity");
   Archive.Alternative(
       TZyFieldName("Database").Ini("FromDatabase"), FDBData, [&] { LinkFields(Archive); },
       [&] { ValueFields(Archive); });
@@ -159,9 +159,7 @@ void TZyDoubleVector::Fields(TZyArchive& Archive) {
   Archive.Alternative(TZyFieldName("Outliers").Ini(""), AnyOutliers() || Archive.IsIni(), [&] {
     Archive.List(
         "Outliers", [this] { return std::vector<int>(Outliers().Marked().begin(), Outliers().Marked().end()); },
-        [this](const std::vector<int>& Marks) {
-          for (const int Mark : Marks) AddOutlier(Mark);
-        });
+        [this](const std::vector<int>& Marks) { AddOutliers(Marks); });
   });
   Archive.EndRecord();
 }

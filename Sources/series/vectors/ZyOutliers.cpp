@@ -1,6 +1,7 @@
 #include "series/vectors/ZyOutliers.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace zy {
 
@@ -14,6 +15,16 @@ bool TZyOutliers::Add(int Idx) {
   FSorted.insert(Place, Idx);
   FMarked.push_back(Idx);
   return true;
+}
+
+bool TZyOutliers::Add(std::span<const int> Indexes) {
+  const std::size_t Before = FMarked.size();
+  std::unordered_set<int> Known(FMarked.begin(), FMarked.end());
+  for (const int Idx : Indexes)
+    if (Known.insert(Idx).second) FMarked.push_back(Idx);
+  FSorted = FMarked;
+  std::sort(FSorted.begin(), FSorted.end());
+  return FMarked.size() > Before;
 }
 
 bool TZyOutliers::Remove(int Idx) {

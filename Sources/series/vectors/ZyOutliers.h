@@ -16,6 +16,8 @@ class TZyOutliers {
 
   /// Whether the mark is new.
   bool Add(int Idx);
+  /// Whether any of them is new; in a time that hardly grows beyond their number.
+  bool Add(std::span<const int> Indexes);
   /// Whether there was one.
   bool Remove(int Idx);
   void Clear();
