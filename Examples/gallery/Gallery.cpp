@@ -52,6 +52,12 @@ std::span<const TEntry> Entries() {
                                    {"coupled", "Two graphs, one X axis", MakeCoupled},
                                    {"sides", "Axes on four sides", MakeSides},
                                    {"rubrics", "An axis of texts", MakeRubrics},
+                                   {"electricity", "Stacked bars", MakeElectricity},
+                                   {"electricity-cuboids", "Stacked cuboids", MakeElectricityCuboids},
+                                   {"electricity-cylinders", "Stacked cylinders", MakeElectricityCylinders},
+                                   {"electricity-lying", "Lying bars", MakeElectricityLying},
+                                   {"electricity-lying-cuboids", "Lying cuboids", MakeElectricityLyingCuboids},
+                                   {"electricity-lying-cylinders", "Lying cylinders", MakeElectricityLyingCylinders},
                                    {"zero-origin", "Axes through zero", MakeZeroOrigin}};
   return All;
 }

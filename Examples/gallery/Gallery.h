@@ -55,6 +55,12 @@ void MakeDay(TChartDocument& Document);
 void MakeCoupled(TChartDocument& Document);
 void MakeSides(TChartDocument& Document);
 void MakeRubrics(TChartDocument& Document);
+void MakeElectricity(TChartDocument& Document);
+void MakeElectricityCuboids(TChartDocument& Document);
+void MakeElectricityCylinders(TChartDocument& Document);
+void MakeElectricityLying(TChartDocument& Document);
+void MakeElectricityLyingCuboids(TChartDocument& Document);
+void MakeElectricityLyingCylinders(TChartDocument& Document);
 void MakeZeroOrigin(TChartDocument& Document);
 
 struct TEntry {

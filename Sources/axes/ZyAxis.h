@@ -13,7 +13,6 @@
 #include "axes/ZyAxisEnds.h"
 #include "axes/ZyAxisLabels.h"
 #include "axes/ZyAxisLook.h"
-#include "axes/ZyAxisRubrics.h"
 #include "axes/ZyAxisTicks.h"
 #include "axes/ZyScrollRange.h"
 #include "axes/ZyZoomStages.h"
@@ -23,6 +22,7 @@
 #include "platform/controls/TGraphicControl.h"
 #include "platform/framework/TRef.h"
 #include "platform/framework/TRefList.h"
+#include "series/vectors/ZyBoundTexts.h"
 #include "texts/ZyLocalize.h"
 #include "undo/ZyUndoLink.h"
 
@@ -121,7 +121,7 @@ class TZyAxis : public TGraphicControl, public TZyRecord, public IZyUndoUser {
   void SetLogToNormalScalingLevel(double Value);
   /// The texts of a rubric axis; null while they come from a data set. Setting copies them, or throws Exception while
   /// they come from a data set; null clears.
-  TStringList* Rubrics() { return FRubrics.Own(); }
+  TStringList* Rubrics() { return FRubrics.ByHand(); }
   void SetRubrics(const TStringList* Value);
   /// The field of a data set whose texts are the rubrics, one for each record; a null is an empty text. They are read
   /// at the next layout after a change of the data.
@@ -458,7 +458,7 @@ class TZyAxis : public TGraphicControl, public TZyRecord, public IZyUndoUser {
   TZyParentFont FNumbersFont{*this, FFont};
   TZyRichCaptionObject FCaptionRec;
   TZyCaptionOfName FCaptionOfName;
-  TZyAxisRubrics FRubrics;
+  TZyBoundTexts FRubrics;
   TRefList<IZyAxisSeries> FRelatedSeries{this, &TZyAxis::RemoveRelatedSeries};
 
   TZyAxisLook FLook;

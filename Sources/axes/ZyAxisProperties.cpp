@@ -8,6 +8,7 @@
 #include "axes/ZyAxisPainter.h"
 #include "graph/parts/ZyAxisGraph.h"
 #include "platform/framework/ScopedFlag.h"
+#include "texts/Exceptions.h"
 #include "undo/ZyChange.h"
 #include "undo/ZyUndoGroup.h"
 
@@ -173,7 +174,10 @@ void TZyAxis::SetNumbersColor(TZyColor Value) {
 
 // --- Rubrics --------------------------------------------------------------------------------------------------------
 
-void TZyAxis::SetRubrics(const TStringList* Value) { FRubrics.Set(Value); }
+void TZyAxis::SetRubrics(const TStringList* Value) {
+  if (Value != nullptr && FRubrics.IsBound()) throw Exception(LoadResString(_sRubricsDB));
+  FRubrics.Set(Value);
+}
 
 void TZyAxis::SetRubricsField(const std::string& Value) { FRubrics.SetField(Value); }
 

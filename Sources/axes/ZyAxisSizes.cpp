@@ -14,7 +14,11 @@ namespace {
 constexpr float SmallestLength = 40;
 constexpr float LengthsOfArrow = 3;  // room of an arrow in lengths of its tip
 
-int Whole(float Value) { return static_cast<int>(Value); }
+/// In whole pixels, within what a control can be: settings that were read may be of any size.
+int Whole(float Value) {
+  constexpr auto Most = static_cast<float>(TControl::MostExtent);
+  return static_cast<int>(std::isnan(Value) ? 0 : std::clamp(Value, -Most, Most));
+}
 
 /// Half the thickness of what is drawn at a line, in whole pixels' edges: a line covers the pixels around its centre.
 float HalfLine(const TZyAxis& Axis) { return Axis.AxisThicknes() / 2 + 0.5f; }

@@ -148,13 +148,14 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   /// stack takes the first one of its owner, or gets one.
   void SetName(const std::string& Value) override;
 
+  /// Whether the record that is being written has the data; true else.
+  bool SavesData() const { return FSavesData; }
+
  protected:
   /// A chart whose back colour lets something through stands on what lies behind it.
   bool WMEraseBkgnd(Graphics& Gr) override;
   virtual void BoundsChanged() {}
   void ParentFontChanged() override;
-  /// Whether the record that is being written has the data.
-  bool SavesData() const { return FSavesData; }
 
   TZyRichCaptionObject FTitleRec;
   bool FNeedsRecalculate = false;

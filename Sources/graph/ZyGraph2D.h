@@ -251,6 +251,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   void SetPlaceOf(TZySeries& Series, int Place) override;
   void ForEachSeries(const std::function<void(TZySeries& Series)>& Do) const override;
   void SeriesInvalidated() override;
+  bool SavesData() const override { return TZyCustomGraph::SavesData(); }
   bool DrawsUnsmoothed() const override { return !DoingImage() && SmoothingMode() == TZySmoothingMode::None; }
 
   // For axes and the layout pass.

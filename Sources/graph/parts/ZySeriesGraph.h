@@ -27,6 +27,10 @@ class IZySeriesGraph : public IZyAxisGraph {
   virtual void SeriesInvalidated() = 0;
   /// The content of the legends is stale.
   virtual void LegendsModified() = 0;
+  /// Takes new data and the layout that is due: what is to be seen at the next paint.
+  virtual void BringUpToDate() = 0;
+  /// While the graph writes its record: whether data go along. True else.
+  virtual bool SavesData() const = 0;
   /// Whether lines are drawn on the screen without any smoothing.
   virtual bool DrawsUnsmoothed() const = 0;
 };

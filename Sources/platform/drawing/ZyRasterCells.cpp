@@ -303,8 +303,11 @@ void TRasterCells::SweepRow(int Row, TCoverageSink& Sink) {
   };
   int RunStart = -1;
   const auto EndRun = [&](int Block) {
-    const int From = RunStart << BlockShift;
-    const int To = std::min(Block << BlockShift, Width);
+    int From = RunStart << BlockShift;
+    int To = std::min(Block << BlockShift, Width);
+    // Of a narrow shape most of a block is empty.
+    while (RunStart >= 0 && From < To && FCoverage[static_cast<std::size_t>(From)] == 0) ++From;
+    while (RunStart >= 0 && From < To && FCoverage[static_cast<std::size_t>(To) - 1] == 0) --To;
     if (RunStart >= 0 && From < To) Sink.Row(FBox.Left + From, FBox.Top + Row, To - From, FCoverage.data() + From);
     RunStart = -1;
   };

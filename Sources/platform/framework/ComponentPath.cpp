@@ -38,7 +38,9 @@ TComponent* ComponentFromPath(std::string_view Path, const TComponent* Root) {
     TComponent* const First = Root->FindComponent(TakeName(Rest));
     if (TComponent* const Found = Follow(First, Rest)) return Found;
   }
-  return Follow(Screen().FindByName(TakeName(Path)), Path);
+  const std::string_view Name = TakeName(Path);
+  TComponent* const First = Screen().FindByName(Name);
+  return Follow(First == nullptr ? Application().FindComponent(Name) : First, Path);
 }
 
 }  // namespace zy

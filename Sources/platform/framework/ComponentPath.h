@@ -13,7 +13,7 @@ class TComponent;
 std::string ComponentPath(const TComponent* Component, const TComponent* Root = nullptr);
 
 /// The component of a path: below Root when there is one and the path leads somewhere there, else from the data modules
-/// and forms of the screen. Null when any part is missing.
+/// and forms of the screen, and what else the application owns. Null when any part is missing.
 TComponent* ComponentFromPath(std::string_view Path, const TComponent* Root = nullptr);
 
 }  // namespace zy

@@ -81,6 +81,7 @@ class TRefList : private TRefListBase {
     }
     TIterator(const TIterator& Other) : FList(Other.FList), FPlace(Other.FPlace) { FList->Lock(); }
     TIterator& operator=(const TIterator& Other) {
+      if (this == &Other) return *this;
       Other.FList->Lock();
       FList->Unlock();
       FList = Other.FList;
