@@ -290,7 +290,7 @@ class TZySeries : public TComponent,
   /// While a form is designed: fills vectors that are empty, so that a new series shows.
   virtual void AddSampleData();
   void BeginRead() override { FReadsRecord = true; }
-  void EndRead() override { FReadsRecord = false; }
+  void EndRead() override;
 
   // ---- What hooks are written with ----
 

@@ -130,6 +130,12 @@ void TZySeries::SetGraph(IZySeriesGraph* Value) {
   FGraph = Value;
 }
 
+/// One that came into its graph by what was read logs its changes from now on: nothing of it was there before.
+void TZySeries::EndRead() {
+  FReadsRecord = false;
+  if (FUndo == nullptr && Graph() != nullptr) SetUndoStack(Graph()->UndoStack());
+}
+
 bool TZySeries::ReadsRecord() const { return FReadsRecord || (Graph() != nullptr && Graph()->LoadingRecord()); }
 
 /// The axes learn of the series without a graph as well: an axis that comes into one brings its series along.
@@ -146,7 +152,7 @@ void TZySeries::JoinGraph() {
   const bool IsPlaced = IsDesigning() && !IsLoading() && !ReadsRecord();  // by the designer
   if (Found->AddRelatedSeries(this)) {
     if (IsPlaced) FLayer = Found->SeriesCount() - 1;
-    if (FUndo == nullptr) SetUndoStack(Found->UndoStack());
+    if (FUndo == nullptr && !FReadsRecord) SetUndoStack(Found->UndoStack());
   }
   PointIndexer();
   if (IsPlaced) {

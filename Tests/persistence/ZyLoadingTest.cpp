@@ -5,6 +5,8 @@
 #include "framework/Errors.h"
 #include "graph/ChartStubs.h"
 #include "persistence/ChartForms.h"
+#include "series/ZyPointSeries.h"
+#include "undo/ZyUndoStack.h"
 
 namespace zy::testing {
 namespace {
@@ -83,6 +85,23 @@ TEST(ZyLoadingTest, AFormUnderDesignTakesWhatIsStored) {
     Design.SetName("Design");
     Chart.Form.SetName("Form");
   }
+}
+
+/// An undo of the load leaves a new series as it was stored, since there is nothing before that it could go back to.
+TEST(ZyLoadingTest, WhatLoadingMakesIsNoStepOfUndo) {
+  TSampleChart Chart;
+  auto* const Series = Chart.AddSeries<TZyPointSeries>("A", {1, 2}, {3, 4});
+  Series->PointSymbol().SetSize(17);
+  const std::string Text = Written(*Chart.Graph, TForm3::Stream);
+  delete Series;
+  TZyUndoStack Stack(nullptr);
+  Chart.Graph->SetUndoStack(&Stack);
+  Read(*Chart.Graph, TForm3::Stream, Text);
+  while (Stack.CanUndo()) Stack.Undo();
+  auto* const Made = dynamic_cast<TZyPointSeries*>(Chart.Form.FindComponent("A"));
+  ASSERT_NE(Made, nullptr);
+  EXPECT_EQ(Made->PointSymbol().Size(), 17);
+  EXPECT_EQ(Made->UndoStack(), &Stack);
 }
 
 TEST(ZyLoadingTest, NamesWithoutOwnerAndOwnersWithoutName) {
