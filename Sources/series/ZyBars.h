@@ -40,7 +40,8 @@ class TZyPointLook;
 /// Bars: flat, cuboids or cylinders, upright or lying.
 ///
 /// The vector along the classes holds their boundaries, one more than there are bars; without one, class i goes from i
-/// to i + 1. The other vector holds the values: Y for upright bars, X for lying ones. Bars grow from 0.
+/// to i + 1. The other vector holds the values: Y for upright bars, X for lying ones. Bars grow from 0, on a
+/// logarithmic axis from its start.
 ///
 /// The bars of a graph are one group. Style, depth, distance, direction and overlay that are set for one of them are
 /// set for all, and the first visible series paints all of them, class by class, so that solids overlap rightly.
@@ -79,8 +80,8 @@ class TZyBars : public TZySeries, public IZySolidSeries {
   /// Whether labels stand upright, turned by 90 degrees.
   bool LabelVertical() const { return FLabelVertical; }
   void SetLabelVertical(bool Value);
-  /// Size of the labels' font, in points for each hundred pixels of the narrowest bar. Labels of less than a point are
-  /// left out, as nobody can read them.
+  /// Size of the labels' font, in points for each hundred pixels of the narrowest bar. Of thousands of labels, those of
+  /// less than a point are left out, as nobody can read them.
   float LabelSize() const { return FLabelSize; }
   void SetLabelSize(float Value);
   /// Font of the labels; LabelSize counts in place of its size.
@@ -105,7 +106,7 @@ class TZyBars : public TZySeries, public IZySolidSeries {
 
   // ---- Geometry, as of the last pixels ----
 
-  /// Depth of solids in pixels.
+  /// Depth of solids in pixels. Of a class that is longer than its axis, as when zoomed, the length of the axis counts.
   float DepthX() const { return FDepthX; }
   float DepthY() const { return FDepthY; }
   /// The end of a bar on the axis of the values, what it stands on included, or the boundary in front of it on the
@@ -206,7 +207,7 @@ class TZyBars : public TZySeries, public IZySolidSeries {
   bool StaysInside() const;
   SizeF ExtentOf(const TZyRichCaptionObject& Label) const;
   float DepthBeyond(TZyAxisPosition Border, double ClassWidth) const;
-  const TZyRichCaptionObject* FurthestLabel(TZyAxisPosition Border) const;
+  int FurthestLabel() const;
   float LabelBeyond(TZyAxisPosition Border, double ClassWidth) const;
 
   void CaptionFields(TZyArchive& Archive);
@@ -236,6 +237,7 @@ class TZyBars : public TZySeries, public IZySolidSeries {
   TGroup FGroup;                        // as of the last pixels
   std::vector<std::uint64_t> FStoodOn;  // live handles of the series below, as of the last ranges
   TZyRichCaptionObjects FLabels;
+  int FFurthest = -1;  // see FurthestLabel
 };
 
 }  // namespace zy

@@ -12,14 +12,18 @@ namespace zy {
 
 // --- Texts ----------------------------------------------------------------------------------------------------------
 
-/// A bar without a value has no label. Neither have those that the axis leaves out, unless the event is to be asked.
+/// A bar without a value has no label. Neither have those that the axis leaves out, unless the event is to be asked,
+/// nor thousands that nobody can read; few of them have one whatever their size, so that the room for them does not
+/// come and go with the layout.
 void TZyBars::TakeLabels() {
   constexpr float SmallestFont = 1, PerPixel = 0.01f, WithoutWidth = 100;
+  constexpr int Many = 2000;
   FLabels.Clear();
+  FFurthest = -1;
   if (!HasLabels()) return;
   const float Width = FNarrowest > 0 && FNarrowest < std::numeric_limits<float>::max() ? FNarrowest : WithoutWidth;
   const float Size = std::min(PerPixel * Width * FLabelSize, Font::MaxSize);
-  if (!(Size >= SmallestFont)) return;
+  if (!(Size > 0) || (Size < SmallestFont && Count() > Many)) return;
   if (StaysInside() && FLabelPosition == TZyBarLabelPosition::OnTopOfBar) FLabelPosition = TZyBarLabelPosition::InTop;
   const double Sum = Values().Transform(OutliersVisible() ? Values()->SumIncludingOutliers() : Values()->Sum(), -1);
   const double PercentFactor = Sum != 0 && std::isfinite(Sum) ? 1 / Sum * 100 : 0;
@@ -50,6 +54,7 @@ void TZyBars::TakeLabels() {
       PlaceOnUprightBar(Bar, *Label);
     FLabels[Bar] = std::move(Label);
   }
+  FFurthest = FurthestLabel();
 }
 
 /// Whether the class lies between the ends of its axis, at least in part.
@@ -178,24 +183,24 @@ float TZyBars::DepthBeyond(TZyAxisPosition Border, double ClassWidth) const {
   return Result + static_cast<float>((ClassWidth - 0.01 * FClassesDistance) * FDepth3D * PerDepth / PerPixel);
 }
 
-/// Of the labels beyond the ends of their bars and of the data the one that reaches furthest, null for none.
-const TZyRichCaptionObject* TZyBars::FurthestLabel(TZyAxisPosition Border) const {
+/// Number of the label that reaches furthest, of those beyond the ends of their bars and of the data; -1 for none. A
+/// layout asks for it on another scale than that of the pixels, so that it is found along with them.
+int TZyBars::FurthestLabel() const {
   const TZyAxis& Axis = ValueAxis();
-  const bool IsTop = Border == TZyAxisPosition::Top;
-  const double Low = IsTop ? FYStart : FXStart, High = IsTop ? FYStop : FXStop;
+  const double Low = FBarsHorizontal ? FXStart : FYStart, High = FBarsHorizontal ? FXStop : FYStop;
   const float DataEnd = Axis.NumberToWorld(Axis.Twisted() ? Low : High);
-  const TZyRichCaptionObject* Result = nullptr;
+  int Result = -1;
   float Furthest = 0;
   for (std::size_t Bar = 0; Bar < FLabels.size() && Bar < Points().size(); ++Bar) {
     const TZyRichCaptionObject* const Label = FLabels[Bar].get();
     if (Label == nullptr) continue;
     const auto [w, h] = ExtentOf(*Label);
-    // Distances upwards or to the right.
-    const float End = IsTop ? -(Label->Y - h / 2) : Label->X + w / 2 + (FLabelVertical ? 0 : h / 4);
-    const float Behind = IsTop ? -Points()[Bar].Y : Points()[Bar].X;
-    if (End <= Behind || End < (IsTop ? -DataEnd : DataEnd)) continue;
-    if (Result != nullptr && End <= Furthest) continue;
-    Result = Label;
+    // Distances to the right or upwards.
+    const float End = FBarsHorizontal ? Label->X + w / 2 + (FLabelVertical ? 0 : h / 4) : -(Label->Y - h / 2);
+    const float Behind = FBarsHorizontal ? Points()[Bar].X : -Points()[Bar].Y;
+    if (End <= Behind || End < (FBarsHorizontal ? DataEnd : -DataEnd)) continue;
+    if (Result >= 0 && End <= Furthest) continue;
+    Result = static_cast<int>(Bar);
     Furthest = End;
   }
   return Result;
@@ -203,7 +208,7 @@ const TZyRichCaptionObject* TZyBars::FurthestLabel(TZyAxisPosition Border) const
 
 float TZyBars::LabelBeyond(TZyAxisPosition Border, double ClassWidth) const {
   constexpr double HeightOfSize = 0.013;
-  const TZyRichCaptionObject* const Label = FurthestLabel(Border);
+  const TZyRichCaptionObject* const Label = FFurthest < 0 ? nullptr : FLabels.GetValue(FFurthest);
   if (Label == nullptr || Label->Height() == 0) return 0;
   const double Height = HeightOfSize * FLabelSize * ClassWidth / ClassAxis().NormalizeConst();
   const double Ratio = Label->Width() / Label->Height();

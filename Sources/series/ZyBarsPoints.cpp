@@ -159,7 +159,8 @@ void TZyBars::TakeBars(const TBarsList& Below) {
   else
     for (std::size_t i = 0; i <= Number; ++i) FEdgePixels[i] = ClassesOn.NumberToWorld(HasEdge(i) ? FEdges[i] : 0);
 
-  const float Base = ValuesOn.NumberToWorld(0);
+  // A logarithmic scale has no 0: bars then stand on its start.
+  const float Base = ValuesOn.NumberToWorld(ValuesOn.HasLogScaling() ? std::max(ValuesOn.Start(), 0.0) : 0);
   const std::span<const PointF> UnderCorners =
       Below.empty() ? std::span<const PointF>()
                     : (FBarsHorizontal ? Below.back()->BottomRight() : Below.back()->Points());
@@ -191,8 +192,9 @@ void TZyBars::TakeBars(const TBarsList& Below) {
 
 void TZyBars::TakeDepth() {
   constexpr float PerDepthX = 240, PerDepthY = 400;
-  const auto DepthOf = [this](float Divisor) {
-    const float Depth = FLastWidth * static_cast<float>(FGroup.Depth) / Divisor;
+  const float Width = std::min(FLastWidth, ClassAxis().AxLength());
+  const auto DepthOf = [&](float Divisor) {
+    const float Depth = Width * static_cast<float>(FGroup.Depth) / Divisor;
     return Depth > 0 ? Depth : 1;
   };
   FDepthX = DepthOf(PerDepthX);
