@@ -22,13 +22,10 @@ constexpr std::string_view LegendClass = "TZyLegend";  // stands above graphs, a
   throw EReadError(Format(LoadResString(_sRefOfOtherClass), {Who.Reference, Found.ClassName(), Wanted}));
 }
 
-/// The object that is there, null for none. Throws when it is of another kind. One without owner is looked up where it
-/// would be made, since references lead to forms alone.
+/// The object that is there, null for none. Throws when it is of another kind.
 template <class T>
 T* Existing(const TZyIdentity& Who, std::string_view Wanted) {
-  TComponent* Found = GetComponentFromRef(Who.Reference);
-  if (Found == nullptr && OwnerName(Who.Reference).empty())
-    Found = RefOwner(Who.Reference)->FindComponent(ComponentName(Who.Reference));
+  TComponent* const Found = GetComponentFromRef(Who.Reference);
   auto* const Result = dynamic_cast<T*>(Found);
   if (Found != nullptr && Result == nullptr) OfOtherClass(Who, *Found, Wanted);
   return Result;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 #include "graph/parts/ZySeriesGraph.h"
 #include "graph/shapes/ZyDrawing.h"
@@ -58,9 +57,16 @@ TZyBarPainter::TRange TZyBarPainter::VisibleBars(TZyBars& Bars) {
   const bool IsUpwards = Along(Bars.Points().front()) <= Along(Bars.Points().back());
   const auto IsBelow = [&](std::size_t i) { return Along(Bars.BottomRight()[i]) < Low; };
   const auto IsAbove = [&](std::size_t i) { return Along(Bars.Points()[i]) > High; };
-  const auto All = std::views::iota(std::size_t{0}, Count);
-  const auto FirstWithout = [&](const auto& IsOutside) {
-    return static_cast<std::size_t>(std::ranges::partition_point(All, IsOutside) - All.begin());
+  const auto FirstWithout = [Count](const auto& IsOutside) {
+    std::size_t From = 0, To = Count;
+    while (From < To) {
+      const std::size_t Middle = From + (To - From) / 2;
+      if (IsOutside(Middle))
+        From = Middle + 1;
+      else
+        To = Middle;
+    }
+    return From;
   };
   if (IsUpwards) return {FirstWithout(IsBelow), FirstWithout([&](std::size_t i) { return !IsAbove(i); })};
   return {FirstWithout(IsAbove), FirstWithout([&](std::size_t i) { return !IsBelow(i); })};
@@ -147,7 +153,8 @@ void TZyBarPainter::Gather(TEntry& Entry, const RectF& Rect) {
 void TZyBarPainter::PaintColumn() {
   FSeen.clear();
   float Low = 0, High = 0;
-  for (const TLine& Line : std::views::reverse(FColumn)) {
+  for (auto At = FColumn.rbegin(); At != FColumn.rend(); ++At) {
+    const TLine& Line = *At;
     const bool Touches = !FSeen.empty() && Line.Low <= High && Line.High >= Low;
     if (Touches && Line.Low >= Low && Line.High <= High) continue;
     Low = Touches ? std::min(Low, Line.Low) : Line.Low;
@@ -158,7 +165,8 @@ void TZyBarPainter::PaintColumn() {
       FSeen.push_back(Line);
   }
   FColumn.clear();
-  for (const TLine& Line : std::views::reverse(FSeen)) {
+  for (auto At = FSeen.rbegin(); At != FSeen.rend(); ++At) {
+    const TLine& Line = *At;
     const float Length = Line.High - Line.Low;
     PaintLine(FIsHorizontal ? RectF{Line.Low, FColumnAt, Length, 0} : RectF{FColumnAt, Line.Low, 0, Length},
               Line.Of->LineWidth, Line.Of->LineColor);
