@@ -234,7 +234,8 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   /// then the graph's own settings. A reader takes out all series and legends, and frees all markers; of series those
   /// that were stored and are complete come back, in their order; the others wait for what they lack, and are stored
   /// again. What it does not know it leaves out where the form allows it. It throws EReadError when a name stands for
-  /// an object of another kind, or its owner cannot be found.
+  /// an object of another kind, or its owner cannot be found. Handlers that run meanwhile may throw, and free series
+  /// and axes, but not the graph.
   void Fields(TZyArchive& Archive) override;
   /// While the graph reads its record; axes ignore changes of ranges then.
   bool LoadingRecord() const override { return FLoadingRecord; }
