@@ -81,9 +81,9 @@ void TZyAxisLayout::TellListeners(TWinControl& Parent) {
 
 // --- Ends -----------------------------------------------------------------------------------------------------------
 
-bool TZyAxisLayout::HasZeroOrigin() const {
-  return FGraph != nullptr && FGraph->ZeroOrigin() && FGraph->PrimaryXAxis() != nullptr &&
-         FGraph->PrimaryYAxis() != nullptr;
+bool TZyAxisLayout::HasZeroOrigin(const IZyAxisGraph* Graph) {
+  return Graph != nullptr && Graph->ZeroOrigin() && Graph->PrimaryXAxis() != nullptr &&
+         Graph->PrimaryYAxis() != nullptr;
 }
 
 void TZyAxisLayout::ShowAxesThatCross() {
@@ -217,7 +217,7 @@ void TZyAxisLayout::TakeFinalTicks() {
   for (TZyAxis* Axis : FAxes)
     if (Axis->AutoSize() || (Cross && (Axis == FGraph->PrimaryXAxis() || Axis == FGraph->PrimaryYAxis())))
       TakeFinalLength(*Axis);
-  if (Cross) CrossAxes();
+  if (Cross) CrossAxes(*FGraph);
 }
 
 void TZyAxisLayout::TakeFinalLength(TZyAxis& Axis) {
@@ -238,21 +238,22 @@ void TZyAxisLayout::TakeFinalLength(TZyAxis& Axis) {
 }
 
 /// Moves each of the two primary axes to the value 0 of the other. An axis that has no such value keeps its side, and
-/// the first label of the other one gives way to it.
-void TZyAxisLayout::CrossAxes() {
-  TZyAxis& X = *FGraph->PrimaryXAxis();
-  TZyAxis& Y = *FGraph->PrimaryYAxis();
+/// the first label of the other one gives way to it. An X axis of another graph stays where that one has it.
+void TZyAxisLayout::CrossAxes(const IZyAxisGraph& Graph) {
+  TZyAxis& X = *Graph.PrimaryXAxis();
+  TZyAxis& Y = *Graph.PrimaryYAxis();
+  const bool HasOwnX = !Graph.IsCoupledGraph();
   if (X.CrossesZero()) {
     Y.SetLeft(Rounded(X.NumberToWorld(0) - Y.AxLeft()));
     Y.DropAtZero();
-  } else {
+  } else if (HasOwnX) {
     X.DropFirstLabel();
   }
-  if (Y.CrossesZero()) {
+  if (!Y.CrossesZero()) {
+    Y.DropFirstLabel();
+  } else if (HasOwnX) {
     X.SetTop(Rounded(Y.NumberToWorld(0)));
     X.DropAtZero();
-  } else {
-    Y.DropFirstLabel();
   }
 }
 
@@ -340,6 +341,8 @@ void TZyAxisLayout::ShareCommonArea() {
     Right = std::min(Right, Area.X + Area.Width - 1);
   }
   for (IZyAxisGraph* Chart : Graphs) TakeCommonArea(*Chart, Left, Right);
+  for (const IZyAxisGraph* Chart : Graphs)  // the ticks are new, and 0 may have moved
+    if (HasZeroOrigin(Chart)) CrossAxes(*Chart);
 }
 
 void TZyAxisLayout::TakeCommonArea(IZyAxisGraph& Graph, float Left, float Right) {

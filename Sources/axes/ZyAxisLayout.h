@@ -56,14 +56,15 @@ class TZyAxisLayout {
   // Final lengths and places.
   void TakeFinalTicks();
   void TakeFinalLength(TZyAxis& Axis);
-  void CrossAxes();
+  static void CrossAxes(const IZyAxisGraph& Graph);
   void PlaceDataArea();
   void PlaceScrollBars();
   void PlaceLegends();
   void ShareCommonArea();
 
   std::vector<IZyGraphLegend*> LegendsAtSides() const;
-  bool HasZeroOrigin() const;
+  static bool HasZeroOrigin(const IZyAxisGraph* Graph);
+  bool HasZeroOrigin() const { return HasZeroOrigin(FGraph); }
   bool DropsMargin(const TZyAxis* Across) const;
   float ClientExtent(const TZyAxis& Axis) const;
   TZyOverhang OverhangOf(const TZyAxis& Axis) const;

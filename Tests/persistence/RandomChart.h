@@ -92,9 +92,10 @@ class TRandomChart : public TGraphPair {
     }
   }
 
-  /// Lays out and paints until nothing moves; gradients of lines span the data area of the layout before.
+  /// Lays out and paints until nothing moves; gradients of lines, and the depth of bars, follow from the data area of
+  /// the layout before.
   void Settle() {
-    for (int Times = 0; Times < 3; ++Times)
+    for (int Times = 0; Times < 5; ++Times)
       for (TZyGraph2D* One : Graphs()) {
         One->Modified();
         Paint(*One);
@@ -167,7 +168,8 @@ class TRandomChart : public TGraphPair {
     }
   }
 
-  /// Sets the published properties of an object and of its settings; what makes up the chart was set before.
+  /// Sets the published properties of an object and of its settings; what makes up the chart was set before. Labels of
+  /// bars stay off: one that fits takes no room, and fits as long as it takes none.
   void SetAll(TPersistent& Object) {
     static const std::set<std::string_view> Kept = {"Name",          "XAxis",
                                                     "YAxis",         "XData",
@@ -181,7 +183,7 @@ class TRandomChart : public TGraphPair {
                                                     "Font",          "DataField",
                                                     "MasterAxis",    "MergeLegendItemWith",
                                                     "DrawBandTo",    "RangeFromFunction",
-                                                    "Elliptical"};
+                                                    "Elliptical",    "LabelPosition"};
     for (const TPropInfo* Info : Object.ClassInfo().Properties()) {
       const bool IsOfLine = Object.ClassInfo().InheritsFrom(TZySimpleLineSettings::StaticClassInfo());
       if (Info->IsOwnedObject && Info->GetObject(Object) != nullptr && (HasLineGradients || !IsOfLine))
