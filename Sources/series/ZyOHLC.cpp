@@ -33,8 +33,8 @@ void TZyOHLC::DrawPoints(Graphics& Gr) {
   TZyPointLook Look(*this);
   for (std::size_t i = 0; i < Points().size(); ++i) {
     const PointF Close = Points()[i];
-    const float High = FHigh.Pixels()[i], Open = FOpen.Pixels()[i], Left = Close.X - Half, Right = Close.X + Half;
-    const RectF Bar{Left, High, BarWidth(), FLow.Pixels()[i] - High};
+    const float Top = TopOf(i), Open = FOpen.Pixels()[i], Left = Close.X - Half, Right = Close.X + Half;
+    const RectF Bar{Left, Top, BarWidth(), BottomOf(i) - Top};
     if (Look.AskBrush(i)) Gr.FillRectangle(Look.Brush(), Bar);
     if (!Look.AskPen(i)) continue;
     Gr.DrawRectangle(Look.Pen(), Bar);
@@ -50,7 +50,10 @@ void TZyOHLC::DrawListItem(const TZyLegendItemDrawArgs& e, LegendItemStyle) {
   Graphics& Gr = *e.Graphics;
   const RectF R = TRectToRectF(e.Rect);
   const float Top = R.Height / 2 + R.Y - 1 - BarWidth() / 2, Bottom = Top + BarWidth();
-  if (Area().Visible() && AreaBrush() != nullptr) Gr.FillRectangle(*AreaBrush(), R.X, Top, R.Width, BarWidth());
+  if (Area().Visible()) {
+    const auto Fitting = AreaBrush() == nullptr ? Area().GetBrush(R) : nullptr;  // before the first paint
+    Gr.FillRectangle(Fitting ? *Fitting : *AreaBrush(), R.X, Top, R.Width, BarWidth());
+  }
   if (!Line().Visible()) return;
   const auto Pen = Line().GetPen(R, 0);
   const float Edge = LinePen() == nullptr ? Pen->Width() : LinePen()->Width();

@@ -3,26 +3,36 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
+#include <random>
 
 #include "graph/SampleChart.h"
+#include "persistence/RandomChart.h"
+#include "series/ZyCandleSticks.h"
 
 namespace zy::testing {
 namespace {
 
-class ZyOHLCTest : public ::testing::Test {
+/// Three records on axes from 0 to 10.
+template <class TSeries>
+class TRecords : public ::testing::Test {
  protected:
-  ZyOHLCTest() {
+  TRecords() {
     Chart.UseTenAxes();
     Series->SetLowData(Low);
     Series->SetOpenData(Open);
     Series->SetHighData(High);
   }
+  TZyDoubleVector& X() { return dynamic_cast<TZyDoubleVector&>(*Series->XData()); }
+  TZyDoubleVector& Close() { return dynamic_cast<TZyDoubleVector&>(*Series->YData()); }
   TSampleChart Chart;
-  TZyOHLC* Series = Chart.AddSeries<TZyOHLC>("Prices", {2, 6, 8}, {5, 3, 7});
+  TSeries* Series = Chart.AddSeries<TSeries>("Prices", {2, 6, 8}, {5, 3, 7});
   TZyDoubleVector* Low = Chart.AddVector("Low", {1, 2, 3});
   TZyDoubleVector* Open = Chart.AddVector("Open", {2, 4, 5});
   TZyDoubleVector* High = Chart.AddVector("High", {6, 9, 8, 10});
 };
+using ZyOHLCTest = TRecords<TZyOHLC>;
+using ZyCandleSticksTest = TRecords<TZyCandleSticks>;
 
 TEST_F(ZyOHLCTest, RangesGoFromLowToHighOverTheShortestVector) {
   Series->Calculate();
@@ -34,6 +44,17 @@ TEST_F(ZyOHLCTest, RangesGoFromLowToHighOverTheShortestVector) {
   Open->AddOutlier(1);
   Series->Calculate();
   EXPECT_EQ(Series->YStop(), 8);
+  Series->SetXValueTransformation(
+      [](TObject*, const TZyTransformEventArgs& e) { return e.Index == 2 ? NAN : -e.Value; });
+  Series->SetLowValueTransformation([](TObject*, const TZyTransformEventArgs& e) { return e.Value - 5; });
+  Series->Calculate();
+  EXPECT_EQ(Series->XStart(), -2) << "what a transformation makes no number of is left out";
+  EXPECT_EQ(Series->YStart(), -4);
+  Series->SetLowValueTransformation(nullptr);
+  Low->SetInternalArray({-3, 4, -1, 2});
+  Chart.Y->SetScaling(TZyAxisScaling::Log);
+  Series->Calculate();
+  EXPECT_EQ(Series->YStart(), 2) << "lows below 0 are no place on a logarithmic axis";
   Series->SetYData(nullptr);
   EXPECT_TRUE(Chart.Graph->RelatedSeries().empty()) << "the index is no close";
 }
@@ -58,6 +79,9 @@ TEST_F(ZyOHLCTest, DrawsABarWithTwoTicksAndIsHitWithinThem) {
     EXPECT_EQ(Chart.CountOf(Calls, Call), 1) << Call;
   for (const auto& [X, Y, Found] : {std::tuple(136, 200, 0), {135, 200, -1}, {160, 275, 0}, {150, 276, -1}})
     EXPECT_EQ(Series->FindPoint(X, Y), Found) << X << ", " << Y;
+  Chart.Y->SetTwisted(true);
+  EXPECT_EQ(Chart.CountOf(Chart.Calls(), "DrawRectangle(pen FF00008B 1, 142.6 75 10 125)"), 1) << "upside down";
+  EXPECT_EQ(Series->FindPoint(140, 190), 0);
   int Asked = 0;
   Series->SetOnGetPen([&](TObject*, TZyPenEventArgs& Args) {
     ++Asked;
@@ -65,6 +89,180 @@ TEST_F(ZyOHLCTest, DrawsABarWithTwoTicksAndIsHitWithinThem) {
   });
   EXPECT_EQ(Chart.CountOf(Chart.Calls(), "DrawRectangle(pen FF00008B"), 1) << "what a handler hides stays hidden";
   EXPECT_EQ(Asked, 3);
+}
+
+TEST_F(ZyCandleSticksTest, DrawsBodiesInTheirColoursWithWicks) {
+  EXPECT_EQ(Series->BarWidth(), 6);
+  Series->SetBarWidth(10);
+  Open->SetValue(2, 7);
+  Series->SetOpenValueTransformation(
+      [](TObject*, const TZyTransformEventArgs& e) { return e.Index == 1 ? 2.5 : e.Value; });
+  // Half a body takes 5 of the 500 pixels of the X axis; 25 pixels for 1 upwards from 300.
+  struct TCase {
+    bool SameColor, LineVisible, Twisted;
+    std::vector<std::string_view> Calls;
+    std::ptrdiff_t Lines;
+  };
+  for (const auto& [SameColor, LineVisible, Twisted, Expected, Lines] :
+       {TCase{false,
+              true,
+              false,
+              {"FillRectangle(FF008000, 144 175 10 75)", "DrawRectangle(pen FF000000 1, 144 175 10 75)",
+               "pen FF000000 1, 149 250, 149 275", "pen FF000000 1, 149 175, 149 150",
+               "FillRectangle(FFFF0000, 342 225 10 12.5)", "pen FF000000 1, 347 237.5, 347 250",
+               "DrawLine(pen FF000000 1, 441 125, 451 125)"},
+              2},
+        {true,
+         true,
+         false,
+         {"DrawRectangle(pen FF008000 1, 144 175 10 75)", "pen FF008000 1, 149 250, 149 275",
+          "DrawRectangle(pen FFFF0000 1, 342 225 10 12.5)", "DrawLine(pen FF000000 1, 441 125, 451 125)"},
+         2},
+        {false,
+         false,
+         false,
+         {"FillRectangle(FF008000, 144 175 10 75)", "FillRectangle(FFFF0000, 342 225 10 12.5)"},
+         0},
+        {false,
+         true,
+         true,
+         {"FillRectangle(FF008000, 144 100 10 75)", "pen FF000000 1, 149 100, 149 75",
+          "pen FF000000 1, 149 175, 149 200"},
+         2}}) {
+    Series->SetShadowsSameColorAsFill(SameColor);
+    Series->Line().SetVisible(LineVisible);
+    Chart.Y->SetTwisted(Twisted);
+    const auto Calls = Chart.Calls();
+    for (const std::string_view Call : Expected) EXPECT_EQ(Chart.CountOf(Calls, Call), 1) << Call;
+    EXPECT_EQ(Chart.CountOf(Calls, "DrawRectangle(pen FF000000 1, ") +
+                  Chart.CountOf(Calls, "DrawRectangle(pen FF008000") +
+                  Chart.CountOf(Calls, "DrawRectangle(pen FFFF0000"),
+              Lines);
+    EXPECT_TRUE(Series->SeriesVisible()) << "bodies are there without lines";
+  }
+  for (const auto& [X, Y, Found] :
+       {std::tuple(144, 190, 0), {143, 190, -1}, {154, 75, 0}, {154, 74, -1}, {440, 130, -1}})
+    EXPECT_EQ(Series->FindPoint(X, Y), Found) << X << ", " << Y;
+  Series->SetOnGetPen([](TObject*, TZyPenEventArgs& Args) { Args.Visible = Args.Visible && Args.Index < 1; });
+  EXPECT_EQ(Chart.CountOf(Chart.Calls(), "DrawRectangle(pen FF000000"), 1) << "what a handler hides stays hidden";
+  Series->SetOnGetPen([this](TObject*, TZyPenEventArgs&) { Open->Clear(); });
+  Chart.Paint();
+  EXPECT_EQ(Series->Count(), 0);
+}
+
+TEST_F(ZyCandleSticksTest, ItemsOfLegendsAreMiniatures) {
+  const auto ItemOf = [](TZySeries& One) {
+    return TSampleChart::CallsOf([&One](Graphics& Gr) { One.DrawListItem({&Gr, {10, 20, 50, 40}, 0}); });
+  };
+  // The middle lies at 29: a body of 6 from 26, in quarters of 10 pixels.
+  auto Calls = ItemOf(*Series);
+  EXPECT_EQ(Series->GetItemHeight(), 8);
+  for (const std::string_view Call : {"FillRectangle(FF008000, 20 26 10 6)", "FillRectangle(FFFF0000, 30 26 10 6)",
+                                      "DrawRectangle(pen FF000000 1, 20 26 20 6)", "10 29, 20 29", "40 29, 50 29"})
+    EXPECT_EQ(TSampleChart::CountOf(Calls, Call), 1) << Call;
+  Series->SetShadowsSameColorAsFill(true);
+  Calls = ItemOf(*Series);
+  EXPECT_EQ(TSampleChart::CountOf(Calls, "DrawRectangle"), 0);
+  EXPECT_EQ(TSampleChart::CountOf(Calls, "DrawLine(pen FF008000 1, 10 29, 20 29"), 1);
+  EXPECT_EQ(TSampleChart::CountOf(Calls, "DrawLine(pen FFFF0000 1, 40 29, 50 29"), 1);
+  auto* const Bars = Chart.AddSeries<TZyOHLC>("Bars");
+  EXPECT_EQ(Bars->GetItemHeight(), 16);
+  Calls = ItemOf(*Bars);
+  for (const std::string_view Call : {"FillRectangle(FF00008B, 10 27 40 4)",
+                                      "DrawRectangle(pen FF00008B 1, 10.5 27 39 4)", "20 27, 20 22", "40 31, 40 36"})
+    EXPECT_EQ(TSampleChart::CountOf(Calls, Call), 1) << Call;
+}
+
+/// However data come, change and go, pixels are those of the same data in one go.
+TEST_F(ZyCandleSticksTest, RecordsThatComeLeaveTheOthersAsTheyAre) {
+  std::mt19937 Random(3);
+  TZyDoubleVector* const All[] = {&X(), &Close(), Low, Open, High};
+  const auto PixelsOf = [this] { return std::vector(Series->Points().begin(), Series->Points().end()); };
+  for (int Step = 0; Step < 300; ++Step) {
+    const int What = static_cast<int>(Random() % 20);
+    TZyDoubleVector& One = *All[Random() % 5];
+    const int Last = One.Count() - 1;
+    if (What < 12)
+      for (TZyDoubleVector* Data : All) Data->Add(Data == &X() ? Step / 30.0 : static_cast<double>(Random() % 90) / 10);
+    else if (What < 17)
+      One.SetValue(std::max(Last - static_cast<int>(Random() % 4), 0), static_cast<double>(Random() % 100) / 10);
+    else if (What == 17)
+      One.Delete(Last);
+    else
+      One.SetOutlier(Last, What == 18);
+    Chart.Paint();
+    const auto Pixels = PixelsOf();
+    const double Start = Series->YStart(), Stop = Series->YStop();
+    Series->RangesModified();
+    Chart.Paint();
+    ASSERT_EQ(Pixels, PixelsOf()) << Step;
+    ASSERT_EQ(std::pair(Start, Stop), std::pair(Series->YStart(), Series->YStop())) << Step;
+  }
+}
+
+TEST_F(ZyCandleSticksTest, VectorsComeFromDataSets) {
+  TSampleData Data;
+  for (TZyDoubleVector* Vector : {Low, Open, High, &Close()}) {
+    Vector->SetDataSource(Data.Source);
+    Vector->SetDataField("v");
+  }
+  X().SetInternalArray({1, 2, 3});
+  Chart.Paint();
+  EXPECT_EQ(Series->Count(), 2) << "1.5, 4, and no value at the end";
+  EXPECT_EQ(Series->YStart(), 1.5);
+  EXPECT_EQ(Series->YStop(), 4);
+}
+
+TEST(ZyRecordSeriesTest, ANewOneShowsSamplesToTheDesigner) {
+  TSampleChart Chart;
+  Chart.FixEnds(Chart.Y, 2, 12);
+  Chart.Form.SetDesigning(true);
+  auto* const Series = Chart.AddSeries<TZyOHLC>("Prices");
+  TZyDoubleVector *const Low = Chart.AddVector("Low"), *const Open = Chart.AddVector("Open", {7, 8}),
+                         *const High = Chart.AddVector("High");
+  Series->SetLowData(Low);
+  Series->SetHighData(High);
+  EXPECT_EQ(Low->Count(), 0);
+  Series->SetOpenData(Open);
+  ASSERT_EQ(Low->Count(), 11);
+  EXPECT_EQ(Open->Count(), 2) << "only what is empty is filled";
+  EXPECT_NEAR(Low->Minimum(), 2, 1e-12);
+  EXPECT_NEAR(High->Maximum(), 12, 1e-12);
+  for (int i = 0; i < 11; ++i) {
+    EXPECT_LE(Low->GetValue(i), Series->CloseData()->GetValue(i));
+    EXPECT_LE(Series->CloseData()->GetValue(i), High->GetValue(i));
+  }
+  EXPECT_EQ(Series->XData()->Count(), 11);
+}
+
+TEST(ZyRecordSeriesTest, PaintsOnWhateverTheData) {
+  constexpr double NaN = std::numeric_limits<double>::quiet_NaN(), Inf = HUGE_VAL;
+  const std::vector<std::vector<double>> Lists = {
+      {}, {0}, {1, 2, 3, 4}, {4, 3, 2, 1}, {NaN, 2, Inf}, {1e308, -1e308, 3}, {-1, -5, 0}};
+  TSampleChart Chart;
+  std::vector<TZyDoubleVector*> Vectors{nullptr};
+  for (const auto& Values : Lists) Vectors.push_back(Chart.AddVector("V" + std::to_string(Vectors.size()), Values));
+  std::mt19937 Random(5);
+  const auto Any = [&] { return Vectors[Random() % Vectors.size()]; };
+  std::vector<TZyCustomOHLC*> All;
+  for (int i = 0; i < 30; ++i) {
+    const std::string Name = "S" + std::to_string(i);
+    All.push_back(i % 2 == 0 ? static_cast<TZyCustomOHLC*>(Chart.AddSeries<TZyOHLC>(Name))
+                             : Chart.AddSeries<TZyCandleSticks>(Name));
+  }
+  for (int Round = 0; Round < 60; ++Round) {
+    for (TZyAxis* Axis : {Chart.X, Chart.Y}) Axis->SetScaling(static_cast<TZyAxisScaling>(Random() % 5));
+    for (TZyCustomOHLC* Series : All) {
+      Series->SetXData(Any());
+      Series->SetLowData(Any());
+      Series->SetOpenData(Any());
+      Series->SetHighData(Any());
+      Series->SetCloseData(Any());
+    }
+    Chart.Paint();
+    for (const TZyCustomOHLC* Series : All)
+      for (const PointF& P : Series->Points()) EXPECT_TRUE(std::isfinite(P.X + P.Y));
+  }
 }
 
 }  // namespace
