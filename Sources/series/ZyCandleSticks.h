@@ -33,7 +33,10 @@ class TZyCandleSticks : public TZyCustomOHLC {
   void DrawPoints(Graphics& Gr) override;
 
  private:
+  class TDense;
+
   TZyColor ColorOf(int Idx) const;
+  void DrawEach(Graphics& Gr);
 
   TZyColor FBullColor = Colors::Green;
   TZyColor FBearColor = Colors::Red;

@@ -136,6 +136,17 @@ bool TZyCustomOHLC::HasAscendingPixels() const {
   return !FX.IsTransformed() && FX->GetIsSorted() && !FXAxis->HasLogScaling() && !FXAxis->Twisted();
 }
 
+bool TZyCustomOHLC::HasColumns(TZyRecordLook& Look) {
+  constexpr float FewestForPixel = 2;
+  Look.Area = Graph()->DrawingArea();
+  Look.BarWidth = FBarWidth;
+  Look.Overhang = Overhang();
+  Look.LineWidth = LinePen()->EffectiveWidth();
+  Look.HasLine = Line().Visible();
+  const bool AreDense = static_cast<float>(Points().size()) > FewestForPixel * std::max(Look.Area.Width, 1.0f);
+  return AreDense && !OnGetPen() && !OnGetBrush() && LinePen()->DashStyle() == DashStyleSolid;
+}
+
 int TZyCustomOHLC::FindPoint(int X, int Y) const {
   const auto x = static_cast<float>(X), y = static_cast<float>(Y);
   const float Half = (1 + FBarWidth) / 2 + Overhang();

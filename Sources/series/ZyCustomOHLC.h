@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "series/ZyRecordColumns.h"
 #include "series/ZySeries.h"
 
 namespace zy {
@@ -65,8 +66,19 @@ class TZyCustomOHLC : public TZySeries {
   float TopOf(std::size_t Record) const { return std::min(FHigh.Pixels()[Record], FLow.Pixels()[Record]); }
   float BottomOf(std::size_t Record) const { return std::max(FHigh.Pixels()[Record], FLow.Pixels()[Record]); }
 
+  /// Whether records stand so densely, and without events, that all of a column of pixels are drawn together. The
+  /// colours are for the kind to fill in, and to test.
+  bool HasColumns(TZyRecordLook& Look);
+  /// Draws them; Kind is that of TZyRecordColumns.
+  template <class TKind>
+  void DrawColumns(Graphics& Gr, const TKind& Kind, const TZyRecordLook& Look) {
+    FColumns.Update(Kind, Points(), Look, HasAscendingPixels());
+    FColumns.Draw(Gr);
+  }
+
   bool HasTrackedRanges() const override;
   void TakeRanges(TRange& X, TRange& Y) override;
+  void KeepPixels(int Count) override { FColumns.KeepRecords(static_cast<std::size_t>(Count)); }
   void TakePixels(int Start, int Stop) override;
   void AddBandPoints() override {}
   void AddSampleData() override;
@@ -88,6 +100,7 @@ class TZyCustomOHLC : public TZySeries {
   void TakeStretch(int First, int Last);
   bool HasAscendingPixels() const;
 
+  TZyRecordColumns FColumns;
   float FBarWidth = 4;
 };
 

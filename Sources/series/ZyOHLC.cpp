@@ -1,5 +1,6 @@
 #include "series/ZyOHLC.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "graph/parts/ZySeriesGraph.h"
@@ -10,6 +11,94 @@
 #include "series/ZyPointLook.h"
 
 namespace zy {
+
+/// How bars lie in columns of pixels.
+class TZyOHLC::TDense {
+ public:
+  /// Places of colours.
+  enum { Fill, Outline };
+
+  TDense(const TZyOHLC& Bars, const TZyRecordLook& Look)
+      : FClose(Bars.Points()),
+        FOpen(Bars.FOpen.Pixels()),
+        FHigh(Bars.FHigh.Pixels()),
+        FLow(Bars.FLow.Pixels()),
+        FHasFill(Look.HasFill),
+        FHasLine(Look.HasLine),
+        FLineWidth(Look.LineWidth),
+        FReach((FLineWidth - 1) / 2),
+        FFillInk(Look.InkOf(Fill)),
+        FLineInk(Look.InkOf(Outline)) {
+    const float Half = Look.BarWidth / 2, End = Half + Look.Overhang;
+    FBar = TZyRecordColumns::OfBox(-Half, -Half + Look.BarWidth);
+    FBar.Last = std::max(FBar.First, FBar.Last);
+    FWhole = TZyRecordColumns::OfLine(-Half, Half, FLineWidth);
+    FLeft = TZyRecordColumns::OfLine(-Half, -Half, FLineWidth);
+    FRight = TZyRecordColumns::OfLine(Half, Half, FLineWidth);
+    FOpenTick = {TZyRecordColumns::Rounded(-End), TZyRecordColumns::Rounded(-Half)};
+    FCloseTick = {TZyRecordColumns::Rounded(Half), TZyRecordColumns::Rounded(End)};
+  }
+
+  int Reach() const {
+    return std::max({-FWhole.First, FWhole.Last, -FBar.First, FBar.Last, -FOpenTick.First, FCloseTick.Last});
+  }
+
+  void Lay(std::size_t Record, TZyRecordColumns& To) const {
+    const float High = FHigh[Record], Low = FLow[Record], Top = std::min(High, Low), Bottom = std::max(High, Low);
+    if (!FHasLine) {
+      const bool IsEmpty = TZyRecordColumns::Rounded(Top) == TZyRecordColumns::Rounded(Bottom);
+      if (!IsEmpty) LayBar({Top, std::max(Top, Bottom - 1)}, Top, Bottom, To);
+    } else if (FHasFill) {
+      // All at once, since hardly any of dense ones is guessed right by itself.
+      const TRows Open = RowsAt(FOpen[Record]), Close = RowsAt(FClose[Record].Y);
+      const TZyRecordColumns::TSpan Bar{Top - FReach, Bottom + FReach};
+      const bool IsHidden =
+          To.IsCovered(AlongBar, Bar) & To.HasLine(AtOpen, Open.First) & To.HasLine(AtClose, Close.First);
+      if (IsHidden) return;
+      LayLine(AtClose, FCloseTick, Close, To);
+      LayLine(AtOpen, FOpenTick, Open, To);
+      LayBar(Bar, Top, Bottom, To);
+    } else {
+      LayLine(AtClose, FCloseTick, RowsAt(FClose[Record].Y), To);
+      LayLine(AtOpen, FOpenTick, RowsAt(FOpen[Record]), To);
+      LayLine(AtEdges, FWhole, RowsAt(Top), To);
+      LayLine(AtEdges, FWhole, RowsAt(Bottom), To);
+      LayBar({Top, Bottom}, Top, Bottom, To);
+    }
+  }
+
+ private:
+  using TRows = TZyRecordColumns::TPixels;
+  enum TLane : std::size_t { AlongBar, AtOpen, AtClose, AtEdges };
+
+  TRows RowsAt(float Y) const { return TZyRecordColumns::OfLine(Y, Y, FLineWidth); }
+
+  void LayLine(TLane Lane, const TZyRecordColumns::TPixels& Columns, const TRows& Rows, TZyRecordColumns& To) const {
+    if (To.HasLine(Lane, Rows.First)) return;
+    To.NoteLine(Lane, Rows.First);
+    To.Put(Columns, Rows, FLineInk);
+  }
+
+  void LayBar(const TZyRecordColumns::TSpan& Span, float Top, float Bottom, TZyRecordColumns& To) const {
+    if (To.IsCovered(AlongBar, Span)) return;
+    To.Cover(AlongBar, Span);
+    if (FHasLine) {
+      const TRows Rows{TZyRecordColumns::Rounded(Top), TZyRecordColumns::Rounded(Bottom)};
+      if (FHasFill) To.Put(FWhole, RowsAt(Top), FLineInk);
+      if (FHasFill) To.Put(FWhole, RowsAt(Bottom), FLineInk);
+      To.Put(FLeft, Rows, FLineInk);
+      To.Put(FRight, Rows, FLineInk);
+    }
+    if (FHasFill) To.Put(FBar, TZyRecordColumns::OfBox(Top, Bottom), FFillInk);
+  }
+
+  std::span<const PointF> FClose;
+  std::span<const float> FOpen, FHigh, FLow;
+  bool FHasFill, FHasLine;
+  float FLineWidth, FReach;
+  std::uint8_t FFillInk, FLineInk;
+  TZyRecordColumns::TPixels FBar, FWhole, FLeft, FRight, FOpenTick, FCloseTick;
+};
 
 ZY_PUBLISHED(TZyOHLC, TZyCustomOHLC,
              Published<&Self::IndicatorLength, &Self::SetIndicatorLength>("IndicatorLength", 5.0f,
@@ -29,6 +118,19 @@ void TZyOHLC::Fields(TZyArchive& Archive) {
 }
 
 void TZyOHLC::DrawPoints(Graphics& Gr) {
+  TZyRecordLook Look;
+  const auto* const Fill = dynamic_cast<const SolidBrush*>(AreaBrush());
+  Look.HasFill = Area().Visible();
+  const bool HasColors = (!Look.HasFill || Fill != nullptr) && GetAlpha(LinePen()->Color()) > 0;
+  if (HasColumns(Look) && HasColors) {
+    Look.Colors.fill(Look.HasLine ? LinePen()->Color() : Fill != nullptr ? Fill->GetColor() : Colors::Black);
+    if (Look.HasFill) Look.Colors[TDense::Fill] = Fill->GetColor();
+    if (Look.IsOpaque()) return DrawColumns(Gr, TDense(*this, Look), Look);
+  }
+  DrawEach(Gr);
+}
+
+void TZyOHLC::DrawEach(Graphics& Gr) {
   const float Half = BarWidth() / 2;
   TZyPointLook Look(*this);
   for (std::size_t i = 0; i < Points().size(); ++i) {

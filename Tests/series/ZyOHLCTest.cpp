@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
+
 #include <cmath>
 #include <limits>
 #include <random>
@@ -211,6 +213,86 @@ TEST_F(ZyCandleSticksTest, VectorsComeFromDataSets) {
   EXPECT_EQ(Series->Count(), 2) << "1.5, 4, and no value at the end";
   EXPECT_EQ(Series->YStart(), 1.5);
   EXPECT_EQ(Series->YStop(), 4);
+}
+
+/// Dense records are drawn column by column. An event that changes nothing makes each of them be drawn.
+template <class TSeries>
+void ExpectDenseToLookLikeAll(const std::function<void(TSeries&)>& Prepare) {
+  constexpr int Count = 6000;
+  TSampleChart Chart;
+  Chart.UsePlainAxes();
+  auto& Series = *Chart.AddSeries<TSeries>("Prices");
+  std::mt19937 Random(1);
+  const auto Step = [&Random] { return static_cast<double>(Random() % 1000) / 1000; };
+  std::vector<double> X, Low, Open, High, Close;
+  double Price = 100;
+  for (int i = 0; i < Count; ++i) {
+    X.push_back(i + Step());
+    Open.push_back(Price);
+    Price = i % 50 == 7 ? Price : Price + 6 * Step() - 3;
+    Close.push_back(Price);
+    Low.push_back(std::min(Open.back(), Price) - 3 * Step());
+    High.push_back(std::max(Open.back(), Price) + 3 * Step());
+  }
+  Series.SetXData(Chart.AddVector("DenseX", X));
+  Series.SetLowData(Chart.AddVector("Low", Low));
+  Series.SetOpenData(Chart.AddVector("Open", Open));
+  Series.SetHighData(Chart.AddVector("High", High));
+  Series.SetCloseData(Chart.AddVector("Close", Close));
+  Prepare(Series);
+  for (const auto& [Mode, Most] : {std::pair(TZySmoothingMode::None, 0.01), {TZySmoothingMode::AntiAlias, 0.25}}) {
+    Chart.Graph->SetSmoothingMode(Mode);
+    Series.SetOnGetPen(nullptr);
+    Chart.Paint();
+    EXPECT_LT(Chart.Calls().size(), 100u);
+    const Bitmap Fast = Chart.Paint();
+    Series.SetOnGetPen([](TObject*, TZyPenEventArgs&) {});
+    const Bitmap Slow = Chart.Paint();
+    double Differ = 0, Drawn = 0;
+    for (int y = 0; y < Fast.GetHeight(); ++y)
+      for (int x = 0; x < Fast.GetWidth(); ++x) {
+        Differ += Distance(Fast.GetPixel(x, y), Slow.GetPixel(x, y)) / 255.0;
+        Drawn += Slow.GetPixel(x, y) >> 24 == 0 ? 0 : 1;
+      }
+    EXPECT_GT(Drawn, 10000);
+    EXPECT_LT(Differ, Most * Drawn) << "smoothed edges lie between columns, and those of columns do not";
+  }
+}
+
+TEST(ZyRecordSeriesTest, DenseOnesLookLikeAllOfThem) {
+  for (const bool HasLine : {true, false})
+    for (const bool HasMore : {true, false}) {
+      SCOPED_TRACE(::testing::Message() << HasLine << HasMore);
+      ExpectDenseToLookLikeAll<TZyCandleSticks>([&](TZyCandleSticks& Series) {
+        Series.Line().SetVisible(HasLine);
+        Series.SetShadowsSameColorAsFill(HasMore);
+      });
+      ExpectDenseToLookLikeAll<TZyOHLC>([&](TZyOHLC& Series) {
+        Series.Line().SetVisible(HasLine);
+        Series.Area().SetForeColor(Colors::Orange);
+        Series.Area().SetVisible(HasMore || !HasLine);
+      });
+    }
+}
+
+TEST_F(ZyCandleSticksTest, DenseOnesThatComeAndGoLookAsInOneGo) {
+  std::mt19937 Random(7);
+  TZyDoubleVector* const All[] = {&X(), &Close(), Low, Open, High};
+  const auto Add = [&](double At) {
+    for (TZyDoubleVector* Data : All) Data->Add(Data == &X() ? At : static_cast<double>(Random() % 90) / 10);
+  };
+  for (TZyDoubleVector* Data : All) Data->Clear();
+  for (int i = 0; i < 4000; ++i) Add(i / 500.0);
+  for (int Step = 0; Step < 60; ++Step) {
+    const int What = static_cast<int>(Random() % 4), Last = X().Count() - 1;
+    if (What < 2) Add(X()[Last] + 0.002);
+    if (What == 2) Close().SetValue(Last, static_cast<double>(Random() % 90) / 10);
+    if (What == 3)
+      for (TZyDoubleVector* Data : All) Data->Delete(Last);
+    const Bitmap Quick = Chart.Paint();
+    Series->PointsModified();
+    ASSERT_EQ(Quick.ToQt(), Chart.Paint().ToQt()) << Step;
+  }
 }
 
 TEST(ZyRecordSeriesTest, ANewOneShowsSamplesToTheDesigner) {
