@@ -15,9 +15,9 @@ namespace zy {
 namespace {
 
 /// Places of colours; those of the lines behind those of the fills.
-enum TCandle : std::size_t { Bull, Bear, Flat, Kinds };
+enum TTrend : std::size_t { Bull, Bear, Flat, Trends };
 
-TCandle KindOf(double Open, double Close) { return Close > Open ? Bull : Close == Open ? Flat : Bear; }
+TTrend TrendOf(double Open, double Close) { return Close > Open ? Bull : Close == Open ? Flat : Bear; }
 
 }  // namespace
 
@@ -32,7 +32,7 @@ class TZyCandleSticks::TDense {
         FLow(Candles.FLow.Pixels()),
         FHasLine(Look.HasLine),
         FLineWidth(Look.LineWidth),
-        FReach((FLineWidth - 1) / 2) {
+        FReach(TZyRecordColumns::ReachOf(FLineWidth)) {
     const float Half = Look.BarWidth / 2;
     FBody = TZyRecordColumns::OfBox(-Half, -Half + Look.BarWidth);
     FBody.Last = std::max(FBody.First, FBody.Last);
@@ -45,42 +45,57 @@ class TZyCandleSticks::TDense {
 
   int Reach() const { return std::max({-FWhole.First, FWhole.Last, -FBody.First, FBody.Last}); }
 
+  bool IsHidden(std::size_t Record, const TZyRecordColumns& To) const {
+    const TCandle One = At(Record);
+    return To.IsCovered(AlongBody, BodyOf(One)) && To.IsCovered(AlongWick, WickOf(One));
+  }
+
   void Lay(std::size_t Record, TZyRecordColumns& To) const {
-    enum { AlongBody, AlongWick };  // lanes
-    const float Open = FOpen[Record], Close = FClose[Record].Y, High = FHigh[Record], Low = FLow[Record];
-    const float Upper = std::min(Open, Close), Lower = std::max(Open, Close);
-    const float Top = std::min(High, Low), Bottom = std::max(High, Low);
-    const bool IsThin = Lower - Upper < 1;
-    TZyRecordColumns::TSpan Body{Upper, std::max(Upper, Lower - 1)}, Wick;
-    if (!FHasLine && TZyRecordColumns::Rounded(Upper) == TZyRecordColumns::Rounded(Lower)) return;
-    if (FHasLine) {
-      Body = {Upper - FReach, (IsThin ? Upper : Lower) + FReach};
-      Wick = {std::min(Top, Upper), std::max(Bottom, Lower)};
-    }
-    if (To.IsCovered(AlongBody, Body) && To.IsCovered(AlongWick, Wick)) return;
-    To.Cover(AlongBody, Body);
-    To.Cover(AlongWick, Wick);
+    const TCandle One = At(Record);
+    To.Cover(AlongBody, BodyOf(One));
+    To.Cover(AlongWick, WickOf(One));
     const int Index = FCandles.PointIndex()[Record];
-    const TCandle Kind = KindOf(FCandles.OpenData()->GetValue(Index), FCandles.CloseData()->GetValue(Index));
+    const TTrend Trend = TrendOf(FCandles.OpenData()->GetValue(Index), FCandles.CloseData()->GetValue(Index));
     if (FHasLine) {
-      const std::uint8_t Ink = FInks[Kinds + Kind];
+      const std::uint8_t Ink = FInks[Trends + Trend];
       const auto Across = [&](float Y) { To.Put(FWhole, TZyRecordColumns::OfLine(Y, Y, FLineWidth), Ink); };
       const auto Upright = [&](const TZyRecordColumns::TPixels& Columns, float From, float Until) {
         To.Put(Columns, {TZyRecordColumns::Rounded(From), TZyRecordColumns::Rounded(Until)}, Ink);
       };
-      Upright(FMiddle, Top, Upper);
-      Upright(FMiddle, Lower, Bottom);
-      Across(Upper);
-      if (!IsThin) {
-        Across(Lower);
-        Upright(FLeft, Upper, Lower);
-        Upright(FRight, Upper, Lower);
+      Upright(FMiddle, One.Top, One.Upper);
+      Upright(FMiddle, One.Lower, One.Bottom);
+      Across(One.Upper);
+      if (!One.IsThin()) {
+        Across(One.Lower);
+        Upright(FLeft, One.Upper, One.Lower);
+        Upright(FRight, One.Upper, One.Lower);
       }
     }
-    To.Put(FBody, TZyRecordColumns::OfBox(Upper, Lower), FInks[Kind]);
+    To.Put(FBody, TZyRecordColumns::OfBox(One.Upper, One.Lower), FInks[Trend]);
   }
 
  private:
+  enum TLane : std::size_t { AlongBody, AlongWick };
+  struct TCandle {
+    float Top, Upper, Lower, Bottom;
+    bool IsThin() const { return Lower - Upper < 1; }
+  };
+
+  TCandle At(std::size_t Record) const {
+    const float Open = FOpen[Record], Close = FClose[Record].Y, High = FHigh[Record], Low = FLow[Record];
+    return {std::min(High, Low), std::min(Open, Close), std::max(Open, Close), std::max(High, Low)};
+  }
+  /// A body without a line that covers no row is nothing.
+  TZyRecordColumns::TSpan BodyOf(const TCandle& One) const {
+    if (FHasLine) return {One.Upper - FReach, (One.IsThin() ? One.Upper : One.Lower) + FReach};
+    if (TZyRecordColumns::Rounded(One.Upper) == TZyRecordColumns::Rounded(One.Lower)) return {};
+    return {One.Upper, std::max(One.Upper, One.Lower - 1)};
+  }
+  TZyRecordColumns::TSpan WickOf(const TCandle& One) const {
+    if (!FHasLine) return {};
+    return {std::min(One.Top, One.Upper), std::max(One.Bottom, One.Lower)};
+  }
+
   const TZyCandleSticks& FCandles;
   std::span<const PointF> FClose;
   std::span<const float> FOpen, FHigh, FLow;
@@ -109,15 +124,15 @@ void TZyCandleSticks::Fields(TZyArchive& Archive) {
 }
 
 TZyColor TZyCandleSticks::ColorOf(int Idx) const {
-  const TCandle Kind = KindOf(OpenData()->GetValue(Idx), CloseData()->GetValue(Idx));
-  return Kind == Bull ? FBullColor : Kind == Flat ? Colors::Black : FBearColor;
+  const TTrend Trend = TrendOf(OpenData()->GetValue(Idx), CloseData()->GetValue(Idx));
+  return Trend == Bull ? FBullColor : Trend == Flat ? Colors::Black : FBearColor;
 }
 
 void TZyCandleSticks::DrawPoints(Graphics& Gr) {
   TZyRecordLook Look;
   const bool AreDense = HasColumns(Look);
   Look.Colors = {FBullColor, FBearColor, Colors::Black, FBullColor, FBearColor, Colors::Black};
-  if (!FShadowsSameColorAsFill && Look.HasLine) std::fill_n(Look.Colors.begin() + Kinds, Kinds, Line().Color());
+  if (!FShadowsSameColorAsFill && Look.HasLine) std::fill_n(Look.Colors.begin() + Trends, Trends, Line().Color());
   if (AreDense && Look.IsOpaque()) return DrawColumns(Gr, TDense(*this, Look), Look);
   DrawEach(Gr);
 }

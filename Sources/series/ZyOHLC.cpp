@@ -26,7 +26,7 @@ class TZyOHLC::TDense {
         FHasFill(Look.HasFill),
         FHasLine(Look.HasLine),
         FLineWidth(Look.LineWidth),
-        FReach((FLineWidth - 1) / 2),
+        FReach(TZyRecordColumns::ReachOf(FLineWidth)),
         FFillInk(Look.InkOf(Fill)),
         FLineInk(Look.InkOf(Outline)) {
     const float Half = Look.BarWidth / 2, End = Half + Look.Overhang;
@@ -43,27 +43,28 @@ class TZyOHLC::TDense {
     return std::max({-FWhole.First, FWhole.Last, -FBar.First, FBar.Last, -FOpenTick.First, FCloseTick.Last});
   }
 
+  /// All at once, since hardly any place of a tick is guessed right.
+  bool IsHidden(std::size_t Record, const TZyRecordColumns& To) const {
+    if (!FHasLine || !FHasFill) return false;
+    const auto [Top, Bottom] = BarOf(Record);
+    return To.IsCovered(AlongBar, {Top - FReach, Bottom + FReach}) & To.HasLine(AtOpen, FirstRow(FOpen[Record])) &
+           To.HasLine(AtClose, FirstRow(FClose[Record].Y));
+  }
+
   void Lay(std::size_t Record, TZyRecordColumns& To) const {
-    const float High = FHigh[Record], Low = FLow[Record], Top = std::min(High, Low), Bottom = std::max(High, Low);
-    if (!FHasLine) {
-      const bool IsEmpty = TZyRecordColumns::Rounded(Top) == TZyRecordColumns::Rounded(Bottom);
-      if (!IsEmpty) LayBar({Top, std::max(Top, Bottom - 1)}, Top, Bottom, To);
-    } else if (FHasFill) {
-      // All at once, since hardly any of dense ones is guessed right by itself.
-      const TRows Open = RowsAt(FOpen[Record]), Close = RowsAt(FClose[Record].Y);
-      const TZyRecordColumns::TSpan Bar{Top - FReach, Bottom + FReach};
-      const bool IsHidden =
-          To.IsCovered(AlongBar, Bar) & To.HasLine(AtOpen, Open.First) & To.HasLine(AtClose, Close.First);
-      if (IsHidden) return;
-      LayLine(AtClose, FCloseTick, Close, To);
-      LayLine(AtOpen, FOpenTick, Open, To);
-      LayBar(Bar, Top, Bottom, To);
-    } else {
-      LayLine(AtClose, FCloseTick, RowsAt(FClose[Record].Y), To);
-      LayLine(AtOpen, FOpenTick, RowsAt(FOpen[Record]), To);
-      LayLine(AtEdges, FWhole, RowsAt(Top), To);
-      LayLine(AtEdges, FWhole, RowsAt(Bottom), To);
+    const auto [Top, Bottom] = BarOf(Record);
+    if (FHasLine) {
+      LayLine(AtClose, FCloseTick, FClose[Record].Y, To);
+      LayLine(AtOpen, FOpenTick, FOpen[Record], To);
+    }
+    if (FHasLine && FHasFill) {
+      LayBar({Top - FReach, Bottom + FReach}, Top, Bottom, To);
+    } else if (FHasLine) {
+      LayLine(AtEdges, FWhole, Top, To);
+      LayLine(AtEdges, FWhole, Bottom, To);
       LayBar({Top, Bottom}, Top, Bottom, To);
+    } else if (TZyRecordColumns::Rounded(Top) != TZyRecordColumns::Rounded(Bottom)) {
+      LayBar({Top, std::max(Top, Bottom - 1)}, Top, Bottom, To);
     }
   }
 
@@ -73,10 +74,16 @@ class TZyOHLC::TDense {
 
   TRows RowsAt(float Y) const { return TZyRecordColumns::OfLine(Y, Y, FLineWidth); }
 
-  void LayLine(TLane Lane, const TZyRecordColumns::TPixels& Columns, const TRows& Rows, TZyRecordColumns& To) const {
-    if (To.HasLine(Lane, Rows.First)) return;
-    To.NoteLine(Lane, Rows.First);
-    To.Put(Columns, Rows, FLineInk);
+  TZyRecordColumns::TSpan BarOf(std::size_t Record) const {
+    const float High = FHigh[Record], Low = FLow[Record];
+    return {std::min(High, Low), std::max(High, Low)};
+  }
+  int FirstRow(float Y) const { return TZyRecordColumns::Rounded(Y - FReach); }
+
+  void LayLine(TLane Lane, const TZyRecordColumns::TPixels& Columns, float Y, TZyRecordColumns& To) const {
+    if (To.HasLine(Lane, FirstRow(Y))) return;
+    To.NoteLine(Lane, FirstRow(Y));
+    To.Put(Columns, RowsAt(Y), FLineInk);
   }
 
   void LayBar(const TZyRecordColumns::TSpan& Span, float Top, float Bottom, TZyRecordColumns& To) const {

@@ -24,9 +24,8 @@ TSheet& Sheet() {
 }  // namespace
 
 TZyRecordColumns::TPixels TZyRecordColumns::OfLine(float From, float To, float Width) {
-  const int Extra = std::max(Rounded(Width), 1) - 1;
-  const float Half = static_cast<float>(Extra) / 2;
-  return {Rounded(From - Half), Rounded(To - Half) + Extra};
+  const float Reach = ReachOf(Width);
+  return {Rounded(From - Reach), Rounded(To - Reach) + static_cast<int>(2 * Reach)};
 }
 
 /// Columns from First on are taken anew. Records at the edges of the data area may leave it.

@@ -54,6 +54,8 @@ class TZyRecordColumns {
     int First, Last;
   };
   static TPixels OfLine(float From, float To, float Width);
+  /// How far the middles of its outer pixels lie from that of the line.
+  static float ReachOf(float Width) { return static_cast<float>(std::max(Rounded(Width), 1) - 1) / 2; }
   static TPixels OfBox(float From, float To) { return {Rounded(From), Rounded(To) - 1}; }
   /// To the nearest whole number, halves upwards.
   static int Rounded(float Value) {
@@ -65,9 +67,11 @@ class TZyRecordColumns {
   void KeepRecords(std::size_t Count) { FTaken = std::min(FTaken, Count); }
 
   /// Brings the boxes up to date. Kind has for a record by its number:
-  ///   Reach()             how many columns it takes at most to either side of its own
-  ///   Lay(Record, *this)  calls Put for what is not covered of it, from what lies on top downwards, and tells what it
-  ///                       covers
+  ///   Reach()                  how many columns it takes at most to either side of its own
+  ///   IsHidden(Record, *this)  whether it adds nothing, as most do: a quick answer, which may be false where it does
+  ///   not Lay(Record, *this)       calls Put for what is not covered of it, from what lies on top downwards, and tells
+  ///   what
+  ///                            it covers
   /// AreAscending tells that no record stands left of the one before.
   template <class TKind>
   void Update(const TKind& Kind, std::span<const PointF> Places, const TZyRecordLook& Look, bool AreAscending) {
@@ -80,7 +84,7 @@ class TZyRecordColumns {
       const int Column = Rounded(Places[Record].X);
       if (AreAscending && Column + Reach < FFirst) break;
       if (Column != FColumn) Enter(Column);
-      Kind.Lay(Record, *this);
+      if (!Kind.IsHidden(Record, *this)) Kind.Lay(Record, *this);
     }
     FTaken = Places.size();
     End();
