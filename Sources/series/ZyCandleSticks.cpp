@@ -60,7 +60,8 @@ class TZyCandleSticks::TDense {
       const std::uint8_t Ink = FInks[Trends + Trend];
       const auto Across = [&](float Y) { To.Put(FWhole, TZyRecordColumns::OfLine(Y, Y, FLineWidth), Ink); };
       const auto Upright = [&](const TZyRecordColumns::TPixels& Columns, float From, float Until) {
-        To.Put(Columns, {TZyRecordColumns::Rounded(From), TZyRecordColumns::Rounded(Until)}, Ink);
+        const auto [First, Last] = std::minmax({TZyRecordColumns::Rounded(From), TZyRecordColumns::Rounded(Until)});
+        To.Put(Columns, {First, Last}, Ink);
       };
       Upright(FMiddle, One.Top, One.Upper);
       Upright(FMiddle, One.Lower, One.Bottom);

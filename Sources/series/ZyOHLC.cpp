@@ -47,8 +47,10 @@ class TZyOHLC::TDense {
   bool IsHidden(std::size_t Record, const TZyRecordColumns& To) const {
     if (!FHasLine || !FHasFill) return false;
     const auto [Top, Bottom] = BarOf(Record);
-    return To.IsCovered(AlongBar, {Top - FReach, Bottom + FReach}) & To.HasLine(AtOpen, FirstRow(FOpen[Record])) &
-           To.HasLine(AtClose, FirstRow(FClose[Record].Y));
+    const int Covered = static_cast<int>(To.IsCovered(AlongBar, {Top - FReach, Bottom + FReach})) +
+                        static_cast<int>(To.HasLine(AtOpen, FirstRow(FOpen[Record]))) +
+                        static_cast<int>(To.HasLine(AtClose, FirstRow(FClose[Record].Y)));
+    return Covered == 3;
   }
 
   void Lay(std::size_t Record, TZyRecordColumns& To) const {
