@@ -137,11 +137,11 @@ bool TZyCustomOHLC::HasAscendingPixels() const {
 }
 
 bool TZyCustomOHLC::HasColumns(TZyRecordLook& Look) {
-  constexpr float FewestForPixel = 2;
+  constexpr float FewestForPixel = 2, Widest = 1e5f;  // as far as pixels go
   Look.Area = Graph()->DrawingArea();
-  Look.BarWidth = FBarWidth;
-  Look.Overhang = Overhang();
-  Look.LineWidth = LinePen()->EffectiveWidth();
+  Look.BarWidth = std::min(FBarWidth, Widest);
+  Look.Overhang = std::min(Overhang(), Widest);
+  Look.LineWidth = std::min(LinePen()->EffectiveWidth(), Widest);
   Look.HasLine = Line().Visible();
   const bool AreDense = static_cast<float>(Points().size()) > FewestForPixel * std::max(Look.Area.Width, 1.0f);
   return AreDense && !OnGetPen() && !OnGetBrush() && LinePen()->DashStyle() == DashStyleSolid;

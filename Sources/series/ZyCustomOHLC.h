@@ -11,8 +11,7 @@ namespace zy {
 /// Base of the series that show a record of low, open, high and close for each X, as of prices. Close is the Y data.
 ///
 /// A record has values when all five of its vectors have. The range of Y goes from the least low to the greatest high;
-/// lows below 0 do not count on a logarithmic axis. Records are drawn from the greater to the smaller of what is to be
-/// high and low, so that a twisted axis turns them upside down.
+/// lows below 0 do not count on a logarithmic axis. On a twisted axis records stand upside down.
 class TZyCustomOHLC : public TZySeries {
   ZY_CLASS(TZyCustomOHLC, TZySeries)
 
@@ -92,7 +91,10 @@ class TZyCustomOHLC : public TZySeries {
   /// Transformed values of a record.
   struct TRecord {
     double X, Low, Open, High, Close;
-    bool IsFinite() const { return std::isfinite(X) && std::isfinite(Low + Open) && std::isfinite(High + Close); }
+    bool IsFinite() const {
+      return std::isfinite(X) && std::isfinite(Low) && std::isfinite(Open) && std::isfinite(High) &&
+             std::isfinite(Close);
+    }
   };
 
   bool IsWhole() const;

@@ -48,8 +48,8 @@ class TZyOHLC::TDense {
     if (!FHasLine || !FHasFill) return false;
     const auto [Top, Bottom] = BarOf(Record);
     const int Covered = static_cast<int>(To.IsCovered(AlongBar, {Top - FReach, Bottom + FReach})) +
-                        static_cast<int>(To.HasLine(AtOpen, FirstRow(FOpen[Record]))) +
-                        static_cast<int>(To.HasLine(AtClose, FirstRow(FClose[Record].Y)));
+                        static_cast<int>(To.HasLineAt(AtOpen, FirstRow(FOpen[Record]))) +
+                        static_cast<int>(To.HasLineAt(AtClose, FirstRow(FClose[Record].Y)));
     return Covered == 3;
   }
 
@@ -83,7 +83,7 @@ class TZyOHLC::TDense {
   int FirstRow(float Y) const { return TZyRecordColumns::Rounded(Y - FReach); }
 
   void LayLine(TLane Lane, const TZyRecordColumns::TPixels& Columns, float Y, TZyRecordColumns& To) const {
-    if (To.HasLine(Lane, FirstRow(Y))) return;
+    if (To.HasLineAt(Lane, FirstRow(Y))) return;
     To.NoteLine(Lane, FirstRow(Y));
     To.Put(Columns, RowsAt(Y), FLineInk);
   }

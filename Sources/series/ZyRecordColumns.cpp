@@ -32,11 +32,12 @@ TZyRecordColumns::TPixels TZyRecordColumns::OfLine(float From, float To, float W
 void TZyRecordColumns::Begin(const TZyRecordLook& Look, int Reach, int First) {
   FLook = Look;
   const RectF& Area = Look.Area;
-  const int Margin = Rounded(Look.LineWidth) + 1;
-  FFirst = std::max(First, Rounded(Area.X) - Reach - 1);
-  FLast = Rounded(Area.X + Area.Width) + Reach + 1;
-  FTop = Rounded(Area.Y) - Margin;
-  FRows = std::max(Rounded(Area.Y + Area.Height) + Margin - FTop + 1, 0);
+  constexpr int Farthest = 1000;
+  const int Beside = std::min(Reach, Farthest) + 1, Above = std::min(Rounded(Look.LineWidth), Farthest) + 1;
+  FFirst = std::max(First, Rounded(Area.X) - Beside);
+  FLast = Rounded(Area.X + Area.Width) + Beside;
+  FTop = Rounded(Area.Y) - Above;
+  FRows = std::max(Rounded(Area.Y + Area.Height) + Above - FTop + 1, 0);
   FColumn = std::numeric_limits<int>::min();
   for (std::vector<RectF>& Boxes : FBoxes)
     while (!Boxes.empty() && Boxes.back().X >= static_cast<float>(FFirst)) Boxes.pop_back();

@@ -66,13 +66,11 @@ class TZyRecordColumns {
   /// Only the first Count records are as they were.
   void KeepRecords(std::size_t Count) { FTaken = std::min(FTaken, Count); }
 
-  /// Brings the boxes up to date. Kind has for a record by its number:
-  ///   Reach()                  how many columns it takes at most to either side of its own
-  ///   IsHidden(Record, *this)  whether it adds nothing, as most do: a quick answer, which may be false where it does
-  ///   not Lay(Record, *this)       calls Put for what is not covered of it, from what lies on top downwards, and tells
-  ///   what
-  ///                            it covers
-  /// AreAscending tells that no record stands left of the one before.
+  /// Brings the boxes up to date. AreAscending tells that no record stands left of the one before. Kind knows the
+  /// records by their numbers: `Reach()` is how many columns one takes at most to either side of its own;
+  /// `IsHidden(Record, *this)` tells quickly that one adds nothing, as most do, and may say no where it does not;
+  /// `Lay(Record, *this)` calls Put for what is not covered of it, from what lies on top downwards, and tells what it
+  /// covers.
   template <class TKind>
   void Update(const TKind& Kind, std::span<const PointF> Places, const TZyRecordLook& Look, bool AreAscending) {
     if (!(Look == FLook)) FTaken = 0;
@@ -96,7 +94,7 @@ class TZyRecordColumns {
   }
   void Cover(std::size_t Lane, const TSpan& Span);
   /// The same of a level line by its first row.
-  bool HasLine(std::size_t Lane, int Row) const { return FLines[PlaceOf(Lane, Row)] == FMark; }
+  bool HasLineAt(std::size_t Lane, int Row) const { return FLines[PlaceOf(Lane, Row)] == FMark; }
   void NoteLine(std::size_t Lane, int Row) { FLines[PlaceOf(Lane, Row)] = FMark; }
   /// Inks what is free of columns, counted from that of the record, and rows.
   void Put(TPixels Columns, TPixels Rows, std::uint8_t Ink);

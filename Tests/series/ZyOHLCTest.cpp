@@ -289,6 +289,7 @@ TEST_F(ZyCandleSticksTest, DenseOnesThatComeAndGoLookAsInOneGo) {
     if (What == 2) Close().SetValue(Last, static_cast<double>(Random() % 90) / 10);
     if (What == 3)
       for (TZyDoubleVector* Data : All) Data->Delete(Last);
+    Series->SetBarWidth(Step == 30 ? 1e30f : 3);
     const Bitmap Quick = Chart.Paint();
     Series->PointsModified();
     ASSERT_EQ(Quick.ToQt(), Chart.Paint().ToQt()) << Step;
