@@ -232,27 +232,33 @@ TEST(ZyRecordSeriesTest, DenseOnesLookLikeAllOfThem) {
 /// However data come, change and go, picture and ranges are those of the same data in one go.
 TEST_F(ZyCandleSticksTest, RecordsThatComeLeaveTheOthersAsTheyAre) {
   std::mt19937 Random(7);
+  int Step = 0;
   TZyDoubleVector* const All[] = {&X(), &Close(), Low, Open, High};
+  const auto AnyValue = [&] { return static_cast<int>(Random()) % (Step + 10) / 50.0 + 5; };  // farther and farther off
   const auto Add = [&](double At) {
-    for (TZyDoubleVector* Data : All) Data->Add(Data == &X() ? At : static_cast<double>(Random() % 90) / 10);
+    for (TZyDoubleVector* Data : All) Data->Add(Data == &X() ? At : AnyValue());
   };
   for (TZyDoubleVector* Data : All) Data->Clear();
-  for (int Step = 0; Step < 200; ++Step) {
-    if (Step == 100)
+  for (; Step < 200; ++Step) {
+    if (Step == 50)
       for (int i = 0; i < 4000; ++i) Add(2 + i / 800.0);  // dense from here on
     const int What = static_cast<int>(Random() % 8), Last = X().Count() - 1;
     if (What < 4 || Last < 4) Add(Last < 0 ? 0 : X()[Last] + 0.004);
-    if (What == 4) All[Random() % 5]->SetValue(std::max(Last - static_cast<int>(Random() % 3), 0), Step / 20.0);
+    if (What == 4) All[1 + Random() % 4]->SetValue(std::max(Last - static_cast<int>(Random() % 30), 0), AnyValue());
     if (What == 5)
       for (TZyDoubleVector* Data : All) Data->Delete(Last);
-    if (What > 5) All[1 + Random() % 4]->SetOutlier(Last, What == 6);
-    Series->SetBarWidth(Step == 150 ? 1e30f : 3);
+    if (What > 5 && Step > 150) All[1 + Random() % 4]->SetOutlier(Last, What == 6);
     const Bitmap Quick = Chart.Paint();
     const double Start = Series->YStart(), Stop = Series->YStop();
+    Series->SetBarWidth(5);
+    Chart.Paint();  // another picture, so that nothing is left of the first one
+    Series->SetBarWidth(6);
     Series->RangesModified();
     ASSERT_EQ(Quick.ToQt(), Chart.Paint().ToQt()) << Step;
     ASSERT_EQ(std::pair(Start, Stop), std::pair(Series->YStart(), Series->YStop())) << Step;
   }
+  Series->SetBarWidth(1e30f);
+  Chart.Paint();
 }
 
 TEST(ZyRecordSeriesTest, ANewOneShowsSamplesToTheDesigner) {
