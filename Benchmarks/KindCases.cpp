@@ -1,5 +1,7 @@
 #include "Cases.h"
 #include "series/ZyBars.h"
+#include "series/ZyCandleSticks.h"
+#include "series/ZyOHLC.h"
 
 namespace zy::cases {
 namespace {
@@ -50,6 +52,90 @@ TFill Bars(int Series, int Count, TZyBarStyle Style) {
 
 constexpr int Many = Million / 10, Few = 1000;
 
+/// Records of prices that open where the last one closed, with wicks of up to a sixth of the noise.
+struct TPrices {
+  explicit TPrices(int Count) {
+    TData Data(Count);
+    X = std::move(Data.X);
+    Close = std::move(Data.Y);
+    std::mt19937 Random(2);
+    std::uniform_real_distribution<double> Wick(0, 0.7);
+    for (std::size_t i = 0; i < Close.size(); ++i) {
+      Open.push_back(i == 0 ? Close[0] : Close[i - 1]);
+      Low.push_back(std::min(Open[i], Close[i]) - Wick(Random));
+      High.push_back(std::max(Open[i], Close[i]) + Wick(Random));
+    }
+  }
+  std::vector<double> X, Low, Open, High, Close;
+};
+
+/// Takes the arrays over.
+template <class TSeries>
+TSeries& AddPrices(TChart& Chart, TPrices& Prices) {
+  auto& Series = Chart.Add<TSeries>({}, {});
+  const auto Vector = [&](std::vector<double>& Values) {
+    auto* const Data = new TZyDoubleVector(&Chart.Form);
+    Data->SetInternalArray(std::move(Values));
+    return Data;
+  };
+  Series.SetLowData(Vector(Prices.Low));
+  Series.SetOpenData(Vector(Prices.Open));
+  Series.SetHighData(Vector(Prices.High));
+  Series.SetXData(Vector(Prices.X));
+  Series.SetCloseData(Vector(Prices.Close));
+  return Series;
+}
+
+template <class TSeries>
+TResult FirstPrices(int Count) {
+  Bitmap Picture(Width, Height);
+  std::unique_ptr<TPrices> Prices;
+  std::unique_ptr<TChart> Chart;
+  const TResult Result = Median(
+      [&] {
+        Chart = std::make_unique<TChart>();
+        AddPrices<TSeries>(*Chart, *Prices);
+        Chart->Paint(Picture);
+      },
+      [&] {
+        Chart.reset();
+        Prices = std::make_unique<TPrices>(Count);
+      });
+  return WithAllocations(Result, *Chart, Picture);
+}
+
+template <class TSeries>
+TResult PricesAgain(int Count) {
+  return AgainOf([Count](TChart& Chart) {
+    TPrices Prices(Count);
+    AddPrices<TSeries>(Chart, Prices);
+  });
+}
+
+/// One more candle behind a million, with the axes following.
+TResult AppendedCandle() {
+  constexpr int Steps = MostRuns + 1;
+  TPrices Prices(Million), More(Steps);
+  TChart Chart;
+  auto& Candles = AddPrices<TZyCandleSticks>(Chart, Prices);
+  Bitmap Picture(Width, Height);
+  Chart.Paint(Picture);
+  std::size_t Next = 0;
+  const auto Append = [&] {
+    const std::pair<TZyCustomDoubleVector*, double> Values[] = {
+        {Candles.XData(), 1000 + 0.001 * static_cast<double>(Next)},
+        {Candles.LowData(), More.Low[Next]},
+        {Candles.OpenData(), More.Open[Next]},
+        {Candles.HighData(), More.High[Next]},
+        {Candles.CloseData(), More.Close[Next]}};
+    for (const auto& [Data, Value] : Values) Data->Add(Value);
+    ++Next;
+    Chart.Paint(Picture);
+  };
+  Append();
+  return WithAllocations(Median(Append), Chart, Picture);
+}
+
 }  // namespace
 
 std::span<const TCase> KindCases() {
@@ -61,6 +147,23 @@ std::span<const TCase> KindCases() {
       {"bars4x1e5-repaint", 0, [] { return AgainOf(Bars(4, Many, Flat)); }},
       {"cuboids1000", 20, [] { return FirstOf(Bars(1, Few, Cuboid)); }},
       {"cylinders1000", 20, [] { return FirstOf(Bars(1, Few, Cylinder)); }},
+      {"candles1e3", 0, [] { return FirstPrices<TZyCandleSticks>(Few); }},
+      {"candles1e3-repaint", 0, [] { return PricesAgain<TZyCandleSticks>(Few); }},
+      {"candles1e4", 4, [] { return FirstPrices<TZyCandleSticks>(Many / 10); }},
+      {"candles1e4-repaint", 2, [] { return PricesAgain<TZyCandleSticks>(Many / 10); }},
+      {"candles1e5", 10, [] { return FirstPrices<TZyCandleSticks>(Many); }},
+      {"candles1e5-repaint", 4, [] { return PricesAgain<TZyCandleSticks>(Many); }},
+      {"candles1e6", 30, [] { return FirstPrices<TZyCandleSticks>(Million); }},
+      {"candles1e6-repaint", 4, [] { return PricesAgain<TZyCandleSticks>(Million); }},
+      {"candles1e6-append", 3, AppendedCandle},
+      {"ohlc1e3", 0, [] { return FirstPrices<TZyOHLC>(Few); }},
+      {"ohlc1e3-repaint", 0, [] { return PricesAgain<TZyOHLC>(Few); }},
+      {"ohlc1e4", 4, [] { return FirstPrices<TZyOHLC>(Many / 10); }},
+      {"ohlc1e4-repaint", 2, [] { return PricesAgain<TZyOHLC>(Many / 10); }},
+      {"ohlc1e5", 10, [] { return FirstPrices<TZyOHLC>(Many); }},
+      {"ohlc1e5-repaint", 4, [] { return PricesAgain<TZyOHLC>(Many); }},
+      {"ohlc1e6", 30, [] { return FirstPrices<TZyOHLC>(Million); }},
+      {"ohlc1e6-repaint", 4, [] { return PricesAgain<TZyOHLC>(Million); }},
   };
   return All;
 }

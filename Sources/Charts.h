@@ -33,6 +33,7 @@
 #include "platform/framework/XmlDocument.h"
 #include "series/ZyBars.h"
 #include "series/ZyBubbles.h"
+#include "series/ZyCandleSticks.h"
 #include "series/ZyMovingAverage.h"
 #include "series/ZyOHLC.h"
 #include "series/ZyPointLook.h"

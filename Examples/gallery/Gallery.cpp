@@ -52,6 +52,8 @@ std::span<const TEntry> Entries() {
                                    {"coupled", "Two graphs, one X axis", MakeCoupled},
                                    {"sides", "Axes on four sides", MakeSides},
                                    {"rubrics", "An axis of texts", MakeRubrics},
+                                   {"ohlc", "Prices as OHLC bars, and volume", MakeOHLC},
+                                   {"candles", "Prices as candles, and volume", MakeCandles},
                                    {"electricity", "Stacked bars", MakeElectricity},
                                    {"electricity-cuboids", "Stacked cuboids", MakeElectricityCuboids},
                                    {"electricity-cylinders", "Stacked cylinders", MakeElectricityCylinders},

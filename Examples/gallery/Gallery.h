@@ -55,6 +55,8 @@ void MakeDay(TChartDocument& Document);
 void MakeCoupled(TChartDocument& Document);
 void MakeSides(TChartDocument& Document);
 void MakeRubrics(TChartDocument& Document);
+void MakeOHLC(TChartDocument& Document);
+void MakeCandles(TChartDocument& Document);
 void MakeElectricity(TChartDocument& Document);
 void MakeElectricityCuboids(TChartDocument& Document);
 void MakeElectricityCylinders(TChartDocument& Document);

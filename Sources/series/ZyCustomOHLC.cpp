@@ -1,6 +1,7 @@
 #include "series/ZyCustomOHLC.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "graph/parts/ZySeriesGraph.h"
@@ -34,13 +35,59 @@ void TZyCustomOHLC::Fields(TZyArchive& Archive) {
   Archive.Level("CustomOHLC", *this, "OpenData HighData LowData BarWidth");
 }
 
-void TZyCustomOHLC::TakeRanges(TRange& X, TRange& Y) {
-  ForEachPoint(0, Count(), [&](int i) {
-    X.Take(FX.At(i));
-    Y.Take(GetLow(i));
-    Y.Take(GetHigh(i));
+// --- Ranges ---------------------------------------------------------------------------------------------------------
+
+/// Whether all values are finite, and those of the vectors themselves.
+bool TZyCustomOHLC::IsWhole() const {
+  return std::ranges::all_of(FInputs, [](const TZySeriesInput* Input) {
+    return *Input && !Input->IsTransformed() && !(*Input)->GetHasGaps();
   });
 }
+
+bool TZyCustomOHLC::HasTrackedRanges() const {
+  const auto IsTracked = [this](const TZySeriesInput* Input) {
+    return Input->Count() == FX.Count() && (OutliersVisible() || !(*Input)->AnyOutliers());
+  };
+  const auto SearchesAbove0 = [](const TZyAxis* Axis, const TZySeriesInput& Input) {
+    return Axis != nullptr && Axis->HasLogScaling() && Input->Minimum() < 0;
+  };
+  return IsWhole() && std::ranges::all_of(FInputs, IsTracked) && !SearchesAbove0(FXAxis, FX) &&
+         !SearchesAbove0(FYAxis, FLow);
+}
+
+void TZyCustomOHLC::TakeRanges(TRange& X, TRange& Y) {
+  TRange Low, High;
+  if (IsWhole()) {
+    ForEachStretch(0, Count(), [&](int First, int Last) {
+      const TZyExtremes AlongX = FX->FindExtremes(First, Last);
+      X.Take(AlongX.Low);
+      X.Take(AlongX.High);
+      Low.Take(FLow->FindExtremes(First, Last).Low);
+      High.Take(FHigh->FindExtremes(First, Last).High);
+    });
+  } else {
+    ForEachPoint(0, Count(), [&](int i) {
+      const TRecord Record = RecordAt(i);
+      if (!Record.IsFinite()) return;
+      X.Take(Record.X);
+      Low.Take(Record.Low);
+      High.Take(Record.High);
+    });
+  }
+  if (FXAxis->HasLogScaling() && X.Low < 0) X.Low = SmallestPositive(FX, X.Low);
+  if (FYAxis->HasLogScaling() && Low.Low < 0) Low.Low = SmallestPositive(FLow, Low.Low);
+  Y.Take(Low.Low);
+  Y.Take(High.High);
+}
+
+/// A record that came at the end, or changed within the ranges, leaves those in front of it as they are.
+void TZyCustomOHLC::DataWritten(const TZyCustomDoubleVector&, int Idx) {
+  if (Idx < LastCount() && !HasTrackedRanges()) return DataInvalidated();
+  FState.PixelsModifiedFrom(Idx);
+  Invalidate();
+}
+
+// --- Pixels ---------------------------------------------------------------------------------------------------------
 
 /// Bars have no gradient.
 void TZyCustomOHLC::CalculatePoints() {
@@ -53,20 +100,66 @@ void TZyCustomOHLC::PaintGr(Graphics& Gr) {
 }
 
 void TZyCustomOHLC::TakePixels(int Start, int Stop) {
+  if (IsWhole()) return ForEachStretch(Start, Stop + 1, [this](int First, int Last) { TakeStretch(First, Last); });
   ForEachPoint(Start, Stop + 1, [&](int i) {
-    Keep(GetCalcPoint(i), i);
-    FLow.AddPixel(FYAxis->NumberToWorld(GetLow(i)));
-    FOpen.AddPixel(FYAxis->NumberToWorld(GetOpen(i)));
-    FHigh.AddPixel(FYAxis->NumberToWorld(GetHigh(i)));
+    const TRecord Record = RecordAt(i);
+    if (!Record.IsFinite()) return;
+    Keep({FXAxis->NumberToWorld(Record.X), FYAxis->NumberToWorld(Record.Close)}, i);
+    FLow.AddPixel(FYAxis->NumberToWorld(Record.Low));
+    FOpen.AddPixel(FYAxis->NumberToWorld(Record.Open));
+    FHigh.AddPixel(FYAxis->NumberToWorld(Record.High));
   });
+}
+
+/// The same for untransformed records of finite values, some hundreds at a time.
+void TZyCustomOHLC::TakeStretch(int First, int Last) {
+  constexpr int Block = 512;
+  std::array<float, Block> X, Y;
+  std::array<double, Block> Scratch;
+  const std::span<PointF> Kept = KeepStretch(First, Last);
+  const std::pair<TZySeriesInput*, std::span<float>> Others[] = {{&FLow, FLow.AddPixels(Last - First)},
+                                                                 {&FOpen, FOpen.AddPixels(Last - First)},
+                                                                 {&FHigh, FHigh.AddPixels(Last - First)}};
+  for (int From = First; From < Last; From += Block) {
+    const int Number = std::min(Block, Last - From);
+    const auto Place = static_cast<std::size_t>(From - First), Length = static_cast<std::size_t>(Number);
+    FXAxis->NumberToWorld(FX->ValuesAt(From, Number, Scratch), X);
+    FYAxis->NumberToWorld(FY->ValuesAt(From, Number, Scratch), Y);
+    for (std::size_t i = 0; i < Length; ++i) Kept[Place + i] = {X[i], Y[i]};
+    for (const auto& [Input, Pixels] : Others)
+      FYAxis->NumberToWorld((*Input)->ValuesAt(From, Number, Scratch), Pixels.subspan(Place, Length));
+  }
+}
+
+/// Whether the kept records stand from left to right.
+bool TZyCustomOHLC::HasAscendingPixels() const {
+  return !FX.IsTransformed() && FX->GetIsSorted() && !FXAxis->HasLogScaling() && !FXAxis->Twisted();
+}
+
+bool TZyCustomOHLC::HasColumns(TZyRecordLook& Look) {
+  constexpr float FewestForPixel = 2, Widest = 1e5f;  // as far as pixels go
+  Look.Area = Graph()->DrawingArea();
+  Look.BarWidth = std::min(FBarWidth, Widest);
+  Look.Overhang = std::min(Overhang(), Widest);
+  Look.LineWidth = std::min(LinePen()->EffectiveWidth(), Widest);
+  Look.HasLine = Line().Visible();
+  const bool AreDense = static_cast<float>(Points().size()) > FewestForPixel * std::max(Look.Area.Width, 1.0f);
+  return AreDense && !OnGetPen() && !OnGetBrush() && LinePen()->DashStyle() == DashStyleSolid;
 }
 
 int TZyCustomOHLC::FindPoint(int X, int Y) const {
   const auto x = static_cast<float>(X), y = static_cast<float>(Y);
   const float Half = (1 + FBarWidth) / 2 + Overhang();
-  return FirstPoint([&](std::size_t i) {
-    return std::fabs(Points()[i].X - x) <= Half && FHigh.Pixels()[i] <= y && y <= FLow.Pixels()[i];
-  });
+  const auto IsHit = [&](std::size_t i) {
+    return std::fabs(Points()[i].X - x) <= Half && TopOf(i) <= y && y <= BottomOf(i);
+  };
+  if (RecalculatePoints() || !FX || !HasAscendingPixels()) return FirstPoint(IsHit);
+  const auto First = std::ranges::lower_bound(Points(), x - Half, {}, &PointF::X);
+  for (auto i = static_cast<std::size_t>(First - Points().begin()); i < Points().size(); ++i) {
+    if (Points()[i].X > x + Half) break;
+    if (IsHit(i)) return PointIndex()[i];
+  }
+  return -1;
 }
 
 /// Bars of random length along a rising line, scaled into the Y axis.
@@ -82,13 +175,14 @@ void TZyCustomOHLC::AddSampleData() {
     Open.push_back(Low.back() + Random() * (High.back() - Low.back()));
   }
   const double Least = *std::ranges::min_element(Low), Scale = Span / (*std::ranges::max_element(High) - Least);
+  bool IsFilled = false;
   for (auto& [Data, Values] :
        {std::pair(LowData(), &Low), {HighData(), &High}, {CloseData(), &Close}, {OpenData(), &Open}}) {
     for (double& Value : *Values) Value = (Value - Least) * Scale + Start;
-    FillValues(Data, *Values);
+    IsFilled = FillValues(Data, *Values) || IsFilled;
   }
   FillSample(XData(), FXAxis->Start(), (FXAxis->Stop() - FXAxis->Start()) / Steps, 0.2, FXAxis->Stop());
-  FYAxis->ShrinkOtherYs();
+  if (IsFilled) FYAxis->ShrinkOtherYs();
 }
 
 }  // namespace zy

@@ -1,12 +1,17 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
+#include "series/ZyRecordColumns.h"
 #include "series/ZySeries.h"
 
 namespace zy {
 
 /// Base of the series that show a record of low, open, high and close for each X, as of prices. Close is the Y data.
+///
+/// A record has values when all five of its vectors have. The range of Y goes from the least low to the greatest high;
+/// lows below 0 do not count on a logarithmic axis. On a twisted axis records stand upside down.
 class TZyCustomOHLC : public TZySeries {
   ZY_CLASS(TZyCustomOHLC, TZySeries)
 
@@ -43,6 +48,7 @@ class TZyCustomOHLC : public TZySeries {
     using enum TZyAxisPosition;
     return Border == Left || Border == Right ? FBarWidth / 2 + Overhang() : 0;
   }
+  void DataWritten(const TZyCustomDoubleVector& Vector, int Idx) override;
   void CalculatePoints() override;
   /// Whether line or area show makes no difference: the bars are there.
   void PaintGr(Graphics& Gr) override;
@@ -55,9 +61,25 @@ class TZyCustomOHLC : public TZySeries {
   /// Pixels by which a bar reaches beyond its width at both sides.
   virtual float Overhang() const { return 0; }
 
-  bool HasTrackedRanges() const override { return false; }
+  /// The y of the upper and the lower end of a kept record.
+  float TopOf(std::size_t Record) const { return std::min(FHigh.Pixels()[Record], FLow.Pixels()[Record]); }
+  float BottomOf(std::size_t Record) const { return std::max(FHigh.Pixels()[Record], FLow.Pixels()[Record]); }
+
+  /// Whether records stand so densely, and without events, that all of a column of pixels are drawn together. The
+  /// colours are for the kind to fill in, and to test.
+  bool HasColumns(TZyRecordLook& Look);
+  /// Draws them; Kind is that of TZyRecordColumns.
+  template <class TKind>
+  void DrawColumns(Graphics& Gr, const TKind& Kind, const TZyRecordLook& Look) {
+    FColumns.Update(Kind, Points(), Look, HasAscendingPixels());
+    FColumns.Draw(Gr);
+  }
+
+  bool HasTrackedRanges() const override;
   void TakeRanges(TRange& X, TRange& Y) override;
+  void KeepPixels(int Count) override { FColumns.KeepRecords(static_cast<std::size_t>(Count)); }
   void TakePixels(int Start, int Stop) override;
+  void AddBandPoints() override {}
   void AddSampleData() override;
 
   // Their pixels are the y of each kept record; `Points` has the x, and the y of close.
@@ -66,6 +88,21 @@ class TZyCustomOHLC : public TZySeries {
   TZySeriesInput FHigh{*this, "HighData", TZyInputUse::Needed};
 
  private:
+  /// Transformed values of a record.
+  struct TRecord {
+    double X, Low, Open, High, Close;
+    bool IsFinite() const {
+      return std::isfinite(X) && std::isfinite(Low) && std::isfinite(Open) && std::isfinite(High) &&
+             std::isfinite(Close);
+    }
+  };
+
+  bool IsWhole() const;
+  TRecord RecordAt(int Idx) const { return {FX.At(Idx), GetLow(Idx), GetOpen(Idx), GetHigh(Idx), FY.At(Idx)}; }
+  void TakeStretch(int First, int Last);
+  bool HasAscendingPixels() const;
+
+  TZyRecordColumns FColumns;
   float FBarWidth = 4;
 };
 

@@ -45,6 +45,11 @@ class TZyDataState {
     FLastPointsCount = 0;
     FPixelsAreStale = true;
   }
+  /// Those of the points from Index on are.
+  void PixelsModifiedFrom(int Index) {
+    TakePixelsFrom(Index);
+    FPixelsAreStale = true;
+  }
   /// The ranges describe all points, and the pixels of the new ones are due.
   void RangesTaken() {
     FLastCount = FCount;

@@ -25,6 +25,10 @@ class TZyOHLC : public TZyCustomOHLC {
   void DrawPoints(Graphics& Gr) override;
 
  private:
+  class TDense;
+
+  void DrawEach(Graphics& Gr);
+
   float FIndicatorLength = 5;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -314,6 +315,16 @@ class TZySeries : public TComponent,
     for (int i = First; i < Last; ++i)
       if (HasValuesAt(i)) Do(i);
   }
+  /// Does something with each stretch of indexes from First up to, but not including, Last that holds no outlier that
+  /// is to be left out. Whether values are finite is not asked.
+  template <class TDo>
+  void ForEachStretch(int First, int Last, const TDo& Do) const {
+    for (int From = First; From < Last;) {
+      const int To = std::min(NextOutlier(From), Last);
+      if (From < To) Do(From, To);
+      From = To + 1;
+    }
+  }
   /// Data index of the first kept point whose number Fits; -1 for none, and while pixels are out of date.
   template <class TFits>
   int FirstPoint(const TFits& Fits) const {
@@ -326,6 +337,8 @@ class TZySeries : public TComponent,
   void ForgetPixels();
   /// Keeps a pixel with its data index.
   void Keep(const PointF& Pixel, int Idx);
+  /// Keeps the points from First up to, but not including, Last; their pixels are to be written.
+  std::span<PointF> KeepStretch(int First, int Last);
   /// Pixel of a data point.
   PointF GetCalcPoint(int Idx) const;
   /// The smallest value above 0 of an input, whatever lies behind the last point included; Otherwise when there is

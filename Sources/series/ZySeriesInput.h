@@ -62,6 +62,8 @@ class TZySeriesInput {
   /// Pixels that a kind computes of this input, one beside each kept point: the place of a value on an axis.
   std::span<const float> Pixels() const { return FPixels.Values(); }
   void AddPixel(float Value) { FPixels.Add(Value); }
+  /// Room for those of Number points more, to be written.
+  std::span<float> AddPixels(int Number) { return FPixels.Extend(Number); }
   void KeepPixels(int Count) { FPixels.Shrink(Count); }
   /// Exchanges vectors and transformations of two inputs of a series.
   void SwapWith(TZySeriesInput& Other);

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 #include "graph/parts/ZySeriesGraph.h"
 #include "series/ZyLineSeries.h"
@@ -230,6 +231,14 @@ void TZySeries::Keep(const PointF& Pixel, int Idx) {
   FPoints.Add(Pixel);
   FPointIndex.Add(Idx);
   ++FPointCount;
+}
+
+std::span<PointF> TZySeries::KeepStretch(int First, int Last) {
+  const int Number = Last - First;
+  const std::span<int> Indexes = FPointIndex.Extend(Number);
+  std::iota(Indexes.begin(), Indexes.end(), First);
+  FPointCount += Number;
+  return FPoints.Extend(Number);
 }
 
 /// Every symbol counts that does not lie on the one before.

@@ -145,6 +145,60 @@ TEST(GraphicsTest, ForeignPaintersComeBackAsTheyWere) {
   for (const int X : {9, 10, 15}) EXPECT_EQ(qAlpha(Image.pixel(X, 10)), X == 10 ? 255 : 0) << X;
 }
 
+/// The outline of a box goes past the toolkit, which draws it as a path.
+TEST(GraphicsTest, FramesLookAsTheToolkitDrawsThem) {
+  const RectF Boxes[] = {
+      {5, 6, 30, 20}, {5.25f, 6.5f, 30.5f, 20.1f}, {-8.3f, -4, 80, 30.7f}, {9, 9, 0.5f, 20}, {7.6f, 3, 12, 0}};
+  for (const RectF& Box : Boxes)
+    for (const float Width : {1.0f, 1.6f, 5.0f})
+      for (const bool IsSharp : {true, false}) {
+        Pen Line(0xB0306090, Width);
+        if (!IsSharp) Line.SetMiterLimit(0);
+        const auto Picture = [&](bool AsPath) {
+          return PictureOf(
+              50, 40,
+              [&](Graphics& Gr) {
+                Gr.SetSmoothingMode(SmoothingModeAntiAlias);
+                GraphicsPath Path;
+                Path.AddRectangle(Box);
+                if (AsPath)
+                  Gr.DrawPath(Line, Path);
+                else
+                  Gr.DrawRectangle(Line, Box);
+              },
+              2);
+        };
+        const Bitmap Ours = Picture(false), Theirs = Picture(true);
+        int Differ = 0;
+        for (int Y = 0; Y < 80; ++Y)
+          for (int X = 0; X < 100; ++X)
+            Differ += Distance(Ours.ToQt().pixel(X, Y), Theirs.ToQt().pixel(X, Y)) > 3 ? 1 : 0;
+        EXPECT_LE(Differ, 4) << "the toolkit counts twice where two sides meet: " << Box.X << " " << Width << IsSharp;
+      }
+}
+
+/// Boxes in one go are those one by one, with no seam between them where pixels are cut.
+TEST(GraphicsTest, ManyBoxesAreOneShape) {
+  const RectF Boxes[] = {{3, 3, 1, 9}, {4, 2, 1, 8}, {5, 4, 6, 1}, {20, 3, 2, 2}};
+  for (const SmoothingMode Mode : {SmoothingModeNone, SmoothingModeAntiAlias}) {
+    const auto Picture = [&](bool InOneGo, float Scale) {
+      return PictureOf(40, 30, [&](Graphics& Gr) {
+        Gr.SetSmoothingMode(Mode);
+        Gr.SetTransform(Matrix(Scale, 0, 0, Scale, 0, 0));
+        if (InOneGo) return Gr.FillRectangles(Ink, Boxes);
+        for (const RectF& Box : Boxes) Gr.FillRectangle(Ink, Box);
+      });
+    };
+    EXPECT_EQ(Picture(true, 1).ToQt(), Picture(false, 1).ToQt());
+  }
+  const Bitmap Cut = PictureOf(40, 30, [&](Graphics& Gr) {
+    Gr.SetSmoothingMode(SmoothingModeAntiAlias);
+    Gr.SetTransform(Matrix(1.3f, 0, 0, 1.3f, 0, 0));
+    Gr.FillRectangles(Ink, Boxes);
+  });
+  EXPECT_GE(Cut.GetPixel(5, 8) >> 24, 250u) << "1.3 times 4 lies within this column";
+}
+
 TEST(GraphicsTest, CoordinatesThatAreNotFiniteDrawNothing) {
   Bitmap Picture(20, 20);
   Graphics Canvas(Picture);

@@ -7,6 +7,7 @@
 #include "platform/framework/TMemIniFile.h"
 #include "platform/framework/XmlDocument.h"
 #include "series/ZyBubbles.h"
+#include "series/ZyCandleSticks.h"
 #include "series/ZyOHLC.h"
 #include "undo/RandomSetters.h"
 
@@ -70,6 +71,10 @@ TEST(ZySeriesRecordTest, KindsAddTheirFieldsBehindThoseOfTheBase) {
   OHLC->SetBarWidth(7.5);
   OHLC->SetLowData(V);
   OHLC->SetIndicatorLength(0);
+  auto* const Candles = Chart.AddSeries<TZyCandleSticks>("Candles");
+  Candles->SetBullColor(0x80010203);
+  Candles->SetBearColor(0xFF040506);
+  Candles->SetShadowsSameColorAsFill(true);
   const std::string Reference("\x06\0\0\0Form.V", 10);
   EXPECT_TRUE(FieldsOf(*Bubbles).ends_with(std::string("\0\x01", 2) + Reference + '\0'))
       << "end of the base, elliptical, radius, end";
@@ -77,6 +82,8 @@ TEST(ZySeriesRecordTest, KindsAddTheirFieldsBehindThoseOfTheBase) {
                                                                 "\0\0\0\0\0",
                                                                 10)))
       << "low, 7.5f, end; 0.0f, end";
+  EXPECT_TRUE(FieldsOf(*Candles).ends_with(std::string("\0\0\xC0\x40\0\x03\x02\x01\x80\x06\x05\x04\xFF\x01\0", 15)))
+      << "6.0f, end; bull, bear, wicks, end";
 }
 
 }  // namespace

@@ -23,6 +23,7 @@
 #include "controls/ControlSamples.h"
 #include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
+#include "persistence/RandomChart.h"
 #include "platform/controls/TApplication.h"
 #include "series/ZyPointSeries.h"
 #include "undo/UndoWalk.h"
@@ -146,8 +147,8 @@ class TSoak {
         Axis->SetOnCalculated(nullptr);
         Axis->SetOnGetScaleLabel(nullptr);
       }
-      if (auto* const Series = dynamic_cast<TZyPointSeries*>(Component)) {
-        Series->SetOnGetPointSymbol(nullptr);
+      if (auto* const Series = dynamic_cast<TZyPointSeries*>(Component)) Series->SetOnGetPointSymbol(nullptr);
+      if (auto* const Series = dynamic_cast<TZySeries*>(Component)) {
         Series->SetOnGetPen(nullptr);
         Series->SetOnGetBrush(nullptr);
         Series->SetXValueTransformation(nullptr);
@@ -166,7 +167,7 @@ class TSoak {
       if (What == 1) Axis->SetOnCalculated([this](TObject*) { Throw(); });
       if (What == 2) Axis->SetOnGetScaleLabel([this](auto&&...) { Throw(); });
     }
-    if (auto* const Series = AnyOf(All<TZyPointSeries>())) {
+    if (auto* const Series = AnyOf(All<TZySeries>())) {
       const auto Transform = [this](TObject*, const TZyTransformEventArgs& e) {
         Throw();
         return e.Value;
@@ -176,7 +177,8 @@ class TSoak {
       if (What == 4) Series->SetYValueTransformation(Transform);
       if (What == 5) Series->SetOnGetPen(Ask);
       if (What == 6) Series->SetOnGetBrush(Ask);
-      if (What == 7) Series->SetOnGetPointSymbol(Ask);
+      if (auto* const Points = dynamic_cast<TZyPointSeries*>(Series); Points != nullptr && What == 7)
+        Points->SetOnGetPointSymbol(Ask);
     }
   }
 
@@ -204,6 +206,13 @@ class TSoak {
     return Axis;
   }
 
+  TZySeries* AddOfAnyKind() {
+    std::vector<const TClassInfo*> Kinds;
+    for (const TClassInfo* Info : RegisteredClasses())
+      if (Info->Factory() != nullptr && Info->InheritsFrom(TZySeries::StaticClassInfo())) Kinds.push_back(Info);
+    return dynamic_cast<TZySeries*>(AnyOf(Kinds)->Factory()(&FLive.Form));
+  }
+
   void Make() {
     if (More().size() > 30) return;
     switch (Roll(4)) {
@@ -218,11 +227,14 @@ class TSoak {
         return Graph->SetPrimaryYAxis(MakeAxis(*Graph));
       }
       default: {
-        auto* const Series = Named(new TZyPointSeries(&FLive.Form));
+        auto* const Series = Named(AddOfAnyKind());
+        Quieten(*Series);
         Series->SetXAxis(FLive.X);
         Series->SetYAxis(AnyOf(All<TZyAxis>()));
-        Series->SetXData(AnyOf(All<TZyDoubleVector>()));
-        Series->SetYData(AnyOf(All<TZyDoubleVector>()));
+        for (const TPropInfo* Info : Series->ClassInfo().Properties())
+          if (Info->Kind == TPropKind::Class &&
+              Info->ObjectClass().InheritsFrom(TZyCustomDoubleVector::StaticClassInfo()))
+            Info->SetObject(*Series, AnyOf(All<TZyDoubleVector>()));
       }
     }
   }
@@ -247,7 +259,7 @@ class TSoak {
     for (int Left = Roll(100); Left > 0; --Left) Data.Delete(Roll(std::max(Data.Count(), 1)));
   }
 
-  /// One change, and a paint of all graphs. Whatever is thrown is what a handler threw.
+  /// One change, and a paint of all graphs. Whatever is thrown is what a handler threw, or a curve without points.
   void Use() {
     const auto Place = [this] { return TPoint{Roll(600), Roll(400)}; };
     const int What = Roll(20);
@@ -276,6 +288,7 @@ class TSoak {
       }
     } catch (const TRefusal&) {
       // The next action finds the chart as the handler left it.
+    } catch (const EMathError&) {
     }
   }
 

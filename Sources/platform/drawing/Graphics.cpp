@@ -111,6 +111,16 @@ void Graphics::FillRectangle(const Brush& Brush, float X, float Y, float Width, 
   if (IsFinite(Rect) && Width > 0 && Height > 0) Fill(Brush, BoxShape(TShape::Rectangle, Rect));
 }
 
+void Graphics::FillRectangles(const Brush& Brush, std::span<const RectF> Boxes) {
+  if (Boxes.empty() || FBackend->FillBoxes(FState, Brush, Boxes)) return;
+  constexpr float ToCenters = -0.5f;
+  GraphicsPath Path(FillModeWinding);
+  for (const RectF& Box : Boxes)
+    if (IsFinite(Box) && Box.Width > 0 && Box.Height > 0)
+      Path.AddRectangle({Box.X + ToCenters, Box.Y + ToCenters, Box.Width, Box.Height});
+  FillPath(Brush, Path);
+}
+
 void Graphics::FillEllipse(const Brush& Brush, const RectF& Rect) {
   if (IsFinite(Rect)) Fill(Brush, BoxShape(TShape::Ellipse, Rect));
 }

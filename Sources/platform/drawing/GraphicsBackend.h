@@ -83,6 +83,9 @@ class TGraphicsBackend {
   /// Draws one look many times; see Graphics::DrawStamps. False when the target has no quicker way than one by one.
   virtual bool DrawStamps(const TDrawState& State, std::string_view Look, const RectF& Extent,
                           std::span<const PointF> Points, const std::function<void(Graphics&)>& Paint);
+  /// Fills boxes of pixels that do not overlap; see Graphics::FillRectangles. False when the target has no quicker way
+  /// than as one path.
+  virtual bool FillBoxes(const TDrawState&, const Brush&, std::span<const RectF>) { return false; }
   /// See Graphics::GetHDC.
   virtual QPainter* GetHDC(const TDrawState&) { return nullptr; }
   virtual void ReleaseHDC() {}

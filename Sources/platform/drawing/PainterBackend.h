@@ -30,6 +30,7 @@ class TPainterBackend : public TGraphicsBackend {
   void Clear(const TDrawState& State, ARGB Color) override;
   bool DrawStamps(const TDrawState& State, std::string_view Look, const RectF& Extent, std::span<const PointF> Points,
                   const std::function<void(Graphics&)>& Paint) override;
+  bool FillBoxes(const TDrawState& State, const Brush& Brush, std::span<const RectF> Boxes) override;
   QPainter* GetHDC(const TDrawState& State) override;
   void ReleaseHDC() override;
 
@@ -53,6 +54,7 @@ class TPainterBackend : public TGraphicsBackend {
   bool StrokeByRaster(const TDrawState& State, const Pen& Pen, const TShape& Shape);
   bool StrokeThin(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width);
   bool StrokeBox(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width);
+  bool StrokeFrame(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width);
   bool FillBox(const TDrawState& State, const Brush& Brush, const TShape& Shape);
   bool FillByRaster(const TDrawState& State, const Brush& Brush, const TShape& Shape);
   bool DrawStringByStamp(const TDrawState& State, std::string_view Text, const Font& Font, const Brush& Brush,

@@ -66,6 +66,7 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
   const bool IsLine = Shape.Kind == TShape::Lines || Shape.Kind == TShape::Polygon;
   const float Width = Pen.EffectiveWidth() * Scale;
   if (!FHasMask && !IsGradient(Pen.GetBrush())) {
+    if (Shape.Kind == TShape::Rectangle && StrokeFrame(Pen, Shape, Device, Width)) return true;
     if (!IsLine) return false;
     if (IsLevel(Shape.Points) && Width >= 1 && StrokeBox(Pen, Shape, Device, Width)) return true;
     if (StrokeThin(Pen, Shape, Device, Width)) return true;
@@ -115,6 +116,23 @@ bool TPainterBackend::StrokeBox(const Pen& Pen, const TShape& Shape, const Matri
   return true;
 }
 
+/// The outline of an upright box. A corner goes on by half a width beyond the ends of its sides where the pen lets it,
+/// and is cut off where the pen lets it go nowhere.
+bool TPainterBackend::StrokeFrame(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width) {
+  constexpr float Sharp = 0.5f;
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Pen.GetBrush());
+  const bool IsMiter = Pen.GetLineJoin() == LineJoinMiter;
+  const bool CutsCorners = Pen.GetLineJoin() == LineJoinBevel || (IsMiter && Pen.GetMiterLimit() == 0);
+  if (Solid == nullptr || Pen.GetDashStyle() != DashStyleSolid || Width < 1) return false;
+  if (!CutsCorners && (!IsMiter || Pen.GetMiterLimit() < Sharp)) return false;
+  if (!KeepsBoxes(AsQt(Device)) || Shape.Rect.Width == 0 || Shape.Rect.Height == 0) return false;
+  const QRectF Box = AsQt(Device).mapRect(AsQt(Shape.Rect)).normalized();
+  TZyRaster(TargetOf(*FImage), RasterClip())
+      .FillFrame({Box.left(), Box.top(), Box.right(), Box.bottom()}, static_cast<double>(Width), CutsCorners,
+                 Solid->GetColor());
+  return true;
+}
+
 /// Thin solid lines in the way of the toolkit. Translucent ones so long that they cross themselves everywhere are left
 /// to the coverage rasteriser, which keeps them even, and so are those that fill columns.
 bool TPainterBackend::StrokeThin(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width) {
@@ -152,6 +170,26 @@ bool TPainterBackend::FillBox(const TDrawState& State, const Brush& Brush, const
   else
     Raster.FillBox(Box.left(), Box.top(), Box.right(), Box.bottom(),
                    TLinearPaint(*Linear, AsQt(DeviceTransform(State, TGrid::Centers))));
+  return true;
+}
+
+/// Boxes of whole pixels in one colour.
+bool TPainterBackend::FillBoxes(const TDrawState& State, const Brush& Brush, std::span<const RectF> Boxes) {
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush);
+  if (FImage == nullptr || Solid == nullptr) return false;
+  Prepare(State);
+  const QTransform Device = AsQt(DeviceTransform(State, TGrid::Corners));
+  const auto IsWhole = [](double Value) { return Value == std::floor(Value) && std::fabs(Value) < 1e6; };
+  if (FHasMask || Device.type() > QTransform::TxScale || Device.m11() <= 0 || Device.m22() <= 0 ||
+      !IsWhole(Device.m11()) || !IsWhole(Device.m22()) || !IsWhole(Device.dx()) || !IsWhole(Device.dy()))
+    return false;
+  thread_local std::vector<TRasterRect> Pixels;
+  Pixels.clear();
+  for (const RectF& Box : Boxes) {
+    if (!IsWhole(Box.X) || !IsWhole(Box.Y) || !IsWhole(Box.Width) || !IsWhole(Box.Height)) return false;
+    Pixels.push_back(WholePixels(Device.mapRect(AsQt(Box))));
+  }
+  TZyRaster(TargetOf(*FImage), RasterClip()).FillBoxes(Pixels, Solid->GetColor());
   return true;
 }
 

@@ -117,6 +117,14 @@ class TZyRaster {
   void FillBox(double Left, double Top, double Right, double Bottom, std::uint32_t Color) {
     FillBox(Left, Top, Right, Bottom, TSolidPaint(Color));
   }
+  struct TEdges {
+    double Left, Top, Right, Bottom;
+  };
+  /// A line along the edges of an upright box, half its width to either side of them. Corners are sharp, or cut off
+  /// from side to side. The clip's mask does not count.
+  void FillFrame(TEdges Box, double Width, bool CutsCorners, std::uint32_t Color);
+  /// Boxes of whole pixels. The clip's mask does not count.
+  void FillBoxes(std::span<const TRasterRect> Boxes, std::uint32_t Color);
   /// The inside of the closed polygon: by the non-zero winding rule, or else the alternate one. Without Smooth, the
   /// pixels whose centres are inside are filled in full.
   void FillPolygon(std::span<const PointF> Points, bool Winding, const TRasterPaint& Paint, bool Smooth = true);

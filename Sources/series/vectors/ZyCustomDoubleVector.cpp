@@ -38,6 +38,7 @@ double TZyCustomDoubleVector::GetValue(int i) const {
 
 void TZyCustomDoubleVector::SetValue(int i, double n) {
   if (i < 0 || i == std::numeric_limits<int>::max()) VectorIndexOutOfRange(i);
+  const int First = std::min(i, FCount);
   CheckCount(i + 1);
   double& Stored = FArray[static_cast<std::size_t>(i)];
   if (i <= FLastCount && Stored == n) return;
@@ -54,7 +55,7 @@ void TZyCustomDoubleVector::SetValue(int i, double n) {
   if (RangesGo) {
     TellOutOfRange();
   } else {
-    InvalidateRelatedSeries();
+    for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataWritten(*this, First);
   }
 }
 

@@ -13,6 +13,9 @@ class IZyVectorReader {
   virtual void DataReset() = 0;
   /// Values changed; the ranges describe them still, or grow with new ones.
   virtual void DataInvalidated() = 0;
+  /// The same where only the value at Idx is another one, or values came in from there on: for readers that keep
+  /// something of each value.
+  virtual void DataWritten(const TZyCustomDoubleVector& /*Vector*/, int /*Idx*/) { DataInvalidated(); }
   /// The vector is empty now. With WithLinkedMarkers, markers that hold on to its points go as well.
   virtual void DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMarkers) = 0;
   /// A value came in at Idx, or is about to leave there; markers on the points behind move along.

@@ -60,6 +60,12 @@ class TZyGrowingArray {
     }
     FCount = std::max(FCount, NewCount);
   }
+  /// Number elements more, to be written; valid until the vector grows.
+  std::span<T> Extend(int Number) {
+    const auto First = static_cast<std::size_t>(FCount);
+    CheckCount(FCount + Number);
+    return std::span(FArray).subspan(First, static_cast<std::size_t>(Number));
+  }
   /// Only grows.
   void SetCapacity(int Value) {
     if (Value > Capacity()) FArray.resize(static_cast<std::size_t>(Value));
