@@ -37,6 +37,7 @@
 #include "series/ZyOHLC.h"
 #include "series/ZyPointLook.h"
 #include "series/ZyPointSeries.h"
+#include "series/ZyPointWithErrorSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "texts/Exceptions.h"
 #include "undo/ZyChange.h"
