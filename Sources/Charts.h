@@ -31,6 +31,7 @@
 #include "platform/framework/TReader.h"
 #include "platform/framework/TWriter.h"
 #include "platform/framework/XmlDocument.h"
+#include "series/ZyArrows.h"
 #include "series/ZyBars.h"
 #include "series/ZyBubbles.h"
 #include "series/ZyMovingAverage.h"

@@ -36,24 +36,71 @@ void TZyBubbles::Fields(TZyArchive& Archive) {
   Archive.Level("Bubbles", *this, "Elliptical RadiusData");
 }
 
+namespace {
+
+bool IsEven(const TZyAxis& Axis) { return !Axis.HasLogScaling() && Axis.Scaling() != TZyAxisScaling::DateTime; }
+
+/// A value in the units in which the scale of an axis is even; not-a-number for what a logarithmic one has no place
+/// for.
+double OnScale(const TZyAxis& Axis, double Value) { return Axis.HasLogScaling() ? std::log10(Value) : Value; }
+
+/// A radius at a value in these units.
+double RadiusOnScale(const TZyAxis& Axis, double At, double Radius) {
+  return Axis.HasLogScaling() ? OnScale(Axis, At + Radius) - OnScale(Axis, At) : Radius;
+}
+
+/// A radius at a value in pixels.
+float RadiusInPixels(const TZyAxis& Axis, double At, double Radius) {
+  if (IsEven(Axis)) return static_cast<float>(Radius / Axis.NormalizeConst());
+  if (Axis.HasLogScaling() && !(At > 0)) return 0;
+  return std::fabs(Axis.NumberToWorld(At + Radius) - Axis.NumberToWorld(At));
+}
+
+}  // namespace
+
+void TZyBubbles::TakeEnds(const TZyAxis& Axis, double At, double Radius, TRange& Range) {
+  double Low = At - Radius;
+  if (Axis.HasLogScaling() && !(Low > 0)) Low = At > 0 ? At * (At / (At + Radius)) : At + Radius;
+  Range.Take(Low);
+  Range.Take(At + Radius);
+}
+
 /// The Y range first: a radius in Y gives the same pixels along X by the spans of both. Where the spans have no ratio,
 /// as with all Y equal and radii of 0, X takes in the points alone.
 void TZyBubbles::TakeRanges(TRange& X, TRange& Y) {
+  const TZyAxis &XAxis = *FXAxis, &YAxis = *FYAxis;
+  FLargest = 0;
   ForEachPoint(0, Count(), [&](int i) {
-    const double y = FY.At(i), r = GetR(i);
-    Y.Take(y - r);
-    Y.Take(y + r);
+    const double r = GetR(i);
+    TakeEnds(YAxis, FY.At(i), r, Y);
+    const double Radius = FElliptical ? RadiusOnScale(XAxis, FX.At(i), r) : RadiusOnScale(YAxis, FY.At(i), r);
+    if (std::isfinite(Radius)) FLargest = std::max(FLargest, Radius);
   });
-  X = RangeOf(FX, FY, *FXAxis);
-  double k = 1;
-  FRatio = static_cast<double>(FYAxis->AxLength()) / FXAxis->AxLength();
-  if (!FElliptical) k = (X.High - X.Low) / (Y.High - Y.Low) * FRatio;
+  X = RangeOf(FX, FY, XAxis);
+  FRatio = static_cast<double>(YAxis.AxLength()) / XAxis.AxLength();
+  const auto SpanOf = [](const TZyAxis& Axis, const TRange& Range) {
+    return OnScale(Axis, Range.High) - OnScale(Axis, Range.Low);
+  };
+  double k = SpanOf(XAxis, X) / SpanOf(YAxis, Y) * FRatio;
   if (!std::isfinite(k)) k = 0;
   ForEachPoint(0, Count(), [&](int i) {
-    const double x = FX.At(i), r = GetR(i) * k;
-    X.Take(x - r);
-    X.Take(x + r);
+    const double x = FX.At(i), r = GetR(i);
+    if (FElliptical) return TakeEnds(XAxis, x, r, X);
+    const double Radius = RadiusOnScale(YAxis, FY.At(i), r) * k;
+    if (!XAxis.HasLogScaling()) return TakeEnds(XAxis, x, Radius, X);
+    X.Take(x / std::pow(10, Radius));
+    X.Take(x * std::pow(10, Radius));
   });
+}
+
+TZySeries::TRange TZyBubbles::ReachIntoX() const {
+  const TZyAxis& Of = FElliptical ? *FXAxis : *FYAxis;
+  if (Of.Scaling() == TZyAxisScaling::DateTime) return {-HUGE_VAL, HUGE_VAL};
+  const float Pixels = static_cast<float>(FLargest / Of.NormalizeConst()) + 1;
+  const TRange Shown = TZySeries::ReachIntoX();
+  const float Start = FXAxis->NumberToWorld(Shown.Low), Stop = FXAxis->NumberToWorld(Shown.High);
+  const float Way = Start <= Stop ? Pixels : -Pixels;
+  return {FXAxis->WorldToNumber(Start - Way), FXAxis->WorldToNumber(Stop + Way)};
 }
 
 /// After a first layout, and another size of the chart, the ranges are taken anew, unless the ratio hardly changed.
@@ -67,14 +114,13 @@ void TZyBubbles::TakeNewPixels() {
 }
 
 void TZyBubbles::TakePixels(int Start, int Stop) {
-  const double k = FElliptical ? 1 : FXAxis->NormalizeConst() / FYAxis->NormalizeConst();
   ForEachPoint(Start, Stop + 1, [&](int i) {
-    const double r = GetR(i), rx = k * r;
-    Keep({FXAxis->NumberToWorld(FX.At(i) + (FXAxis->Twisted() ? rx : -rx)),
-          FYAxis->NumberToWorld(FY.At(i) + (FYAxis->Twisted() ? -r : r))},
-         i);
-    FSize.Add(
-        {static_cast<float>(2 * rx / FXAxis->NormalizeConst()), static_cast<float>(2 * r / FYAxis->NormalizeConst())});
+    const double x = FX.At(i), y = FY.At(i), r = GetR(i);
+    const float Height = RadiusInPixels(*FYAxis, y, r);
+    const float Width = FElliptical ? RadiusInPixels(*FXAxis, x, r) : Height;
+    if (!std::isfinite(x) || !std::isfinite(y) || !std::isfinite(Width) || !std::isfinite(Height)) return;
+    Keep({FXAxis->NumberToWorld(x) - Width, FYAxis->NumberToWorld(y) - Height}, i);
+    FSize.Add({2 * Width, 2 * Height});
   });
 }
 

@@ -347,6 +347,8 @@ class TZySeries : public TComponent,
   /// The smallest value above 0 of an input, whatever lies behind the last point included; Otherwise when there is
   /// none.
   double SmallestPositive(const TZySeriesInput& Input, double Otherwise) const;
+  /// The smallest value of an input by its tracked extremes; the largest double for none.
+  double LowestOf(const TZySeriesInput& Input) const { return TransformedExtremes(Input, Input).Low; }
   /// Range of an input by its tracked extremes, as far as they are those of the points.
   TRange RangeOf(TZySeriesInput& Input, const TZySeriesInput& Other, const TZyAxis& Axis) const;
   void SetRange(TZyAxis& Axis, double& Start, double& Stop, const TRange& Range);
@@ -385,7 +387,8 @@ class TZySeries : public TComponent,
   virtual void AddBandPoints();
   /// The graph, null while the series is in none.
   IZySeriesGraph* Graph() const { return FGraphControl == nullptr ? nullptr : FGraph; }
-  /// Whether the brush follows the settings.
+  /// Whether pen and brush follow the settings.
+  bool OwnsPen() const { return FPen.IsOwn(); }
   bool OwnsBrush() const { return FBrush.IsOwn(); }
   /// Puts other settings in the place of those of the line, as a kind with more than a line has.
   void ReplaceLine(std::unique_ptr<TZyLineSettings> Value);

@@ -142,8 +142,7 @@ double TZySeries::LowestOn(const TZyAxis& Axis) const {
   double Result = LargestDouble;
   for (const TZySeriesInput* Input : FInputs) {
     const bool IsOfAxis = (Input == &FX) == (&Axis == FXAxis);
-    if (*Input && Input->Use() != TZyInputUse::Apart && IsOfAxis)
-      Result = std::min(Result, TransformedExtremes(*Input, *Input).Low);
+    if (*Input && Input->Use() != TZyInputUse::Apart && IsOfAxis) Result = std::min(Result, LowestOf(*Input));
   }
   return Result;
 }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+
 #include "graph/SampleChart.h"
 
 namespace zy::testing {
@@ -66,6 +69,46 @@ TEST_F(ZyBubblesTest, CirclesAreRoundAndHitByTheirRectangle) {
   Chart.Paint();
   EXPECT_EQ(Series->Points().size(), 1u);
   EXPECT_EQ(Series->Sizes().size(), 1u);
+}
+
+TEST_F(ZyBubblesTest, StandsAroundItsPointOnAnyScale) {
+  const auto Box = [this](std::size_t i) {
+    const PointF P = Series->Points()[i], S = Series->Sizes()[i];
+    return std::array{P.X, P.Y, S.X, S.Y};
+  };
+  Chart.X->SetTwisted(true);
+  Chart.Y->SetTwisted(true);
+  Chart.Paint();
+  EXPECT_EQ(Box(1), (std::array{200.0f, 200.0f, 100.0f, 100.0f})) << "around (550 - 300, 50 + 200)";
+  for (TZyAxis* Axis : {Chart.X, Chart.Y}) {
+    Axis->SetTwisted(false);
+    Chart.FixEnds(Axis, 1, 100);
+    Axis->SetScaling(TZyAxisScaling::Log);
+  }
+  for (auto* Data : {Series->XData(), Series->YData()}) dynamic_cast<TZyDoubleVector&>(*Data).SetInternalArray({1, 10});
+  Radius->SetInternalArray({0, 90});
+  Chart.Paint();
+  EXPECT_EQ(Box(1), (std::array{175.0f, 50.0f, 250.0f, 250.0f})) << "up to 100 from 10: a decade of 125 pixels";
+  EXPECT_EQ(Series->YStart(), 1) << "10 to 100 downwards: no place below 0";
+  EXPECT_EQ(Series->YStop(), 100);
+  EXPECT_NEAR(Series->XStop(), 10 * std::pow(10, 0.25), 1e-9) << "a decade of Y is a quarter of one of X, by the spans";
+  Series->SetElliptical(true);
+  Chart.Paint();
+  EXPECT_EQ(Box(1), (std::array{50.0f, 50.0f, 500.0f, 250.0f}));
+  EXPECT_EQ(Series->XStop(), 100);
+}
+
+TEST_F(ZyBubblesTest, ReachesIntoAZoomedAxis) {
+  std::vector<double> Xs, Ys(40, 5), Radii(40, 1);
+  for (int i = 0; i < 40; ++i) Xs.push_back(i);
+  dynamic_cast<TZyDoubleVector&>(*Series->XData()).SetInternalArray(std::move(Xs));
+  dynamic_cast<TZyDoubleVector&>(*Series->YData()).SetInternalArray(std::move(Ys));
+  Radius->SetInternalArray(std::move(Radii));
+  Radius->SetValue(8, 6);
+  Chart.FixEnds(Chart.X, 10, 20);
+  Chart.Paint();
+  EXPECT_EQ(Series->FindPoint(50 + 50 * (8 + 3 - 10), 175), 8) << "6 of Y are 150 pixels, 3 of X";
+  EXPECT_EQ(Series->PointIndex().front(), 6) << "from 7 on all may reach as far, and one more outside";
 }
 
 TEST_F(ZyBubblesTest, LeavesAndComesBackWithItsRadius) {

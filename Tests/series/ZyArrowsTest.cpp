@@ -1,0 +1,119 @@
+#include "series/ZyArrows.h"
+
+#include <gtest/gtest.h>
+
+#include "graph/SampleChart.h"
+
+namespace zy::testing {
+namespace {
+
+/// Three arrows on axes from 0 to 10, of 50 and 25 pixels for 1 from (50, 300) on.
+class ZyArrowsTest : public ::testing::Test {
+ protected:
+  ZyArrowsTest() {
+    Chart.UseTenAxes();
+    Series->SetDeltaX(DeltaX);
+    Series->SetDeltaY(DeltaY);
+    Series->Arrow().SetColor(Colors::Teal);
+  }
+  std::ptrdiff_t CountOf(std::string_view Text) { return Chart.CountOf(Chart.Calls(), Text); }
+  std::vector<double> Ranges() {
+    Series->Calculate();
+    return {Series->XStart(), Series->XStop(), Series->YStart(), Series->YStop()};
+  }
+  using TRanges = std::vector<double>;
+
+  TSampleChart Chart;
+  TZyArrows* Series = Chart.AddSeries<TZyArrows>("Wind", {2, 4, 6}, {4, 8, 6});
+  TZyDoubleVector* DeltaX = Chart.AddVector("DeltaX", {3, -1, 0, 7});
+  TZyDoubleVector* DeltaY = Chart.AddVector("DeltaY", {0, -2, 3});
+};
+
+TEST_F(ZyArrowsTest, GoFromThePointsToTheDisplacedOnes) {
+  for (const std::string_view Call : {"150 200, 300 200)", "250 100, 200 150)", "350 150, 350 75)"})
+    EXPECT_EQ(CountOf(Call), 1) << Call;
+  EXPECT_EQ(Series->Tips()[1], (PointF{200, 150}));
+  EXPECT_EQ(Series->FindPoint(350, 150), 2) << "tails are hit";
+  EXPECT_EQ(Series->FindPoint(350, 75), -1);
+  EXPECT_EQ(Ranges(), (TRanges{2, 6, 4, 9}));
+  Series->SetYDeltaTransformation([](TObject*, const TZyTransformEventArgs& Args) { return -2 * Args.Value; });
+  EXPECT_EQ(Ranges(), (TRanges{2, 6, 0, 12})) << "with its sign";
+  DeltaX->AddOutlier(2);
+  EXPECT_EQ(Ranges(), (TRanges{2, 5, 4, 12}));
+  EXPECT_EQ(CountOf("pen FF008080"), 2);
+  Series->SetXData(nullptr);
+  EXPECT_EQ(CountOf("50 200, 200 200)"), 1) << "the index stands in for X";
+  delete DeltaX;
+  EXPECT_EQ(CountOf("pen FF008080"), 0);
+  EXPECT_TRUE(Chart.Graph->RelatedSeries().empty());
+}
+
+TEST_F(ZyArrowsTest, HiddenArrowsTakeNoPartInRanges) {
+  Series->Arrow().SetVisible(false);
+  EXPECT_FALSE(Series->SeriesVisible());
+  EXPECT_EQ(CountOf("pen FF008080"), 0);
+  EXPECT_EQ(Series->Count(), 0);
+  Series->Arrow().SetVisible(true);
+  EXPECT_EQ(Ranges(), (TRanges{2, 6, 4, 9}));
+}
+
+TEST_F(ZyArrowsTest, PensComeFromTheEventOrRunAlongTheArrows) {
+  const TZyPen Wide(Colors::Lime, 3);
+  Series->Arrow().Gradient().SetVisible(true);
+  Series->SetOnGetPen([&](TObject*, TZyPenEventArgs& Args) {
+    if (Args.Index == 1) Args.Pen = &Wide;
+    if (Args.Index == 2) Args.Visible = false;
+  });
+  EXPECT_EQ(CountOf("DrawLine(pen FF00FF00 3, 250 100"), 1);
+  EXPECT_EQ(CountOf("350 150, 350 75"), 0) << "hidden by the handler";
+  Series->SetOnGetPen(nullptr);
+  Series->Arrow().Gradient().SetFirstColor(Colors::Red);
+  Series->Arrow().Gradient().SetMiddleColor(Colors::Red);
+  Series->Arrow().Gradient().SetLastColor(Colors::Blue);
+  Series->Arrow().SetWidth(5);
+  const Bitmap Picture = Chart.Paint();
+  // Near tails and near the middles: to the right, down to the left, up.
+  for (const auto& [X, Y] : {std::pair(156, 200), {247, 103}, {350, 146}})
+    EXPECT_LT(Distance(Picture.GetPixel(X, Y), Colors::Red), 40) << X;
+  for (const auto& [X, Y] : {std::pair(284, 200), {206, 144}, {350, 92}})
+    EXPECT_LT(Distance(Picture.GetPixel(X, Y), Colors::Blue), 140) << X;
+}
+
+TEST_F(ZyArrowsTest, ReachIntoAZoomedAxis) {
+  std::vector<double> Xs, Ys(40, 5), Lengths(40, 0.5);
+  for (int i = 0; i < 40; ++i) Xs.push_back(i);
+  Lengths[5] = 6;
+  Lengths[24] = -5;
+  dynamic_cast<TZyDoubleVector&>(*Series->XData()).SetInternalArray(std::move(Xs));
+  dynamic_cast<TZyDoubleVector&>(*Series->YData()).SetInternalArray(std::move(Ys));
+  DeltaX->SetInternalArray(std::move(Lengths));
+  DeltaY->SetInternalArray(std::vector<double>(40, 0));
+  Chart.FixEnds(Chart.X, 10, 20);
+  EXPECT_EQ(CountOf("-200 175, 100 175)"), 1);
+  EXPECT_EQ(CountOf("750 175, 500 175)"), 1);
+  EXPECT_EQ(Series->PointIndex().front(), 3);
+  EXPECT_EQ(Series->PointIndex().back(), 26);
+}
+
+TEST_F(ZyArrowsTest, DesignersGetArrowsThatFitTheAxes) {
+  delete Series;
+  Chart.Form.SetDesigning(true);
+  auto* const New = new TZyArrows(&Chart.Form);
+  New->SetDefaultAxis(*Chart.Graph);
+  std::vector<TZyDoubleVector*> Made;
+  for (auto Set : {&TZyArrows::SetDeltaX, &TZyArrows::SetDeltaY}) (New->*Set)(Made.emplace_back(new TZyDoubleVector));
+  New->SetXData(Made.emplace_back(new TZyDoubleVector));
+  New->SetYData(Made.emplace_back(new TZyDoubleVector));
+  for (const int Axis : {0, 1}) {
+    const auto &Delta = *Made[static_cast<std::size_t>(Axis)], &Data = *Made[static_cast<std::size_t>(Axis) + 2];
+    EXPECT_EQ(Delta.Count(), 11);
+    ASSERT_EQ(Data.Count(), 11);
+    EXPECT_EQ(Data.GetValue(0), 0);
+    EXPECT_NEAR(Data.GetValue(10) + Delta.GetValue(10), 10, 1e-12);
+  }
+  delete New;
+  for (const TZyDoubleVector* Vector : Made) delete Vector;
+}
+
+}  // namespace
+}  // namespace zy::testing
