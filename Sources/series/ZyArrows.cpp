@@ -70,6 +70,11 @@ void TZyArrows::DrawPoints(Graphics& Gr) {
   const TZyGradientSettings& Gradient = Arrow().Gradient();
   if (!OnGetPen() && OwnsPen() && Gradient.Visible() && Gradient.Style() == TZyGradientStyle::Linear)
     return DrawGradients(Gr);
+  if (!OnGetPen()) {
+    FEnds.clear();
+    for (std::size_t i = 0; i < Points().size(); ++i) FEnds.insert(FEnds.end(), {Points()[i], Tips()[i]});
+    return Gr.DrawSegments(*LinePen(), FEnds);
+  }
   TZyPointLook Look(*this);
   for (std::size_t i = 0; i < Points().size(); ++i) {
     if (!Look.AskPen(i) || i >= Points().size()) continue;

@@ -48,6 +48,7 @@ class TZyArrows : public TZySeries {
   TZySeriesInput FdY{*this, "DeltaY", TZyInputUse::Needed};
   TRange FReach;  // of the displacements along X, as the ranges were taken
   TZyPointVector FTips;
+  std::vector<PointF> FEnds;  // of all arrows, to draw; kept for its memory
 };
 
 }  // namespace zy

@@ -163,41 +163,70 @@ void TZyPointWithErrorSeries::DrawLine(Graphics& Gr) {
 }
 
 void TZyPointWithErrorSeries::DrawIndicators(Graphics& Gr) {
+  if (mOnGetIndicatorsPen) return DrawAskedIndicators(Gr);
+  constexpr std::size_t Many = 1000;  // points, whose two bars along an axis are one line
+  if (FEndsVersion != PixelsVersion() || FEndsSize != SymbolSize()) {
+    FEnds.clear();
+    FKept.Clear();
+    const bool JoinsBars = Points().size() >= Many;
+    for (std::size_t Pixel = 0; Pixel < Points().size(); ++Pixel) AddBars(Pixel, JoinsBars);
+    FEndsVersion = PixelsVersion();
+    FEndsSize = SymbolSize();
+  }
+  Gr.DrawSegments(FErrorIndicatorsPen, FEnds, &FKept);
+}
+
+void TZyPointWithErrorSeries::DrawAskedIndicators(Graphics& Gr) {
   const TZyPenEventHandler Handler = mOnGetIndicatorsPen;  // which may set another
+  FEndsVersion = -1;                                       // they are those of one point after the other
   const std::uint64_t Handle = LiveHandle();
   TZyPenEventArgs Args;
   Args.Pen = &FErrorIndicatorsPen;
   Args.Visible = FErrorIndicator->Visible();
   for (std::size_t Pixel = 0; Pixel < Points().size() && !RecalculatePoints(); ++Pixel) {
-    if (Handler) {
-      const TPointValues Values = ValuesOfPixel(PointIndex()[Pixel], Points()[Pixel].X);
-      Args.Index = Values.Index;
-      Args.X = Values.X;
-      Args.Y = Values.Y;
-      Handler(this, Args);
-      TZyPointLook::TestAlive(Handle);
-      if (Pixel >= Points().size()) return;
-    }
-    if (Args.Visible && Args.Pen != nullptr) DrawBars(Gr, *Args.Pen, Pixel);
+    const TPointValues Values = ValuesOfPixel(PointIndex()[Pixel], Points()[Pixel].X);
+    Args.Index = Values.Index;
+    Args.X = Values.X;
+    Args.Y = Values.Y;
+    Handler(this, Args);
+    TZyPointLook::TestAlive(Handle);
+    if (!Args.Visible || Args.Pen == nullptr || Pixel >= Points().size()) continue;
+    FEnds.clear();
+    AddBars(Pixel, false);
+    Gr.DrawSegments(*Args.Pen, FEnds);
   }
 }
 
 /// A line from the point to the end of each bar, with a stroke across it there.
-void TZyPointWithErrorSeries::DrawBars(Graphics& Gr, const TZyPen& Pen, std::size_t Pixel) const {
+void TZyPointWithErrorSeries::AddBars(std::size_t Pixel, bool JoinsBars) {
   const auto [X, Y] = Points()[Pixel];
   const float Half = (SymbolSize() - 1) / 2;
-  for (const TZySeriesInput* Delta : {&FDxPlus, &FDxMinus}) {
-    if (Pixel >= Delta->Pixels().size()) continue;
-    const float End = Delta->Pixels()[Pixel];
-    Gr.DrawLine(Pen, X, Y, End, Y);
-    Gr.DrawLine(Pen, End, Y - Half, End, Y + Half);
-  }
-  for (const TZySeriesInput* Delta : {&FDyPlus, &FDyMinus}) {
-    if (Pixel >= Delta->Pixels().size()) continue;
-    const float End = Delta->Pixels()[Pixel];
-    Gr.DrawLine(Pen, X, Y, X, End);
-    Gr.DrawLine(Pen, X - Half, End, X + Half, End);
-  }
+  const std::span<const float> Right = FDxPlus.Pixels(), Left = FDxMinus.Pixels();
+  const std::span<const float> Up = FDyPlus.Pixels(), Down = FDyMinus.Pixels();
+  const bool HasRight = Pixel < Right.size(), HasLeft = Pixel < Left.size();
+  const bool HasUp = Pixel < Up.size(), HasDown = Pixel < Down.size();
+  std::array<PointF, 16> Ends;
+  auto Last = Ends.begin();
+  const auto Add = [&Last](const PointF& A, const PointF& B) {
+    *Last++ = A;
+    *Last++ = B;
+  };
+  const bool JoinsAcross = JoinsBars && HasRight && HasLeft, JoinsUp = JoinsBars && HasUp && HasDown;
+  if (JoinsAcross) Add({Left[Pixel], Y}, {Right[Pixel], Y});
+  if (JoinsUp) Add({X, Down[Pixel]}, {X, Up[Pixel]});
+  const auto AddAcross = [&](float End) {
+    if (!JoinsAcross) Add({X, Y}, {End, Y});
+    Add({End, Y - Half}, {End, Y + Half});
+  };
+  const auto AddUp = [&](float End) {
+    if (!JoinsUp) Add({X, Y}, {X, End});
+    Add({X - Half, End}, {X + Half, End});
+  };
+  if (HasRight) AddAcross(Right[Pixel]);
+  if (HasLeft) AddAcross(Left[Pixel]);
+  if (HasUp) AddUp(Up[Pixel]);
+  if (HasDown) AddUp(Down[Pixel]);
+  FEnds.insert(FEnds.end(), Ends.begin(), Last);
 }
 
 // --- Items of legends -----------------------------------------------------------------------------------------------

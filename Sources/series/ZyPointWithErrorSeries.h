@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "platform/drawing/KeptSegments.h"
 #include "series/ZyPointSeries.h"
 
 namespace zy {
@@ -79,13 +80,18 @@ class TZyPointWithErrorSeries : public TZyPointSeries {
   void TakeEndPixels(TZySeriesInput& Delta, const TZySeriesInput& Input, const TZyAxis& Axis, double Sign,
                      std::size_t First);
   void DrawIndicators(Graphics& Gr);
-  void DrawBars(Graphics& Gr, const TZyPen& Pen, std::size_t Pixel) const;
+  void DrawAskedIndicators(Graphics& Gr);
+  void AddBars(std::size_t Pixel, bool JoinsBars);
 
   std::unique_ptr<TZyLineSettings> FErrorIndicator;
   TZyPen FErrorIndicatorsPen{Colors::Gray};
   bool FLastIndicatorsVisible = true;
   TZyPenEventHandler mOnGetIndicatorsPen;
   TExtent FExtentX, FExtentY;  // as the ranges were taken
+  std::vector<PointF> FEnds;   // of the lines to draw
+  int FEndsVersion = -1;       // of the pixels that they are of
+  float FEndsSize = 0;         // of the symbols then
+  TKeptSegments FKept;
   TZySeriesInput FDxPlus{*this, "DeltaXPlus", TZyInputUse::Partial};
   TZySeriesInput FDxMinus{*this, "DeltaXMinus", TZyInputUse::Partial};
   TZySeriesInput FDyPlus{*this, "DeltaYPlus", TZyInputUse::Partial};

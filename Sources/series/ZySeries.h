@@ -387,6 +387,8 @@ class TZySeries : public TComponent,
   virtual void AddBandPoints();
   /// The graph, null while the series is in none.
   IZySeriesGraph* Graph() const { return FGraphControl == nullptr ? nullptr : FGraph; }
+  /// A number that is another one whenever the pixels were computed anew.
+  int PixelsVersion() const { return FPixelsVersion; }
   /// Whether pen and brush follow the settings.
   bool OwnsPen() const { return FPen.IsOwn(); }
   bool OwnsBrush() const { return FBrush.IsOwn(); }
