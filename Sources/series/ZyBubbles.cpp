@@ -139,14 +139,58 @@ int TZyBubbles::FindPoint(int X, int Y) const {
 
 /// A brush of the settings fits each bubble, gradients included.
 void TZyBubbles::DrawPoints(Graphics& Gr) {
+  if (DrawStamps(Gr)) return;
+  const bool FitsBrush = OwnsBrush() && !(Area().Solid() && !Area().Gradient().Visible());
   TZyPointLook Look(*this);
   for (std::size_t i = 0; i < Points().size(); ++i) {
     const RectF R = RectOf(i);
-    const auto Fitting = OwnsBrush() ? Area().GetBrush(R) : nullptr;
-    if (Fitting) Look.SetBrush(*Fitting);
+    const auto Fitting = FitsBrush ? Area().GetBrush(R) : nullptr;
+    if (Fitting)
+      Look.SetBrush(*Fitting);
+    else if (OwnsBrush())
+      Look.ResetBrush();
     if (Look.AskBrush(i)) Gr.FillEllipse(Look.Brush(), R);
     if (Look.AskPen(i)) Gr.DrawEllipse(Look.Pen(), R);
   }
+}
+
+/// Many bubbles of one look but for their size: what is not large is painted once for each size, in quarters of a
+/// pixel, and put down from then on. False when they are few, or of more than two colours.
+bool TZyBubbles::DrawStamps(Graphics& Gr) {
+  constexpr std::size_t Many = 2000;
+  constexpr float Largest = 24;  // pixels
+  const auto* const Fill = dynamic_cast<const SolidBrush*>(AreaBrush());
+  const TZyPen& Edge = *LinePen();
+  const bool IsPlain = Fill != nullptr && dynamic_cast<const SolidBrush*>(&Edge.GetBrush()) != nullptr &&
+                       Edge.DashStyle() == DashStyleSolid && Edge.EndShape() == nullptr;
+  if (!IsPlain || OnGetBrush() || OnGetPen() || Points().size() < Many) return false;
+  const bool IsFilled = Area().Visible(), HasEdge = Line().Visible();
+  struct TLook {
+    float Width, Height, EdgeWidth;
+    TZyColor Fill, Edge;
+  } Look{0, 0, HasEdge ? Edge.Width() : 0, IsFilled ? Fill->GetColor() : 0, HasEdge ? Edge.Color() : 0};
+  const auto Paint = [&](Graphics& Canvas, const RectF& R) {
+    if (IsFilled) Canvas.FillEllipse(*Fill, R);
+    if (HasEdge) Canvas.DrawEllipse(Edge, R);
+  };
+  for (std::size_t i = 0; i < Points().size(); ++i) {
+    const RectF R = RectOf(i);
+    Look.Width = std::round(R.Width * 4) / 4;
+    Look.Height = std::round(R.Height * 4) / 4;
+    if (!(std::max(R.Width, R.Height) + Look.EdgeWidth <= Largest) || !(Look.Width > 0) || !(Look.Height > 0)) {
+      Paint(Gr, R);
+      continue;
+    }
+    const PointF Centre{R.X + R.Width / 2, R.Y + R.Height / 2};
+    const RectF Stamp{-Look.Width / 2, -Look.Height / 2, Look.Width, Look.Height};
+    const float Room = Look.EdgeWidth / 2 + 1;
+    const RectF Extent{Stamp.X - Room, Stamp.Y - Room, Stamp.Width + 2 * Room, Stamp.Height + 2 * Room};
+    Gr.DrawStamps({reinterpret_cast<const char*>(&Look), sizeof Look}, Extent, {&Centre, 1}, [&](Graphics& Canvas) {
+      const bool IsStamp = &Canvas != &Gr;  // else a target that has none, and takes all sizes
+      Paint(Canvas, IsStamp ? Stamp : RectF{-R.Width / 2, -R.Height / 2, R.Width, R.Height});
+    });
+  }
+  return true;
 }
 
 void TZyBubbles::DrawListItem(const TZyLegendItemDrawArgs& e, LegendItemStyle) {

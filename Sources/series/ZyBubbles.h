@@ -48,6 +48,7 @@ class TZyBubbles : public TZySeries {
   double GetR(int Idx) const;
   static void TakeEnds(const TZyAxis& Axis, double At, double Radius, TRange& Range);
   RectF RectOf(std::size_t Pixel) const;
+  bool DrawStamps(Graphics& Gr);
   void EllipticalModified();
 
   bool FElliptical = false;

@@ -178,7 +178,7 @@ void TZyPointWithErrorSeries::DrawIndicators(Graphics& Gr) {
 
 void TZyPointWithErrorSeries::DrawAskedIndicators(Graphics& Gr) {
   const TZyPenEventHandler Handler = mOnGetIndicatorsPen;  // which may set another
-  FEndsVersion = -1;                                       // they are those of one point after the other
+  FEndsVersion = -1;                                       // the ends are those of one point after the other
   const std::uint64_t Handle = LiveHandle();
   TZyPenEventArgs Args;
   Args.Pen = &FErrorIndicatorsPen;
@@ -193,7 +193,8 @@ void TZyPointWithErrorSeries::DrawAskedIndicators(Graphics& Gr) {
     if (!Args.Visible || Args.Pen == nullptr || Pixel >= Points().size()) continue;
     FEnds.clear();
     AddBars(Pixel, false);
-    Gr.DrawSegments(*Args.Pen, FEnds);
+    for (std::size_t i = 0; i < FEnds.size(); i += 2)
+      Gr.DrawLine(*Args.Pen, FEnds[i].X, FEnds[i].Y, FEnds[i + 1].X, FEnds[i + 1].Y);
   }
 }
 
