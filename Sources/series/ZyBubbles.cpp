@@ -1,10 +1,13 @@
 #include "series/ZyBubbles.h"
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
 
 #include "graph/parts/ZySeriesGraph.h"
 #include "graph/shapes/ZyDrawing.h"
 #include "persistence/ZyArchive.h"
+#include "platform/controls/TWinControl.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
 #include "series/ZyPointLook.h"
@@ -137,6 +140,49 @@ int TZyBubbles::FindPoint(int X, int Y) const {
   });
 }
 
+namespace {
+
+/// The part of an ellipse that lies in some rows, as a line down its left side and up its right one, in steps that are
+/// finer near its top and its bottom.
+std::vector<PointF> SidesOf(const RectF& R, float Top, float Bottom) {
+  const PointF Centre{R.X + R.Width / 2, R.Y + R.Height / 2};
+  const float First = std::max(R.Y, Top), Last = std::min(R.Y + R.Height, Bottom);
+  std::vector<PointF> Result;
+  for (float y = First, Step = 0; y <= Last; y = y < Last ? std::min(y + Step, Last) : Last + 1) {
+    const float Part = (y - Centre.Y) / (R.Height / 2);
+    Step = std::clamp(std::min(y - R.Y, R.Y + R.Height - y) / 4, 0.02f, 1.0f);
+    Result.push_back({Centre.X - R.Width / 2 * std::sqrt(std::max(1 - Part * Part, 0.0f)), y});
+  }
+  for (std::size_t i = Result.size(); i-- > 0;) Result.push_back({2 * Centre.X - Result[i].X, Result[i].Y});
+  return Result;
+}
+
+}  // namespace
+
+/// Of a bubble far larger than the chart, as when it was zoomed into, only what can be seen is drawn.
+void TZyBubbles::DrawBubble(Graphics& Gr, const RectF& R, const Brush* Fill, const TZyPen* Edge) const {
+  constexpr float Large = 4000;
+  const TWinControl& Control = Graph()->Control();
+  const float Room = Edge == nullptr ? 1 : Edge->EffectiveWidth() + 1;
+  const float Right = static_cast<float>(Control.Width()) + Room, Bottom = static_cast<float>(Control.Height()) + Room;
+  if (R.X > Right || R.X + R.Width < -Room || R.Y > Bottom || R.Y + R.Height < -Room) return;
+  if (R.Width <= Large && R.Height <= Large) {
+    if (Fill != nullptr) Gr.FillEllipse(*Fill, R);
+    if (Edge != nullptr) Gr.DrawEllipse(*Edge, R);
+    return;
+  }
+  std::vector<PointF> Sides = SidesOf(R, -Room, Bottom);
+  if (Fill != nullptr) Gr.FillPolygon(*Fill, Sides);
+  if (Edge == nullptr) return;
+  const bool JoinsAtTop = R.Y >= -Room, JoinsAtBottom = R.Y + R.Height <= Bottom;
+  const auto Half = Sides.begin() + static_cast<std::ptrdiff_t>(Sides.size() / 2);
+  if (JoinsAtTop && JoinsAtBottom) return Gr.DrawPolygon(*Edge, Sides);
+  if (JoinsAtTop) std::rotate(Sides.begin(), Half, Sides.end());
+  if (JoinsAtTop || JoinsAtBottom) return Gr.DrawLines(*Edge, Sides);
+  Gr.DrawLines(*Edge, {Sides.begin(), Half});
+  Gr.DrawLines(*Edge, {Half, Sides.end()});
+}
+
 /// A brush of the settings fits each bubble, gradients included.
 void TZyBubbles::DrawPoints(Graphics& Gr) {
   if (DrawStamps(Gr)) return;
@@ -149,8 +195,8 @@ void TZyBubbles::DrawPoints(Graphics& Gr) {
       Look.SetBrush(*Fitting);
     else if (OwnsBrush())
       Look.ResetBrush();
-    if (Look.AskBrush(i)) Gr.FillEllipse(Look.Brush(), R);
-    if (Look.AskPen(i)) Gr.DrawEllipse(Look.Pen(), R);
+    if (Look.AskBrush(i)) DrawBubble(Gr, R, &Look.Brush(), nullptr);
+    if (Look.AskPen(i)) DrawBubble(Gr, R, nullptr, &Look.Pen());
   }
 }
 
@@ -169,26 +215,27 @@ bool TZyBubbles::DrawStamps(Graphics& Gr) {
     float Width, Height, EdgeWidth;
     TZyColor Fill, Edge;
   } Look{0, 0, HasEdge ? Edge.Width() : 0, IsFilled ? Fill->GetColor() : 0, HasEdge ? Edge.Color() : 0};
-  const auto Paint = [&](Graphics& Canvas, const RectF& R) {
-    if (IsFilled) Canvas.FillEllipse(*Fill, R);
-    if (HasEdge) Canvas.DrawEllipse(Edge, R);
-  };
+  const Brush* const FillUsed = IsFilled ? Fill : nullptr;
+  const TZyPen* const EdgeUsed = HasEdge ? &Edge : nullptr;
   for (std::size_t i = 0; i < Points().size(); ++i) {
     const RectF R = RectOf(i);
     Look.Width = std::round(R.Width * 4) / 4;
     Look.Height = std::round(R.Height * 4) / 4;
     if (!(std::max(R.Width, R.Height) + Look.EdgeWidth <= Largest) || !(Look.Width > 0) || !(Look.Height > 0)) {
-      Paint(Gr, R);
+      DrawBubble(Gr, R, FillUsed, EdgeUsed);
       continue;
     }
     const PointF Centre{R.X + R.Width / 2, R.Y + R.Height / 2};
     const RectF Stamp{-Look.Width / 2, -Look.Height / 2, Look.Width, Look.Height};
     const float Room = Look.EdgeWidth / 2 + 1;
     const RectF Extent{Stamp.X - Room, Stamp.Y - Room, Stamp.Width + 2 * Room, Stamp.Height + 2 * Room};
-    Gr.DrawStamps({reinterpret_cast<const char*>(&Look), sizeof Look}, Extent, {&Centre, 1}, [&](Graphics& Canvas) {
+    const auto PaintStamp = [&](Graphics& Canvas) {
       const bool IsStamp = &Canvas != &Gr;  // else a target that has none, and takes all sizes
-      Paint(Canvas, IsStamp ? Stamp : RectF{-R.Width / 2, -R.Height / 2, R.Width, R.Height});
-    });
+      const RectF Box = IsStamp ? Stamp : RectF{-R.Width / 2, -R.Height / 2, R.Width, R.Height};
+      if (FillUsed != nullptr) Canvas.FillEllipse(*FillUsed, Box);
+      if (EdgeUsed != nullptr) Canvas.DrawEllipse(*EdgeUsed, Box);
+    };
+    Gr.DrawStamps({reinterpret_cast<const char*>(&Look), sizeof Look}, Extent, {&Centre, 1}, std::cref(PaintStamp));
   }
   return true;
 }

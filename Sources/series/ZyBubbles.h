@@ -49,6 +49,7 @@ class TZyBubbles : public TZySeries {
   static void TakeEnds(const TZyAxis& Axis, double At, double Radius, TRange& Range);
   RectF RectOf(std::size_t Pixel) const;
   bool DrawStamps(Graphics& Gr);
+  void DrawBubble(Graphics& Gr, const RectF& R, const Brush* Fill, const TZyPen* Edge) const;
   void EllipticalModified();
 
   bool FElliptical = false;

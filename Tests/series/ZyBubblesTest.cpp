@@ -111,6 +111,22 @@ TEST_F(ZyBubblesTest, ReachesIntoAZoomedAxis) {
   EXPECT_EQ(Series->PointIndex().front(), 6) << "from 7 on all may reach as far, and one more outside";
 }
 
+TEST_F(ZyBubblesTest, ShowsTheEdgeOfOneFarLargerThanTheChart) {
+  Chart.Graph->SetBackColor(Colors::White);
+  Series->SetXData(Chart.AddVector("Middle", {5}));
+  dynamic_cast<TZyDoubleVector&>(*Series->YData()).SetInternalArray({-98});
+  Radius->SetInternalArray({100});
+  Series->Area().SetForeColor(Colors::Lime);
+  Series->Line().SetColor(Colors::Navy);
+  const Bitmap Picture = Chart.Paint();
+  // A circle of 2500 pixels around (300, 2750): 200 pixels beside its top it is 8 pixels lower.
+  for (const auto& [X, Top] : {std::pair(300, 250), {100, 258}, {500, 258}}) {
+    EXPECT_EQ(Picture.GetPixel(X, Top - 3), Colors::White) << X;
+    EXPECT_LT(Distance(Picture.GetPixel(X, Top), Colors::Navy), 70) << X;
+    EXPECT_EQ(Picture.GetPixel(X, Top + 3), Colors::Lime) << X;
+  }
+}
+
 TEST_F(ZyBubblesTest, LeavesAndComesBackWithItsRadius) {
   Series->SetXData(nullptr);
   Chart.Paint();
