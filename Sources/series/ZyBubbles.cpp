@@ -97,7 +97,7 @@ void TZyBubbles::TakeRanges(TRange& X, TRange& Y) {
 }
 
 TZySeries::TRange TZyBubbles::ReachIntoX() const {
-  const TZyAxis& Of = FElliptical ? *FXAxis : *FYAxis;
+  const TZyAxis& Of = *(FElliptical ? XAxis() : YAxis());
   if (Of.Scaling() == TZyAxisScaling::DateTime) return {-HUGE_VAL, HUGE_VAL};
   const float Pixels = static_cast<float>(FLargest / Of.NormalizeConst()) + 1;
   const TRange Shown = TZySeries::ReachIntoX();

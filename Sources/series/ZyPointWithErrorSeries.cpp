@@ -200,7 +200,7 @@ void TZyPointWithErrorSeries::DrawAskedIndicators(Graphics& Gr) {
 
 /// A line from the point to the end of each bar, with a stroke across it there.
 void TZyPointWithErrorSeries::AddBars(std::size_t Pixel, bool JoinsBars) {
-  const auto [X, Y] = Points()[Pixel];
+  const float X = Points()[Pixel].X, Y = Points()[Pixel].Y;
   const float Half = (SymbolSize() - 1) / 2;
   const std::span<const float> Right = FDxPlus.Pixels(), Left = FDxMinus.Pixels();
   const std::span<const float> Up = FDyPlus.Pixels(), Down = FDyMinus.Pixels();

@@ -90,7 +90,7 @@ TRasterSum::TRasterSum(const TRasterRect& Box, std::uint8_t Alpha, std::vector<s
 
 void TRasterSum::Add(float Left, float Top, float Right, float Bottom) {
   const auto Cut = [](float Value, float High) {
-    return static_cast<int>(std::clamp(Value, 0.0f, High) * Parts + 0.5f);
+    return static_cast<int>(std::clamp(Value, 0.0f, High) * Parts + 0.5f);  // NOLINT(bugprone-incorrect-roundings)
   };
   const auto X = static_cast<float>(FBox.Left), Y = static_cast<float>(FBox.Top);
   if (!(Left < Right) || !(Top < Bottom)) return;  // nor what is no number
