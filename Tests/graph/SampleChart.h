@@ -41,14 +41,6 @@ inline TRect BoxOf(const Bitmap& Picture, ARGB Color) {
   return Box;
 }
 
-/// The kinds of series that are registered and can be made.
-inline std::vector<const TClassInfo*> KindsOfSeries() {
-  std::vector<const TClassInfo*> Result;
-  for (const TClassInfo* Info : RegisteredClasses())
-    if (Info->Factory() != nullptr && Info->InheritsFrom(TZySeries::StaticClassInfo())) Result.push_back(Info);
-  return Result;
-}
-
 /// A graph that counts how often it asked for a new picture.
 class TCountingGraph : public TZyGraph2D {
  public:
@@ -94,7 +86,8 @@ class TSampleChart {
   /// A series of every kind that is registered, named by a prefix and its class.
   std::vector<TZySeries*> AddOfEachKind(const std::string& Prefix) {
     std::vector<TZySeries*> Result;
-    for (const TClassInfo* Info : KindsOfSeries()) {
+    for (const TClassInfo* Info : RegisteredClasses()) {
+      if (Info->Factory() == nullptr || !Info->InheritsFrom(TZySeries::StaticClassInfo())) continue;
       Result.push_back(dynamic_cast<TZySeries*>(Info->Factory()(&Form)));
       Join(*Result.back(), Prefix + Info->Name(), {1, 2, 3, 4}, {10, 30, 20, 40});
     }

@@ -36,20 +36,16 @@ class ManyPointsTest : public ::testing::Test {
   }
 
   /// What differs of two pictures: the mean of all pixels, and the most of one.
-  struct TDifference {
-    double Mean = 0;
+  static std::pair<double, int> DifferenceOf(const Bitmap& A, const Bitmap& B) {
+    double Sum = 0;
     int Most = 0;
-  };
-  static TDifference DifferenceOf(const Bitmap& A, const Bitmap& B) {
-    TDifference Result;
     for (int Y = 0; Y < A.GetHeight(); ++Y)
       for (int X = 0; X < A.GetWidth(); ++X) {
         const int Here = Distance(A.GetPixel(X, Y), B.GetPixel(X, Y));
-        Result.Mean += Here;
-        Result.Most = std::max(Result.Most, Here);
+        Sum += Here;
+        Most = std::max(Most, Here);
       }
-    Result.Mean /= A.GetWidth() * A.GetHeight();
-    return Result;
+    return {Sum / (A.GetWidth() * A.GetHeight()), Most};
   }
 
   std::mt19937 Random{5};
@@ -98,9 +94,9 @@ TEST_F(ManyPointsTest, ArrowsAndBubblesAreThoseOfAllPoints) {
   Bubbles->Area().SetVisible(true);
   Bubbles->Area().SetForeColor(0x404E79A7);
   Bubbles->Line().SetColor(0xA0E15759);
-  for (TZySeries* Series : {static_cast<TZySeries*>(Arrows), static_cast<TZySeries*>(Bubbles)}) {
-    for (TZySeries* Each : {static_cast<TZySeries*>(Arrows), static_cast<TZySeries*>(Bubbles)})
-      Each->SetVisible(Each == Series);
+  for (TZySeries* Series : std::initializer_list<TZySeries*>{Arrows, Bubbles}) {
+    Arrows->SetVisible(Series == Arrows);
+    Bubbles->SetVisible(Series == Bubbles);
     const Bitmap Fast = Chart.Paint();
     Series->SetOnGetPen([](TObject*, TZyPenEventArgs&) {});
     const Bitmap All = Chart.Paint();
@@ -108,6 +104,38 @@ TEST_F(ManyPointsTest, ArrowsAndBubblesAreThoseOfAllPoints) {
     EXPECT_GT(Mean, 0) << "one way alone is compared with itself";
     EXPECT_LT(Mean, 2);
     EXPECT_LE(Most, 60);
+  }
+}
+
+/// One of 40 points, at its index, is longer than all others; the X axis goes from 10 to 20.
+TEST_F(ManyPointsTest, WhatReachesIntoAZoomedAxisIsDrawn) {
+  const struct {
+    const char *Kind, *Length;
+    int Longest;
+    double Value;
+    int First, Last;  // one beyond those that may reach in
+  } Cases[] = {{"TZyPointWithErrorSeries", "DeltaXPlus", 5, 6, 3, 21},
+               {"TZyPointWithErrorSeries", "DeltaXMinus", 24, 5, 9, 26},
+               {"TZyArrows", "DeltaX", 5, 6, 3, 21},
+               {"TZyArrows", "DeltaX", 24, -5, 9, 26},
+               {"TZyBubbles", "RadiusData", 8, 6, 6, 24}};  // of Y, 3 of X
+  for (const auto& [Kind, Length, Longest, Value, First, Last] : Cases) {
+    SCOPED_TRACE(Kind);
+    std::vector<double> Xs, Lengths(40, 0.5);
+    for (int i = 0; i < 40; ++i) Xs.push_back(i);
+    Lengths[static_cast<std::size_t>(Longest)] = Value;
+    auto& Series = dynamic_cast<TZySeries&>(*FindClass(Kind).Factory()(&Chart.Form));
+    Series.SetDefaultAxis(*Chart.Graph);
+    for (const TPropInfo* Info : Series.ClassInfo().Properties())
+      if (Info->Kind == TPropKind::Class && Info->ObjectClass().InheritsFrom(TZyCustomDoubleVector::StaticClassInfo()))
+        Info->SetObject(Series, Chart.AddVector("V" + std::to_string(++Number), std::vector<double>(40, 0.5)));
+    Series.SetXData(Chart.AddVector("X" + std::to_string(++Number), Xs));
+    SetObjectProp(Series, Length, Chart.AddVector("Lengths" + std::to_string(++Number), Lengths));
+    Chart.FixEnds(Chart.X, 10, 20);
+    Chart.Paint();
+    EXPECT_EQ(Series.PointIndex().front(), First);
+    EXPECT_EQ(Series.PointIndex().back(), Last);
+    delete &Series;
   }
 }
 

@@ -98,19 +98,6 @@ TEST_F(ZyBubblesTest, StandsAroundItsPointOnAnyScale) {
   EXPECT_EQ(Series->XStop(), 100);
 }
 
-TEST_F(ZyBubblesTest, ReachesIntoAZoomedAxis) {
-  std::vector<double> Xs, Ys(40, 5), Radii(40, 1);
-  for (int i = 0; i < 40; ++i) Xs.push_back(i);
-  dynamic_cast<TZyDoubleVector&>(*Series->XData()).SetInternalArray(std::move(Xs));
-  dynamic_cast<TZyDoubleVector&>(*Series->YData()).SetInternalArray(std::move(Ys));
-  Radius->SetInternalArray(std::move(Radii));
-  Radius->SetValue(8, 6);
-  Chart.FixEnds(Chart.X, 10, 20);
-  Chart.Paint();
-  EXPECT_EQ(Series->FindPoint(50 + 50 * (8 + 3 - 10), 175), 8) << "6 of Y are 150 pixels, 3 of X";
-  EXPECT_EQ(Series->PointIndex().front(), 6) << "from 7 on all may reach as far, and one more outside";
-}
-
 TEST_F(ZyBubblesTest, ShowsTheEdgeOfOneFarLargerThanTheChart) {
   Chart.Graph->SetBackColor(Colors::White);
   Series->SetXData(Chart.AddVector("Middle", {5}));

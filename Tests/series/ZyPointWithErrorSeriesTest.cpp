@@ -98,19 +98,6 @@ TEST_F(ZyPointWithErrorSeriesTest, ASinglePointOfBarsAloneIsShown) {
   EXPECT_FALSE(Series->SeriesVisible());
 }
 
-TEST_F(ZyPointWithErrorSeriesTest, BarsReachIntoAZoomedAxis) {
-  std::vector<double> Xs, Ys(40, 5), Lengths(40, 0.5);
-  for (int i = 0; i < 40; ++i) Xs.push_back(i);
-  Lengths[5] = 6;
-  dynamic_cast<TZyDoubleVector&>(*Series->XData()).SetInternalArray(std::move(Xs));
-  dynamic_cast<TZyDoubleVector&>(*Series->YData()).SetInternalArray(std::move(Ys));
-  XPlus->SetInternalArray(std::move(Lengths));
-  Chart.FixEnds(Chart.X, 10, 20);
-  EXPECT_EQ(Chart.CountOf(Bars(), "-200 175, 100 175"), 1) << "from 5 to 11, of 50 pixels from 10 on";
-  EXPECT_EQ(Series->PointIndex().back(), 24) << "3 to the left, and one more outside";
-  EXPECT_EQ(Series->PointIndex().front(), 3);
-}
-
 TEST_F(ZyPointWithErrorSeriesTest, WhatAHandlerLeavesHoldsForThePointsAfter) {
   const TZyPen Wide(Colors::Lime, 3);
   std::vector<double> Asked;

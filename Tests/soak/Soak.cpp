@@ -24,7 +24,6 @@
 #include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
 #include "platform/controls/TApplication.h"
-#include "series/ZyFunctionSeries.h"
 #include "series/ZyPointSeries.h"
 #include "undo/UndoWalk.h"
 
@@ -147,8 +146,8 @@ class TSoak {
         Axis->SetOnCalculated(nullptr);
         Axis->SetOnGetScaleLabel(nullptr);
       }
-      if (auto* const Points = dynamic_cast<TZyPointSeries*>(Component)) Points->SetOnGetPointSymbol(nullptr);
-      if (auto* const Series = dynamic_cast<TZySeries*>(Component)) {
+      if (auto* const Series = dynamic_cast<TZyPointSeries*>(Component)) {
+        Series->SetOnGetPointSymbol(nullptr);
         Series->SetOnGetPen(nullptr);
         Series->SetOnGetBrush(nullptr);
         Series->SetXValueTransformation(nullptr);
@@ -167,7 +166,7 @@ class TSoak {
       if (What == 1) Axis->SetOnCalculated([this](TObject*) { Throw(); });
       if (What == 2) Axis->SetOnGetScaleLabel([this](auto&&...) { Throw(); });
     }
-    if (auto* const Series = AnyOf(All<TZySeries>())) {
+    if (auto* const Series = AnyOf(All<TZyPointSeries>())) {
       const auto Transform = [this](TObject*, const TZyTransformEventArgs& e) {
         Throw();
         return e.Value;
@@ -177,8 +176,7 @@ class TSoak {
       if (What == 4) Series->SetYValueTransformation(Transform);
       if (What == 5) Series->SetOnGetPen(Ask);
       if (What == 6) Series->SetOnGetBrush(Ask);
-      if (auto* const Points = dynamic_cast<TZyPointSeries*>(Series); Points != nullptr && What == 7)
-        Points->SetOnGetPointSymbol(Ask);
+      if (What == 7) Series->SetOnGetPointSymbol(Ask);
     }
   }
 
@@ -220,16 +218,11 @@ class TSoak {
         return Graph->SetPrimaryYAxis(MakeAxis(*Graph));
       }
       default: {
-        static const std::vector<const TClassInfo*> Kinds = KindsOfSeries();
-        const TClassInfo* const Kind = Kinds[static_cast<std::size_t>(Roll(static_cast<int>(Kinds.size())))];
-        if (Kind->InheritsFrom(TZyFunctionSeries::StaticClassInfo())) return;  // it may find no curve
-        auto* const Series = Named(dynamic_cast<TZySeries*>(Kind->Factory()(&FLive.Form)));
+        auto* const Series = Named(new TZyPointSeries(&FLive.Form));
         Series->SetXAxis(FLive.X);
         Series->SetYAxis(AnyOf(All<TZyAxis>()));
-        for (const TPropInfo* Info : Kind->Properties())
-          if (Info->Kind == TPropKind::Class &&
-              Info->ObjectClass().InheritsFrom(TZyCustomDoubleVector::StaticClassInfo()))
-            Info->SetObject(*Series, AnyOf(All<TZyDoubleVector>()));
+        Series->SetXData(AnyOf(All<TZyDoubleVector>()));
+        Series->SetYData(AnyOf(All<TZyDoubleVector>()));
       }
     }
   }
