@@ -1,7 +1,10 @@
 #include "Cases.h"
+#include "series/ZyArrows.h"
 #include "series/ZyBars.h"
+#include "series/ZyBubbles.h"
 #include "series/ZyCandleSticks.h"
 #include "series/ZyOHLC.h"
+#include "series/ZyPointWithErrorSeries.h"
 
 namespace zy::cases {
 namespace {
@@ -136,6 +139,53 @@ TResult AppendedCandle() {
   return WithAllocations(Median(Append), Chart, Picture);
 }
 
+TZyDoubleVector* AddVector(TChart& Chart, std::span<const double> Values) {
+  auto* const Vector = new TZyDoubleVector(&Chart.Form);
+  Vector->AddRange(Values);
+  return Vector;
+}
+
+/// So many numbers between two ends.
+std::vector<double> Scatter(int Count, double From, double To, unsigned Seed) {
+  std::mt19937 Random(Seed);
+  std::uniform_real_distribution<double> Spread(From, To);
+  std::vector<double> Result(static_cast<std::size_t>(Count));
+  for (double& Value : Result) Value = Spread(Random);
+  return Result;
+}
+
+/// Points of a noisy curve with bars to all sides, up to a twentieth of the axes long.
+void AddErrorBars(TChart& Chart) {
+  static const TData Data(Many);
+  static const std::vector<double> Across = Scatter(Many, 0, 50, 2), Up = Scatter(Many, 0, 1.2, 3);
+  auto& Series = Chart.Add<TZyPointWithErrorSeries>(Data.X, Data.Y);
+  Series.SetDeltaXPlus(AddVector(Chart, Across));
+  Series.SetDeltaXMinus(AddVector(Chart, Across));
+  Series.SetDeltaYPlus(AddVector(Chart, Up));
+  Series.SetDeltaYMinus(AddVector(Chart, Up));
+  Series.Line().SetVisible(false);
+}
+
+/// Translucent bubbles anywhere, of 4 to 20 pixels.
+void AddBubbles(TChart& Chart) {
+  static const std::vector<double> X = Scatter(Many, 0, 100, 4), Y = Scatter(Many, 0, 100, 5);
+  static const std::vector<double> Radius = Scatter(Many, 0.26, 1.3, 6);
+  auto& Series = Chart.Add<TZyBubbles>(X, Y);
+  Series.SetRadiusData(AddVector(Chart, Radius));
+  Series.Area().SetVisible(true);
+  Series.Area().SetForeColor(0x604E79A7);
+  Series.Line().SetColor(0xA04E79A7);
+}
+
+/// Arrows anywhere, of up to 20 pixels in all directions.
+void AddArrows(TChart& Chart) {
+  static const std::vector<double> X = Scatter(Many, 0, 100, 7), Y = Scatter(Many, 0, 100, 8);
+  static const std::vector<double> Across = Scatter(Many, -1.7, 1.7, 9), Up = Scatter(Many, -2.6, 2.6, 10);
+  auto& Series = Chart.Add<TZyArrows>(X, Y);
+  Series.SetDeltaX(AddVector(Chart, Across));
+  Series.SetDeltaY(AddVector(Chart, Up));
+}
+
 }  // namespace
 
 std::span<const TCase> KindCases() {
@@ -164,6 +214,12 @@ std::span<const TCase> KindCases() {
       {"ohlc1e5-repaint", 4, [] { return PricesAgain<TZyOHLC>(Many); }},
       {"ohlc1e6", 30, [] { return FirstPrices<TZyOHLC>(Million); }},
       {"ohlc1e6-repaint", 4, [] { return PricesAgain<TZyOHLC>(Million); }},
+      {"errorbars1e5", 40, [] { return FirstOf(AddErrorBars); }},
+      {"errorbars1e5-repaint", 15, [] { return AgainOf(AddErrorBars); }},
+      {"bubbles1e5", 60, [] { return FirstOf(AddBubbles); }},
+      {"bubbles1e5-repaint", 0, [] { return AgainOf(AddBubbles); }},
+      {"arrows1e5", 60, [] { return FirstOf(AddArrows); }},
+      {"arrows1e5-repaint", 0, [] { return AgainOf(AddArrows); }},
   };
   return All;
 }

@@ -55,6 +55,7 @@ TTables AllTables() {
   AddSettings<TZyGradientSettings>(Tables);
   AddSettings<TZySimpleLineSettings>(Tables);
   AddSettings<TZyLineSettings>(Tables);
+  AddSettings<TZyArrowSettings>(Tables);
   AddSettings<TZyAreaSettings>(Tables);
   AddSettings<TZyFont>(Tables);
   std::vector<std::unique_ptr<TComponent>> Components;

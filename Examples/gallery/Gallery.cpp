@@ -60,6 +60,9 @@ std::span<const TEntry> Entries() {
                                    {"electricity-lying", "Lying bars", MakeElectricityLying},
                                    {"electricity-lying-cuboids", "Lying cuboids", MakeElectricityLyingCuboids},
                                    {"electricity-lying-cylinders", "Lying cylinders", MakeElectricityLyingCylinders},
+                                   {"population", "Bubbles on a log axis", MakePopulation},
+                                   {"wind", "Arrows", MakeWind},
+                                   {"months", "Error bars in both directions", MakeMonths},
                                    {"zero-origin", "Axes through zero", MakeZeroOrigin}};
   return All;
 }

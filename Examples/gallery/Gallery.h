@@ -63,6 +63,9 @@ void MakeElectricityCylinders(TChartDocument& Document);
 void MakeElectricityLying(TChartDocument& Document);
 void MakeElectricityLyingCuboids(TChartDocument& Document);
 void MakeElectricityLyingCylinders(TChartDocument& Document);
+void MakePopulation(TChartDocument& Document);
+void MakeWind(TChartDocument& Document);
+void MakeMonths(TChartDocument& Document);
 void MakeZeroOrigin(TChartDocument& Document);
 
 struct TEntry {

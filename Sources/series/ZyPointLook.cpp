@@ -38,6 +38,11 @@ bool TZyPointLook::Ask(const THandler& Handler, TArgs& Args, std::size_t Pixel) 
   return true;
 }
 
+void TZyPointLook::ResetBrush() {
+  FOwnBrush = FSeries.FBrush.Shared();
+  FBrush.Brush = FSeries.AreaBrush();
+}
+
 bool TZyPointLook::AskBrush(std::size_t Pixel) {
   return Ask(mGetBrush, FBrush, Pixel) && FBrush.Visible && FBrush.Brush != nullptr;
 }

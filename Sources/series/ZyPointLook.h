@@ -28,6 +28,8 @@ class TZyPointLook {
   /// Brush or pen for the points from now on, in place of that of the settings; must live until they are drawn.
   void SetBrush(const zy::Brush& Value) { FBrush.Brush = &Value; }
   void SetPen(const TZyPen& Value) { FPen.Pen = &Value; }
+  /// The brush of the settings again, with what handlers made of its visibility.
+  void ResetBrush();
   /// Runs the event for the kept point of that number. Whether there is something to draw with.
   bool AskBrush(std::size_t Pixel);
   bool AskPen(std::size_t Pixel);

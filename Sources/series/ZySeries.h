@@ -148,6 +148,8 @@ class TZySeries : public TComponent,
   double YStop() const override { return FYStop; }
   /// Whether an axis is logarithmic and has no place for some of the data: these are drawn before its start.
   bool LeavesScaleOf(const TZyAxis& Axis) const;
+  /// The lowest place on an axis at which something of the points is drawn.
+  virtual double LowestOn(const TZyAxis& Axis) const;
   /// Y at AtX by linear interpolation between the neighbouring points, in values of the vectors. 0 without points.
   virtual double GetY(double AtX) const;
   /// The caption, or the name of the component without one.
@@ -266,7 +268,10 @@ class TZySeries : public TComponent,
   struct TRange {
     double Low, High;
     TRange();
+    TRange(double ALow, double AHigh) : Low(ALow), High(AHigh) {}
     void Take(double Value);
+    void TakeLow(double Value);
+    void TakeHigh(double Value);
     bool IsEmpty() const { return Low > High; }
   };
 
@@ -277,6 +282,9 @@ class TZySeries : public TComponent,
   virtual bool HasTrackedRanges() const;
   /// The ranges of the points: all `Count` of them, since extremes may have gone.
   virtual void TakeRanges(TRange& X, TRange& Y);
+  /// Where, in values of the X axis, points can lie that reach into it. Of ascending data the others, but for one at
+  /// each end, get no pixels.
+  virtual TRange ReachIntoX() const;
   /// Forgets pixels beyond the first Count in lists of the kind's own beside Points; those of the inputs go by
   /// themselves.
   virtual void KeepPixels(int) {}
@@ -312,8 +320,14 @@ class TZySeries : public TComponent,
   /// Does something with each index from First up to, but not including, Last that has values.
   template <class TDo>
   void ForEachPoint(int First, int Last, const TDo& Do) const {
-    for (int i = First; i < Last; ++i)
-      if (HasValuesAt(i)) Do(i);
+    const bool MayLack = MayLackValues();
+    int Outlier = NextOutlier(First);
+    for (int i = First; i < Last; ++i) {
+      if (i == Outlier)
+        Outlier = NextOutlier(i + 1);
+      else if (!MayLack || HasValuesAt(i))
+        Do(i);
+    }
   }
   /// Does something with each stretch of indexes from First up to, but not including, Last that holds no outlier that
   /// is to be left out. Whether values are finite is not asked.
@@ -325,6 +339,8 @@ class TZySeries : public TComponent,
       From = To + 1;
     }
   }
+  /// Whether points may be without values that are no outliers.
+  bool MayLackValues() const;
   /// Data index of the first kept point whose number Fits; -1 for none, and while pixels are out of date.
   template <class TFits>
   int FirstPoint(const TFits& Fits) const {
@@ -344,6 +360,8 @@ class TZySeries : public TComponent,
   /// The smallest value above 0 of an input, whatever lies behind the last point included; Otherwise when there is
   /// none.
   double SmallestPositive(const TZySeriesInput& Input, double Otherwise) const;
+  /// The smallest value of an input by its tracked extremes; the largest double for none.
+  double LowestOf(const TZySeriesInput& Input) const { return TransformedExtremes(Input, Input).Low; }
   /// Range of an input by its tracked extremes, as far as they are those of the points.
   TRange RangeOf(TZySeriesInput& Input, const TZySeriesInput& Other, const TZyAxis& Axis) const;
   void SetRange(TZyAxis& Axis, double& Start, double& Stop, const TRange& Range);
@@ -357,8 +375,8 @@ class TZySeries : public TComponent,
   static bool FillValues(TZyCustomDoubleVector* Data, std::span<const double> Values);
   /// A vector's sample data: the start of the axis, nine values that scatter by a part of a step, its stop.
   static bool FillSample(TZyCustomDoubleVector* Data, double Start, double Step, double Scatter, double Stop);
-  /// Number values from Size up to twice that.
-  static void FillRandom(TZyCustomDoubleVector* Data, int Number, double Size);
+  /// Number values from Size up to twice that. Whether the vector was empty.
+  static bool FillRandom(TZyCustomDoubleVector* Data, int Number, double Size);
   static double Random();
   /// Changes settings without a step of undo, for what is no change of the user's.
   template <class TDo>
@@ -373,15 +391,19 @@ class TZySeries : public TComponent,
   }
 
   void Notification(TComponent* AComponent, TOperation Operation) override;
-  /// Area and line.
+  /// Area and line, for at least as many points as it takes.
   virtual void DrawLine(Graphics& Gr);
+  virtual int FewestPointsOfLine() const { return 2; }
   /// The first and the last data index to draw; points beyond the X axis are left out.
   virtual void GetCalcPointsStartStop(int& Start, int& Stop) const;
   /// Closes the area below the line, or to the line of the band's partner.
   virtual void AddBandPoints();
   /// The graph, null while the series is in none.
   IZySeriesGraph* Graph() const { return FGraphControl == nullptr ? nullptr : FGraph; }
-  /// Whether the brush follows the settings.
+  /// A number that is another one whenever the pixels were computed anew.
+  int PixelsVersion() const { return FPixelsVersion; }
+  /// Whether pen and brush follow the settings.
+  bool OwnsPen() const { return FPen.IsOwn(); }
   bool OwnsBrush() const { return FBrush.IsOwn(); }
   /// Puts other settings in the place of those of the line, as a kind with more than a line has.
   void ReplaceLine(std::unique_ptr<TZyLineSettings> Value);
@@ -400,6 +422,8 @@ class TZySeries : public TComponent,
   void SetSymbolBorderPen(const TZyPen* Value);
   const Brush* SymbolFillBrush() const { return FSymbolBrush.Get(); }
   void SetSymbolFillBrush(const Brush* Value);
+
+  float SymbolSize() const { return FPointSymbolSettings->Size(); }
 
   bool FDoPointSettingsStorage = false;  // the kind has point symbols, and stores their settings
   std::unique_ptr<TZyIndexer> FIndexer;
@@ -449,6 +473,7 @@ class TZySeries : public TComponent,
 
   // Pixels.
   bool HasPixelAt(int Idx) const;
+  bool HasGapsBeside() const;
   bool MayReduce(int Start, int Stop) const;
   void ReduceToColumns(int Start, int Stop);
   void ReduceColumn(int First, int Last, float Centre, int& Outlier);

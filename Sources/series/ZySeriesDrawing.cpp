@@ -39,7 +39,7 @@ void TZySeries::PaintPoints(Graphics& Gr) {
 }
 
 void TZySeries::DrawPoints(Graphics& Gr) {
-  if (FPointCount > 1) {
+  if (FPointCount >= FewestPointsOfLine()) {
     std::optional<TClipGuard> Clip;
     if (HasTranslucentSymbols()) {
       Clip.emplace(Gr);

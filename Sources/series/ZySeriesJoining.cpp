@@ -179,10 +179,10 @@ bool TZySeries::FillSample(TZyCustomDoubleVector* Data, double Start, double Ste
   return FillValues(Data, Values);
 }
 
-void TZySeries::FillRandom(TZyCustomDoubleVector* Data, int Number, double Size) {
+bool TZySeries::FillRandom(TZyCustomDoubleVector* Data, int Number, double Size) {
   std::vector<double> Values(static_cast<std::size_t>(Number));
   for (double& Value : Values) Value = Random() * Size + Size;
-  FillValues(Data, Values);
+  return FillValues(Data, Values);
 }
 
 /// Values between the ends of the axes, so that a new series can be seen in the form designer.

@@ -54,7 +54,8 @@ int FirstNotBelow(const TZyCustomDoubleVector& Data, int First, int Last, double
 /// The pixels of data points by ascending index, computed some hundreds at a time.
 class TZySeries::TPixelBlocks {
  public:
-  TPixelBlocks(const TZySeries& Series, int Last) : FSeries(Series), FNextOutlier(Series.NextOutlier(0)), FLast(Last) {}
+  TPixelBlocks(const TZySeries& Series, int Last)
+      : FSeries(Series), FNextOutlier(Series.NextOutlier(0)), FLast(Last), FHasGapsBeside(Series.HasGapsBeside()) {}
 
   PointF At(int Idx) {
     const auto Place = static_cast<std::size_t>(Load(Idx));
@@ -81,7 +82,7 @@ class TZySeries::TPixelBlocks {
       const bool XIsFinite = Convert(FSeries.FX, *FSeries.FXAxis, FX);
       const bool YIsFinite = Convert(FSeries.FY, *FSeries.FYAxis, FY);
       if (FNextOutlier < FFirst) FNextOutlier = FSeries.NextOutlier(FFirst);
-      FIsWhole = XIsFinite && YIsFinite && FNextOutlier >= FFirst + FCount;
+      FIsWhole = XIsFinite && YIsFinite && !FHasGapsBeside && FNextOutlier >= FFirst + FCount;
     }
     return Idx - FFirst;
   }
@@ -108,6 +109,7 @@ class TZySeries::TPixelBlocks {
   const TZySeries& FSeries;
   int FNextOutlier;
   int FLast;
+  const bool FHasGapsBeside;
   int FFirst = 0, FCount = 0;
   bool FIsWhole = true;  // all points of the block have values
   std::array<float, Block> FX, FY;
@@ -142,13 +144,14 @@ void TZySeries::GetCalcPointsStartStop(int& Start, int& Stop) const {
   Stop = Count() - 1;
   const bool IsSorted = FX->GetIsSorted();
   if ((FX->OnlyAscending() || IsSorted) && Stop - Start >= FewestPointsToSkip) {
+    const TRange Reach = ReachIntoX();
     if (IsSorted && !FX.IsTransformed()) {
-      Start = FirstNotBelow(*FX.Vector(), Start + 1, Stop, FXAxis->Start(), Count() / 2) - 1;
-      const double AboveStop = std::nextafter(FXAxis->Stop(), std::numeric_limits<double>::infinity());
+      Start = FirstNotBelow(*FX.Vector(), Start + 1, Stop, Reach.Low, Count() / 2) - 1;
+      const double AboveStop = std::nextafter(Reach.High, std::numeric_limits<double>::infinity());
       Stop = FirstNotBelow(*FX.Vector(), Start + 1, Stop, AboveStop, Count() / 2);
     } else {
-      while (Start + 1 < Stop && FX.At(Start + 1) < FXAxis->Start()) ++Start;
-      while (Stop - 1 > Start && FX.At(Stop - 1) > FXAxis->Stop()) --Stop;
+      while (Start + 1 < Stop && FX.At(Start + 1) < Reach.Low) ++Start;
+      while (Stop - 1 > Start && FX.At(Stop - 1) > Reach.High) --Stop;
     }
   }
   Start = std::min(Start, Stop);
@@ -156,11 +159,21 @@ void TZySeries::GetCalcPointsStartStop(int& Start, int& Stop) const {
   while (Stop > Start && !HasPixelAt(Stop)) --Stop;
 }
 
+TZySeries::TRange TZySeries::ReachIntoX() const { return {FXAxis->Start(), FXAxis->Stop()}; }
+
 bool TZySeries::HasPixelAt(int Idx) const {
   const auto IsFinite = [Idx](const TZySeriesInput& Input) {
     return !Input.IsTransformed() || std::isfinite(Input.At(Idx));
   };
   return HasValuesAt(Idx) && IsFinite(FX) && IsFinite(FY);
+}
+
+/// Whether vectors other than X and Y may lack values.
+bool TZySeries::HasGapsBeside() const {
+  return std::ranges::any_of(FInputs, [this](const TZySeriesInput* Input) {
+    const bool Counts = *Input && Input != &FX && Input != &FY && Input->Use() != TZyInputUse::Apart;
+    return Counts && Input->Vector()->GetHasGaps();
+  });
 }
 
 /// Should a handler throw, the pixels stay out of date, and the next paint begins anew.
@@ -288,7 +301,7 @@ void TZySeries::ThinToLine(TPixels& Pixels, int Start, int Stop) {
 // --- Reduction of columns -------------------------------------------------------------------------------------------
 
 bool TZySeries::MayReduce(int Start, int Stop) const {
-  if (FX.IsTransformed() || FY.IsTransformed() || !FX->GetIsSorted()) return false;
+  if (FX.IsTransformed() || FY.IsTransformed() || HasGapsBeside() || !FX->GetIsSorted()) return false;
   return static_cast<float>(Stop - Start) > ManyPerColumn * std::max(FXAxis->AxLength(), 1.0f);
 }
 

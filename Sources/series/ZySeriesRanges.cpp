@@ -19,9 +19,16 @@ constexpr double LargestDouble = std::numeric_limits<double>::max();
 TZySeries::TRange::TRange() : Low(LargestDouble), High(-LargestDouble) {}
 
 void TZySeries::TRange::Take(double Value) {
-  if (!std::isfinite(Value)) return;
-  Low = std::min(Low, Value);
-  High = std::max(High, Value);
+  TakeLow(Value);
+  TakeHigh(Value);
+}
+
+void TZySeries::TRange::TakeLow(double Value) {
+  if (std::isfinite(Value)) Low = std::min(Low, Value);
+}
+
+void TZySeries::TRange::TakeHigh(double Value) {
+  if (std::isfinite(Value)) High = std::max(High, Value);
 }
 
 int TZySeries::GetCount() {
@@ -51,9 +58,17 @@ int TZySeries::NextOutlier(int First) const {
     if (!*Input || Input->Use() == TZyInputUse::Apart) continue;
     const std::span<const int> Marks = Input->Vector()->Outliers().Sorted();
     const auto Next = std::lower_bound(Marks.begin(), Marks.end(), First);
-    if (Next != Marks.end()) Result = std::min(Result, *Next);
+    const bool Counts = Next != Marks.end() && (Input->Use() != TZyInputUse::Partial || *Next < Input->Count());
+    if (Counts) Result = std::min(Result, *Next);
   }
   return Result;
+}
+
+bool TZySeries::MayLackValues() const {
+  return std::ranges::any_of(FInputs, [](const TZySeriesInput* Input) {
+    if (Input->Use() == TZyInputUse::Apart || (Input->Use() == TZyInputUse::Partial && !*Input)) return false;
+    return !*Input || Input->Vector()->GetHasGaps();
+  });
 }
 
 // --- Ranges ---------------------------------------------------------------------------------------------------------
@@ -120,12 +135,16 @@ TZySeries::TRange TZySeries::RangeOf(TZySeriesInput& Input, const TZySeriesInput
   return Result;
 }
 
-bool TZySeries::LeavesScaleOf(const TZyAxis& Axis) const {
-  const auto IsOff = [&](const TZySeriesInput* Input) {
+bool TZySeries::LeavesScaleOf(const TZyAxis& Axis) const { return Axis.HasLogScaling() && LowestOn(Axis) <= 0; }
+
+/// All vectors but X are taken to hold places on the Y axis.
+double TZySeries::LowestOn(const TZyAxis& Axis) const {
+  double Result = LargestDouble;
+  for (const TZySeriesInput* Input : FInputs) {
     const bool IsOfAxis = (Input == &FX) == (&Axis == FXAxis);
-    return *Input && Input->Use() != TZyInputUse::Apart && IsOfAxis && TransformedExtremes(*Input, *Input).Low <= 0;
-  };
-  return Axis.HasLogScaling() && std::ranges::any_of(FInputs, IsOff);
+    if (*Input && Input->Use() != TZyInputUse::Apart && IsOfAxis) Result = std::min(Result, LowestOf(*Input));
+  }
+  return Result;
 }
 
 double TZySeries::SmallestPositive(const TZySeriesInput& Input, double Otherwise) const {

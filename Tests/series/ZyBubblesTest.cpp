@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+
 #include "graph/SampleChart.h"
 
 namespace zy::testing {
@@ -66,6 +69,49 @@ TEST_F(ZyBubblesTest, CirclesAreRoundAndHitByTheirRectangle) {
   Chart.Paint();
   EXPECT_EQ(Series->Points().size(), 1u);
   EXPECT_EQ(Series->Sizes().size(), 1u);
+}
+
+TEST_F(ZyBubblesTest, StandsAroundItsPointOnAnyScale) {
+  const auto Box = [this](std::size_t i) {
+    const PointF P = Series->Points()[i], S = Series->Sizes()[i];
+    return std::array{P.X, P.Y, S.X, S.Y};
+  };
+  Chart.X->SetTwisted(true);
+  Chart.Y->SetTwisted(true);
+  Chart.Paint();
+  EXPECT_EQ(Box(1), (std::array{200.0f, 200.0f, 100.0f, 100.0f})) << "around (550 - 300, 50 + 200)";
+  for (TZyAxis* Axis : {Chart.X, Chart.Y}) {
+    Axis->SetTwisted(false);
+    Chart.FixEnds(Axis, 1, 100);
+    Axis->SetScaling(TZyAxisScaling::Log);
+  }
+  for (auto* Data : {Series->XData(), Series->YData()}) dynamic_cast<TZyDoubleVector&>(*Data).SetInternalArray({1, 10});
+  Radius->SetInternalArray({0, 90});
+  Chart.Paint();
+  EXPECT_EQ(Box(1), (std::array{175.0f, 50.0f, 250.0f, 250.0f})) << "up to 100 from 10: a decade of 125 pixels";
+  EXPECT_EQ(Series->YStart(), 1) << "10 to 100 downwards: no place below 0";
+  EXPECT_EQ(Series->YStop(), 100);
+  EXPECT_NEAR(Series->XStop(), 10 * std::pow(10, 0.25), 1e-9) << "a decade of Y is a quarter of one of X, by the spans";
+  Series->SetElliptical(true);
+  Chart.Paint();
+  EXPECT_EQ(Box(1), (std::array{50.0f, 50.0f, 500.0f, 250.0f}));
+  EXPECT_EQ(Series->XStop(), 100);
+}
+
+TEST_F(ZyBubblesTest, ShowsTheEdgeOfOneFarLargerThanTheChart) {
+  Chart.Graph->SetBackColor(Colors::White);
+  Series->SetXData(Chart.AddVector("Middle", {5}));
+  dynamic_cast<TZyDoubleVector&>(*Series->YData()).SetInternalArray({-98});
+  Radius->SetInternalArray({100});
+  Series->Area().SetForeColor(Colors::Lime);
+  Series->Line().SetColor(Colors::Navy);
+  const Bitmap Picture = Chart.Paint();
+  // A circle of 2500 pixels around (300, 2750): 200 pixels beside its top it is 8 pixels lower.
+  for (const auto& [X, Top] : {std::pair(300, 250), {100, 258}, {500, 258}}) {
+    EXPECT_EQ(Picture.GetPixel(X, Top - 3), Colors::White) << X;
+    EXPECT_LT(Distance(Picture.GetPixel(X, Top), Colors::Navy), 70) << X;
+    EXPECT_EQ(Picture.GetPixel(X, Top + 3), Colors::Lime) << X;
+  }
 }
 
 TEST_F(ZyBubblesTest, LeavesAndComesBackWithItsRadius) {

@@ -6,9 +6,11 @@
 #include "graph/SampleChart.h"
 #include "platform/framework/TMemIniFile.h"
 #include "platform/framework/XmlDocument.h"
+#include "series/ZyArrows.h"
 #include "series/ZyBubbles.h"
 #include "series/ZyCandleSticks.h"
 #include "series/ZyOHLC.h"
+#include "series/ZyPointWithErrorSeries.h"
 #include "undo/RandomSetters.h"
 
 namespace zy::testing {
@@ -66,6 +68,14 @@ TEST(ZySeriesRecordTest, KindsAddTheirFieldsBehindThoseOfTheBase) {
   TZyDoubleVector* const V = Chart.AddVector("V");
   auto* const Bubbles = Chart.AddSeries<TZyBubbles>("Bubbles");
   auto* const OHLC = Chart.AddSeries<TZyOHLC>("OHLC");
+  auto* const Arrows = Chart.AddSeries<TZyArrows>("Arrows");
+  auto* const Points = Chart.AddSeries<TZyPointWithErrorSeries>("Points");
+  Arrows->Arrow().SetWidth(2);
+  Arrows->Arrow().SetPointLength(7.5);
+  Arrows->SetDeltaY(V);
+  Points->ErrorIndicator().SetColor(0x12345678);
+  Points->SetDeltaXPlus(V);
+  Points->SetDeltaYMinus(V);
   Bubbles->SetElliptical(true);
   Bubbles->SetRadiusData(V);
   OHLC->SetBarWidth(7.5);
@@ -78,6 +88,16 @@ TEST(ZySeriesRecordTest, KindsAddTheirFieldsBehindThoseOfTheBase) {
   const std::string Reference("\x06\0\0\0Form.V", 10);
   EXPECT_TRUE(FieldsOf(*Bubbles).ends_with(std::string("\0\x01", 2) + Reference + '\0'))
       << "end of the base, elliptical, radius, end";
+  EXPECT_TRUE(FieldsOf(*Arrows).ends_with(std::string("\0\x01"
+                                                      "\0\0\xF0\x40\0\0\x40\x40\0\0\0\x40"
+                                                      "\0\0\0\0",
+                                                      18) +
+                                          Reference + '\0'))
+      << "end of the base, visible, 7.5f, 3.0f, 2.0f, no X, Y, end";
+  const std::string OfPoints = FieldsOf(*Points), None(4, '\0');
+  EXPECT_TRUE(OfPoints.ends_with(Reference + None + None + Reference + '\0')) << "X+, no X-, no Y+, Y-, end";
+  const std::string Bar("\x01\x78\x56\x34\x12\0\0\x80\x3F\0", 10);
+  EXPECT_NE(OfPoints.find('\0' + Bar), std::string::npos) << "end of the symbols; visible, colour, 1.0f, solid";
   EXPECT_TRUE(FieldsOf(*OHLC).ends_with(Reference + std::string("\0\0\xF0\x40\0"
                                                                 "\0\0\0\0\0",
                                                                 10)))

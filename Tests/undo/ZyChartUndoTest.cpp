@@ -51,6 +51,9 @@ TEST(ZyChartUndoTest, AFormReadIntoItselfPushesNothing) {
     for (const char* Text : {"one", "two"}) Form.Chart.X->Rubrics()->Add(Text);
     Form.Walk(300);
     Form.Form.SetChildIndex(Form.Stack, std::numeric_limits<int>::max());  // while it is read itself it is silent
+    for (TComponent* Component : Form.Form.Components())
+      if (auto* const Axis = dynamic_cast<TZyAxis*>(Component); Axis != nullptr && Axis->Parent() == nullptr)
+        Axis->SetParent(&Form.Form);  // as the reader does with an axis whose graph was freed
     Form.Stack.Clear();
     const std::string Bytes = testing::BytesOf(Form.Form);
     ReadBack(Form.Form, Form.Form);

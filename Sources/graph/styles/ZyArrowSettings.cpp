@@ -97,7 +97,7 @@ std::unique_ptr<CustomLineCap> ArrowPointCap(const TZyArrowSettings& Settings) {
 
 std::unique_ptr<CustomLineCap> ArrowPointCap(const TZyAxisArrowPoint& Settings) { return MakeCap(Settings); }
 
-void TZyArrowSettings::Fields(TZyArchive& Archive) {
+void TZyArrowSettings::TipFields(TZyArchive& Archive) {
   using T = TZyArrowSettings;
   Archive.Field<&T::Visible, &T::SetVisible>(*this, "Visible");
   Archive.Field<&T::PointLength, &T::SetPointLength>(*this, "PointLength");

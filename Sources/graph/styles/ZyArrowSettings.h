@@ -25,8 +25,8 @@ class TZyArrowSettings : public TZyLineSettings {
   using TZyLineSettings::GetPen;
   /// A pen that draws the tip at the end of each line.
   std::unique_ptr<TZyPen> GetPen(const RectF& View, float Angle) const override;
-  /// The tip alone: the line is that of the object around it.
-  void Fields(TZyArchive& Archive) override;
+  /// What a record has of the tip, with the visibility of the line. `Fields` are those of the line alone.
+  void TipFields(TZyArchive& Archive);
 
  private:
   void SetLength(float& Field, float Value, const char* PropName);

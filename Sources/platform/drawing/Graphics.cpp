@@ -80,6 +80,12 @@ void Graphics::DrawLine(const Pen& Pen, float X1, float Y1, float X2, float Y2) 
   DrawLines(Pen, Ends);
 }
 
+void Graphics::DrawSegments(const Pen& Pen, std::span<const PointF> Ends, TKeptSegments* Kept) {
+  if (Ends.size() < 2 || FBackend->DrawSegments(FState, Pen, Ends, Kept)) return;
+  for (std::size_t i = 0; i + 1 < Ends.size(); i += 2)
+    DrawLine(Pen, Ends[i].X, Ends[i].Y, Ends[i + 1].X, Ends[i + 1].Y);
+}
+
 void Graphics::DrawLines(const Pen& Pen, std::span<const PointF> Points) {
   if (Points.size() >= 2 && AreFinite(Points)) Draw(Pen, PointShape(TShape::Lines, Points));
 }

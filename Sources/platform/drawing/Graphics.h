@@ -22,6 +22,7 @@ class Brush;
 class Font;
 class Metafile;
 class Pen;
+class TKeptSegments;
 
 /// What a new clip does with the present one.
 enum CombineMode { CombineModeReplace, CombineModeIntersect };
@@ -49,6 +50,10 @@ class Graphics {
   Graphics& operator=(const Graphics&) = delete;
 
   void DrawLine(const Pen& Pen, float X1, float Y1, float X2, float Y2);
+  /// A line for each two of Ends, one after the other, as DrawLine draws them. On pictures hundreds of thousands cost
+  /// little, with a solid pen of one colour, and with arrow tips at their ends as well. A last end alone is left out.
+  /// Kept belongs to the caller, for lines that are drawn again and again.
+  void DrawSegments(const Pen& Pen, std::span<const PointF> Ends, TKeptSegments* Kept = nullptr);
   /// The line through all points, with corners joined. Nothing for less than two points.
   void DrawLines(const Pen& Pen, std::span<const PointF> Points);
   /// The closed line through all points.

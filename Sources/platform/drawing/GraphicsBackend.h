@@ -18,6 +18,7 @@ class Brush;
 class Font;
 class Graphics;
 class Pen;
+class TKeptSegments;
 
 /// How edges are drawn: None in whole pixels, the others with partly covered pixels, coarse to fine.
 enum SmoothingMode { SmoothingModeNone, SmoothingModeHighSpeed, SmoothingModeAntiAlias, SmoothingModeHighQuality };
@@ -80,6 +81,8 @@ class TGraphicsBackend {
   virtual void DrawString(const TDrawState& State, std::string_view Text, const Font& Font, const Brush& Brush,
                           PointF Origin) = 0;
   virtual void Clear(const TDrawState& State, ARGB Color) = 0;
+  /// Draws many lines by their ends; see Graphics::DrawSegments. False when there is no quicker way than one by one.
+  virtual bool DrawSegments(const TDrawState&, const Pen&, std::span<const PointF>, TKeptSegments*) { return false; }
   /// Draws one look many times; see Graphics::DrawStamps. False when the target has no quicker way than one by one.
   virtual bool DrawStamps(const TDrawState& State, std::string_view Look, const RectF& Extent,
                           std::span<const PointF> Points, const std::function<void(Graphics&)>& Paint);

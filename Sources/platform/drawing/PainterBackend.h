@@ -28,6 +28,8 @@ class TPainterBackend : public TGraphicsBackend {
   void DrawString(const TDrawState& State, std::string_view Text, const Font& Font, const Brush& Brush,
                   PointF Origin) override;
   void Clear(const TDrawState& State, ARGB Color) override;
+  bool DrawSegments(const TDrawState& State, const Pen& Pen, std::span<const PointF> Ends,
+                    TKeptSegments* Kept) override;
   bool DrawStamps(const TDrawState& State, std::string_view Look, const RectF& Extent, std::span<const PointF> Points,
                   const std::function<void(Graphics&)>& Paint) override;
   bool FillBoxes(const TDrawState& State, const Brush& Brush, std::span<const RectF> Boxes) override;

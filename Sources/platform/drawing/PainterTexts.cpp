@@ -45,7 +45,8 @@ bool TPainterBackend::DrawStamps(const TDrawState& State, std::string_view Look,
   const auto Factor = static_cast<float>(Scale);
   const RectF Room{(Extent.X - 1) * Factor, (Extent.Y - 1) * Factor, (Extent.Width + 2) * Factor,
                    (Extent.Height + 2) * Factor};
-  thread_local TZySymbolStamps Stamps;
+  constexpr std::size_t MostLooks = 128;  // of one kind in all its sizes
+  thread_local TZySymbolStamps Stamps(MostLooks);
   Places.clear();
   for (const PointF& Point : Points) Places.push_back(FromQt(Device).TransformPoint(Point));
   Stamps.Draw(TargetOf(*FImage), RasterClip(), Key, Room, Places, std::cref(PaintStamp));
