@@ -74,6 +74,7 @@ void TZyCustomOHLC::TakeRanges(TRange& X, TRange& Y) {
       High.Take(Record.High);
     });
   }
+  if (Low.IsEmpty() || High.IsEmpty()) return;
   if (FXAxis->HasLogScaling() && X.Low < 0) X.Low = SmallestPositive(FX, X.Low);
   if (FYAxis->HasLogScaling() && Low.Low < 0) Low.Low = SmallestPositive(FLow, Low.Low);
   Y.Take(Low.Low);

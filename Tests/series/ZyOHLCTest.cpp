@@ -57,6 +57,9 @@ TEST_F(ZyOHLCTest, RangesGoFromLowToHighOverTheShortestVector) {
   Chart.Y->SetScaling(TZyAxisScaling::Log);
   Series->Calculate();
   EXPECT_EQ(Series->YStart(), 2) << "lows below 0 are no place on a logarithmic axis";
+  for (const int Record : {0, 2}) Open->AddOutlier(Record);
+  Series->Calculate();
+  EXPECT_GT(Series->YStart(), Series->YStop()) << "no record has values";
   Series->SetYData(nullptr);
   EXPECT_TRUE(Chart.Graph->RelatedSeries().empty()) << "the index is no close";
 }
