@@ -419,7 +419,10 @@ class TZyAxis : public TGraphicControl, public TZyRecord, public IZyUndoUser {
   double HighEnd() const { return FKind->HighEnd(Start(), Stop()); }
 
   void SetReal(double& Field, double Value, const char* PropName);
-  void SetTickPartTo(double& Field, double Value, const char* PropName);
+  void SetTickPartTo(double& Field, double Value, TZyText Label);
+  void SetSlaveMapping(double& Field, double Value, TZyText Label, const char* PropName);
+  void PushOwnParts(TZyText Label);
+  void PushOfNoSlave(TZyText Label);
   void SetMovingSlit(double& Field, double Value, TZyText Label, const char* PropName);
   void SetColor(TZyFont& Font, TZyColor Value);
   void PushAll(TZyText Label, std::initializer_list<const char*> PropNames);

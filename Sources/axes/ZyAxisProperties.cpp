@@ -133,7 +133,6 @@ void TZyAxis::SetCaptionHorizontalOnVerticalAxis(bool Value) {
 
 void TZyAxis::SetRubricsAngle(float Value) {
   const auto Fitted = static_cast<float>(FitTo360Degrees(static_cast<double>(Value)));
-  if (!std::isfinite(Fitted)) return;
   ChangeBy(this, RubricsAngle(), Fitted, "RubricsAngle", [this](float Angle) {
     FLabels.SetAngle(Angle);
     Modified();
@@ -192,16 +191,22 @@ void TZyAxis::PushAll(TZyText Label, std::initializer_list<const char*> PropName
   for (const char* PropName : PropNames) FUndo->PushProperty(this, LoadResString(Label), PropName);
 }
 
+/// A layout fits steps of the user's own to each other, to the scale and to those of a master: a step that brings that
+/// about takes them along.
+void TZyAxis::PushOwnParts(TZyText Label) {
+  if (!AutoTickParts()) PushAll(Label, {"TickPart", "MajorTickPart", "LabelPart"});
+}
+
 void TZyAxis::SetScaling(TZyAxisScaling Value) {
   if (Value == Scaling()) return;
   const TZyScaleKind& Kind = TZyScaleKind::Of(Value);
   const TZyUndoGroup Group(FUndo, _sAxisScaling);
+  PushOwnParts(_sAxisScaling);
   if (Kind.ChoosesOwnSteps() && !AutoTickParts()) {
-    PushAll(_sAxisScaling, {"TickPart", "MajorTickPart", "LabelPart", "AutoTickParts", "Scaling"});
+    PushAll(_sAxisScaling, {"AutoTickParts"});
     FStepRules.AutoTickParts = true;
-  } else {
-    PushAll(_sAxisScaling, {"Scaling"});
   }
+  PushAll(_sAxisScaling, {"Scaling"});
   FKind = &Kind;
   FSteps.HasLogScaling = Kind.IsLogarithmic();
   if (IZyAxisGraph* const Parent = Graph(); Parent != nullptr && !LoadingRecord()) Parent->ZoomReset();
@@ -209,7 +214,6 @@ void TZyAxis::SetScaling(TZyAxisScaling Value) {
 }
 
 void TZyAxis::SetLogToNormalScalingLevel(double Value) {
-  if (!std::isfinite(Value)) return;
   Change(this, FStepRules.LogToNormalScalingLevel, std::max(Value, 0.0), "LogToNormalScalingLevel",
          FKind->IsLogarithmic() ? &TZyAxis::Modified : &TZyAxis::DoNothing);
 }
@@ -222,16 +226,21 @@ void TZyAxis::SetAutoTickParts(bool Value) {
   Modified();
 }
 
-void TZyAxis::SetTickPartTo(double& Field, double Value, const char* PropName) {
+void TZyAxis::SetTickPartTo(double& Field, double Value, TZyText Label) {
   if (!std::isfinite(Value) || (FStepRules.AutoTickParts && !Restoring())) return;
-  Change(this, Field, Value == 0 ? 0.001 : std::fabs(Value), PropName, &TZyAxis::Modified);
+  const double Part = Value == 0 ? 0.001 : std::fabs(Value);
+  if (Part == Field) return;
+  const TZyUndoGroup Group(FUndo, Label);
+  PushOwnParts(Label);
+  Field = Part;
+  Modified();
 }
 
-void TZyAxis::SetLabelPart(double Value) { SetTickPartTo(FSteps.LabelPart, Value, "LabelPart"); }
+void TZyAxis::SetLabelPart(double Value) { SetTickPartTo(FSteps.LabelPart, Value, _sAxisLabelPart); }
 
-void TZyAxis::SetMajorTickPart(double Value) { SetTickPartTo(FSteps.MajorTickPart, Value, "MajorTickPart"); }
+void TZyAxis::SetMajorTickPart(double Value) { SetTickPartTo(FSteps.MajorTickPart, Value, _sAxisMajorTickPart); }
 
-void TZyAxis::SetTickPart(double Value) { SetTickPartTo(FSteps.TickPart, Value, "TickPart"); }
+void TZyAxis::SetTickPart(double Value) { SetTickPartTo(FSteps.TickPart, Value, _sAxisTickPart); }
 
 void TZyAxis::SetTickTable(const TZyTickTable& Value) {
   if (Value == FStepRules.TickTable) return;
@@ -250,7 +259,7 @@ void TZyAxis::SetMajorGridMode(TZyMajorGridMode Value) {
 }
 
 void TZyAxis::SetReal(double& Field, double Value, const char* PropName) {
-  if (std::isfinite(Value)) Change(this, Field, Value, PropName, &TZyAxis::Modified);
+  Change(this, Field, Value, PropName, &TZyAxis::Modified);
 }
 
 void TZyAxis::SetMaxForExtraExponent(double Value) {
@@ -263,6 +272,13 @@ void TZyAxis::SetMinForExtraExponent(double Value) {
 
 // --- Master and slave -----------------------------------------------------------------------------------------------
 
+/// What an axis has of its own and a master will write over.
+void TZyAxis::PushOfNoSlave(TZyText Label) {
+  if (IsSlave()) return;
+  PushOwnParts(Label);
+  PushAll(Label, {"StartState", "StopState", "Scaling"});
+}
+
 void TZyAxis::SetMasterAxis(TZyAxis* Value) {
   if (Value == FMasterAxis || Value == this) return;
   if (Restoring() || IsLoading()) {  // IsSlaveAxis comes by itself then
@@ -272,18 +288,35 @@ void TZyAxis::SetMasterAxis(TZyAxis* Value) {
   }
   if (Value != nullptr && (Value->GetHorizontal() != GetHorizontal() || Value->IsSlave())) return;
   const TZyUndoGroup Group(FUndo, _sAxisMasterAxis);
-  if (!FIsSlaveAxis) PushAll(_sAxisMasterAxis, {"StartState", "StopState", "Scaling"});
+  PushOfNoSlave(_sAxisMasterAxis);
   PushAll(_sAxisMasterAxis, {"IsSlaveAxis", "MasterAxis"});
   FMasterAxis = Value;
   FIsSlaveAxis = Value != nullptr;
   Modified();
 }
 
-void TZyAxis::SetIsSlaveAxis(bool Value) { Change(this, FIsSlaveAxis, Value, "IsSlaveAxis", &TZyAxis::Modified); }
+void TZyAxis::SetIsSlaveAxis(bool Value) {
+  if (Value == FIsSlaveAxis) return;
+  const TZyUndoGroup Group(FUndo, _sAxisIsSlaveAxis);
+  if (FMasterAxis != nullptr) PushOfNoSlave(_sAxisIsSlaveAxis);
+  PushAll(_sAxisIsSlaveAxis, {"IsSlaveAxis"});
+  FIsSlaveAxis = Value;
+  Modified();
+}
 
-void TZyAxis::SetSlaveSlope(double Value) { SetReal(FSlaveSlope, Value, "SlaveSlope"); }
+/// The very values of a master have its very steps as well.
+void TZyAxis::SetSlaveMapping(double& Field, double Value, TZyText Label, const char* PropName) {
+  if (!std::isfinite(Value) || Value == Field) return;
+  const TZyUndoGroup Group(FUndo, Label);
+  if (IsSlave()) PushOwnParts(Label);
+  PushAll(Label, {PropName});
+  Field = Value;
+  Modified();
+}
 
-void TZyAxis::SetSlaveOffset(double Value) { SetReal(FSlaveOffset, Value, "SlaveOffset"); }
+void TZyAxis::SetSlaveSlope(double Value) { SetSlaveMapping(FSlaveSlope, Value, _sAxisSlaveSlope, "SlaveSlope"); }
+
+void TZyAxis::SetSlaveOffset(double Value) { SetSlaveMapping(FSlaveOffset, Value, _sAxisSlaveOffset, "SlaveOffset"); }
 
 void TZyAxis::SetAutoSize(bool Value) {
   if (Value == AutoSize()) return;

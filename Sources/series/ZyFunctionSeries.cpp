@@ -8,8 +8,8 @@
 #include "graph/parts/ZySeriesGraph.h"
 #include "persistence/ZyArchive.h"
 #include "platform/drawing/ClipGuard.h"
-#include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
+#include "series/ZyPointLook.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "texts/Exceptions.h"
 #include "undo/ZyChange.h"
@@ -71,8 +71,16 @@ void TZyFunctionSeries::Calculate() {
   SetRange(*FXAxis, FXStart, FXStop, RangeOfX());
   FState.RangesTaken();
   const TZyCalculationErrorHandler Handler = mCalculationError;
+  const std::uint64_t Alive = LiveHandle();
+  struct TCalculating {
+    std::uint64_t Series;
+    bool& Flag;
+    ~TCalculating() {
+      if (FromLiveHandle(Series) != nullptr) Flag = false;
+    }
+  };
   try {
-    const TScopedValue Calculating(FIsCalculating, true);
+    const TCalculating Calculating{Alive, FIsCalculating = true};
     FHasCurve = false;
     CalculateFunction();
     UpdateVariablesObjects(*ObjectsToUpdate());
@@ -80,6 +88,7 @@ void TZyFunctionSeries::Calculate() {
     FHasCurve = true;
     PointsModified();
   } catch (const std::exception& Error) {
+    if (FromLiveHandle(Alive) == nullptr) return;  // the curve's own handler freed it
     ForgetPixels();
     FState.PixelsTaken();
     Invalidate();
@@ -93,8 +102,8 @@ TZySeries::TRange TZyFunctionSeries::RangeOfX() {
   TRange Range = RangeOf(FX, FY, *FXAxis);
   if (FXAxis->HasLogScaling() && Range.Low <= 0) Range.Low = SmallestPositive(FX, Range.Low);
   if (FCoupleCalculationAndDisplay) return Range;
-  if (!FDisplayAutoStart && std::isfinite(FDisplayStart)) Range.Low = std::min(Range.Low, FDisplayStart);
-  if (!FDisplayAutoStop && std::isfinite(FDisplayStop)) Range.High = std::max(Range.High, FDisplayStop);
+  if (!FDisplayAutoStart) Range.Low = std::min(Range.Low, FDisplayStart);
+  if (!FDisplayAutoStop) Range.High = std::max(Range.High, FDisplayStop);
   return Range;
 }
 
@@ -113,8 +122,22 @@ void TZyFunctionSeries::SetLimits() {
 void TZyFunctionSeries::CalculateFunction() {
   if (Count() < MinCount()) return;
   SetLimits();
+  CalculateCurve();
+  TRange Y;
+  Sample(FDisplayStart, FDisplayStop, [&](double x) { Y.Take(GetY(x)); });
+  if (FClipYValues && AnyOtherSeries()) Y = {};
+  FYStart = Y.Low;
+  FYStop = Y.High;
+  const TNotifyEvent Handler = mCalculated;  // it may set another, or free the series
+  const std::uint64_t Alive = LiveHandle();
+  if (!Handler) return;
+  Handler(this);
+  TZyPointLook::TestAlive(Alive);
+}
+
+/// The vectors are lent for this one calculation: they may die before the next.
+void TZyFunctionSeries::CalculateCurve() {
   TZyCalculation& Curve = *FCalculation;
-  // The vectors are lent for this one calculation: they may die before the next.
   struct TLoan {
     TZyCalculation& Curve;
     ~TLoan() { Curve.XData = Curve.YData = Curve.Weight = nullptr; }
@@ -131,12 +154,6 @@ void TZyFunctionSeries::CalculateFunction() {
     Curve.mWeightValueTransformation = WeightValueTransformation();
   }
   Curve.Calculate();
-  TRange Y;
-  Sample(FDisplayStart, FDisplayStop, [&](double x) { Y.Take(GetY(x)); });
-  if (FClipYValues && AnyOtherSeries()) Y = {};
-  FYStart = Y.Low;
-  FYStop = Y.High;
-  if (mCalculated) mCalculated(this);
 }
 
 /// Whether the Y axis has a visible series of data, to whose scale the curve then keeps.

@@ -57,7 +57,7 @@ class TZyFunctionSeries : public TZyLineSeries {
   /// Whether the curve leaves the Y axis to the other series there, and is cut where it leaves the data area.
   bool ClipYValues() const { return FClipYValues; }
   void SetClipYValues(bool Value) { SetSetting(FClipYValues, Value, "ClipYValues"); }
-  /// Runs after each calculation that succeeded. It must not free the series.
+  /// Runs after each calculation that succeeded. It may free the series.
   const TNotifyEvent& OnCalculated() const { return mCalculated; }
   void SetOnCalculated(TNotifyEvent Value) { mCalculated = std::move(Value); }
   const TZyCalculationErrorHandler& OnCalculationError() const { return mCalculationError; }
@@ -71,7 +71,8 @@ class TZyFunctionSeries : public TZyLineSeries {
 
   /// Text of the curve's formula. Throws EMethodNotFound unless a descendant has one.
   virtual std::string GetFormula() const;
-  /// Computes the curve and its range of Y, from at least MinCount points.
+  /// Computes the curve and its range of Y, from at least MinCount points, and runs OnCalculated. Throws EAbort when
+  /// that freed the series: nothing of it may be touched on the way out.
   virtual void CalculateFunction();
 
   int MinCount() const override { return 2; }
@@ -108,6 +109,7 @@ class TZyFunctionSeries : public TZyLineSeries {
  private:
   void DisplayModified() { PointsModified(); }
   void SetLimits();
+  void CalculateCurve();
   TRange RangeOfX();
   bool AnyOtherSeries() const;
   template <class TSample>

@@ -37,9 +37,14 @@ TZyUndoStack::~TZyUndoStack() {
   FUndo.Close();
   FRedo.Close();
   FScratch.reset();
-  for (const auto* FileName : {&FUndoFileName, &FRedoFileName, &FScratchName}) {
+  RemoveFiles();
+}
+
+void TZyUndoStack::RemoveFiles() {
+  for (auto* FileName : {&FUndoFileName, &FRedoFileName, &FScratchName}) {
     std::error_code Ignored;  // a file that is gone already is as good
     if (!FileName->empty()) std::filesystem::remove(*FileName, Ignored);
+    FileName->clear();
   }
 }
 
@@ -67,11 +72,16 @@ std::unique_ptr<TStream> TZyUndoStack::OpenStream(std::filesystem::path& FileNam
 
 void TZyUndoStack::InitStreams() {
   if (FUndo.IsOpen()) return;
-  auto UndoStream = OpenStream(FUndoFileName);
-  auto RedoStream = OpenStream(FRedoFileName);
-  FScratch = OpenStream(FScratchName);
-  FUndo.Open(std::move(UndoStream), &Application());
-  FRedo.Open(std::move(RedoStream), &Application());
+  try {
+    auto UndoStream = OpenStream(FUndoFileName);
+    auto RedoStream = OpenStream(FRedoFileName);
+    FScratch = OpenStream(FScratchName);
+    FUndo.Open(std::move(UndoStream), &Application());
+    FRedo.Open(std::move(RedoStream), &Application());
+  } catch (...) {
+    RemoveFiles();  // all or none: the next push opens other ones
+    throw;
+  }
 }
 
 /// The head and the foot of every push. A payload that fails leaves no trace.

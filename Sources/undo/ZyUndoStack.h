@@ -111,6 +111,7 @@ class TZyUndoStack : public TComponent {
 
   bool Silent() const { return !FEnabled || FRestoring || IsLoading(); }
   void InitStreams();
+  void RemoveFiles();
   std::unique_ptr<TStream> OpenStream(std::filesystem::path& FileName);
   void PushRow(TPersistent* Instance, std::string_view Comment, const TPropInfo& Info);
   template <class TPayload>

@@ -40,6 +40,44 @@ TEST(ZyAxisScaleTest, StepsAreTheUsersOnlyWhileTheyAreNotAutomatic) {
   }
 }
 
+TEST(ZyAxisScaleTest, StepsThatALayoutFittedComeBack) {
+  TSampleChart Chart;
+  TZyAxis& Axis = *Chart.X;
+  TZyAxis Master(&Chart.Form);
+  Master.SetParent(Chart.Graph);
+  Master.SetScaling(Log);
+  TZyUndoStack Stack;
+  Axis.SetUndoStack(&Stack);
+  Axis.SetAutoTickParts(false);
+  Axis.SetTickPart(0.02);
+  Axis.SetMajorTickPart(0.1);
+  Axis.SetLabelPart(0.2);
+  const auto Settings = [&] {
+    return std::tuple(Axis.Scaling(), Axis.TickPart(), Axis.MajorTickPart(), Axis.LabelPart());
+  };
+  const std::function<void()> Changes[] = {[&] { Axis.SetTickPart(3); }, [&] { Axis.SetScaling(Log); },
+                                           [&] { Axis.SetMasterAxis(&Master); }, [&] { Axis.SetIsSlaveAxis(true); }};
+  for (const auto& Change : Changes) {
+    Chart.Paint();
+    const auto Before = Settings();
+    Change();
+    Chart.Paint();
+    const auto After = Settings();
+    EXPECT_NE(After, Before) << &Change - Changes;
+    Stack.Undo();
+    Chart.Paint();
+    EXPECT_EQ(Settings(), Before) << &Change - Changes;
+    Stack.Redo();
+    Chart.Paint();
+    EXPECT_EQ(Settings(), After) << &Change - Changes;
+    Stack.Undo();
+    if (&Change == &Changes[2]) {  // one that is no slave any more, but still has its master
+      Axis.SetMasterAxis(&Master);
+      Axis.SetIsSlaveAxis(false);
+    }
+  }
+}
+
 TEST(ZyAxisScaleTest, AMasterIsAnotherAxisOfTheSameDirectionThatHasNone) {
   TZyAxis Axis, Other, Across, Slave;
   Across.SetPosition(TZyAxisPosition::Left);

@@ -84,7 +84,7 @@ TEST_F(ZyStylesTest, ValuesAreBroughtIntoTheirLimits) {
   }
   Arrow.SetPointLength(NoNumber);
   EXPECT_EQ((std::array{Arrow.InnerLength(), ArrowPoint.PointHeight(), Arrow.PointLength()}),
-            (std::array{Least, Least, Least}));
+            (std::array{Least, Least, 5.0f}));
 }
 
 TEST_F(ZyStylesTest, AssignCopiesItsOwnClassAndRefusesOthers) {

@@ -130,6 +130,20 @@ TEST_F(ZyFunctionSeriesTest, FailsOnceAndComesBackWithNewData) {
   EXPECT_NE(MessageOf<EMethodNotFound>([&] { Curve->GetFormula(); }), "");
 }
 
+TEST_F(ZyFunctionSeriesTest, ItsHandlersMayFreeIt) {
+  for (const bool Fails : {false, true}) {
+    auto* const Average = Chart.AddSeries<TZyMovingAverage>(Fails ? "Failing" : "Average", {1, 2, 3}, {4, 6, 5});
+    auto* const Next = Chart.AddSeries<TZyLineSeries>(Fails ? "Last" : "Next", {1, 2}, {1, 2});
+    if (Fails) Average->SetYValueTransformation([](auto&&...) -> double { throw EMathError("no value"); });
+    Average->SetOnCalculated([](TObject* Sender) { delete Sender; });
+    Average->SetOnCalculationError([](TObject* Sender, const std::exception&) { delete Sender; });
+    Chart.Paint();
+    EXPECT_EQ(Listed(Chart.Graph->RelatedSeries()), (std::vector<TZySeries*>{Curve, Next})) << Fails;
+    EXPECT_FALSE(Next->RecalculatePoints()) << "drawn all the same";
+    delete Next;
+  }
+}
+
 TEST_F(ZyFunctionSeriesTest, ARangeOfNoWidthEndsTheSampling) {
   for (const double Far : {0.0, 1e300, -1e300}) {
     dynamic_cast<TZyDoubleVector&>(*Curve->XData()).SetInternalArray({Far, Far, Far});

@@ -79,6 +79,7 @@ class ExtremeValuesTest : public ::testing::Test {
       }
     };
     Guarded("setting", Set);
+    EXPECT_TRUE(Info.GetFloat == nullptr || !What.starts_with("TZy") || std::isfinite(Info.GetFloat(Object))) << What;
     const bool IsStep = FStack.CanUndo();
     Guarded("painting", [this] { FChart.Paint(); });
     while (FStack.CanUndo()) FStack.Undo();

@@ -1,6 +1,8 @@
 #include "undo/ZyUndoStack.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <iterator>
@@ -355,6 +357,17 @@ TEST_F(ZyUndoStackTest, FilesOfALogGoWithTheStack) {
     TZyUndoStack Log(&Module);
     Log.SetToMemoryStream(false);
     EXPECT_EQ(Count(), Before + (IsTaken ? 0 : 1)) << "no stream before the first push";
+    {
+      const int NextFile = dup(0);
+      close(NextFile);
+      rlimit Files;
+      getrlimit(RLIMIT_NOFILE, &Files);
+      const rlimit OneMore{static_cast<rlim_t>(NextFile) + 1, Files.rlim_max};
+      setrlimit(RLIMIT_NOFILE, &OneMore);
+      EXPECT_THROW(Log.PushProperty(&Sample, "label", "Whole"), EFileError);
+      setrlimit(RLIMIT_NOFILE, &Files);
+    }
+    EXPECT_EQ(Count(), Before + (IsTaken ? 0 : 1)) << "the first of three goes where the second cannot be made";
     Log.PushProperty(&Sample, "label", "Whole");
     EXPECT_EQ(Count(), Before + (IsTaken ? 3 : 4));
     EXPECT_FALSE(std::filesystem::exists(Victim)) << "written through a link that somebody laid";

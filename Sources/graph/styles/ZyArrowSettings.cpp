@@ -1,5 +1,6 @@
 #include "graph/styles/ZyArrowSettings.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "persistence/ZyArchive.h"
@@ -39,8 +40,7 @@ ZY_PUBLISHED(TZyAxisArrowPoint, TPersistent,
 
 namespace {
 
-/// What is no number counts as too short.
-float AtLeastMin(float Value) { return Value >= MinArrowLength ? Value : MinArrowLength; }
+float AtLeastMin(float Value) { return std::max(Value, MinArrowLength); }
 
 template <class TSettings>
 std::unique_ptr<CustomLineCap> MakeCap(const TSettings& Settings) {

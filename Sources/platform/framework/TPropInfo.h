@@ -84,7 +84,7 @@ class TPropInfo {
   void (*SetVariant)(TObject&, const TVariant&) = nullptr;
   /// Writes an ordinal. Throws ERangeError, with property, value and what is allowed, for one that does not fit.
   void SetOrd(TObject& Instance, std::int64_t Value) const;
-  /// Writes a Float, likewise. What is no number and infinities fit where no limits are told.
+  /// Writes a Float, likewise. Where no limits are told, what is no number and infinities are left to the setter.
   void SetFloat(TObject& Instance, double Value) const;
   /// Throws ERangeError, likewise, for a Float that does not fit; for setters that refuse it whoever calls them.
   void TestFloat(double Value) const;
