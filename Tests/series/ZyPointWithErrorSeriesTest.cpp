@@ -121,8 +121,8 @@ TEST_F(ZyPointWithErrorSeriesTest, ItemsOfLegendsShowSmallBars) {
   for (const std::string_view Call :
        {"10 40, 50 20", "33 30, 39.5 30", "39.5 28, 39.5 32", "27 30, 20.5 30", "30 27, 30 21", "28 39, 32 39"})
     EXPECT_EQ(Chart.CountOf(Calls, Call), 1) << Call;
-  for (auto Set : {&TZyPointWithErrorSeries::SetDeltaXPlus, &TZyPointWithErrorSeries::SetDeltaXMinus})
-    (Series->*Set)(nullptr);
+  Series->SetDeltaXPlus(nullptr);
+  Series->SetDeltaXMinus(nullptr);
   const auto Level = Chart.CallsOf([&](Graphics& Gr) { Series->DrawListItem({&Gr, {10, 20, 50, 40}, 0}); });
   EXPECT_EQ(Chart.CountOf(Level, "10 30, 50 30"), 1) << "without bars along X the line stays level";
 }
