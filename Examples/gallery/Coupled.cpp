@@ -4,15 +4,8 @@
 
 void zy::examples::MakeCoupled(TChartDocument& Document) {
   TChartPage Chart(Document);
-  TZyGraph2D& Lower = Chart.AddGraph("", "Date", "Volume in billions");
-  TZyGraph2D& Upper = Chart.AddGraph("S&P 500 in the years of the financial crisis", "", "Closing price");
-  const int Middle = Document.Page().Height() * 6 / 10;
-  Upper.SetAlign(alTop);
-  Upper.SetHeight(Middle);
-  Lower.SetAlign(alClient);
-  delete Upper.PrimaryXAxis();
-  Upper.SetPrimaryXAxis(Lower.PrimaryXAxis());
-  Lower.PrimaryXAxis()->SetScaling(TZyAxisScaling::DateTime);
+  const auto [Lower, Upper] =
+      Chart.AddStacked("Volume in billions", "S&P 500 in the years of the financial crisis", "Closing price", 0.6);
   Lower.PrimaryYAxis()->SetStart(0);
   Lower.PrimaryYAxis()->SetStartEnd(TZyAxisEnd::Fixed);
 

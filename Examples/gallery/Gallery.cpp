@@ -31,6 +31,19 @@ TZyGraph2D& TChartPage::AddGraph(const char* Title, const char* XCaption, const 
   return Graph;
 }
 
+TChartPage::TStacked TChartPage::AddStacked(const char* LowerCaption, const char* Title, const char* UpperCaption,
+                                            double Part) {
+  TZyGraph2D& Lower = AddGraph("", "Date", LowerCaption);
+  TZyGraph2D& Upper = AddGraph(Title, "", UpperCaption);
+  Upper.SetAlign(alTop);
+  Upper.SetHeight(static_cast<int>(Document.Page().Height() * Part));
+  Lower.SetAlign(alClient);
+  delete Upper.PrimaryXAxis();
+  Upper.SetPrimaryXAxis(Lower.PrimaryXAxis());
+  Lower.PrimaryXAxis()->SetScaling(TZyAxisScaling::DateTime);
+  return {Lower, Upper};
+}
+
 TZyAxis& TChartPage::AddAxis(TZyGraph2D& Graph, TZyAxisPosition Position, const char* Caption) {
   auto& Axis = Add<TZyAxis>("Axis");
   Axis.SetPosition(Position);

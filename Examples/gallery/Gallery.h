@@ -19,6 +19,11 @@ struct TChartPage {
 
   /// A chart with a title and the captions of its two axes, as large as the page unless its place is given.
   TZyGraph2D& AddGraph(const char* Title, const char* XCaption, const char* YCaption);
+  /// The lower graph of a page and, on its X axis of dates, one above it that takes a part of the height.
+  struct TStacked {
+    TZyGraph2D &Lower, &Upper;
+  };
+  TStacked AddStacked(const char* LowerCaption, const char* Title, const char* UpperCaption, double Part);
   TZyAxis& AddAxis(TZyGraph2D& Graph, TZyAxisPosition Position, const char* Caption);
   TZyDoubleVector& AddVector() { return Add<TZyDoubleVector>("Data"); }
   /// A series on the primary axes of the graph.

@@ -43,15 +43,8 @@ template <class TSeries>
 TSeries& MakePricesAs(TChartDocument& Document) {
   constexpr double DaysOfWeek = 7;
   TChartPage Chart(Document);
-  TZyGraph2D& Lower = Chart.AddGraph("", "Date", "Volume, bn");
-  TZyGraph2D& Upper = Chart.AddGraph("S&P 500, records of weeks made of those of days", "", "Price in points");
-  const int Middle = Document.Page().Height() * 7 / 10;
-  Upper.SetAlign(alTop);
-  Upper.SetHeight(Middle);
-  Lower.SetAlign(alClient);
-  delete Upper.PrimaryXAxis();
-  Upper.SetPrimaryXAxis(Lower.PrimaryXAxis());
-  Lower.PrimaryXAxis()->SetScaling(TZyAxisScaling::DateTime);
+  const auto [Lower, Upper] =
+      Chart.AddStacked("Volume, bn", "S&P 500, records of weeks made of those of days", "Price in points", 0.7);
 
   TZyDoubleVector &Days = Chart.AddVector(), &Low = Chart.AddVector(), &Open = Chart.AddVector(),
                   &High = Chart.AddVector(), &Close = Chart.AddVector(), &Edges = Chart.AddVector(),

@@ -7,6 +7,7 @@
 #include "graph/parts/ZyAxisGraph.h"
 #include "graph/parts/ZyGraphParts.h"
 #include "platform/controls/TWinControl.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {
@@ -30,6 +31,16 @@ float ExtentUpToData(const TZyAxis& Axis) {
   return std::ceil(Axis.Geometry().Across() + std::max(HalfLine(Axis), Ticks));
 }
 
+/// What a series asks for; nothing from one that a handler freed meanwhile.
+template <class TAsk>
+float RoomFor(const TAsk& Ask) {
+  try {
+    return Ask();
+  } catch (const EAbort&) {
+    return 0;
+  }
+}
+
 }  // namespace
 
 float TZyAxisLayout::ClientExtent(const TZyAxis& Axis) const {
@@ -44,8 +55,10 @@ float TZyAxisLayout::DepthAt(const TZyAxis& Axis) const {
   for (IZyAxisSeries* Series : Axis.RelatedSeries()) {
     auto* const Solid = dynamic_cast<IZySolidSeries*>(Series);
     if (Solid == nullptr || !Solid->IsSolid()) continue;
-    Solid->PrepareDepth();
-    Result = std::max(Result, Axis.GetHorizontal() ? Solid->HorizontalDepth() : Solid->VerticalDepth());
+    Result = std::max(Result, RoomFor([&] {
+                        Solid->PrepareDepth();
+                        return Axis.GetHorizontal() ? Solid->HorizontalDepth() : Solid->VerticalDepth();
+                      }));
   }
   return Result;
 }
@@ -54,7 +67,8 @@ float TZyAxisLayout::DepthAt(const TZyAxis& Axis) const {
 float TZyAxisLayout::ExtraSpaceOf(const TZyAxis& Axis, TZyAxisPosition Side) const {
   float Result = 0;
   if (FGraph == nullptr || Axis.GetIsClipped()) return Result;
-  for (const IZyAxisSeries* Series : Axis.RelatedSeries()) Result = std::max(Result, Series->ExtraSpaceAt(Side));
+  for (const IZyAxisSeries* Series : Axis.RelatedSeries())
+    Result = std::max(Result, RoomFor([&] { return Series->ExtraSpaceAt(Side); }));
   return Result;
 }
 

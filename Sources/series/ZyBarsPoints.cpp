@@ -6,8 +6,8 @@
 
 #include "graph/parts/ZySeriesGraph.h"
 #include "graph/shapes/ZyDrawing.h"
-#include "platform/framework/ScopedFlag.h"
 #include "series/ZyBars.h"
+#include "series/ZyPointLook.h"
 
 namespace zy {
 
@@ -125,7 +125,14 @@ void TZyBars::DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMa
 
 void TZyBars::CalculatePoints() {
   if (FPointsCalculating) return;
-  const TScopedValue Calculating(FPointsCalculating, true);
+  struct TCalculating {
+    explicit TCalculating(TZyBars& ABars) : Bars(ABars) { Bars.FPointsCalculating = true; }
+    ~TCalculating() {
+      if (FromLiveHandle(Handle) != nullptr) Bars.FPointsCalculating = false;
+    }
+    TZyBars& Bars;
+    const std::uint64_t Handle = Bars.LiveHandle();
+  } const Calculating(*this);
   TZySeries::CalculatePoints();
 }
 
@@ -135,9 +142,13 @@ void TZyBars::TakeNewPixels() {
   FBottomRight.Clear();
   if (Count() < 1) return;
   FGroup = Group();
-  const TBarsList Others = Below();
-  if (!Others.empty() && Others.back()->RecalculatePoints()) Others.back()->CalculatePoints();
-  TakeBars(Others);
+  if (TBarsList Others = Below(); !Others.empty() && Others.back()->RecalculatePoints()) {
+    const std::uint64_t Handle = LiveHandle();
+    Others.back()->CalculatePoints();  // its handlers may free any of them
+    TZyPointLook::TestAlive(Handle);
+    if (Count() < 1) return;
+  }
+  TakeBars(Below());
   TakeDepth();
   FCaptions.Update();
   TakeLabels();

@@ -176,16 +176,19 @@ bool TZySeries::HasGapsBeside() const {
   });
 }
 
-/// Should a handler throw, the pixels stay out of date, and the next paint begins anew.
+/// Should a handler throw, the pixels stay out of date, and the next paint begins anew. One that frees the series
+/// throws as well, and nothing of it is touched then.
 void TZySeries::CalculatePoints() {
   if (FCalculatingPoints) return;  // bands that point at each other
   struct TRound {
     explicit TRound(TZySeries& ASeries) : Series(ASeries) { Series.FCalculatingPoints = true; }
     ~TRound() {
+      if (FromLiveHandle(Handle) == nullptr) return;
       Series.FCalculatingPoints = false;
       if (!IsDone) Series.FState.PixelsModified();
     }
     TZySeries& Series;
+    const std::uint64_t Handle = Series.LiveHandle();
     bool IsDone = false;
   } Round(*this);
   const auto IsTakenAnew = [this](int Pixel) { return FPointIndex.GetValue(Pixel) >= FState.LastPointsCount(); };

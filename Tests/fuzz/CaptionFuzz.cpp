@@ -8,6 +8,7 @@
 #include "analysis/ZyParseFktCaptions.h"
 #include "annotations/captions/ZyRichCaption.h"
 #include "fuzz/Check.h"
+#include "fuzz/FontLeaks.h"
 #include "platform/controls/TApplication.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
@@ -80,10 +81,6 @@ void CheckText(const std::string& Text, unsigned Look) {
 
 }  // namespace
 }  // namespace zy::testing
-
-/// The system's font search keeps what it has read.
-extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
-extern "C" const char* __lsan_default_options() { return "print_suppressions=0"; }
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
   static zy::TApplication Program;

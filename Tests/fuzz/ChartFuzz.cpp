@@ -7,16 +7,14 @@
 #include <string>
 
 #include "fuzz/Check.h"
+#include "fuzz/EachForm.h"
+#include "fuzz/FontLeaks.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/Application.h"
-#include "platform/framework/TMemIniFile.h"
-#include "platform/framework/TStream.h"
-#include "platform/framework/XmlDocument.h"
-#include "texts/Exceptions.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy::testing {
@@ -101,10 +99,6 @@ void CheckChart(const TRead& Read) {
 }  // namespace
 }  // namespace zy::testing
 
-/// The system's font search keeps what it has read.
-extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
-extern "C" const char* __lsan_default_options() { return "print_suppressions=0"; }
-
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
   static zy::TApplication Program;
   return 0;
@@ -113,28 +107,6 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size) {
   using namespace zy;
   const std::string_view Text(reinterpret_cast<const char*>(Data), Size);
-  TXMLDocument Document("r");
-  TMemIniFile Ini;
-  bool IsXml = true, IsIni = true;
-  try {
-    Document.LoadFromText(Text);
-  } catch (const EXMLError&) {
-    IsXml = false;
-  }
-  try {
-    Ini.LoadFromText(Text);
-  } catch (const EIniFileError&) {
-    IsIni = false;
-  }
-  if (IsXml) {
-    testing::CheckChart([&](TZyGraph2D& Graph) { Graph.ReadFrom(Document.DocumentElement()); });
-  } else if (IsIni && Ini.SectionExists("Chart")) {
-    testing::CheckChart([&](TZyGraph2D& Graph) { Graph.ReadFrom(Ini, "Chart"); });
-  } else {
-    testing::CheckChart([&](TZyGraph2D& Graph) {
-      TMemoryStream Stream(std::as_bytes(std::span(Text)));
-      Graph.ReadFrom(Stream);
-    });
-  }
+  testing::CheckEachForm(Text, "Chart", [](const auto& Read) { testing::CheckChart(Read); });
   return 0;
 }

@@ -6,12 +6,9 @@
 
 #include "annotations/captions/ZyFont.h"
 #include "fuzz/Check.h"
+#include "fuzz/EachForm.h"
 #include "graph/styles/ZyStyles.h"
-#include "platform/framework/TMemIniFile.h"
-#include "platform/framework/TStream.h"
-#include "platform/framework/XmlDocument.h"
 #include "series/vectors/ZyDoubleVector.h"
-#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {
@@ -74,24 +71,6 @@ void CheckAll(const TRead& Read) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size) {
   using namespace zy;
   const std::string_view Text(reinterpret_cast<const char*>(Data), Size);
-  testing::CheckAll([&](TZyRecord& Object) {
-    TMemoryStream Stream(std::as_bytes(std::span(Text)));
-    Object.ReadFrom(Stream);
-  });
-  TXMLDocument Document("r");
-  TMemIniFile Ini;
-  bool IsXml = true, IsIni = true;
-  try {
-    Document.LoadFromText(Text);
-  } catch (const EXMLError&) {
-    IsXml = false;
-  }
-  try {
-    Ini.LoadFromText(Text);
-  } catch (const EIniFileError&) {
-    IsIni = false;
-  }
-  if (IsXml) testing::CheckAll([&](TZyRecord& Object) { Object.ReadFrom(Document.DocumentElement()); });
-  if (IsIni) testing::CheckAll([&](TZyRecord& Object) { Object.ReadFrom(Ini, "S"); });
+  testing::CheckEachForm(Text, "S", [](const auto& Read) { testing::CheckAll(Read); });
   return 0;
 }

@@ -302,6 +302,17 @@ TEST_F(ZyBarsTest, TheFirstVisibleOnesPaintAllClassByClass) {
   First->SetOnGetBrush([First](TObject*, TZyBrushEventArgs&) { delete First; });
   Chart.Paint();
   EXPECT_EQ(Chart.Graph->SeriesCount(), 0);
+  for (const auto Position : {TZyBarLabelPosition::OnTopOfBar, TZyBarLabelPosition::Centered}) {  // in a layout first
+    TZyBars* const Below = Add({0, 2, 4}, {2, 6});
+    TZyBars* const Above = Add({0, 2, 4}, {3, 5});
+    Below->SetOverlayStyle(TZyBarsOverlayStyle::Stack);
+    Above->SetLabelPosition(Position);
+    Below->SetLabelPosition(TZyBarLabelPosition::Centered);
+    Below->SetOnGetLabel([Below, Above](TObject*, TZyGetLabelEventArgs&) { delete Above, delete Below; });
+    Chart.Paint();
+    EXPECT_EQ(Chart.Graph->SeriesCount(), 0);
+    Chart.Paint();
+  }
 }
 
 /// Dense bars are drawn column by column. An event that changes nothing makes each of them be drawn.
