@@ -65,7 +65,7 @@ class TRandomChart : public TGraphPair {
       const bool IsLog = Axis->HasLogScaling() || Master->HasLogScaling();  // a slave becomes so after its ranges
       if (!IsLog && Roll(2) == 0 && Master->Parent() == Axis->Parent()) Axis->SetMasterAxis(Master);
       for (int Count = Roll(5); Count > 0; --Count) Axis->Rubrics()->Add("rubric\r" + std::to_string(Roll(99)));
-      if (Axis->HasLogScaling()) Axis->SetLogToNormalScalingLevel(0);  // else ranges come from the layout before
+      Axis->SetLogToNormalScalingLevel(0);  // else ranges come from the layout before
       if (Roll(5) == 0) Axis->SetDataSource(FData.Source), Axis->SetRubricsField("r");
     }
     for (TZyGraph2D* One : Graphs())
