@@ -3,6 +3,8 @@
 // All that an application with charts includes, and what kinds of series and calculations of its own are written with.
 
 #include "analysis/ZyParseFkt.h"
+#include "analysis/curves/ZyInterpolationCalculation.h"
+#include "analysis/curves/ZyLinearRegressionCalculation.h"
 #include "analysis/curves/ZyMovingAverageCalculation.h"
 #include "annotations/ZyRichLabel.h"
 #include "graph/ZyGraph2D.h"

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -33,7 +36,8 @@ class TZyCalculation {
   /// Whom these events name as their sender.
   TObject* Sender = nullptr;
 
-  /// Transformed values of point i. Throw ERangeError outside the vectors.
+  /// Transformed values of point i. Throw ERangeError outside the vectors. A descendant that overrides them says so by
+  /// ReadsPlainly.
   virtual double Xi(int i) const;
   virtual double Yi(int i) const;
   /// Computes. Throws EMathError when the data do not allow it. The base has nothing to compute.
@@ -51,11 +55,55 @@ class TZyCalculation {
     int Count() const { return static_cast<int>(X.size()); }
   };
 
+  /// Whether Xi, Yi and Wi are the values of the vectors as they stand, which are then read without these calls.
+  virtual bool ReadsPlainly() const {
+    return !mXValueTransformation && !mYValueTransformation && !mWeightValueTransformation;
+  }
+
   /// Points of the data: the smallest count of the vectors that there are. Throws EMathError without X or Y.
   int PointCount() const;
+  /// Calls Do(X, Y, W) for each point that takes part and is finite, in their order.
+  template <class TDo>
+  void ForEachPoint(const TDo& Do) const {
+    const int Count = PointCount();
+    const TReader Reader(*this);
+    for (int First = 0; First < Count; First += BlockSize) {
+      TBlock Block;
+      Reader.Read(First, std::min(Count - First, BlockSize), Block);
+      for (int k = 0; k < Block.Count; ++k) {
+        const auto i = static_cast<std::size_t>(k);
+        const double Sum = Block.X[i] + Block.Y[i] + Block.W[i];
+        if (std::isfinite(Sum) || IsFinite(Block, i)) Do(Block.X[i], Block.Y[i], Block.W[i]);
+      }
+    }
+  }
   /// The points that take part and are finite; those of weight 0 only on demand. By ascending X, unless the X vector
   /// says of itself that it is ascending: then as they come.
   TPoints ValidPoints(bool WithWeightZero) const;
+
+ private:
+  static constexpr int BlockSize = 512;
+
+  /// Some points that take part, not looked at for being finite.
+  struct TBlock {
+    std::array<double, BlockSize> X, Y, W;
+    int Count = 0;
+  };
+  /// Reads the vectors by blocks.
+  class TReader {
+   public:
+    explicit TReader(const TZyCalculation& Calculation);
+    void Read(int First, int Count, TBlock& Block) const;
+
+   private:
+    void ReadPlainly(int First, int Count, TBlock& Block) const;
+
+    const TZyCalculation& FCalculation;
+    bool FReadsPlainly;  // without outliers that are to be left out, too
+  };
+  static bool IsFinite(const TBlock& Block, std::size_t i) {
+    return std::isfinite(Block.X[i]) && std::isfinite(Block.Y[i]) && std::isfinite(Block.W[i]);
+  }
 };
 
 }  // namespace zy
