@@ -239,11 +239,15 @@ void TZyGraph2D::TestPrimaryAxis() {
 
 void TZyGraph2D::TestSeriesAndAxis() {
   if (FRelatedSeries.empty()) return;
-  for (TZySeries* Series : FRelatedSeries)
-    if (Series->AutoUpdate() && Series->SeriesVisible()) {
+  for (TZySeries* Series : FRelatedSeries) {
+    if (!Series->AutoUpdate() || !Series->SeriesVisible()) continue;
+    try {
       Series->CheckDBVectors();
       Series->Calculate();
+    } catch (const EAbort&) {
+      // A handler freed it, or changed what it reads: the next time it begins anew.
     }
+  }
   ForEachAxis([](TZyAxis& Axis) { Axis.GetNewRanges(); });
 }
 
