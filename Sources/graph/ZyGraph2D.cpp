@@ -11,6 +11,7 @@
 #include "platform/framework/TPropInfo.h"
 #include "series/ZySeries.h"
 #include "series/vectors/ZyDoubleVector.h"
+#include "texts/Exceptions.h"
 #include "undo/ZyChange.h"
 #include "undo/ZyUndoGroup.h"
 

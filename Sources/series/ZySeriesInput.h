@@ -61,8 +61,8 @@ class TZySeriesInput {
     NoteChange();
     mTransformation = std::move(Value);
   }
-  /// Value as the event makes it. Throws EAbort when the handler changed what any series reads, or freed one: nothing of
-  /// this one may be touched on the way out. What was under way is done anew at the next paint.
+  /// Value as the event makes it. Throws EAbort when the handler changed what any series reads, or freed one: nothing
+  /// of this one may be touched on the way out. What was under way is done anew at the next paint.
   double Transform(double Value, int Idx) const;
   /// The transformed value at an index. Throws ERangeError outside the vector.
   double At(int Idx) const { return Transform(FVector->GetValue(Idx), Idx); }
