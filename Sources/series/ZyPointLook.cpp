@@ -35,7 +35,7 @@ bool TZyPointLook::Ask(const THandler& Handler, TArgs& Args, std::size_t Pixel) 
   Args.Y = Values.Y;
   Handler(&FSeries, Args);
   TestAlive(FHandle);
-  return true;
+  return Pixel < FSeries.Points().size();  // not after it left its graph
 }
 
 void TZyPointLook::ResetBrush() {

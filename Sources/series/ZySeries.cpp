@@ -299,6 +299,7 @@ void TZySeries::ForgetRanges() {
 
 void TZySeries::RangesModified() {
   if (FXAxis == nullptr || FYAxis == nullptr) return;
+  TZySeriesInput::NoteChange();
   FState.Reset();
   PointsModified();
   ForgetRanges();
