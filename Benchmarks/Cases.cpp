@@ -304,6 +304,7 @@ int main(int ArgCount, char** Args) {
   bool Good = true;
   std::vector<TCase> All(std::begin(Cases), std::end(Cases));
   All.insert(All.end(), KindCases().begin(), KindCases().end());
+  All.insert(All.end(), CurveCases().begin(), CurveCases().end());
   for (const TCase& Case : All) {
     const std::string_view Name = Case.Name;
     const bool Chosen =

@@ -3,6 +3,7 @@
 #include "graph/ZyGraph2D.h"
 #include "graph/ZyGraphPainter.h"
 #include "platform/drawing/Graphics.h"
+#include "platform/framework/WideRegisters.h"
 #include "series/ZySeries.h"
 
 namespace zy {
@@ -38,6 +39,7 @@ bool TZyGraph2D::PreparePaint() {
 
 void TZyGraph2D::PaintGr(Graphics& Gr) {
   if (!PreparePaint()) return;
+  ClearWideRegisters();
   TZyGraphPainter(*this, Gr).Paint();
   ShowScrollBars();
 }

@@ -71,9 +71,8 @@ class TZyCalculation {
       TBlock Block;
       Reader.Read(First, std::min(Count - First, BlockSize), Block);
       for (int k = 0; k < Block.Count; ++k) {
-        const auto i = static_cast<std::size_t>(k);
-        const double Sum = Block.X[i] + Block.Y[i] + Block.W[i];
-        if (std::isfinite(Sum) || IsFinite(Block, i)) Do(Block.X[i], Block.Y[i], Block.W[i]);
+        const double X = Block.X[k], Y = Block.Y[k], W = std::fabs(Block.W[k]);
+        if (std::isfinite(X + Y + W) || (std::isfinite(X) && std::isfinite(Y) && std::isfinite(W))) Do(X, Y, W);
       }
     }
   }
@@ -84,10 +83,11 @@ class TZyCalculation {
  private:
   static constexpr int BlockSize = 512;
 
-  /// Some points that take part, not looked at for being finite.
+  /// Some points that take part, not looked at for being finite: those of the vectors themselves, or copies.
   struct TBlock {
-    std::array<double, BlockSize> X, Y, W;
+    const double *X, *Y, *W;
     int Count = 0;
+    std::array<double, BlockSize> OfX, OfY, OfW;
   };
   /// Reads the vectors by blocks.
   class TReader {
@@ -97,13 +97,12 @@ class TZyCalculation {
 
    private:
     void ReadPlainly(int First, int Count, TBlock& Block) const;
+    static void KeepWithin(double Start, double Stop, TBlock& Block);
 
     const TZyCalculation& FCalculation;
     bool FReadsPlainly;  // without outliers that are to be left out, too
+    bool FReadsAll;      // no point lies outside the bounds
   };
-  static bool IsFinite(const TBlock& Block, std::size_t i) {
-    return std::isfinite(Block.X[i]) && std::isfinite(Block.Y[i]) && std::isfinite(Block.W[i]);
-  }
 };
 
 }  // namespace zy

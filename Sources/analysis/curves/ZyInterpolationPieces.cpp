@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysis/ZyDoubleDouble.h"
 #include "analysis/ZyMathSolvers.h"
 #include "analysis/curves/ZyInterpolationCalculation.h"
 #include "texts/Exceptions.h"
@@ -76,55 +77,94 @@ void TZyInterpolationCalculation::NormalSplineCoeffs(const TPoints& Points) {
   FPieces[n - 1] = {y[n - 1], 0, C[n - 1], 0};
 }
 
-/// The equations of the curvatures have a part of the spline, of the size of the distances h, and a part of the
-/// smoothing, of the size of 6 / (w h^2): both are computed for a mean distance and a smallest weight of 1, and the
-/// smaller one is scaled, so that no stiffness and no unit of X leaves the range of numbers.
+/// The equations of the curvatures (half the second derivatives at the points) have a part of the spline, of the size
+/// of the distances h, and a part of the smoothing, of the size of 6 / (w h^2). Both are computed for a mean distance
+/// and a smallest weight of 1, and the smaller one is scaled, so that no stiffness and no unit of X leaves the range of
+/// numbers. They are symmetric with five diagonals, and each is eliminated as soon as it is computed, by
+/// square-root-free factors (G. H. Golub, C. F. Van Loan, "Matrix Computations", 4th edition, 2013, chapter 4.3).
+///
+/// A stiff spline loses as many digits as the fourth power of the number of points that it smooths over has: a double
+/// has none left beyond some ten thousand of them.
 void TZyInterpolationCalculation::ApproximativeSplineCoeffs(const TPoints& Points) {
+  using T = TZyDoubleDouble;
   const std::vector<double>&X = Points.X, &Y = Points.Y, &W = Points.W;
   const std::size_t n = X.size();
   const double Unit = X[n - 1] / static_cast<double>(n - 1) - X[0] / static_cast<double>(n - 1);
   const double Lightest = std::ranges::min(W);
   const double Ratio = Unit * Unit * Unit * (Lightest * FElasticityFactor) / 6;
   const double OfSpline = std::min(1.0, Ratio), OfSmoothing = Ratio > 1 ? 1 / Ratio : 1;
-  std::vector<double> h(n - 1), r(n - 1), C(n);
+  struct TRow {
+    T Distance, Reciprocal;  // from point i to the next
+    T Left, FarLeft, Right;  // of the equation of point i + 1
+    T OfPivot;               // 1 by the pivot
+  };
+  std::vector<TRow> Rows(n);
+  const T PerUnit = T(1) / Unit;
   for (std::size_t i = 0; i + 1 < n; ++i) {
-    h[i] = (X[i + 1] - X[i]) / Unit;
-    r[i] = 1 / h[i];
+    const T Distance = T::Difference(X[i + 1], X[i]);
+    Rows[i].Distance = Distance * PerUnit;
+    Rows[i].Reciprocal = T(Unit) / Distance;
   }
-  const auto Softness = [&](std::size_t i) { return Lightest / W[i]; };  // 6 / w, of the lightest point
-  const auto D = [&](std::size_t i) { return r[i - 1] + r[i]; };
-  constexpr std::size_t Columns = 5;
-  std::vector<double> Rows((n - 2) * Columns);
-  const auto M = [&](std::size_t i, std::size_t k) -> double& { return Rows[i * Columns + k]; };
+  const auto Softness = [&](std::size_t i) {  // 6 / w
+    return W[i] == Lightest ? T(OfSmoothing) : T(Lightest * OfSmoothing) / W[i];
+  };
+  const auto SlopeAt = [&](std::size_t i) { return T::Difference(Y[i + 1], Y[i]) * Rows[i].Reciprocal; };
+  T Softness0 = Softness(0), Softness1 = Softness(1), Slope = SlopeAt(0), Sum;
   for (std::size_t i = 0; i + 2 < n; ++i) {
-    if (i >= 2) M(i, 0) = M(i - 2, 4) = OfSmoothing * (Softness(i) * r[i - 1] * r[i]);
-    if (i >= 1)
-      M(i, 1) = M(i - 1, 3) =
-          OfSpline * h[i] - OfSmoothing * (Softness(i) * r[i] * D(i) + Softness(i + 1) * r[i] * D(i + 1));
-    M(i, 2) = OfSpline * 2 * (h[i] + h[i + 1]) +
-              OfSmoothing * (Softness(i) * r[i] * r[i] + Softness(i + 1) * D(i + 1) * D(i + 1) +
-                             Softness(i + 2) * r[i + 1] * r[i + 1]);
-    C[i] = 3 * ((Y[i + 2] - Y[i + 1]) * r[i + 1] - (Y[i + 1] - Y[i]) * r[i]);
+    TRow& Row = Rows[i];
+    const T &h = Row.Distance, &r = Row.Reciprocal, &NextR = Rows[i + 1].Reciprocal;
+    const T Softness2 = Softness(i + 2), NextSlope = SlopeAt(i + 1), NextSum = r + NextR;
+    const T Soft1 = Softness1 * NextSum;
+    T Pivot =
+        T(2 * OfSpline) * (h + Rows[i + 1].Distance) + Softness0 * r * r + Soft1 * NextSum + Softness2 * NextR * NextR;
+    Row.Right = T(3) * (NextSlope - Slope);
+    if (i >= 1) {
+      const TRow& Last = Rows[i - 1];
+      T Beside = T(OfSpline) * h - (Softness0 * Sum + Soft1) * r;
+      if (i >= 2) {
+        const TRow& BeforeLast = Rows[i - 2];
+        const T Far = Softness0 * Last.Reciprocal * r;
+        Row.FarLeft = Far * BeforeLast.OfPivot;
+        Pivot = Pivot - Row.FarLeft * Far;
+        Row.Right = Row.Right - Row.FarLeft * BeforeLast.Right;
+        Beside = Beside - Far * Last.Left;
+      }
+      Row.Left = Beside * Last.OfPivot;
+      Pivot = Pivot - Row.Left * Beside;
+      Row.Right = Row.Right - Row.Left * Last.Right;
+    }
+    Row.OfPivot = T(1) / Pivot;
+    Softness0 = Softness1;
+    Softness1 = Softness2;
+    Slope = NextSlope;
+    Sum = NextSum;
   }
-  SolveBandMatrix(static_cast<int>(n - 2), 2, 2, Rows, C);
-  std::copy_backward(C.begin(), C.end() - 2, C.end() - 1);
-  C[0] = C[n - 1] = 0;
+  for (std::size_t i = n - 2; i-- > 0;) {
+    Rows[i].Right = Rows[i].Right * Rows[i].OfPivot;
+    if (i + 3 < n) Rows[i].Right = Rows[i].Right - Rows[i + 1].Left * Rows[i + 1].Right;
+    if (i + 4 < n) Rows[i].Right = Rows[i].Right - Rows[i + 2].FarLeft * Rows[i + 2].Right;
+  }
+  const auto CurvatureAt = [&](std::size_t i) { return i == 0 || i + 1 == n ? T(0) : Rows[i - 1].Right; };
   FX = X;
   FX.push_back(X[n - 1]);
   FPieces.resize(n + 1);
-  const double Third = OfSmoothing / 3;
+  const T Third = T(1) / 3;
+  T Before, Value;
   for (std::size_t i = 0; i < n; ++i) {
-    const double Before = i > 0 ? (C[i] - C[i - 1]) * r[i - 1] : 0, After = i + 1 < n ? (C[i + 1] - C[i]) * r[i] : 0;
-    FPieces[i].A = Y[i] - (After - Before) * (Softness(i) * Third);
+    const T After = i + 1 < n ? (CurvatureAt(i + 1) - CurvatureAt(i)) * Rows[i].Reciprocal : T(0);
+    const T NextValue = T(Y[i]) - (After - Before) * (Softness(i) * Third);
+    if (i > 0) {  // the piece before the point
+      const auto h = static_cast<double>(Rows[i - 1].Distance);
+      const auto Rise = static_cast<double>(NextValue - Value), Bend = OfSpline * static_cast<double>(Before);
+      const double C = OfSpline * static_cast<double>(CurvatureAt(i - 1));
+      const double NextC = OfSpline * static_cast<double>(CurvatureAt(i));
+      FPieces[i - 1] = {static_cast<double>(Value), (Rise / h - h / 3 * (2 * C + NextC)) / Unit, C / Unit / Unit,
+                        Bend / 3 / Unit / Unit / Unit};
+    }
+    Value = NextValue;
+    Before = After;
   }
-  for (double& Each : C) Each *= OfSpline;
-  for (std::size_t i = 0; i + 1 < n; ++i) {
-    TPiece& P = FPieces[i];
-    P.B = ((FPieces[i + 1].A - P.A) * r[i] - h[i] / 3 * (2 * C[i] + C[i + 1])) / Unit;
-    P.C = C[i] / Unit / Unit;
-    P.D = r[i] / 3 * (C[i + 1] - C[i]) / Unit / Unit / Unit;
-  }
-  FPieces[n - 1].B = FPieces[n - 2].B;
+  FPieces[n - 1] = {static_cast<double>(Value), FPieces[n - 2].B, 0, 0};
   FPieces[n] = FPieces[n - 1];
 }
 

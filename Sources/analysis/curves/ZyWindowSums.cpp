@@ -5,73 +5,94 @@
 namespace zy {
 namespace {
 
+using TSums = TZyWindowSums::TSums;
+
 /// Plain sums of some points, and those weighted by the distance to a place behind them: for linear weights the
 /// distance itself, for exponential ones what is left of each after it. Moving the place away costs no look at the
-/// points.
+/// points: by a distance, or by what is left after that.
+template <TZyWindowWeight Weighting>
 struct TPart {
   double W = 0, WY = 0;      // without distance
   double Far = 0, FarY = 0;  // with it
 
-  /// The place moves Distance further away.
-  void Move(TZyWindowWeight Weighting, double Distance, double Rate) {
-    if (Weighting == TZyWindowWeight::Linear) {
-      Far += Distance * W;
-      FarY += Distance * WY;
-    } else if (Weighting == TZyWindowWeight::Exponential) {
-      const double Left = std::exp(Rate * Distance);
-      Far *= Left;
-      FarY *= Left;
-    }
+  TPart MovedBy(double Distance) const {
+    if constexpr (Weighting == TZyWindowWeight::Linear) return {W, WY, Far + Distance * W, FarY + Distance * WY};
+    if constexpr (Weighting == TZyWindowWeight::Exponential) return {W, WY, Far * Distance, FarY * Distance};
+    return *this;
   }
-  /// A point at Distance before the place joins.
-  void Add(TZyWindowWeight Weighting, double Distance, double Rate, double Weight, double Value) {
+  void Add(double Factor, double Weight, double Value) {
     W += Weight;
     WY += Weight * Value;
-    const double Factor = Weighting == TZyWindowWeight::Linear        ? Distance
-                          : Weighting == TZyWindowWeight::Exponential ? std::exp(Rate * Distance)
-                                                                      : 0;
+    if constexpr (Weighting == TZyWindowWeight::Equal) return;
     Far += Factor * Weight;
     FarY += Factor * Weight * Value;
+  }
+  TSums Weighted(double Width) const {
+    if constexpr (Weighting == TZyWindowWeight::Exponential) return {Far, FarY};
+    if (Weighting == TZyWindowWeight::Equal || Width == 0) return {W, WY};
+    return {W - Far / Width, WY - FarY / Width};
   }
 };
 
 }  // namespace
 
-std::vector<TZyWindowSums::TSums> TZyWindowSums::Run(std::span<const int> First, TZyWindowWeight Weighting,
-                                                     std::span<const double> Width, double Rate) const {
+template <TZyWindowWeight Weighting>
+std::vector<TSums> TZyWindowSums::RunAs(std::span<const int> First, std::span<const double> Width, double Rate) const {
+  using TWeightedPart = TPart<Weighting>;
+  constexpr bool Decays = Weighting == TZyWindowWeight::Exponential;
+  constexpr double Here = Decays ? 1 : 0;  // no distance at all
+  const auto Further = [](double Way, double Step) {
+    constexpr double Nothing = 1e-200;  // numbers that are not normal any more would take long
+    if (!Decays) return Way + Step;
+    return Way < Nothing ? 0 : Way * Step;
+  };
   const auto n = FX.size();
+  std::vector<double> Left;  // of a weight at the point before, by exponential weights
+  if (Decays) Left.resize(n);
+  for (std::size_t i = 1; i < Left.size(); ++i) Left[i] = std::exp(Rate * (FX[i] - FX[i - 1]));
+  const auto StepTo = [&](std::size_t i) { return Decays ? Left[i] : FX[i] - FX[i - 1]; };
   std::vector<TSums> Result(n);
-  std::vector<TPart> Front(n);  // of each point up to the seam, as seen from the seam
-  TPart Back;                   // of the points behind the seam, as seen from the last of them
-  std::size_t Seam = 0;         // first point of the back
+  std::vector<TWeightedPart> Front;  // of each point up to the seam, from the last one on, as seen from the seam
+  TWeightedPart Back;                // of the points behind the seam, as seen from the last of them
+  std::size_t Seam = 0;              // first point of the back
+  double SinceFront = Here;          // the way from the last point of the front
   for (std::size_t i = 0; i < n; ++i) {
     const auto Low = static_cast<std::size_t>(First[i]);
+    const double Step = i > 0 ? StepTo(i) : Here;
     if (Low >= Seam) {  // the front is used up: all up to here becomes the new one
-      TPart Sum;
+      Front.clear();
+      TWeightedPart Sum;
+      double Way = Here;
       for (std::size_t k = i; k-- > Low;) {
-        Sum.Add(Weighting, FX[i - 1] - FX[k], Rate, FW[k], FY[k]);
-        Front[k] = Sum;
+        if (k + 1 < i) Way = Further(Way, StepTo(k + 1));
+        Sum.Add(Way, FW[k], FY[k]);
+        Front.push_back(Sum);
       }
       Seam = i;
       Back = {};
-    }
-    TPart Before = Low < Seam ? Front[Low] : TPart{};
-    if (Low < Seam) Before.Move(Weighting, FX[i] - FX[Seam - 1], Rate);
-    TPart After = Back;
-    if (Seam < i) After.Move(Weighting, FX[i] - FX[i - 1], Rate);
-    const double W = Before.W + After.W, WY = Before.WY + After.WY;
-    const double Far = Before.Far + After.Far, FarY = Before.FarY + After.FarY;
-    if (Weighting == TZyWindowWeight::Equal || (Weighting == TZyWindowWeight::Linear && Width[i] == 0)) {
-      Result[i] = {W, WY};
-    } else if (Weighting == TZyWindowWeight::Linear) {
-      Result[i] = {W - Far / Width[i], WY - FarY / Width[i]};
+      SinceFront = Step;
     } else {
-      Result[i] = {Far, FarY};
+      SinceFront = Further(SinceFront, Step);
+      Back = Back.MovedBy(Step);
     }
-    if (Seam < i) Back.Move(Weighting, FX[i] - FX[i - 1], Rate);  // seen from point i, which joins
-    Back.Add(Weighting, 0, Rate, FW[i], FY[i]);
+    const TWeightedPart Before = Low < Seam ? Front[Seam - 1 - Low].MovedBy(SinceFront) : TWeightedPart{};
+    const TWeightedPart Whole{Before.W + Back.W, Before.WY + Back.WY, Before.Far + Back.Far, Before.FarY + Back.FarY};
+    Result[i] = Whole.Weighted(Width[i]);
+    Back.Add(Here, FW[i], FY[i]);
   }
   return Result;
+}
+
+std::vector<TSums> TZyWindowSums::Run(std::span<const int> First, TZyWindowWeight Weighting,
+                                      std::span<const double> Width, double Rate) const {
+  switch (Weighting) {
+    case TZyWindowWeight::Linear:
+      return RunAs<TZyWindowWeight::Linear>(First, Width, Rate);
+    case TZyWindowWeight::Exponential:
+      return RunAs<TZyWindowWeight::Exponential>(First, Width, Rate);
+    default:
+      return RunAs<TZyWindowWeight::Equal>(First, Width, Rate);
+  }
 }
 
 }  // namespace zy

@@ -34,6 +34,9 @@ class TZyWindowSums {
                          double Rate) const;
 
  private:
+  template <TZyWindowWeight Weighting>
+  std::vector<TSums> RunAs(std::span<const int> First, std::span<const double> Width, double Rate) const;
+
   std::span<const double> FX, FY, FW;
 };
 
