@@ -37,6 +37,8 @@
 #include "series/ZyBars.h"
 #include "series/ZyBubbles.h"
 #include "series/ZyCandleSticks.h"
+#include "series/ZyInterpolation.h"
+#include "series/ZyLinearRegression.h"
 #include "series/ZyMovingAverage.h"
 #include "series/ZyOHLC.h"
 #include "series/ZyPointLook.h"

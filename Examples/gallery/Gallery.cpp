@@ -65,8 +65,8 @@ std::span<const TEntry> Entries() {
                                    {"coupled", "Two graphs, one X axis", MakeCoupled},
                                    {"sides", "Axes on four sides", MakeSides},
                                    {"rubrics", "An axis of texts", MakeRubrics},
-                                   {"ohlc", "Prices as OHLC bars, and volume", MakeOHLC},
-                                   {"candles", "Prices as candles, and volume", MakeCandles},
+                                   {"ohlc", "OHLC bars and volume", MakeOHLC},
+                                   {"candles", "Candles and volume", MakeCandles},
                                    {"electricity", "Stacked bars", MakeElectricity},
                                    {"electricity-cuboids", "Stacked cuboids", MakeElectricityCuboids},
                                    {"electricity-cylinders", "Stacked cylinders", MakeElectricityCylinders},
@@ -76,6 +76,9 @@ std::span<const TEntry> Entries() {
                                    {"population", "Bubbles on a log axis", MakePopulation},
                                    {"wind", "Arrows", MakeWind},
                                    {"months", "Error bars in both directions", MakeMonths},
+                                   {"curves", "Curves through points", MakeCurves},
+                                   {"trend", "Average, slope and regression", MakeTrend},
+                                   {"averages", "Moving averages and an integral", MakeAverages},
                                    {"zero-origin", "Axes through zero", MakeZeroOrigin}};
   return All;
 }

@@ -94,21 +94,37 @@ void TZyCalculation::TReader::KeepWithin(double Start, double Stop, TBlock& Bloc
   Block.W = Block.OfW.data();
 }
 
-TZyCalculation::TPoints TZyCalculation::ValidPoints(bool WithWeightZero) const {
+TZyCalculation::TPoints TZyCalculation::ValidPoints(bool WithWeightZero, bool WithWeights) const {
   TPoints Points;
   const auto Count = static_cast<std::size_t>(PointCount());
-  for (std::vector<double>* Values : {&Points.X, &Points.Y, &Points.W}) Values->resize(Count);
-  std::size_t Kept = 0;
-  ForEachPoint([&](double X, double Y, double W) {
-    if (W == 0 && !WithWeightZero) return;
-    Points.X[Kept] = X;
-    Points.Y[Kept] = Y;
-    Points.W[Kept] = W;
-    ++Kept;
+  Points.X.reserve(Count);
+  Points.Y.reserve(Count);
+  if (WithWeights) Points.W.reserve(Count);
+  std::array<double, BlockSize> X, Y, W;  // by blocks, since appending one by one would ask for room each time
+  ForEachBlock([&](const TBlock& Block) {
+    std::ptrdiff_t Kept = 0;
+    for (int k = 0; k < Block.Count; ++k) {
+      const auto Place = static_cast<std::size_t>(Kept);
+      X[Place] = Block.X[k];
+      Y[Place] = Block.Y[k];
+      W[Place] = std::fabs(Block.W[k]);
+      const bool IsFinite = std::isfinite(X[Place]) && std::isfinite(Y[Place]) && std::isfinite(W[Place]);
+      Kept += IsFinite && (W[Place] != 0 || WithWeightZero) ? 1 : 0;
+    }
+    Points.X.insert(Points.X.end(), X.begin(), X.begin() + Kept);
+    Points.Y.insert(Points.Y.end(), Y.begin(), Y.begin() + Kept);
+    if (WithWeights) Points.W.insert(Points.W.end(), W.begin(), W.begin() + Kept);
   });
-  for (std::vector<double>* Values : {&Points.X, &Points.Y, &Points.W}) Values->resize(Kept);
-  if (!XData->OnlyAscending()) QuickSortYWtoX(0, Points.Count() - 1, Points.X, Points.Y, Points.W);
+  if (!XData->OnlyAscending()) Points.Sort();
   return Points;
+}
+
+void TZyCalculation::TPoints::Sort() {
+  if (W.empty()) {
+    QuickSortYtoX(0, Count() - 1, X, Y);
+  } else {
+    QuickSortYWtoX(0, Count() - 1, X, Y, W);
+  }
 }
 
 }  // namespace zy

@@ -53,6 +53,8 @@ class TZyCalculation {
   struct TPoints {
     std::vector<double> X, Y, W;
     int Count() const { return static_cast<int>(X.size()); }
+    /// By ascending X.
+    void Sort();
   };
 
   /// Whether Xi, Yi and Wi are the values of the vectors as they stand, which are then read without these calls.
@@ -65,20 +67,17 @@ class TZyCalculation {
   /// Calls Do(X, Y, W) for each point that takes part and is finite, in their order.
   template <class TDo>
   void ForEachPoint(const TDo& Do) const {
-    const int Count = PointCount();
-    const TReader Reader(*this);
-    for (int First = 0; First < Count; First += BlockSize) {
-      TBlock Block;
-      Reader.Read(First, std::min(Count - First, BlockSize), Block);
+    ForEachBlock([&Do](const TBlock& Block) {
       for (int k = 0; k < Block.Count; ++k) {
         const double X = Block.X[k], Y = Block.Y[k], W = std::fabs(Block.W[k]);
         if (std::isfinite(X + Y + W) || (std::isfinite(X) && std::isfinite(Y) && std::isfinite(W))) Do(X, Y, W);
       }
-    }
+    });
   }
   /// The points that take part and are finite; those of weight 0 only on demand. By ascending X, unless the X vector
   /// says of itself that it is ascending: then as they come.
-  TPoints ValidPoints(bool WithWeightZero) const;
+  /// Weights that nobody wants are left out.
+  TPoints ValidPoints(bool WithWeightZero, bool WithWeights = true) const;
 
  private:
   static constexpr int BlockSize = 512;
@@ -89,6 +88,16 @@ class TZyCalculation {
     int Count = 0;
     std::array<double, BlockSize> OfX, OfY, OfW;
   };
+  template <class TDo>
+  void ForEachBlock(const TDo& Do) const {
+    const int Count = PointCount();
+    const TReader Reader(*this);
+    for (int First = 0; First < Count; First += BlockSize) {
+      TBlock Block;
+      Reader.Read(First, std::min(Count - First, BlockSize), Block);
+      Do(Block);
+    }
+  }
   /// Reads the vectors by blocks.
   class TReader {
    public:

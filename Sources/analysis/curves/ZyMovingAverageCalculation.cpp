@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "analysis/curves/ZyWindowSums.h"
+#include "analysis/ZyWindowSums.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
@@ -12,11 +12,6 @@ namespace zy {
 namespace {
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
-
-template <class T>
-std::vector<T> Reversed(const std::vector<T>& Values) {
-  return {Values.rbegin(), Values.rend()};
-}
 
 TZyWindowWeight WeightOf(TZyAveragingMethod Method) {
   switch (Method) {
@@ -115,14 +110,8 @@ std::vector<double> TZyMovingAverageCalculation::MeansOf(const TPoints& Points, 
         if (Windows.Width[i] != 0) ++NextToLow[i];
     }
     Before = Sums.Run(NextToLow.empty() ? Windows.Low : NextToLow, Weighting, Windows.Width, Rate(UsualWidth));
-    if (AveragingDirection == TZyAveragingDirection::UpAndDownwards) {
-      std::vector<double> X = Reversed(Points.X);
-      for (double& Value : X) Value = -Value;
-      std::vector<int> First = Reversed(Windows.High);
-      for (int& Value : First) Value = m - 1 - Value;
-      const std::vector<double> Y = Reversed(Points.Y), W = Reversed(Points.W);
-      Behind = Reversed(TZyWindowSums(X, Y, W).Run(First, Weighting, Reversed(Windows.Width), Rate(UsualWidth)));
-    }
+    if (AveragingDirection == TZyAveragingDirection::UpAndDownwards)
+      Behind = Sums.RunBehind(Windows.High, Weighting, Windows.Width, Rate(UsualWidth));
   }
   const double Heaviest = std::ranges::max(Points.W);
   for (int i = 0; i < m; ++i) {

@@ -2,8 +2,8 @@
 
 #include <vector>
 
+#include "analysis/ZyWindowSums.h"
 #include "analysis/curves/ZyInterpolationCalculation.h"
-#include "analysis/curves/ZyWindowSums.h"
 #include "platform/framework/EnumInfo.h"
 #include "series/vectors/ZyDoubleVector.h"
 

@@ -1,4 +1,4 @@
-#include "analysis/curves/ZyWindowSums.h"
+#include "analysis/ZyWindowSums.h"
 
 #include <cmath>
 
@@ -81,6 +81,18 @@ std::vector<TSums> TZyWindowSums::RunAs(std::span<const int> First, std::span<co
     Back.Add(Here, FW[i], FY[i]);
   }
   return Result;
+}
+
+/// The same in a mirror.
+std::vector<TSums> TZyWindowSums::RunBehind(std::span<const int> Last, TZyWindowWeight Weighting,
+                                            std::span<const double> Width, double Rate) const {
+  const auto Reversed = [](const auto& Values) { return std::vector(Values.rbegin(), Values.rend()); };
+  std::vector<double> X = Reversed(FX);
+  for (double& Value : X) Value = -Value;
+  std::vector<int> First = Reversed(Last);
+  for (int& Value : First) Value = static_cast<int>(FX.size()) - 1 - Value;
+  const auto Y = Reversed(FY), W = Reversed(FW);
+  return Reversed(TZyWindowSums(X, Y, W).Run(First, Weighting, Reversed(Width), Rate));
 }
 
 std::vector<TSums> TZyWindowSums::Run(std::span<const int> First, TZyWindowWeight Weighting,
