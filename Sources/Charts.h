@@ -4,6 +4,7 @@
 
 #include "analysis/ZyParseFkt.h"
 #include "analysis/curves/ZyMovingAverageCalculation.h"
+#include "annotations/ZyLegend.h"
 #include "annotations/ZyRichLabel.h"
 #include "graph/ZyGraph2D.h"
 #include "graph/ZyImageFileNames.h"

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "annotations/ZyLegend.h"
 #include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
 #include "platform/framework/Reflection.h"
@@ -23,6 +24,9 @@ class TUndoForm {
     Stack.SetName("Stack");
     Stack.SetLimit(0);
     AddCoupled();
+    Legend->SetName("Legend");
+    Legend->SetParent(Chart.Graph);
+    Legend->SetGraph(Chart.Graph);
     for (TZyGraph2D* Graph : Graphs()) Graph->SetUndoStack(&Stack);
     for (TZySeries* Series : Chart.AddOfEachKind("")) {
       Series->SetUndoStack(&Stack);
@@ -106,6 +110,7 @@ class TUndoForm {
 
   TSampleChart Chart;
   TForm& Form = Chart.Form;
+  TZyLegend* Legend = new TZyLegend(&Form);
   TSample Sample{&Form};
   TZyUndoStack Stack{&Form};
 };
@@ -159,7 +164,8 @@ class TUndoWalk : public TUndoForm {
     if (Vector->Count() > 0) Vector->Delete(Roll(static_cast<std::size_t>(Vector->Count())));
   }
   void Make() {
-    std::vector<const TClassInfo*> Kinds{&TZyAxis::StaticClassInfo(), &TZyDoubleVector::StaticClassInfo()};
+    std::vector<const TClassInfo*> Kinds{&TZyAxis::StaticClassInfo(), &TZyDoubleVector::StaticClassInfo(),
+                                         &TZyLegend::StaticClassInfo()};
     for (const TClassInfo* Info : RegisteredClasses())
       if (Info->Factory() != nullptr && Info->InheritsFrom(TZySeries::StaticClassInfo())) Kinds.push_back(Info);
     const TZyUndoGroup Group(&Stack, "new");
@@ -169,6 +175,10 @@ class TUndoWalk : public TUndoForm {
     if (auto* const Axis = dynamic_cast<TZyAxis*>(Component)) {
       Axis->SetUndoStack(&Stack);
       if (!Graphs().empty()) Axis->SetParent(AnyOf(Graphs()));
+    }
+    if (auto* const Made = dynamic_cast<TZyLegend*>(Component)) {
+      Made->SetUndoStack(&Stack);
+      if (!Graphs().empty()) Made->SetParent(AnyOf(Graphs()));
     }
     if (auto* const Series = dynamic_cast<TZySeries*>(Component)) {
       Series->SetUndoStack(&Stack);
