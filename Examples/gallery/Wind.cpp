@@ -42,4 +42,7 @@ void zy::examples::MakeWind(TChartDocument& Document) {
     Arrows.SetDeltaY(Vectors[3]);
     Arrows.SetCaption(Class.Caption);
   }
+  TZyLegend& Legend = Chart.AddLegend(Graph, TZyLegendPosition::RightCenterOfGraph);
+  Legend.SetBackColor(0xFFF4F8FB);
+  Legend.SetBorderRaised(true);
 }
