@@ -138,5 +138,7 @@ struct TCase {
 
 /// The cases of bars, and of other kinds of series of measured data.
 std::span<const TCase> KindCases();
+/// Those of legends.
+std::span<const TCase> LegendCases();
 
 }  // namespace zy::cases
