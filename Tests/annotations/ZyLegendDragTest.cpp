@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QKeyEvent>
 
 #include "annotations/ZyLegend.h"
@@ -134,6 +135,32 @@ TEST_F(ZyLegendDragTest, ArrowKeysMoveTheActiveLegend) {
   EXPECT_EQ(Stack.UndoCount(), 1);
   Stack.Undo();
   EXPECT_EQ(Place(), (TPoint{100, 100}));
+}
+
+TEST_F(ZyLegendDragTest, ScreenReadersFindAListOfItems) {
+  Legend->SetCaption("Measured");
+  Legend->SetCaptionVisible(true);
+  AddSeries("B", {0, 1}, {1, 2})->SetCaption(R"(\bbold\b)");
+  HandleEvents();
+  QAccessibleInterface* const Chart = QAccessible::queryAccessibleInterface(Graph->Widget());
+  QAccessibleInterface* List = nullptr;
+  for (int Index = 0; Index < Chart->childCount(); ++Index)
+    if (Chart->child(Index)->role() == QAccessible::List) List = Chart->child(Index);
+  ASSERT_NE(List, nullptr);
+  EXPECT_EQ(List->text(QAccessible::Name), "Measured");
+  EXPECT_EQ(Chart->indexOfChild(List), Chart->childCount() - 1);
+  ASSERT_EQ(List->childCount(), 2);
+  EXPECT_EQ(List->child(0)->text(QAccessible::Name), "A");
+  EXPECT_EQ(List->child(1)->text(QAccessible::Name), "bold");
+  EXPECT_EQ(List->child(1)->parent(), List);
+  const QPoint Corner = Graph->Widget()->mapToGlobal(QPoint(Legend->Left(), Legend->Top()));
+  EXPECT_EQ(List->rect().topLeft(), Corner);
+  EXPECT_EQ(Chart->childAt(Corner.x() + 3, Corner.y() + 3), List);
+  Key(Qt::Key_Tab);
+  EXPECT_TRUE(List->state().focused);
+  delete Legend;
+  EXPECT_FALSE(List->isValid());
+  EXPECT_EQ(List->childCount(), 0);
 }
 
 }  // namespace

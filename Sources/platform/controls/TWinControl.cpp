@@ -14,6 +14,7 @@
 #include <exception>
 #include <utility>
 
+#include "platform/controls/AccessibleControls.h"
 #include "platform/controls/InputDispatch.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TGraphicControl.h"
@@ -247,6 +248,7 @@ QWidget* TWinControl::Widget() {
   if (FWidget != nullptr) return FWidget;  // the parent's widget came with all that lies in it
   FWidget = CreateWidget();
   FPainted = dynamic_cast<TPaintedWidget*>(FWidget) != nullptr;
+  if (FPainted) TellScreenReaders(*FWidget, *this);
   FLink.reset();
   FWidget->resize(Width(), Height());
   if (Outer != nullptr) FWidget->setParent(Outer);
