@@ -112,8 +112,6 @@ class TSoak {
     for (TComponent* Component : Edited.Form.Components())
       if (auto* const Control = dynamic_cast<TControl*>(Component); Control != nullptr && !Control->HasParent())
         return;  // an axis of a graph that is gone lies in the form when it comes back
-    for (TComponent* Component : Edited.Form.Components())
-      if (auto* const Legend = dynamic_cast<TZyLegend*>(Component)) Legend->PreparePaint();  // as one that was loaded is
     TForm Loaded;
     auto& Sample = *new TSample(&Loaded);  // only it makes its part
     Sample.SetName("Sample");

@@ -66,6 +66,8 @@ class TUndoForm {
     for (bool IsPainted = false; !IsPainted;) {
       try {
         for (TZyGraph2D* Graph : Graphs()) Chart.Paint(*Graph);
+        for (TComponent* Component : Form.Components())  // hidden ones as well
+          if (auto* const One = dynamic_cast<TZyLegend*>(Component)) One->PreparePaint();
         IsPainted = true;
       } catch (const EMathError&) {
         // A calculation has no points between the ends that were set for it, which each one tells once.
