@@ -111,6 +111,9 @@ std::span<const TEntry> Entries() {
                                    {"population", "Bubbles on a log axis", MakePopulation},
                                    {"wind", "Arrows", MakeWind},
                                    {"months", "Error bars in both directions", MakeMonths},
+                                   {"curves", "Curves through points", MakeCurves},
+                                   {"trend", "Average, slope and regression", MakeTrend},
+                                   {"averages", "Moving averages and an integral", MakeAverages},
                                    {"zero-origin", "Axes through zero", MakeZeroOrigin}};
   return All;
 }

@@ -78,6 +78,9 @@ void MakeElectricityLyingCylinders(TChartDocument& Document);
 void MakePopulation(TChartDocument& Document);
 void MakeWind(TChartDocument& Document);
 void MakeMonths(TChartDocument& Document);
+void MakeCurves(TChartDocument& Document);
+void MakeTrend(TChartDocument& Document);
+void MakeAverages(TChartDocument& Document);
 void MakeZeroOrigin(TChartDocument& Document);
 
 struct TEntry {

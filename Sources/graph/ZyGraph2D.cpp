@@ -9,6 +9,7 @@
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
+#include "platform/framework/WideRegisters.h"
 #include "series/ZySeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "undo/ZyChange.h"
@@ -266,6 +267,7 @@ void TZyGraph2D::SortLayers() {
 void TZyGraph2D::Calculate() {
   if (Updating() || FPrimaryXAxis == nullptr || FPrimaryYAxis == nullptr) return;
   const TBusyCursor Busy;
+  ClearWideRegisters();
   CheckCoupled();
   SortLayers();
   FTitleRec.ParseIfNeeded();

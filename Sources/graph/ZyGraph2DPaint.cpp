@@ -4,6 +4,7 @@
 #include "graph/ZyGraphPainter.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/ScopedFlag.h"
+#include "platform/framework/WideRegisters.h"
 #include "series/ZySeries.h"
 
 namespace zy {
@@ -42,6 +43,7 @@ bool TZyGraph2D::PreparePaint() {
 
 void TZyGraph2D::PaintGr(Graphics& Gr) {
   if (!PreparePaint()) return;
+  ClearWideRegisters();
   TZyGraphPainter(*this, Gr).Paint();
   ShowScrollBars();
 }

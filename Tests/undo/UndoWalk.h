@@ -86,8 +86,8 @@ class TUndoForm {
   std::string Text() {
     Paint();
     std::string Result = Bytes();
-    for (const std::string_view Name :
-         {"Left", "Top", "Width", "Height", "CalculationStart", "CalculationStop", "DisplayStart", "DisplayStop"}) {
+    for (const std::string_view Name : {"Left", "Top", "Width", "Height", "CalculationStart", "CalculationStop",
+                                        "DisplayStart", "DisplayStop", "Offset"}) {
       const std::string Row = std::string("\x07") + static_cast<char>(Name.size()) + std::string(Name);
       for (std::size_t At = Result.find(Row); At != std::string::npos; At = Result.find(Row, At)) {
         const char Tag = Result[At + Row.size()];  // of one, two, four or eight bytes
