@@ -94,6 +94,10 @@ class ZyLegendTest : public ::testing::Test, public TSampleChart {
 
 TEST_F(ZyLegendTest, ListsTheSeriesInTheirOrder) {
   EXPECT_EQ(Listed(), "ABC");
+  Series("A").SetLayer(5);
+  EXPECT_EQ(Listed(), "BCA");
+  Series("A").SetLayer(-1);
+  EXPECT_EQ(Listed(), "ABC");
   Series("B").SetVisible(false);
   EXPECT_EQ(Listed(), "AC");
   Series("C").SetMergeLegendItemWith(&Series("B"));
@@ -110,6 +114,10 @@ TEST_F(ZyLegendTest, ListsTheSeriesInTheirOrder) {
   Coupled->SetCaption("D");
   Coupled->SetYAxis(OtherY);
   EXPECT_EQ(Listed(), "BAD");
+  Other.SetPrimaryXAxis(OtherY);
+  EXPECT_EQ(Listed(), "BA") << "no longer coupled";
+  Other.SetPrimaryXAxis(X);
+  EXPECT_EQ(Listed(), "BAD");
   Legend->SetGraph(&Other);  // whose X axis is the other one's
   EXPECT_EQ(Listed(), "ABD") << "the order list is for series of the legend's own graph";
   delete &Series("A");
@@ -121,6 +129,15 @@ TEST_F(ZyLegendTest, ListsTheSeriesInTheirOrder) {
   EXPECT_EQ(Legend->Graph(), nullptr);
   EXPECT_TRUE(Graph->RelatedLegends().empty());
   EXPECT_EQ(Listed(), "0B") << "the parent is taken for the graph";
+  TZyGraph2D& Third = AddCoupled();
+  auto* const ThirdY = new TZyAxis(&Form);
+  ThirdY->SetPosition(TZyAxisPosition::Left);
+  ThirdY->SetParent(&Third);
+  AddSeries("E", {0, 1}, {1, 2})->SetYAxis(ThirdY);
+  Series("E").SetCaption("E");
+  EXPECT_EQ(Listed(), "0B1E");
+  delete &Third;
+  EXPECT_EQ(Listed(), "0B") << "without those of a coupled graph that is gone";
 }
 
 TEST_F(ZyLegendTest, IsAsLargeAsItsContent) {
