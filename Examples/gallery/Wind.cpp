@@ -43,6 +43,10 @@ void zy::examples::MakeWind(TChartDocument& Document) {
     Arrows.SetCaption(Class.Caption);
   }
   TZyLegend& Legend = Chart.AddLegend(Graph, TZyLegendPosition::RightCenterOfGraph);
-  Legend.SetBackColor(0xFFF4F8FB);
-  Legend.SetBorderRaised(true);
+  Legend.BackgroundGradient().SetVisible(true);
+  Legend.BackgroundGradient().SetFirstColor(0xFFF0F6FA);
+  Legend.BackgroundGradient().SetMiddleColor(0xFFF4F8FB);
+  Legend.BackgroundGradient().SetLastColor(0xFFDCE8F2);
+  Legend.SetDropShadow(true);
+  Legend.SetCornerRounding(10);
 }
