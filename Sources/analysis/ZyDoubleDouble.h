@@ -23,14 +23,16 @@ class TZyDoubleDouble {
   }
   friend TZyDoubleDouble operator-(const TZyDoubleDouble& a, const TZyDoubleDouble& b) { return a + -b; }
   friend TZyDoubleDouble operator*(const TZyDoubleDouble& a, const TZyDoubleDouble& b) {
-    const double Product = a.FHigh * b.FHigh;
-    const TZyDoubleDouble A = Halves(a.FHigh), B = Halves(b.FHigh);
-    const double Dropped = ((A.FHigh * B.FHigh - Product) + A.FHigh * B.FLow + A.FLow * B.FHigh) + A.FLow * B.FLow;
-    return Normal(Product, Dropped + (a.FHigh * b.FLow + a.FLow * b.FHigh));
+    const TZyDoubleDouble Product = ExactProduct(a.FHigh, b.FHigh);
+    return Normal(Product.FHigh, Product.FLow + (a.FHigh * b.FLow + a.FLow * b.FHigh));
+  }
+  friend TZyDoubleDouble operator*(const TZyDoubleDouble& a, double b) {
+    const TZyDoubleDouble Product = ExactProduct(a.FHigh, b);
+    return Normal(Product.FHigh, Product.FLow + a.FLow * b);
   }
   friend TZyDoubleDouble operator/(const TZyDoubleDouble& a, const TZyDoubleDouble& b) {
     const double Quotient = a.FHigh / b.FHigh;
-    const TZyDoubleDouble Rest = a - b * TZyDoubleDouble(Quotient);
+    const TZyDoubleDouble Rest = a - b * Quotient;
     return Normal(Quotient, Rest.FHigh / b.FHigh);
   }
 
@@ -39,6 +41,11 @@ class TZyDoubleDouble {
   static TZyDoubleDouble ExactSum(double a, double b) {
     const double Sum = a + b, Other = Sum - a;
     return {Sum, (a - (Sum - Other)) + (b - Other)};
+  }
+  static TZyDoubleDouble ExactProduct(double a, double b) {
+    const double Product = a * b;
+    const TZyDoubleDouble A = Halves(a), B = Halves(b);
+    return {Product, ((A.FHigh * B.FHigh - Product) + A.FHigh * B.FLow + A.FLow * B.FHigh) + A.FLow * B.FLow};
   }
   /// Two parts of half the digits each, whose products are exact. (A fused multiplication would do without, but as a
   /// call of the library's it costs more than all of this.)

@@ -290,9 +290,9 @@ void TZyGraph2D::CalculateCoupled() {
   };
   if (!IsCoupledGraph()) {
     for (TZyGraph2D* Child : ChildGraphs()) BringOtherUpToDate(*Child);
-    FPrimaryXAxis->Calculate();
+    if (FPrimaryXAxis != nullptr) FPrimaryXAxis->Calculate();  // handlers may have freed it
   } else {
-    if (FPrimaryYAxis->Parent() == this) FPrimaryYAxis->Calculate();
+    if (FPrimaryYAxis != nullptr && FPrimaryYAxis->Parent() == this) FPrimaryYAxis->Calculate();
     if (TZyGraph2D* const Master = MasterGraph()) BringOtherUpToDate(*Master);
   }
 }

@@ -36,9 +36,8 @@ bool TZyGraph2D::PreparePaint() {
     SetBounds(Left(), Top(), Width(), Height());
     FOnce = false;
   }
-  if (!HasPrimaryAxes()) return false;
   BringUpToDate();
-  return true;
+  return HasPrimaryAxes();  // handlers may have freed one
 }
 
 void TZyGraph2D::PaintGr(Graphics& Gr) {

@@ -134,25 +134,25 @@ void TZyInterpolationCalculation::ApproximativeSplineCoeffs(const TPoints& Point
     Rows[i].Distance = Distance * PerUnit;
     Rows[i].Reciprocal = T(Unit) / Distance;
   }
-  const auto Softness = [&](std::size_t i) {  // 6 / w
-    return W[i] == Lightest ? T(OfSmoothing) : T(Lightest * OfSmoothing) / W[i];
-  };
+  const auto Softness = [&](std::size_t i) { return Lightest * OfSmoothing / W[i]; };  // 6 / w
   const auto SlopeAt = [&](std::size_t i) { return T::Difference(Y[i + 1], Y[i]) * Rows[i].Reciprocal; };
-  T Softness0 = Softness(0), Softness1 = Softness(1), Slope = SlopeAt(0), Sum;
+  double Softness0 = Softness(0), Softness1 = Softness(1);
+  T Slope = SlopeAt(0), Sum;
   for (std::size_t i = 0; i + 2 < n; ++i) {
     TRow& Row = Rows[i];
     const T &h = Row.Distance, &r = Row.Reciprocal, &NextR = Rows[i + 1].Reciprocal;
-    const T Softness2 = Softness(i + 2), NextSlope = SlopeAt(i + 1), NextSum = r + NextR;
-    const T Soft1 = Softness1 * NextSum;
+    const double Softness2 = Softness(i + 2);
+    const T NextSlope = SlopeAt(i + 1), NextSum = r + NextR;
+    const T Soft1 = NextSum * Softness1;
     T Pivot =
-        T(2 * OfSpline) * (h + Rows[i + 1].Distance) + Softness0 * r * r + Soft1 * NextSum + Softness2 * NextR * NextR;
-    Row.Right = T(3) * (NextSlope - Slope);
+        (h + Rows[i + 1].Distance) * (2 * OfSpline) + r * r * Softness0 + Soft1 * NextSum + NextR * NextR * Softness2;
+    Row.Right = (NextSlope - Slope) * 3;
     if (i >= 1) {
       const TRow& Last = Rows[i - 1];
-      T Beside = T(OfSpline) * h - (Softness0 * Sum + Soft1) * r;
+      T Beside = h * OfSpline - (Sum * Softness0 + Soft1) * r;
       if (i >= 2) {
         const TRow& BeforeLast = Rows[i - 2];
-        const T Far = Softness0 * Last.Reciprocal * r;
+        const T Far = Last.Reciprocal * r * Softness0;
         Row.FarLeft = Far * BeforeLast.OfPivot;
         Pivot = Pivot - Row.FarLeft * Far;
         Row.Right = Row.Right - Row.FarLeft * BeforeLast.Right;
@@ -177,11 +177,10 @@ void TZyInterpolationCalculation::ApproximativeSplineCoeffs(const TPoints& Point
   FX = X;
   FX.push_back(X[n - 1]);
   FPieces.resize(n + 1);
-  const T Third = T(1) / 3;
   T Before, Value;
   for (std::size_t i = 0; i < n; ++i) {
     const T After = i + 1 < n ? (CurvatureAt(i + 1) - CurvatureAt(i)) * Rows[i].Reciprocal : T(0);
-    const T NextValue = T(Y[i]) - (After - Before) * (Softness(i) * Third);
+    const T NextValue = T(Y[i]) - (After - Before) * (Softness(i) / 3);
     if (i > 0) {  // the piece before the point
       const auto h = static_cast<double>(Rows[i - 1].Distance);
       const auto Rise = static_cast<double>(NextValue - Value), Bend = OfSpline * static_cast<double>(Before);
