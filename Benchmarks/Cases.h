@@ -140,5 +140,7 @@ struct TCase {
 std::span<const TCase> KindCases();
 /// Those of analysis curves; of most the calculation alone.
 std::span<const TCase> CurveCases();
+/// Those of legends.
+std::span<const TCase> LegendCases();
 
 }  // namespace zy::cases

@@ -19,13 +19,14 @@ void zy::examples::MakeAverages(TChartDocument& Document) {
     Closes.Add(File.Real(Row, File.Column("close")));
     Volumes.Add(File.Real(Row, File.Column("volume")) / 1e9);
   }
-  Chart.AddSeries(Upper, &Days, Closes, 0xFFBBBBBB);
+  Chart.AddSeries(Upper, &Days, Closes, 0xFFBBBBBB).SetCaption("closing price");
   constexpr std::pair<int, TZyColor> Averages[] = {{20, 0xFFE6A117}, {50, 0xFFC8391F}, {200, 0xFF1F4E9C}};
   for (const auto& [Number, Color] : Averages) {
     auto& Average = Chart.AddSeries<TZyMovingAverage>(Upper, &Days, Closes, Color);
     Average.SetAveragingMethod(TZyAveragingMethod::Simple);
     Average.SetN(Number - 1);  // values before each one
     Average.Line().SetWidth(1.5);
+    Average.SetCaption("average of " + std::to_string(Number) + " days");
   }
   auto& Volume = Chart.AddSeries(Lower, &Days, Volumes, 0xFF9AA5B1);
   Volume.Area().SetVisible(true);
@@ -33,6 +34,9 @@ void zy::examples::MakeAverages(TChartDocument& Document) {
   auto& Sum = Chart.AddSeries<TZyIntegral>(Lower, &Days, Volumes, Colors::SeaGreen);
   Sum.SetYAxis(&Traded);
   Sum.Line().SetWidth(2);
+  Volume.SetCaption("volume of a day");
+  Sum.SetCaption("traded up to a day");
+  Chart.AddLegend(Upper, TPoint{110, 60});  // of both graphs
   Traded.SetCaptionColor(Colors::SeaGreen);
   Traded.SetNumbersColor(Colors::SeaGreen);
 }

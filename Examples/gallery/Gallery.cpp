@@ -1,5 +1,7 @@
 #include "gallery/Gallery.h"
 
+#include <cctype>
+
 namespace zy::examples {
 
 TZyGraph2D& TChartPage::AddGraph(const char* Title, const char* XCaption, const char* YCaption) {
@@ -54,6 +56,39 @@ TZyAxis& TChartPage::AddAxis(TZyGraph2D& Graph, TZyAxisPosition Position, const 
   Axis.CaptionFont().Assign(&Graph.PrimaryYAxis()->CaptionFont());
   Axis.Font().Assign(&Graph.PrimaryYAxis()->Font());
   return Axis;
+}
+
+TZyLegend& TChartPage::AddLegend(TZyGraph2D& Graph, TZyLegendPosition Position) {
+  auto& Legend = Add<TZyLegend>("Legend");
+  Legend.SetParent(&Graph);
+  Legend.SetGraph(&Graph);
+  Legend.SetPosition(Position);
+  Legend.Font().SetSize(10);
+  Legend.SetItemWidth(36);
+  Legend.SetDistanceItemCaption(6);
+  Legend.SetDistanceBetweenColumns(16);
+  Legend.Frame().SetVisible(false);
+  return Legend;
+}
+
+TZyLegend& TChartPage::AddLegend(TZyGraph2D& Graph, TPoint Place) {
+  TZyLegend& Legend = AddLegend(Graph, TZyLegendPosition::FreeFloating);
+  Legend.SetBounds(Place.X, Place.Y, 0, 0);
+  Legend.SetBackColor(0xF0FFFFFF);
+  Legend.Frame().SetVisible(true);
+  Legend.Frame().SetColor(0xFFB0B0B0);
+  Legend.SetDropShadow(true);
+  return Legend;
+}
+
+std::string TChartPage::ReadableName(std::string Name) {
+  char Before = ' ';
+  for (char& Letter : Name) {
+    if (Letter == '_') Letter = ' ';
+    if (Before == ' ') Letter = static_cast<char>(std::toupper(static_cast<unsigned char>(Letter)));
+    Before = Letter;
+  }
+  return Name;
 }
 
 std::span<const TEntry> Entries() {

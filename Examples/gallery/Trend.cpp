@@ -29,7 +29,7 @@ void zy::examples::MakeTrend(TChartDocument& Document) {
   Line.ConfidenceIntervalArea().SetForeColor(0x40808080);
   Line.ConfidenceIntervalLine().SetVisible(true);
   Line.ConfidenceIntervalLine().SetColor(0xA0808080);
-  Chart.AddSeries(Graph, &Years, Measured, 0xFF9ECAE1);
+  Chart.AddSeries(Graph, &Years, Measured, 0xFF9ECAE1).SetCaption("measured");
   auto& Average = Chart.AddSeries<TZyMovingAverage>(Graph, &Years, Measured, 0xFF08519C);
   Average.SetAveragingMethod(TZyAveragingMethod::Simple);
   Average.SetAveragingDirection(TZyAveragingDirection::UpAndDownwards);
@@ -43,6 +43,10 @@ void zy::examples::MakeTrend(TChartDocument& Document) {
   Rise.SetCaptionColor(Colors::Firebrick);
   Rise.SetNumbersColor(Colors::Firebrick);
   const std::string Name = Line.VariablesRef();
+  Line.SetCaption("regression, \\b<%" + Name + ".Slope;0.00%>\\b ppm a year");
+  Average.SetCaption("average of a year");
+  Slope.SetCaption("rise per year");
+  Chart.AddLegend(Graph, TPoint{110, 70});
   Graph.SetCaptionVisible(true);
   Graph.SetCaption("Carbon dioxide rises by <%" + Name + ".Slope;0.00%> \xC2\xB1 <%" + Name +
                    ".DeltaSlope;0.00%> ppm a year");

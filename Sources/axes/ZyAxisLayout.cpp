@@ -11,6 +11,7 @@
 #include "graph/parts/ZyGraphParts.h"
 #include "platform/controls/TScrollBar.h"
 #include "platform/controls/TWinControl.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {
@@ -163,7 +164,7 @@ std::vector<IZyGraphLegend*> TZyAxisLayout::LegendsAtSides() const {
   std::vector<IZyGraphLegend*> Result;
   for (TControl* Control : FParent.Controls()) {
     auto* const Legend = dynamic_cast<IZyGraphLegend*>(Control);
-    if (Legend != nullptr && Control->Visible() && Legend->Position() != TZyLegendPosition::FreeFloating)
+    if (Legend != nullptr && Control->Visible() && Legend->Dock() != TZyLegendPosition::FreeFloating)
       Result.push_back(Legend);
   }
   return Result;
@@ -174,10 +175,14 @@ void TZyAxisLayout::ReserveLegends() {
   using enum TZyLegendPosition;
   float Left = 0, Right = 0, Top = 0, Bottom = 0;
   for (IZyGraphLegend* Legend : LegendsAtSides()) {
-    Legend->PreparePaint();
+    try {
+      Legend->PreparePaint();
+    } catch (const EAbort&) {
+      continue;  // a handler freed it
+    }
     TControl& Control = Legend->Control();
     const auto Width = static_cast<float>(Control.Width()), Height = static_cast<float>(Control.Height());
-    switch (Legend->Position()) {
+    switch (Legend->Dock()) {
       case BottomCenterOfGraph:
       case BottomCenterOfAxis:
         Control.SetTop(Rounded(FHeight - Height - FBottom.Margin));
@@ -321,7 +326,7 @@ void TZyAxisLayout::PlaceLegends() {
   for (IZyGraphLegend* Legend : LegendsAtSides()) {
     TControl& Control = Legend->Control();
     const auto Width = static_cast<float>(Control.Width()), Height = static_cast<float>(Control.Height());
-    switch (Legend->Position()) {
+    switch (Legend->Dock()) {
       case BottomCenterOfGraph:
       case TopCenterOfGraph:
         Control.SetLeft((FParent.Width() - Control.Width()) / 2);

@@ -61,6 +61,7 @@ TZyGraph2D::~TZyGraph2D() {
     SetMoving(FPinching, false);
   }
   Destroying();
+  if (TZyGraph2D* const Master = MasterGraph()) Master->LegendsModified();  // which listed the series of this one
 }
 
 /// A line that is not shown at first.
@@ -103,8 +104,10 @@ void TZyGraph2D::TakePrimaryXAxis(TZyAxis* Value) {
   for (TZyGraph2D* Master : {OldMaster, MasterGraph()}) {
     if (Master == nullptr || Master->IsDestroying()) continue;
     Master->CheckCoupled();
+    Master->LegendsModified();
     Master->Modified();
   }
+  LegendsModified();
   Modified();
 }
 
@@ -262,6 +265,7 @@ void TZyGraph2D::SortLayers() {
   }
   int Layer = 0;
   for (TZySeries* Series : Order) Series->Renumber(Layer++);
+  if (!IsSorted) LegendsModified();  // these list them in their order
 }
 
 void TZyGraph2D::Calculate() {

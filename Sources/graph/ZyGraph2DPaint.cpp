@@ -3,6 +3,7 @@
 #include "graph/ZyGraph2D.h"
 #include "graph/ZyGraphPainter.h"
 #include "platform/drawing/Graphics.h"
+#include "platform/framework/ScopedFlag.h"
 #include "platform/framework/WideRegisters.h"
 #include "series/ZySeries.h"
 
@@ -20,7 +21,10 @@ void TZyGraph2D::Paint(Graphics& Gr) {
       DoRepaint = DoRepaint || (Series->Visible() && ((Grows && Series->CanDoCanvasDraw()) ||
                                                       (Moves && Series->Area().Visible() && !Series->Area().Solid())));
   FLastClip = Clip;
-  PaintGr(Gr);
+  {
+    const TScopedValue OnScreen(FPaintsScreen, true);
+    PaintGr(Gr);
+  }
   TZyCustomGraph::Paint(Gr);
   if (DoRepaint) Invalidate();
 }

@@ -523,6 +523,7 @@ class TZySeries : public TComponent,
   TZyPen FOutOfRangePen;
   SolidBrush FOutOfRangeBrush;
   float FLastSymbolSize = 0;
+  float FLastItemHeight = 1;  // of a plain line
   TZyRichCaption FCaption;
   TZyCaptionOfName FCaptionOfName;
   TZyDependentList FObjectsToUpdate;  // what shows values of the series

@@ -11,6 +11,7 @@
 #include <QImage>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -224,7 +225,9 @@ class TSoak {
 
   void Make() {
     if (More().size() > 30) return;
-    switch (Roll(4)) {
+    switch (Roll(5)) {
+      case 4:
+        return MakeLegend();
       case 0:
         return Named(new TZyDoubleVector(&FLive.Form))->AddRange({1, 5, 3});
       case 1:
@@ -246,6 +249,25 @@ class TSoak {
             Info->SetObject(*Series, AnyOf(All<TZyDoubleVector>()));
       }
     }
+  }
+
+  void MakeLegend() {
+    auto* const Legend = Named(new TZyLegend(&FLive.Form));
+    Legend->SetParent(AnyOf(All<TZyGraph2D>()));
+    Legend->SetPosition(static_cast<TZyLegendPosition>(Roll(2) == 0 ? 10 : Roll(11)));
+    if (Roll(2) == 0) Legend->SetOnGetLegendItemCaption([this](auto&&...) { Throw(); });
+    if (Roll(2) == 0) Legend->SetOnDrawLegendItem([this](auto&&...) { Throw(); });
+  }
+
+  /// A part of a drag, which need not begin or end.
+  void Drag(TZyLegend& Legend) {
+    const int X = Roll(900) - 200, Y = Roll(700) - 200;
+    if (Roll(2) == 0) Legend.MouseDown(mbLeft, {ssLeft}, X, Y);
+    for (int Moves = Roll(4); Moves > 0; --Moves) Legend.MouseMove({ssLeft}, Roll(900) - 200, Y);
+    TKey Key = std::array{vkEscape, vkLeft, vkDown, vkSpace}[static_cast<std::size_t>(Roll(4))];
+    if (Roll(3) == 0) Legend.KeyDown(Key, {});
+    if (Roll(2) == 0) Legend.MouseUp(mbLeft, {}, X, Y);
+    if (Roll(4) == 0) Legend.SetVisible(!Legend.Visible());
   }
 
   void Append(TZySeries& Series, int Count) {
@@ -285,7 +307,9 @@ class TSoak {
       if (What == 8) delete AnyOf(More());
       if (What == 9) SetHandler();
       if (What == 10) ClearHandlers();
-      if (What > 10) return;
+      if (What == 11)
+        if (auto* const Legend = AnyOf(All<TZyLegend>())) Drag(*Legend);
+      if (What > 11) return;
       const TPoint Mouse = Place();  // before the paint, too
       for (int Times = 0; Times < 2; ++Times) {
         for (TZyGraph2D* Graph : All<TZyGraph2D>()) Graph->FindSeriesPoint(Mouse.X, Mouse.Y);
