@@ -20,33 +20,18 @@ bool HasRows(const TDoubleDynMatrix& Matrix, std::size_t Rows, std::size_t Colum
                              [=](const auto& Row) { return Row.size() >= Columns; });
 }
 
-/// Leaves the upper factor in the matrix, the multipliers below its diagonal, and the solution in Right. Row(i) is row
-/// i of the matrix.
-template <class TRow>
-void SolveBand(std::size_t N, std::size_t Lower, std::size_t Upper, const TRow& Row, std::span<double> Right) {
+/// Leaves the upper factor in the matrix and the multipliers below its diagonal.
+void FactorizeBand(std::size_t N, std::size_t Lower, std::size_t Upper, TDoubleDynMatrix& Matrix) {
   for (std::size_t i = 0; i + 1 < N; ++i) {
-    const double* const Above = Row(i);
-    const double Pivot = Above[Lower];
+    const double Pivot = Matrix[i][Lower];
     if (std::fabs(Pivot) < SmallestDouble) continue;
     const std::size_t LastBelow = std::min(Lower, N - 1 - i), LastRight = std::min(Upper, N - 1 - i);
     for (std::size_t k = 1; k <= LastBelow; ++k) {
-      double* const Below = Row(i + k);
-      const double Multiplier = Below[Lower - k] /= Pivot;
-      for (std::size_t j = 1; j <= LastRight; ++j) Below[Lower + j - k] -= Multiplier * Above[Lower + j];
+      TDoubleDynArray& Row = Matrix[i + k];
+      const double Multiplier = Row[Lower - k] /= Pivot;
+      for (std::size_t j = 1; j <= LastRight; ++j) Row[Lower + j - k] -= Multiplier * Matrix[i][Lower + j];
     }
   }
-  for (std::size_t i = 0; i + 1 < N; ++i)
-    for (std::size_t k = 1; k <= Lower && i + k < N; ++k) Right[i + k] -= Row(i + k)[Lower - k] * Right[i];
-  for (std::size_t i = N; i-- > 0;) {
-    const double* const Own = Row(i);
-    for (std::size_t k = 1; k <= Upper && i + k < N; ++k) Right[i] -= Own[Lower + k] * Right[i + k];
-    Right[i] /= Own[Lower];
-  }
-}
-
-void CheckBand(int N, int Lower, int Upper) {
-  if (N < 3 || std::int64_t{Lower} + Upper > N) throw EMathError(LoadResString(_sNotEnoughData));
-  if (Lower < 0 || Upper < 0) throw EMathError(LoadResString(_sMatrixDimensionPositive));
 }
 
 void CheckPivot(double Pivot) {
@@ -62,22 +47,20 @@ double Polynom(double X, std::span<const double> Coefficients) {
 }
 
 void SolveBandMatrix(int N, int Lower, int Upper, TDoubleDynMatrix& Matrix, TDoubleDynArray& Right) {
-  CheckBand(N, Lower, Upper);
+  if (N < 3 || std::int64_t{Lower} + Upper > N) throw EMathError(LoadResString(_sNotEnoughData));
+  if (Lower < 0 || Upper < 0) throw EMathError(LoadResString(_sMatrixDimensionPositive));
   const auto Rows = static_cast<std::size_t>(N), Below = static_cast<std::size_t>(Lower),
              Above = static_cast<std::size_t>(Upper);
   if (!HasRows(Matrix, Rows, Below + 1 + Above) || Right.size() < Rows)
     throw EMathError(LoadResString(_sNotEnoughData));
-  SolveBand(
-      Rows, Below, Above, [&Matrix](std::size_t i) { return Matrix[i].data(); }, Right);
-}
 
-void SolveBandMatrix(int N, int Lower, int Upper, std::span<double> Matrix, std::span<double> Right) {
-  CheckBand(N, Lower, Upper);
-  const auto Rows = static_cast<std::size_t>(N), Below = static_cast<std::size_t>(Lower),
-             Above = static_cast<std::size_t>(Upper), Columns = Below + 1 + Above;
-  if (Matrix.size() / Columns < Rows || Right.size() < Rows) throw EMathError(LoadResString(_sNotEnoughData));
-  SolveBand(
-      Rows, Below, Above, [&](std::size_t i) { return Matrix.data() + i * Columns; }, Right);
+  FactorizeBand(Rows, Below, Above, Matrix);
+  for (std::size_t i = 0; i + 1 < Rows; ++i)
+    for (std::size_t k = 1; k <= Below && i + k < Rows; ++k) Right[i + k] -= Matrix[i + k][Below - k] * Right[i];
+  for (std::size_t i = Rows; i-- > 0;) {
+    for (std::size_t k = 1; k <= Above && i + k < Rows; ++k) Right[i] -= Matrix[i][Below + k] * Right[i + k];
+    Right[i] /= Matrix[i][Below];
+  }
 }
 
 void SolveTridiagonalEquationSystem(int N, TDoubleDynArray& Lower, TDoubleDynArray& Main, TDoubleDynArray& Upper,

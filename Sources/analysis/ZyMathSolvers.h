@@ -23,8 +23,6 @@ double Polynom(double X, std::span<const double> Coefficients);
 /// stays. Throws `EMathError` for N below 3, for bandwidths that are negative or together above N, and for arrays that
 /// hold less than they are said to; nothing is changed then.
 void SolveBandMatrix(int N, int Lower, int Upper, TDoubleDynMatrix& Matrix, TDoubleDynArray& Right);
-/// The same of a matrix whose rows stand one behind the other, Lower + 1 + Upper elements each.
-void SolveBandMatrix(int N, int Lower, int Upper, std::span<double> Rows, std::span<double> Right);
 
 /// Solves a tridiagonal system of N equations in place by the elimination of L. H. Thomas ("Elliptic Problems in Linear
 /// Differential Equations over a Network", Watson Scientific Computing Laboratory, 1949), without allocating.

@@ -159,7 +159,7 @@ void TZyLinearRegression::TakeNewPixels() {
 /// Where the curve is cut at the data area, the band begins a tenth before it.
 void TZyLinearRegression::TakeBand() {
   const bool IsLog = XAxis()->HasLogScaling();
-  const auto [Low, High] = std::minmax(XAxis()->Start(), XAxis()->Stop());
+  const auto [Low, High] = std::minmax({XAxis()->Start(), XAxis()->Stop()});
   double Start = std::max(DisplayStart(), Low), Stop = std::min(DisplayStop(), High);
   if (ClipYValues() && IsLog) {
     const double Margin = std::pow(Stop / Start, 0.1);

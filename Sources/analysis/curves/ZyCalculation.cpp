@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "analysis/ZyMathSorting.h"
+#include "platform/framework/WideRegisters.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
@@ -40,7 +41,10 @@ int TZyCalculation::PointCount() const {
 }
 
 TZyCalculation::TReader::TReader(const TZyCalculation& Calculation)
-    : FCalculation(Calculation), FReadsPlainly(Calculation.ReadsPlainly()) {
+    : FCalculation(Calculation),
+      FReadsPlainly(Calculation.ReadsPlainly()),
+      FReadsAll(Calculation.XData->Minimum() >= Calculation.Start && Calculation.XData->Maximum() <= Calculation.Stop) {
+  ClearWideRegisters();  // sums, logarithms and exponentials of many points follow
   for (const TZyCustomDoubleVector* Vector : {Calculation.XData, Calculation.YData, Calculation.Weight})
     if (Vector != nullptr && Vector->AnyOutliers() && !Calculation.OutliersVisible) FReadsPlainly = false;
 }
@@ -50,47 +54,77 @@ void TZyCalculation::TReader::Read(int First, int Count, TBlock& Block) const {
   for (int i = First; i < First + Count; ++i) {
     if (!FCalculation.IsValid(i)) continue;
     const auto Place = static_cast<std::size_t>(Block.Count++);
-    Block.X[Place] = FCalculation.Xi(i);
-    Block.Y[Place] = FCalculation.Yi(i);
-    Block.W[Place] = FCalculation.Wi(i);
+    Block.OfX[Place] = FCalculation.Xi(i);
+    Block.OfY[Place] = FCalculation.Yi(i);
+    Block.OfW[Place] = FCalculation.Wi(i);
   }
+  Block.X = Block.OfX.data();
+  Block.Y = Block.OfY.data();
+  Block.W = Block.OfW.data();
+}
+
+void TZyCalculation::TReader::ReadPlainly(int First, int Count, TBlock& Block) const {
+  static const std::array<double, BlockSize> Ones = [] {
+    std::array<double, BlockSize> Result;
+    Result.fill(1);
+    return Result;
+  }();
+  Block.Count = Count;
+  Block.X = FCalculation.XData->ValuesAt(First, Count, Block.OfX).data();
+  Block.Y = FCalculation.YData->ValuesAt(First, Count, Block.OfY).data();
+  Block.W =
+      FCalculation.Weight == nullptr ? Ones.data() : FCalculation.Weight->ValuesAt(First, Count, Block.OfW).data();
+  if (!FReadsAll) KeepWithin(FCalculation.Start, FCalculation.Stop, Block);
 }
 
 /// Each value is written, and kept by moving on: the bounds divide the points in no order that a processor could
 /// foresee.
-void TZyCalculation::TReader::ReadPlainly(int First, int Count, TBlock& Block) const {
-  std::array<double, BlockSize> X, Y, W;
-  const auto XValues = FCalculation.XData->ValuesAt(First, Count, X);
-  const auto YValues = FCalculation.YData->ValuesAt(First, Count, Y);
-  if (FCalculation.Weight == nullptr) W.fill(1);
-  const std::span<const double> WValues =
-      FCalculation.Weight == nullptr ? W : FCalculation.Weight->ValuesAt(First, Count, W);
-  const double Start = FCalculation.Start, Stop = FCalculation.Stop;
+void TZyCalculation::TReader::KeepWithin(double Start, double Stop, TBlock& Block) {
   std::size_t Kept = 0;
-  for (std::size_t i = 0; i < static_cast<std::size_t>(Count); ++i) {
-    Block.X[Kept] = XValues[i];
-    Block.Y[Kept] = YValues[i];
-    Block.W[Kept] = std::fabs(WValues[i]);
-    Kept += !(XValues[i] < Start || XValues[i] > Stop) ? 1 : 0;
+  for (int i = 0; i < Block.Count; ++i) {
+    const double X = Block.X[i], Y = Block.Y[i], W = Block.W[i];
+    Block.OfX[Kept] = X;
+    Block.OfY[Kept] = Y;
+    Block.OfW[Kept] = W;
+    Kept += !(X < Start || X > Stop) ? 1 : 0;
   }
   Block.Count = static_cast<int>(Kept);
+  Block.X = Block.OfX.data();
+  Block.Y = Block.OfY.data();
+  Block.W = Block.OfW.data();
 }
 
-TZyCalculation::TPoints TZyCalculation::ValidPoints(bool WithWeightZero) const {
+TZyCalculation::TPoints TZyCalculation::ValidPoints(bool WithWeightZero, bool WithWeights) const {
   TPoints Points;
   const auto Count = static_cast<std::size_t>(PointCount());
-  for (std::vector<double>* Values : {&Points.X, &Points.Y, &Points.W}) Values->resize(Count);
-  std::size_t Kept = 0;
-  ForEachPoint([&](double X, double Y, double W) {
-    if (W == 0 && !WithWeightZero) return;
-    Points.X[Kept] = X;
-    Points.Y[Kept] = Y;
-    Points.W[Kept] = W;
-    ++Kept;
+  Points.X.reserve(Count);
+  Points.Y.reserve(Count);
+  if (WithWeights) Points.W.reserve(Count);
+  std::array<double, BlockSize> X, Y, W;  // by blocks, since appending one by one would ask for room each time
+  ForEachBlock([&](const TBlock& Block) {
+    std::ptrdiff_t Kept = 0;
+    for (int k = 0; k < Block.Count; ++k) {
+      const auto Place = static_cast<std::size_t>(Kept);
+      X[Place] = Block.X[k];
+      Y[Place] = Block.Y[k];
+      W[Place] = std::fabs(Block.W[k]);
+      const bool IsFinite = std::isfinite(X[Place]) && std::isfinite(Y[Place]) && std::isfinite(W[Place]);
+      Kept += IsFinite && (W[Place] != 0 || WithWeightZero) ? 1 : 0;
+    }
+    Points.X.insert(Points.X.end(), X.begin(), X.begin() + Kept);
+    Points.Y.insert(Points.Y.end(), Y.begin(), Y.begin() + Kept);
+    if (WithWeights) Points.W.insert(Points.W.end(), W.begin(), W.begin() + Kept);
   });
-  for (std::vector<double>* Values : {&Points.X, &Points.Y, &Points.W}) Values->resize(Kept);
-  if (!XData->OnlyAscending()) QuickSortYWtoX(0, Points.Count() - 1, Points.X, Points.Y, Points.W);
+  if (!XData->OnlyAscending()) Points.Sort();
   return Points;
+}
+
+void TZyCalculation::TPoints::Sort() {
+  if (W.empty()) {
+    QuickSortYtoX(0, Count() - 1, X, Y);
+  } else {
+    QuickSortYWtoX(0, Count() - 1, X, Y, W);
+  }
 }
 
 }  // namespace zy

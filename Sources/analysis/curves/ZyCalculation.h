@@ -53,6 +53,8 @@ class TZyCalculation {
   struct TPoints {
     std::vector<double> X, Y, W;
     int Count() const { return static_cast<int>(X.size()); }
+    /// By ascending X.
+    void Sort();
   };
 
   /// Whether Xi, Yi and Wi are the values of the vectors as they stand, which are then read without these calls.
@@ -65,30 +67,37 @@ class TZyCalculation {
   /// Calls Do(X, Y, W) for each point that takes part and is finite, in their order.
   template <class TDo>
   void ForEachPoint(const TDo& Do) const {
+    ForEachBlock([&Do](const TBlock& Block) {
+      for (int k = 0; k < Block.Count; ++k) {
+        const double X = Block.X[k], Y = Block.Y[k], W = std::fabs(Block.W[k]);
+        if (std::isfinite(X + Y + W) || (std::isfinite(X) && std::isfinite(Y) && std::isfinite(W))) Do(X, Y, W);
+      }
+    });
+  }
+  /// The points that take part and are finite; those of weight 0 only on demand. By ascending X, unless the X vector
+  /// says of itself that it is ascending: then as they come.
+  /// Weights that nobody wants are left out.
+  TPoints ValidPoints(bool WithWeightZero, bool WithWeights = true) const;
+
+ private:
+  static constexpr int BlockSize = 512;
+
+  /// Some points that take part, not looked at for being finite: those of the vectors themselves, or copies.
+  struct TBlock {
+    const double *X, *Y, *W;
+    int Count = 0;
+    std::array<double, BlockSize> OfX, OfY, OfW;
+  };
+  template <class TDo>
+  void ForEachBlock(const TDo& Do) const {
     const int Count = PointCount();
     const TReader Reader(*this);
     for (int First = 0; First < Count; First += BlockSize) {
       TBlock Block;
       Reader.Read(First, std::min(Count - First, BlockSize), Block);
-      for (int k = 0; k < Block.Count; ++k) {
-        const auto i = static_cast<std::size_t>(k);
-        const double Sum = Block.X[i] + Block.Y[i] + Block.W[i];
-        if (std::isfinite(Sum) || IsFinite(Block, i)) Do(Block.X[i], Block.Y[i], Block.W[i]);
-      }
+      Do(Block);
     }
   }
-  /// The points that take part and are finite; those of weight 0 only on demand. By ascending X, unless the X vector
-  /// says of itself that it is ascending: then as they come.
-  TPoints ValidPoints(bool WithWeightZero) const;
-
- private:
-  static constexpr int BlockSize = 512;
-
-  /// Some points that take part, not looked at for being finite.
-  struct TBlock {
-    std::array<double, BlockSize> X, Y, W;
-    int Count = 0;
-  };
   /// Reads the vectors by blocks.
   class TReader {
    public:
@@ -97,13 +106,12 @@ class TZyCalculation {
 
    private:
     void ReadPlainly(int First, int Count, TBlock& Block) const;
+    static void KeepWithin(double Start, double Stop, TBlock& Block);
 
     const TZyCalculation& FCalculation;
     bool FReadsPlainly;  // without outliers that are to be left out, too
+    bool FReadsAll;      // no point lies outside the bounds
   };
-  static bool IsFinite(const TBlock& Block, std::size_t i) {
-    return std::isfinite(Block.X[i]) && std::isfinite(Block.Y[i]) && std::isfinite(Block.W[i]);
-  }
 };
 
 }  // namespace zy

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
-#include "analysis/ZyMathSorting.h"
 #include "analysis/ZyMathStatistics.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
@@ -17,23 +17,25 @@ void TZyInterpolationCalculation::Calculate() {
   for (TExtrema& Each : FExtrema) Each = {};
   FIntCount = FLastIndex = 0;
   FSums.clear();
-  TPoints Points = ValidPoints(false);
-  // A vector may be ascending and its transformed values not.
-  if (!std::ranges::is_sorted(Points.X)) QuickSortYWtoX(0, Points.Count() - 1, Points.X, Points.Y, Points.W);
-  MergeEqualX(Points);
+  TPoints Points = ValidPoints(false, IsApproximative);
+  if (!ReadsPlainly() || !XData->GetIsSorted()) {  // what is ascending as stored may not be so when transformed
+    if (!std::ranges::is_sorted(Points.X)) Points.Sort();
+    MergeEqualX(Points);
+  }
   if (Points.Count() < FewestPoints) throw EMathError(LoadResString(_sNotEnoughData));
   if (FDoSmoothing && !IsApproximative) Smooth(FSmoothM, Points.X, Points.Y);
+  const int Count = Points.Count();
   switch (FInterpolationMethod) {
     case TZyInterpolationMethod::CubicSpline:
-      NormalSplineCoeffs(Points);
+      NormalSplineCoeffs(std::move(Points));
       break;
     case TZyInterpolationMethod::ApproximativeSpline:
       ApproximativeSplineCoeffs(Points);
       break;
     default:
-      AkimaCoeffs(Points);
+      AkimaCoeffs(std::move(Points));
   }
-  FIntCount = Points.Count();
+  FIntCount = Count;
   FRecalculate = false;
 }
 
@@ -49,16 +51,16 @@ void TZyInterpolationCalculation::MergeEqualX(TPoints& Points) const {
   for (std::size_t i = Points.X.size(); i-- > 0;) {
     if (Kept < Points.X.size() && Points.X[Kept] == Points.X[i]) {
       Points.Y[Kept] = Points.Y[Kept] / 2 + Points.Y[i] / 2;
-      Points.W[Kept] = Points.W[Kept] / 2 + Points.W[i] / 2;
+      if (!Points.W.empty()) Points.W[Kept] = Points.W[Kept] / 2 + Points.W[i] / 2;
       continue;
     }
     --Kept;
     Points.X[Kept] = Points.X[i];
     Points.Y[Kept] = Points.Y[i];
-    Points.W[Kept] = Points.W[i];
+    if (!Points.W.empty()) Points.W[Kept] = Points.W[i];
   }
   for (std::vector<double>* Values : {&Points.X, &Points.Y, &Points.W})
-    Values->erase(Values->begin(), Values->begin() + static_cast<std::ptrdiff_t>(Kept));
+    if (!Values->empty()) Values->erase(Values->begin(), Values->begin() + static_cast<std::ptrdiff_t>(Kept));
 }
 
 // --- Settings -------------------------------------------------------------------------------------------------------

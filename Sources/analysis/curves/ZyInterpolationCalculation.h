@@ -104,8 +104,8 @@ class TZyInterpolationCalculation : public TZyCalculation {
   };
 
   void MergeEqualX(TPoints& Points) const;
-  void AkimaCoeffs(const TPoints& Points);
-  void NormalSplineCoeffs(const TPoints& Points);
+  void AkimaCoeffs(TPoints&& Points);
+  void NormalSplineCoeffs(TPoints&& Points);
   void ApproximativeSplineCoeffs(const TPoints& Points);
 
   const TPiece& Piece(int k) const { return FPieces[static_cast<std::size_t>(k)]; }

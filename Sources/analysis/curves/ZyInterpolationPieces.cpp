@@ -1,130 +1,198 @@
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <utility>
 
-#include "analysis/ZyMathSolvers.h"
+#include "analysis/ZyDoubleDouble.h"
 #include "analysis/curves/ZyInterpolationCalculation.h"
 #include "texts/Exceptions.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 
-/// Two points and slopes are added at each end, so that the data stand at index 2 to n + 1. The slope behind the last
-/// added point counts as 0.
-void TZyInterpolationCalculation::AkimaCoeffs(const TPoints& Points) {
-  const std::size_t n = Points.X.size();
-  std::vector<double> X(n + 4), A(n + 4), S(n + 4);
-  std::ranges::copy(Points.X, X.begin() + 2);
-  std::ranges::copy(Points.Y, A.begin() + 2);
-  X[1] = X[2] + X[3] - X[4];
-  X[0] = X[1] + X[2] - X[3];
-  X[n + 2] = X[n + 1] + X[n] - X[n - 1];
-  X[n + 3] = X[n + 2] + X[n + 1] - X[n];
-  const auto TakeSlope = [&](std::size_t k) { S[k] = (A[k + 1] - A[k]) / (X[k + 1] - X[k]); };
-  for (std::size_t k = 2; k <= n; ++k) TakeSlope(k);
-  A[1] = (X[2] - X[1]) * (S[3] - 2 * S[2]) + A[2];
-  TakeSlope(1);
-  A[0] = (X[1] - X[0]) * (S[2] - 2 * S[1]) + A[1];
-  TakeSlope(0);
-  A[n + 2] = (2 * S[n] - S[n - 1]) * (X[n + 2] - X[n + 1]) + A[n + 1];
-  TakeSlope(n + 1);
-  A[n + 3] = (2 * S[n + 1] - S[n]) * (X[n + 3] - X[n + 2]) + A[n + 2];
-  TakeSlope(n + 2);
-  const auto SlopeAt = [&S](std::size_t k) {
-    const double Right = std::fabs(S[k + 1] - S[k]), Left = std::fabs(S[k - 1] - S[k - 2]);
-    return Left == 0 && Right == 0 ? (S[k + 1] + S[k]) / 2 : (Right * S[k - 1] + Left * S[k]) / (Right + Left);
+/// Two points and slopes are added at each end. The slope behind the last added point counts as 0.
+void TZyInterpolationCalculation::AkimaCoeffs(TPoints&& Points) {
+  struct TKnot {
+    double X, A;
   };
-  FX.assign(X.begin() + 2, X.end() - 1);
+  const auto SlopeOf = [](const TKnot& One, const TKnot& Next) { return (Next.A - One.A) / (Next.X - One.X); };
+  const std::size_t n = Points.X.size();
+  const auto At = [&Points](std::size_t i) { return TKnot{Points.X[i], Points.Y[i]}; };
+  // Before the first point: two steps like those of the points, with slopes that go on as theirs do.
+  const double First = SlopeOf(At(0), At(1)), Second = SlopeOf(At(1), At(2));
+  TKnot Before{At(0).X + At(1).X - At(2).X, 0}, FarBefore{Before.X + At(0).X - At(1).X, 0};
+  Before.A = (At(0).X - Before.X) * (Second - 2 * First) + At(0).A;
+  const double BeforeFirst = SlopeOf(Before, At(0));
+  FarBefore.A = (Before.X - FarBefore.X) * (First - 2 * BeforeFirst) + Before.A;
+  // And behind the last.
+  const double Last = SlopeOf(At(n - 2), At(n - 1)), LastButOne = SlopeOf(At(n - 3), At(n - 2));
+  TKnot Behind{At(n - 1).X + At(n - 2).X - At(n - 3).X, 0}, FarBehind{Behind.X + At(n - 1).X - At(n - 2).X, 0};
+  Behind.A = (2 * Last - LastButOne) * (Behind.X - At(n - 1).X) + At(n - 1).A;
+  const double BehindLast = SlopeOf(At(n - 1), Behind);
+  FarBehind.A = (2 * BehindLast - Last) * (FarBehind.X - Behind.X) + Behind.A;
+  const double Added[] = {BehindLast, SlopeOf(Behind, FarBehind), 0};
+
+  FX = std::move(Points.X);
+  FX.push_back(Behind.X);
+  const std::vector<double>& Y = Points.Y;
   FPieces.resize(n + 1);
-  double B = SlopeAt(2);
+  // The slopes of the two pieces before a point, and of the two behind it.
+  double S0 = SlopeOf(FarBefore, Before), S1 = BeforeFirst, S2 = First, S3 = Second;
+  const auto SlopeHere = [&] {
+    const double Right = std::fabs(S3 - S2), Left = std::fabs(S1 - S0);
+    return Left == 0 && Right == 0 ? (S3 + S2) / 2 : (Right * S1 + Left * S2) / (Right + Left);
+  };
+  double B = SlopeHere();
   for (std::size_t i = 0; i < n; ++i) {
-    const double h = FX[i + 1] - FX[i], NextB = SlopeAt(i + 3);
-    FPieces[i] = {A[i + 2], B, (3 * S[i + 2] - 2 * B - NextB) / h, (B + NextB - 2 * S[i + 2]) / (h * h)};
+    const double r = 1 / (FX[i + 1] - FX[i]), S = S2;
+    S0 = S1;
+    S1 = S2;
+    S2 = S3;
+    S3 = i + 3 < n ? (Y[i + 3] - Y[i + 2]) / (FX[i + 3] - FX[i + 2]) : Added[i + 3 - n];
+    const double NextB = SlopeHere();
+    FPieces[i] = {Y[i], B, (3 * S - 2 * B - NextB) * r, (B + NextB - 2 * S) * r * r};
     B = NextB;
   }
-  FPieces[n] = {A[n + 2], B, 0, 0};
+  FPieces[n] = {Behind.A, B, 0, 0};
 }
 
-void TZyInterpolationCalculation::NormalSplineCoeffs(const TPoints& Points) {
-  const std::vector<double>&X = Points.X, &y = Points.Y;
-  const std::size_t n = X.size();
-  const auto h = [&X](std::size_t i) { return X[i + 1] - X[i]; };
-  const auto s = [&](std::size_t i) { return (y[i + 1] - y[i]) / h(i); };
-  std::vector<double> Lower(n - 2), Main(n - 2), Upper(n - 2), Right(n - 2), C(n);
-  for (std::size_t i = 0; i + 2 < n; ++i) {
-    Right[i] = 3 * (s(i + 1) - s(i));
-    Lower[i] = h(i);
-    Upper[i] = h(i + 1);
-    Main[i] = 2 * (h(i) + h(i + 1));
-  }
-  if (n == 3) {
-    C[0] = C[1] = C[2] = Right[0] / 3 / (Main[0] / 2);
-  } else {
-    Right[0] *= h(1) / (h(0) + h(1));
-    Right[n - 3] *= h(n - 3) / (h(n - 2) + h(n - 3));
-    Main[0] -= h(0);
-    Main[n - 3] -= h(n - 2);
-    Upper[0] -= h(0);
-    Lower[n - 3] -= h(n - 2);
-    SolveTridiagonalEquationSystem(static_cast<int>(n - 2), Lower, Main, Upper, Right);
-    std::ranges::copy(Right, C.begin() + 1);
-    C[0] = (C[1] - C[2]) * (h(0) / h(1)) + C[1];
-    C[n - 1] = (C[n - 2] - C[n - 3]) * (h(n - 2) / h(n - 3)) + C[n - 2];
-  }
-  FX = X;
+/// The equations of the curvatures have three diagonals and are eliminated as they are computed (see
+/// SolveTridiagonalEquationSystem): on the way there a piece keeps its slope, what is left of the right side of its
+/// equation, and what its pivot leaves of the diagonal above.
+void TZyInterpolationCalculation::NormalSplineCoeffs(TPoints&& Points) {
+  constexpr double NoPivot = 10 * std::numeric_limits<double>::denorm_min();
+  FX = std::move(Points.X);
+  const std::vector<double>& y = Points.Y;
+  const std::size_t n = FX.size();
+  const auto h = [this](std::size_t i) { return FX[i + 1] - FX[i]; };
   FPieces.resize(n);
-  for (std::size_t i = 0; i + 1 < n; ++i)
-    FPieces[i] = {y[i], s(i) - (2 * C[i] + C[i + 1]) * h(i) / 3, C[i], (C[i + 1] - C[i]) / (3 * h(i))};
-  FPieces[n - 1] = {y[n - 1], 0, C[n - 1], 0};
+  double Step = h(0), Slope = (y[1] - y[0]) / Step, LastRatio = 0, LastRight = 0;
+  FPieces[0] = {y[0], Slope, 0, 0};
+  for (std::size_t i = 1; i + 1 < n; ++i) {
+    const double NextStep = h(i), NextSlope = (y[i + 1] - y[i]) / NextStep;
+    double Lower = Step, Main = 2 * (Step + NextStep), Upper = NextStep, Right = 3 * (NextSlope - Slope);
+    if (n == 3) {  // one curvature for both pieces
+      Right /= 3;
+      Main /= 2;
+    } else if (i == 1) {
+      Right *= NextStep / (Step + NextStep);
+      Main -= Step;
+      Upper -= Step;
+    } else if (i + 2 == n) {
+      Right *= Step / (Step + NextStep);
+      Main -= NextStep;
+      Lower -= NextStep;
+    }
+    const double Pivot = Main - Lower * LastRatio;
+    if (!(std::fabs(Pivot) >= NoPivot)) throw EMathError(LoadResString(_sMatrixNotTridiag));
+    LastRatio = Upper / Pivot;
+    LastRight = (Right - Lower * LastRight) / Pivot;
+    FPieces[i] = {y[i], NextSlope, LastRight, LastRatio};
+    Step = NextStep;
+    Slope = NextSlope;
+  }
+  // Where the last point is not the end of a piece of its own: the third derivative goes on.
+  const double Last = LastRight, LastButOne = n == 3 ? Last : FPieces[n - 3].C - FPieces[n - 3].D * Last;
+  double NextC = n == 3 ? Last : (Last - LastButOne) * (h(n - 2) / h(n - 3)) + Last;
+  FPieces[n - 1] = {y[n - 1], 0, NextC, 0};
+  FPieces[n - 2].D = 0;  // nothing follows the last equation
+  for (std::size_t i = n - 1; i-- > 0;) {
+    TPiece& P = FPieces[i];
+    const double Width = h(i);
+    double C = P.C - P.D * NextC;
+    if (i == 0) C = n == 3 ? NextC : (NextC - FPieces[2].C) * (Width / h(1)) + NextC;
+    P = {P.A, P.B - (2 * C + NextC) * Width / 3, C, (NextC - C) / (3 * Width)};
+    NextC = C;
+  }
 }
 
-/// The equations of the curvatures have a part of the spline, of the size of the distances h, and a part of the
-/// smoothing, of the size of 6 / (w h^2): both are computed for a mean distance and a smallest weight of 1, and the
-/// smaller one is scaled, so that no stiffness and no unit of X leaves the range of numbers.
+/// The equations of the curvatures (half the second derivatives at the points) have a part of the spline, of the size
+/// of the distances h, and a part of the smoothing, of the size of 6 / (w h^2). Both are computed for a mean distance
+/// and a smallest weight of 1, and the smaller one is scaled, so that no stiffness and no unit of X leaves the range of
+/// numbers. They are symmetric with five diagonals, and each is eliminated as soon as it is computed, by
+/// square-root-free factors (G. H. Golub, C. F. Van Loan, "Matrix Computations", 4th edition, 2013, chapter 4.3).
+///
+/// A stiff spline loses as many digits as the fourth power of the number of points that it smooths over has: a double
+/// has none left beyond some ten thousand of them.
 void TZyInterpolationCalculation::ApproximativeSplineCoeffs(const TPoints& Points) {
+  using T = TZyDoubleDouble;
   const std::vector<double>&X = Points.X, &Y = Points.Y, &W = Points.W;
   const std::size_t n = X.size();
   const double Unit = X[n - 1] / static_cast<double>(n - 1) - X[0] / static_cast<double>(n - 1);
   const double Lightest = std::ranges::min(W);
   const double Ratio = Unit * Unit * Unit * (Lightest * FElasticityFactor) / 6;
   const double OfSpline = std::min(1.0, Ratio), OfSmoothing = Ratio > 1 ? 1 / Ratio : 1;
-  std::vector<double> h(n - 1), r(n - 1), C(n);
+  struct TRow {
+    T Distance, Reciprocal;  // from point i to the next
+    T Left, FarLeft, Right;  // of the equation of point i + 1
+    T OfPivot;               // 1 by the pivot
+  };
+  std::vector<TRow> Rows(n);
+  const T PerUnit = T(1) / Unit;
   for (std::size_t i = 0; i + 1 < n; ++i) {
-    h[i] = (X[i + 1] - X[i]) / Unit;
-    r[i] = 1 / h[i];
+    const T Distance = T::Difference(X[i + 1], X[i]);
+    Rows[i].Distance = Distance * PerUnit;
+    Rows[i].Reciprocal = T(Unit) / Distance;
   }
-  const auto Softness = [&](std::size_t i) { return Lightest / W[i]; };  // 6 / w, of the lightest point
-  const auto D = [&](std::size_t i) { return r[i - 1] + r[i]; };
-  constexpr std::size_t Columns = 5;
-  std::vector<double> Rows((n - 2) * Columns);
-  const auto M = [&](std::size_t i, std::size_t k) -> double& { return Rows[i * Columns + k]; };
+  const auto Softness = [&](std::size_t i) { return Lightest * OfSmoothing / W[i]; };  // 6 / w
+  const auto SlopeAt = [&](std::size_t i) { return T::Difference(Y[i + 1], Y[i]) * Rows[i].Reciprocal; };
+  double Softness0 = Softness(0), Softness1 = Softness(1);
+  T Slope = SlopeAt(0), Sum;
   for (std::size_t i = 0; i + 2 < n; ++i) {
-    if (i >= 2) M(i, 0) = M(i - 2, 4) = OfSmoothing * (Softness(i) * r[i - 1] * r[i]);
-    if (i >= 1)
-      M(i, 1) = M(i - 1, 3) =
-          OfSpline * h[i] - OfSmoothing * (Softness(i) * r[i] * D(i) + Softness(i + 1) * r[i] * D(i + 1));
-    M(i, 2) = OfSpline * 2 * (h[i] + h[i + 1]) +
-              OfSmoothing * (Softness(i) * r[i] * r[i] + Softness(i + 1) * D(i + 1) * D(i + 1) +
-                             Softness(i + 2) * r[i + 1] * r[i + 1]);
-    C[i] = 3 * ((Y[i + 2] - Y[i + 1]) * r[i + 1] - (Y[i + 1] - Y[i]) * r[i]);
+    TRow& Row = Rows[i];
+    const T &h = Row.Distance, &r = Row.Reciprocal, &NextR = Rows[i + 1].Reciprocal;
+    const double Softness2 = Softness(i + 2);
+    const T NextSlope = SlopeAt(i + 1), NextSum = r + NextR;
+    const T Soft1 = NextSum * Softness1;
+    T Pivot =
+        (h + Rows[i + 1].Distance) * (2 * OfSpline) + r * r * Softness0 + Soft1 * NextSum + NextR * NextR * Softness2;
+    Row.Right = (NextSlope - Slope) * 3;
+    if (i >= 1) {
+      const TRow& Last = Rows[i - 1];
+      T Beside = h * OfSpline - (Sum * Softness0 + Soft1) * r;
+      if (i >= 2) {
+        const TRow& BeforeLast = Rows[i - 2];
+        const T Far = Last.Reciprocal * r * Softness0;
+        Row.FarLeft = Far * BeforeLast.OfPivot;
+        Pivot = Pivot - Row.FarLeft * Far;
+        Row.Right = Row.Right - Row.FarLeft * BeforeLast.Right;
+        Beside = Beside - Far * Last.Left;
+      }
+      Row.Left = Beside * Last.OfPivot;
+      Pivot = Pivot - Row.Left * Beside;
+      Row.Right = Row.Right - Row.Left * Last.Right;
+    }
+    Row.OfPivot = T(1) / Pivot;
+    Softness0 = Softness1;
+    Softness1 = Softness2;
+    Slope = NextSlope;
+    Sum = NextSum;
   }
-  SolveBandMatrix(static_cast<int>(n - 2), 2, 2, Rows, C);
-  std::copy_backward(C.begin(), C.end() - 2, C.end() - 1);
-  C[0] = C[n - 1] = 0;
+  for (std::size_t i = n - 2; i-- > 0;) {
+    Rows[i].Right = Rows[i].Right * Rows[i].OfPivot;
+    if (i + 3 < n) Rows[i].Right = Rows[i].Right - Rows[i + 1].Left * Rows[i + 1].Right;
+    if (i + 4 < n) Rows[i].Right = Rows[i].Right - Rows[i + 2].FarLeft * Rows[i + 2].Right;
+  }
+  const auto CurvatureAt = [&](std::size_t i) { return i == 0 || i + 1 == n ? T(0) : Rows[i - 1].Right; };
   FX = X;
   FX.push_back(X[n - 1]);
   FPieces.resize(n + 1);
-  const double Third = OfSmoothing / 3;
+  T Before, Value;
   for (std::size_t i = 0; i < n; ++i) {
-    const double Before = i > 0 ? (C[i] - C[i - 1]) * r[i - 1] : 0, After = i + 1 < n ? (C[i + 1] - C[i]) * r[i] : 0;
-    FPieces[i].A = Y[i] - (After - Before) * (Softness(i) * Third);
+    const T After = i + 1 < n ? (CurvatureAt(i + 1) - CurvatureAt(i)) * Rows[i].Reciprocal : T(0);
+    const T NextValue = T(Y[i]) - (After - Before) * (Softness(i) / 3);
+    if (i > 0) {  // the piece before the point
+      const auto h = static_cast<double>(Rows[i - 1].Distance);
+      const auto Rise = static_cast<double>(NextValue - Value), Bend = OfSpline * static_cast<double>(Before);
+      const double C = OfSpline * static_cast<double>(CurvatureAt(i - 1));
+      const double NextC = OfSpline * static_cast<double>(CurvatureAt(i));
+      FPieces[i - 1] = {static_cast<double>(Value), (Rise / h - h / 3 * (2 * C + NextC)) / Unit, C / Unit / Unit,
+                        Bend / 3 / Unit / Unit / Unit};
+    }
+    Value = NextValue;
+    Before = After;
   }
-  for (double& Each : C) Each *= OfSpline;
-  for (std::size_t i = 0; i + 1 < n; ++i) {
-    TPiece& P = FPieces[i];
-    P.B = ((FPieces[i + 1].A - P.A) * r[i] - h[i] / 3 * (2 * C[i] + C[i + 1])) / Unit;
-    P.C = C[i] / Unit / Unit;
-    P.D = r[i] / 3 * (C[i + 1] - C[i]) / Unit / Unit / Unit;
-  }
-  FPieces[n - 1].B = FPieces[n - 2].B;
+  FPieces[n - 1] = {static_cast<double>(Value), FPieces[n - 2].B, 0, 0};
   FPieces[n] = FPieces[n - 1];
 }
 
