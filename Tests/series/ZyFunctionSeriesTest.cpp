@@ -185,13 +185,24 @@ void TakeAway(int What, int When) {
   auto* const X = Line->XData();
   auto* const Y = dynamic_cast<TZyDoubleVector*>(Line->YData());
   int Calls = 0;
-  Line->SetYValueTransformation([&, X, Y, Line, When](TObject*, const TZyTransformEventArgs& e) {
+  Line->SetYValueTransformation([&](TObject*, const TZyTransformEventArgs& e) {
     if (++Calls != When) return e.Value;
-    if (What == 0) delete X;
-    if (What == 1) delete Line;
-    if (What == 2) Y->Clear();
-    if (What == 3) delete Chart.X;
-    if (What == 4) delete Y;
+    switch (What) {  // and nothing of the handler itself afterwards, which goes with the series
+      case 0:
+        delete X;
+        break;
+      case 1:
+        delete Line;
+        break;
+      case 2:
+        Y->Clear();
+        break;
+      case 3:
+        delete Chart.X;
+        break;
+      default:
+        delete Y;
+    }
     return e.Value;
   });
   Chart.Paint();
