@@ -276,6 +276,7 @@ void TZyGraph2D::SortLayers() {
 void TZyGraph2D::Calculate() {
   if (Updating() || FPrimaryXAxis == nullptr || FPrimaryYAxis == nullptr) return;
   const TBusyCursor Busy;
+  FNeedsRecalculate = true;  // until all is done: a handler may throw in the middle
   ClearWideRegisters();
   CheckCoupled();
   SortLayers();
