@@ -12,6 +12,8 @@
 #include "graph/ZyImageFileNames.h"
 #include "graph/shapes/ZyDrawing.h"
 #include "persistence/ZyArchive.h"
+#include "pie/ZyPieDonut.h"
+#include "pie/ZyPieLegend.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TClipboard.h"
 #include "platform/controls/TFileDialog.h"

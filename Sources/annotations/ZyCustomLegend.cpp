@@ -265,6 +265,13 @@ float TZyCustomLegend::StartItemHeight() const {
   return Sample.Height() > FItemHeightSet ? static_cast<float>(RoundToPixels(Sample.Height())) : FItemHeightSet;
 }
 
+void TZyCustomLegend::TakeItemHeight(float Symbols) {
+  const float Needed = std::max(StartItemHeight(), Symbols);
+  if (FItemHeightRead > Needed) FItemHeightSet = FItemHeightRead;
+  FItemHeight = std::max(Needed, FItemHeightRead);
+  FItemHeightRead = 0;
+}
+
 TZyRichCaption TZyCustomLegend::AskCaption(TObject* Sender, const TZyRichCaption& Text, int Index) {
   if (!FOnGetLegendItemCaption) return Text;
   const std::uint64_t Alive = LiveHandle();

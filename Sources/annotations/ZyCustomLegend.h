@@ -159,6 +159,9 @@ class TZyCustomLegend : public TGraphicControl, public TZyRecord, public IZyGrap
   void Recalculate();
   /// The height that was set, or that of the captions' font where this is more.
   float StartItemHeight() const;
+  /// Sets FItemHeight to that, or to the height of the symbols where this is more. A height that was read is taken for
+  /// one that was set when the items would not need it.
+  void TakeItemHeight(float Symbols);
   /// What the handler makes of the text of an item that stands for Sender. Throws EAbort when it freed the legend.
   TZyRichCaption AskCaption(TObject* Sender, const TZyRichCaption& Text, int Index);
   /// Makes the captions of the items, and their areas. A text that cannot be evaluated is shown as it is written.
@@ -183,8 +186,9 @@ class TZyCustomLegend : public TGraphicControl, public TZyRecord, public IZyGrap
   void ParentFontChanged() override;
 
   bool FRecalculate = true;
-  float FItemHeight = 0;     // in force
-  float FItemHeightSet = 0;  // asked for
+  float FItemHeight = 0;      // in force
+  float FItemHeightSet = 0;   // asked for
+  float FItemHeightRead = 0;  // in force where the record was written, until the items are measured
   float FItemWidth = 80;
   float FDistanceItemCaption = 4;
   float FDistanceBetweenLines = 3;
@@ -200,6 +204,8 @@ class TZyCustomLegend : public TGraphicControl, public TZyRecord, public IZyGrap
   bool FReadsRecord = false;
 
  private:
+  friend class TZyCustomLegendRecord;
+
   /// Pixels that the shadow takes.
   static constexpr int ShadowX = 5, ShadowY = 4;
 

@@ -196,9 +196,7 @@ void TZyLegend::CheckItemHeight() {
   for (const TRef<TZySeries>& Item : FItems) Take(Item);
   if (FGraph != nullptr && FItems.empty())
     for (const TZySeries* Series : FGraph->RelatedSeries()) Take(Series);
-  if (FItemHeightRead > std::max(StartItemHeight(), Symbols)) FItemHeightSet = FItemHeightRead;
-  FItemHeightRead = 0;
-  FItemHeight = std::max(StartItemHeight(), Symbols);
+  TakeItemHeight(Symbols);
 }
 
 void TZyLegend::SetColors() {

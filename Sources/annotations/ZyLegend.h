@@ -102,7 +102,6 @@ class TZyLegend : public TZyCustomLegend, public IZyStoredLegend {
   TShiftState FStartMoveKeys{ssLeft};
   TNotifyEvent FOnStartFreeFloating;
   TZyControlDrag FDrag{*this};
-  float FItemHeightRead = 0;  // in force where the record was written, until the items are measured
 };
 
 }  // namespace zy

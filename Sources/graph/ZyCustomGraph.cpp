@@ -35,12 +35,12 @@ ZY_PUBLISHED(
 TZyCustomGraph::TZyCustomGraph(TComponent* Owner)
     : TCustomPanel(Owner),
       FTitleRec([this] {
-        FTitleFont.FontChanged();
+        TitleFontChanged();
         Invalidate();
       }),
       FBackgroundGradient([this] { Invalidate(); }) {
   FTitleRec.CaptionFont().OnNeedsResize = [this] {
-    FTitleFont.FontChanged();
+    TitleFontChanged();
     Modified();
   };
   FTitleRec.OnVariablesChanged = [this] {
@@ -93,6 +93,11 @@ void TZyCustomGraph::SetCaptionColor(TZyColor Value) {
     FTitleRec.CaptionFont().SetFillColor(Color);
     Invalidate();
   });
+}
+
+void TZyCustomGraph::SetCaptionFont(const TZyFont& Value) {
+  CaptionFont().PushToUndoStack(FUndo, LoadResString(_sGraphFont));
+  CaptionFont().Assign(&Value);
 }
 
 void TZyCustomGraph::SetFont(const TZyFont& Value) {

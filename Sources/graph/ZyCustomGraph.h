@@ -7,6 +7,7 @@
 #include "annotations/captions/ZyCaptionOfName.h"
 #include "annotations/captions/ZyParentFont.h"
 #include "annotations/captions/ZyRichCaption.h"
+#include "graph/ZyChartPicture.h"
 #include "graph/ZyImageFileFormat.h"
 #include "graph/ZyPollingThread.h"
 #include "graph/parts/ZyGraphParts.h"
@@ -58,10 +59,14 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   /// Fill colour of the title's font.
   TZyColor CaptionColor() const { return FTitleRec.CaptionFont().FillColor(); }
   void SetCaptionColor(TZyColor Value);
-  /// Font of the title: that of the parent until it is changed. SetFont logs the old one as one step of undo; who
-  /// changes the font itself pushes it before (TZyFont::PushToUndoStack).
-  TZyFont& Font() { return FTitleRec.CaptionFont(); }
-  void SetFont(const TZyFont& Value);
+  /// Font of the title. Setting it logs the old one as one step of undo.
+  TZyFont& CaptionFont() { return FTitleRec.CaptionFont(); }
+  void SetCaptionFont(const TZyFont& Value);
+  /// The font that is the parent's until it is changed: that of the title, unless a kind of chart has another one.
+  /// SetFont logs the old one as one step of undo; who changes the font itself pushes it before
+  /// (TZyFont::PushToUndoStack).
+  virtual TZyFont& Font() { return FTitleRec.CaptionFont(); }
+  virtual void SetFont(const TZyFont& Value);
   TZyColor BackColor() const { return FBackColor; }
   void SetBackColor(TZyColor Value);
   /// Drawn over the back colour while it is visible.
@@ -103,24 +108,24 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   /// Turns the smoothing of the chart on, or all smoothing off.
   void SetHighQuality(Graphics& Gr, bool On) const;
 
-  // --- Ways out; see TZyGraph2D ---
+  // --- Ways out ---
 
   /// Paints the chart on the printer's present page, as large as fits into Rect, in printer pixels, in its
   /// own proportions: in the middle across, at the top down. Nothing without a printer. Throws EPrinter when no
   /// document is open.
-  virtual void PrintTo(TPrinter* APrinter, const TRect& Rect);
+  void PrintTo(TPrinter* APrinter, const TRect& Rect);
   /// Writes the chart at the stream's position. RemoveTransparency gives pictures of pixels a ground of the colour;
   /// without it what is transparent stays so, as far as the format can say it, and becomes white where not. Nothing is
   /// written as EXIF and Icon, and of a chart without any extent. Throws, with nothing written, ERangeError for a
   /// picture beyond 32,767 pixels, EStreamError when it cannot be encoded.
-  virtual void SaveImage(TStream& Stream, TZyImageFileFormat Format, bool RemoveTransparency = false,
-                         TColor TransparentExchangeColor = 0xFFFFFF);
+  void SaveImage(TStream& Stream, TZyImageFileFormat Format, bool RemoveTransparency = false,
+                 TColor TransparentExchangeColor = 0xFFFFFF);
   /// The same into a file, in one step: whatever fails, and when there is nothing to write, an old file stays as it
   /// was. Nothing to write and no old file make an empty one. Throws EFileError when the file cannot be written.
   void SaveImage(const std::filesystem::path& FileName, TZyImageFileFormat Format, bool RemoveTransparency = false,
                  TColor TransparentExchangeColor = 0xFFFFFF);
   /// Puts the chart on the clipboard, in all forms that TClipboard::SetPicture knows.
-  virtual void CopyToClipboard();
+  void CopyToClipboard();
   /// The chart as a picture, in which the pixels of the colour are transparent: those of the ground, and what the chart
   /// itself draws in that colour.
   std::unique_ptr<TBitmap> AsTBitmap(TColor TransparentExchangeColor);
@@ -156,6 +161,10 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   bool WMEraseBkgnd(Graphics& Gr) override;
   virtual void BoundsChanged() {}
   void ParentFontChanged() override;
+  /// The title has another font or look of it.
+  virtual void TitleFontChanged() { FTitleFont.FontChanged(); }
+  /// What goes out of the chart.
+  virtual std::unique_ptr<TZyChartPicture> MakePicture() { return nullptr; }
 
   TZyRichCaptionObject FTitleRec;
   bool FNeedsRecalculate = false;
@@ -164,6 +173,7 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
 
  private:
   void TakeUndoStack();
+  std::unique_ptr<TZyChartPicture> LaidOutPicture();
 
   TZyParentFont FTitleFont{*this, FTitleRec.CaptionFont()};
   TZyDependentList FObjectsToUpdate;  // the captions that show the chart's name or caption

@@ -140,11 +140,6 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
 
   // --- Ways out: the picture holds the graph and all that are coupled to it, the one with the X axis at the bottom ---
 
-  using TZyCustomGraph::SaveImage;
-  void PrintTo(TPrinter* APrinter, const TRect& Rect) override;
-  void SaveImage(TStream& Stream, TZyImageFileFormat Format, bool RemoveTransparency = false,
-                 TColor TransparentExchangeColor = 0xFFFFFF) override;
-  void CopyToClipboard() override;
   /// Paints the whole picture into an image, moved by X and Y, as into a file: with markers and rich labels, without
   /// any other control. DoingMetafile decides whether for the screen; it is false afterwards.
   void PaintToImage(Bitmap& Image, float X = 0, float Y = 0);
@@ -281,6 +276,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   void CMVisibleChanged() override;
   void PaintOverlay(Graphics& Gr) override;
   void EndRead() override;
+  std::unique_ptr<TZyChartPicture> MakePicture() override;
 
  private:
   friend class TZyGraphRecord;

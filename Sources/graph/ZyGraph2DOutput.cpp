@@ -1,12 +1,9 @@
-// The ways out of a chart: into pictures, files, the clipboard and printers, without a screen.
+// The picture of a chart, and this graph's part of it.
 
-#include <string_view>
 #include <utility>
 
 #include "graph/ZyGraph2D.h"
 #include "graph/ZyGraphPicture.h"
-#include "platform/controls/TClipboard.h"
-#include "platform/controls/TPrinter.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/ClipGuard.h"
 #include "platform/drawing/Graphics.h"
@@ -14,19 +11,6 @@
 #include "platform/framework/ScopedFlag.h"
 
 namespace zy {
-namespace {
-
-/// What encoders call the format; empty when none encodes it.
-std::string_view EncoderOf(TZyImageFileFormat Format) {
-  if (Format == TZyImageFileFormat::EXIF || Format == TZyImageFileFormat::Icon) return {};
-  return EnumInfo(Format).Values[static_cast<std::size_t>(Format)];
-}
-
-bool IsDrawing(TZyImageFileFormat Format) {
-  return Format == TZyImageFileFormat::EMF || Format == TZyImageFileFormat::SVG || Format == TZyImageFileFormat::PDF;
-}
-
-}  // namespace
 
 // --- This graph's part of the picture -------------------------------------------------------------------------------
 
@@ -76,33 +60,6 @@ void TZyGraph2D::PaintToImage(Metafile& Image, float X, float Y) {
   PaintToImage(Gr, X, Y);
 }
 
-void TZyGraph2D::SaveImage(TStream& Stream, TZyImageFileFormat Format, bool RemoveTransparency,
-                           TColor TransparentExchangeColor) {
-  const std::string_view Encoder = EncoderOf(Format);
-  TZyGraphPicture Picture(*this);
-  Picture.LayOut();
-  if (Picture.IsEmpty() || Encoder.empty()) return;
-  if (IsDrawing(Format))
-    Picture.Recorded().Save(Stream, Encoder);
-  else
-    Picture.Painted(RemoveTransparency, TransparentExchangeColor).Save(Stream, Encoder);
-}
-
-void TZyGraph2D::CopyToClipboard() {
-  TZyGraphPicture Picture(*this);
-  Picture.LayOut();
-  if (!Picture.IsEmpty()) Clipboard().SetPicture(Picture.Recorded(), Picture.Painted(false, 0));
-}
-
-void TZyGraph2D::PrintTo(TPrinter* APrinter, const TRect& Rect) {
-  if (APrinter == nullptr) return;
-  Graphics& Page = APrinter->Handle();
-  if (Rect.Width() <= 0 || Rect.Height() <= 0) return;
-  TZyGraphPicture Picture(*this);
-  Picture.LayOut();
-  if (Picture.IsEmpty()) return;
-  const Metafile Recording = Picture.Recorded();
-  Page.DrawImage(Recording, PlaceOnPage(Rect, Recording.GetWidth() / Recording.GetHeight()));
-}
+std::unique_ptr<TZyChartPicture> TZyGraph2D::MakePicture() { return std::make_unique<TZyGraphPicture>(*this); }
 
 }  // namespace zy

@@ -1,12 +1,11 @@
 // The lists in the record of a graph, and how a reader finds or makes what stands in them.
 
 #include <limits>
-#include <memory>
 #include <unordered_set>
 
 #include "graph/ZyGraph2D.h"
 #include "graph/ZyGraphRecord.h"
-#include "persistence/ZyIO.h"
+#include "persistence/ZyStoredObjects.h"
 #include "platform/framework/TPropInfo.h"
 #include "series/ZySeries.h"
 #include "series/vectors/ZyDoubleVector.h"
@@ -18,30 +17,6 @@ namespace {
 
 constexpr std::string_view LegendClass = "TZyLegend";  // stands above graphs, and is known by its name here
 
-[[noreturn]] void OfOtherClass(const TZyIdentity& Who, const TComponent& Found, std::string_view Wanted) {
-  throw EReadError(Format(LoadResString(_sRefOfOtherClass), {Who.Reference, Found.ClassName(), Wanted}));
-}
-
-/// The object that is there, null for none. Throws when it is of another kind.
-template <class T>
-T* Existing(const TZyIdentity& Who, std::string_view Wanted) {
-  TComponent* const Found = GetComponentFromRef(Who.Reference);
-  auto* const Result = dynamic_cast<T*>(Found);
-  if (Found != nullptr && Result == nullptr) OfOtherClass(Who, *Found, Wanted);
-  return Result;
-}
-
-/// Makes an object of a class under its name. Throws when it has none, or its owner cannot be found: nothing would find
-/// it again, and nobody free it.
-TComponent& Make(const TZyIdentity& Who, const TClassInfo& Class) {
-  if (ComponentName(Who.Reference).empty()) throw EReadError(LoadResString(_sComponentNotNamed));
-  TComponent* const Owner = RefOwner(Who.Reference);
-  if (Owner == nullptr) throw EReadError(Format(LoadResString(_sRefWithoutOwner), {Who.Reference}));
-  std::unique_ptr<TComponent> Made(Class.Factory()(Owner));
-  Made->SetName(std::string(ComponentName(Who.Reference)));
-  return *Made.release();
-}
-
 /// The class of that name, null for one that is not known; throws for one of another kind.
 const TClassInfo* KindOf(std::string_view ClassName, const TClassInfo& Kind) {
   const TClassInfo* const Class = GetClass(ClassName);
@@ -49,8 +24,6 @@ const TClassInfo* KindOf(std::string_view ClassName, const TClassInfo& Kind) {
   if (!Class->InheritsFrom(Kind)) throw EReadError(Format(LoadResString(_sOtherClassStored), {ClassName, Kind.Name()}));
   return Class;
 }
-
-bool IsStored(const TComponent& Component) { return !GetComponentRef(&Component).empty(); }
 
 bool IsMarker(TControl& Control) { return dynamic_cast<IZyGraphMarker*>(&Control) != nullptr; }
 
@@ -135,7 +108,7 @@ void TZyGraphRecord::ReadVector(const TZyIdentity& Who, const TReadObject& Read)
   if (Who.Reference.empty()) return;
   const TClassInfo& Class = TZyDoubleVector::StaticClassInfo();
   auto* Vector = Existing<TZyDoubleVector>(Who, Class.Name());
-  if (Vector == nullptr) Vector = static_cast<TZyDoubleVector*>(&Make(Who, Class));
+  if (Vector == nullptr) Vector = static_cast<TZyDoubleVector*>(&MakeStored(Who, Class));
   Read(*Vector);
 }
 
@@ -145,7 +118,7 @@ void TZyGraphRecord::ReadAxis(const TZyIdentity& Who, const TReadObject& Read) {
   auto* Axis = Existing<TZyAxis>(Who, Class.Name());
   const bool IsNew = Axis == nullptr;
   if (IsNew) {
-    Axis = static_cast<TZyAxis*>(&Make(Who, Class));
+    Axis = static_cast<TZyAxis*>(&MakeStored(Who, Class));
     Axis->SetParent(&FGraph);
   }
   Axis->ReadBy([&] { Read(*Axis); }, FHasData);
@@ -188,7 +161,7 @@ void TZyGraphRecord::ReadSeries(const TZyIdentity& Who, const TReadObject& Read)
   }
   if (Series == nullptr) {
     if (Class == nullptr) return;
-    Series = static_cast<TZySeries*>(&Make(Who, *Class));
+    Series = static_cast<TZySeries*>(&MakeStored(Who, *Class));
   }
   Read(*Series);
   Series->TestAllAssigned();
@@ -210,17 +183,16 @@ void TZyGraphRecord::CalculateSeries() {
 }
 
 void TZyGraphRecord::ReadLegend(const TZyIdentity& Who, const TReadObject& Read) {
-  auto* Legend = Existing<IZyStoredLegend>(Who, LegendClass);
+  const TClassInfo& Class = FindClass(LegendClass);
+  TComponent* Legend = ExistingOf(Who, Class);
   if (Legend == nullptr) {
-    const TClassInfo& Class = FindClass(LegendClass);
-    TComponent& Made = Make(Who, Class);
-    static_cast<TControl&>(Made).SetParent(&FGraph);
-    Legend = &dynamic_cast<IZyStoredLegend&>(Made);
+    Legend = &MakeStored(Who, Class);
+    static_cast<TControl&>(*Legend).SetParent(&FGraph);
   }
   Read(dynamic_cast<TZyRecord&>(*Legend));
-  auto& Control = dynamic_cast<TControl&>(*Legend);
+  auto& Control = static_cast<TControl&>(*Legend);
   if (Control.Parent() == nullptr) Control.SetParent(&FGraph);
-  Legend->JoinGraph(FGraph);
+  dynamic_cast<IZyStoredLegend&>(*Legend).JoinGraph(FGraph);
 }
 
 void TZyGraphRecord::FreeMarkers() {
@@ -233,7 +205,7 @@ void TZyGraphRecord::ReadMarker(const TZyIdentity& Who, const TReadObject& Read)
   auto* Marker = Existing<IZyGraphMarker>(Who, Who.ClassName);
   if (Marker == nullptr) {
     if (Class == nullptr) return;
-    auto& Made = static_cast<TControl&>(Make(Who, *Class));
+    auto& Made = static_cast<TControl&>(MakeStored(Who, *Class));
     Made.SetParent(&FGraph);
     Marker = dynamic_cast<IZyGraphMarker*>(&Made);
     if (Marker == nullptr) {

@@ -76,19 +76,34 @@ void TZyArchive::Records(const TZyFieldName& Name, const std::vector<TZyRecord*>
       const std::string NodeName = Written == nullptr ? std::string() : Written->RecordName();
       Within({TZyScope::ListedRecord, Name, Index, NodeName}, [&] {
         if (Written != nullptr) return Written->Visit(*this);
-        const TZyIdentity Who = Identify(Typed);
-        bool IsRead = false;
-        Take(Who, [&](TZyRecord& Object) {
-          IsRead = true;
-          ReadListed(Object);
-        });
-        if (IsRead || !IsStream()) return;
-        if (Who.Reference.empty()) throw EReadError(LoadResString(_sComponentNotNamed));
-        throw EClassNotFound(Format(LoadResString(_sClassNotFound), {Who.ClassName}));
+        TakeRecord(Typed, Take);
       });
     }
   });
   ResolvePending(FirstPending);
+}
+
+void TZyArchive::Record(const TZyFieldName& Name, std::string_view NodeName, TZyRecord* Written,
+                        const TTakeObject& Take) {
+  Within({TZyScope::Record, Name, -1, NodeName}, [&] {
+    if (IsReading())
+      TakeRecord(false, Take);
+    else if (Written != nullptr)
+      Written->Visit(*this);
+  });
+}
+
+/// Has the record that was entered read into the object that Take finds or makes for it.
+void TZyArchive::TakeRecord(bool Typed, const TTakeObject& Take) {
+  const TZyIdentity Who = Identify(Typed);
+  bool IsRead = false;
+  Take(Who, [&](TZyRecord& Object) {
+    IsRead = true;
+    ReadListed(Object);
+  });
+  if (IsRead || !IsStream()) return;
+  if (Who.Reference.empty()) throw EReadError(LoadResString(_sComponentNotNamed));
+  throw EClassNotFound(Format(LoadResString(_sClassNotFound), {Who.ClassName}));
 }
 
 void TZyArchive::ReadListed(TZyRecord& Object) {

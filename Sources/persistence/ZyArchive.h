@@ -204,6 +204,9 @@ class TZyArchive {
   using TReadObject = std::function<void(TZyRecord& Object)>;
   using TTakeObject = std::function<void(const TZyIdentity& Who, const TReadObject& Read)>;
   void Records(const TZyFieldName& Name, const std::vector<TZyRecord*>& Objects, bool Typed, const TTakeObject& Take);
+  /// One such object, whose record begins with its reference and has the node of that name in XML. Its place is that of
+  /// a record inside this one. Written counts in writers alone.
+  void Record(const TZyFieldName& Name, std::string_view NodeName, TZyRecord* Written, const TTakeObject& Take);
 
   // ---- For TZyRecord: where a reader stands ----
 
@@ -260,6 +263,7 @@ class TZyArchive {
   using TSetTarget = std::function<void(TComponent* Target)>;
   void Resolve(const std::string& Ref, TSetTarget Set);
   void ResolvePending(std::size_t First);
+  void TakeRecord(bool Typed, const TTakeObject& Take);
   void ReadListed(TZyRecord& Object);
   void Reference(TPersistent& Object, const TPropInfo& Row, const TZyFieldName& Name);
   void End();

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "graph/parts/ZyGraphParts.h"
+#include "series/ZyLabelText.h"
 #include "series/ZySeries.h"
 #include "series/vectors/ZyBoundTexts.h"
 
@@ -15,24 +16,9 @@ ZY_ENUM(TZyBarStyle, "Flat", "Cuboid", "Cylinder")
 enum class TZyBarsOverlayStyle { Shift, Stack };
 ZY_ENUM(TZyBarsOverlayStyle, "Shift", "Stack")
 
-/// What labels show.
-enum class TZyLabelStyle { Value, CaptionsList, Percent, CaptionAndValue, CaptionAndPercent };
-ZY_ENUM(TZyLabelStyle, "Value", "CaptionsList", "Percent", "CaptionAndValue", "CaptionAndPercent")
-
 /// Where the label of a bar stands; parts of the bar are counted from its base.
 enum class TZyBarLabelPosition { Invisible, OnBottom, Centered, GoldenCut, ThreeFourth, InTop, OnTopOfBar };
 ZY_ENUM(TZyBarLabelPosition, "Invisible", "OnBottom", "Centered", "GoldenCut", "ThreeFourth", "InTop", "OnTopOfBar")
-
-/// A label before it is laid out; a handler may replace the caption. Index is that of the data point.
-struct TZyGetLabelEventArgs {
-  TZyRichCaption Caption;
-  int Index = 0;
-};
-using TZyGetLabelEventHandler = std::function<void(TObject* Sender, TZyGetLabelEventArgs& Args)>;
-template <>
-inline std::string_view TypeName<TZyGetLabelEventHandler>() {
-  return "TZyGetLabelEventHandler";
-}
 
 class TZyBarPainter;
 class TZyPointLook;
@@ -202,7 +188,7 @@ class TZyBars : public TZySeries, public IZySolidSeries {
   void CaptionsChanging();
   void TakeLabels();
   bool IsInView(int Idx) const;
-  std::string LabelText(int Idx, double PercentFactor) const;
+  std::string TextOf(int Idx, double PercentFactor) const;
   void PlaceOnUprightBar(std::size_t Bar, bool IsInside, TZyRichCaptionObject& Label) const;
   void PlaceOnLyingBar(std::size_t Bar, bool IsInside, TZyRichCaptionObject& Label) const;
   bool StaysInside() const;

@@ -6,7 +6,6 @@
 #include "graph/parts/ZySeriesGraph.h"
 #include "series/ZyBars.h"
 #include "series/ZyPointLook.h"
-#include "texts/FormatFloat.h"
 
 namespace zy {
 
@@ -31,7 +30,7 @@ void TZyBars::TakeLabels() {
   FLabels.SetCount(Count());
   for (int i = 0; i < Count(); ++i) {
     if (!HasValue(i) || (!mGetLabel && !IsInView(i))) continue;
-    TZyGetLabelEventArgs Args{LabelText(i, PercentFactor), i};
+    TZyGetLabelEventArgs Args{TextOf(i, PercentFactor), i};
     if (mGetLabel) {
       const std::uint64_t Handle = LiveHandle();
       const TZyGetLabelEventHandler Handler = mGetLabel;
@@ -65,15 +64,9 @@ bool TZyBars::IsInView(int Idx) const {
   return High >= Axis.Start() && Low <= Axis.Stop();
 }
 
-std::string TZyBars::LabelText(int Idx, double PercentFactor) const {
-  using enum TZyLabelStyle;
-  std::string Text = FLabelFrom == Value || FLabelFrom == Percent ? std::string() : FCaptions.At(Idx);
-  if (FLabelFrom == CaptionsList) return Text;
-  if (!Text.empty()) Text += ' ';
-  if (FLabelFrom == Value || FLabelFrom == CaptionAndValue) return Text += FormatFloat(FLabelFormat, OwnValue(Idx));
-  std::string Format = FLabelFormat.empty() ? "##0.##%" : FLabelFormat;
-  if (Format.find('%') == std::string::npos) Format += '%';
-  return Text += FormatFloat(Format, OwnValue(Idx) * PercentFactor);
+std::string TZyBars::TextOf(int Idx, double PercentFactor) const {
+  const double Value = OwnValue(Idx);
+  return LabelText(FLabelFrom, FCaptions.At(Idx), FLabelFormat, Value, Value * PercentFactor);
 }
 
 // --- Places ---------------------------------------------------------------------------------------------------------

@@ -4,7 +4,11 @@
 #include <QAccessibleWidget>
 #include <QVariant>
 #include <QWidget>
+#include <algorithm>
+#include <functional>
 #include <map>
+#include <utility>
+#include <vector>
 
 #include "platform/controls/TGraphicControl.h"
 #include "platform/controls/TWinControl.h"
@@ -18,10 +22,10 @@ constexpr const char* HandleProperty = "zyControl";  // of a widget: the live ha
 /// its control died.
 class TNode : public QAccessibleInterface {
  public:
-  explicit TNode(const TGraphicControl& Control) : FHandle(Control.LiveHandle()) {
+  explicit TNode(const TControl& Control) : FHandle(Control.LiveHandle()) {
     FId = QAccessible::registerAccessibleInterface(this);
   }
-  TGraphicControl* Control() const { return dynamic_cast<TGraphicControl*>(TPersistent::FromLiveHandle(FHandle)); }
+  TControl* Control() const { return dynamic_cast<TControl*>(TPersistent::FromLiveHandle(FHandle)); }
   QAccessible::Id Id() const { return FId; }
 
   bool isValid() const override { return Control() != nullptr && Control()->Parent() != nullptr; }
@@ -43,13 +47,14 @@ class TNode : public QAccessibleInterface {
   QAccessible::Id FId = 0;
 };
 
-/// An item of a control.
+/// An item of a control, below the node of the control.
 class TItemNode : public TNode {
  public:
-  TItemNode(const TGraphicControl& Control, QAccessible::Id List, int Index)
-      : TNode(Control), FList(List), FIndex(static_cast<std::size_t>(Index)) {}
+  using TFindParent = std::function<QAccessibleInterface*()>;
+  TItemNode(const TControl& Control, TFindParent Parent, int Index)
+      : TNode(Control), FFindParent(std::move(Parent)), FIndex(static_cast<std::size_t>(Index)) {}
 
-  QAccessibleInterface* parent() const override { return QAccessible::accessibleInterface(FList); }
+  QAccessibleInterface* parent() const override { return FFindParent(); }
   QAccessibleInterface* child(int) const override { return nullptr; }
   int childCount() const override { return 0; }
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
@@ -62,35 +67,48 @@ class TItemNode : public TNode {
   QAccessible::State state() const override { return parent() != nullptr ? parent()->state() : QAccessible::State(); }
 
  private:
-  QAccessible::Id FList;
+  TFindParent FFindParent;
   std::size_t FIndex;
+};
+
+/// The nodes of a control's items, made when they are asked for.
+class TItemNodes {
+ public:
+  ~TItemNodes() {
+    for (const TItemNode* Item : FItems) QAccessible::deleteAccessibleInterface(Item->Id());
+  }
+  static int Count(const TControl& Control) { return static_cast<int>(Control.AccessibleItems().size()); }
+  TItemNode* At(const TControl& Control, const TItemNode::TFindParent& Parent, int Index) {
+    while (FItems.size() <= static_cast<std::size_t>(Index))
+      FItems.push_back(new TItemNode(Control, Parent, static_cast<int>(FItems.size())));
+    return FItems[static_cast<std::size_t>(Index)];
+  }
+  int IndexOf(const QAccessibleInterface* Child) const {
+    const auto Found = std::ranges::find(FItems, Child);
+    return Found == FItems.end() ? -1 : static_cast<int>(Found - FItems.begin());
+  }
+
+ private:
+  std::vector<TItemNode*> FItems;  // the toolkit's, under their numbers
 };
 
 /// A control without a window.
 class TControlNode : public TNode {
  public:
   TControlNode(const TGraphicControl& Control, QWidget& Window) : TNode(Control), FWindow(&Window) {}
-  ~TControlNode() override {
-    for (const TItemNode* Item : FItems) QAccessible::deleteAccessibleInterface(Item->Id());
-  }
 
   QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(FWindow); }
-  int childCount() const override { return isValid() ? static_cast<int>(Control()->AccessibleItems().size()) : 0; }
+  int childCount() const override { return isValid() ? TItemNodes::Count(*Control()) : 0; }
   QAccessibleInterface* child(int Index) const override {
     if (Index < 0 || Index >= childCount()) return nullptr;
-    while (FItems.size() <= static_cast<std::size_t>(Index))
-      FItems.push_back(new TItemNode(*Control(), Id(), static_cast<int>(FItems.size())));
-    return FItems[static_cast<std::size_t>(Index)];
+    return FItems.At(
+        *Control(), [List = Id()] { return QAccessible::accessibleInterface(List); }, Index);
   }
-  int indexOfChild(const QAccessibleInterface* Child) const override {
-    for (std::size_t Index = 0; Index < FItems.size(); ++Index)
-      if (FItems[Index] == Child) return static_cast<int>(Index);
-    return -1;
-  }
+  int indexOfChild(const QAccessibleInterface* Child) const override { return FItems.IndexOf(Child); }
   QAccessible::Role role() const override { return QAccessible::List; }
   QString text(QAccessible::Text Kind) const override {
     if (!isValid()) return {};
-    if (Kind == QAccessible::Name) return QString::fromStdString(Control()->AccessibleName());
+    if (Kind == QAccessible::Name) return QString::fromStdString(Part().AccessibleName());
     return Kind == QAccessible::Description ? QString::fromStdString(Control()->Hint()) : QString();
   }
   QAccessible::State state() const override {
@@ -98,14 +116,16 @@ class TControlNode : public TNode {
     Result.readOnly = true;
     if (!isValid()) return Result;
     Result.invisible = !Control()->Visible();
-    Result.focusable = Control()->TakesKeys();
+    Result.focusable = Part().TakesKeys();
     Result.focused = Control()->Parent()->ActiveControl() == Control() && Control()->Parent()->Focused();
     return Result;
   }
 
  private:
+  TGraphicControl& Part() const { return dynamic_cast<TGraphicControl&>(*Control()); }
+
   QWidget* FWindow;
-  mutable std::vector<TItemNode*> FItems;  // the toolkit's, under their numbers
+  mutable TItemNodes FItems;
 };
 
 /// The widget of a windowed control, with what lies in it behind its own children.
@@ -117,18 +137,25 @@ class TWindowNode : public QAccessibleWidget {
     for (const auto& [Handle, Node] : FNodes) QAccessible::deleteAccessibleInterface(Node->Id());
   }
 
-  int childCount() const override { return QAccessibleWidget::childCount() + static_cast<int>(Parts().size()); }
+  int childCount() const override {
+    return QAccessibleWidget::childCount() + static_cast<int>(Parts().size()) + ItemCount();
+  }
   QAccessibleInterface* child(int Index) const override {
     const int Own = QAccessibleWidget::childCount();
     if (Index < Own) return QAccessibleWidget::child(Index);
     const std::vector<TGraphicControl*> All = Parts();
-    const auto Place = static_cast<std::size_t>(Index - Own);
-    return Place < All.size() ? NodeOf(*All[Place]) : nullptr;
+    const int Place = Index - Own, Item = Place - static_cast<int>(All.size());
+    if (Item < 0) return NodeOf(*All[static_cast<std::size_t>(Place)]);
+    if (Item >= ItemCount()) return nullptr;
+    return FItems.At(
+        *Control(), [Window = widget()] { return QAccessible::queryAccessibleInterface(Window); }, Item);
   }
   int indexOfChild(const QAccessibleInterface* Child) const override {
     const std::vector<TGraphicControl*> All = Parts();
+    const int Own = QAccessibleWidget::childCount(), Item = FItems.IndexOf(Child);
+    if (Item >= 0) return Own + static_cast<int>(All.size()) + Item;
     for (std::size_t Place = 0; Place < All.size(); ++Place)
-      if (NodeOf(*All[Place]) == Child) return QAccessibleWidget::childCount() + static_cast<int>(Place);
+      if (NodeOf(*All[Place]) == Child) return Own + static_cast<int>(Place);
     return QAccessibleWidget::indexOfChild(Child);
   }
   QAccessibleInterface* childAt(int X, int Y) const override {
@@ -138,11 +165,13 @@ class TWindowNode : public QAccessibleWidget {
   }
 
  private:
+  const TWinControl* Control() const { return dynamic_cast<const TWinControl*>(TPersistent::FromLiveHandle(FHandle)); }
+  int ItemCount() const { return Control() == nullptr ? 0 : TItemNodes::Count(*Control()); }
+  /// The controls without a window, which stand behind the widgets; the items of the window itself come last.
   std::vector<TGraphicControl*> Parts() const {
     std::vector<TGraphicControl*> Result;
-    const auto* const Control = dynamic_cast<const TWinControl*>(TPersistent::FromLiveHandle(FHandle));
-    if (Control == nullptr) return Result;
-    for (TControl* Child : Control->Controls()) {
+    if (Control() == nullptr) return Result;
+    for (TControl* Child : Control()->Controls()) {
       auto* const Part = dynamic_cast<TGraphicControl*>(Child);
       if (Part != nullptr && Part->Visible() && !Part->AccessibleName().empty()) Result.push_back(Part);
     }
@@ -155,6 +184,7 @@ class TWindowNode : public QAccessibleWidget {
   }
 
   std::uint64_t FHandle;
+  mutable TItemNodes FItems;
   mutable std::map<std::uint64_t, TControlNode*> FNodes;  // the toolkit's, under their numbers
 };
 

@@ -410,16 +410,21 @@ bool DispatchMouse(TWinControl& Control, QEvent& Event) {
 bool DispatchToolTip(TWinControl& Control, QEvent& Event) {
   const auto& Help = static_cast<QHelpEvent&>(Event);
   const TControl& Target = ControlAt(Control, {Help.pos().x(), Help.pos().y()});
-  const TControl* Source = &Target;
-  while (Source != nullptr && Source->Hint().empty()) Source = Source->Parent();
-  if (Source == nullptr || !Target.ShowHint()) {
+  std::string Text;
+  TPoint Place{Help.pos().x(), Help.pos().y()};
+  if (&Target != &Control) Place = {Place.X - Target.Left(), Place.Y - Target.Top()};
+  for (const TControl* Source = &Target; Source != nullptr && Text.empty(); Source = Source->Parent()) {
+    Text = Source->HintAt(Place);
+    Place = {Place.X + Source->Left(), Place.Y + Source->Top()};
+  }
+  if (Text.empty() || !Target.ShowHint()) {
     QToolTip::hideText();
     Event.ignore();
     return true;
   }
   QRect Box(0, 0, Control.Width(), Control.Height());
   if (&Target != &Control) Box = QRect(Target.Left(), Target.Top(), Target.Width(), Target.Height());
-  QToolTip::showText(Help.globalPos(), QString::fromStdString(Source->Hint()), Control.Widget(), Box);
+  QToolTip::showText(Help.globalPos(), QString::fromStdString(Text), Control.Widget(), Box);
   return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/controls/ControlTypes.h"
 #include "platform/controls/Cursors.h"
@@ -88,6 +89,8 @@ class TControl : public TComponent {
   /// Text of the tool tip; without one, that of the parent.
   const std::string& Hint() const { return FHint; }
   void SetHint(const std::string& Value);
+  /// The tool tip for a place in the control.
+  virtual std::string HintAt(TPoint /*Place*/) const { return FHint; }
   /// Whether the tool tip is shown: what the parent says, until it is set.
   bool ShowHint() const;
   void SetShowHint(bool Value);
@@ -135,6 +138,9 @@ class TControl : public TComponent {
   virtual bool CMHitTest(int X, int Y);
   virtual void CMMouseEnter();
   virtual void CMMouseLeave();
+
+  /// What a screen reader says of the items that the control shows.
+  virtual std::vector<std::string> AccessibleItems() const { return {}; }
 
   /// The menu that a click of the right button brings up; without one, that of the parent.
   TPopupMenu* PopupMenu() const;

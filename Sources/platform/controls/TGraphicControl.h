@@ -19,9 +19,8 @@ class TGraphicControl : public TControl {
   virtual void KeyDown(TKey& Key, TShiftState Shift);
   /// Whether a click, or the tabulator key within the window, makes it the ActiveControl.
   virtual bool TakesKeys() const { return false; }
-  /// What a screen reader says of the control, and of the items that it lists. One without a name is passed over.
+  /// What a screen reader says of the control; one without a name is passed over.
   virtual std::string AccessibleName() const { return {}; }
-  virtual std::vector<std::string> AccessibleItems() const { return {}; }
 
  protected:
   /// Whether the control lies above the picture of its window for now, as one that is being dragged: where it alone
