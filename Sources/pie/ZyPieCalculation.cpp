@@ -88,8 +88,8 @@ void TZyPieCalculation::Explode() {
     const PointF Middle = RimPoint(static_cast<double>(Segment.Middle())), A = RimPoint(Start), B = RimPoint(Stop);
     const double X = Part * static_cast<double>(Middle.X), Y = Part * static_cast<double>(Middle.Y);
     Segment.Shift = {static_cast<float>(X), static_cast<float>(Y)};
-    const auto [LowX, HighX] = std::minmax(static_cast<double>(A.X), static_cast<double>(B.X));
-    const auto [LowY, HighY] = std::minmax(static_cast<double>(A.Y), static_cast<double>(B.Y));
+    const auto [LowX, HighX] = std::minmax({static_cast<double>(A.X), static_cast<double>(B.X)});
+    const auto [LowY, HighY] = std::minmax({static_cast<double>(A.Y), static_cast<double>(B.Y)});
     if (X > 0) Right = std::max(Right, Beyond(X, Start <= 360 && Stop >= 360, HighX));
     if (X < 0) Left = std::max(Left, Beyond(-X, Start <= 180 && Fit(Stop) >= 180, -LowX));
     if (Y > 0) Bottom = std::max(Bottom, Beyond(Y, Fit(Start + 90) > 0 && Fit(Stop) >= 90, HighY));

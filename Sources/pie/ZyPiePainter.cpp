@@ -41,6 +41,8 @@ TZyPiePainter::TZyPiePainter(TZyPieChart& Chart, Graphics& Gr)
     : FChart(Chart),
       FGr(Gr),
       FLayout(Chart.Layout()),
+      mGetPen(Chart.OnGetPen()),
+      mGetBrush(Chart.OnGetBrush()),
       FBorderPen(Chart.SegmentBorder().GetPen(Chart.PieExplodedRect(), 0)),
       FHasBorder(Chart.SegmentBorder().Visible()),
       FIsClosed(FLayout != nullptr && !FLayout->AnyExploded() && FLayout->Shape().TotalAngle >= 360) {}
@@ -81,20 +83,34 @@ void TZyPiePainter::PaintEmpty() {
 }
 
 void TZyPiePainter::PaintShadow() {
-  constexpr float Way = 0.04f;  // of the width of the pie
+  constexpr float Part = 0.04f;  // of the width of the pie
   const TZyPieCalculation& Layout = *FLayout;
-  GraphicsPath Path(FillModeWinding);
+  const float Way = Part * Layout.PieRect().Width;
   if (Layout.AnyExploded()) {
+    GraphicsPath Path(FillModeWinding);
     for (std::size_t i = 0; i < Layout.Segments().size(); ++i)
       FChart.FacesOf(Layout, static_cast<int>(i), Layout.Segments()[i].Sweep).AddOutline(Path, true);
-  } else {
-    const RectF& Rim = Layout.PieRect();
-    const auto Hole =
-        Layout.Shape().IsDonut() ? std::optional(TZyPieFaces::HoleIn(Rim, FChart.DonutHoleSize())) : std::nullopt;
-    TZyPieFaces(Rim, Hole, Layout.WallHeight(), Layout.Shape().StartAngle, Layout.Shape().TotalAngle)
-        .AddOutline(Path, false);
+    return DrawShadow(FGr, Path, Way, Way);
   }
-  DrawShadow(FGr, Path, Way * Layout.PieRect().Width, Way * Layout.PieRect().Width);
+  GraphicsPath Path = WholeOutline(0);
+  constexpr float Inwards = 3;  // pixels; the edge itself must not be smoothed twice
+  const GraphicsPath Core = WholeOutline(Inwards);
+  DrawShadow(FGr, Path, Way, Way, FIsClosed && Layout.PieRect().Height > 4 * Inwards ? &Core : nullptr);
+}
+
+/// The outline of a pie that is not exploded, with its edges moved inwards by some pixels.
+GraphicsPath TZyPiePainter::WholeOutline(float Inwards) const {
+  const auto Shrunk = [](const RectF& Box, float By) {
+    return RectF{Box.X + By, Box.Y + By, Box.Width - 2 * By, Box.Height - 2 * By};
+  };
+  const TZyPieCalculation& Layout = *FLayout;
+  std::optional<RectF> Hole;
+  if (Layout.Shape().IsDonut()) Hole = Shrunk(TZyPieFaces::HoleIn(Layout.PieRect(), FChart.DonutHoleSize()), -Inwards);
+  GraphicsPath Path;
+  TZyPieFaces(Shrunk(Layout.PieRect(), Inwards), Hole, Layout.WallHeight(), Layout.Shape().StartAngle,
+              Layout.Shape().TotalAngle)
+      .AddOutline(Path, false);
+  return Path;
 }
 
 // --- Segments -------------------------------------------------------------------------------------------------------
@@ -119,8 +135,8 @@ TZyPiePainter::TTurn TZyPiePainter::Prepare(int Segment) {
   std::unique_ptr<Brush> Own = FChart.PaletteItem(Segment).GetBrush();
   TZyPenEventArgs Outline{Data.DataIndex, Data.Value, static_cast<double>(Data.Sweep), FBorderPen.get(), true};
   TZyBrushEventArgs Fill{Data.DataIndex, Data.Value, static_cast<double>(Data.Sweep), Own.get(), true};
-  if (const TZyPenEventHandler Handler = FChart.OnGetPen()) Handler(&FChart, Outline);
-  if (const TZyBrushEventHandler Handler = FChart.OnGetBrush()) Handler(&FChart, Fill);
+  if (mGetPen) mGetPen(&FChart, Outline);
+  if (mGetBrush) mGetBrush(&FChart, Fill);
   return {FChart.FacesOf(*FLayout, Segment, static_cast<float>(Outline.Y)),
           Outline.Pen == nullptr ? FBorderPen.get() : Outline.Pen, Fill.Brush == nullptr ? Own.get() : Fill.Brush,
           std::move(Own)};

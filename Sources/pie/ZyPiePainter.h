@@ -5,6 +5,7 @@
 
 #include "pie/ZyPieCalculation.h"
 #include "pie/ZyPieFaces.h"
+#include "series/ZySeriesEvents.h"
 
 namespace zy {
 
@@ -35,6 +36,7 @@ class TZyPiePainter {
   void PaintBackground();
   void PaintEmpty();
   void PaintShadow();
+  GraphicsPath WholeOutline(float Inwards) const;
   void PaintSegments();
   template <class TDraw>
   void Pass(const TDraw& Draw);
@@ -58,6 +60,8 @@ class TZyPiePainter {
   TZyPieChart& FChart;
   Graphics& FGr;
   std::shared_ptr<const TZyPieCalculation> FLayout;
+  const TZyPenEventHandler mGetPen;  // may be replaced meanwhile; what they give may be theirs
+  const TZyBrushEventHandler mGetBrush;
   std::unique_ptr<TZyPen> FBorderPen;
   bool FHasBorder;
   bool FIsClosed;  // a ring without any cut that is seen

@@ -133,7 +133,7 @@ void DrawRoundRect(Graphics& Gr, const Brush& Brush, const Pen& Pen, const RectF
 }
 
 // Layers of the shape at growing distance add up to a soft edge.
-void DrawShadow(Graphics& Gr, GraphicsPath& Path, float DX, float DY) {
+void DrawShadow(Graphics& Gr, GraphicsPath& Path, float DX, float DY, const GraphicsPath* Core) {
   constexpr int MostLayers = 255;  // the faintest layer there is
   const int Count = DX >= 1 ? static_cast<int>(std::lrint(std::min(DX, static_cast<float>(MostLayers)))) : 1;
   const SolidBrush Layer(ColorToARGB(static_cast<unsigned>(255 / Count), 0, 0, 0));
@@ -143,7 +143,13 @@ void DrawShadow(Graphics& Gr, GraphicsPath& Path, float DX, float DY) {
   Step.Translate(DX / static_cast<float>(Count), DY / static_cast<float>(Count));
   for (int Index = 0; Index <= Count; ++Index) {
     Path.Transform(Step);
-    Gr.FillPath(Layer, Path);
+    if (Core == nullptr) {
+      Gr.FillPath(Layer, Path);
+      continue;
+    }
+    GraphicsPath Ring(Path);
+    Ring.AddPath(*Core);
+    Gr.FillPath(Layer, Ring);
   }
   Gr.SetClip(Saved);
 }

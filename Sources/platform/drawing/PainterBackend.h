@@ -55,6 +55,7 @@ class TPainterBackend : public TGraphicsBackend {
   void DrawPlain(const TDrawState& State, const Pen& Pen, const TShape& Shape);
   bool StrokeByRaster(const TDrawState& State, const Pen& Pen, const TShape& Shape);
   bool StrokeThin(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width);
+  bool StrokeThinOutline(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width);
   bool StrokeBox(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width);
   bool StrokeFrame(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width);
   bool FillBox(const TDrawState& State, const Brush& Brush, const TShape& Shape);

@@ -69,7 +69,7 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
   const float Width = Pen.EffectiveWidth() * Scale;
   if (!FHasMask && !IsGradient(Pen.GetBrush())) {
     if (Shape.Kind == TShape::Rectangle && StrokeFrame(Pen, Shape, Device, Width)) return true;
-    if (!IsLine) return false;
+    if (!IsLine) return StrokeThinOutline(Pen, Shape, Device, Width);
     if (IsLevel(Shape.Points) && Width >= 1 && StrokeBox(Pen, Shape, Device, Width)) return true;
     if (StrokeThin(Pen, Shape, Device, Width)) return true;
     if (IsLevel(Shape.Points)) return false;
@@ -150,6 +150,21 @@ bool TPainterBackend::StrokeThin(const Pen& Pen, const TShape& Shape, const Matr
   if (Shape.Kind == TShape::Polygon) Points.push_back(Points.front());
   const TRasterCap Cap = Shape.Kind == TShape::Polygon ? TRasterCap::Flat : CapOf(Pen.GetEndCap());
   TZyRaster(TargetOf(*FImage), RasterClip()).ThinLine(Points, Width, Cap, Solid->GetColor());
+  return true;
+}
+
+/// The outline of a path or a sector in a thin, solid line of an opaque colour.
+bool TPainterBackend::StrokeThinOutline(const Pen& Pen, const TShape& Shape, const Matrix& Device, float Width) {
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Pen.GetBrush());
+  const bool IsOutline = Shape.Kind == TShape::Path || Shape.Kind == TShape::Pie;
+  if (Solid == nullptr || !IsOutline || Width != 1 || Pen.GetDashStyle() != DashStyleSolid) return false;
+  if (Solid->GetColor() >> 24 != 255) return false;
+  TZyRaster Raster(TargetOf(*FImage), RasterClip());
+  for (const std::vector<PointF>& Figure : FiguresOf(Device, Shape)) {
+    if (Figure.size() < 2) continue;
+    const TRasterCap Cap = Figure.front() == Figure.back() ? TRasterCap::Flat : CapOf(Pen.GetEndCap());
+    Raster.ThinLine(Figure, Width, Cap, Solid->GetColor());
+  }
   return true;
 }
 
