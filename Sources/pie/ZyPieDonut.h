@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "graph/ZyCustomGraph.h"
@@ -271,6 +273,8 @@ class TZyPieChart : public TZyCustomGraph, public IZyVectorReader, public IZyUnd
   bool HasCalloutBox() const;
   double PresentPercentFactor() const;
   TZyPieFaces FacesOf(const TZyPieCalculation& Layout, int Segment, float Sweep) const;
+  std::vector<std::pair<float, std::array<PointF, 4>>> CutsBeyond(const TZyPieCalculation& Layout, int Segment,
+                                                                  const TZyPieFaces& Faces) const;
   void InvalidateActive();
 
   TRef<TZyCustomDoubleVector> FValues{this, &TZyPieChart::SetValues};

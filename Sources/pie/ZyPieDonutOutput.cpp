@@ -1,6 +1,7 @@
 // The paint of a pie chart, its picture, and what is seen at a place.
 
-#include "annotations/ZyCustomLegend.h"
+#include <algorithm>
+
 #include "pie/ZyPieDonut.h"
 #include "pie/ZyPieFaces.h"
 #include "pie/ZyPiePainter.h"
@@ -66,40 +67,55 @@ TZyPieFaces TZyPieChart::FacesOf(const TZyPieCalculation& Layout, int Segment, f
   return {Rim, Hole, Layout.WallHeight(), Data.Start, Sweep};
 }
 
+/// The angles and parts of cuts of a segment that has moved out before the walls of those beside it.
+std::vector<std::pair<float, TZyPieFaces::TCut>> TZyPieChart::CutsBeyond(const TZyPieCalculation& Layout, int Segment,
+                                                                         const TZyPieFaces& Faces) const {
+  std::vector<std::pair<float, TZyPieFaces::TCut>> Result;
+  if (!Layout.AnyExploded()) return Result;
+  const auto Count = static_cast<int>(Layout.Segments().size());
+  for (const float Angle : Faces.Cuts()) {
+    const bool IsStart = Angle > 90 && Angle < 270;
+    const int Other = (Segment + (IsStart ? Count - 1 : 1)) % Count;
+    const RectF Rim = FacesOf(Layout, Other, 0).Rim();
+    if (const auto Cut = Faces.CutBeyond(Angle, Rim); Cut && Rim != Faces.Rim()) Result.emplace_back(Angle, *Cut);
+  }
+  return Result;
+}
+
 /// What is drawn last is seen: the passes of the painter backwards.
 int TZyPieChart::SegmentAt(float X, float Y) const {
   if (FLayout == nullptr || !(FLayout->PieRect().Width > 0)) return -1;
   const TZyPieCalculation& Layout = *FLayout;
   const PointF Place{X, Y};
   const bool IsClosed = !Layout.AnyExploded() && Layout.Shape().TotalAngle >= 360;
+  const auto IsIn = [Place](const TZyPieFaces::TCut& Cut) {
+    GraphicsPath Path;
+    Path.AddPolygon(Cut);
+    return Path.IsVisible(Place);
+  };
   const auto HasCut = [&](const TZyPieFaces& Faces, const std::vector<float>& Angles) {
-    for (const float Angle : Angles) {
-      GraphicsPath Path;
-      Path.AddPolygon(Faces.CutAt(Angle));
-      if (!IsClosed && Path.IsVisible(Place)) return true;
-    }
-    return false;
+    return !IsClosed && std::ranges::any_of(Angles, [&](float Angle) { return IsIn(Faces.CutAt(Angle)); });
   };
   const auto Find = [&](const auto& IsHit) {
     for (auto i = Layout.Order().rbegin(); i != Layout.Order().rend(); ++i)
-      if (IsHit(FacesOf(Layout, *i, Layout.Segments()[static_cast<std::size_t>(*i)].Sweep))) return *i;
+      if (IsHit(FacesOf(Layout, *i, Layout.Segments()[static_cast<std::size_t>(*i)].Sweep), *i)) return *i;
     return -1;
   };
-  int Found = Find([&](const TZyPieFaces& Faces) { return Faces.Top().IsVisible(Place); });
+  int Found = Find([&](const TZyPieFaces& Faces, int) { return Faces.Top().IsVisible(Place); });
   if (Found >= 0 || !Layout.Shape().Is3D()) return Found;
-  Found = Find([&](const TZyPieFaces& Faces) {
+  Found = Find([&](const TZyPieFaces& Faces, int Segment) {
     for (const TZyPieArc& Arc : Faces.OuterArcs())
       if (Faces.OuterWall(Arc).IsVisible(Place)) return true;
-    return false;
+    return std::ranges::any_of(CutsBeyond(Layout, Segment, Faces), [&](const auto& Cut) { return IsIn(Cut.second); });
   });
   if (Found < 0 && Layout.Shape().IsDonut())
-    Found = Find([&](const TZyPieFaces& Faces) {
+    Found = Find([&](const TZyPieFaces& Faces, int) {
       if (HasCut(Faces, Faces.CutsBeforeHole())) return true;
       for (const TZyPieArc& Arc : Faces.InnerArcs())
         if (Faces.InnerWall(Arc).IsVisible(Place)) return true;
       return false;
     });
-  if (Found < 0) Found = Find([&](const TZyPieFaces& Faces) { return HasCut(Faces, Faces.Cuts()); });
+  if (Found < 0) Found = Find([&](const TZyPieFaces& Faces, int) { return HasCut(Faces, Faces.Cuts()); });
   return Found;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 #include "analysis/ZyMath.h"
 
@@ -79,9 +80,23 @@ std::vector<float> TZyPieFaces::CutsBeforeHole() const {
 /// From the middle, or from the rim of the hole, to the outer rim.
 PointF TZyPieFaces::Inner(float Angle) const { return FHole ? OnRim(*FHole, Angle) : MiddleOf(FRim); }
 
-TZyPieFaces::TCut TZyPieFaces::CutAt(float Angle) const {
-  const PointF From = Inner(Angle), To = OnRim(FRim, Angle);
-  return {From, To, {To.X, To.Y + FHeight}, {From.X, From.Y + FHeight}};
+TZyPieFaces::TCut TZyPieFaces::CutAt(float Angle) const { return Wall(Inner(Angle), OnRim(FRim, Angle)); }
+
+std::optional<TZyPieFaces::TCut> TZyPieFaces::CutBeyond(float Angle, const RectF& Other) const {
+  const PointF From = Inner(Angle), To = OnRim(FRim, Angle), Middle = MiddleOf(Other);
+  const auto InUnits = [&](PointF Place) {
+    return std::pair{static_cast<double>((Place.X - Middle.X) / Other.Width * 2),
+                     static_cast<double>((Place.Y - Middle.Y) / Other.Height * 2)};
+  };
+  const auto [X, Y] = InUnits(From);
+  const auto [EndX, EndY] = InUnits(To);
+  const double Dx = EndX - X, Dy = EndY - Y, Length = Dx * Dx + Dy * Dy, Along = X * Dx + Y * Dy;
+  const double Root = Along * Along - Length * (X * X + Y * Y - 1);
+  if (!(Length > 0)) return {};
+  const double Part = Root > 0 ? std::clamp((std::sqrt(Root) - Along) / Length, 0.0, 1.0) : 0;  // where it leaves
+  if (Part >= 1) return {};
+  const auto At = static_cast<float>(Part);
+  return Wall({From.X + At * (To.X - From.X), From.Y + At * (To.Y - From.Y)}, To);
 }
 
 // --- Walls ----------------------------------------------------------------------------------------------------------

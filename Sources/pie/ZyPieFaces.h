@@ -40,6 +40,8 @@ class TZyPieFaces {
   /// Those that stand in front of the far wall of the hole.
   std::vector<float> CutsBeforeHole() const;
   TCut CutAt(float Angle) const;
+  /// What of a cut lies outside of the rim of the segment beside it; nothing when all lies within.
+  std::optional<TCut> CutBeyond(float Angle, const RectF& Other) const;
   /// What is seen of the outer wall, and of the far wall of the hole: none, one or two parts of the rim.
   std::vector<TZyPieArc> OuterArcs() const;
   std::vector<TZyPieArc> InnerArcs() const;
@@ -60,6 +62,7 @@ class TZyPieFaces {
   void AddSolidOutline(GraphicsPath& Path) const;
   void AddArcBetween(GraphicsPath& Path, const RectF& Box, float From, float To) const;
   PointF Inner(float Angle) const;
+  TCut Wall(PointF From, PointF To) const { return {From, To, {To.X, To.Y + FHeight}, {From.X, From.Y + FHeight}}; }
 
   RectF FRim;
   std::optional<RectF> FHole;

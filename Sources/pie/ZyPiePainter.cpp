@@ -82,20 +82,47 @@ void TZyPiePainter::PaintEmpty() {
   Text.PaintGr(FGr);
 }
 
+/// The shadow is the dearest part of a pie, and the same in each paint: on pictures it is kept as one.
 void TZyPiePainter::PaintShadow() {
   constexpr float Part = 0.04f;  // of the width of the pie
   const TZyPieCalculation& Layout = *FLayout;
   const float Way = Part * Layout.PieRect().Width;
+  GraphicsPath Path = WholeOutline(0);
   if (Layout.AnyExploded()) {
-    GraphicsPath Path(FillModeWinding);
+    Path = GraphicsPath(FillModeWinding);
     for (std::size_t i = 0; i < Layout.Segments().size(); ++i)
       FChart.FacesOf(Layout, static_cast<int>(i), Layout.Segments()[i].Sweep).AddOutline(Path, true);
-    return DrawShadow(FGr, Path, Way, Way);
   }
-  GraphicsPath Path = WholeOutline(0);
   constexpr float Inwards = 3;  // pixels; the edge itself must not be smoothed twice
   const GraphicsPath Core = WholeOutline(Inwards);
-  DrawShadow(FGr, Path, Way, Way, FIsClosed && Layout.PieRect().Height > 4 * Inwards ? &Core : nullptr);
+  const bool HasCore = FIsClosed && Layout.PieRect().Height > 4 * Inwards;
+  const RectF Box = Path.GetBounds();
+  const PointF Corner{std::floor(Box.X), std::floor(Box.Y)};
+  const auto Draw = [&](Graphics& Gr) {
+    Gr.TranslateTransform(-Corner.X, -Corner.Y);
+    GraphicsPath Moved = Path;
+    DrawShadow(Gr, Moved, Way, Way, HasCore ? &Core : nullptr);
+  };
+  FGr.DrawStamps(ShadowLook(), {-1, -1, Box.Width + Way + 4, Box.Height + Way + 4}, {&Corner, 1}, Draw);
+}
+
+/// All that decides the pixels of the shadow, as bytes.
+std::string TZyPiePainter::ShadowLook() const {
+  std::string Result = "pie shadow";
+  const auto Add = [&Result](auto Value) { Result.append(reinterpret_cast<const char*>(&Value), sizeof Value); };
+  const TZyPieCalculation& Layout = *FLayout;
+  Add(Layout.PieRect());
+  Add(Layout.Shape().Type);
+  for (const float Value :
+       {Layout.WallHeight(), FChart.DonutHoleSize(), Layout.Shape().StartAngle, Layout.Shape().TotalAngle})
+    Add(Value);
+  if (!Layout.AnyExploded()) return Result;
+  for (const TZyPieSegment& Segment : Layout.Segments()) {
+    Add(Segment.Start);
+    Add(Segment.Sweep);
+    Add(Segment.Shift);
+  }
+  return Result;
 }
 
 /// The outline of a pie that is not exploded, with its edges moved inwards by some pixels.
@@ -137,7 +164,7 @@ TZyPiePainter::TTurn TZyPiePainter::Prepare(int Segment) {
   TZyBrushEventArgs Fill{Data.DataIndex, Data.Value, static_cast<double>(Data.Sweep), Own.get(), true};
   if (mGetPen) mGetPen(&FChart, Outline);
   if (mGetBrush) mGetBrush(&FChart, Fill);
-  return {FChart.FacesOf(*FLayout, Segment, static_cast<float>(Outline.Y)),
+  return {Segment, FChart.FacesOf(*FLayout, Segment, static_cast<float>(Outline.Y)),
           Outline.Pen == nullptr ? FBorderPen.get() : Outline.Pen, Fill.Brush == nullptr ? Own.get() : Fill.Brush,
           std::move(Own)};
 }
@@ -170,13 +197,14 @@ void TZyPiePainter::DrawGlass(const TTurn& Turn) {
 
 void TZyPiePainter::DrawCuts(const TTurn& Turn) {
   if (FIsClosed) return;
-  for (const float Angle : Turn.Faces.Cuts()) DrawCut(Turn, Angle);
+  for (const float Angle : Turn.Faces.Cuts()) DrawCut(Turn, Angle, Turn.Faces.CutAt(Angle));
 }
 
-void TZyPiePainter::DrawCut(const TTurn& Turn, float Angle) {
-  const TZyPieFaces::TCut Cut = Turn.Faces.CutAt(Angle);
+/// The inner end of a part of a cut has no line.
+void TZyPiePainter::DrawCut(const TTurn& Turn, float Angle, const TZyPieFaces::TCut& Cut, bool IsWhole) {
   FGr.FillPolygon(*Turn.Fill, Cut);
-  if (FHasBorder) FGr.DrawPolygon(*Turn.SegmentPen, Cut);
+  if (FHasBorder && IsWhole) FGr.DrawPolygon(*Turn.SegmentPen, Cut);
+  if (FHasBorder && !IsWhole) FGr.DrawLines(*Turn.SegmentPen, Cut);
   FGr.FillPolygon(CutShade(Turn.Faces.Rim(), Angle), Cut);
 }
 
@@ -192,10 +220,13 @@ void TZyPiePainter::DrawInnerWall(const TTurn& Turn) {
       *Turn.Faces.Hole(), {0xC0000000, 0x80000000, 0x30000000, 0x30FFFFFF, 0x30000000}, {0, 0.25f, 0.5f, 0.8f, 1});
   for (const TZyPieArc& Arc : Turn.Faces.InnerArcs()) DrawWall(Turn, Turn.Faces.InnerWall(Arc), Shade);
   if (FIsClosed) return;
-  for (const float Angle : Turn.Faces.CutsBeforeHole()) DrawCut(Turn, Angle);
+  for (const float Angle : Turn.Faces.CutsBeforeHole()) DrawCut(Turn, Angle, Turn.Faces.CutAt(Angle));
 }
 
+/// The walls of those beside a segment that moves out cover its cuts as well: what lies before them comes again.
 void TZyPiePainter::DrawOuterWall(const TTurn& Turn) {
+  for (const auto& [Angle, Cut] : FChart.CutsBeyond(*FLayout, Turn.Segment, Turn.Faces))
+    DrawCut(Turn, Angle, Cut, false);
   const LinearGradientBrush Shade = WallShade(
       Turn.Faces.Rim(), {0x00FFFFFF, 0xBFFFFFFF, 0x00FFFFFF, 0x30000000, 0x90000000}, {0, 0.2f, 0.5f, 0.75f, 1});
   for (const TZyPieArc& Arc : Turn.Faces.OuterArcs()) DrawWall(Turn, Turn.Faces.OuterWall(Arc), Shade);

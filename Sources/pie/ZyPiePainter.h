@@ -1,7 +1,7 @@
 #pragma once
 
 #include <memory>
-#include <vector>
+#include <string>
 
 #include "pie/ZyPieCalculation.h"
 #include "pie/ZyPieFaces.h"
@@ -27,6 +27,7 @@ class TZyPiePainter {
  private:
   /// A segment that is about to be drawn, as the events left it.
   struct TTurn {
+    int Segment;
     TZyPieFaces Faces;
     const TZyPen* SegmentPen;
     const Brush* Fill;
@@ -36,6 +37,7 @@ class TZyPiePainter {
   void PaintBackground();
   void PaintEmpty();
   void PaintShadow();
+  std::string ShadowLook() const;
   GraphicsPath WholeOutline(float Inwards) const;
   void PaintSegments();
   template <class TDraw>
@@ -46,7 +48,7 @@ class TZyPiePainter {
   void DrawTop(const TTurn& Turn);
   void DrawGlass(const TTurn& Turn);
   void DrawCuts(const TTurn& Turn);
-  void DrawCut(const TTurn& Turn, float Angle);
+  void DrawCut(const TTurn& Turn, float Angle, const TZyPieFaces::TCut& Cut, bool IsWhole = true);
   void DrawInnerWall(const TTurn& Turn);
   void DrawOuterWall(const TTurn& Turn);
   void DrawWall(const TTurn& Turn, const GraphicsPath& Wall, const Brush& Shade);

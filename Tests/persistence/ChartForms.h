@@ -16,7 +16,7 @@ namespace zy::testing {
 enum class TForm3 { Stream, Xml, Ini };
 inline constexpr TForm3 AllForms[] = {TForm3::Stream, TForm3::Xml, TForm3::Ini};
 
-inline std::string Written(const TZyGraph2D& Graph, TForm3 Form, bool SaveData = true) {
+inline std::string Written(const TZyCustomGraph& Graph, TForm3 Form, bool SaveData = true) {
   if (Form == TForm3::Stream) {
     TMemoryStream Stream;
     Graph.WriteTo(Stream, SaveData);
@@ -33,7 +33,7 @@ inline std::string Written(const TZyGraph2D& Graph, TForm3 Form, bool SaveData =
 }
 
 /// Whole tells that nothing of the text may be left over.
-inline void Read(TZyGraph2D& Graph, TForm3 Form, std::string_view Text, bool Whole = true) {
+inline void Read(TZyCustomGraph& Graph, TForm3 Form, std::string_view Text, bool Whole = true) {
   if (Form == TForm3::Stream) {
     TMemoryStream Stream(AsBytes(Text));
     Graph.ReadFrom(Stream);
@@ -47,7 +47,8 @@ inline void Read(TZyGraph2D& Graph, TForm3 Form, std::string_view Text, bool Who
     Ini.LoadFromText(Text);
     Graph.ReadFrom(Ini, "Chart");
   }
-  for (TZySeries* Series : Graph.RelatedSeries()) Quieten(*Series);
+  if (auto* const Cartesian = dynamic_cast<TZyGraph2D*>(&Graph))
+    for (TZySeries* Series : Cartesian->RelatedSeries()) Quieten(*Series);
 }
 
 /// Whether two texts are the same, and where they begin to differ.

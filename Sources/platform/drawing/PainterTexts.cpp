@@ -8,6 +8,8 @@
 #include <functional>
 #include <string>
 
+#include <cmath>
+
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Font.h"
 #include "platform/drawing/Graphics.h"
@@ -45,6 +47,8 @@ bool TPainterBackend::DrawStamps(const TDrawState& State, std::string_view Look,
   const auto Factor = static_cast<float>(Scale);
   const RectF Room{(Extent.X - 1) * Factor, (Extent.Y - 1) * Factor, (Extent.Width + 2) * Factor,
                    (Extent.Height + 2) * Factor};
+  constexpr float Most = TZySymbolStamps::LargestExtent;
+  if (Room.Width > Most || Room.Height > Most || std::fabs(Room.X) > Most || std::fabs(Room.Y) > Most) return false;
   constexpr std::size_t MostLooks = 128;  // of one kind in all its sizes
   thread_local TZySymbolStamps Stamps(MostLooks);
   Places.clear();

@@ -8,7 +8,7 @@
 namespace zy {
 namespace {
 
-constexpr float LargestExtent = 2048;
+constexpr std::size_t MostPixels = std::size_t{8} << 20;
 constexpr int RowUnit = 4;  // rows of stamps end with transparent pixels, so that they are blended in whole groups
 
 /// The box around the pixels that are not transparent, in a picture of Width columns.
@@ -34,6 +34,13 @@ TZySymbolStamps::TQuarters::TQuarters(const PointF& Place)
 void TZySymbolStamps::Clear() {
   FIndex.clear();
   FLooks.clear();
+  FPixels = 0;
+}
+
+void TZySymbolStamps::DropOldest() {
+  for (const TStamp& Stamp : FLooks.back().Stamps) FPixels -= Stamp.Pixels.size();
+  FIndex.erase(FLooks.back().Key);
+  FLooks.pop_back();
 }
 
 TZySymbolStamps::TLook* TZySymbolStamps::Find(std::string_view Key) {
@@ -45,10 +52,7 @@ TZySymbolStamps::TLook* TZySymbolStamps::Find(std::string_view Key) {
 
 TZySymbolStamps::TLook& TZySymbolStamps::LookOf(std::string_view Key) {
   if (TLook* const Known = Find(Key)) return *Known;
-  if (FLooks.size() >= FCapacity) {
-    FIndex.erase(FLooks.back().Key);
-    FLooks.pop_back();
-  }
+  if (FLooks.size() >= FCapacity) DropOldest();
   FLooks.emplace_front().Key = Key;
   FIndex.emplace(FLooks.front().Key, FLooks.begin());
   return FLooks.front();
@@ -115,6 +119,8 @@ void TZySymbolStamps::Make(TStamp& Stamp, const RectF& Extent, PointF Fraction, 
     Stamp.Pixels.insert(Stamp.Pixels.end(), Row + Ink.Left, Row + Ink.Right);
     Stamp.Pixels.resize(static_cast<std::size_t>(Y + 1 - Ink.Top) * static_cast<std::size_t>(Stamp.Stride));
   }
+  FPixels += Stamp.Pixels.size();
+  while (FPixels > MostPixels && FLooks.size() > 1) DropOldest();  // the one in use comes first
 }
 
 void TZySymbolStamps::Blit(const TRasterTarget& Target, const TRasterClip& Clip, const TStamp& Stamp, int X, int Y) {

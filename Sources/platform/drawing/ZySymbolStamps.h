@@ -23,13 +23,16 @@ class TZySymbolStamps {
   /// pixels at integers.
   using TPaintSymbol = std::function<void(const TRasterTarget& Stamp, PointF Anchor)>;
 
-  /// Capacity is the number of looks that are kept.
+  /// The extent that looks are cut to, in device pixels.
+  static constexpr float LargestExtent = 2048;
+
+  /// Capacity is the number of looks that are kept, as far as they do not take more than 32 MiB.
   explicit TZySymbolStamps(std::size_t Capacity = 32);
 
   /// Draws a symbol at each of Places (device pixels), over what is there and in this order. Look names everything that
   /// decides the symbol's pixels (shape, size, colours, pixel ratio), in any bytes. Extent is the box around the
   /// anchor, in device pixels, that the symbol stays within, so its X and Y are as a rule negative; it belongs to the
-  /// look and is cut to 2048 pixels. Places that are not finite are left out.
+  /// look and is cut to LargestExtent. Places that are not finite are left out.
   void Draw(const TRasterTarget& Target, const TRasterClip& Clip, std::string_view Look, const RectF& Extent,
             std::span<const PointF> Places, const TPaintSymbol& PaintSymbol);
   /// Draws a symbol whose stamp is there already; false when it has yet to be painted.
@@ -55,13 +58,15 @@ class TZySymbolStamps {
     std::size_t Stamp() const { return static_cast<std::size_t>(Y & 3) * 4 + static_cast<std::size_t>(X & 3); }
   };
 
+  void DropOldest();
   TLook* Find(std::string_view Key);
   TLook& LookOf(std::string_view Key);
   static bool MayShow(const TRasterRect& Box, const PointF& Place);
-  static void Make(TStamp& Stamp, const RectF& Extent, PointF Fraction, const TPaintSymbol& PaintSymbol);
+  void Make(TStamp& Stamp, const RectF& Extent, PointF Fraction, const TPaintSymbol& PaintSymbol);
   static void Blit(const TRasterTarget& Target, const TRasterClip& Clip, const TStamp& Stamp, int X, int Y);
 
   std::size_t FCapacity;
+  std::size_t FPixels = 0;  // of all stamps
   std::list<TLook> FLooks;  // the one used last comes first
   std::unordered_map<std::string_view, std::list<TLook>::iterator> FIndex;
 };
