@@ -165,6 +165,8 @@ class TZyPieChart : public TZyCustomGraph, public IZyVectorReader, public IZyUnd
   void Calculate() override;
   void Modified() override;
   bool NeedsRecalculate() const { return FNeedsRecalculate; }
+  /// Whether the segments are those of the present layout, or of the one that runs.
+  bool HasSegments() const { return !FNeedsRecalculate || !FCanSet; }
   /// Does the layout if it is due.
   void BringUpToDate();
   /// The layout that is shown; null before the first one. It stays as it is when the next one comes.

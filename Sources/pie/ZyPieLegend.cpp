@@ -79,8 +79,9 @@ void TZyPieLegend::SetDistanceToPie(float Value) {
 void TZyPieLegend::SetParent(TWinControl* Value) {
   TWinControl* const Old = Parent();
   TZyCustomLegend::SetParent(Value);
-  if (Old != Value && Old == FPieChart.Get() && FPieChart != nullptr && !FPieChart->IsDestroying())
-    FPieChart->Modified();  // which has the room back
+  const bool IsInChart = FPieChart != nullptr && (Old == FPieChart.Get() || Value == FPieChart.Get());
+  if (Old != Value && IsInChart && !FPieChart->IsDestroying())
+    FPieChart->Modified();  // which has the room back, or not
   if (!IsDesigning() || IsLoading() || IsDestroying() || Value == nullptr) return;
   TakeDroppedPosition();
   if (FPieChart != nullptr) return;
@@ -117,7 +118,7 @@ void TZyPieLegend::Modified() {
   Invalidate();
 }
 
-/// A legend that stands elsewhere may be asked before its chart is laid out.
+/// A legend that stands elsewhere may be asked before its chart is laid out; one that stands in it is asked then.
 void TZyPieLegend::PreparePaint() {
   if (IsDestroying()) return;
   if (FPieChart == nullptr)
@@ -125,7 +126,7 @@ void TZyPieLegend::PreparePaint() {
   if (FPieChart == nullptr && FRecalculate) NewList();  // which empties it
   if (FPieChart == nullptr || FPieChart->Updating() || IsLoading() || FPieChart->IsLoading()) return;
   if (Parent() != FPieChart.Get()) FPieChart->BringUpToDate();
-  if (FRecalculate) Recalculate();
+  if (FRecalculate && FPieChart->HasSegments()) Recalculate();
 }
 
 void TZyPieLegend::CMVisibleChanged() {

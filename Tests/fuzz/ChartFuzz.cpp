@@ -1,6 +1,6 @@
-// Whole charts: whatever the bytes, reading them as the record of a graph, in a stream, as XML and as INI, ends in a
-// chart or in an exception of ours. Either way the chart is whole: it can be painted, undone and redone, and what it
-// writes is read by an empty one, which writes the same.
+// Whole charts: whatever the bytes, reading them as the record of a graph or of a pie, in a stream, as XML and as INI,
+// ends in a chart or in an exception of ours. Either way the chart is whole: it can be painted, undone and redone, and
+// what it writes is read by an empty one, which writes the same.
 
 #include <algorithm>
 #include <memory>
@@ -10,6 +10,7 @@
 #include "fuzz/EachForm.h"
 #include "fuzz/FontLeaks.h"
 #include "graph/ZyGraph2D.h"
+#include "pie/ZyPieDonut.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
 #include "platform/drawing/Bitmap.h"
@@ -20,6 +21,7 @@
 namespace zy::testing {
 namespace {
 
+template <class TKind>
 struct TChart {
   TChart() {
     Form.SetName("Form");
@@ -35,18 +37,19 @@ struct TChart {
   const std::size_t BesideForms = Application().Components().size();
   TForm Form;
   TZyUndoStack Stack{&Form};
-  TZyGraph2D* Graph = new TZyGraph2D(&Form);
+  TKind* Graph = new TKind(&Form);
 };
 
 /// Paints, whatever bounds the record gave the chart.
-void Paint(TZyGraph2D& Graph) {
+template <class TKind>
+void Paint(TKind& Graph) {
   Graph.SetBounds(0, 0, 160, 120);
   Bitmap Picture(160, 120);
   Graphics Canvas(Picture);
   Graph.PaintGr(Canvas);
 }
 
-std::string Written(const TZyGraph2D& Graph) {
+std::string Written(const TZyCustomGraph& Graph) {
   TMemoryStream Stream;
   Graph.WriteTo(Stream);
   return std::string(reinterpret_cast<const char*>(Stream.Bytes().data()), Stream.Bytes().size());
@@ -60,7 +63,7 @@ void Attempt(const TWork& Work) {
   }
 }
 
-void ReadBytes(TZyGraph2D& Graph, std::string_view Text) {
+void ReadBytes(TZyCustomGraph& Graph, std::string_view Text) {
   TMemoryStream Stream(std::as_bytes(std::span(Text)));
   try {
     Graph.ReadFrom(Stream);
@@ -71,19 +74,23 @@ void ReadBytes(TZyGraph2D& Graph, std::string_view Text) {
 }
 
 /// What a chart writes that has read a record and was painted.
+template <class TKind>
 std::string Passed(std::string_view Bytes) {
-  TChart Chart;
+  TChart<TKind> Chart;
   ReadBytes(*Chart.Graph, Bytes);
   return Written(*Chart.Graph);
 }
 
-template <class TRead>
+bool IsReading(const TZyGraph2D& Graph) { return Graph.LoadingRecord(); }
+bool IsReading(const TZyPieChart& Chart) { return Chart.Updating(); }
+
+template <class TKind, class TRead>
 void CheckChart(const TRead& Read) {
   std::string Bytes;
   {
-    TChart Chart;
+    TChart<TKind> Chart;
     Attempt([&] { Read(*Chart.Graph); });
-    Check(!Chart.Graph->LoadingRecord() && !Chart.Graph->Updating(), "nothing stays in the state of reading");
+    Check(!IsReading(*Chart.Graph) && !Chart.Graph->Updating(), "nothing stays in the state of reading");
     Attempt([&] { Paint(*Chart.Graph); });
     Attempt([&] {
       while (Chart.Stack.CanUndo()) Chart.Stack.Undo();
@@ -92,8 +99,8 @@ void CheckChart(const TRead& Read) {
     });
     Bytes = Written(*Chart.Graph);
   }
-  const std::string Once = Passed(Bytes);
-  Check(Once == Passed(Once), "what was read writes a record that reads the same");
+  const std::string Once = Passed<TKind>(Bytes);
+  Check(Once == Passed<TKind>(Once), "what was read writes a record that reads the same");
 }
 
 }  // namespace
@@ -107,6 +114,9 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size) {
   using namespace zy;
   const std::string_view Text(reinterpret_cast<const char*>(Data), Size);
-  testing::CheckEachForm(Text, "Chart", [](const auto& Read) { testing::CheckChart(Read); });
+  testing::CheckEachForm(Text, "Chart", [](const auto& Read) {
+    testing::CheckChart<TZyGraph2D>(Read);
+    testing::CheckChart<TZyPieChart>(Read);
+  });
   return 0;
 }

@@ -225,7 +225,9 @@ class TSoak {
 
   void Make() {
     if (More().size() > 30) return;
-    switch (Roll(5)) {
+    switch (Roll(6)) {
+      case 5:
+        return MakePie();
       case 4:
         return MakeLegend();
       case 0:
@@ -257,6 +259,35 @@ class TSoak {
     Legend->SetPosition(static_cast<TZyLegendPosition>(Roll(2) == 0 ? 10 : Roll(11)));
     if (Roll(2) == 0) Legend->SetOnGetLegendItemCaption([this](auto&&...) { Throw(); });
     if (Roll(2) == 0) Legend->SetOnDrawLegendItem([this](auto&&...) { Throw(); });
+  }
+
+  void MakePie() {
+    auto* const Pie = Named(new TZyPieChart(&FLive.Form));
+    Pie->SetParent(&FLive.Form);
+    Pie->SetBounds(0, 0, Roll(300), Roll(300));
+    Pie->SetPieChartType(static_cast<TZyPieChartType>(Roll(4)));
+    Pie->SetLabelPosition(static_cast<TZyPieLabelPosition>(Roll(4)));
+    Pie->SetValues(AnyOf(All<TZyDoubleVector>()));
+    if (Roll(2) == 0) Pie->SetExplodePercent(AnyOf(All<TZyDoubleVector>()));
+    Pie->SetExplodeOnClick(true);
+    if (Roll(3) == 0) Pie->SetOnGetLabel([this](auto&&...) { Throw(); });
+    if (Roll(3) == 0) Pie->SetOnGetBrush([this](auto&&...) { Throw(); });
+    if (Roll(2) == 0) return;
+    auto* const Legend = Named(new TZyPieLegend(&FLive.Form));
+    Legend->SetParent(Roll(2) == 0 ? static_cast<TWinControl*>(Pie) : &FLive.Form);
+    Legend->SetPieChart(Pie);
+    Legend->SetPosition(static_cast<TZyPieLegendPosition>(Roll(8)));
+  }
+
+  /// A click, a question and a paint. Thousands of segments are more than anybody shows.
+  void UsePie(TZyPieChart& Pie, TPoint Mouse) {
+    if (Pie.Values() != nullptr && Pie.Values()->Count() > 300) Pie.SetValues(nullptr);
+    Pie.HintAt(Mouse);
+    if (Roll(4) == 0 && (Pie.ExplodePercent() == nullptr || More().size() < 30)) {
+      Pie.MouseDown(mbLeft, {ssLeft}, Mouse.X, Mouse.Y);
+      Pie.MouseUp(mbLeft, {}, Mouse.X, Mouse.Y);
+    }
+    PictureOf(std::max(Pie.Width(), 1), std::max(Pie.Height(), 1), [&](Graphics& Gr) { Pie.PaintToImage(Gr); });
   }
 
   /// A part of a drag, which need not begin or end.
@@ -318,6 +349,7 @@ class TSoak {
           Series->GetY(Mouse.X);
         }
         for (TZyGraph2D* Graph : All<TZyGraph2D>()) TSampleChart::Paint(*Graph);
+        for (TZyPieChart* Pie : All<TZyPieChart>()) UsePie(*Pie, Mouse);
       }
     } catch (const TRefusal&) {
       // The next action finds the chart as the handler left it.

@@ -8,6 +8,7 @@
 #include "annotations/ZyLegend.h"
 #include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
+#include "pie/ZyPieLegend.h"
 #include "platform/framework/Reflection.h"
 #include "texts/Exceptions.h"
 #include "undo/RandomSetters.h"
@@ -28,6 +29,7 @@ class TUndoForm {
     Legend->SetParent(Chart.Graph);
     Legend->SetGraph(Chart.Graph);
     for (TZyGraph2D* Graph : Graphs()) Graph->SetUndoStack(&Stack);
+    AddPie();
     for (TZySeries* Series : Chart.AddOfEachKind("")) {
       Series->SetUndoStack(&Stack);
       if (Series->ClassInfo().FindProperty("XAxis") == nullptr) Series->SetXAxis(nullptr);  // it would not be stored
@@ -67,7 +69,10 @@ class TUndoForm {
       try {
         for (TZyGraph2D* Graph : Graphs()) Chart.Paint(*Graph);
         for (TComponent* Component : Form.Components())  // hidden ones as well
-          if (auto* const One = dynamic_cast<TZyLegend*>(Component)) One->PreparePaint();
+          if (auto* const One = dynamic_cast<TZyCustomLegend*>(Component)) One->PreparePaint();
+        for (TComponent* Component : Form.Components())
+          if (auto* const Pie = dynamic_cast<TZyPieChart*>(Component))
+            PictureOf(std::max(Pie->Width(), 1), std::max(Pie->Height(), 1), [Pie](Graphics& Gr) { Pie->PaintGr(Gr); });
         IsPainted = true;
       } catch (const EMathError&) {
         // A calculation has no points between the ends that were set for it, which each one tells once.
@@ -108,6 +113,26 @@ class TUndoForm {
     Axis->SetParent(&Graph);
     Graph.SetPrimaryYAxis(Axis);
     Chart.AddSeries("Lower", {1, 2, 3}, {5, 4, 6})->SetYAxis(Axis);
+  }
+
+  /// A pie with labels, whose size each paint sets, and all that it uses.
+  void AddPie() {
+    auto* const Pie = new TZyPieChart(&Form);
+    auto* const Palette = new TZyFillPalette(&Form);
+    auto* const PieLegend = new TZyPieLegend(&Form);
+    Pie->SetName("Pie");
+    Pie->SetParentFont(false);
+    Pie->SetParent(&Form);
+    Pie->SetLabelPosition(TZyPieLabelPosition::Callouts);
+    Palette->SetName("Palette");
+    Palette->FillDefaults();
+    PieLegend->SetName("PieLegend");
+    PieLegend->SetParent(Pie);
+    PieLegend->SetPieChart(Pie);
+    Pie->SetValues(Chart.AddVector("Parts", {5, 3, 2, 7}));
+    Pie->SetExplodePercent(Chart.AddVector("Explosions", {0, 20}));
+    Pie->SetSegmentSettingsPalette(Palette);
+    Pie->SetUndoStack(&Stack);
   }
 
   TSampleChart Chart;
@@ -166,8 +191,9 @@ class TUndoWalk : public TUndoForm {
     if (Vector->Count() > 0) Vector->Delete(Roll(static_cast<std::size_t>(Vector->Count())));
   }
   void Make() {
-    std::vector<const TClassInfo*> Kinds{&TZyAxis::StaticClassInfo(), &TZyDoubleVector::StaticClassInfo(),
-                                         &TZyLegend::StaticClassInfo()};
+    std::vector<const TClassInfo*> Kinds{&TZyAxis::StaticClassInfo(),      &TZyDoubleVector::StaticClassInfo(),
+                                         &TZyLegend::StaticClassInfo(),    &TZyPieChart::StaticClassInfo(),
+                                         &TZyPieLegend::StaticClassInfo(), &TZyFillPalette::StaticClassInfo()};
     for (const TClassInfo* Info : RegisteredClasses())
       if (Info->Factory() != nullptr && Info->InheritsFrom(TZySeries::StaticClassInfo())) Kinds.push_back(Info);
     const TZyUndoGroup Group(&Stack, "new");
@@ -178,9 +204,15 @@ class TUndoWalk : public TUndoForm {
       Axis->SetUndoStack(&Stack);
       if (!Graphs().empty()) Axis->SetParent(AnyOf(Graphs()));
     }
-    if (auto* const Made = dynamic_cast<TZyLegend*>(Component)) {
+    if (auto* const Made = dynamic_cast<TZyCustomLegend*>(Component)) {
       Made->SetUndoStack(&Stack);
       if (!Graphs().empty()) Made->SetParent(AnyOf(Graphs()));
+    }
+    if (auto* const Pie = dynamic_cast<TZyPieChart*>(Component)) {
+      Pie->SetParentFont(false);
+      Pie->SetUndoStack(&Stack);
+      Pie->SetParent(&Form);
+      SetAtRandom(*Pie, *Pie->ClassInfo().FindProperty("Values"), Form, FRandom);
     }
     if (auto* const Series = dynamic_cast<TZySeries*>(Component)) {
       Series->SetUndoStack(&Stack);

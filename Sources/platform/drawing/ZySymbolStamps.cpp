@@ -8,7 +8,7 @@
 namespace zy {
 namespace {
 
-constexpr std::size_t MostPixels = std::size_t{8} << 20;
+constexpr std::size_t MostPixels = std::size_t{4} << 20;
 constexpr int RowUnit = 4;  // rows of stamps end with transparent pixels, so that they are blended in whole groups
 
 /// The box around the pixels that are not transparent, in a picture of Width columns.

@@ -26,7 +26,7 @@ class TZySymbolStamps {
   /// The extent that looks are cut to, in device pixels.
   static constexpr float LargestExtent = 2048;
 
-  /// Capacity is the number of looks that are kept, as far as they do not take more than 32 MiB.
+  /// Capacity is the number of looks that are kept, as far as they do not take more than 16 MiB.
   explicit TZySymbolStamps(std::size_t Capacity = 32);
 
   /// Draws a symbol at each of Places (device pixels), over what is there and in this order. Look names everything that
