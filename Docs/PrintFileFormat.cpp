@@ -57,6 +57,7 @@ TTables AllTables() {
   AddSettings<TZyLineSettings>(Tables);
   AddSettings<TZyArrowSettings>(Tables);
   AddSettings<TZyAreaSettings>(Tables);
+  AddSettings<TZyFillSettings>(Tables);
   AddSettings<TZyFont>(Tables);
   std::vector<std::unique_ptr<TComponent>> Components;
   for (const TClassInfo* Class : RegisteredClasses()) {

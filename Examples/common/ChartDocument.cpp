@@ -4,6 +4,7 @@
 
 #include "common/ChartForms.h"
 #include "persistence/ZyIO.h"
+#include "pie/ZyPieDonut.h"
 #include "platform/framework/ClassRegistry.h"
 #include "platform/framework/TMemIniFile.h"
 #include "platform/framework/TStream.h"
@@ -15,7 +16,7 @@
 namespace zy::examples {
 namespace {
 
-constexpr std::string_view GraphNode = "TZyGraph2D";
+constexpr std::string_view GraphClass = "TZyGraph2D", PieClass = "TZyPieChart";
 
 TChartForm KnownFormOf(const std::filesystem::path& FileName) {
   if (const auto Form = ChartFormOf(FileName)) return *Form;
@@ -41,10 +42,17 @@ void TestKnown(const std::string& ClassName) {
 
 }  // namespace
 
+std::vector<TZyCustomGraph*> TChartDocument::Charts() const {
+  std::vector<TZyCustomGraph*> Result;
+  for (TControl* Control : FPage.Controls())
+    if (auto* const Chart = dynamic_cast<TZyCustomGraph*>(Control)) Result.push_back(Chart);
+  return Result;
+}
+
 std::vector<TZyGraph2D*> TChartDocument::Graphs() const {
   std::vector<TZyGraph2D*> Result;
-  for (TControl* Control : FPage.Controls())
-    if (auto* const Graph = dynamic_cast<TZyGraph2D*>(Control)) Result.push_back(Graph);
+  for (TZyCustomGraph* Chart : Charts())
+    if (auto* const Graph = dynamic_cast<TZyGraph2D*>(Chart)) Result.push_back(Graph);
   return Result;
 }
 
@@ -105,13 +113,17 @@ void TChartDocument::Load(const std::filesystem::path& FileName) {
   PutOnPage();
 }
 
-/// Without a parent a graph keeps the bounds that are stored, however it is aligned.
-TZyGraph2D& TChartDocument::AddGraph(const std::string& Reference) {
+/// Without a parent a chart keeps the bounds that are stored, however it is aligned.
+TZyCustomGraph& TChartDocument::AddChart(const std::string& Reference, bool IsPie) {
   TComponent* const Owner = OwnerOf(Reference);
   if (Owner == nullptr)
     throw EInvalidOperation("the chart \"" + Reference +
                             "\" was saved without the name of a form, which its parts need");
-  auto* const Result = new TZyGraph2D(Owner);
+  TZyCustomGraph* Result = nullptr;
+  if (IsPie)
+    Result = new TZyPieChart(Owner);
+  else
+    Result = new TZyGraph2D(Owner);
   Result->SetName(std::string(ComponentName(Reference)));
   FLoaded.push_back(Result);
   return *Result;
@@ -120,11 +132,17 @@ TZyGraph2D& TChartDocument::AddGraph(const std::string& Reference) {
 void TChartDocument::LoadStream(TStream& Stream, const std::string& Name) {
   At(Name, [&] {
     while (Stream.Remaining() > 0) {
-      const std::int64_t Start = Stream.Position();
+      std::int64_t Start = Stream.Position();
       std::string Reference;
-      At("name of the chart", [&] { Reference = StringFromStream(Stream); });
+      const auto ReadName = [&] { At("name of the chart", [&] { Reference = StringFromStream(Stream); }); };
+      ReadName();
+      const bool IsPie = Reference == PieClass;
+      if (IsPie) {
+        Start = Stream.Position();
+        ReadName();
+      }
       Stream.SetPosition(Start);
-      AddGraph(Reference).ReadFrom(Stream);
+      AddChart(Reference, IsPie).ReadFrom(Stream);
     }
   });
 }
@@ -134,14 +152,17 @@ void TChartDocument::LoadXml(TStream& Stream, const std::string& Name) {
   Document.LoadFromStream(Stream, Name);
   const IXMLNode Root = Document.DocumentElement();
   std::vector<IXMLNode> Nodes = Root.ChildNodes();
-  if (Root.NodeName() == GraphNode) Nodes = {Root};
+  const auto IsChart = [](const IXMLNode& Node) {
+    return Node.NodeName() == GraphClass || Node.NodeName() == PieClass;
+  };
+  if (IsChart(Root)) Nodes = {Root};
   At(Name, [&] {
     for (const IXMLNode& Node : Nodes) {
-      if (Node.NodeName() != GraphNode) continue;
+      if (!IsChart(Node)) continue;
       for (const char* List : {"RelatedSeries", "Markers"})
         if (const IXMLNode Items = Node.FindNode(List))
           for (const IXMLNode& Item : Items.ChildNodes()) TestKnown(Item.NodeName());
-      AddGraph(Node.Attribute("Name").AsText()).ReadFrom(Node);
+      AddChart(Node.Attribute("Name").AsText(), Node.NodeName() == PieClass).ReadFrom(Node);
     }
   });
 }
@@ -152,11 +173,12 @@ void TChartDocument::LoadIni(TStream& Stream, const std::string& Name) {
   At(Name, [&] {
     const std::vector<std::string> Sections = Ini.ReadSections();
     for (const std::string& Section : Sections) {
-      if (!Ini.ValueExists(Section, "RelatedSeries.Count")) continue;
+      const bool IsPie = Ini.ValueExists(Section, "DonutHoleSize");
+      if (!IsPie && !Ini.ValueExists(Section, "RelatedSeries.Count")) continue;
       for (const std::string& Part : Sections)
         if (Part.starts_with(Section + ".") && Ini.ValueExists(Part, "Type"))
           TestKnown(Ini.ReadString(Part, "Type", {}));
-      AddGraph(Ini.ReadString(Section, "Name", {})).ReadFrom(Ini, Section);
+      AddChart(Ini.ReadString(Section, "Name", {}), IsPie).ReadFrom(Ini, Section);
     }
   });
 }
@@ -169,7 +191,10 @@ void TChartDocument::TestComplete(TComponent& Owner) const {
       continue;
     }
     const auto* const Series = static_cast<const TZySeries*>(Component);
-    const auto HasIt = [Series](const TZyGraph2D* Graph) { return Graph->RelatedSeries().Contains(Series); };
+    const auto HasIt = [Series](const TZyCustomGraph* Chart) {
+      const auto* const Graph = dynamic_cast<const TZyGraph2D*>(Chart);
+      return Graph != nullptr && Graph->RelatedSeries().Contains(Series);
+    };
     if (std::ranges::none_of(FLoaded, HasIt))
       throw EInvalidOperation("the data or the axes of " + GetComponentRef(Series) + " are not in the file");
   }
@@ -177,27 +202,30 @@ void TChartDocument::TestComplete(TComponent& Owner) const {
 
 void TChartDocument::PutOnPage() {
   int Width = 0, Height = 0;
-  for (const TZyGraph2D* Graph : FLoaded) {
+  for (const TZyCustomGraph* Graph : FLoaded) {
     Width = std::max(Width, Graph->Left() + Graph->Width());
     Height = std::max(Height, Graph->Top() + Graph->Height());
   }
   FPage.SetBounds(FPage.Left(), FPage.Top(), Width, Height);
-  for (TZyGraph2D* Graph : FLoaded) Graph->SetParent(&FPage);
+  for (TZyCustomGraph* Graph : FLoaded) Graph->SetParent(&FPage);
   FLoaded.clear();
 }
 
 // --- Saving ---------------------------------------------------------------------------------------------------------
 
 void TChartDocument::Save(const std::filesystem::path& FileName, bool WithData) const {
-  const std::vector<TZyGraph2D*> All = Graphs();
+  const std::vector<TZyCustomGraph*> All = Charts();
   switch (KnownFormOf(FileName)) {
     case TChartForm::Stream:
       return SaveWholeFile(FileName, [&](TStream& Stream) {
-        for (const TZyGraph2D* Graph : All) Graph->WriteTo(Stream, WithData);
+        for (const TZyCustomGraph* Chart : All) {
+          if (Chart->ClassName() == PieClass) StringToStream(Stream, PieClass);
+          Chart->WriteTo(Stream, WithData);
+        }
       });
     case TChartForm::Xml: {
       const TXMLDocument Document("Charts");
-      for (const TZyGraph2D* Graph : All) Graph->WriteTo(Document.DocumentElement(), WithData);
+      for (const TZyCustomGraph* Chart : All) Chart->WriteTo(Document.DocumentElement(), WithData);
       return Document.SaveToFile(FileName);
     }
     case TChartForm::Ini: {

@@ -30,20 +30,22 @@ class TChartDocument {
   /// A further form or data module for the parts of a chart that do not belong to the same as the graph.
   TComponent& AddHolder(const std::string& Name);
   TZyUndoStack& Undo() { return FUndo; }
-  /// The graphs on the page in the order in which they were put there. One whose axis another one uses comes first.
+  /// The charts on the page in the order in which they were put there. One whose axis another one uses comes first.
+  std::vector<TZyCustomGraph*> Charts() const;
+  /// Those of them with axes.
   std::vector<TZyGraph2D*> Graphs() const;
 
-  /// Fills the empty page with all graphs of a file, whose form follows from its extension. The page gets the size that
-  /// the graphs had when they were stored.
+  /// Fills the empty page with all charts of a file, whose form follows from its extension. The page gets the size that
+  /// the charts had when they were stored.
   ///
-  /// A stream has the records of the graphs in a row. In XML they are the root or children of the root, in INI the
-  /// sections that have the keys of a graph, whatever their names.
+  /// A stream has the records of the charts in a row, that of a pie behind the name of its class. In XML they are the
+  /// root or children of the root, in INI the sections that have the keys of a chart, whatever their names.
   ///
   /// Throws EFileError for a file that cannot be opened, EInvalidOperation for an extension of no form, for a file
-  /// without a graph and for a chart that lacks data, EClassNotFound for a curve of an unknown kind, and what readers
+  /// without a chart and for a chart that lacks data, EClassNotFound for a curve of an unknown kind, and what readers
   /// throw; the text begins with the file's name. The document is of no further use then.
   void Load(const std::filesystem::path& FileName);
-  /// Writes all graphs of the page, in one step. Throws EFileError, with an old file whole, when that fails, and
+  /// Writes all charts of the page, in one step. Throws EFileError, with an old file whole, when that fails, and
   /// EInvalidOperation for an extension of no form.
   void Save(const std::filesystem::path& FileName, bool WithData = true) const;
 
@@ -62,7 +64,7 @@ class TChartDocument {
 
  private:
   TComponent* OwnerOf(std::string_view Reference);
-  TZyGraph2D& AddGraph(const std::string& Reference);
+  TZyCustomGraph& AddChart(const std::string& Reference, bool IsPie);
   void LoadStream(TStream& Stream, const std::string& Name);
   void LoadXml(TStream& Stream, const std::string& Name);
   void LoadIni(TStream& Stream, const std::string& Name);
@@ -72,7 +74,7 @@ class TChartDocument {
   TFrame FPage;
   TZyUndoStack FUndo;
   std::vector<std::unique_ptr<TDataModule>> FHolders;
-  std::vector<TZyGraph2D*> FLoaded;  // on their way to the page
+  std::vector<TZyCustomGraph*> FLoaded;  // on their way to the page
 };
 
 }  // namespace zy::examples

@@ -165,7 +165,7 @@ TJob ParseArguments(const std::vector<std::string>& Arguments) {
 /// What the graphs cover of their page.
 TRect BoxOf(const TChartDocument& Document) {
   TRect Box{TControl::MostExtent, TControl::MostExtent, -TControl::MostExtent, -TControl::MostExtent};
-  for (const TZyGraph2D* Graph : Document.Graphs()) {
+  for (const TZyCustomGraph* Graph : Document.Charts()) {
     const TRect One = Graph->BoundsRect();
     Box = {std::min(Box.Left, One.Left), std::min(Box.Top, One.Top), std::max(Box.Right, One.Right),
            std::max(Box.Bottom, One.Bottom)};
@@ -178,7 +178,7 @@ TRect BoxOf(const TChartDocument& Document) {
 void Resize(TChartDocument& Document, const TSize& Size) {
   const TRect Box = BoxOf(Document);
   std::vector<TRect> Places;
-  for (const TZyGraph2D* Graph : Document.Graphs()) Places.push_back(Graph->BoundsRect());
+  for (const TZyCustomGraph* Graph : Document.Charts()) Places.push_back(Graph->BoundsRect());
   const auto X = [&](int Place) { return static_cast<int>(std::int64_t{Place - Box.Left} * Size.Width / Box.Width()); };
   const auto Y = [&](int Place) {
     return static_cast<int>(std::int64_t{Place - Box.Top} * Size.Height / Box.Height());
@@ -186,7 +186,7 @@ void Resize(TChartDocument& Document, const TSize& Size) {
   Document.Page().SetBounds(0, 0, Size.Width, Size.Height);
   for (std::size_t Index = 0; Index < Places.size(); ++Index) {
     const TRect& Place = Places[Index];
-    Document.Graphs()[Index]->SetBounds(X(Place.Left), Y(Place.Top), X(Place.Right) - X(Place.Left),
+    Document.Charts()[Index]->SetBounds(X(Place.Left), Y(Place.Top), X(Place.Right) - X(Place.Left),
                                         Y(Place.Bottom) - Y(Place.Top));
   }
 }
@@ -209,8 +209,10 @@ void SavePicture(TChartDocument& Document, const TJob& Job) {
     Paint(Picture);
     return Picture.Save(Job.Target);
   }
-  const std::vector<TZyGraph2D*> Graphs = Document.Graphs();
-  if (Graphs[0]->StackedGraphs().size() == Graphs.size()) return Graphs[0]->SaveImage(Job.Target, *Job.Picture);
+  const std::vector<TZyCustomGraph*> Charts = Document.Charts();
+  const auto* const First = dynamic_cast<const TZyGraph2D*>(Charts[0]);
+  const std::size_t Together = First == nullptr ? 1 : First->StackedGraphs().size();
+  if (Together == Charts.size()) return Charts[0]->SaveImage(Job.Target, *Job.Picture);
   Metafile Recording(static_cast<float>(Box.Width()), static_cast<float>(Box.Height()));
   Paint(Recording);
   Recording.Save(Job.Target);

@@ -81,6 +81,43 @@ TZyLegend& TChartPage::AddLegend(TZyGraph2D& Graph, TPoint Place) {
   return Legend;
 }
 
+TZyPieChart& TChartPage::AddPie(const char* Title, TZyPieChartType Type, std::span<const TZyColor> Colors) {
+  auto& Pie = Add<TZyPieChart>("Pie");
+  Pie.SetParent(&Document.Page());
+  Pie.SetAlign(alClient);
+  Pie.SetBackColor(zy::Colors::White);
+  Pie.SetCaption(Title);
+  Pie.SetCaptionVisible(true);
+  Pie.SetCaptionDistanceBefore(10);
+  Pie.SetCaptionDistanceAfter(8);
+  Pie.CaptionFont().SetSize(14);
+  for (auto Set : {&TZyPieChart::SetDistanceAtLeft, &TZyPieChart::SetDistanceAtRight, &TZyPieChart::SetDistanceAtTop,
+                   &TZyPieChart::SetDistanceAtBottom})
+    (Pie.*Set)(16);
+  Pie.SetPieChartType(Type);
+  auto& Palette = Add<TZyFillPalette>("Palette");
+  for (const TZyColor Color : Colors) {
+    TZyFillSettings Fill;
+    Fill.SetForeColor(Color);
+    Palette.Add(Fill);
+  }
+  Pie.SetSegmentSettingsPalette(&Palette);
+  Pie.SegmentBorder().SetColor(zy::Colors::White);
+  Pie.SetValues(&AddVector());
+  return Pie;
+}
+
+TZyPieLegend& TChartPage::AddPieLegend(TZyPieChart& Pie, TZyPieLegendPosition Position) {
+  auto& Legend = Add<TZyPieLegend>("Legend");
+  Legend.SetParent(&Pie);
+  Legend.SetPieChart(&Pie);
+  Legend.SetPosition(Position);
+  Legend.Font().SetSize(10);
+  Legend.SetDistanceToPie(16);
+  Legend.Frame().SetVisible(false);
+  return Legend;
+}
+
 std::string TChartPage::ReadableName(std::string Name) {
   char Before = ' ';
   for (char& Letter : Name) {
@@ -114,7 +151,13 @@ std::span<const TEntry> Entries() {
                                    {"curves", "Curves through points", MakeCurves},
                                    {"trend", "Average, slope and regression", MakeTrend},
                                    {"averages", "Moving averages and an integral", MakeAverages},
-                                   {"zero-origin", "Axes through zero", MakeZeroOrigin}};
+                                   {"zero-origin", "Axes through zero", MakeZeroOrigin},
+                                   {"pie", "Pie", MakePie},
+                                   {"donut", "Donut", MakeDonut},
+                                   {"pie-solid", "Pie as a solid", MakeSolidPie},
+                                   {"donut-solid", "Donut as a solid", MakeSolidDonut},
+                                   {"pie-forty", "Forty segments", MakeForty},
+                                   {"pie-bound", "Pie on a database", MakeBoundPie, false}};
   return All;
 }
 

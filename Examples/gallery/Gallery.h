@@ -8,6 +8,7 @@
 #include "common/CsvFile.h"
 #include "graph/ZyGraph2D.h"
 #include "persistence/ZyIO.h"
+#include "pie/ZyPieLegend.h"
 #include "series/ZyPointSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 
@@ -30,6 +31,9 @@ struct TChartPage {
   TZyLegend& AddLegend(TZyGraph2D& Graph, TZyLegendPosition Position);
   /// One that floats over the graph, with its corner at a place in it.
   TZyLegend& AddLegend(TZyGraph2D& Graph, TPoint Place);
+  /// A pie of a vector of its own, with a palette; a segment for each of the texts that are its captions.
+  TZyPieChart& AddPie(const char* Title, TZyPieChartType Type, std::span<const TZyColor> Colors);
+  TZyPieLegend& AddPieLegend(TZyPieChart& Pie, TZyPieLegendPosition Position);
   TZyDoubleVector& AddVector() { return Add<TZyDoubleVector>("Data"); }
   /// A series on the primary axes of the graph.
   template <class TSeries = TZyLineSeries>
@@ -46,9 +50,6 @@ struct TChartPage {
   static std::string ReadableName(std::string Name);
   static TCsvFile Data(const char* FileName) { return TCsvFile(std::string(ZY_EXAMPLE_DATA "/") + FileName); }
 
-  TChartDocument& Document;
-
- private:
   /// A component under the next free name.
   template <class TPart>
   TPart& Add(const char* BaseName) {
@@ -56,6 +57,8 @@ struct TChartPage {
     Part->SetName(UniqueName(&Document.Holder(), BaseName));
     return *Part;
   }
+
+  TChartDocument& Document;
 };
 
 // The charts: each fills the page of a document, whose size counts.
@@ -82,11 +85,18 @@ void MakeCurves(TChartDocument& Document);
 void MakeTrend(TChartDocument& Document);
 void MakeAverages(TChartDocument& Document);
 void MakeZeroOrigin(TChartDocument& Document);
+void MakePie(TChartDocument& Document);
+void MakeDonut(TChartDocument& Document);
+void MakeSolidPie(TChartDocument& Document);
+void MakeSolidDonut(TChartDocument& Document);
+void MakeForty(TChartDocument& Document);
+void MakeBoundPie(TChartDocument& Document);
 
 struct TEntry {
   const char* Name;  // of files
   const char* Title;
   void (*Make)(TChartDocument& Document);
+  bool HasItsData = true;  // in its files; else they name the database
 };
 
 /// All of them.

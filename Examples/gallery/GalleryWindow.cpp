@@ -99,7 +99,7 @@ void TGalleryWindow::AddCommands(TFrame& List) {
   AddCommand(List, "Save", "Ctrl+S", [this] { Save(); });
   AddCommand(List, "Save as...", "Ctrl+Shift+S", [this] { SaveAs(); });
   AddCommand(List, "Save picture...", "Ctrl+E", [this] { SavePicture(); });
-  AddCommand(List, "Copy", "Ctrl+C", [this] { Graph().CopyToClipboard(); });
+  AddCommand(List, "Copy", "Ctrl+C", [this] { Chart().CopyToClipboard(); });
   AddCommand(List, "Print...", "Ctrl+P", [this] { Print(); });
   AddGap();
   AddCommand(List, "Grid", "", [this] { ToggleGrid(); });
@@ -109,9 +109,9 @@ void TGalleryWindow::AddCommands(TFrame& List) {
   AddGap();
   AddCommand(List, "Zoom in", "", [this] { Zoom(0.5); });
   AddCommand(List, "Zoom out", "", [this] { Zoom(2); });
-  AddCommand(List, "Zoom back", "", [this] { Graph().ZoomBack(); });
-  AddCommand(List, "Zoom forward", "", [this] { Graph().RedoZoom(); });
-  AddCommand(List, "Whole range", "", [this] { Graph().ZoomReset(); });
+  AddCommand(List, "Zoom back", "", [this] { WithGraph(&TZyGraph2D::ZoomBack); });
+  AddCommand(List, "Zoom forward", "", [this] { WithGraph(&TZyGraph2D::RedoZoom); });
+  AddCommand(List, "Whole range", "", [this] { WithGraph(&TZyGraph2D::ZoomReset); });
 }
 
 void TGalleryWindow::AddCommand(TFrame& List, const char* Text, const char* Keys, const TCommand& Run) {
@@ -134,9 +134,11 @@ void TGalleryWindow::AddCommand(TFrame& List, const char* Text, const char* Keys
 
 /// The grid lines of the X axes, of all graphs in one step.
 void TGalleryWindow::ToggleGrid() {
-  const bool Value = !Graph().MajorGridVertical().Visible();
-  const TZyUndoGroup Group(&FDocument->Undo(), "Grid");
-  for (TZyGraph2D* One : FDocument->Graphs()) One->MajorGridVertical().SetVisible(Value);
+  WithGraph([this](TZyGraph2D& First) {
+    const bool Value = !First.MajorGridVertical().Visible();
+    const TZyUndoGroup Group(&FDocument->Undo(), "Grid");
+    for (TZyGraph2D* One : FDocument->Graphs()) One->MajorGridVertical().SetVisible(Value);
+  });
 }
 
 void TGalleryWindow::ThickenLines() {
@@ -145,10 +147,16 @@ void TGalleryWindow::ThickenLines() {
     for (TZySeries* Series : One->RelatedSeries()) Series->Line().SetWidth(Series->Line().Width() + 1);
 }
 
+void TGalleryWindow::WithGraph(const std::function<void(TZyGraph2D& Graph)>& Do) {
+  if (!FDocument->Graphs().empty()) Do(*FDocument->Graphs().front());
+}
+
 /// Around the middle of the data area.
 void TGalleryWindow::Zoom(double Factor) {
-  const RectF& Area = Graph().DrawingArea();
-  Graph().ZoomAround({static_cast<int>(Area.X + Area.Width / 2), static_cast<int>(Area.Y + Area.Height / 2)}, Factor);
+  WithGraph([Factor](TZyGraph2D& Graph) {
+    const RectF& Area = Graph.DrawingArea();
+    Graph.ZoomAround({static_cast<int>(Area.X + Area.Width / 2), static_cast<int>(Area.Y + Area.Height / 2)}, Factor);
+  });
 }
 
 void TGalleryWindow::SavePicture() {
@@ -157,7 +165,7 @@ void TGalleryWindow::SavePicture() {
   Dialog.Filter = ImageFileFilter();
   Dialog.FileName = FEntry != nullptr ? std::filesystem::path(FEntry->Name) : FFileName.stem();
   if (!Dialog.Execute(this)) return;
-  Graph().SaveImage(Dialog.FileName, ImageFileFormatOf(Dialog.FileName).value_or(TZyImageFileFormat::PNG));
+  Chart().SaveImage(Dialog.FileName, ImageFileFormatOf(Dialog.FileName).value_or(TZyImageFileFormat::PNG));
 }
 
 void TGalleryWindow::Print() {
@@ -166,7 +174,7 @@ void TGalleryWindow::Print() {
   Printer.SetOrientation(poLandscape);
   if (!TPrintDialog::Execute(Printer, this)) return;
   Printer.BeginDoc();
-  Graph().PrintTo(&Printer, {0, 0, Printer.PageWidth(), Printer.PageHeight()});
+  Chart().PrintTo(&Printer, {0, 0, Printer.PageWidth(), Printer.PageHeight()});
   Printer.EndDoc();
 }
 
@@ -200,10 +208,17 @@ void TGalleryWindow::Take(std::unique_ptr<TChartDocument> Document, const std::f
   FEntry = nullptr;
   FFileName = FileName;
   FDocument->Undo().SetLimit(0);
+  for (TZyCustomGraph* One : FDocument->Charts()) {
+    One->SetTabStop(true);  // a click or the Tab key brings the keyboard here
+    One->SetUndoStack(&FDocument->Undo());
+    auto* const Pie = dynamic_cast<TZyPieChart*>(One);
+    if (Pie == nullptr) continue;
+    Pie->SetShowHint(true);
+    Pie->SetExplodeOnClick(true);
+    FDocument->Undo().Clear();
+  }
   for (TZyGraph2D* One : FDocument->Graphs()) {
     One->Zoom().SetWheelZoom(TZyWheelZoom::Always);  // the window has nothing that the wheel could scroll instead
-    One->SetTabStop(true);                           // a click or the Tab key brings the keyboard here
-    One->SetUndoStack(&FDocument->Undo());
     One->SetOnMouseMove([One](TObject*, TShiftState, int X, int Y) { ShowPointTip(*One, X, Y); });
   }
   FDocument->Page().SetParent(this);

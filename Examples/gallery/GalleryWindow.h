@@ -62,7 +62,9 @@ class TGalleryWindow : public TForm {
   void ToggleGrid();
   void ThickenLines();
 
-  TZyGraph2D& Graph() { return *FDocument->Graphs().front(); }
+  TZyCustomGraph& Chart() { return *FDocument->Charts().front(); }
+  /// Does something to the first graph, where there is one with axes.
+  void WithGraph(const std::function<void(TZyGraph2D& Graph)>& Do);
   void Zoom(double Factor);
 
   std::unique_ptr<TChartDocument> FDocument;

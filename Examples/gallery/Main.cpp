@@ -25,7 +25,7 @@ void SaveAll(const TEntry& Entry, const std::filesystem::path& Folder) {
   SavePictures(Stem, PageWidth, PageHeight, [&](Graphics& Canvas) { Document.Page().PaintTo(Canvas); });
   for (const char* Extension : {".svg", ".pdf", ".emf"}) {
     const std::string FileName = Stem.string() + Extension;
-    Document.Graphs().front()->SaveImage(FileName, ImageFileFormatOf(FileName).value());
+    Document.Charts().front()->SaveImage(FileName, ImageFileFormatOf(FileName).value());
   }
   for (const char* Extension : {".zys", ".zyx", ".zyi"}) Document.Save(Stem.string() + Extension);
   std::cout << Entry.Title << ": " << Stem.string() << ".png, @2x.png, .svg, .pdf, .emf, .zys, .zyx, .zyi\n";

@@ -146,7 +146,7 @@ void TZyCustomLegend::SetCornerRounding(float Value) { SetLength(FCornerRounding
 
 void TZyCustomLegend::SetItemHeight(float Value) {
   if (!std::isfinite(Value) || (Value == FItemHeight && Value == FItemHeightSet)) return;
-  if (FUndo != nullptr) FUndo->PushProperty(this, "ItemHeight");
+  if (FUndo != nullptr && Value != FItemHeightSet) FUndo->PushProperty(this, "ItemHeight");
   FItemHeightSet = Value;
   CheckItemHeight();
   Modified();
