@@ -91,7 +91,7 @@ void TZyPieCalculation::PlaceCallouts(const TZyCalloutLook& Look, std::span<cons
     Compared.push_back({Box.Center.X, Box.Center.Y, 2 * (Half.Width + Gap), 2 * (Half.Height + Gap)});
   }
   std::vector<bool> Moved(Boxes.size());
-  TZyCalloutBoxes(Compared).PushApart(Moved);
+  PushCalloutsApart(Compared, Moved);
   for (std::size_t i = 0; i < Boxes.size(); ++i) {
     Boxes[i].Center.Y = Compared[i].Y;
     FCallouts[i].Overlayed = Moved[i];

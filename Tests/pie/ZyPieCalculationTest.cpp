@@ -195,7 +195,7 @@ TEST(ZyCalloutBoxes, MoveAsIfAllPairsWereCompared) {
     if (!Boxes.empty()) Boxes[Random() % Boxes.size()].Y = 0;
     std::vector<RectF> Expected = Boxes;
     std::vector<bool> Moved(Boxes.size()), MovedToo(Boxes.size());
-    TZyCalloutBoxes(Boxes).PushApart(Moved);
+    PushCalloutsApart(Boxes, Moved);
     PushAllPairs(Expected, MovedToo);
     ASSERT_EQ(Boxes, Expected) << Round;
     ASSERT_EQ(Moved, MovedToo) << Round;
