@@ -54,8 +54,7 @@ TZyGraph2D& MakeChart(TForm& Form, const examples::TCsvFile& Prices) {
   auto* const Series = new TZyLineSeries(&Form);
   Series->SetXData(Years);
   Series->SetYData(Closes);
-  Series->SetXAxis(Graph->PrimaryXAxis());
-  Series->SetYAxis(Graph->PrimaryYAxis());
+  Graph->AddSeries(*Series);
   Series->Line().SetColor(Colors::DarkBlue);
   return *Graph;
 }
