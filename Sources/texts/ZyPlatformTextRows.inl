@@ -28,6 +28,11 @@ ZY_TEXT(_sPropWrongKind, "Property \"%s.%s\" has no %s value")
 ZY_TEXT(_sPropWrongObject, "Property \"%s\" cannot take an object of class %s")
 ZY_TEXT(_sVariantConversion, "Cannot convert %s to %s")
 
+// ---- Undo labels beyond those of single properties ----
+
+ZY_TEXT(_sGraphLook, "Look of the chart")
+ZY_TEXT(_sSeriesColor, "Color of the series")
+
 // ---- Why a chart is empty: what, and where it lacks ----
 
 ZY_TEXT(_sDiagNoSeries, "%s has no series: one joins when it has both axes and data")
