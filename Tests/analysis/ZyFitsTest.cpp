@@ -1,0 +1,152 @@
+// Fits against the certified values of NIST's Statistical Reference Datasets, transforms against the plain sum.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <numbers>
+#include <random>
+#include <sstream>
+
+#include "analysis/curves/ZyFourierTransform.h"
+#include "analysis/curves/ZyLeastSquaresCalculation.h"
+#include "framework/Errors.h"
+#include "series/vectors/ZyDoubleVector.h"
+#include "texts/Exceptions.h"
+
+namespace zy::testing {
+namespace {
+
+/// A file of the collection: certified coefficients with their deviations, that of the residuals, rows of y and x.
+struct TCertified {
+  explicit TCertified(const std::string& Name) {
+    std::ifstream File(std::string(ZY_NIST_FOLDER "/") + Name + ".dat");
+    int Number = 0;
+    for (std::string Line; std::getline(File, Line);) {
+      std::istringstream Words(Line);
+      if (++Number > 60) {
+        std::vector<double> Row;
+        for (double Value = 0; Words >> Value;) Row.push_back(Value);
+        if (Row.size() > 1) Rows.push_back(Row);
+        continue;
+      }
+      std::string Word;
+      double Value = 0, Deviation = 0;
+      Words >> Word;
+      if (Word.size() > 1 && Word[0] == 'B' && std::isdigit(static_cast<unsigned char>(Word[1])) &&
+          Words >> Value >> Deviation) {
+        Coeffs.push_back(Value);
+        Deviations.push_back(Deviation);
+      } else if (Word == "Standard" && Words >> Word >> Value) {
+        Residual = Value;
+      }
+    }
+  }
+  std::vector<double> Coeffs, Deviations;
+  double Residual = 0;
+  std::vector<std::vector<double>> Rows;
+};
+
+double Digits(double Found, double Certified) {
+  const double Error = std::fabs(Found - Certified) / (Certified == 0 ? 1 : std::fabs(Certified));
+  return Error == 0 ? 16 : -std::log10(Error);
+}
+
+TEST(ZyFitsTest, CertifiedData) {
+  struct TCase {
+    const char* Name;
+    double Digits;
+  };
+  for (const TCase& Case : {TCase{"Filip", 7},
+                            {"Longley", 9},
+                            {"Norris", 9},
+                            {"Wampler1", 9},
+                            {"Wampler2", 9},
+                            {"Wampler3", 9},
+                            {"Wampler4", 9},
+                            {"Wampler5", 9}}) {
+    const TCertified Certified(Case.Name);
+    ASSERT_GT(Certified.Rows.size(), 10u) << Case.Name;
+    TZyDoubleVector X, Y;
+    TZyCustomGeneralLinearLeastSquaresCalculation Fit;
+    Fit.XData = &X;
+    Fit.YData = &Y;
+    const bool HasMany = Certified.Rows[0].size() > 2;
+    for (std::size_t i = 0; i < Certified.Rows.size(); ++i) {
+      Y.Add(Certified.Rows[i][0]);
+      X.Add(HasMany ? static_cast<double>(i) : Certified.Rows[i][1]);
+    }
+    if (HasMany)
+      Fit.mGetBasisFn = [&Certified](TObject*, const TZyGeneralLinearFittingArgs& e) {
+        return e.Index == 0 ? 1 : Certified.Rows[static_cast<std::size_t>(e.X)][static_cast<std::size_t>(e.Index)];
+      };
+    Fit.SetOrder(static_cast<int>(Certified.Coeffs.size()) - 1);
+    Fit.Calculate();
+    double Fewest = 16, FewestOfDeviations = 16;
+    const double Free = static_cast<double>(Certified.Rows.size() - Certified.Coeffs.size());
+    const double Residual = std::sqrt(Fit.SumOfResiduals / Free);
+    for (std::size_t k = 0; k < Certified.Coeffs.size(); ++k) {
+      Fewest = std::min(Fewest, Digits(Fit.Coeffs[k], Certified.Coeffs[k]));
+      if (Certified.Residual > 0)
+        FewestOfDeviations =
+            std::min(FewestOfDeviations, Digits(Fit.DeltaCoeffs[k] * Residual, Certified.Deviations[k]));
+    }
+    RecordProperty(Case.Name, std::to_string(Fewest));
+    EXPECT_GE(Fewest, Case.Digits) << Case.Name;
+    EXPECT_GE(FewestOfDeviations, Case.Digits) << Case.Name;
+    EXPECT_GE(Certified.Residual > 0 ? Digits(Residual, Certified.Residual) : 16, Case.Digits) << Case.Name;
+  }
+}
+
+TEST(ZyFitsTest, PointsThatTakePart) {
+  TZyDoubleVector X, Y, Weight;
+  TZyPolynomialCalculation Fit;
+  EXPECT_NE(MessageOf<EMathError>([&] { Fit.Calculate(); }).find("No X"), std::string::npos);
+  Fit.XData = &X;
+  Fit.YData = &Y;
+  Fit.Weight = &Weight;
+  X.AddRange({0.0, 1.0, 1.0, 2.0});
+  Y.AddRange({1.0, 50.0, 6.0, 17.0});  // 1 + 2 x + 3 x^2, but for the point that weighs nothing
+  Weight.AddRange({1.0, 0.0, 2.0, 1.0});
+  Fit.Calculate();
+  for (int k = 0; k < 3; ++k) EXPECT_NEAR(Fit.Coeffs[static_cast<std::size_t>(k)], k + 1, 1e-13);
+  EXPECT_NEAR(Fit.SumOfResiduals, 0, 1e-24);
+  EXPECT_EQ(Fit.AverageX, 1);
+  EXPECT_EQ(Fit.VarianceX, 2.0 / 3);
+  X.SetValue(0, 2);
+  EXPECT_NE(MessageOf<EMathError>([&] { Fit.Calculate(); }).find("Not enough"), std::string::npos) << "equal X";
+  EXPECT_NEAR(Fit.Coeffs[2], 3, 1e-13) << "kept";
+  Fit.NeedsBasisFn = true;
+  EXPECT_NE(MessageOf<EMathError>([&] { Fit.Calculate(); }).find("BasisFunction"), std::string::npos);
+  Fit.SmallestOrder = 2;
+  Fit.SetOrder(-1);
+  EXPECT_EQ(Fit.Order(), 2);
+  EXPECT_EQ(Fit.Coeffs, (std::vector<double>{1, 1, 1}));
+}
+
+TEST(ZyFitsTest, TransformsOfAnyLength) {
+  std::mt19937 Random(5);
+  std::uniform_real_distribution<double> Value(-1, 1);
+  for (std::size_t n = 1; n <= 200; ++n) {
+    TComplexArray a(n);
+    for (TComplex& Element : a) Element = {Value(Random), Value(Random)};
+    TComplexArray Found = a;
+    DiscreteFourierTransform(Found);
+    long double Largest = 0, Error = 0;
+    for (std::size_t k = 0; k < n; ++k) {
+      long double Re = 0, Im = 0;
+      for (std::size_t j = 0; j < n; ++j) {
+        const long double Angle =
+            2 * std::numbers::pi_v<long double> * static_cast<long double>(j * k % n) / static_cast<long double>(n);
+        Re += a[j].Re * std::cos(Angle) - a[j].Im * std::sin(Angle);
+        Im += a[j].Re * std::sin(Angle) + a[j].Im * std::cos(Angle);
+      }
+      Largest = std::max(Largest, std::hypot(Re, Im));
+      Error = std::max(Error, std::hypot(Re - Found[k].Re, Im - Found[k].Im));
+    }
+    EXPECT_LE(Error, 1e-13L * Largest) << "length " << n;
+  }
+}
+
+}  // namespace
+}  // namespace zy::testing
