@@ -8,6 +8,7 @@
 #include <random>
 #include <sstream>
 
+#include "analysis/curves/ZyDiscreteFourierCalculation.h"
 #include "analysis/curves/ZyFourierTransform.h"
 #include "analysis/curves/ZyLeastSquaresCalculation.h"
 #include "framework/Errors.h"
@@ -146,6 +147,37 @@ TEST(ZyFitsTest, TransformsOfAnyLength) {
     }
     EXPECT_LE(Error, 1e-13L * Largest) << "length " << n;
   }
+}
+
+TEST(ZyFitsTest, SpectrumLines) {
+  TZyDoubleVector X, Y, Weight;
+  TZyDiscreteFourierCalculation Fourier;
+  Fourier.XData = &X;
+  Fourier.YData = &Y;
+  for (int i = 0; i < 8; ++i) X.Add(i), Y.Add(i % 2 == 0 ? 3 : -3 - 4);  // mean -2, swing 5 at half the rate
+  Fourier.Start = 0;
+  Fourier.Stop = 7;
+  Fourier.Calculate();
+  ASSERT_EQ(Fourier.Amplitude().Count(), 4);
+  EXPECT_NEAR(Fourier.Amplitude().GetValue(0), 4, 1e-14);
+  EXPECT_NEAR(Fourier.Amplitude().GetValue(1), 0, 1e-14);
+  EXPECT_EQ(Fourier.Phase().GetValue(0), 0) << "of a negative sum";
+  EXPECT_DOUBLE_EQ(Fourier.Frequency(2), 2.0 / 7);
+  Weight.AddRange({1.0, 0.0, 1.0, 1.0, 1.0, 1.0, 0.0, 1.0});
+  Fourier.Weight = &Weight;
+  Fourier.Calculate();
+  EXPECT_EQ(Fourier.Amplitude().Count(), 3) << "points that weigh nothing leave no gap";
+  EXPECT_NEAR(Fourier.Amplitude().GetValue(0), (3 + 3 - 7 + 3 - 7 - 7) / -3.0, 1e-13);
+  Fourier.Weight = nullptr;
+  TZyDoubleVector Falling, Wave;
+  for (int i = 0; i <= 512; ++i) Falling.Add(1 - i / 512.0), Wave.Add(2 * std::sin(14 * std::numbers::pi * i / 512.0));
+  Fourier.XData = &Falling;
+  Fourier.YData = &Wave;
+  Fourier.Stop = 1;
+  Fourier.Calculate();
+  ASSERT_EQ(Fourier.Amplitude().Count(), 512);
+  EXPECT_NEAR(Fourier.Amplitude().GetValue(7), 2, 0.01) << "seven turns";
+  EXPECT_LT(Fourier.Amplitude().GetValue(9), 0.02);
 }
 
 }  // namespace
