@@ -303,7 +303,8 @@ int main(int ArgCount, char** Args) {
   }
   bool Good = true;
   std::vector<TCase> All(std::begin(Cases), std::end(Cases));
-  All.insert(All.end(), KindCases().begin(), KindCases().end());
+  for (const std::span<const TCase> More : {KindCases(), CurveCases(), LegendCases()})
+    All.insert(All.end(), More.begin(), More.end());
   for (const TCase& Case : All) {
     const std::string_view Name = Case.Name;
     const bool Chosen =

@@ -138,5 +138,9 @@ struct TCase {
 
 /// The cases of bars, and of other kinds of series of measured data.
 std::span<const TCase> KindCases();
+/// Those of analysis curves; of most the calculation alone.
+std::span<const TCase> CurveCases();
+/// Those of legends.
+std::span<const TCase> LegendCases();
 
 }  // namespace zy::cases

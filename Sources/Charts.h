@@ -3,7 +3,10 @@
 // All that an application with charts includes, and what kinds of series and calculations of its own are written with.
 
 #include "analysis/ZyParseFkt.h"
+#include "analysis/curves/ZyInterpolationCalculation.h"
+#include "analysis/curves/ZyLinearRegressionCalculation.h"
 #include "analysis/curves/ZyMovingAverageCalculation.h"
+#include "annotations/ZyLegend.h"
 #include "annotations/ZyRichLabel.h"
 #include "graph/ZyGraph2D.h"
 #include "graph/ZyImageFileNames.h"
@@ -35,6 +38,8 @@
 #include "series/ZyBars.h"
 #include "series/ZyBubbles.h"
 #include "series/ZyCandleSticks.h"
+#include "series/ZyInterpolation.h"
+#include "series/ZyLinearRegression.h"
 #include "series/ZyMovingAverage.h"
 #include "series/ZyOHLC.h"
 #include "series/ZyPointLook.h"

@@ -8,6 +8,7 @@ build/release/Examples/palette
 build/release/Examples/captions
 build/release/Examples/embed
 build/release/Examples/form
+build/release/Examples/equation
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then build/release/Examples/gallery; fi
 build/release/Examples/live
 build/release/Examples/first_chart

@@ -28,5 +28,9 @@ void zy::examples::MakeCarbonDioxide(TChartDocument& Document) {
   Season.SetYAxis(&Seasons);
   Season.Area().SetVisible(true);
   Season.Area().SetForeColor(0x602E8B57);
-  Chart.AddSeries(Graph, &Days, Trends, Colors::Firebrick).Line().SetWidth(2);
+  Season.SetCaption("what the seasons add");
+  auto& Line = Chart.AddSeries(Graph, &Days, Trends, Colors::Firebrick);
+  Line.SetCaption("trend");
+  Line.Line().SetWidth(2);
+  Chart.AddLegend(Graph, TPoint{120, 90});
 }

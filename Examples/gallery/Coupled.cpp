@@ -20,8 +20,10 @@ void zy::examples::MakeCoupled(TChartDocument& Document) {
     Closes.Add(Prices.Real(Row, Prices.Column("close")));
     Volumes.Add(Prices.Real(Row, Prices.Column("volume")) / 1e9);
   }
-  Chart.AddSeries(Upper, &Days, Closes, Colors::DarkBlue);
+  Chart.AddSeries(Upper, &Days, Closes, Colors::DarkBlue).SetCaption("closing price");
   auto& Volume = Chart.AddSeries(Lower, &Days, Volumes, Colors::Gray);
   Volume.Area().SetVisible(true);
   Volume.Area().SetForeColor(0x60808080);
+  Volume.SetCaption("volume of the day");
+  Chart.AddLegend(Upper, TPoint{690, 60});  // of both graphs
 }

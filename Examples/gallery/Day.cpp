@@ -26,9 +26,11 @@ void zy::examples::MakeDay(TChartDocument& Document) {
       Temperatures.Add(File.Real(Row, File.Column("temperature")));
     }
     auto& Series = Chart.AddSeries<TZyPointSeries>(Graph, &Hours, Temperatures, Color);
+    Series.SetCaption(Color == Colors::SteelBlue ? "15 January" : "15 July");
     Series.PointSymbol().SetPointSymbol(TZyPointSymbol::Circle);
     Series.PointSymbol().SetSize(7);
     Series.PointSymbol().SetBorderColor(Color);
     Series.PointSymbol().SetFillColor(Colors::White);
   }
+  Chart.AddLegend(Graph, TZyLegendPosition::BottomCenterOfGraph);
 }

@@ -6,6 +6,7 @@
 
 #include "gallery/Gallery.h"
 #include "series/ZyBars.h"
+#include "texts/NumberText.h"
 
 namespace zy::examples {
 namespace {
@@ -25,13 +26,20 @@ void MakeElectricityAs(TChartDocument& Document, TZyBarStyle Style, bool IsHoriz
   TZyDoubleVector& Edges = Chart.AddVector();
   for (const auto& [Number, Sources] : ByYear) Edges.Add(Number - 0.5);
   Edges.Add(ByYear.rbegin()->first + 0.5);
+  const auto Share = [&](const std::string& Source) {  // of the last year, as a formula
+    auto& Latest = ByYear.rbegin()->second;
+    double Total = 0;
+    for (const auto& [Name, Value] : Latest) Total += Value;
+    return "100*" + FloatToStr(Latest[Source]) + "/" + FloatToStr(Total);
+  };
   TZyBars* Last = nullptr;
-  for (const auto& [Source, Color] :
-       {std::pair{"Fossil Fuels", 0xFF8C7B6B}, {"Nuclear Energy", 0xFFE8B93A}, {"Renewables", 0xFF4E9F50}}) {
+  for (const auto& [Source, Color] : {std::pair{std::string("Fossil Fuels"), 0xFF8C7B6B},
+                                      {"Nuclear Energy", 0xFFE8B93A},
+                                      {"Renewables", 0xFF4E9F50}}) {
     TZyDoubleVector& Values = Chart.AddVector();
     for (auto& [Number, Sources] : ByYear) Values.Add(Sources[Source]);
     auto& Bars = Chart.AddSeries<TZyBars>(Graph, &Edges, Values, Colors::White);
-    Bars.SetCaption(Source);
+    Bars.SetCaption(Source + R"(, \b<%)" + Share(Source) + R"(;0.0%> %\b)");
     Bars.Area().SetForeColor(static_cast<TZyColor>(Color));
     Last = &Bars;
   }
@@ -39,6 +47,11 @@ void MakeElectricityAs(TChartDocument& Document, TZyBarStyle Style, bool IsHoriz
   Last->SetBarStyle(Style);
   Last->SetClassesDistance(Style == TZyBarStyle::Flat ? 20 : 40);
   Last->SetBarsHorizontal(IsHorizontal);
+  TZyLegend& Legend =
+      Chart.AddLegend(Graph, IsHorizontal ? TZyLegendPosition::TopCenterOfAxis : TZyLegendPosition::BottomCenterOfAxis);
+  Legend.SetCaption("<%" + Graph.VariablesRef() + ".Caption%>: shares in " + IntToStr(ByYear.rbegin()->first));
+  Legend.SetCaptionVisible(true);
+  Legend.SetCaptionDistanceAfter(4);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "gallery/Gallery.h"
 
+#include <cctype>
+
 namespace zy::examples {
 
 TZyGraph2D& TChartPage::AddGraph(const char* Title, const char* XCaption, const char* YCaption) {
@@ -56,6 +58,39 @@ TZyAxis& TChartPage::AddAxis(TZyGraph2D& Graph, TZyAxisPosition Position, const 
   return Axis;
 }
 
+TZyLegend& TChartPage::AddLegend(TZyGraph2D& Graph, TZyLegendPosition Position) {
+  auto& Legend = Add<TZyLegend>("Legend");
+  Legend.SetParent(&Graph);
+  Legend.SetGraph(&Graph);
+  Legend.SetPosition(Position);
+  Legend.Font().SetSize(10);
+  Legend.SetItemWidth(36);
+  Legend.SetDistanceItemCaption(6);
+  Legend.SetDistanceBetweenColumns(16);
+  Legend.Frame().SetVisible(false);
+  return Legend;
+}
+
+TZyLegend& TChartPage::AddLegend(TZyGraph2D& Graph, TPoint Place) {
+  TZyLegend& Legend = AddLegend(Graph, TZyLegendPosition::FreeFloating);
+  Legend.SetBounds(Place.X, Place.Y, 0, 0);
+  Legend.SetBackColor(0xF0FFFFFF);
+  Legend.Frame().SetVisible(true);
+  Legend.Frame().SetColor(0xFFB0B0B0);
+  Legend.SetDropShadow(true);
+  return Legend;
+}
+
+std::string TChartPage::ReadableName(std::string Name) {
+  char Before = ' ';
+  for (char& Letter : Name) {
+    if (Letter == '_') Letter = ' ';
+    if (Before == ' ') Letter = static_cast<char>(std::toupper(static_cast<unsigned char>(Letter)));
+    Before = Letter;
+  }
+  return Name;
+}
+
 std::span<const TEntry> Entries() {
   static constexpr TEntry All[] = {{"shares", "Shares on a date axis", MakeShares},
                                    {"carbon-dioxide", "Trend and seasons", MakeCarbonDioxide},
@@ -65,8 +100,8 @@ std::span<const TEntry> Entries() {
                                    {"coupled", "Two graphs, one X axis", MakeCoupled},
                                    {"sides", "Axes on four sides", MakeSides},
                                    {"rubrics", "An axis of texts", MakeRubrics},
-                                   {"ohlc", "Prices as OHLC bars, and volume", MakeOHLC},
-                                   {"candles", "Prices as candles, and volume", MakeCandles},
+                                   {"ohlc", "OHLC bars and volume", MakeOHLC},
+                                   {"candles", "Candles and volume", MakeCandles},
                                    {"electricity", "Stacked bars", MakeElectricity},
                                    {"electricity-cuboids", "Stacked cuboids", MakeElectricityCuboids},
                                    {"electricity-cylinders", "Stacked cylinders", MakeElectricityCylinders},
@@ -76,6 +111,9 @@ std::span<const TEntry> Entries() {
                                    {"population", "Bubbles on a log axis", MakePopulation},
                                    {"wind", "Arrows", MakeWind},
                                    {"months", "Error bars in both directions", MakeMonths},
+                                   {"curves", "Curves through points", MakeCurves},
+                                   {"trend", "Average, slope and regression", MakeTrend},
+                                   {"averages", "Moving averages and an integral", MakeAverages},
                                    {"zero-origin", "Axes through zero", MakeZeroOrigin}};
   return All;
 }

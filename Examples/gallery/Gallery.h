@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 
+#include "annotations/ZyLegend.h"
 #include "common/ChartDocument.h"
 #include "common/CsvFile.h"
 #include "graph/ZyGraph2D.h"
@@ -25,6 +26,10 @@ struct TChartPage {
   };
   TStacked AddStacked(const char* LowerCaption, const char* Title, const char* UpperCaption, double Part);
   TZyAxis& AddAxis(TZyGraph2D& Graph, TZyAxisPosition Position, const char* Caption);
+  /// A legend of the series of the graph and of those coupled to it.
+  TZyLegend& AddLegend(TZyGraph2D& Graph, TZyLegendPosition Position);
+  /// One that floats over the graph, with its corner at a place in it.
+  TZyLegend& AddLegend(TZyGraph2D& Graph, TPoint Place);
   TZyDoubleVector& AddVector() { return Add<TZyDoubleVector>("Data"); }
   /// A series on the primary axes of the graph.
   template <class TSeries = TZyLineSeries>
@@ -37,6 +42,8 @@ struct TChartPage {
     Series.Line().SetColor(Color);
     return Series;
   }
+  /// A name of the data in the words of a reader.
+  static std::string ReadableName(std::string Name);
   static TCsvFile Data(const char* FileName) { return TCsvFile(std::string(ZY_EXAMPLE_DATA "/") + FileName); }
 
   TChartDocument& Document;
@@ -71,6 +78,9 @@ void MakeElectricityLyingCylinders(TChartDocument& Document);
 void MakePopulation(TChartDocument& Document);
 void MakeWind(TChartDocument& Document);
 void MakeMonths(TChartDocument& Document);
+void MakeCurves(TChartDocument& Document);
+void MakeTrend(TChartDocument& Document);
+void MakeAverages(TChartDocument& Document);
 void MakeZeroOrigin(TChartDocument& Document);
 
 struct TEntry {

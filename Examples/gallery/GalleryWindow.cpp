@@ -3,11 +3,14 @@
 #include <QDropEvent>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QToolTip>
 #include <QUrl>
 
+#include "axes/ZyDateTimeText.h"
 #include "common/ChartForms.h"
 #include "gallery/RecentFiles.h"
 #include "graph/ZyImageFileNames.h"
+#include "graph/values/ZyStringFunctions.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TFileDialog.h"
 #include "platform/controls/TLabel.h"
@@ -30,6 +33,23 @@ std::filesystem::path DraggedChart(const QMimeData& Data) {
   return ChartFormOf(FileName) ? FileName : std::filesystem::path();
 }
 
+std::string ValueText(const TZyAxis& Axis, double Value) {
+  constexpr int Digits = 7;
+  if (Axis.Scaling() == TZyAxisScaling::DateTime) return DateTimeToString("c", Value);
+  if (Axis.Scaling() == TZyAxisScaling::Seconds) return SecondsToString(Value, 3);
+  return RealToStrDigits(Value, Digits);
+}
+
+/// Tells of the point under the mouse: its series, and its values.
+void ShowPointTip(TZyGraph2D& Graph, int X, int Y) {
+  const TZyFindSeriesPointResult Point = Graph.FindSeriesPoint(X, Y);
+  if (!Point.Found) return QToolTip::hideText();
+  const TZySeries& Series = *Point.InSeries;
+  const std::string Text =
+      Series.ToString() + "\n" + ValueText(*Series.XAxis(), Point.X) + "; " + ValueText(*Series.YAxis(), Point.Y);
+  QToolTip::showText(Graph.Widget()->mapToGlobal(QPoint(X, Y)), QString::fromStdString(Text), Graph.Widget());
+}
+
 }  // namespace
 
 TGalleryWindow::TGalleryWindow()
@@ -41,14 +61,11 @@ TGalleryWindow::TGalleryWindow()
         }
       }) {
   SetPosition(poScreenCenter);
-  SetBounds(0, 0, PageWidth + ListWidth, PageHeight);
+  SetBounds(0, 0, PageWidth + 2 * ListWidth, PageHeight);
   FKeys.SetAutoPopup(false);  // the right button belongs to the chart
   SetPopupMenu(&FKeys);
-  auto* const List = new TFrame(this);
-  List->SetParent(this);
-  List->SetWidth(ListWidth);
-  List->SetAlign(alLeft);
-  AddCommands(*List);
+  AddCharts(AddList());
+  AddCommands(AddList());
   SetOnCloseQuery([this](TObject*, bool& CanClose) { CanClose = MayLeave(); });
   Make(Entries().front());
 }
@@ -60,12 +77,23 @@ TGalleryWindow::~TGalleryWindow() {
 
 // --- Commands -------------------------------------------------------------------------------------------------------
 
-void TGalleryWindow::AddCommands(TFrame& List) {
+TFrame& TGalleryWindow::AddList() {
+  auto* const List = new TFrame(this);
+  List->SetParent(this);
+  List->SetBounds(Width(), 0, ListWidth, ClientHeight());  // behind the one before
+  List->SetAlign(alLeft);
+  FTop = FirstTop;
+  return *List;
+}
+
+void TGalleryWindow::AddCharts(TFrame& List) {
   for (const TEntry& Entry : Entries())
     AddCommand(List, Entry.Title, "", [this, &Entry] {
       if (MayLeave()) Make(Entry);
     });
-  AddGap();
+}
+
+void TGalleryWindow::AddCommands(TFrame& List) {
   AddCommand(List, "Open...", "Ctrl+O", [this] { AskOpen(); });
   AddCommand(List, "Open recent", "", [this] { ShowRecent(); });
   AddCommand(List, "Save", "Ctrl+S", [this] { Save(); });
@@ -146,7 +174,7 @@ void TGalleryWindow::Print() {
 
 void TGalleryWindow::Make(const TEntry& Entry) {
   auto Document = std::make_unique<TChartDocument>("Gallery");
-  Document->Page().SetBounds(0, 0, ClientWidth() - ListWidth, ClientHeight());
+  Document->Page().SetBounds(0, 0, ClientWidth() - 2 * ListWidth, ClientHeight());
   Entry.Make(*Document);
   Take(std::move(Document), {});
   FEntry = &Entry;
@@ -176,6 +204,7 @@ void TGalleryWindow::Take(std::unique_ptr<TChartDocument> Document, const std::f
     One->Zoom().SetWheelZoom(TZyWheelZoom::Always);  // the window has nothing that the wheel could scroll instead
     One->SetTabStop(true);                           // a click or the Tab key brings the keyboard here
     One->SetUndoStack(&FDocument->Undo());
+    One->SetOnMouseMove([One](TObject*, TShiftState, int X, int Y) { ShowPointTip(*One, X, Y); });
   }
   FDocument->Page().SetParent(this);
   FDocument->Page().SetAlign(alClient);
@@ -210,7 +239,7 @@ void TGalleryWindow::ShowRecent() {
   for (const std::filesystem::path& FileName : TRecentFiles::Files())
     FRecent.Items().Add(FileName.string(), [this, FileName](TObject*) { Open(FileName); });
   if (FRecent.Items().Items().empty()) FRecent.Items().Add("No files yet").SetEnabled(false);
-  const TPoint Corner = ClientToScreen({ListWidth, FTop / 3});
+  const TPoint Corner = ClientToScreen({2 * ListWidth, FirstTop});
   FRecent.SetPopupComponent(this);
   FRecent.Popup(Corner.X, Corner.Y);
 }

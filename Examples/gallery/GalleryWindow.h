@@ -39,6 +39,8 @@ class TGalleryWindow : public TForm {
  private:
   using TCommand = std::function<void()>;
 
+  TFrame& AddList();
+  void AddCharts(TFrame& List);
   void AddCommands(TFrame& List);
   /// A line that is clicked, with the keys that do the same.
   void AddCommand(TFrame& List, const char* Text, const char* Keys, const TCommand& Run);
@@ -69,7 +71,8 @@ class TGalleryWindow : public TForm {
   std::filesystem::path FDropped;
   TPostBox FOpenDropped;  // later, so that the program where the drag began does not wait for questions
   TPopupMenu FKeys, FRecent;
-  int FTop = 12;  // of the next command
+  static constexpr int FirstTop = 12;
+  int FTop = FirstTop;  // of the next command
 };
 
 }  // namespace zy::examples

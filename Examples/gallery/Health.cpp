@@ -27,10 +27,14 @@ void zy::examples::MakeHealth(TChartDocument& Document) {
       Years.Add(File.Real(Row, File.Column("health")));
     }
     auto& Series = Chart.AddSeries<TZyPointSeries>(Graph, &Incomes, Years, Color);
-    Series.SetCaption(Region);
+    Series.SetCaption(TChartPage::ReadableName(Region));
     Series.Line().SetVisible(false);
     Series.PointSymbol().SetPointSymbol(TZyPointSymbol::Circle);
     Series.PointSymbol().SetFillColor(Color);
     Series.PointSymbol().SetBorderColor(Color | 0xFF000000);
   }
+  TZyLegend& Legend = Chart.AddLegend(Graph, TZyLegendPosition::RightCenterOfAxis);
+  Legend.SetCaption("Region");
+  Legend.SetCaptionVisible(true);
+  Legend.SetCaptionDistanceAfter(4);
 }

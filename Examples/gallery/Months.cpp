@@ -71,4 +71,5 @@ void zy::examples::MakeMonths(TChartDocument& Document) {
     Series.PointSymbol().SetBorderColor(Color);
     Series.PointSymbol().SetFillColor(Colors::White);
   }
+  Chart.AddLegend(Graph, TPoint{760, 60}).SetCornerRounding(14);
 }

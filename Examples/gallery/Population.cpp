@@ -40,8 +40,9 @@ void zy::examples::MakePopulation(TChartDocument& Document) {
     }
     auto& Bubbles = Chart.AddSeries<TZyBubbles>(Graph, &Incomes, Years, Color | 0xFF000000);
     Bubbles.SetRadiusData(&Radii);
-    Bubbles.SetCaption(Name);
+    Bubbles.SetCaption(TChartPage::ReadableName(Name));
     Bubbles.Area().SetVisible(true);
     Bubbles.Area().SetForeColor(Color);
   }
+  Chart.AddLegend(Graph, TZyLegendPosition::BottomCenterOfGraph).SetRows(2);
 }

@@ -66,6 +66,9 @@ TSeries& MakePricesAs(TChartDocument& Document) {
   Prices.SetLowData(&Low);
   Prices.SetOpenData(&Open);
   Prices.SetHighData(&High);
+  Prices.SetCaption("prices of a week");
+  Bars.SetCaption("volume of a week");
+  Chart.AddLegend(Upper, TZyLegendPosition::TopCenterOfAxis);
   return Prices;
 }
 

@@ -39,4 +39,5 @@ void zy::examples::MakeRubrics(TChartDocument& Document) {
     Series.PointSymbol().SetFillColor(Tint);
     Series.PointSymbol().SetSize(9);
   }
+  Chart.AddLegend(Graph, TZyLegendPosition::RightTopOfAxis);
 }

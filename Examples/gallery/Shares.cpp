@@ -17,8 +17,11 @@ void zy::examples::MakeShares(TChartDocument& Document) {
     Days.Add(Prices.Day(Row, Date));
     Closes.Add(Prices.Real(Row, Close));
   }
-  Chart.AddSeries(Graph, &Days, Closes, Colors::SteelBlue);
-  Chart.AddSeries(Graph, &Days, Closes, Colors::DarkOrange).SetYAxis(&LogAxis);
+  Chart.AddSeries(Graph, &Days, Closes, Colors::SteelBlue).SetCaption("on the linear scale");
+  auto& OnLog = Chart.AddSeries(Graph, &Days, Closes, Colors::DarkOrange);
+  OnLog.SetCaption("on the logarithmic scale");
+  OnLog.SetYAxis(&LogAxis);
+  Chart.AddLegend(Graph, TZyLegendPosition::BottomCenterOfAxis);
   for (auto [Axis, Color] :
        {std::pair{Graph.PrimaryYAxis(), Colors::SteelBlue}, std::pair{&LogAxis, Colors::DarkOrange}}) {
     Axis->SetCaptionColor(Color);

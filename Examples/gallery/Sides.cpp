@@ -24,9 +24,13 @@ void zy::examples::MakeSides(TChartDocument& Document) {
     Sines.Add(std::sin(Degree * std::numbers::pi / 180));
     Cosines.Add(std::cos(Degree * std::numbers::pi / 180));
   }
-  Chart.AddSeries(Graph, &Angles, Sines, Colors::Crimson).Line().SetWidth(2);
+  auto& Sine = Chart.AddSeries(Graph, &Angles, Sines, Colors::Crimson);
+  Sine.Line().SetWidth(2);
+  Sine.SetCaption("sine");
   auto& Cosine = Chart.AddSeries(Graph, &Angles, Cosines, Colors::DodgerBlue);
   Cosine.SetYAxis(&Right);
   Cosine.Line().SetDashStyle(DashStyleDash);
   Cosine.Line().SetWidth(2);
+  Cosine.SetCaption("cosine");
+  Chart.AddLegend(Graph, TZyLegendPosition::LeftCenterOfAxis);
 }

@@ -30,4 +30,8 @@ void zy::examples::MakeWeather(TChartDocument& Document) {
   Drops.SetYAxis(&Rain);
   Drops.Area().SetVisible(true);
   Drops.Area().SetForeColor(0x804169E1);
+  Low.SetCaption("lowest temperature");
+  High.SetCaption("highest temperature, and the band between both");
+  Drops.SetCaption("rain");
+  Chart.AddLegend(Graph, TZyLegendPosition::TopCenterOfAxis);
 }

@@ -42,4 +42,11 @@ void zy::examples::MakeWind(TChartDocument& Document) {
     Arrows.SetDeltaY(Vectors[3]);
     Arrows.SetCaption(Class.Caption);
   }
+  TZyLegend& Legend = Chart.AddLegend(Graph, TZyLegendPosition::RightCenterOfGraph);
+  Legend.BackgroundGradient().SetVisible(true);
+  Legend.BackgroundGradient().SetFirstColor(0xFFF0F6FA);
+  Legend.BackgroundGradient().SetMiddleColor(0xFFF4F8FB);
+  Legend.BackgroundGradient().SetLastColor(0xFFDCE8F2);
+  Legend.SetDropShadow(true);
+  Legend.SetCornerRounding(10);
 }

@@ -17,7 +17,9 @@ void zy::examples::MakeZeroOrigin(TChartDocument& Document) {
     X.Add(Step / 50.0);
     Y.Add((X[X.Count() - 1] * X[X.Count() - 1] * X[X.Count() - 1] - 4 * X[X.Count() - 1]) / 2);
   }
-  Chart.AddSeries(Graph, &X, Y, Colors::DarkRed).Line().SetWidth(2);
+  auto& Curve = Chart.AddSeries(Graph, &X, Y, Colors::DarkRed);
+  Curve.Line().SetWidth(2);
+  Curve.SetCaption(R"(\iy\i of \ix\i)");
 
   TZyDoubleVector& Roots = Chart.AddVector();
   TZyDoubleVector& Zeros = Chart.AddVector();
@@ -27,4 +29,6 @@ void zy::examples::MakeZeroOrigin(TChartDocument& Document) {
   Marks.Line().SetVisible(false);
   Marks.PointSymbol().SetPointSymbol(TZyPointSymbol::Circle);
   Marks.PointSymbol().SetFillColor(Colors::Gold);
+  Marks.SetCaption("roots");
+  Chart.AddLegend(Graph, TPoint{690, 380});
 }

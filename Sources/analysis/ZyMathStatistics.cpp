@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "analysis/ZyWindowSums.h"
+
 namespace zy {
 namespace {
 
@@ -31,6 +33,31 @@ void SmoothAlong(double Width, std::span<const double> X, std::span<const double
   std::ranges::copy(Smoothed, Y.begin());
 }
 
+/// The same of places in order, in a time that does not depend on the width.
+void SmoothInOrder(double Width, std::span<const double> Place, std::span<double> Y) {
+  const auto Count = static_cast<int>(Y.size());
+  std::vector<int> Low(Y.size()), High(Y.size());
+  const auto At = [Place](int i) { return Place[static_cast<std::size_t>(i)]; };
+  for (int i = 0, First = 0, Last = 0; i < Count; ++i) {
+    while (At(i) - At(First) >= Width) ++First;
+    Last = std::max(Last, i);
+    while (Last + 1 < Count && At(Last + 1) - At(i) < Width) ++Last;
+    Low[static_cast<std::size_t>(i)] = First;
+    High[static_cast<std::size_t>(i)] = Last;
+  }
+  const std::vector<double> Ones(Y.size(), 1), Widths(Y.size(), Width);
+  const TZyWindowSums Sums(Place, Y, Ones);
+  const auto Before = Sums.Run(Low, TZyWindowWeight::Linear, Widths, 0);
+  const auto Behind = Sums.RunBehind(High, TZyWindowWeight::Linear, Widths, 0);
+  for (std::size_t i = 0; i < Y.size(); ++i)
+    Y[i] = (Before[i].WY + Y[i] + Behind[i].WY) / (Before[i].W + 1 + Behind[i].W);
+}
+
+bool AreInOrder(double Width, std::span<const double> Place) {
+  return std::isfinite(Width) && std::ranges::all_of(Place, [](double Value) { return std::isfinite(Value); }) &&
+         std::ranges::is_sorted(Place);
+}
+
 constexpr struct {
   double UpTo, Value;
 } T95Rows[] = {{1, 12.706}, {2, 4.303},   {3, 3.182},   {4, 2.776},   {5, 2.571},   {6, 2.447},  {7, 2.365},
@@ -45,6 +72,7 @@ constexpr struct {
 void Smooth(double Width, std::span<const double> X, std::span<double> Y) {
   const std::size_t Count = std::min(X.size(), Y.size());
   if (Count < 3 || !(Width > 0)) return;
+  if (AreInOrder(Width, X.first(Count))) return SmoothInOrder(Width, X.first(Count), Y.first(Count));
   SmoothAlong(Width, X.first(Count), X.first(Count), Y.first(Count));
 }
 
@@ -53,6 +81,7 @@ void SmoothLog10(double Width, std::span<const double> X, std::span<double> Y) {
   if (Count < 3 || !(Width > 0)) return;
   std::vector<double> Logarithms(Count);
   std::ranges::transform(X.first(Count), Logarithms.begin(), [](double Value) { return std::log10(Value); });
+  if (AreInOrder(Width, Logarithms)) return SmoothInOrder(Width, Logarithms, Y.first(Count));
   SmoothAlong(Width, X.first(Count), Logarithms, Y.first(Count));
 }
 

@@ -7,7 +7,8 @@ namespace zy {
 /// Replaces each y by the mean of its neighbours, weighted by 1 - distance in x / Width down to 0: the regression of
 /// E. A. Nadaraya ("On Estimating Regression", 1964) and G. S. Watson ("Smooth Regression Analysis", 1964) with a
 /// triangular kernel. The points are sorted in x. Every mean is that of the y from before the call; one that has no
-/// neighbour, not even itself (x is not a number), stays. Costs n times the points within Width, and an array.
+/// neighbour, not even itself (x is not a number), stays. Costs a few scans, however many points lie within Width;
+/// where x is out of order or not finite n times these.
 ///
 /// Does nothing with less than 3 points, or where Width is not above 0. Of arrays of two lengths the shorter one
 /// counts.

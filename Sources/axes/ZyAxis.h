@@ -212,13 +212,13 @@ class TZyAxis : public TGraphicControl, public TZyRecord, public IZyUndoUser {
   void SetStartStop(double AStart, double AStop);
   /// Whether the layout pass sizes and places the control; true at first.
   void SetAutoSize(bool Value) override;
-  /// Asked for the text of each label, and before that for the room that labels will need.
+  /// Asked for the text of each label, and before that for the room that labels will need. It must not free an axis.
   const TZyScaleLabelEventHandler& OnGetScaleLabel() const { return mGetScaleLabel; }
   void SetOnGetScaleLabel(TZyScaleLabelEventHandler Value) { mGetScaleLabel = std::move(Value); }
-  /// Runs before ticks are computed.
+  /// Runs before ticks are computed. It must not free an axis.
   const TNotifyEvent& OnGetTicks() const { return mGetTicks; }
   void SetOnGetTicks(TNotifyEvent Value) { mGetTicks = std::move(Value); }
-  /// Runs after each layout.
+  /// Runs after each layout, and may free axes and series.
   const TNotifyEvent& OnCalculated() const { return mCalculated; }
   void SetOnCalculated(TNotifyEvent Value) { mCalculated = std::move(Value); }
   TZyUndoStack* UndoStack() const override { return FUndo; }

@@ -11,6 +11,7 @@
 #include "graph/parts/ZyGraphParts.h"
 #include "platform/controls/TScrollBar.h"
 #include "platform/controls/TWinControl.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {
@@ -163,7 +164,7 @@ std::vector<IZyGraphLegend*> TZyAxisLayout::LegendsAtSides() const {
   std::vector<IZyGraphLegend*> Result;
   for (TControl* Control : FParent.Controls()) {
     auto* const Legend = dynamic_cast<IZyGraphLegend*>(Control);
-    if (Legend != nullptr && Control->Visible() && Legend->Position() != TZyLegendPosition::FreeFloating)
+    if (Legend != nullptr && Control->Visible() && Legend->Dock() != TZyLegendPosition::FreeFloating)
       Result.push_back(Legend);
   }
   return Result;
@@ -174,10 +175,14 @@ void TZyAxisLayout::ReserveLegends() {
   using enum TZyLegendPosition;
   float Left = 0, Right = 0, Top = 0, Bottom = 0;
   for (IZyGraphLegend* Legend : LegendsAtSides()) {
-    Legend->PreparePaint();
+    try {
+      Legend->PreparePaint();
+    } catch (const EAbort&) {
+      continue;  // a handler freed it
+    }
     TControl& Control = Legend->Control();
     const auto Width = static_cast<float>(Control.Width()), Height = static_cast<float>(Control.Height());
-    switch (Legend->Position()) {
+    switch (Legend->Dock()) {
       case BottomCenterOfGraph:
       case BottomCenterOfAxis:
         Control.SetTop(Rounded(FHeight - Height - FBottom.Margin));
@@ -214,17 +219,40 @@ void TZyAxisLayout::ReserveLegends() {
 
 void TZyAxisLayout::TakeFinalTicks() {
   const bool Cross = HasZeroOrigin();
-  for (TZyAxis* Axis : FAxes)
-    if (Axis->AutoSize() || (Cross && (Axis == FGraph->PrimaryXAxis() || Axis == FGraph->PrimaryYAxis())))
-      TakeFinalLength(*Axis);
+  std::vector<TZyAxis*> Axes = FAxes;
+  std::erase_if(Axes, [&](const TZyAxis* Axis) {
+    return !Axis->AutoSize() && !(Cross && (Axis == FGraph->PrimaryXAxis() || Axis == FGraph->PrimaryYAxis()));
+  });
+  for (const TZyAxis* Axis : Axes) {
+    const float HalfTick = Axis->MajorTickThicknes() / 2;
+    TSide& End = Axis->GetHorizontal() ? FRight : FTop;
+    if (!Cross && End.Margin < HalfTick)
+      End.Margin = std::ceil(HalfTick);  // one inside the data area has no tick there
+  }
+  for (const bool Horizontal : {true, false})
+    if (std::ranges::any_of(Axes, [&](const TZyAxis* Axis) { return Axis->GetHorizontal() == Horizontal; }))
+      KeepSmallestArea(Horizontal);
+  for (TZyAxis* Axis : Axes) TakeFinalLength(*Axis);
   if (Cross) CrossAxes(*FGraph);
 }
 
+/// A graph too small for its margins keeps the smallest length between them: what stands at the far side gives way and
+/// reaches beyond the control, so that all lines stay at the edges of the data area.
+void TZyAxisLayout::KeepSmallestArea(bool Horizontal) {
+  if (FGraph == nullptr) return;
+  TSide& Far = Horizontal ? FRight : FBottom;
+  const float Length = (Horizontal ? FWidth - FLeft.Margin : FHeight - FTop.Margin) - Far.Margin;
+  if (!(Length < SmallestLength)) return;
+  Far.Margin -= SmallestLength - Length;
+  const int Shift = Rounded(SmallestLength - Length);
+  for (TZyAxis* Axis : FAxes) {
+    if (!Axis->AutoSize()) continue;
+    if (Horizontal && Axis->Position() == TZyAxisPosition::Right) Axis->SetLeft(Axis->Left() + Shift);
+    if (!Horizontal && Axis->Position() == TZyAxisPosition::Bottom) Axis->SetTop(Axis->Top() + Shift);
+  }
+}
+
 void TZyAxisLayout::TakeFinalLength(TZyAxis& Axis) {
-  const float HalfTick = Axis.MajorTickThicknes() / 2;
-  const bool Crosses = HasZeroOrigin();  // an axis inside the data area has no tick at its edge
-  TSide& End = Axis.GetHorizontal() ? FRight : FTop;
-  if (!Crosses && End.Margin < HalfTick) End.Margin = std::ceil(HalfTick);
   float Length = ClientExtent(Axis);
   if (Axis.GetHorizontal()) {
     Axis.SetAxLeft(FLeft.Margin);
@@ -298,7 +326,7 @@ void TZyAxisLayout::PlaceLegends() {
   for (IZyGraphLegend* Legend : LegendsAtSides()) {
     TControl& Control = Legend->Control();
     const auto Width = static_cast<float>(Control.Width()), Height = static_cast<float>(Control.Height());
-    switch (Legend->Position()) {
+    switch (Legend->Dock()) {
       case BottomCenterOfGraph:
       case TopCenterOfGraph:
         Control.SetLeft((FParent.Width() - Control.Width()) / 2);
@@ -340,6 +368,7 @@ void TZyAxisLayout::ShareCommonArea() {
     Left = std::max(Left, Area.X);
     Right = std::min(Right, Area.X + Area.Width - 1);
   }
+  Right = std::max(Right, Left + SmallestLength);
   for (IZyAxisGraph* Chart : Graphs) TakeCommonArea(*Chart, Left, Right);
   for (const IZyAxisGraph* Chart : Graphs)  // the ticks are new, and 0 may have moved
     if (HasZeroOrigin(Chart)) CrossAxes(*Chart);

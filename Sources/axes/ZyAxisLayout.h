@@ -55,6 +55,7 @@ class TZyAxisLayout {
 
   // Final lengths and places.
   void TakeFinalTicks();
+  void KeepSmallestArea(bool Horizontal);
   void TakeFinalLength(TZyAxis& Axis);
   static void CrossAxes(const IZyAxisGraph& Graph);
   void PlaceDataArea();

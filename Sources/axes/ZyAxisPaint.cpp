@@ -92,7 +92,11 @@ void TZyAxis::Paint(Graphics& Gr) {
 
 void TZyAxis::PaintGr(Graphics& Gr) {
   if (LayoutRunning) return;
-  if (FNeedsRecalculate) Calculate();
+  if (FNeedsRecalculate) {
+    const std::uint64_t Alive = LiveHandle();
+    Calculate();
+    if (FromLiveHandle(Alive) == nullptr) return;  // a handler freed it
+  }
   const IZyAxisGraph* const Chart = Graph();
   const TZyAxisPainter Painter(FGeometry, FLook, Chart != nullptr && Chart->DoingMetafile());
   Painter.PaintTicks(Gr, FTicks);

@@ -9,6 +9,7 @@
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
+#include "platform/framework/WideRegisters.h"
 #include "series/ZySeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "undo/ZyChange.h"
@@ -60,6 +61,7 @@ TZyGraph2D::~TZyGraph2D() {
     SetMoving(FPinching, false);
   }
   Destroying();
+  if (TZyGraph2D* const Master = MasterGraph()) Master->LegendsModified();  // which listed the series of this one
 }
 
 /// A line that is not shown at first.
@@ -102,8 +104,10 @@ void TZyGraph2D::TakePrimaryXAxis(TZyAxis* Value) {
   for (TZyGraph2D* Master : {OldMaster, MasterGraph()}) {
     if (Master == nullptr || Master->IsDestroying()) continue;
     Master->CheckCoupled();
+    Master->LegendsModified();
     Master->Modified();
   }
+  LegendsModified();
   Modified();
 }
 
@@ -261,11 +265,13 @@ void TZyGraph2D::SortLayers() {
   }
   int Layer = 0;
   for (TZySeries* Series : Order) Series->Renumber(Layer++);
+  if (!IsSorted) LegendsModified();  // these list them in their order
 }
 
 void TZyGraph2D::Calculate() {
   if (Updating() || FPrimaryXAxis == nullptr || FPrimaryYAxis == nullptr) return;
   const TBusyCursor Busy;
+  ClearWideRegisters();
   CheckCoupled();
   SortLayers();
   FTitleRec.ParseIfNeeded();
@@ -284,9 +290,9 @@ void TZyGraph2D::CalculateCoupled() {
   };
   if (!IsCoupledGraph()) {
     for (TZyGraph2D* Child : ChildGraphs()) BringOtherUpToDate(*Child);
-    FPrimaryXAxis->Calculate();
+    if (FPrimaryXAxis != nullptr) FPrimaryXAxis->Calculate();  // handlers may have freed it
   } else {
-    if (FPrimaryYAxis->Parent() == this) FPrimaryYAxis->Calculate();
+    if (FPrimaryYAxis != nullptr && FPrimaryYAxis->Parent() == this) FPrimaryYAxis->Calculate();
     if (TZyGraph2D* const Master = MasterGraph()) BringOtherUpToDate(*Master);
   }
 }

@@ -133,6 +133,8 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   /// Paints on the screen. Where a part alone would not fit what stands beside it, the whole chart is painted once more
   /// afterwards.
   void Paint(Graphics& Gr) override;
+  /// While Paint runs, above whose picture controls may lie that the mouse moves.
+  bool PaintsScreen() const { return FPaintsScreen; }
   void Modified() override;
   void Calculate() override;
 
@@ -335,6 +337,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   bool FDoingPrimary = false;
   bool FLoadingRecord = false;
   bool FTellingLegends = false;
+  bool FPaintsScreen = false;
   bool FCalculatingCoupled = false;
   bool FPointsAreStale = false;  // of all series
   bool FOnce = true;

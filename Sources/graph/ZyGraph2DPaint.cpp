@@ -3,6 +3,8 @@
 #include "graph/ZyGraph2D.h"
 #include "graph/ZyGraphPainter.h"
 #include "platform/drawing/Graphics.h"
+#include "platform/framework/ScopedFlag.h"
+#include "platform/framework/WideRegisters.h"
 #include "series/ZySeries.h"
 
 namespace zy {
@@ -19,7 +21,10 @@ void TZyGraph2D::Paint(Graphics& Gr) {
       DoRepaint = DoRepaint || (Series->Visible() && ((Grows && Series->CanDoCanvasDraw()) ||
                                                       (Moves && Series->Area().Visible() && !Series->Area().Solid())));
   FLastClip = Clip;
-  PaintGr(Gr);
+  {
+    const TScopedValue OnScreen(FPaintsScreen, true);
+    PaintGr(Gr);
+  }
   TZyCustomGraph::Paint(Gr);
   if (DoRepaint) Invalidate();
 }
@@ -31,13 +36,13 @@ bool TZyGraph2D::PreparePaint() {
     SetBounds(Left(), Top(), Width(), Height());
     FOnce = false;
   }
-  if (!HasPrimaryAxes()) return false;
   BringUpToDate();
-  return true;
+  return HasPrimaryAxes();  // handlers may have freed one
 }
 
 void TZyGraph2D::PaintGr(Graphics& Gr) {
   if (!PreparePaint()) return;
+  ClearWideRegisters();
   TZyGraphPainter(*this, Gr).Paint();
   ShowScrollBars();
 }

@@ -130,7 +130,11 @@ template <class TPart>
 void TZyGraphPainter::PaintMoved(const TControl& Control, const TPart& Part) {
   const Matrix Saved = FGr.GetTransform();
   FGr.TranslateTransform(static_cast<float>(Control.Left()), static_cast<float>(Control.Top()));
-  Part();
+  try {
+    Part();
+  } catch (const EAbort&) {
+    // A handler freed it.
+  }
   FGr.SetTransform(Saved);
 }
 
@@ -141,10 +145,17 @@ void TZyGraphPainter::PaintAxes() {
   FGraph.SetHighQuality(FGr, true);
 }
 
+/// Those of the graph in its order, and above them others that stand in it.
 void TZyGraphPainter::PaintLegends() {
-  for (IZyGraphLegend* Legend : FGraph.RelatedLegends()) {
-    const TControl& Control = Legend->Control();
-    if (Control.Parent() == &FGraph && Control.Visible()) PaintMoved(Control, [&] { Legend->PaintGr(FGr); });
+  const auto PaintOne = [this](IZyGraphLegend& Legend) {
+    const TControl& Control = Legend.Control();
+    if (Control.Parent() != &FGraph || !Control.Visible() || (FGraph.PaintsScreen() && Legend.IsMoving())) return;
+    PaintMoved(Control, [&] { Legend.PaintGr(FGr); });
+  };
+  for (IZyGraphLegend* Legend : FGraph.RelatedLegends()) PaintOne(*Legend);
+  for (std::size_t Index = 0; Index < FGraph.Controls().size(); ++Index) {
+    auto* const Legend = dynamic_cast<IZyGraphLegend*>(FGraph.Controls()[Index]);
+    if (Legend != nullptr && !FGraph.RelatedLegends().Contains(Legend)) PaintOne(*Legend);
   }
 }
 

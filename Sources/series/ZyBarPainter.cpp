@@ -86,7 +86,7 @@ void TZyBarPainter::Paint() {
 
 /// Whatever handlers did to the data meanwhile, bars that are gone are left out.
 void TZyBarPainter::PaintBar(TEntry& Entry, std::size_t Bar) {
-  if (FHasEvents) TZyPointLook::TestAlive(Entry.Handle);
+  if (FHasEvents) TZyPointLook::TestDrawn(Entry.Handle);
   TZyBars& Bars = Entry.Bars;
   if (Bars.RecalculatePoints() || Bar >= Bars.Points().size() || Bars.IsEmpty(Bar)) return;
   const RectF Rect = Bars.RectOf(Bar);
@@ -207,11 +207,11 @@ void TZyBars::PaintGr(Graphics& Gr) {
   std::vector<std::uint64_t> Handles;
   for (const TZyBars* Bars : All) Handles.push_back(Bars->LiveHandle());
   for (std::size_t i = 0; i < All.size(); ++i) {  // a handler may free any of them
-    TZyPointLook::TestAlive(Handles[i]);
+    TZyPointLook::TestDrawn(Handles[i]);
     if (All[i]->LinePen() == nullptr || All[i]->AreaBrush() == nullptr) All[i]->TestVisibleChanged();
     if (All[i]->RecalculatePoints() || All[i]->Group() != All[i]->FGroup) All[i]->CalculatePoints();
   }
-  for (const std::uint64_t Handle : Handles) TZyPointLook::TestAlive(Handle);
+  for (const std::uint64_t Handle : Handles) TZyPointLook::TestDrawn(Handle);
   TZyBarPainter(Gr, All).Paint();
 }
 

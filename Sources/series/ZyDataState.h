@@ -41,14 +41,12 @@ class TZyDataState {
     PixelsModified();
   }
   /// All pixels are out of date.
-  void PixelsModified() {
-    FLastPointsCount = 0;
-    FPixelsAreStale = true;
-  }
+  void PixelsModified() { PixelsModifiedFrom(0); }
   /// Those of the points from Index on are.
   void PixelsModifiedFrom(int Index) {
     TakePixelsFrom(Index);
     FPixelsAreStale = true;
+    ++FChanges;
   }
   /// The ranges describe all points, and the pixels of the new ones are due.
   void RangesTaken() {
@@ -60,11 +58,15 @@ class TZyDataState {
     FLastPointsCount = std::min(FCount, FLastCount);
     FPixelsAreStale = false;
   }
+  /// How often pixels were told to be out of date. A run that computes them and finds another number at its end was
+  /// overtaken by what its handlers did.
+  unsigned Changes() const { return FChanges; }
 
  private:
   int FCount = 0;
   int FLastCount = 0;
   int FLastPointsCount = 0;
+  unsigned FChanges = 0;
   bool FPixelsAreStale = false;
 };
 

@@ -65,9 +65,16 @@ void TZyFunctionSeries::Fields(TZyArchive& Archive) {
 // --- Calculation ----------------------------------------------------------------------------------------------------
 
 /// The count is taken first: a formula that fails is not tried again at every paint, and a handler that changes a
-/// setting, or paints, asks for a calculation after this one.
+/// setting, or paints, asks for a calculation after this one. The range, and a fit of logarithms, depend on the scaling
+/// of the axes.
 void TZyFunctionSeries::Calculate() {
-  if (FIsCalculating || !TakeCount()) return;
+  if (FIsCalculating) return;
+  const bool HasLogX = FXAxis != nullptr && FXAxis->HasLogScaling(),
+             HasLogY = FYAxis != nullptr && FYAxis->HasLogScaling();
+  if (HasLogX != FHadLogX || HasLogY != FHadLogY) CalculationModified();
+  FHadLogX = HasLogX;
+  FHadLogY = HasLogY;
+  if (!TakeCount()) return;
   SetRange(*FXAxis, FXStart, FXStop, RangeOfX());
   FState.RangesTaken();
   const TZyCalculationErrorHandler Handler = mCalculationError;
@@ -128,6 +135,10 @@ void TZyFunctionSeries::CalculateFunction() {
   if (FClipYValues && AnyOtherSeries()) Y = {};
   FYStart = Y.Low;
   FYStop = Y.High;
+  TellCalculated();
+}
+
+void TZyFunctionSeries::TellCalculated() {
   const TNotifyEvent Handler = mCalculated;  // it may set another, or free the series
   const std::uint64_t Alive = LiveHandle();
   if (!Handler) return;
@@ -135,8 +146,7 @@ void TZyFunctionSeries::CalculateFunction() {
   TZyPointLook::TestAlive(Alive);
 }
 
-/// The vectors are lent for this one calculation: they may die before the next.
-void TZyFunctionSeries::CalculateCurve() {
+void TZyFunctionSeries::CalculateCurve() const {
   TZyCalculation& Curve = *FCalculation;
   struct TLoan {
     TZyCalculation& Curve;
@@ -156,7 +166,6 @@ void TZyFunctionSeries::CalculateCurve() {
   Curve.Calculate();
 }
 
-/// Whether the Y axis has a visible series of data, to whose scale the curve then keeps.
 bool TZyFunctionSeries::AnyOtherSeries() const {
   if (FYAxis == nullptr) return false;
   return std::ranges::any_of(FYAxis->RelatedSeries(), [](const IZyAxisSeries* Each) {
@@ -186,10 +195,14 @@ void TZyFunctionSeries::TakeNewPixels() {
   const double Start = std::max(FDisplayStart, std::min(FXAxis->Start(), FXAxis->Stop()));
   const double Stop = std::min(FDisplayStop, std::max(FXAxis->Start(), FXAxis->Stop()));
   const auto Take = [this](double x) { Keep({FXAxis->NumberToWorld(x), FYAxis->NumberToWorld(GetY(x))}, -1); };
+  ForEachColumn(Start, Stop, Take);
+}
+
+void TZyFunctionSeries::ForEachColumn(double Start, double Stop, const std::function<void(double x)>& Do) const {
   if (FXAxis->HasLogScaling()) {
-    Sample(std::log10(Start), std::log10(Stop), [&](double l) { Take(Exp10(l)); });
+    Sample(std::log10(Start), std::log10(Stop), [&](double l) { Do(Exp10(l)); });
   } else {
-    Sample(Start, Stop, Take);
+    Sample(Start, Stop, Do);
   }
 }
 

@@ -103,15 +103,26 @@ class TZyFunctionSeries : public TZyLineSeries {
                       [this, Getter] { return (static_cast<TKind*>(this)->*Getter)(); });
   }
   void CalculationModified() { SetLastCount(0); }
+  /// Whether the last calculation succeeded.
+  bool HasCurve() const { return FHasCurve; }
+  /// Runs the calculation over the data and the range as they stand. The vectors are lent for this one run: they may
+  /// die before the next.
+  void CalculateCurve() const;
+  /// Takes the ranges of calculation and display that follow the data.
+  void SetLimits();
+  /// Whether the Y axis has a visible series of data, to whose scale the curve then keeps.
+  bool AnyOtherSeries() const;
+  /// What ends CalculateFunction: OnCalculated, after which the series may be gone.
+  void TellCalculated();
+  /// Calls Do(x) once for each column of pixels of the X axis, ends included; on a logarithmic one evenly by
+  /// logarithms. A range of no width, or on an axis of none, is sampled at its start alone.
+  void ForEachColumn(double Start, double Stop, const std::function<void(double x)>& Do) const;
 
   void TakeNewPixels() override;
 
  private:
   void DisplayModified() { PointsModified(); }
-  void SetLimits();
-  void CalculateCurve();
   TRange RangeOfX();
-  bool AnyOtherSeries() const;
   template <class TSample>
   void Sample(double Start, double Stop, const TSample& Do) const;
   bool SetAuto(bool& Field, bool Value, std::initializer_list<std::string_view> Names);
@@ -127,6 +138,7 @@ class TZyFunctionSeries : public TZyLineSeries {
   bool FClipYValues = true;
   bool FHasCurve = false;  // the last calculation succeeded
   bool FIsCalculating = false;
+  bool FHadLogX = false, FHadLogY = false;  // the scaling of the axes as the last calculation found it
   double FCalcStart = 0, FCalcStop = 0;
   double FDisplayStart = 0, FDisplayStop = 0;
   TZyCalculationErrorHandler mCalculationError;

@@ -15,6 +15,12 @@ void TZyPointLook::TestAlive(std::uint64_t Series) {
   if (TPersistent::FromLiveHandle(Series) == nullptr) throw EAbort(LoadResString(_sSeriesFreed));
 }
 
+void TZyPointLook::TestDrawn(std::uint64_t Series) {
+  TestAlive(Series);
+  if (dynamic_cast<const TZySeries&>(*TPersistent::FromLiveHandle(Series)).Graph() == nullptr)
+    throw EAbort(LoadResString(_sSeriesFreed));
+}
+
 void TZyPointLook::Reset() {
   FOwnPen = FSeries.FPen.Shared();
   FOwnBrush = FSeries.FBrush.Shared();
@@ -34,7 +40,7 @@ bool TZyPointLook::Ask(const THandler& Handler, TArgs& Args, std::size_t Pixel) 
   Args.X = Values.X;
   Args.Y = Values.Y;
   Handler(&FSeries, Args);
-  TestAlive(FHandle);
+  TestDrawn(FHandle);
   return true;
 }
 

@@ -36,6 +36,8 @@ class TZyPointLook {
   /// Throws EAbort when a handler freed the series of that live handle: nothing of it may be touched on the way out.
   /// The graph then goes on with the next one.
   static void TestAlive(std::uint64_t Series);
+  /// The same while the series is drawn: a handler may also have freed an axis or data, so that it left its graph.
+  static void TestDrawn(std::uint64_t Series);
   const zy::Brush& Brush() const { return *FBrush.Brush; }
   const TZyPen& Pen() const { return *FPen.Pen; }
 

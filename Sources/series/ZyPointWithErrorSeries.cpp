@@ -189,7 +189,7 @@ void TZyPointWithErrorSeries::DrawAskedIndicators(Graphics& Gr) {
     Args.X = Values.X;
     Args.Y = Values.Y;
     Handler(this, Args);
-    TZyPointLook::TestAlive(Handle);
+    TZyPointLook::TestDrawn(Handle);
     if (!Args.Visible || Args.Pen == nullptr || Pixel >= Points().size()) continue;
     FEnds.clear();
     AddBars(Pixel, false);

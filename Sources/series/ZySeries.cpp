@@ -262,6 +262,7 @@ void TZySeries::TestVisibleChanged() {
       LegendsModified();
     }
   }
+  if (const float Height = GetItemHeight(); std::exchange(FLastItemHeight, Height) != Height) LegendsModified();
   // Symbols want other pixels than a line alone.
   if (Symbol.Visible() != FPointsForSymbols && FPointCount > 0) PointsModified();
   FPen.SetOwn(FLineSettings->GetPen(Graph()->DrawingArea(), 0));

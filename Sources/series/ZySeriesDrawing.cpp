@@ -178,7 +178,7 @@ void TZySeries::DrawAskedSymbols(Graphics& Gr) {
     Args.Symbol = FPointSymbolSettings->PointSymbol();
     Args.Visible = FPointSymbolSettings->Visible();
     Handler(this, Args);
-    TZyPointLook::TestAlive(Handle);
+    TZyPointLook::TestDrawn(Handle);
     if (Args.Visible && Args.Pen != nullptr && Args.Brush != nullptr)
       DrawPointSymbol(Gr, *Args.Pen, *Args.Brush, Place.X, Place.Y, Args.Size, Args.Symbol);
   }

@@ -85,10 +85,13 @@ void TZySeries::DrawListItem(const TZyLegendItemDrawArgs& e, LegendItemStyle Sty
 void TZySeries::DrawMergedItems(const TZyLegendItemDrawArgs& e) {
   using enum LegendItemStyle;
   std::vector<TZySeries*> Members;
-  if (Graph() != nullptr)
+  if (Graph() != nullptr && FMergeLegendItemWith == nullptr) {
+    Members.push_back(this);
+  } else if (Graph() != nullptr) {
     Graph()->ForEachSeries([&](TZySeries& Each) {
       if (&Each == this || &Each == FMergeLegendItemWith) Members.push_back(&Each);
     });
+  }
   const auto HasLine = [](const TZySeries* Series) { return Series->FLineSettings->Visible(); };
   const auto HasArea = [](const TZySeries* Series) { return Series->FAreaSettings->Visible(); };
   const auto Lines = std::count_if(Members.begin(), Members.end(), HasLine);

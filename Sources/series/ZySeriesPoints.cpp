@@ -176,8 +176,9 @@ bool TZySeries::HasGapsBeside() const {
   });
 }
 
-/// Should a handler throw, the pixels stay out of date, and the next paint begins anew. One that frees the series
-/// throws as well, and nothing of it is touched then.
+/// Should a handler throw, or change what the pixels follow from, these stay out of date, and the next paint begins
+/// anew; of data that shrank meanwhile there is none. One that frees the series throws as well, and nothing of it is
+/// touched then.
 void TZySeries::CalculatePoints() {
   if (FCalculatingPoints) return;  // bands that point at each other
   struct TRound {
@@ -189,6 +190,8 @@ void TZySeries::CalculatePoints() {
     }
     TZySeries& Series;
     const std::uint64_t Handle = Series.LiveHandle();
+    const unsigned Changes = Series.FState.Changes();
+    const int Count = Series.Count();
     bool IsDone = false;
   } Round(*this);
   const auto IsTakenAnew = [this](int Pixel) { return FPointIndex.GetValue(Pixel) >= FState.LastPointsCount(); };
@@ -209,9 +212,11 @@ void TZySeries::CalculatePoints() {
   TakeNewPixels();
   FPartnerVersion = BandPartner() == nullptr ? -1 : BandPartner()->FPixelsVersion;
   if (FPointCount > 0) AddBandPoints();
+  Round.IsDone = FState.Changes() == Round.Changes;
+  if (Count() < Round.Count) ForgetPixels();
+  if (!Round.IsDone) return;
   FState.PixelsTaken();
   if (Graph() != nullptr) Graph()->PointsCalculated();
-  Round.IsDone = true;
 }
 
 void TZySeries::TakeNewPixels() {

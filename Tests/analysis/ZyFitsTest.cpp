@@ -21,7 +21,7 @@ namespace {
 /// A file of the collection: certified coefficients with their deviations, that of the residuals, rows of y and x.
 struct TCertified {
   explicit TCertified(const std::string& Name) {
-    std::ifstream File(std::string(ZY_NIST_FOLDER "/") + Name + ".dat");
+    std::ifstream File(std::string(ZY_TEST_DATA "/nist/") + Name + ".dat");
     int Number = 0;
     for (std::string Line; std::getline(File, Line);) {
       std::istringstream Words(Line);

@@ -286,8 +286,19 @@ TEST(ZyAxisLayoutTest, TinyChartsKeepUsableAxes) {
       Chart.X->SetStart(-3);
       Chart.Graph->SetZeroOrigin(Zero);
       TStubLegend Legend(Chart, TZyLegendPosition::RightTopOfAxis, 40, 60);
+      TZyGraph2D& Upper = Chart.AddCoupled();
+      Upper.SetBounds(0, 0, Size, Size);
+      TSampleChart::Paint(Upper);
       Chart.Paint();
-      for (const TZyAxis* Axis : {Chart.X, Chart.Y}) {
+      for (const TZyGraph2D* Graph : {static_cast<TZyGraph2D*>(Chart.Graph), &Upper}) {
+        const RectF& Area = Graph->DrawingArea();
+        const TZyAxis& Left = *Graph->PrimaryYAxis();
+        EXPECT_EQ(Area, (RectF{Chart.X->AxLeft(), Left.AxTop(), Chart.X->AxLength() + 1, Left.AxLength() + 1}));
+        EXPECT_TRUE(Zero || static_cast<float>(Left.Left()) + Left.AxLeft() == Area.X);
+      }
+      EXPECT_TRUE(Zero ||
+                  static_cast<float>(Chart.X->Top()) + Chart.X->AxTop() == Chart.Y->AxTop() + Chart.Y->AxLength());
+      for (const TZyAxis* Axis : {Chart.X, Chart.Y, Upper.PrimaryYAxis()}) {
         EXPECT_GE(Axis->AxLength(), 40);
         EXPECT_GE(Axis->Ticks().size(), 2u);
         for (const float Tick : PlacesOf(*Axis)) EXPECT_TRUE(std::isfinite(Tick));

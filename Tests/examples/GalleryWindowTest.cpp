@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QTimer>
+#include <QToolTip>
 #include <QUrl>
 
 #include "controls/ControlSamples.h"
@@ -105,6 +106,16 @@ TEST_F(GalleryWindowTest, AFileThatIsDroppedIsShownAndSavedAgainWhenItChanged) {
   EXPECT_EQ(Window.Caption(), "day.zyx* - Zyphos: gallery");
   Press(Qt::Key_Y);
   EXPECT_EQ(Window.Caption(), "day.zyx - Zyphos: gallery");
+}
+
+TEST_F(GalleryWindowTest, TellsOfThePointUnderTheMouse) {
+  HandleEvents();
+  const PointF Point = (*Graph().RelatedSeries().begin())->Points()[0];
+  const QPointF Place(Point.X, Point.Y);
+  QMouseEvent Event(QEvent::MouseMove, Place, Graph().Widget()->mapToGlobal(Place), Qt::NoButton, Qt::NoButton,
+                    Qt::NoModifier);
+  QCoreApplication::sendEvent(Graph().Widget(), &Event);
+  EXPECT_TRUE(QToolTip::text().contains("01/03/2000; 1455.22")) << QToolTip::text().toStdString();
 }
 
 TEST_F(GalleryWindowTest, SaveAsAndOpenTakeTheFormFromTheExtension) {

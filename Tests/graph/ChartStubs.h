@@ -17,7 +17,7 @@ struct TStubLegend : TGraphicControl, IZyGraphLegend {
     SetParent(Chart.Graph);
   }
   TControl& Control() override { return *this; }
-  TZyLegendPosition Position() const override { return FPosition; }
+  TZyLegendPosition Dock() const override { return FPosition; }
   void PreparePaint() override {
     if (FWidth > 0) SetBounds(Left(), Top(), FWidth, FHeight);
   }

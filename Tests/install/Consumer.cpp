@@ -17,7 +17,7 @@ int main(int ArgCount, char** Args) {
   const bool Painted = Picture.GetPixel(0, 0) == zy::Colors::White;
   bool Registered = zy::GetClass("TSqlDataSet") == nullptr;  // no SQL in a program that binds no data
   for (const char* Name :
-       {"TZyAxis", "TZyBubbles", "TZyLineSeries", "TZyMovingAverage", "TZyRichLabel", "TZyUndoStack"})
+       {"TZyAxis", "TZyBubbles", "TZyLegend", "TZyLineSeries", "TZyMovingAverage", "TZyRichLabel", "TZyUndoStack"})
     Registered = Registered && zy::GetClass(Name) != nullptr;
   std::printf("painted: %d, registered: %d\n", Painted, Registered);
   return Painted && Registered ? 0 : 1;

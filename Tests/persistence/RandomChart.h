@@ -3,6 +3,7 @@
 #include <memory>
 #include <random>
 
+#include "annotations/ZyLegend.h"
 #include "graph/SampleChart.h"
 #include "platform/data/TDataSource.h"
 #include "platform/framework/Application.h"
@@ -58,6 +59,7 @@ class TRandomChart : public TGraphPair {
     for (int Count = Roll(4); Count > 0; --Count)
       AddAxis(Roll(4) == 0 ? Other : Graph, static_cast<TZyAxisPosition>(Roll(4)));
     AddAllSeries();
+    for (int Count = Roll(3); Count > 0; --Count) AddLegend();
     for (TComponent* Component : std::vector(Form.Components()))
       if (dynamic_cast<TZyDoubleVector*>(Component) == nullptr) SetAll(*Component);
     for (TZyAxis* Axis : FAxes) {
@@ -120,6 +122,18 @@ class TRandomChart : public TGraphPair {
     return Axis;
   }
 
+  void AddLegend() {
+    auto& Legend = *new TZyLegend(&Form);
+    Legend.SetName(Form.FirstFreeName("Legend"));
+    Legend.SetParent(Graphs()[static_cast<std::size_t>(Roll(2))]);
+    Legend.SetGraph(dynamic_cast<TZyGraph2D*>(Legend.Parent()));
+    Legend.SetPosition(static_cast<TZyLegendPosition>(Roll(11)));
+    Legend.SetLegendCaptionColorFrom(static_cast<TZyLegendCaptionColorFrom>(Roll(3)));
+    Legend.SetBounds(Roll(200), Roll(150), Roll(200), Roll(150));
+    Legend.SetItemHeight(static_cast<float>(Roll(2) * 25));
+    if (Roll(2) == 0) Legend.ItemsOrderList()->SetText("Form.There\nForm.Here\nForm.Nobody");
+  }
+
   void AddAllSeries() {
     std::vector<TZyAxis*> Across, Up;
     AddSeries("Here", {1, 2, 5}, {3, 1, 4});  // INI takes ranges with data alone
@@ -169,7 +183,7 @@ class TRandomChart : public TGraphPair {
   }
 
   /// Sets the published properties of an object and of its settings; what makes up the chart was set before. Labels of
-  /// bars stay off: one that fits takes no room, and fits as long as it takes none.
+  /// bars stay off: one that fits takes no room, and fits as long as it takes none. Edges of legends are not stored.
   void SetAll(TPersistent& Object) {
     static const std::set<std::string_view> Kept = {"Name",          "XAxis",
                                                     "YAxis",         "XData",
@@ -183,7 +197,10 @@ class TRandomChart : public TGraphPair {
                                                     "Font",          "DataField",
                                                     "MasterAxis",    "MergeLegendItemWith",
                                                     "DrawBandTo",    "RangeFromFunction",
-                                                    "Elliptical",    "LabelPosition"};
+                                                    "Elliptical",    "LabelPosition",
+                                                    "BorderRaised",  "BorderLowered",
+                                                    "ItemHeight",    "ItemsOrderList",
+                                                    "Graph"};
     for (const TPropInfo* Info : Object.ClassInfo().Properties()) {
       const bool IsOfLine = Object.ClassInfo().InheritsFrom(TZySimpleLineSettings::StaticClassInfo());
       if (Info->IsOwnedObject && Info->GetObject(Object) != nullptr && (HasLineGradients || !IsOfLine))

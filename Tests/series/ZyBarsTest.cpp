@@ -348,6 +348,21 @@ TEST_F(ZyBarsTest, DenseBarsLookLikeAllOfThem) {
   }
 }
 
+TEST_F(ZyBarsTest, WhatALabelsHandlerTakesAwayIsNotFound) {
+  TZyBars* const Bars = Add({0, 1, 2, 3, 4}, {1, 2, 3, 4});
+  Bars->SetLabelPosition(TZyBarLabelPosition::Centered);
+  Chart.Paint();  // with the layout, which asks for labels as well
+  bool Takes = true;
+  Bars->SetOnGetLabel([&](auto&&...) {
+    if (std::exchange(Takes, false)) dynamic_cast<TZyDoubleVector&>(*Bars->YData()).Delete(0);
+  });
+  Chart.Paint();
+  EXPECT_FALSE(Bars->NearestPoint({225, 200}).Found);
+  Bars->SetOnGetLabel({});
+  Chart.Paint();
+  EXPECT_EQ(Bars->Points().size(), 3u);
+}
+
 TEST_F(ZyBarsTest, PaintsOnWhateverTheData) {
   constexpr double NaN = std::numeric_limits<double>::quiet_NaN(), Inf = HUGE_VAL;
   const std::vector<std::vector<double>> Lists = {

@@ -5,6 +5,9 @@
 #include "analysis/ZyParseFktLists.h"
 #include "framework/Errors.h"
 #include "graph/SampleChart.h"
+#include "platform/framework/Application.h"
+#include "series/ZyInterpolation.h"
+#include "series/ZyLinearRegression.h"
 #include "series/ZyMovingAverage.h"
 #include "texts/Exceptions.h"
 #include "undo/ZyUndoStack.h"
@@ -172,6 +175,110 @@ TEST_F(ZyFunctionSeriesTest, AverageFollowsItsSettingsAndUndo) {
   Stack.Undo();
   EXPECT_EQ(Average->CalculationStart(), 1) << "what the automatic start wrote over";
   EXPECT_FALSE(Average->AutoStart());
+}
+
+/// What the application would have told and asked its user.
+struct TMessages {
+  TMessages() {
+    Application().OnShowMessage = [this](std::string_view Text) { Told.emplace_back(Text); };
+    Application().OnConfirm = [this](std::string_view Text) {
+      Told.emplace_back(Text);
+      return Answer;
+    };
+  }
+  ~TMessages() {
+    Application().OnShowMessage = {};
+    Application().OnConfirm = {};
+  }
+  std::vector<std::string> Told;
+  bool Answer = false;
+};
+
+TEST_F(ZyFunctionSeriesTest, InterpolationAnswersBetweenASetterAndThePaint) {
+  TMessages Messages;
+  TZyUndoStack Stack(&Chart.Form);
+  auto* const Line = Chart.AddSeries<TZyInterpolation>("Line", {0, 1, 2, 3, 4, 5}, {0, 1, 8, 27, 64, 125});
+  Line->SetUndoStack(&Stack);
+  Chart.Paint();
+  Line->SetInterpolationMethod(TZyInterpolationMethod::CubicSpline);
+  EXPECT_NEAR(Line->GetY(2.5), 15.625, 1e-12) << "the cube, before any paint";
+  Line->SetSmoothPoints(true);
+  Line->SetSmoothingRange(1.5);
+  EXPECT_NE(Line->GetY(2), 8);
+  Line->SetInterpolationMethod(TZyInterpolationMethod::ApproximativeSpline);
+  ASSERT_EQ(Messages.Told.size(), 1u);
+  EXPECT_FALSE(Line->SmoothPoints());
+  EXPECT_EQ(Line->MinCount(), 6);
+  EXPECT_EQ(Line->GetFormula(), "Interpolation (approximative spline)");
+  Line->SetSmoothPoints(true);
+  EXPECT_EQ(Messages.Told.size(), 2u);
+  Line->SetElasticityFactor(0);
+  EXPECT_EQ(Line->ElasticityFactor(), 1e-300);
+  Stack.Undo();
+  Stack.Undo();
+  EXPECT_TRUE(Line->SmoothPoints()) << "came back with the method, in one step";
+  EXPECT_EQ(Line->InterpolationMethod(), TZyInterpolationMethod::CubicSpline);
+  Stack.Redo();
+  EXPECT_EQ(Line->InterpolationMethod(), TZyInterpolationMethod::ApproximativeSpline);
+  EXPECT_EQ(Messages.Told.size(), 2u);
+  delete Line->YData();
+  Chart.Paint();
+  EXPECT_EQ(Line->GetFormula(), "Interpolation (approximative spline)") << "of the index";
+}
+
+TEST_F(ZyFunctionSeriesTest, ASlopeLooksForASecondAxis) {
+  auto* const Slope = Chart.AddSeries<TZyIntegral>("Slope", {0, 1, 2, 3}, {1, 1, 1, 1});
+  Slope->SetYAxis(nullptr);
+  Slope->SetDefaultAxis(*Chart.Graph);
+  EXPECT_EQ(Slope->YAxis(), Chart.Y) << "there is no other";
+  auto* const Second = new TZyAxis(&Chart.Form);
+  Second->SetPosition(TZyAxisPosition::Right);
+  Second->SetParent(Chart.Graph);
+  Slope->SetYAxis(nullptr);
+  Slope->SetDefaultAxis(*Chart.Graph);
+  EXPECT_EQ(Slope->YAxis(), Second);
+  Slope->TestAllAssigned();
+  Chart.Paint();
+  EXPECT_EQ(Slope->GetY(2), 2);
+  EXPECT_EQ(Slope->YStop(), 3);
+}
+
+TEST_F(ZyFunctionSeriesTest, RegressionDrawsItsBandInTheFittedCoordinates) {
+  TMessages Messages;
+  delete Curve;
+  auto* const Line = Chart.AddSeries<TZyLinearRegression>("Line", {1, 10, 100, 1000}, {20, 18, 9, 11});
+  Chart.Paint();
+  const auto Calls = Chart.Calls();
+  EXPECT_EQ(Chart.CountOf(Calls, "FillPolygon"), 0);
+  Line->ConfidenceIntervalArea().SetVisible(true);
+  Chart.Paint();
+  const auto WithBand = Chart.Calls();
+  EXPECT_EQ(Chart.CountOf(WithBand, "FillPolygon"), 1);
+  const double Half = Line->Confidence(1), OtherHalf = Line->Confidence(1000);
+  EXPECT_NEAR(Line->YStop(), Line->GetY(1) + Half, 1e-12) << "a falling line reaches highest at its start";
+  EXPECT_NEAR(Line->YStart(), Line->GetY(1000) - OtherHalf, 1e-12);
+  Chart.X->SetScaling(TZyAxisScaling::Log);
+  Chart.X->SetLogToNormalScalingLevel(0.5);
+  Chart.Paint();
+  ASSERT_EQ(Messages.Told.size(), 1u);
+  EXPECT_EQ(Chart.X->LogToNormalScalingLevel(), 0);
+  EXPECT_EQ(Line->GetFormula(), "Y=a+b(lg(X))");
+  EXPECT_NEAR(Line->Slope(), (-1.5 * 20 - 0.5 * 18 + 0.5 * 9 + 1.5 * 11) / 5, 1e-12) << "over 0, 1, 2, 3";
+  EXPECT_NEAR(Line->Confidence(1), Line->Confidence(1000), 1e-12) << "as far from the mean of the logarithms";
+  EXPECT_EQ(Line->Points().size(), 2u);
+  TZyUndoStack Stack(&Chart.Form);
+  Line->SetUndoStack(&Stack);
+  const double Fitted = Line->Offset();
+  Line->SetFixedOffset(true);
+  Line->SetOffset(0);
+  Chart.Paint();
+  EXPECT_NEAR(Line->Slope(), (18 + 2 * 9 + 3 * 11) / 14.0, 1e-12);
+  Stack.Undo(1);
+  EXPECT_EQ(Line->Offset(), Fitted);
+  EXPECT_FALSE(Line->FixedOffset());
+  dynamic_cast<TZyDoubleVector&>(*Line->XData()).SetInternalArray({3, 3, 3, 3});
+  Chart.Paint();
+  EXPECT_TRUE(Line->Points().empty()) << "no line through points of one X";
 }
 
 }  // namespace

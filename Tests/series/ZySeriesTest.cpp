@@ -43,8 +43,8 @@ TEST(ZySeriesTest, JoinsItsGraphInEveryOrderOfAssignments) {
     for (const int Step : Order) Set(Step, true);
     for (const TZyAxis* Axis : {Chart.X, Chart.Y})
       EXPECT_TRUE(Axis->RelatedSeries().size() == 1 && Axis->RelatedSeries()[0] == &Series);
-    EXPECT_EQ(X->RelatedSeries(), std::vector<IZyVectorReader*>{&Series});
-    EXPECT_EQ(Y->RelatedSeries(), std::vector<IZyVectorReader*>{&Series});
+    EXPECT_EQ(Listed(X->RelatedSeries()), std::vector<IZyVectorReader*>{&Series});
+    EXPECT_EQ(Listed(Y->RelatedSeries()), std::vector<IZyVectorReader*>{&Series});
     Chart.Paint();
     EXPECT_EQ(Chart.X->Stop(), 2);
     EXPECT_EQ(Series.Points().size(), 3u);
@@ -71,14 +71,14 @@ TEST(ZySeriesTest, OneVectorMayServeBothDirectionsAndManySeries) {
   const std::vector<IZyVectorReader*> Both{First, Second};
   Second->SetXData(First->YData());
   Second->SetYData(First->YData());
-  EXPECT_EQ(First->YData()->RelatedSeries(), Both);
+  EXPECT_EQ(Listed(First->YData()->RelatedSeries()), Both);
   Chart.Paint();
   EXPECT_EQ(Second->XStart(), 4);
   EXPECT_EQ(Chart.X->Stop(), 6);
   Second->SetXData(First->XData());
-  EXPECT_EQ(First->YData()->RelatedSeries(), Both) << "still the Y data";
+  EXPECT_EQ(Listed(First->YData()->RelatedSeries()), Both) << "still the Y data";
   Second->SetYData(First->XData());
-  EXPECT_EQ(First->YData()->RelatedSeries(), (std::vector<IZyVectorReader*>{First}));
+  EXPECT_EQ(Listed(First->YData()->RelatedSeries()), (std::vector<IZyVectorReader*>{First}));
   delete First->XData();
   EXPECT_EQ(Listed(Chart.Graph->RelatedSeries()), std::vector<TZySeries*>{First}) << "its X is the index now";
   EXPECT_EQ(Second->YData(), nullptr);

@@ -2,15 +2,16 @@
 //
 // One form is edited: objects made, freed and changed, undo and redo, saving and loading. The other one is live: data
 // stream in and out and shrink while it is zoomed and painted, further series, axes and coupled graphs come and go, and
-// handlers throw. After each round everything is undone, or taken out again, and the bytes of both forms and the
-// picture of the live one must be those of the beginning; at the end the memory in use must be that of the first
-// rounds.
+// handlers throw, and free some of them. After each round everything is undone, or taken out again, and the bytes of
+// both forms and the picture of the live one must be those of the beginning; at the end the memory in use must be that
+// of the first rounds.
 
 #include <malloc.h>
 
 #include <QImage>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -160,11 +161,20 @@ class TSoak {
   void Throw() {
     if (Roll(40) == 0) throw TRefusal();
   }
+  /// Throws, or frees what came to the first objects, but for a graph.
+  void ThrowOrFree() {
+    Throw();
+    const auto& List = FLive.Form.Components();
+    const int Others = static_cast<int>(List.size() - FFirst);
+    if (Others == 0 || Roll(40) != 0) return;
+    TComponent* const Gone = List[FFirst + static_cast<std::size_t>(Roll(Others))];
+    if (dynamic_cast<TZyGraph2D*>(Gone) == nullptr) delete Gone;
+  }
   void SetHandler() {
     const int What = Roll(8);
     if (auto* const Axis = AnyOf(All<TZyAxis>())) {
       if (What == 0) Axis->SetOnGetTicks([this](TObject*) { Throw(); });
-      if (What == 1) Axis->SetOnCalculated([this](TObject*) { Throw(); });
+      if (What == 1) Axis->SetOnCalculated([this](TObject*) { ThrowOrFree(); });
       if (What == 2) Axis->SetOnGetScaleLabel([this](auto&&...) { Throw(); });
     }
     if (auto* const Series = AnyOf(All<TZySeries>())) {
@@ -172,7 +182,7 @@ class TSoak {
         Throw();
         return e.Value;
       };
-      const auto Ask = [this](TObject*, auto&) { Throw(); };
+      const auto Ask = [this](TObject*, auto&) { ThrowOrFree(); };
       if (What == 3) Series->SetXValueTransformation(Transform);
       if (What == 4) Series->SetYValueTransformation(Transform);
       if (What == 5) Series->SetOnGetPen(Ask);
@@ -215,7 +225,9 @@ class TSoak {
 
   void Make() {
     if (More().size() > 30) return;
-    switch (Roll(4)) {
+    switch (Roll(5)) {
+      case 4:
+        return MakeLegend();
       case 0:
         return Named(new TZyDoubleVector(&FLive.Form))->AddRange({1, 5, 3});
       case 1:
@@ -237,6 +249,25 @@ class TSoak {
             Info->SetObject(*Series, AnyOf(All<TZyDoubleVector>()));
       }
     }
+  }
+
+  void MakeLegend() {
+    auto* const Legend = Named(new TZyLegend(&FLive.Form));
+    Legend->SetParent(AnyOf(All<TZyGraph2D>()));
+    Legend->SetPosition(static_cast<TZyLegendPosition>(Roll(2) == 0 ? 10 : Roll(11)));
+    if (Roll(2) == 0) Legend->SetOnGetLegendItemCaption([this](auto&&...) { Throw(); });
+    if (Roll(2) == 0) Legend->SetOnDrawLegendItem([this](auto&&...) { Throw(); });
+  }
+
+  /// A part of a drag, which need not begin or end.
+  void Drag(TZyLegend& Legend) {
+    const int X = Roll(900) - 200, Y = Roll(700) - 200;
+    if (Roll(2) == 0) Legend.MouseDown(mbLeft, {ssLeft}, X, Y);
+    for (int Moves = Roll(4); Moves > 0; --Moves) Legend.MouseMove({ssLeft}, Roll(900) - 200, Y);
+    TKey Key = std::array{vkEscape, vkLeft, vkDown, vkSpace}[static_cast<std::size_t>(Roll(4))];
+    if (Roll(3) == 0) Legend.KeyDown(Key, {});
+    if (Roll(2) == 0) Legend.MouseUp(mbLeft, {}, X, Y);
+    if (Roll(4) == 0) Legend.SetVisible(!Legend.Visible());
   }
 
   void Append(TZySeries& Series, int Count) {
@@ -276,7 +307,9 @@ class TSoak {
       if (What == 8) delete AnyOf(More());
       if (What == 9) SetHandler();
       if (What == 10) ClearHandlers();
-      if (What > 10) return;
+      if (What == 11)
+        if (auto* const Legend = AnyOf(All<TZyLegend>())) Drag(*Legend);
+      if (What > 11) return;
       const TPoint Mouse = Place();  // before the paint, too
       for (int Times = 0; Times < 2; ++Times) {
         for (TZyGraph2D* Graph : All<TZyGraph2D>()) Graph->FindSeriesPoint(Mouse.X, Mouse.Y);

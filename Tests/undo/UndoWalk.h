@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "annotations/ZyLegend.h"
 #include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
 #include "platform/framework/Reflection.h"
@@ -23,6 +24,9 @@ class TUndoForm {
     Stack.SetName("Stack");
     Stack.SetLimit(0);
     AddCoupled();
+    Legend->SetName("Legend");
+    Legend->SetParent(Chart.Graph);
+    Legend->SetGraph(Chart.Graph);
     for (TZyGraph2D* Graph : Graphs()) Graph->SetUndoStack(&Stack);
     for (TZySeries* Series : Chart.AddOfEachKind("")) {
       Series->SetUndoStack(&Stack);
@@ -62,6 +66,8 @@ class TUndoForm {
     for (bool IsPainted = false; !IsPainted;) {
       try {
         for (TZyGraph2D* Graph : Graphs()) Chart.Paint(*Graph);
+        for (TComponent* Component : Form.Components())  // hidden ones as well
+          if (auto* const One = dynamic_cast<TZyLegend*>(Component)) One->PreparePaint();
         IsPainted = true;
       } catch (const EMathError&) {
         // A calculation has no points between the ends that were set for it, which each one tells once.
@@ -80,8 +86,8 @@ class TUndoForm {
   std::string Text() {
     Paint();
     std::string Result = Bytes();
-    for (const std::string_view Name :
-         {"Left", "Top", "Width", "Height", "CalculationStart", "CalculationStop", "DisplayStart", "DisplayStop"}) {
+    for (const std::string_view Name : {"Left", "Top", "Width", "Height", "CalculationStart", "CalculationStop",
+                                        "DisplayStart", "DisplayStop", "Offset"}) {
       const std::string Row = std::string("\x07") + static_cast<char>(Name.size()) + std::string(Name);
       for (std::size_t At = Result.find(Row); At != std::string::npos; At = Result.find(Row, At)) {
         const char Tag = Result[At + Row.size()];  // of one, two, four or eight bytes
@@ -106,6 +112,7 @@ class TUndoForm {
 
   TSampleChart Chart;
   TForm& Form = Chart.Form;
+  TZyLegend* Legend = new TZyLegend(&Form);
   TSample Sample{&Form};
   TZyUndoStack Stack{&Form};
 };
@@ -159,7 +166,8 @@ class TUndoWalk : public TUndoForm {
     if (Vector->Count() > 0) Vector->Delete(Roll(static_cast<std::size_t>(Vector->Count())));
   }
   void Make() {
-    std::vector<const TClassInfo*> Kinds{&TZyAxis::StaticClassInfo(), &TZyDoubleVector::StaticClassInfo()};
+    std::vector<const TClassInfo*> Kinds{&TZyAxis::StaticClassInfo(), &TZyDoubleVector::StaticClassInfo(),
+                                         &TZyLegend::StaticClassInfo()};
     for (const TClassInfo* Info : RegisteredClasses())
       if (Info->Factory() != nullptr && Info->InheritsFrom(TZySeries::StaticClassInfo())) Kinds.push_back(Info);
     const TZyUndoGroup Group(&Stack, "new");
@@ -169,6 +177,10 @@ class TUndoWalk : public TUndoForm {
     if (auto* const Axis = dynamic_cast<TZyAxis*>(Component)) {
       Axis->SetUndoStack(&Stack);
       if (!Graphs().empty()) Axis->SetParent(AnyOf(Graphs()));
+    }
+    if (auto* const Made = dynamic_cast<TZyLegend*>(Component)) {
+      Made->SetUndoStack(&Stack);
+      if (!Graphs().empty()) Made->SetParent(AnyOf(Graphs()));
     }
     if (auto* const Series = dynamic_cast<TZySeries*>(Component)) {
       Series->SetUndoStack(&Stack);

@@ -52,8 +52,11 @@ TEST(ZyChartUndoTest, AFormReadIntoItselfPushesNothing) {
     Form.Walk(300);
     Form.Form.SetChildIndex(Form.Stack, std::numeric_limits<int>::max());  // while it is read itself it is silent
     for (TComponent* Component : Form.Form.Components())
-      if (auto* const Axis = dynamic_cast<TZyAxis*>(Component); Axis != nullptr && Axis->Parent() == nullptr)
-        Axis->SetParent(&Form.Form);  // as the reader does with an axis whose graph was freed
+      if (auto* const Part = dynamic_cast<TGraphicControl*>(Component); Part != nullptr && Part->Parent() == nullptr)
+        Part->SetParent(&Form.Form);  // as the reader does with an axis or a legend whose graph was freed
+    for (TComponent* Component : Form.Form.Components())
+      if (auto* const Legend = dynamic_cast<TZyLegend*>(Component))
+        Legend->PreparePaint();  // as it is when it was read
     Form.Stack.Clear();
     const std::string Bytes = testing::BytesOf(Form.Form);
     ReadBack(Form.Form, Form.Form);

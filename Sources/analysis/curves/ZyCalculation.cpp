@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "analysis/ZyMathSorting.h"
+#include "platform/framework/WideRegisters.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
@@ -39,21 +40,91 @@ int TZyCalculation::PointCount() const {
   return Weight == nullptr ? Count : std::min(Count, Weight->Count());
 }
 
-TZyCalculation::TPoints TZyCalculation::ValidPoints(bool WithWeightZero) const {
-  TPoints Points;
-  const int Count = PointCount();
-  for (std::vector<double>* Values : {&Points.X, &Points.Y, &Points.W})
-    Values->reserve(static_cast<std::size_t>(Count));
-  for (int i = 0; i < Count; ++i) {
-    if (!IsValid(i)) continue;
-    const double X = Xi(i), Y = Yi(i), W = Wi(i);
-    if (!std::isfinite(X) || !std::isfinite(Y) || !std::isfinite(W) || (W == 0 && !WithWeightZero)) continue;
-    Points.X.push_back(X);
-    Points.Y.push_back(Y);
-    Points.W.push_back(W);
+TZyCalculation::TReader::TReader(const TZyCalculation& Calculation)
+    : FCalculation(Calculation),
+      FReadsPlainly(Calculation.ReadsPlainly()),
+      FReadsAll(Calculation.XData->Minimum() >= Calculation.Start && Calculation.XData->Maximum() <= Calculation.Stop) {
+  ClearWideRegisters();  // sums, logarithms and exponentials of many points follow
+  for (const TZyCustomDoubleVector* Vector : {Calculation.XData, Calculation.YData, Calculation.Weight})
+    if (Vector != nullptr && Vector->AnyOutliers() && !Calculation.OutliersVisible) FReadsPlainly = false;
+}
+
+void TZyCalculation::TReader::Read(int First, int Count, TBlock& Block) const {
+  if (FReadsPlainly) return ReadPlainly(First, Count, Block);
+  for (int i = First; i < First + Count; ++i) {
+    if (!FCalculation.IsValid(i)) continue;
+    const auto Place = static_cast<std::size_t>(Block.Count++);
+    Block.OfX[Place] = FCalculation.Xi(i);
+    Block.OfY[Place] = FCalculation.Yi(i);
+    Block.OfW[Place] = FCalculation.Wi(i);
   }
-  if (!XData->OnlyAscending()) QuickSortYWtoX(0, Points.Count() - 1, Points.X, Points.Y, Points.W);
+  Block.X = Block.OfX.data();
+  Block.Y = Block.OfY.data();
+  Block.W = Block.OfW.data();
+}
+
+void TZyCalculation::TReader::ReadPlainly(int First, int Count, TBlock& Block) const {
+  static const std::array<double, BlockSize> Ones = [] {
+    std::array<double, BlockSize> Result;
+    Result.fill(1);
+    return Result;
+  }();
+  Block.Count = Count;
+  Block.X = FCalculation.XData->ValuesAt(First, Count, Block.OfX).data();
+  Block.Y = FCalculation.YData->ValuesAt(First, Count, Block.OfY).data();
+  Block.W =
+      FCalculation.Weight == nullptr ? Ones.data() : FCalculation.Weight->ValuesAt(First, Count, Block.OfW).data();
+  if (!FReadsAll) KeepWithin(FCalculation.Start, FCalculation.Stop, Block);
+}
+
+/// Each value is written, and kept by moving on: the bounds divide the points in no order that a processor could
+/// foresee.
+void TZyCalculation::TReader::KeepWithin(double Start, double Stop, TBlock& Block) {
+  std::size_t Kept = 0;
+  for (int i = 0; i < Block.Count; ++i) {
+    const double X = Block.X[i], Y = Block.Y[i], W = Block.W[i];
+    Block.OfX[Kept] = X;
+    Block.OfY[Kept] = Y;
+    Block.OfW[Kept] = W;
+    Kept += !(X < Start || X > Stop) ? 1 : 0;
+  }
+  Block.Count = static_cast<int>(Kept);
+  Block.X = Block.OfX.data();
+  Block.Y = Block.OfY.data();
+  Block.W = Block.OfW.data();
+}
+
+TZyCalculation::TPoints TZyCalculation::ValidPoints(bool WithWeightZero, bool WithWeights) const {
+  TPoints Points;
+  const auto Count = static_cast<std::size_t>(PointCount());
+  Points.X.reserve(Count);
+  Points.Y.reserve(Count);
+  if (WithWeights) Points.W.reserve(Count);
+  std::array<double, BlockSize> X, Y, W;  // by blocks, since appending one by one would ask for room each time
+  ForEachBlock([&](const TBlock& Block) {
+    std::ptrdiff_t Kept = 0;
+    for (int k = 0; k < Block.Count; ++k) {
+      const auto Place = static_cast<std::size_t>(Kept);
+      X[Place] = Block.X[k];
+      Y[Place] = Block.Y[k];
+      W[Place] = std::fabs(Block.W[k]);
+      const bool IsFinite = std::isfinite(X[Place]) && std::isfinite(Y[Place]) && std::isfinite(W[Place]);
+      Kept += IsFinite && (W[Place] != 0 || WithWeightZero) ? 1 : 0;
+    }
+    Points.X.insert(Points.X.end(), X.begin(), X.begin() + Kept);
+    Points.Y.insert(Points.Y.end(), Y.begin(), Y.begin() + Kept);
+    if (WithWeights) Points.W.insert(Points.W.end(), W.begin(), W.begin() + Kept);
+  });
+  if (!XData->OnlyAscending()) Points.Sort();
   return Points;
+}
+
+void TZyCalculation::TPoints::Sort() {
+  if (W.empty()) {
+    QuickSortYtoX(0, Count() - 1, X, Y);
+  } else {
+    QuickSortYWtoX(0, Count() - 1, X, Y, W);
+  }
 }
 
 }  // namespace zy

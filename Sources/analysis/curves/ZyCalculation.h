@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -33,7 +36,8 @@ class TZyCalculation {
   /// Whom these events name as their sender.
   TObject* Sender = nullptr;
 
-  /// Transformed values of point i. Throw ERangeError outside the vectors.
+  /// Transformed values of point i. Throw ERangeError outside the vectors. A descendant that overrides them says so by
+  /// ReadsPlainly.
   virtual double Xi(int i) const;
   virtual double Yi(int i) const;
   /// Computes. Throws EMathError when the data do not allow it. The base has nothing to compute.
@@ -49,13 +53,65 @@ class TZyCalculation {
   struct TPoints {
     std::vector<double> X, Y, W;
     int Count() const { return static_cast<int>(X.size()); }
+    /// By ascending X.
+    void Sort();
   };
+
+  /// Whether Xi, Yi and Wi are the values of the vectors as they stand, which are then read without these calls.
+  virtual bool ReadsPlainly() const {
+    return !mXValueTransformation && !mYValueTransformation && !mWeightValueTransformation;
+  }
 
   /// Points of the data: the smallest count of the vectors that there are. Throws EMathError without X or Y.
   int PointCount() const;
+  /// Calls Do(X, Y, W) for each point that takes part and is finite, in their order.
+  template <class TDo>
+  void ForEachPoint(const TDo& Do) const {
+    ForEachBlock([&Do](const TBlock& Block) {
+      for (int k = 0; k < Block.Count; ++k) {
+        const double X = Block.X[k], Y = Block.Y[k], W = std::fabs(Block.W[k]);
+        if (std::isfinite(X + Y + W) || (std::isfinite(X) && std::isfinite(Y) && std::isfinite(W))) Do(X, Y, W);
+      }
+    });
+  }
   /// The points that take part and are finite; those of weight 0 only on demand. By ascending X, unless the X vector
   /// says of itself that it is ascending: then as they come.
-  TPoints ValidPoints(bool WithWeightZero) const;
+  /// Weights that nobody wants are left out.
+  TPoints ValidPoints(bool WithWeightZero, bool WithWeights = true) const;
+
+ private:
+  static constexpr int BlockSize = 512;
+
+  /// Some points that take part, not looked at for being finite: those of the vectors themselves, or copies.
+  struct TBlock {
+    const double *X, *Y, *W;
+    int Count = 0;
+    std::array<double, BlockSize> OfX, OfY, OfW;
+  };
+  template <class TDo>
+  void ForEachBlock(const TDo& Do) const {
+    const int Count = PointCount();
+    const TReader Reader(*this);
+    for (int First = 0; First < Count; First += BlockSize) {
+      TBlock Block;
+      Reader.Read(First, std::min(Count - First, BlockSize), Block);
+      Do(Block);
+    }
+  }
+  /// Reads the vectors by blocks.
+  class TReader {
+   public:
+    explicit TReader(const TZyCalculation& Calculation);
+    void Read(int First, int Count, TBlock& Block) const;
+
+   private:
+    void ReadPlainly(int First, int Count, TBlock& Block) const;
+    static void KeepWithin(double Start, double Stop, TBlock& Block);
+
+    const TZyCalculation& FCalculation;
+    bool FReadsPlainly;  // without outliers that are to be left out, too
+    bool FReadsAll;      // no point lies outside the bounds
+  };
 };
 
 }  // namespace zy

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "analysis/curves/ZyWindowSums.h"
+#include "analysis/ZyWindowSums.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
@@ -12,11 +12,6 @@ namespace zy {
 namespace {
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
-
-template <class T>
-std::vector<T> Reversed(const std::vector<T>& Values) {
-  return {Values.rbegin(), Values.rend()};
-}
 
 TZyWindowWeight WeightOf(TZyAveragingMethod Method) {
   switch (Method) {
@@ -104,53 +99,73 @@ std::vector<double> TZyMovingAverageCalculation::MeansOf(const TPoints& Points, 
   const double UsualWidth = Windows.Width[At(m / 2)];
   const double Rounding =
       4 * std::numeric_limits<double>::epsilon() * std::max(std::fabs(Points.X.front()), std::fabs(Points.X.back()));
-  std::vector<TZyWindowSums::TSums> Before, Behind(At(m));
+  std::vector<TZyWindowSums::TSums> Before, Behind;
   if (IsSorted) {
     const TZyWindowSums Sums(Points.X, Points.Y, Points.W);
-    // Linear weights leave the far end out: its part is 0, and would come out as a rounding error.
-    std::vector<int> Low = Windows.Low;
-    for (int i = 0;
-         i < m && Weighting == TZyWindowWeight::Linear && AveragingDirection == TZyAveragingDirection::OnlyDownwards;
-         ++i)
-      if (Windows.Width[At(i)] != 0) ++Low[At(i)];
-    Before = Sums.Run(Low, Weighting, Windows.Width, Rate(UsualWidth));
-    if (AveragingDirection == TZyAveragingDirection::UpAndDownwards) {
-      std::vector<double> X = Reversed(Points.X);
-      for (double& Value : X) Value = -Value;
-      std::vector<int> First = Reversed(Windows.High);
-      for (int& Value : First) Value = m - 1 - Value;
-      const std::vector<double> Y = Reversed(Points.Y), W = Reversed(Points.W);
-      Behind = Reversed(TZyWindowSums(X, Y, W).Run(First, Weighting, Reversed(Windows.Width), Rate(UsualWidth)));
+    std::vector<int> NextToLow;
+    if (Weighting == TZyWindowWeight::Linear && AveragingDirection == TZyAveragingDirection::OnlyDownwards) {
+      // Linear weights leave the far end out: its part is 0, and would come out as a rounding error.
+      NextToLow = Windows.Low;
+      for (std::size_t i = 0; i < NextToLow.size(); ++i)
+        if (Windows.Width[i] != 0) ++NextToLow[i];
     }
+    Before = Sums.Run(NextToLow.empty() ? Windows.Low : NextToLow, Weighting, Windows.Width, Rate(UsualWidth));
+    if (AveragingDirection == TZyAveragingDirection::UpAndDownwards)
+      Behind = Sums.RunBehind(Windows.High, Weighting, Windows.Width, Rate(UsualWidth));
   }
+  const double Heaviest = std::ranges::max(Points.W);
   for (int i = 0; i < m; ++i) {
     const std::size_t k = At(i);
     const bool HasOwnRate =
         Weighting == TZyWindowWeight::Exponential && !(std::fabs(Windows.Width[k] - UsualWidth) <= Rounding);
+    TZyWindowSums::TSums Sum{Points.W[k], Points.W[k] * Points.Y[k]};
+    const auto Add = [&Sum](const TZyWindowSums::TSums& Part) {
+      Sum.W += Part.W;
+      Sum.WY += Part.WY;
+    };
     if (!IsSorted || HasOwnRate) {
-      Result[k] = MeanOf(Points, Windows, i);
+      Add(SumAside(Points, Windows, i, -1, IsSorted, Heaviest));
+      Add(SumAside(Points, Windows, i, 1, IsSorted, Heaviest));
     } else {
-      const double Whole = Before[k].W + Behind[k].W + Points.W[k];
-      Result[k] = (Before[k].WY + Behind[k].WY + Points.W[k] * Points.Y[k]) / Whole;
+      Add(Before[k]);
+      if (!Behind.empty()) Add(Behind[k]);
     }
+    Result[k] = Sum.WY / Sum.W;
     if (!std::isfinite(Result[k])) throw EMathError(LoadResString(_sAveragingNoWeight));
   }
   return Result;
 }
 
-double TZyMovingAverageCalculation::MeanOf(const TPoints& Points, const TWindows& Windows, int i) const {
+/// The sums of the window of point i on one side of it. Of points in order the weights only fall: what is left of an
+/// exponential one is that of the point before after one step more, where steps of about the same length cost no
+/// exponential each; and what all points further away can add, each as heavy as the heaviest, ends the sums as soon as
+/// no digit of a mean can come of it.
+TZyWindowSums::TSums TZyMovingAverageCalculation::SumAside(const TPoints& Points, const TWindows& Windows, int i,
+                                                           int Side, bool IsSorted, double Heaviest) const {
+  constexpr double Nothing = 1e-32, Alike = 1e-9;
+  const int End = Side < 0 ? Windows.Low[At(i)] : Windows.High[At(i)];
+  TZyWindowSums::TSums Sum;
+  if (i == End) return Sum;
   const double Width = Windows.Width[At(i)], OwnRate = Rate(Width);
-  double Sum = 0, Whole = 0;
-  for (int k = Windows.Low[At(i)]; k <= Windows.High[At(i)]; ++k) {
-    const double Distance = std::fabs(Points.X[At(k)] - Points.X[At(i)]);
+  const auto DistanceOf = [&Points](int k, int From) { return std::fabs(Points.X[At(k)] - Points.X[At(From)]); };
+  const double Step = DistanceOf(i + Side, i), LeftAfterStep = std::exp(OwnRate * Step);
+  double Left = 1;
+  for (int k = i + Side; Side < 0 ? k >= End : k <= End; k += Side) {
     double Factor = 1;
-    if (AveragingMethod == TZyAveragingMethod::LinearWeighted && Width != 0) Factor = 1 - Distance / Width;
-    if (AveragingMethod == TZyAveragingMethod::ExponentiallyWeighted) Factor = std::exp(OwnRate * Distance);
+    if (AveragingMethod == TZyAveragingMethod::LinearWeighted && Width != 0) Factor = 1 - DistanceOf(k, i) / Width;
+    if (AveragingMethod == TZyAveragingMethod::ExponentiallyWeighted && !IsSorted)
+      Factor = std::exp(OwnRate * DistanceOf(k, i));
+    if (AveragingMethod == TZyAveragingMethod::ExponentiallyWeighted && IsSorted) {
+      const double Next = DistanceOf(k, k - Side), Excess = OwnRate * (Next - Step);
+      Left *= std::fabs(Excess) < Alike ? LeftAfterStep * (1 + Excess) : std::exp(OwnRate * Next);
+      if (Left * Heaviest * (std::abs(End - k) + 1) < Nothing * (Sum.W + Points.W[At(i)])) break;
+      Factor = Left;
+    }
     if (!(Factor > 0)) continue;
-    Sum += Points.W[At(k)] * Points.Y[At(k)] * Factor;
-    Whole += Points.W[At(k)] * Factor;
+    Sum.W += Points.W[At(k)] * Factor;
+    Sum.WY += Points.W[At(k)] * Points.Y[At(k)] * Factor;
   }
-  return Sum / Whole;
+  return Sum;
 }
 
 }  // namespace zy

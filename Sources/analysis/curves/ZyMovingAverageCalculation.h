@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "analysis/ZyWindowSums.h"
 #include "analysis/curves/ZyInterpolationCalculation.h"
 #include "platform/framework/EnumInfo.h"
 #include "series/vectors/ZyDoubleVector.h"
@@ -59,7 +60,8 @@ class TZyMovingAverageCalculation : public TZyCalculation {
 
   TWindows TakeWindows(const std::vector<double>& X) const;
   std::vector<double> MeansOf(const TPoints& Points, const TWindows& Windows) const;
-  double MeanOf(const TPoints& Points, const TWindows& Windows, int i) const;
+  TZyWindowSums::TSums SumAside(const TPoints& Points, const TWindows& Windows, int i, int Side, bool IsSorted,
+                                double Heaviest) const;
   double Rate(double Width) const;
 
   bool FRecalculate = true;

@@ -41,11 +41,14 @@ class IZyGraphLegend {
   virtual ~IZyGraphLegend() = default;
   /// The legend itself.
   virtual TControl& Control() = 0;
-  virtual TZyLegendPosition Position() const = 0;
+  /// The side of a graph that it takes room at, as far as its layout has to know.
+  virtual TZyLegendPosition Dock() const { return TZyLegendPosition::FreeFloating; }
   /// Brings size and content up to date.
   virtual void PreparePaint() = 0;
   /// Draws the legend in its own coordinates; the graph does it for legends inside it.
   virtual void PaintGr(Graphics& Gr) = 0;
+  /// Whether the legend is being dragged; it paints itself on the screen then, above the picture of the graph.
+  virtual bool IsMoving() const { return false; }
   /// The content is stale.
   virtual void Modified() = 0;
   virtual void SetUndoStack(TZyUndoStack* Value) = 0;

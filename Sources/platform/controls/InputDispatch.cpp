@@ -131,6 +131,10 @@ void Press(TControl& Target, const QMouseEvent& Event, TMouseButton Button, TPoi
     Asked.Set(&Target);
     AskedPlace = ToPoint(Event.globalPosition());
   }
+  TWinControl* const Window = WindowOf(Target);
+  auto* const Part = dynamic_cast<TGraphicControl*>(&Target);
+  if (Window != nullptr) Window->SetActiveControl(Part != nullptr && Part->TakesKeys() ? Part : nullptr);
+  if (Mark.Get() == nullptr) return;
   if (IsDoubleClick && Style.Contains(csClickEvents)) Target.DblClick();
   if (Mark.Get() != nullptr) Target.MouseDown(Button, Shift, Place.X, Place.Y);
 }
@@ -314,6 +318,20 @@ TKey ToKey(int Toolkit) {
   return 0;
 }
 
+/// Offers a key to the active control within Control first, which may take Control along. True when it was used up.
+bool SendKeyDown(TWinControl& Control, TKey Key, TShiftState Shift) {
+  TControlMark Mark;
+  Mark.Set(&Control);
+  const TKey Pressed = Key;
+  TGraphicControl* const Active = Control.ActiveControl();
+  if (Active != nullptr && Active->Visible() && Active->Enabled() && Key != 0) Active->KeyDown(Key, Shift);
+  if (Mark.Get() == nullptr) return true;
+  if (Key != 0 || Pressed == 0) Control.KeyDown(Key, Shift);
+  if (Mark.Get() == nullptr || (Pressed != 0 && Key == 0)) return true;
+  return Key == vkTab && !Shift.Contains(ssCtrl) && !Shift.Contains(ssAlt) &&
+         Control.ActivateNext(Shift.Contains(ssShift));
+}
+
 /// The pressed keys as TMenuItem::ShortCut names them.
 std::string ShortCutOf(const QKeyEvent& Event) {
   const int Modifiers = static_cast<int>(Event.modifiers() & ~Qt::KeypadModifier);
@@ -437,8 +455,7 @@ bool DispatchKey(TWinControl& Control, QKeyEvent& Event) {
     if (Outer->PopupMenu() != nullptr && Outer->PopupMenu()->ClickShortCut(Keys)) return true;
     if (Mark.Get() == nullptr) return true;
   }
-  Control.KeyDown(Key, Shift);
-  if (Pressed != 0 && Key == 0) return true;
+  if (SendKeyDown(Control, Key, Shift)) return true;
   bool Used = false;
   for (const char32_t Character : Event.text().toStdU32String()) {
     if (Mark.Get() == nullptr) return true;

@@ -2,12 +2,14 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QMessageBox>
 #include <QPointer>
 #include <algorithm>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "platform/drawing/QtText.h"
 #include "platform/framework/TPropInfo.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
@@ -57,6 +59,16 @@ void ListenToWaits() {
     if (!TApplication::Idle()) Events->wakeUp();
   });
 }
+
+/// The window that a box belongs to: the active one, or any that is to be seen. Null for none.
+QWidget* WindowAbove() {
+  if (QWidget* const Active = QApplication::activeWindow()) return Active;
+  const auto Windows = QApplication::topLevelWidgets();
+  const auto Found = std::ranges::find_if(Windows, [](const QWidget* Each) { return Each->isVisible(); });
+  return Found == Windows.end() ? nullptr : *Found;
+}
+
+QString LinesOf(std::string_view Text) { return ToQString(Text).replace(u'\r', u'\n'); }
 
 /// Runs one idle procedure; one that fails counts as done.
 bool RunIdle(const std::function<void(bool& Done)>& Proc) {
@@ -113,6 +125,23 @@ void TApplication::ProcessMessages() { QCoreApplication::processEvents(); }
 bool TApplication::HasDisplay() const {
   const QString Platform = QGuiApplication::platformName();
   return Platform != QLatin1String("offscreen") && Platform != QLatin1String("minimal");
+}
+
+/// A program on a server has no window, and nobody who could close a box.
+void TApplication::DoShowMessage(std::string_view Text) {
+  const auto Show = [Shown = LinesOf(Text)] {
+    QWidget* const Above = WindowAbove();
+    if (Above == nullptr) return;
+    auto* const Box = new QMessageBox(QMessageBox::Information, Above->windowTitle(), Shown, QMessageBox::Ok, Above);
+    Box->setAttribute(Qt::WA_DeleteOnClose);
+    Box->open();
+  };
+  QMetaObject::invokeMethod(QCoreApplication::instance(), Show, Qt::QueuedConnection);
+}
+
+bool TApplication::DoConfirm(std::string_view Question) {
+  QWidget* const Above = WindowAbove();
+  return Above != nullptr && QMessageBox::question(Above, Above->windowTitle(), LinesOf(Question)) == QMessageBox::Yes;
 }
 
 bool TApplication::QuitAfterLastWindow() const { return QGuiApplication::quitOnLastWindowClosed(); }

@@ -49,6 +49,10 @@ class TApplication : public TCustomApplication {
   /// Takes an exception at the place where it cannot travel any further.
   static void HandleException(const std::exception& Error);
 
+ protected:
+  void DoShowMessage(std::string_view Text) override;
+  bool DoConfirm(std::string_view Question) override;
+
  private:
   void Start(int& ArgCount, char** Args);
 

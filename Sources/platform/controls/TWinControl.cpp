@@ -14,6 +14,7 @@
 #include <exception>
 #include <utility>
 
+#include "platform/controls/AccessibleControls.h"
 #include "platform/controls/InputDispatch.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TGraphicControl.h"
@@ -190,6 +191,7 @@ void TWinControl::InsertControl(TControl* Control) {
 void TWinControl::RemoveControl(TControl* Control) {
   if (Control->FVisible) InvalidateBox(Control->FLeft, Control->FTop, Control->FWidth, Control->FHeight);
   if (Control->MouseCapture()) ReleaseCapture();
+  if (Control == FActiveControl.Get()) SetActiveControl(nullptr);
   std::erase(FControls, Control);
   std::erase_if(FTabList, [Control](const TControl* Inner) { return Inner == Control; });
   Control->FParent = nullptr;
@@ -246,6 +248,7 @@ QWidget* TWinControl::Widget() {
   if (FWidget != nullptr) return FWidget;  // the parent's widget came with all that lies in it
   FWidget = CreateWidget();
   FPainted = dynamic_cast<TPaintedWidget*>(FWidget) != nullptr;
+  if (FPainted) TellScreenReaders(*FWidget, *this);
   FLink.reset();
   FWidget->resize(Width(), Height());
   if (Outer != nullptr) FWidget->setParent(Outer);
@@ -351,14 +354,29 @@ void TWinControl::PaintWidget(const QRegion& Exposed) {
   }
   {
     Graphics Canvas(Screen);
-    PaintOverlay(Canvas);
+    PaintAbove(Canvas);
   }
-  if (FFocusShown && FWidget->hasFocus()) {
-    QStyleOptionFocusRect Option;
-    Option.initFrom(FWidget);
-    Option.state |= QStyle::State_KeyboardFocusChange;  // styles frame nothing without it
-    FWidget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &Option, &Screen, FWidget);
+  if (FFocusShown && FWidget->hasFocus()) PaintFocus(Screen);
+}
+
+/// Around the active control, if there is one, as the place of the keyboard.
+void TWinControl::PaintFocus(QPainter& Screen) const {
+  QStyleOptionFocusRect Option;
+  Option.initFrom(FWidget);
+  Option.state |= QStyle::State_KeyboardFocusChange;  // styles frame nothing without it
+  if (const TGraphicControl* const Active = FActiveControl; Active != nullptr && FActiveShown)
+    Option.rect = QRect(Active->Left(), Active->Top(), Active->Width(), Active->Height());
+  FWidget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &Option, &Screen, FWidget);
+}
+
+/// What lies above the picture: controls that say so, and what belongs to this one.
+void TWinControl::PaintAbove(Graphics& Canvas) {
+  for (TControl* Control : std::vector(FControls)) {
+    if (std::ranges::find(FControls, Control) == FControls.end()) continue;  // a paint took it away
+    auto* const Child = dynamic_cast<TGraphicControl*>(Control);
+    if (Child != nullptr && Child->Visible() && Child->InOverlay()) PaintChild(*Child, Canvas);
   }
+  PaintOverlay(Canvas);
 }
 
 /// Pixels are whole ones of the device: on a screen with a fractional scale a logical pixel ends within one of them,
@@ -411,7 +429,7 @@ void TWinControl::InvalidateOverlay(const TRect& Box) {
 
 void TWinControl::PaintTo(Graphics& Canvas) {
   PaintAll(Canvas, ClientRect(), nullptr);
-  PaintOverlay(Canvas);
+  PaintAbove(Canvas);
   const TBehindIsDrawn Behind;  // for the inner controls, by now
   for (TControl* Control : std::vector(FControls)) {
     auto* const Inner = dynamic_cast<TWinControl*>(Control);
@@ -440,17 +458,16 @@ void TWinControl::PaintAll(Graphics& Canvas, const TRect& Box, const TControl* U
     if (!Control->Visible() || Control->FLeft >= Box.Right || Control->FTop >= Box.Bottom ||
         Control->FLeft + Control->FWidth <= Box.Left || Control->FTop + Control->FHeight <= Box.Top)
       continue;
-    PaintChild(*Control, Canvas);
+    auto* const Child = dynamic_cast<TGraphicControl*>(Control);  // the others have their own widgets
+    if (Child != nullptr && !Child->InOverlay()) PaintChild(*Child, Canvas);
   }
 }
 
-void TWinControl::PaintChild(TControl& Control, Graphics& Canvas) const {
-  auto* const Child = dynamic_cast<TGraphicControl*>(&Control);
-  if (Child == nullptr) return;  // the others have their own widgets
+void TWinControl::PaintChild(TGraphicControl& Child, Graphics& Canvas) const {
   const TCanvasState Kept(Canvas);
-  Canvas.TranslateTransform(static_cast<float>(Child->Left()), static_cast<float>(Child->Top()));
-  Canvas.SetClip(ToRectF(0, 0, Child->Width(), Child->Height()), CombineModeIntersect);
-  Child->Paint(Canvas);
+  Canvas.TranslateTransform(static_cast<float>(Child.Left()), static_cast<float>(Child.Top()));
+  Canvas.SetClip(ToRectF(0, 0, Child.Width(), Child.Height()), CombineModeIntersect);
+  Child.Paint(Canvas);
 }
 
 void TWinControl::PaintBehind(const TControl& Control, Graphics& Canvas) {

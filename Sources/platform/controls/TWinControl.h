@@ -18,6 +18,7 @@ class QWidget;
 namespace zy {
 
 class Graphics;
+class TGraphicControl;
 
 /// A control that holds other controls and is shown through a widget of the toolkit.
 ///
@@ -79,6 +80,12 @@ class TWinControl : public TControl {
   void SetKeyCapture(bool Value);
   bool CanFocus() const;
   bool Focused() const;
+  /// The control without a window in this one that gets its keys first, null for none. A click and the tabulator key
+  /// choose among those that take keys.
+  TGraphicControl* ActiveControl() const { return FActiveControl; }
+  void SetActiveControl(TGraphicControl* Value);
+  /// Makes the next one in control order active, or the one before. False, with none active, past the last.
+  bool ActivateNext(bool Backward);
 
   /// The keyboard's events, of the control that has it; keys that nobody uses up go on to the parents.
   virtual void KeyDown(TKey& Key, TShiftState Shift);
@@ -132,6 +139,7 @@ class TWinControl : public TControl {
 
  private:
   friend class TControl;
+  friend class TGraphicControl;
   class TWidgetLink;
 
   static void PaintBehind(const TControl& Control, Graphics& Canvas);
@@ -153,7 +161,9 @@ class TWinControl : public TControl {
   void BringPictureUpToDate(const QRegion& Exposed, const QTransform& ToDevice, const QRect& Whole);
   void NoteDamage(const QRect& Part);
   void PaintAll(Graphics& Canvas, const TRect& Box, const TControl* UpTo);
-  void PaintChild(TControl& Control, Graphics& Canvas) const;
+  void PaintChild(TGraphicControl& Child, Graphics& Canvas) const;
+  void PaintAbove(Graphics& Canvas);
+  void PaintFocus(QPainter& Screen) const;
   void NoteFocus(QEvent& Event);
   void ListTabOrder(std::vector<QWidget*>& Order) const;
   void ApplyTabOrder();
@@ -170,6 +180,8 @@ class TWinControl : public TControl {
   bool FDoubleBuffered = true;
   bool FTabStop = false;
   bool FFocusShown = false;
+  TRef<TGraphicControl> FActiveControl{this, &TWinControl::SetActiveControl};
+  bool FActiveShown = false;  // the tabulator key came to the active control
   bool FAligning = false;
   bool FAlignAgain = false;
   TKeyEvent FOnKeyDown, FOnKeyUp;

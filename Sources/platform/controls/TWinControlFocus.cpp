@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <limits>
 
+#include "platform/controls/TGraphicControl.h"
 #include "platform/controls/TWinControl.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
@@ -96,8 +97,35 @@ void TWinControl::NoteFocus(QEvent& Event) {
   if (Comes) {
     DoEnter();
   } else {
+    SetActiveControl(nullptr);
     DoExit();
   }
+}
+
+void TWinControl::SetActiveControl(TGraphicControl* Value) {
+  TGraphicControl* const Old = FActiveControl;
+  if (Value == Old) return;
+  FActiveControl = Value;
+  FActiveShown = false;
+  if (FFocusShown) InvalidateOverlay(ClientRect());
+  if (Old != nullptr && !Old->IsDestroying()) Old->Deactivated();
+}
+
+bool TWinControl::ActivateNext(bool Backward) {
+  std::vector<TGraphicControl*> Takers{nullptr};  // none, before the first and behind the last
+  for (TControl* Control : FControls) {
+    auto* const Child = dynamic_cast<TGraphicControl*>(Control);
+    if (Child != nullptr && Child->Visible() && Child->Enabled() && Child->TakesKeys()) Takers.push_back(Child);
+  }
+  if (Takers.size() == 1) return false;
+  const auto Present = std::ranges::find(Takers, FActiveControl.Get());
+  auto Place = static_cast<std::size_t>(Present == Takers.end() ? 0 : Present - Takers.begin());
+  Place = (Place + (Backward ? Takers.size() - 1 : 1)) % Takers.size();
+  SetActiveControl(Takers[Place]);
+  InvalidateOverlay(ClientRect());
+  if (Takers[Place] == nullptr) return false;
+  FFocusShown = FActiveShown = true;
+  return true;
 }
 
 void TWinControl::DoEnter() {

@@ -12,6 +12,7 @@
 #include "platform/drawing/GifEncoder.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
+#include "platform/framework/WideRegisters.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
@@ -38,6 +39,7 @@ Bitmap::Bitmap(int Width, int Height, float PixelRatio)
   if (FImage->isNull()) throw std::bad_alloc();
   FImage->setDevicePixelRatio(PixelRatio);
   FImage->fill(0);
+  ClearWideRegisters();
 }
 
 Bitmap::Bitmap(const QImage& Picture)

@@ -14,6 +14,7 @@
 #include "platform/drawing/PainterShapes.h"
 #include "platform/drawing/Pen.h"
 #include "platform/drawing/QtGeometry.h"
+#include "platform/framework/WideRegisters.h"
 
 namespace zy {
 namespace {
@@ -141,6 +142,7 @@ void TPainterBackend::PaintLayer(const TDrawState& State, TGrid Grid, const std:
   if (FClipBox.IsEmpty()) return;
   QImage Layer(FClipBox.Right - FClipBox.Left, FClipBox.Bottom - FClipBox.Top, QImage::Format_ARGB32_Premultiplied);
   Layer.fill(0);
+  ClearWideRegisters();
   {
     QPainter Painter(&Layer);
     Painter.setRenderHints(FPainter->renderHints());
@@ -264,6 +266,7 @@ bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush,
   const double Scale = std::min(Finer, LargestSide / Side);
   QImage Picture((Box.size() * Scale).toSize().expandedTo(QSize(1, 1)), QImage::Format_ARGB32_Premultiplied);
   Picture.fill(0);
+  ClearWideRegisters();
   const QTransform ToPicture = QTransform::fromTranslate(-Box.left(), -Box.top()) *
                                QTransform::fromScale(Picture.width() / std::max(Box.width(), 1 / Scale),
                                                      Picture.height() / std::max(Box.height(), 1 / Scale));

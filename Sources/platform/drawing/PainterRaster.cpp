@@ -9,6 +9,7 @@
 #include "platform/drawing/PainterBackend.h"
 #include "platform/drawing/PainterShapes.h"
 #include "platform/drawing/QtGeometry.h"
+#include "platform/framework/WideRegisters.h"
 
 namespace zy {
 namespace {
@@ -53,6 +54,7 @@ std::unique_ptr<TRasterPaint> TPainterBackend::PictureOf(const TDrawState& State
   if (Box.IsEmpty()) return nullptr;
   QImage Picture(Box.Right - Box.Left, Box.Bottom - Box.Top, QImage::Format_ARGB32_Premultiplied);
   Picture.fill(0);
+  ClearWideRegisters();
   PaintBrush(Picture, AsQt(DeviceTransform(State, Grid)) * QTransform::fromTranslate(-Box.Left, -Box.Top), State, Grid,
              Brush);
   return std::make_unique<TPicturePaint>(std::move(Picture), Box.Left, Box.Top);

@@ -9,6 +9,7 @@
 #include "platform/drawing/GradientStops.h"
 #include "platform/drawing/GraphicsPath.h"
 #include "platform/drawing/QtGeometry.h"
+#include "platform/framework/WideRegisters.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
 
@@ -128,6 +129,7 @@ QBrush PathGradientBrush::FanBrush(const RectF& Box) const {
   QImage Picture(static_cast<int>(std::ceil(Width * Scale)), static_cast<int>(std::ceil(Height * Scale)),
                  QImage::Format_ARGB32_Premultiplied);
   Picture.fill(0);
+  ClearWideRegisters();
   const QTransform FromPicture(1 / Scale, 0, 0, 1 / Scale, Box.X, Box.Y);
   PaintFan(Picture, FromPicture.inverted());
   QBrush Result(Picture);

@@ -34,6 +34,15 @@ TCustomApplication::~TCustomApplication() {
   if (Present == this) Present = nullptr;
 }
 
+void TCustomApplication::ShowMessage(std::string_view Text) {
+  if (OnShowMessage) return OnShowMessage(Text);
+  DoShowMessage(Text);
+}
+
+bool TCustomApplication::Confirm(std::string_view Question) {
+  return OnConfirm ? OnConfirm(Question) : DoConfirm(Question);
+}
+
 TCustomApplication& Application() {
   if (Present == nullptr) {
     static TCustomApplication* const StandIn = new TCustomApplication;  // lives to the end: others may be owned by it

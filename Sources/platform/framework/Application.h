@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -24,6 +25,19 @@ class TCustomApplication : public TComponent {
   /// Folder of the user's own settings. By default the one that the desktop's conventions give for all programs.
   const std::filesystem::path& ConfigFolder() const { return FConfigFolder; }
   void SetConfigFolder(const std::filesystem::path& Value) { FConfigFolder = Value; }
+
+  /// Tells the user something that needs no answer. May be called in the middle of a paint: what is shown comes after
+  /// the present event, and nothing waits for it. A program without windows says nothing.
+  void ShowMessage(std::string_view Text);
+  /// Asks the user, waits, and returns whether the answer was yes. A program without windows answers no.
+  bool Confirm(std::string_view Question);
+  /// The host's own ways to do the two, in place of the toolkit's boxes. Lines are divided by CR.
+  std::function<void(std::string_view Text)> OnShowMessage;
+  std::function<bool(std::string_view Question)> OnConfirm;
+
+ protected:
+  virtual void DoShowMessage(std::string_view) {}
+  virtual bool DoConfirm(std::string_view) { return false; }
 
  private:
   std::filesystem::path FExeName = "zyphos.exe";

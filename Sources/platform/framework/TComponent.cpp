@@ -18,13 +18,6 @@ bool IsIdentifier(std::string_view Text) {
          std::all_of(Text.begin(), Text.end(), [&](char C) { return IsLetter(C) || IsDigit(C); });
 }
 
-/// Removes the last entry equal to Value; lists of components shrink from their end as a rule.
-template <class T>
-void EraseLast(std::vector<T*>& List, const T* Value) {
-  const auto Place = std::find(List.rbegin(), List.rend(), Value);
-  if (Place != List.rend()) List.erase(std::next(Place).base());
-}
-
 }  // namespace
 
 ZY_PUBLISHED(TComponent, TPersistent, Published<&TComponent::Name, &TComponent::SetName>("Name").NotStored())
@@ -64,6 +57,8 @@ void TComponent::InsertComponent(TComponent* Component) {
   if (Component->FOwner == this) return;
   TestName(Component, Component->FName);
   if (Component->FOwner != nullptr) Component->FOwner->RemoveComponent(Component);
+  if (FGaps > FComponents.size() / 2) CloseGaps();
+  Component->FPlace = FComponents.size();
   FComponents.push_back(Component);
   if (!Component->FName.empty()) FNames.emplace(Component->FName, Component);
   Component->FOwner = this;
@@ -75,8 +70,16 @@ void TComponent::RemoveComponent(TComponent* Component) {
   if (Component->FOwner != this) return;
   if (!FDestroying) Notification(Component, TOperation::Remove);
   ForgetName(Component->FName);
-  EraseLast(FComponents, Component);
+  FComponents[Component->FPlace] = nullptr;
+  ++FGaps;
+  for (; !FComponents.empty() && FComponents.back() == nullptr; --FGaps) FComponents.pop_back();
   Component->FOwner = nullptr;
+}
+
+void TComponent::CloseGaps() const {
+  std::erase(FComponents, nullptr);
+  for (std::size_t Place = 0; Place < FComponents.size(); ++Place) FComponents[Place]->FPlace = Place;
+  FGaps = 0;
 }
 
 void TComponent::DestroyComponents() {
@@ -104,7 +107,7 @@ void TComponent::ChangeName(const std::string& Value) {
 
 void TComponent::SetDesigning(bool Value) {
   FDesigning = Value;
-  for (TComponent* Component : FComponents) Component->SetDesigning(Value);
+  for (TComponent* Component : Components()) Component->SetDesigning(Value);
 }
 
 void TComponent::FreeNotification(TComponent* AComponent) {
@@ -139,7 +142,7 @@ void TComponent::Loaded() { FLoading = false; }
 
 void TComponent::MarkDestroying() {
   FDestroying = true;
-  for (TComponent* Component : FComponents) Component->MarkDestroying();
+  for (TComponent* Component : Components()) Component->MarkDestroying();
 }
 
 void TComponent::Destroying() {
@@ -165,15 +168,19 @@ void TComponent::AnnounceRemoval() {
 
 void TComponent::GetChildren(const std::function<void(TComponent*)>& Proc, TComponent* Root) {
   if (Root != this) return;
-  for (TComponent* Component : FComponents)
+  for (TComponent* Component : Components())
     if (!Component->HasParent() && !Component->IsSubComponent()) Proc(Component);
 }
 
 void TComponent::SetParentComponent(TComponent*) {}
 
-int TComponent::ChildIndex(const TComponent& Child) const { return IndexIn(FComponents, Child); }
+int TComponent::ChildIndex(const TComponent& Child) const { return IndexIn(Components(), Child); }
 
-void TComponent::SetChildIndex(TComponent& Child, int Index) { MoveIn(FComponents, Child, Index); }
+void TComponent::SetChildIndex(TComponent& Child, int Index) {
+  CloseGaps();
+  MoveIn(FComponents, Child, Index);
+  CloseGaps();
+}
 
 void TComponent::Notification(TComponent*, TOperation) {}
 

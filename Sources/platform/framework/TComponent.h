@@ -34,7 +34,10 @@ class TComponent : public TPersistent {
 
   TComponent* Owner() const { return FOwner; }
   /// What this component owns, in order of creation.
-  const std::vector<TComponent*>& Components() const { return FComponents; }
+  const std::vector<TComponent*>& Components() const {
+    if (FGaps > 0) CloseGaps();
+    return FComponents;
+  }
   /// The owned component of exactly this name, null when there is none or Name is empty.
   TComponent* FindComponent(std::string_view ComponentName) const;
   /// Base followed by the first number from 1 on for which nothing owned here has that name. Asked again and again
@@ -123,10 +126,15 @@ class TComponent : public TPersistent {
   void ReleaseNotice(TComponent* AComponent, bool Entirely);
   void TestName(TComponent* Component, const std::string& NewName) const;
   void ForgetName(const std::string& Gone);
+  void CloseGaps() const;
 
   TComponent* FOwner = nullptr;
   std::string FName;
-  std::vector<TComponent*> FComponents;
+  // Null where one left, never at the end; whoever reads the list closes the gaps first, so that many that leave one by
+  // one do not move the others each time.
+  mutable std::vector<TComponent*> FComponents;
+  mutable std::size_t FGaps = 0;
+  std::size_t FPlace = 0;                                    // in the owner's list
   std::unordered_map<std::string_view, TComponent*> FNames;  // keys are views of the components' own FName
   // For each base that was asked for, a number below which none is free.
   mutable std::unique_ptr<std::unordered_map<std::string, std::int64_t>> FTakenBelow;

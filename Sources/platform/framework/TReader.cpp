@@ -317,13 +317,13 @@ TComponent* TReader::ReadComponentInto(TComponent* Instance, TComponent* Parent)
 void TReader::MarkLoading(TComponent& Component) {
   Component.FLoading = true;
   FLoaded.push_back(Component.LiveHandle());
-  for (TComponent* Part : Component.FComponents)
+  for (TComponent* Part : Component.Components())
     if (Part->IsSubComponent()) MarkLoading(*Part);
 }
 
 void TReader::MarkReading(TComponent& Component, bool Value) {
   Component.FReading = Value;
-  for (TComponent* Part : Component.FComponents)
+  for (TComponent* Part : Component.Components())
     if (Part->IsSubComponent()) MarkReading(*Part, Value);
 }
 

@@ -94,8 +94,7 @@ int TZyCustomDoubleVector::Insert(int Idx, double n) {
   SetValue(Idx, n);
   // A 0 is what stands there already, and told nobody; it may be an extreme all the same.
   if (n == 0) TellOutOfRange();
-  const std::vector<IZyVectorReader*> Readers = FRelatedSeries;
-  for (IZyVectorReader* Reader : Readers) Reader->DataInserted(*this, Idx);
+  for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataInserted(*this, Idx);
   return FCount;
 }
 
@@ -117,10 +116,8 @@ void TZyCustomDoubleVector::Delete(int Idx, bool WithLinkedMarkers) {
   if (Idx < FLastCount) --FLastCount;
   if (RangesGo) ResetRanges();
   // A marker that goes may run foreign code, which finds the vector as it is now.
-  if (WithLinkedMarkers) {
-    const std::vector<IZyVectorReader*> Readers = FRelatedSeries;
-    for (IZyVectorReader* Reader : Readers) Reader->DataDeleted(*this, Idx);
-  }
+  if (WithLinkedMarkers)
+    for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataDeleted(*this, Idx);
   ResetRelatedSeries();
 }
 
@@ -129,8 +126,7 @@ void TZyCustomDoubleVector::Clear(bool WithLinkedMarkers) {
   FArray.clear();
   FOutliers.Clear();
   ResetRanges();
-  const std::vector<IZyVectorReader*> Readers = FRelatedSeries;
-  for (IZyVectorReader* Reader : Readers) Reader->DataCleared(*this, WithLinkedMarkers);
+  for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataCleared(*this, WithLinkedMarkers);
 }
 
 TZyExtremes TZyCustomDoubleVector::FindExtremes(int First, int Last) const {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/framework/TComponent.h"
+#include "platform/framework/TRefList.h"
 #include "series/vectors/ZyMinMaxPyramid.h"
 #include "series/vectors/ZyOutliers.h"
 #include "series/vectors/ZyVectorReader.h"
@@ -125,12 +126,9 @@ class TZyCustomDoubleVector : public TComponent {
   void InvalidateRelatedSeries();
 
   /// The series and charts that read this vector; they enter and leave by themselves.
-  const std::vector<IZyVectorReader*>& RelatedSeries() const { return FRelatedSeries; }
-  void AddRelatedSeries(IZyVectorReader* Reader) { FRelatedSeries.push_back(Reader); }
-  void RemoveRelatedSeries(IZyVectorReader* Reader) {
-    const auto Place = std::find(FRelatedSeries.begin(), FRelatedSeries.end(), Reader);
-    if (Place != FRelatedSeries.end()) FRelatedSeries.erase(Place);
-  }
+  const TRefList<IZyVectorReader>& RelatedSeries() const { return FRelatedSeries; }
+  void AddRelatedSeries(IZyVectorReader* Reader) { FRelatedSeries.Add(Reader, &Reader->Component()); }
+  void RemoveRelatedSeries(IZyVectorReader* Reader) { FRelatedSeries.Remove(Reader); }
 
  protected:
   /// SetCapacity without setting memory aside: a record may name any capacity.
@@ -168,7 +166,7 @@ class TZyCustomDoubleVector : public TComponent {
   bool FIsSorted = true;
   bool FHasGaps = false;
   TZyOutliers FOutliers;
-  std::vector<IZyVectorReader*> FRelatedSeries;
+  TRefList<IZyVectorReader> FRelatedSeries{this, &TZyCustomDoubleVector::RemoveRelatedSeries};
 };
 
 /// Walks the values of a vector from the first to the last.

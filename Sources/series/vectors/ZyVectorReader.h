@@ -2,6 +2,7 @@
 
 namespace zy {
 
+class TComponent;
 class TZyCustomDoubleVector;
 
 /// What a data vector tells those that read it: series, and pie charts. Nothing is computed in answer; a reader only
@@ -9,6 +10,8 @@ class TZyCustomDoubleVector;
 class IZyVectorReader {
  public:
   virtual ~IZyVectorReader() = default;
+  /// The reader itself.
+  virtual TComponent& Component() = 0;
   /// Ranges and pixels of the reader are stale.
   virtual void DataReset() = 0;
   /// Values changed; the ranges describe them still, or grow with new ones.

@@ -32,8 +32,14 @@ class TZyWindowSums {
   /// exponent of the others for all.
   std::vector<TSums> Run(std::span<const int> First, TZyWindowWeight Weighting, std::span<const double> Width,
                          double Rate) const;
+  /// The sums over the points behind each point, up to and with Last[i], which only moves forward, too.
+  std::vector<TSums> RunBehind(std::span<const int> Last, TZyWindowWeight Weighting, std::span<const double> Width,
+                               double Rate) const;
 
  private:
+  template <TZyWindowWeight Weighting>
+  std::vector<TSums> RunAs(std::span<const int> First, std::span<const double> Width, double Rate) const;
+
   std::span<const double> FX, FY, FW;
 };
 

@@ -1,0 +1,13 @@
+#pragma once
+
+class QWidget;
+
+namespace zy {
+
+class TWinControl;
+
+/// Has screen readers find, in the widget of a control, the controls without a window that lie in it and have a name,
+/// each as a list of its items.
+void TellScreenReaders(QWidget& Widget, const TWinControl& Control);
+
+}  // namespace zy
