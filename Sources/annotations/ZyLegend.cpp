@@ -124,6 +124,7 @@ void TZyLegend::PreparePaint() {
     if (auto* const Found = dynamic_cast<TZyGraph2D*>(Parent())) TakeGraph(Found);
   if (FGraph == nullptr && FRecalculate) NewList();  // which empties it
   if (FGraph == nullptr || FGraph->Updating()) return;
+  if (IsLoading() || FGraph->IsLoading()) return;  // the series may not be there yet
   if (FRecalculate) Recalculate();
   SetColors();
 }
