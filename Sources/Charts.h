@@ -11,6 +11,8 @@
 #include "graph/ZyGraph2D.h"
 #include "graph/ZyImageFileNames.h"
 #include "graph/shapes/ZyDrawing.h"
+#include "looks/ZyLook.h"
+#include "looks/ZyPaletteLook.h"
 #include "persistence/ZyArchive.h"
 #include "pie/ZyPieDonut.h"
 #include "pie/ZyPieLegend.h"
