@@ -109,8 +109,8 @@ void MakeForty(TChartDocument& Document) {
   }
   Pie.SetLabelPosition(TZyPieLabelPosition::Callouts);
   Pie.SetLabelFrom(TZyLabelStyle::CaptionsList);
-  Pie.SetLabelSize(2.2f);
-  Pie.SetStartAngle(270);
+  Pie.SetLabelSize(1.8f);
+  Pie.SetStartAngle(45);
   Pie.SetDropShadow(false);
   Pie.SetCalloutSpaceToBorder(2);
   Pie.SetCalloutBackColor(Colors::White);
