@@ -215,6 +215,8 @@ void TChartDocument::PutOnPage() {
 
 void TChartDocument::Save(const std::filesystem::path& FileName, bool WithData) const {
   const std::vector<TZyCustomGraph*> All = Charts();
+  for (TZyCustomGraph* Chart : All)  // not every form has the places of its legends
+    if (auto* const Pie = dynamic_cast<TZyPieChart*>(Chart)) Pie->BringUpToDate();
   switch (KnownFormOf(FileName)) {
     case TChartForm::Stream:
       return SaveWholeFile(FileName, [&](TStream& Stream) {

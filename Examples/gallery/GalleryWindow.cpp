@@ -208,18 +208,17 @@ void TGalleryWindow::Take(std::unique_ptr<TChartDocument> Document, const std::f
   FEntry = nullptr;
   FFileName = FileName;
   FDocument->Undo().SetLimit(0);
-  for (TZyCustomGraph* One : FDocument->Charts()) {
-    One->SetTabStop(true);  // a click or the Tab key brings the keyboard here
-    One->SetUndoStack(&FDocument->Undo());
-    auto* const Pie = dynamic_cast<TZyPieChart*>(One);
-    if (Pie == nullptr) continue;
-    Pie->SetShowHint(true);
-    Pie->SetExplodeOnClick(true);
-    FDocument->Undo().Clear();
-  }
   for (TZyGraph2D* One : FDocument->Graphs()) {
     One->Zoom().SetWheelZoom(TZyWheelZoom::Always);  // the window has nothing that the wheel could scroll instead
     One->SetOnMouseMove([One](TObject*, TShiftState, int X, int Y) { ShowPointTip(*One, X, Y); });
+  }
+  for (TZyCustomGraph* One : FDocument->Charts()) {
+    One->SetTabStop(true);  // a click or the Tab key brings the keyboard here
+    if (auto* const Pie = dynamic_cast<TZyPieChart*>(One)) {
+      Pie->SetShowHint(true);
+      Pie->SetExplodeOnClick(true);
+    }
+    One->SetUndoStack(&FDocument->Undo());  // from here on changes are the user's
   }
   FDocument->Page().SetParent(this);
   FDocument->Page().SetAlign(alClient);

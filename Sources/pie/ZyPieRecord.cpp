@@ -24,6 +24,7 @@ void TZyPieRecord::Fields() {
     PlaceFields();
     TitleFields();
     FArchive.Part(TZyFieldName("PieDonut/Labels/Font").Ini("Labels.Font"), FChart.FFont);
+    if (FArchive.IsReading()) FChart.FLabelsFont.FontChanged();  // the chart's own from now on
     FArchive.Level("PieDonut", [&] {
       ShapeFields();
       LookFields();
