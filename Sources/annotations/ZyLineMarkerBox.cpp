@@ -1,0 +1,90 @@
+#include "annotations/ZyLineMarkerBox.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zy {
+
+namespace {
+
+int ToPixels(float Value) { return static_cast<int>(std::nearbyint(Value)); }
+
+void Move(TRect& Rect, TPoint By) { Rect = {Rect.Left + By.X, Rect.Top + By.Y, Rect.Right + By.X, Rect.Bottom + By.Y}; }
+
+int ColumnOf(TZyContentAlignment Place) { return static_cast<int>(Place) % 3; }
+int RowOf(TZyContentAlignment Place) { return static_cast<int>(Place) / 3; }
+
+/// Left or top end of a caption along a line from 0 on; Beyond says that it stands past the ends.
+int PlaceAlong(int Third, bool Beyond, float Length, float Extent, int Delta) {
+  const auto By = static_cast<float>(Delta);
+  if (Third == 0) return Beyond ? ToPixels(-Extent - By) : -Delta;
+  if (Third == 1) return ToPixels(Length / 2 + By - Extent / 2);
+  return ToPixels(Beyond ? Length + By : Length + By - Extent);
+}
+
+}  // namespace
+
+TZyLineMarkerBox::TZyLineMarkerBox(const TZyLineMarkerLook& Look) {
+  Line = Look.IsHorizontal ? TRect{0, 0, Look.Length, Look.Thickness} : TRect{0, 0, Look.Thickness, Look.Length};
+  TRect Whole = Line;
+  if (Look.HasCaption) {
+    PlaceCaption(Look);
+    Whole = {std::min(Line.Left, Caption.Left), std::min(Line.Top, Caption.Top), std::max(Line.Right, Caption.Right),
+             std::max(Line.Bottom, Caption.Bottom)};
+    const TPoint Inwards{-Whole.Left, -Whole.Top};
+    Move(Line, Inwards);
+    Move(Caption, Inwards);
+    AlignCaption(Look);
+  }
+  Width = Whole.Right - Whole.Left + Look.Shadow;
+  Height = Whole.Bottom - Whole.Top + Look.Shadow;
+}
+
+void TZyLineMarkerBox::PlaceCaption(const TZyLineMarkerLook& Look) {
+  const SizeF Extent = Look.IsVertical ? SizeF{Look.Caption.Height, Look.Caption.Width} : Look.Caption;
+  const int Column = ColumnOf(Look.Place), Row = RowOf(Look.Place);
+  const float Half = static_cast<float>(Look.Thickness) / 2;
+  const auto Length = static_cast<float>(Look.Length);
+  const auto X = static_cast<float>(Look.Delta.X), Y = static_cast<float>(Look.Delta.Y);
+  if (Look.IsHorizontal) {
+    const int Outwards = Column == 1 && Look.IsVertical ? 0 : Look.Delta.X;
+    Caption.Left = PlaceAlong(Column, Row == 1, Length, Extent.Width, Outwards);
+    if (Row == 0) Caption.Top = -ToPixels(Extent.Height + Y - Half) + (Look.IsVertical ? 0 : 1);
+    if (Row == 1) Caption.Top = ToPixels(Half - Extent.Height / 2 - Y);
+    if (Row == 2) Caption.Top = Look.IsVertical ? ToPixels(Half + Y) : Look.Delta.Y + Look.Thickness / 2;
+  } else {
+    Caption.Top = PlaceAlong(Row, Column == 1, Length, Extent.Height, Look.Delta.Y);
+    if (Column == 0) Caption.Left = -ToPixels(Extent.Width + X - Half);
+    if (Column == 1) Caption.Left = ToPixels(Half + X - Extent.Width / 2);
+    if (Column == 2) Caption.Left = Look.Delta.X + Look.Thickness / 2;
+  }
+  Caption.Right = Caption.Left + ToPixels(Extent.Width);
+  Caption.Bottom = Caption.Top + ToPixels(Extent.Height);
+}
+
+/// Lines of text stand at the side of the caption that lies at the marker. The top of a text that runs upwards is on
+/// its left, and its left end below.
+void TZyLineMarkerBox::AlignCaption(const TZyLineMarkerLook& Look) {
+  using enum TZyContentAlignment;
+  const int Column = ColumnOf(Look.Place), Row = RowOf(Look.Place);
+  int End = 0;  // of the text: its left one, its centre, its right one
+  if (Look.IsVertical) {
+    End = Look.IsHorizontal || Row == 1 ? Row : Row == 0 && Column != 1 ? 2 : 0;
+  } else if (Look.IsHorizontal && Row != 1) {
+    End = Column;
+  } else {
+    End = 2 - Column;
+  }
+  Align = static_cast<TZyContentAlignment>(End);
+  const float B = Look.Border, Left = static_cast<float>(Caption.Left), Right = static_cast<float>(Caption.Right),
+              Top = static_cast<float>(Caption.Top), Bottom = static_cast<float>(Caption.Bottom);
+  if (Look.IsVertical) {
+    const float Ends[] = {Bottom - B, (Top + Bottom) / 2, Top + B};
+    Anchor = {Left + B, Ends[End]};
+  } else {
+    const float Ends[] = {Left + B, (Left + Right) / 2, Right - B};
+    Anchor = {Ends[End], Top + B};
+  }
+}
+
+}  // namespace zy
