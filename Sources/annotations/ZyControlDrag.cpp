@@ -39,12 +39,13 @@ std::optional<TPoint> TZyControlDrag::WayOf(TKey Key, TShiftState Shift) {
   if (Key == vkRight) Way.X = By;
   if (Key == vkUp) Way.Y = -By;
   if (Key == vkDown) Way.Y = By;
-  if ((Way.X == 0 && Way.Y == 0) || FKind == TKind::Mouse) return std::nullopt;
-  if (FKind == TKind::None) {
-    FKind = TKind::Keys;
-    FOrigin = {FControl.Left(), FControl.Top()};
-  }
+  if (Way.X == 0 && Way.Y == 0) return std::nullopt;
   return Way;
+}
+
+void TZyControlDrag::BeginByKeys() {
+  FKind = TKind::Keys;
+  FOrigin = {FControl.Left(), FControl.Top()};
 }
 
 void TZyControlDrag::End() {

@@ -17,14 +17,16 @@ class TZyControlDrag {
   explicit TZyControlDrag(TGraphicControl& Control) : FControl(Control) {}
 
   bool IsActive() const { return FKind != TKind::None; }
+  bool IsByMouse() const { return FKind == TKind::Mouse; }
   /// Begins at a place in the control. The keys come to the control's parent from now on, so that Escape is heard.
   void Begin(TPoint Place);
+  void BeginByKeys();
   /// The way to a place in the control as it stands now, with the dragged point kept within the parent.
   TPoint WayTo(TPoint Place) const;
   /// Whether the mouse no longer drags, though no release was told: it was taken away, or the release went elsewhere.
   bool IsLost(TShiftState Shift) const;
-  /// The way of an arrow key, of more pixels with Shift; nothing for other keys. The first one begins a drag.
-  std::optional<TPoint> WayOf(TKey Key, TShiftState Shift);
+  /// The way of an arrow key, of more pixels with Shift; nothing for other keys.
+  static std::optional<TPoint> WayOf(TKey Key, TShiftState Shift);
   void End();
   /// Corner of the control when the drag began.
   TPoint Origin() const { return FOrigin; }

@@ -27,6 +27,7 @@ TZyLegend::TZyLegend(TComponent* Owner) : TZyCustomLegend(Owner) {
 }
 
 TZyLegend::~TZyLegend() {
+  FDrag.End();
   Destroying();
   TakeGraph(nullptr);
 }
@@ -54,6 +55,7 @@ void TZyLegend::TakeGraph(TZyGraph2D* Value) {
 void TZyLegend::JoinGraph(TZyCustomGraph& Graph) { TakeGraph(dynamic_cast<TZyGraph2D*>(&Graph)); }
 
 void TZyLegend::SetParent(TWinControl* Value) {
+  if (Value != Parent()) EndDrag(false);
   TZyCustomLegend::SetParent(Value);
   if (!IsDesigning() || IsLoading() || IsDestroying() || FGraph != nullptr || Owner() == nullptr) return;
   auto* Found = dynamic_cast<TZyGraph2D*>(Value);
@@ -90,6 +92,7 @@ void TZyLegend::SetPosition(TZyLegendPosition Value) {
   }
   FRecalculate = true;
   if (FGraph != nullptr) FGraph->Modified();
+  MakeRoom(true);
   Invalidate();
 }
 
@@ -105,8 +108,14 @@ void TZyLegend::SetLegendCaptionColorFrom(TZyLegendCaptionColorFrom Value) {
 void TZyLegend::Modified() {
   if (IsDestroying()) return;
   FRecalculate = true;
-  if (FGraph != nullptr && FGraph == Parent() && FPosition != TZyLegendPosition::FreeFloating) FGraph->Modified();
+  MakeRoom(false);
   Invalidate();
+}
+
+/// Has the chart around a docked legend laid out, or around one that comes or goes.
+void TZyLegend::MakeRoom(bool Anyway) {
+  auto* const Chart = dynamic_cast<TZyGraph2D*>(Parent());
+  if (Chart != nullptr && (Anyway || FPosition != TZyLegendPosition::FreeFloating)) Chart->Modified();
 }
 
 void TZyLegend::PreparePaint() {
@@ -115,6 +124,7 @@ void TZyLegend::PreparePaint() {
     if (auto* const Found = dynamic_cast<TZyGraph2D*>(Parent())) TakeGraph(Found);
   if (FGraph == nullptr && FRecalculate) NewList();  // which empties it
   if (FGraph == nullptr || FGraph->Updating()) return;
+  if (IsLoading() || FGraph->IsLoading()) return;  // the series may not be there yet
   if (FRecalculate) Recalculate();
   SetColors();
 }
@@ -127,8 +137,7 @@ void TZyLegend::Resize() {
 void TZyLegend::CMVisibleChanged() {
   if (!Visible()) EndDrag(false);
   TZyCustomLegend::CMVisibleChanged();
-  auto* const Chart = dynamic_cast<TZyGraph2D*>(Parent());
-  if (Chart != nullptr && FPosition != TZyLegendPosition::FreeFloating) Chart->Modified();
+  MakeRoom(false);
 }
 
 // --- Items ----------------------------------------------------------------------------------------------------------
@@ -252,14 +261,16 @@ void TZyLegend::KeyDown(TKey& Key, TShiftState Shift) {
     EndDrag(false);
     Key = 0;
   }
-  if (!IsMovable()) return;
-  if (!FDrag.IsActive()) Invalidate();
-  if (const auto Way = FDrag.WayOf(Key, Shift)) {
-    MoveBy({Left(), Top()}, *Way);
-    Key = 0;
-  } else if (Key != 0 && Key != vkShift) {
-    EndDrag(true);
+  if (Key == 0 || !IsMovable() || FDrag.IsByMouse()) return;
+  const auto Way = TZyControlDrag::WayOf(Key, Shift);
+  if (!Way && Key != vkShift) EndDrag(true);
+  if (!Way) return;
+  if (!FDrag.IsActive()) {
+    Invalidate();  // what the picture of the graph shows of it
+    FDrag.BeginByKeys();
   }
+  MoveBy({Left(), Top()}, *Way);
+  Key = 0;
 }
 
 void TZyLegend::MoveBy(TPoint From, TPoint Way) { SetBounds(From.X + Way.X, From.Y + Way.Y, Width(), Height()); }

@@ -88,6 +88,7 @@ class TZyLegend : public TZyCustomLegend, public IZyStoredLegend {
   void TakeGraph(TZyGraph2D* Value);
   TZyGraph2D& SourceGraph() const;
   std::vector<TZySeries*> ListedSeries() const;
+  void MakeRoom(bool Anyway);
   void SetColors();
   bool IsMovable() const;
   void MoveBy(TPoint From, TPoint Way);

@@ -12,6 +12,7 @@
 #include "platform/framework/WideRegisters.h"
 #include "series/ZySeries.h"
 #include "series/vectors/ZyDoubleVector.h"
+#include "texts/Exceptions.h"
 #include "undo/ZyChange.h"
 #include "undo/ZyUndoGroup.h"
 
@@ -243,11 +244,15 @@ void TZyGraph2D::TestPrimaryAxis() {
 
 void TZyGraph2D::TestSeriesAndAxis() {
   if (FRelatedSeries.empty()) return;
-  for (TZySeries* Series : FRelatedSeries)
-    if (Series->AutoUpdate() && Series->SeriesVisible()) {
+  for (TZySeries* Series : FRelatedSeries) {
+    if (!Series->AutoUpdate() || !Series->SeriesVisible()) continue;
+    try {
       Series->CheckDBVectors();
       Series->Calculate();
+    } catch (const EAbort&) {
+      // A handler freed it, or changed what it reads: the next time it begins anew.
     }
+  }
   ForEachAxis([](TZyAxis& Axis) { Axis.GetNewRanges(); });
 }
 
@@ -271,6 +276,7 @@ void TZyGraph2D::SortLayers() {
 void TZyGraph2D::Calculate() {
   if (Updating() || FPrimaryXAxis == nullptr || FPrimaryYAxis == nullptr) return;
   const TBusyCursor Busy;
+  FNeedsRecalculate = true;  // until all is done: a handler may throw in the middle
   ClearWideRegisters();
   CheckCoupled();
   SortLayers();

@@ -16,6 +16,15 @@ TZyColor ColorOf(const Brush& Brush, TZyColor Otherwise) {
   return Solid == nullptr ? Otherwise : Solid->GetColor();
 }
 
+/// A bar with a length of its own, but no more width than its pen.
+bool IsLine(const RectF& Rect, bool IsHorizontal, float Width) {
+  return IsHorizontal ? Rect.Height <= Width && Rect.Width > Width : Rect.Width <= Width && Rect.Height > Width;
+}
+
+float ColumnOf(const RectF& Rect, bool IsHorizontal) {
+  return std::round(IsHorizontal ? Rect.Y + Rect.Height / 2 : Rect.X + Rect.Width / 2);
+}
+
 /// The colour of bars that are lines: the pen's, or the area's without it.
 TZyColor ColorOfLines(const TZyPointLook& Look, bool HasArea, bool HasLine, TZyColor ForeColor) {
   if (HasLine) return Look.Pen().Color();
@@ -28,12 +37,12 @@ TZyBarPainter::TEntry::TEntry(TZyBars& Of)
     : Bars(Of),
       Handle(Of.LiveHandle()),
       Look(Of),
+      IsHorizontal(Of.BarsHorizontal()),
       IsPlain(!Of.OnGetPen() && !Of.OnGetBrush()),
       LineWidth(Of.LinePen()->Width()),
       LineColor(ColorOfLines(Look, Of.Area().Visible(), Of.Line().Visible(), Of.Area().ForeColor())) {}
 
-TZyBarPainter::TZyBarPainter(Graphics& Gr, const std::vector<TZyBars*>& Bars)
-    : FGr(Gr), FIsHorizontal(Bars.front()->BarsHorizontal()) {
+TZyBarPainter::TZyBarPainter(Graphics& Gr, const std::vector<TZyBars*>& Bars) : FGr(Gr) {
   for (TZyBars* One : Bars) FEntries.push_back(std::make_unique<TEntry>(*One));
   for (const auto& Entry : FEntries) {
     const TRange Range =
@@ -90,8 +99,9 @@ void TZyBarPainter::PaintBar(TEntry& Entry, std::size_t Bar) {
   TZyBars& Bars = Entry.Bars;
   if (Bars.RecalculatePoints() || Bar >= Bars.Points().size() || Bars.IsEmpty(Bar)) return;
   const RectF Rect = Bars.RectOf(Bar);
-  const bool IsFlat = !Bars.IsSolid();
-  if (IsFlat && Entry.IsPlain && IsLine(Rect, Entry.LineWidth)) return Gather(Entry, Rect);
+  const bool IsFlat = !Bars.IsSolid(), HasLabel = Bar < Bars.Labels().size() && Bars.Labels()[Bar] != nullptr;
+  if (IsFlat && Entry.IsPlain && !HasLabel && IsLine(Rect, Entry.IsHorizontal, Entry.LineWidth))
+    return Gather(Entry, Rect);
   PaintColumn();
   Entry.Look.Reset();
   const bool FitsBrush = IsFlat && Bars.OwnsBrush() && !(Bars.Area().Solid() && !Bars.Area().Gradient().Visible());
@@ -102,8 +112,9 @@ void TZyBarPainter::PaintBar(TEntry& Entry, std::size_t Bar) {
   const bool HasArea = Entry.Look.AskBrush(Bar), HasLine = Entry.Look.AskPen(Bar);
   if (Bars.RecalculatePoints() || Bar >= Bars.Points().size()) return;
   if (IsFlat) {
-    if (IsLine(Rect, Entry.Look.Pen().Width()))
-      PaintLine(Rect, Entry.Look.Pen().Width(), ColorOfLines(Entry.Look, HasArea, HasLine, Bars.Area().ForeColor()));
+    const float Width = Entry.Look.PenWidth();
+    if (IsLine(Rect, Entry.IsHorizontal, Width))
+      PaintLine(Rect, Entry.IsHorizontal, Width, ColorOfLines(Entry.Look, HasArea, HasLine, Bars.Area().ForeColor()));
     else
       PaintFlat(Entry.Look, Rect, HasArea, HasLine);
   } else if (HasArea || HasLine) {
@@ -116,37 +127,29 @@ void TZyBarPainter::PaintBar(TEntry& Entry, std::size_t Bar) {
 // --- Flat bars ------------------------------------------------------------------------------------------------------
 
 void TZyBarPainter::PaintFlat(const TZyPointLook& Look, const RectF& Rect, bool HasArea, bool HasLine) {
-  const float Width = Look.Pen().Width();
+  const float Width = Look.PenWidth();
   if (!(Width < Rect.Width && Width < Rect.Height)) return;
   const RectF Inside{Rect.X + Width / 2, Rect.Y + Width / 2, Rect.Width - Width, Rect.Height - Width};
   if (HasArea) FGr.FillRectangle(Look.Brush(), Inside);
   if (HasLine) FGr.DrawRectangle(Look.Pen(), Inside);
 }
 
-/// A bar with a length of its own, but no more width than its pen.
-bool TZyBarPainter::IsLine(const RectF& Rect, float Width) const {
-  return FIsHorizontal ? Rect.Height <= Width && Rect.Width > Width : Rect.Width <= Width && Rect.Height > Width;
-}
-
 /// Lines stand in the middle of a column.
-void TZyBarPainter::PaintLine(const RectF& Rect, float Width, TZyColor Color) {
+void TZyBarPainter::PaintLine(const RectF& Rect, bool IsHorizontal, float Width, TZyColor Color) {
   if (GetAlpha(Color) == 0) return;
-  const float Column = ColumnOf(Rect) - Width / 2;
+  const float Column = ColumnOf(Rect, IsHorizontal) - Width / 2;
   const RectF Line =
-      FIsHorizontal ? RectF{Rect.X, Column, Rect.Width, Width} : RectF{Column, Rect.Y, Width, Rect.Height};
+      IsHorizontal ? RectF{Rect.X, Column, Rect.Width, Width} : RectF{Column, Rect.Y, Width, Rect.Height};
   FGr.FillRectangle(SolidBrush(Color), Line);
 }
 
-float TZyBarPainter::ColumnOf(const RectF& Rect) const {
-  return std::round(FIsHorizontal ? Rect.Y + Rect.Height / 2 : Rect.X + Rect.Width / 2);
-}
-
 void TZyBarPainter::Gather(TEntry& Entry, const RectF& Rect) {
-  const float Column = ColumnOf(Rect);
-  if (!FColumn.empty() && Column != FColumnAt) PaintColumn();
+  const float Column = ColumnOf(Rect, Entry.IsHorizontal);
+  if (!FColumn.empty() && (Column != FColumnAt || Entry.IsHorizontal != FColumnIsHorizontal)) PaintColumn();
   FColumnAt = Column;
-  FColumn.push_back(FIsHorizontal ? TLine{&Entry, Rect.X, Rect.X + Rect.Width}
-                                  : TLine{&Entry, Rect.Y, Rect.Y + Rect.Height});
+  FColumnIsHorizontal = Entry.IsHorizontal;
+  FColumn.push_back(Entry.IsHorizontal ? TLine{&Entry, Rect.X, Rect.X + Rect.Width}
+                                       : TLine{&Entry, Rect.Y, Rect.Y + Rect.Height});
 }
 
 /// Later lines cover earlier ones: looking back, one that lies within what is covered is not seen.
@@ -168,8 +171,8 @@ void TZyBarPainter::PaintColumn() {
   for (auto At = FSeen.rbegin(); At != FSeen.rend(); ++At) {
     const TLine& Line = *At;
     const float Length = Line.High - Line.Low;
-    PaintLine(FIsHorizontal ? RectF{Line.Low, FColumnAt, Length, 0} : RectF{FColumnAt, Line.Low, 0, Length},
-              Line.Of->LineWidth, Line.Of->LineColor);
+    PaintLine(FColumnIsHorizontal ? RectF{Line.Low, FColumnAt, Length, 0} : RectF{FColumnAt, Line.Low, 0, Length},
+              FColumnIsHorizontal, Line.Of->LineWidth, Line.Of->LineColor);
   }
 }
 
@@ -183,11 +186,11 @@ void TZyBarPainter::PaintSolid(const TEntry& Entry, std::size_t Bar, TZyColor Fr
   const float Lean = Bars.FZylShift;
   const RectF& Area = Bars.Graph()->DrawingArea();
   if (Bars.BarStyle() == TZyBarStyle::Cylinder) {
-    if (FIsHorizontal)
+    if (Entry.IsHorizontal)
       DrawCylinderHorizontal(FGr, Frame, Fill, l, t, r, b, Bars.DepthX(), Lean);
     else
       DrawCylinderVertical(FGr, Frame, Fill, l, t, r, b, Lean, Bars.DepthY());
-  } else if (FIsHorizontal) {
+  } else if (Entry.IsHorizontal) {
     Draw3DBar(FGr, Frame, Fill, l, t, r, b, Bars.DepthX(), Bars.DepthY(), Area.X, Area.Width);
   } else {
     Draw3DBar(FGr, Frame, Fill, l, t, r, b, Bars.DepthX(), Bars.DepthY());

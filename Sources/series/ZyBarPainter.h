@@ -10,8 +10,8 @@ namespace zy {
 
 /// Paints the bars of several series class by class, in drawing order. A handler may free any of the series.
 ///
-/// Bars that are no wider than their pen are lines. Those of one column of pixels are gathered, and only what later
-/// ones leave to be seen is drawn, so that the cost follows the pixels.
+/// Bars that are no wider than their pen, and have no label, are lines. Those of one column of pixels are gathered, and
+/// only what later ones leave to be seen is drawn, so that the cost follows the pixels.
 class TZyBarPainter {
  public:
   /// Bars are painted by the first of them.
@@ -24,6 +24,7 @@ class TZyBarPainter {
     TZyBars& Bars;
     std::uint64_t Handle;
     TZyPointLook Look;
+    bool IsHorizontal;
     bool IsPlain;  // the look is the same for all bars: lines of that width and colour
     float LineWidth;
     TZyColor LineColor;
@@ -43,18 +44,16 @@ class TZyBarPainter {
   void PaintBar(TEntry& Entry, std::size_t Bar);
   void PaintFlat(const TZyPointLook& Look, const RectF& Rect, bool HasArea, bool HasLine);
   void PaintSolid(const TEntry& Entry, std::size_t Bar, TZyColor Frame, TZyColor Fill);
-  bool IsLine(const RectF& Rect, float Width) const;
-  float ColumnOf(const RectF& Rect) const;
   void Gather(TEntry& Entry, const RectF& Rect);
   void PaintColumn();
-  void PaintLine(const RectF& Rect, float Width, TZyColor Color);
+  void PaintLine(const RectF& Rect, bool IsHorizontal, float Width, TZyColor Color);
 
   Graphics& FGr;
-  bool FIsHorizontal;
   bool FHasEvents = false;
   std::vector<std::unique_ptr<TEntry>> FEntries;
   std::vector<TLine> FColumn, FSeen;  // kept for their memory
   float FColumnAt = 0;
+  bool FColumnIsHorizontal = false;
 };
 
 }  // namespace zy

@@ -161,12 +161,11 @@ void TZyBars::DirectionModified() {
 
 void TZyBars::SetOverlayStyle(TZyBarsOverlayStyle Value) {
   if (FOverlayStyle == Value) return;
-  IZySeriesGraph* const Found = Graph();
-  if (Found != nullptr) Found->BeginUpdate();
-  SetForAll(&TZyBars::FOverlayStyle, Value, "OverlayStyle", &TZyBars::RangesModified);
-  if (Found == nullptr) return;
-  Found->Modified();
-  Found->EndUpdate();
+  {
+    const TZySeriesUpdate Update(Graph());
+    SetForAll(&TZyBars::FOverlayStyle, Value, "OverlayStyle", &TZyBars::RangesModified);
+    if (Graph() != nullptr) Graph()->Modified();
+  }
   if (FBarsHorizontal) LayOutAgain();
 }
 

@@ -110,7 +110,8 @@ class TZyBars : public TZySeries, public IZySolidSeries {
   float DepthX() const { return FDepthX; }
   float DepthY() const { return FDepthY; }
   /// The end of a bar on the axis of the values, what it stands on included, or the boundary in front of it on the
-  /// other axis. 0 for what has no value. Throws ERangeError for an index that the vector does not have.
+  /// other axis, also of a bar without a value. 0 for what has no value. Throws ERangeError for an index that the
+  /// vector does not have.
   double Get_X(int Idx) const { return FBarsHorizontal ? EndOf(Idx, Below()) : BoundaryAt(Idx); }
   double Get_Y(int Idx) const { return FBarsHorizontal ? BoundaryAt(Idx) : EndOf(Idx, Below()); }
   /// The corners of the bars: left and top are in `Points`, right and bottom here. Of a bar that hangs below 0 the top
@@ -202,8 +203,8 @@ class TZyBars : public TZySeries, public IZySolidSeries {
   void TakeLabels();
   bool IsInView(int Idx) const;
   std::string LabelText(int Idx, double PercentFactor) const;
-  void PlaceOnUprightBar(std::size_t Bar, TZyRichCaptionObject& Label) const;
-  void PlaceOnLyingBar(std::size_t Bar, TZyRichCaptionObject& Label) const;
+  void PlaceOnUprightBar(std::size_t Bar, bool IsInside, TZyRichCaptionObject& Label) const;
+  void PlaceOnLyingBar(std::size_t Bar, bool IsInside, TZyRichCaptionObject& Label) const;
   bool StaysInside() const;
   SizeF ExtentOf(const TZyRichCaptionObject& Label) const;
   float DepthBeyond(TZyAxisPosition Border, double ClassWidth) const;

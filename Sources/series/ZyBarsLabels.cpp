@@ -24,7 +24,8 @@ void TZyBars::TakeLabels() {
   const float Width = FNarrowest > 0 && FNarrowest < std::numeric_limits<float>::max() ? FNarrowest : WithoutWidth;
   const float Size = std::min(PerPixel * Width * FLabelSize, Font::MaxSize);
   if (!(Size > 0) || (Size < SmallestFont && Count() > Many)) return;
-  if (StaysInside() && FLabelPosition == TZyBarLabelPosition::OnTopOfBar) FLabelPosition = TZyBarLabelPosition::InTop;
+  const bool IsInside = StaysInside();
+  if (IsInside && FLabelPosition == TZyBarLabelPosition::OnTopOfBar) FLabelPosition = TZyBarLabelPosition::InTop;
   const double Sum = Values().Transform(OutliersVisible() ? Values()->SumIncludingOutliers() : Values()->Sum(), -1);
   const double PercentFactor = Sum != 0 && std::isfinite(Sum) ? 1 / Sum * 100 : 0;
   FLabels.SetCount(Count());
@@ -49,9 +50,9 @@ void TZyBars::TakeLabels() {
     Label->OnVariablesChanged = [this] { LabelModified(); };
     const auto Bar = static_cast<std::size_t>(i);
     if (FBarsHorizontal)
-      PlaceOnLyingBar(Bar, *Label);
+      PlaceOnLyingBar(Bar, IsInside, *Label);
     else
-      PlaceOnUprightBar(Bar, *Label);
+      PlaceOnUprightBar(Bar, IsInside, *Label);
     FLabels[Bar] = std::move(Label);
   }
   FFurthest = FurthestLabel();
@@ -84,7 +85,7 @@ SizeF TZyBars::ExtentOf(const TZyRichCaptionObject& Label) const {
   return FLabelVertical ? SizeF{Label.Height(), Label.Width()} : SizeF{Label.Width(), Label.Height()};
 }
 
-void TZyBars::PlaceOnUprightBar(std::size_t Bar, TZyRichCaptionObject& Label) const {
+void TZyBars::PlaceOnUprightBar(std::size_t Bar, bool IsInside, TZyRichCaptionObject& Label) const {
   using enum TZyBarLabelPosition;
   const auto [l, t] = Points()[Bar];
   const auto [r, b] = BottomRight()[Bar];
@@ -107,7 +108,7 @@ void TZyBars::PlaceOnUprightBar(std::size_t Bar, TZyRichCaptionObject& Label) co
       break;
   }
   const bool Fits = t + h / 2 <= y && b - h / 2 >= y;
-  if (FLabelPosition != OnTopOfBar && !Fits && StaysInside()) {
+  if (FLabelPosition != OnTopOfBar && !Fits && IsInside) {
     y = t + (b - t) / 2;
   } else if (FLabelPosition == OnTopOfBar || !Fits) {
     y = t - h / 2;
@@ -118,7 +119,7 @@ void TZyBars::PlaceOnUprightBar(std::size_t Bar, TZyRichCaptionObject& Label) co
   Label.Y = y;
 }
 
-void TZyBars::PlaceOnLyingBar(std::size_t Bar, TZyRichCaptionObject& Label) const {
+void TZyBars::PlaceOnLyingBar(std::size_t Bar, bool IsInside, TZyRichCaptionObject& Label) const {
   using enum TZyBarLabelPosition;
   const auto [l, t] = Points()[Bar];
   const auto [r, b] = BottomRight()[Bar];
@@ -142,7 +143,7 @@ void TZyBars::PlaceOnLyingBar(std::size_t Bar, TZyRichCaptionObject& Label) cons
       break;
   }
   const bool Fits = r - w / 2 >= x && l + w / 2 <= x;
-  if (FLabelPosition != OnTopOfBar && !Fits && StaysInside()) {
+  if (FLabelPosition != OnTopOfBar && !Fits && IsInside) {
     x = l + (r - l) / 2;
   } else if (FLabelPosition == OnTopOfBar || !Fits) {
     x = r + w / 2 + (FLabelVertical ? 0 : h / 4);

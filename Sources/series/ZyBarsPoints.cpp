@@ -33,9 +33,10 @@ double TZyBars::OwnValue(int Idx) const {
   return std::isfinite(Value) ? Value : 0;
 }
 
+/// Whatever the values: else the bar in front of one without a value would end elsewhere.
 bool TZyBars::HasBoundary(int Idx) const {
-  if (HasOwnClasses() && !HasValuesAt(Idx)) return false;
-  return !Classes().IsTransformed() || std::isfinite(Classes().At(Idx));
+  if (HasOwnClasses() && !OutliersVisible() && Classes()->IsOutlier(Idx)) return false;
+  return std::isfinite(Classes().At(Idx));
 }
 
 double TZyBars::BoundaryAt(int Idx) const { return HasBoundary(Idx) ? Classes().At(Idx) : 0; }

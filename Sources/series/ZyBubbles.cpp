@@ -183,7 +183,7 @@ void TZyBubbles::DrawBubble(Graphics& Gr, const RectF& R, const Brush* Fill, con
   Gr.DrawLines(*Edge, {Half, Sides.end()});
 }
 
-/// A brush of the settings fits each bubble, gradients included.
+/// A brush of the settings fits each bubble, gradients included. A brush of a handler is for its bubble alone.
 void TZyBubbles::DrawPoints(Graphics& Gr) {
   if (DrawStamps(Gr)) return;
   const bool FitsBrush = OwnsBrush() && !(Area().Solid() && !Area().Gradient().Visible());
@@ -193,7 +193,7 @@ void TZyBubbles::DrawPoints(Graphics& Gr) {
     const auto Fitting = FitsBrush ? Area().GetBrush(R) : nullptr;
     if (Fitting)
       Look.SetBrush(*Fitting);
-    else if (OwnsBrush())
+    else
       Look.ResetBrush();
     if (Look.AskBrush(i)) DrawBubble(Gr, R, &Look.Brush(), nullptr);
     if (Look.AskPen(i)) DrawBubble(Gr, R, nullptr, &Look.Pen());

@@ -6,6 +6,7 @@
 
 #include "graph/parts/ZySeriesGraph.h"
 #include "persistence/ZyArchive.h"
+#include "platform/controls/TWinControl.h"
 #include "platform/framework/TPropInfo.h"
 #include "undo/ZyUndoGroup.h"
 
@@ -145,6 +146,13 @@ bool TZyCustomOHLC::HasColumns(TZyRecordLook& Look) {
   Look.LineWidth = std::min(LinePen()->EffectiveWidth(), Widest);
   Look.HasLine = Line().Visible();
   const bool AreDense = static_cast<float>(Points().size()) > FewestForPixel * std::max(Look.Area.Width, 1.0f);
+  // A layout that had no room for what its bars ask for may leave any area.
+  const TWinControl& Control = Graph()->Control();
+  const auto Fits = [](float From, float Size, int Most) {
+    return From >= 0 && Size >= 0 && From + Size <= static_cast<float>(Most) + 1;
+  };
+  if (!Fits(Look.Area.X, Look.Area.Width, Control.Width())) return false;
+  if (!Fits(Look.Area.Y, Look.Area.Height, Control.Height())) return false;
   return AreDense && !OnGetPen() && !OnGetBrush() && LinePen()->DashStyle() == DashStyleSolid;
 }
 

@@ -94,8 +94,13 @@ void TZyFunctionSeries::Calculate() {
     if (FYAxis != nullptr) FYAxis->RangeModified();
     FHasCurve = true;
     PointsModified();
+  } catch (
+      const EAbort&) {  // a handler freed the curve, or changed what it is computed from: once more at the next paint
+    if (FromLiveHandle(Alive) == nullptr) return;
+    ForgetPixels();
+    CalculationModified();
   } catch (const std::exception& Error) {
-    if (FromLiveHandle(Alive) == nullptr) return;  // the curve's own handler freed it
+    if (FromLiveHandle(Alive) == nullptr) return;
     ForgetPixels();
     FState.PixelsTaken();
     Invalidate();
@@ -146,12 +151,22 @@ void TZyFunctionSeries::TellCalculated() {
   TZyPointLook::TestAlive(Alive);
 }
 
+/// The transformation of an input for the calculation, by way of the input, which ends the calculation when a handler
+/// takes its data away.
+TZyValueTransformation TZyFunctionSeries::Handed(const TZySeriesInput& Input) {
+  if (!Input.IsTransformed()) return {};
+  return [&Input](TObject*, const TZyTransformEventArgs& e) { return Input.Transform(e.Value, e.Index); };
+}
+
 void TZyFunctionSeries::CalculateCurve() const {
   TZyCalculation& Curve = *FCalculation;
   struct TLoan {
     TZyCalculation& Curve;
-    ~TLoan() { Curve.XData = Curve.YData = Curve.Weight = nullptr; }
-  } const Loan{Curve};
+    std::uint64_t Series;  // a transformation may free it, with the calculation
+    ~TLoan() {
+      if (FromLiveHandle(Series) != nullptr) Curve.XData = Curve.YData = Curve.Weight = nullptr;
+    }
+  } const Loan{Curve, LiveHandle()};
   Curve.OutliersVisible = OutliersVisible();
   Curve.XData = XData();
   Curve.YData = YData();
@@ -159,9 +174,9 @@ void TZyFunctionSeries::CalculateCurve() const {
   Curve.Start = FCalcStart;
   Curve.Stop = FCalcStop;
   if (!IsDesigning()) {
-    Curve.mXValueTransformation = XValueTransformation();
-    Curve.mYValueTransformation = YValueTransformation();
-    Curve.mWeightValueTransformation = WeightValueTransformation();
+    Curve.mXValueTransformation = Handed(FX);
+    Curve.mYValueTransformation = Handed(FY);
+    Curve.mWeightValueTransformation = Handed(FWeight);
   }
   Curve.Calculate();
 }
@@ -231,7 +246,8 @@ void TZyFunctionSeries::PaintGr(Graphics& Gr) {
 void TZyFunctionSeries::SetWeight(TZyCustomDoubleVector* Value) {
   constexpr int SampleCount = 10;
   auto* const Sample = dynamic_cast<TZyDoubleVector*>(Value);
-  if (IsDesigning() && !ReadsRecord() && Sample != nullptr && Sample != Weight() && Sample->Count() == 0)
+  if (IsDesigning() && !IsLoading() && !ReadsRecord() && Sample != nullptr && Sample != Weight() &&
+      Sample->Count() == 0)
     for (int i = 0; i < SampleCount; ++i) Sample->Add(1);
   SetInput(FWeight, Value);
 }

@@ -122,6 +122,7 @@ class TZyFunctionSeries : public TZyLineSeries {
 
  private:
   void DisplayModified() { PointsModified(); }
+  static TZyValueTransformation Handed(const TZySeriesInput& Input);
   TRange RangeOfX();
   template <class TSample>
   void Sample(double Start, double Stop, const TSample& Do) const;

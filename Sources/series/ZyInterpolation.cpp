@@ -41,7 +41,7 @@ TZyInterpolation::TZyInterpolation(TComponent* Owner, TBase)
     : TZyFunctionSeries(Owner, std::make_unique<TZyInterpolationCalculation>()),
       FInterpolation(static_cast<TZyInterpolationCalculation&>(Calculation())) {
   FInterpolation.OnInformation = [this](std::string_view Text) {
-    if (!ReadsRecord()) Application().ShowMessage(Text);
+    if (!ReadsRecord() && !IsLoading()) Application().ShowMessage(Text);
   };
   TZyInterpolation::RegisterVariables();
 }

@@ -11,6 +11,8 @@
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/Application.h"
 #include "platform/framework/TPropInfo.h"
+#include "series/ZyPointLook.h"
+#include "texts/Exceptions.h"
 #include "undo/ZyUndoGroup.h"
 
 namespace zy {
@@ -51,7 +53,8 @@ void TZyLinearRegression::SetFixedOffset(bool Value) {
 
 void TZyLinearRegression::SetOffset(double Value) {
   if (Value == Offset() || !std::isfinite(Value)) return;
-  if (IsDesigning() && !IsLoading() && !ReadsRecord() && !FixedOffset() &&
+  const bool IsRestored = UndoStack() != nullptr && UndoStack()->Restoring();
+  if (IsDesigning() && !IsLoading() && !ReadsRecord() && !IsRestored && !FixedOffset() &&
       Application().Confirm(LoadResString(_sOnlySetIfFixed)))
     SetFixedOffset(true);
   if (FixedOffset() && UndoStack() != nullptr) UndoStack()->PushProperty(this, "Offset");
@@ -92,14 +95,19 @@ std::string TZyLinearRegression::GetFormula() const {
 void TZyLinearRegression::SwitchLinearOff(TZyAxis* Axis, TZyText Message) {
   const bool IsLog = Axis->Scaling() == TZyAxisScaling::Log || Axis->Scaling() == TZyAxisScaling::LogEE;
   if (!IsLog || !(Axis->LogToNormalScalingLevel() > 0)) return;
-  struct TSilence {
-    TZyAxis& Axis;
-    TZyUndoStack* Stack;
-    ~TSilence() { Axis.SetUndoStack(Stack); }
-  } const Silence{*Axis, Axis->UndoStack()};
-  Axis->SetUndoStack(nullptr);
-  Application().ShowMessage(LoadResString(Message));
-  Axis->SetLogToNormalScalingLevel(0);
+  {
+    struct TSilence {
+      TZyAxis& Axis;
+      TZyUndoStack* Stack;
+      ~TSilence() { Axis.SetUndoStack(Stack); }
+    } const Silence{*Axis, Axis->UndoStack()};
+    Axis->SetUndoStack(nullptr);
+    Axis->SetLogToNormalScalingLevel(0);
+  }
+  const std::uint64_t Alive = LiveHandle();
+  Application().ShowMessage(LoadResString(Message));  // the host's own way to show it may free anything
+  TZyPointLook::TestAlive(Alive);
+  if (XAxis() == nullptr || YAxis() == nullptr) throw EAbort(LoadResString(_sSeriesChanged));
 }
 
 /// With a band the range of Y reaches to its outer edges at the two ends. Points of one X have no line, and no range.
@@ -115,7 +123,8 @@ void TZyLinearRegression::CalculateFunction() {
   TRange Y;
   if (FRegr.HasLine() && !(ClipYValues() && AnyOtherSeries())) {
     const double Outwards = Slope() < 0 ? 1 : -1;
-    Y.Take(YAtBand(DisplayStart(), Outwards));
+    const bool HasStart = !FRegr.XLog || DisplayStart() > 0;  // else the axis itself begins to the right of it
+    Y.Take(YAtBand(HasStart ? DisplayStart() : XStart(), Outwards));
     Y.Take(YAtBand(DisplayStop(), -Outwards));
   }
   FYStart = Y.Low;
@@ -151,7 +160,8 @@ void TZyLinearRegression::TakeNewPixels() {
   const double One = PlaceOf(XAxis()->Start()), Other = PlaceOf(XAxis()->Stop());
   const double Reach = Beyond * std::fabs(Other - One);
   const auto Take = [&](double x) { Keep({XAxis()->NumberToWorld(x), YAxis()->NumberToWorld(GetY(x))}, -1); };
-  Take(ValueOf(std::max(PlaceOf(DisplayStart()), std::min(One, Other) - Reach)));
+  const double Start = std::min(One, Other) - Reach;
+  Take(ValueOf(PlaceOf(DisplayStart()) > Start ? PlaceOf(DisplayStart()) : Start));  // which may have no logarithm
   Take(ValueOf(std::min(PlaceOf(DisplayStop()), std::max(One, Other) + Reach)));
   if (HasBand() && Count() > 2) TakeBand();
 }

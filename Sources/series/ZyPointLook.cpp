@@ -49,6 +49,8 @@ void TZyPointLook::ResetBrush() {
   FBrush.Brush = FSeries.AreaBrush();
 }
 
+float TZyPointLook::PenWidth() const { return FPen.Pen == nullptr ? 0 : FPen.Pen->Width(); }
+
 bool TZyPointLook::AskBrush(std::size_t Pixel) {
   return Ask(mGetBrush, FBrush, Pixel) && FBrush.Visible && FBrush.Brush != nullptr;
 }

@@ -40,6 +40,8 @@ class TZyPointLook {
   static void TestDrawn(std::uint64_t Series);
   const zy::Brush& Brush() const { return *FBrush.Brush; }
   const TZyPen& Pen() const { return *FPen.Pen; }
+  /// 0 for a pen that a handler took away.
+  float PenWidth() const;
 
  private:
   template <class THandler, class TArgs>

@@ -118,6 +118,9 @@ void TZyPointWithErrorSeries::TakeRanges(TRange& X, TRange& Y) {
     TakeEnds(FX.At(i), GetDxMinus(i), GetDxPlus(i), *FXAxis, X, FExtentX);
     TakeEnds(FY.At(i), GetDyMinus(i), GetDyPlus(i), *FYAxis, Y, FExtentY);
   });
+  // Where no low end counts, the points do: there were no range at all.
+  for (const auto& [Range, Input] : {std::pair(&X, &FX), {&Y, &FY}})
+    if (Range->IsEmpty() && Range->High > 0) Range->TakeLow(SmallestPositive(*Input, Range->High));
 }
 
 double TZyPointWithErrorSeries::LowestOn(const TZyAxis& Axis) const {

@@ -11,7 +11,8 @@ namespace zy {
 ///
 /// The length of each bar comes from a vector of its own, by its magnitude and in values of the axis. Points beyond the
 /// end of such a vector have no bar there; an outlier or a gap in one takes its whole point out. The ranges of the axes
-/// include the bars while they are visible; on a logarithmic axis an end at or below 0 does not count.
+/// include the bars while they are visible; on a logarithmic axis an end at or below 0 does not count, and with none
+/// but such ends the range starts at the lowest point.
 class TZyPointWithErrorSeries : public TZyPointSeries {
   ZY_CLASS(TZyPointWithErrorSeries, TZyPointSeries)
   explicit TZyPointWithErrorSeries(TComponent* Owner = nullptr);

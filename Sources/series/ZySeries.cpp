@@ -104,6 +104,7 @@ void TZySeries::Initialize(std::string_view KindName) {
 }
 
 TZySeries::~TZySeries() {
+  TZySeriesInput::NoteChange();
   Destroying();
   LeaveGraph();
   DeRegisterVariables();
@@ -299,6 +300,7 @@ void TZySeries::ForgetRanges() {
 
 void TZySeries::RangesModified() {
   if (FXAxis == nullptr || FYAxis == nullptr) return;
+  TZySeriesInput::NoteChange();
   FState.Reset();
   PointsModified();
   ForgetRanges();
@@ -321,12 +323,14 @@ void TZySeries::DataReset() {
   FState.SetLastCount(0);
   const int Count = GetCount();
   if (!FState.Shrink(Count)) return;
+  TZySeriesInput::NoteChange();
   if (Count < MinCount()) ForgetRanges();
   Invalidate();
 }
 
 void TZySeries::DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMarkers) {
   if (WithLinkedMarkers && FY.Vector() == &Vector) ClearLinkedMarkers();
+  TZySeriesInput::NoteChange();
   FState.Reset();  // without axes as well
   RangesModified();
 }

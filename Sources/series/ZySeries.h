@@ -452,8 +452,9 @@ class TZySeries : public TComponent,
   void ChangeJoining(const char* PropName, const TStore& Store);
   bool Reads(const TZyCustomDoubleVector* Vector, const TZySeriesInput* But = nullptr) const;
   bool HasOwnData(const TZySeriesInput& Input) const { return Input && Input.Vector() != FIndexer.get(); }
-  TZyCustomDoubleVector* StoredVector(const TZySeriesInput& Input) const {
-    return HasOwnData(Input) ? Input.Vector() : nullptr;
+  /// What a record names: no index, be it the series' own or that of another one.
+  static TZyCustomDoubleVector* StoredVector(const TZySeriesInput& Input) {
+    return dynamic_cast<TZyIndexer*>(Input.Vector()) == nullptr ? Input.Vector() : nullptr;
   }
   void SymbolFields(TZyArchive& Archive);
   bool IsComplete() const;

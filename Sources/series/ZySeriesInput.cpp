@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "series/ZySeries.h"
+#include "texts/Exceptions.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 
@@ -14,10 +16,15 @@ TZySeriesInput::TZySeriesInput(TZySeries& Series, const char* PropName, TZyInput
 TZySeriesInput::~TZySeriesInput() { FSeries.LeaveInput(*this); }
 
 double TZySeriesInput::Transform(double Value, int Idx) const {
-  return mTransformation ? mTransformation(&FSeries, {Value, Idx}) : Value;
+  if (!mTransformation) return Value;
+  const unsigned Before = FChanges;
+  const double Result = mTransformation(&FSeries, {Value, Idx});
+  if (FChanges != Before) throw EAbort(LoadResString(_sSeriesChanged));
+  return Result;
 }
 
 void TZySeriesInput::SwapWith(TZySeriesInput& Other) {
+  NoteChange();
   TZyCustomDoubleVector* const Own = FVector;
   FVector = Other.FVector.Get();
   Other.FVector = Own;

@@ -47,13 +47,22 @@ class TZySeriesInput {
   TZyCustomDoubleVector* operator->() const { return FVector; }
   explicit operator bool() const { return FVector != nullptr; }
   /// Stores the reference alone; TZySeries::SetInput is the setter.
-  void Point(TZyCustomDoubleVector* Value) { FVector = Value; }
+  void Point(TZyCustomDoubleVector* Value) {
+    NoteChange();
+    FVector = Value;
+  }
+  /// Tells calls of handlers that are under way that inputs, axes or counts of a series are others, or it dies.
+  static void NoteChange() { ++FChanges; }
   int Count() const { return FVector == nullptr ? 0 : FVector->Count(); }
 
   const TZyValueTransformation& Transformation() const { return mTransformation; }
   bool IsTransformed() const { return mTransformation != nullptr; }
-  void SetTransformation(TZyValueTransformation Value) { mTransformation = std::move(Value); }
-  /// Value as the event makes it.
+  void SetTransformation(TZyValueTransformation Value) {
+    NoteChange();
+    mTransformation = std::move(Value);
+  }
+  /// Value as the event makes it. Throws EAbort when the handler changed what any series reads, or freed one: nothing
+  /// of this one may be touched on the way out. What was under way is done anew at the next paint.
   double Transform(double Value, int Idx) const;
   /// The transformed value at an index. Throws ERangeError outside the vector.
   double At(int Idx) const { return Transform(FVector->GetValue(Idx), Idx); }
@@ -69,6 +78,8 @@ class TZySeriesInput {
   void SwapWith(TZySeriesInput& Other);
 
  private:
+  inline static unsigned FChanges = 0;
+
   TZySeries& FSeries;
   const char* FPropName;
   TZyInputUse FUse;

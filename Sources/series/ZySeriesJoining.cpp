@@ -70,6 +70,7 @@ void TZySeries::SetTransformation(TZySeriesInput& Input, TZyValueTransformation 
 
 void TZySeries::SetAxis(TRef<TZyAxis>& Field, TZyAxis* Value, const char* PropName) {
   if (Field == Value) return;
+  TZySeriesInput::NoteChange();
   ChangeJoining(PropName, [&] {
     if (Field != nullptr && !Field->IsDestroying()) Field->RemoveRelatedSeries(this);
     Field = Value;
@@ -156,9 +157,8 @@ void TZySeries::JoinGraph() {
   }
   PointIndexer();
   if (IsPlaced) {
-    Found->BeginUpdate();
+    const TZySeriesUpdate Update(Found);
     AddSampleData();
-    Found->EndUpdate();
   }
   RangesModified();
   Found->LegendsModified();
@@ -193,6 +193,7 @@ void TZySeries::AddSampleData() {
 }
 
 void TZySeries::LeaveGraph() {
+  TZySeriesInput::NoteChange();
   for (TZyAxis* Axis : {FXAxis.Get(), FYAxis.Get()})
     if (Axis != nullptr && !Axis->IsDestroying()) Axis->RemoveRelatedSeries(this);
   FState.Reset();

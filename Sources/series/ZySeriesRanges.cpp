@@ -88,6 +88,7 @@ bool TZySeries::TakeCount() {
   const int Count = GetCount();
   if (Count < FState.Count()) DataReset();
   if (Count <= FState.LastCount()) return false;
+  TZySeriesInput::NoteChange();
   FState.SetCount(Count);
   return Count >= MinCount();
 }

@@ -7,7 +7,7 @@ namespace zy {
 
 void TZySeriesInput::Fields(TZyArchive& Archive, const TZyFieldName& Name) {
   Archive.Reference(
-      Name, [this] { return FSeries.StoredVector(*this); },
+      Name, [this] { return TZySeries::StoredVector(*this); },
       [this](TZyCustomDoubleVector* Value) { FSeries.SetInput(*this, Value); });
 }
 

@@ -151,3 +151,4 @@ ZY_TEXT(_sAveragingNoWeight, "All weights of the values to average are zero")
 // ---- Series ----
 ZY_TEXT(_sSeriesFreed, "An event handler freed the series")
 ZY_TEXT(_sLegendFreed, "An event handler freed the legend")
+ZY_TEXT(_sSeriesChanged, "A transformation of values changed what series read")

@@ -167,6 +167,10 @@ void DrawGradientsAndClips(Graphics& Canvas) {
     Canvas.FillRectangle(SolidBrush(0xFF000000), 0, 0, 240, 192);
   }
   Canvas.ResetClip();
+  Canvas.SetClip(Ellipse, CombineModeIntersect);
+  Canvas.SetClip(RectF{10, 85, 60, 20}, CombineModeIntersect);  // beyond the ellipse on three sides
+  Canvas.FillRectangle(SolidBrush(0xFF4080C0), 0, 0, 240, 192);
+  Canvas.ResetClip();
   Canvas.ExcludeClip(Region());  // the whole page
   Canvas.FillRectangle(SolidBrush(0xFF000000), 0, 0, 240, 192);
 }
@@ -204,6 +208,7 @@ TEST(MetafileTest, GradientsAndClipsAreAlikeInAllFormats) {
   ExpectSpots(Direct, {{60, 25, 0xFFBF7FBF}, {167, 31, 0xFF202060}, {125, 10, 0xFFFFFFFF}, {220, 60, 0xFFFFFFFF}}, 4);
   ExpectSpots(Direct, {{80, 142, 0xFF800080}, {78, 142, 0xFF800080}, {20, 148, 0xFF800080}, {120, 150, 0xFFFFFFFF}});
   ExpectSpots(Direct, {{155, 140, 0xFFFFFFFF}, {165, 140, 0xFF4080C0}, {205, 151, 0xFFFFFFFF}, {95, 125, 0xFF4080C0}});
+  ExpectSpots(Direct, {{50, 92, 0xFF4080C0}, {15, 92, 0xFFFFFFFF}});
   const testing::TScratchFolder Folder;
   EXPECT_LE(PixelsOff(Direct, FromSvg(Page, Folder)), 10);
   EXPECT_LE(PixelsOff(Direct, FromPdf(Page, Folder)), 10);

@@ -148,6 +148,30 @@ TEST_F(ZyBarsTest, ClassesBesideNoBoundaryAreNotDrawn) {
   EXPECT_EQ(Chart.CountOf(Chart.Calls(), "FillRectangle(FF000080"), 1);
 }
 
+TEST_F(ZyBarsTest, BoundariesStayWhereValuesAreMissing) {
+  TZyBars* const Bars = Add({1, 2, 4, 6}, {1, NAN, 3});
+  Chart.Paint();
+  ExpectRects(*Bars, {{100, 275, 150, 300}, {150, 300, 250, 300}, {250, 225, 350, 300}});
+  dynamic_cast<TZyDoubleVector&>(*Bars->YData()).AddOutlier(2);
+  Chart.Paint();
+  ExpectRects(*Bars, {{100, 275, 150, 300}, {150, 300, 250, 300}});
+  EXPECT_EQ(Bars->XStop(), 4);
+}
+
+TEST_F(ZyBarsTest, EachHasItsDirectionAndItsLabelsWhateverItsPen) {
+  TZyBars* const Lying = Add({0, 4, 8}, {5, 4});
+  Lying->SetBarsHorizontal(true);
+  TZyBars* const Upright = Add({0, 1, 2}, {8, 6});
+  Upright->Line().SetWidth(60);
+  Upright->Line().SetColor(Colors::Lime);
+  Upright->SetLabelPosition(TZyBarLabelPosition::Centered);
+  const auto Calls = Chart.Calls();
+  EXPECT_EQ(Chart.CountOf(Calls, "FillRectangle(FF00FF00, 45 100 60 200)"), 1) << "a line, as wide as its pen";
+  EXPECT_EQ(Chart.CountOf(Calls, "DrawString(\"8\""), 1);
+  Upright->SetOnGetPen([](TObject*, TZyPenEventArgs& Args) { Args.Pen = nullptr; });
+  EXPECT_EQ(Chart.CountOf(Chart.Calls(), "FillRectangle(FF00FF00"), 0);
+}
+
 TEST_F(ZyBarsTest, SolidsHaveTheDepthOfTheLastClass) {
   TZyBars* const Bars = Add({0, 2, 6}, {4, 6});
   Bars->SetClassesDistance(50);
@@ -346,6 +370,21 @@ TEST_F(ZyBarsTest, DenseBarsLookLikeAllOfThem) {
     EXPECT_GT(Drawn, 5000);
     EXPECT_LT(Differ, 250) << Lying;  // of 125,000: rounding at the edges of columns
   }
+}
+
+TEST_F(ZyBarsTest, WhatALabelsHandlerTakesAwayIsNotFound) {
+  TZyBars* const Bars = Add({0, 1, 2, 3, 4}, {1, 2, 3, 4});
+  Bars->SetLabelPosition(TZyBarLabelPosition::Centered);
+  Chart.Paint();  // with the layout, which asks for labels as well
+  bool Takes = true;
+  Bars->SetOnGetLabel([&](auto&&...) {
+    if (std::exchange(Takes, false)) dynamic_cast<TZyDoubleVector&>(*Bars->YData()).Delete(0);
+  });
+  Chart.Paint();
+  EXPECT_FALSE(Bars->NearestPoint({225, 200}).Found);
+  Bars->SetOnGetLabel({});
+  Chart.Paint();
+  EXPECT_EQ(Bars->Points().size(), 3u);
 }
 
 TEST_F(ZyBarsTest, PaintsOnWhateverTheData) {

@@ -71,6 +71,18 @@ TEST_F(ZyBubblesTest, CirclesAreRoundAndHitByTheirRectangle) {
   EXPECT_EQ(Series->Sizes().size(), 1u);
 }
 
+TEST_F(ZyBubblesTest, ABrushOfAHandlerIsForOneBubble) {
+  const SolidBrush Own(Colors::Lime), Other(Colors::Red);
+  Series->SetAreaBrush(&Own);
+  Series->SetOnGetBrush([&](TObject*, TZyBrushEventArgs& Args) {
+    if (Args.Index == 0) Args.Brush = &Other;
+  });
+  const auto Calls = Chart.Calls();
+  EXPECT_EQ(Chart.CountOf(Calls, "FillEllipse(FFFF0000"), 1);
+  EXPECT_EQ(Chart.CountOf(Calls, "FillEllipse(FF00FF00"), 1);
+  Series->SetAreaBrush(nullptr);
+}
+
 TEST_F(ZyBubblesTest, StandsAroundItsPointOnAnyScale) {
   const auto Box = [this](std::size_t i) {
     const PointF P = Series->Points()[i], S = Series->Sizes()[i];

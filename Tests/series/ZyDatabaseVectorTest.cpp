@@ -1,7 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 #include "graph/SampleChart.h"
 #include "platform/data/TDataSource.h"
+#include "platform/framework/Reflection.h"
+#include "platform/framework/TPropInfo.h"
 #include "platform/sql/TSqlDataSet.h"
 #include "texts/Exceptions.h"
 
@@ -76,6 +81,60 @@ TEST_F(ZyDatabaseVectorTest, WhatCannotBeReadLeavesTheVectorAndTellsWhy) {
   Y.SetDataField("renamed");
   Chart.Paint();
   EXPECT_EQ(ValuesOf(Y), std::vector<double>{7});
+}
+
+/// Every vector that a kind reads, each from a column of its own.
+TEST_F(ZyDatabaseVectorTest, EveryVectorOfEveryKindIsBound) {
+  struct TCase {
+    std::string_view Kind;
+    std::vector<std::string> Inputs;
+    double XStart, XStop, YStart, YStop;
+  };
+  // Points (2, 4) and (6, 8); the others are 1 and 2, 0.5 and 1, and for records 3 and 7 as low, 5 and 9 as high.
+  const TCase Cases[] = {
+      {"TZyBars", {"XData", "YData"}, 2, 6, 0, 4},  // two boundaries have one bar
+      {"TZyPointWithErrorSeries",
+       {"XData", "YData", "DeltaXPlus=a", "DeltaXMinus=b", "DeltaYPlus=b", "DeltaYMinus=a"},
+       1.5,
+       8,
+       3,
+       9},
+      {"TZyBubbles", {"XData", "YData", "RadiusData=a", "Elliptical"}, 1, 8, 3, 10},
+      {"TZyArrows", {"XData", "YData", "DeltaX=a", "DeltaY=b"}, 2, 8, 4, 9},
+      {"TZyOHLC", {"XData", "CloseData=y", "LowData=l", "OpenData=y", "HighData=h"}, 2, 6, 3, 9},
+      {"TZyCandleSticks", {"XData", "CloseData=y", "LowData=l", "OpenData=y", "HighData=h"}, 2, 6, 3, 9}};
+  for (const TCase& Case : Cases) {
+    SCOPED_TRACE(Case.Kind);
+    const auto Classes = RegisteredClasses();
+    const auto Found = std::ranges::find(Classes, Case.Kind, [](const TClassInfo* Info) { return Info->Name(); });
+    ASSERT_NE(Found, Classes.end());
+    auto& Kind = dynamic_cast<TZySeries&>(*(*Found)->Factory()(&Chart.Form));
+    Kind.SetXAxis(Chart.X);
+    Kind.SetYAxis(Chart.Y);
+    std::vector<TZyDoubleVector*> Bound;
+    for (const std::string& Input : Case.Inputs) {
+      const std::string Name = Input.substr(0, Input.find('='));
+      const TPropInfo& Info = *Kind.ClassInfo().FindProperty(Name);
+      if (Name == "Elliptical") {
+        Info.SetOrd(Kind, 1);
+        continue;
+      }
+      auto* const Vector = Chart.AddVector(std::string(Case.Kind) + Name);
+      Vector->SetDataSource(&Source);
+      Vector->SetDataField(Name == "XData" ? "x" : Name == "YData" ? "y" : Input.substr(Input.find('=') + 1));
+      Info.SetObject(Kind, Vector);
+      Bound.push_back(Vector);
+    }
+    Query.Close();
+    Open(
+        "SELECT 2.0 AS x, 4.0 AS y, 1.0 AS a, 0.5 AS b, 3.0 AS l, 5.0 AS h, 0.0 AS t, 0.0 AS v UNION ALL "
+        "SELECT 6.0, 8.0, 2.0, 1.0, 7.0, 9.0, 1.0, 1.0");
+    for (const TZyDoubleVector* Vector : Bound) EXPECT_EQ(Vector->Count(), 2) << Vector->Name();
+    EXPECT_EQ((std::array{Kind.XStart(), Kind.XStop(), Kind.YStart(), Kind.YStop()}),
+              (std::array{Case.XStart, Case.XStop, Case.YStart, Case.YStop}));
+    delete &Kind;
+    for (TZyDoubleVector* Vector : Bound) delete Vector;
+  }
 }
 
 TEST_F(ZyDatabaseVectorTest, AnAxisTakesItsTextsFromAField) {

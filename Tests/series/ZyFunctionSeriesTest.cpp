@@ -177,6 +177,47 @@ TEST_F(ZyFunctionSeriesTest, AverageFollowsItsSettingsAndUndo) {
   EXPECT_FALSE(Average->AutoStart());
 }
 
+/// The transformation of a curve's values takes something away in the middle of the calculation.
+template <class TCurve>
+void TakeAway(int What, int When) {
+  TSampleChart Chart;
+  auto* const Line = Chart.AddSeries<TCurve>("Line", {1, 2, 3, 4, 5, 6, 7}, {1, 2.5, 2.7, 4.2, 5.1, 5.5, 6});
+  auto* const X = Line->XData();
+  auto* const Y = dynamic_cast<TZyDoubleVector*>(Line->YData());
+  int Calls = 0;
+  Line->SetYValueTransformation([&](TObject*, const TZyTransformEventArgs& e) {
+    if (++Calls != When) return e.Value;
+    switch (What) {  // and nothing of the handler itself afterwards, which goes with the series
+      case 0:
+        delete X;
+        break;
+      case 1:
+        delete Line;
+        break;
+      case 2:
+        Y->Clear();
+        break;
+      case 3:
+        delete Chart.X;
+        break;
+      default:
+        delete Y;
+    }
+    return e.Value;
+  });
+  Chart.Paint();
+  Chart.Paint();
+}
+
+TEST_F(ZyFunctionSeriesTest, TransformationsMayTakeAwayWhatIsComputedFrom) {
+  for (int What = 0; What < 5; ++What)
+    for (int When = 1; When < 30; When += 2) {
+      TakeAway<TZyIntegral>(What, When);
+      TakeAway<TZyMovingAverage>(What, When);
+      TakeAway<TZyLinearRegression>(What, When);
+    }
+}
+
 /// What the application would have told and asked its user.
 struct TMessages {
   TMessages() {

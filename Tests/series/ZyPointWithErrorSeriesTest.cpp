@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
+
 #include "graph/SampleChart.h"
 #include "undo/ZyUndoStack.h"
 
@@ -75,6 +78,8 @@ TEST_F(ZyPointWithErrorSeriesTest, RangesIncludeVisibleBars) {
   Series->RangesModified();
   EXPECT_EQ(Ranges(), (TRanges{4, 8, 3, 8})) << "ends at or below 0 do not count, nor do their points in their place";
   EXPECT_TRUE(Series->LeavesScaleOf(*Chart.Y));
+  for (const int i : {0, 1, 2}) YMinus->SetValue(i, 9);
+  EXPECT_EQ(Ranges()[2], 4) << "the points, where no low end counts";
   Series->SetOutliersVisible(true);
   for (TZyDoubleVector* Vector : {XPlus, XMinus, YPlus, YMinus}) delete Vector;
   EXPECT_EQ(Series->DeltaYMinus(), nullptr);
@@ -112,6 +117,22 @@ TEST_F(ZyPointWithErrorSeriesTest, WhatAHandlerLeavesHoldsForThePointsAfter) {
   EXPECT_EQ(Chart.CountOf(Calls, "DrawLine(pen FF00FF00 3, "), 6);
   Series->SetOnGetIndicatorsPen([&](TObject*, TZyPenEventArgs&) { delete Series; });
   EXPECT_EQ(Chart.CountOf(Chart.Calls(), "DrawLine(pen FF808080 1, "), 0);
+}
+
+TEST_F(ZyPointWithErrorSeriesTest, TransformationsMayTakeAwayWhatIsRead) {
+  const std::function<void()> Takes[] = {[&] { Series->SetXAxis(nullptr); }, [&] { YPlus->Clear(); },
+                                         [&] { delete YMinus; }, [&] { delete Series; }};
+  for (const auto& Take : Takes) {
+    Series->SetXAxis(Chart.X);
+    bool IsTaken = false;
+    Series->SetYValueTransformation([&](TObject*, const TZyTransformEventArgs& Args) {
+      if (!std::exchange(IsTaken, true)) Take();
+      return Args.Value;
+    });
+    Chart.Paint();
+    Chart.Paint();
+    EXPECT_TRUE(IsTaken);
+  }
 }
 
 TEST_F(ZyPointWithErrorSeriesTest, ItemsOfLegendsShowSmallBars) {

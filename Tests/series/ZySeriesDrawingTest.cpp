@@ -14,6 +14,7 @@
 #include "graph/SampleChart.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/drawing/ZyRaster.h"
+#include "platform/framework/TPropInfo.h"
 #include "series/ZyFunctionSeries.h"
 #include "series/ZyPointSeries.h"
 
@@ -262,6 +263,30 @@ TEST_F(ZySeriesDrawingTest, HandlersMayFreeTheirSeries) {
     EXPECT_FALSE(Next.RecalculatePoints()) << "drawn all the same";
     delete &Next;
   }
+}
+
+TEST_F(ZySeriesDrawingTest, HandlersMayFreeTheAxis) {
+  std::size_t Kinds = 1;
+  for (std::size_t Kind = 0; Kind < Kinds; ++Kind)
+    for (const bool OfLayout : {false, true}) {
+      TSampleChart Painted;
+      const auto All = Painted.AddOfEachKind("");
+      Kinds = All.size();
+      const auto Free = [&](auto&&...) { delete std::exchange(Painted.Y, nullptr); };
+      All[Kind]->Area().SetVisible(true);
+      for (const TPropInfo* Info : All[Kind]->ClassInfo().Properties())
+        if (Info->Kind == TPropKind::Class && Info->GetObject(*All[Kind]) == nullptr &&
+            Info->ObjectClass().InheritsFrom(TZyCustomDoubleVector::StaticClassInfo()))
+          Info->SetObject(*All[Kind], All[Kind]->YData());
+      if (OfLayout) {
+        Painted.X->SetOnCalculated(Free);
+      } else {
+        All[Kind]->SetOnGetPen(Free);
+        All[Kind]->SetOnGetBrush(Free);
+      }
+      for (int Round = 0; Round < 2; ++Round) Painted.Paint();
+      EXPECT_TRUE(Painted.Y != nullptr || Painted.Graph->RelatedSeries().empty());
+    }
 }
 
 TEST_F(ZySeriesDrawingTest, FindsWhatAPlainSearchFinds) {

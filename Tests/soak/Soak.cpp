@@ -2,9 +2,9 @@
 //
 // One form is edited: objects made, freed and changed, undo and redo, saving and loading. The other one is live: data
 // stream in and out and shrink while it is zoomed and painted, further series, axes and coupled graphs come and go, and
-// handlers throw. After each round everything is undone, or taken out again, and the bytes of both forms and the
-// picture of the live one must be those of the beginning; at the end the memory in use must be that of the first
-// rounds.
+// handlers throw, and free some of them. After each round everything is undone, or taken out again, and the bytes of
+// both forms and the picture of the live one must be those of the beginning; at the end the memory in use must be that
+// of the first rounds.
 
 #include <malloc.h>
 
@@ -161,11 +161,20 @@ class TSoak {
   void Throw() {
     if (Roll(40) == 0) throw TRefusal();
   }
+  /// Throws, or frees what came to the first objects, but for a graph.
+  void ThrowOrFree() {
+    Throw();
+    const auto& List = FLive.Form.Components();
+    const int Others = static_cast<int>(List.size() - FFirst);
+    if (Others == 0 || Roll(40) != 0) return;
+    TComponent* const Gone = List[FFirst + static_cast<std::size_t>(Roll(Others))];
+    if (dynamic_cast<TZyGraph2D*>(Gone) == nullptr) delete Gone;
+  }
   void SetHandler() {
     const int What = Roll(8);
     if (auto* const Axis = AnyOf(All<TZyAxis>())) {
       if (What == 0) Axis->SetOnGetTicks([this](TObject*) { Throw(); });
-      if (What == 1) Axis->SetOnCalculated([this](TObject*) { Throw(); });
+      if (What == 1) Axis->SetOnCalculated([this](TObject*) { ThrowOrFree(); });
       if (What == 2) Axis->SetOnGetScaleLabel([this](auto&&...) { Throw(); });
     }
     if (auto* const Series = AnyOf(All<TZySeries>())) {
@@ -173,7 +182,7 @@ class TSoak {
         Throw();
         return e.Value;
       };
-      const auto Ask = [this](TObject*, auto&) { Throw(); };
+      const auto Ask = [this](TObject*, auto&) { ThrowOrFree(); };
       if (What == 3) Series->SetXValueTransformation(Transform);
       if (What == 4) Series->SetYValueTransformation(Transform);
       if (What == 5) Series->SetOnGetPen(Ask);

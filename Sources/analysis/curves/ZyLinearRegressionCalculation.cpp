@@ -97,7 +97,7 @@ void TZyLinearRegressionCalculation::CalculateWithFixedOffset() {
   });
   DeltaOffset = 0;
   if (SumW > 1) DeltaSlope = std::sqrt(SumOfResiduals / ((SumW - 1) * SumWXX));
-  Probability = Qyy > 0 ? 1 - SumOfResiduals / Qyy : 1;
+  Probability = Qyy > 0 ? 1 - SumOfResiduals / Qyy : SumOfResiduals > 0 ? 0 : 1;
 }
 
 void TZyLinearRegressionCalculation::CalculateWithOffset(int UsedPoints) {

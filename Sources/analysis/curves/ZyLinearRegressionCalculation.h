@@ -26,7 +26,7 @@ class TZyLinearRegressionCalculation : public TZyCalculation {
   double Offset = 1, DeltaOffset = 1;
   double AverageX = 1, AverageY = 1, VarianceX = 1, VarianceY = 1;
   /// The part of the variance of y that the line explains, known as the coefficient of determination. 1 where y does
-  /// not vary.
+  /// not vary, or 0 when a fixed offset keeps the line away from it.
   double Probability = 1;
   /// Pearson's coefficient; 0 with a fixed offset, and 1 where one of the two does not vary.
   double Correlation = 1;

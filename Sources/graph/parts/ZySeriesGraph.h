@@ -35,4 +35,20 @@ class IZySeriesGraph : public IZyAxisGraph {
   virtual bool DrawsUnsmoothed() const = 0;
 };
 
+/// While it lives nothing of a graph is computed; null for none.
+class TZySeriesUpdate {
+ public:
+  explicit TZySeriesUpdate(IZySeriesGraph* Graph) : FGraph(Graph) {
+    if (FGraph != nullptr) FGraph->BeginUpdate();
+  }
+  ~TZySeriesUpdate() {
+    if (FGraph != nullptr) FGraph->EndUpdate();
+  }
+  TZySeriesUpdate(const TZySeriesUpdate&) = delete;
+  TZySeriesUpdate& operator=(const TZySeriesUpdate&) = delete;
+
+ private:
+  IZySeriesGraph* FGraph;
+};
+
 }  // namespace zy

@@ -195,17 +195,19 @@ std::string TSvgBackend::ShapeOf(const Region::TPart& Part) const {
          TransformAttribute("transform", AsQt(Part.Transform) * QTransform::fromTranslate(Offset, Offset));
 }
 
-/// Clips within clips: what lies in all shapes that remain.
-std::string TSvgBackend::ClipOf(const Region& Clip) {
-  std::string Outer;
+/// The groups in which what is drawn under a clip lies, from the outermost: one for each shape that remains, and one
+/// for what is cut out. Clips that are themselves clipped would say the same, but not to every program.
+std::vector<std::string> TSvgBackend::GroupsOf(const Region& Clip) {
+  std::vector<std::string> Result;
   for (const Region::TPart& Part : Clip.Parts()) {
     if (Part.IsExcluded) continue;
     const bool EvenOdd = !Part.IsRect && Part.Path->GetFillMode() == FillModeAlternate;
     const std::string Rule = EvenOdd ? Attribute("clip-rule", "evenodd") : std::string();
-    const std::string Within = Outer.empty() ? Outer : Attribute("clip-path", "url(#" + Outer + ")");
-    Outer = Define("clipPath", Within, "<path" + ShapeOf(Part) + Rule + "/>");
+    const std::string Shape = Define("clipPath", {}, "<path" + ShapeOf(Part) + Rule + "/>");
+    Result.push_back(Attribute("clip-path", "url(#" + Shape + ")"));
   }
-  return Outer;
+  if (const std::string Mask = MaskOf(Clip); !Mask.empty()) Result.push_back(Attribute("mask", "url(#" + Mask + ")"));
+  return Result;
 }
 
 /// A mask that is white but for the shapes that are cut out.
@@ -216,8 +218,10 @@ std::string TSvgBackend::MaskOf(const Region& Clip) {
   for (const Region::TPart& Part : Clip.Parts()) {
     if (!Part.IsExcluded) continue;
     if (Part.Nested != nullptr) {
-      const Region Inner = Part.Nested->Transformed(Part.Transform);
-      Holes += "<rect" + Page + ClipAttributes(Inner) + "/>";
+      std::string Hole = "<rect" + Page + "/>";
+      for (const std::string& Group : GroupsOf(Part.Nested->Transformed(Part.Transform)))
+        Hole = "<g" + Group + ">" + Hole + "</g>";  // whichever of them is the outer one
+      Holes += Hole;
       continue;
     }
     const bool EvenOdd = !Part.IsRect && Part.Path->GetFillMode() == FillModeAlternate;
@@ -228,19 +232,15 @@ std::string TSvgBackend::MaskOf(const Region& Clip) {
                 "<rect" + Page + Attribute("fill", "#ffffff") + "/>" + Holes);
 }
 
-std::string TSvgBackend::ClipAttributes(const Region& Clip) {
-  const std::string Shape = ClipOf(Clip), Mask = MaskOf(Clip);
-  return (Shape.empty() ? Shape : Attribute("clip-path", "url(#" + Shape + ")")) +
-         (Mask.empty() ? Mask : Attribute("mask", "url(#" + Mask + ")"));
-}
-
+/// Outer groups that the new clip has as well stay open.
 void TSvgBackend::UseClip(const Region& Clip) {
   if (Clip == FClip) return;
-  if (FInGroup) FBody += "</g>\n";
   FClip = Clip;
-  const std::string Attributes = ClipAttributes(Clip);
-  FInGroup = !Attributes.empty();
-  if (FInGroup) FBody += "<g" + Attributes + ">\n";
+  std::vector<std::string> Groups = GroupsOf(Clip);
+  const auto Opened = std::ranges::mismatch(Groups, FGroups);
+  for (auto Group = Opened.in2; Group != FGroups.end(); ++Group) FBody += "</g>\n";
+  for (auto Group = Opened.in1; Group != Groups.end(); ++Group) FBody += "<g" + *Group + ">\n";
+  FGroups = std::move(Groups);
 }
 
 void TSvgBackend::Add(const TDrawState& State, std::string_view Element) {

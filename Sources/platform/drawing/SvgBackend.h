@@ -3,6 +3,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/drawing/GraphicsBackend.h"
 
@@ -32,9 +33,8 @@ class TSvgBackend : public TGraphicsBackend {
   void DrawPlain(const TDrawState& State, const Pen& Pen, const GraphicsPath& Path);
   void Add(const TDrawState& State, std::string_view Element);
   void UseClip(const Region& Clip);
-  std::string ClipOf(const Region& Clip);
+  std::vector<std::string> GroupsOf(const Region& Clip);
   std::string MaskOf(const Region& Clip);
-  std::string ClipAttributes(const Region& Clip);
   std::string ShapeOf(const Region::TPart& Part) const;
   std::string PaintOf(const TDrawState& State, float Offset, const Brush& Brush, const RectF& Box,
                       std::string_view Role);
@@ -45,8 +45,8 @@ class TSvgBackend : public TGraphicsBackend {
   std::string FDefinitions;
   std::string FBody;
   std::map<std::string, std::string> FNames;  // of definitions by what they are
-  Region FClip;                               // of the group that is open
-  bool FInGroup = false;
+  Region FClip;                               // of the groups that are open
+  std::vector<std::string> FGroups;           // their attributes
 };
 
 }  // namespace zy
