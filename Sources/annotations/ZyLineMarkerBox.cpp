@@ -1,13 +1,12 @@
 #include "annotations/ZyLineMarkerBox.h"
 
 #include <algorithm>
-#include <cmath>
+
+#include "annotations/ZyMarkerPixels.h"
 
 namespace zy {
 
 namespace {
-
-int ToPixels(float Value) { return static_cast<int>(std::nearbyint(Value)); }
 
 void Move(TRect& Rect, TPoint By) { Rect = {Rect.Left + By.X, Rect.Top + By.Y, Rect.Right + By.X, Rect.Bottom + By.Y}; }
 
@@ -20,6 +19,24 @@ int PlaceAlong(int Third, bool Beyond, float Length, float Extent, int Delta) {
   if (Third == 0) return Beyond ? ToPixels(-Extent - By) : -Delta;
   if (Third == 1) return ToPixels(Length / 2 + By - Extent / 2);
   return ToPixels(Beyond ? Length + By : Length + By - Extent);
+}
+
+/// Top of a caption above, on or below a horizontal line whose strip begins at 0.
+int TopOfUpright(int Row, float Height, int Delta, int Thickness) {
+  const float Half = static_cast<float>(Thickness) / 2;
+  if (Row == 0) return 1 - ToPixels(Height + static_cast<float>(Delta) - Half);
+  if (Row == 2) return Delta + Thickness / 2;
+  const int Room = std::max(ToPixels(Height), Thickness);
+  return -ToPixels(static_cast<float>(Room - Thickness) / 2 + static_cast<float>(Delta));
+}
+
+/// The same of a text that runs upwards.
+int TopOfTurned(int Row, float Height, float Delta, int Thickness) {
+  const float Half = static_cast<float>(Thickness) / 2;
+  const int Away = ToPixels(Half + Delta);
+  if (Row == 0)
+    return Away > 0 ? Thickness - Away - std::max(ToPixels(Height), Thickness) : -ToPixels(Height + Delta - Half);
+  return Row == 1 ? -ToPixels(Height / 2 + Delta) : Away;
 }
 
 }  // namespace
@@ -49,14 +66,14 @@ void TZyLineMarkerBox::PlaceCaption(const TZyLineMarkerLook& Look) {
   if (Look.IsHorizontal) {
     const int Outwards = Column == 1 && Look.IsVertical ? 0 : Look.Delta.X;
     Caption.Left = PlaceAlong(Column, Row == 1, Length, Extent.Width, Outwards);
-    if (Row == 0) Caption.Top = -ToPixels(Extent.Height + Y - Half) + (Look.IsVertical ? 0 : 1);
-    if (Row == 1) Caption.Top = ToPixels(Half - Extent.Height / 2 - Y);
-    if (Row == 2) Caption.Top = Look.IsVertical ? ToPixels(Half + Y) : Look.Delta.Y + Look.Thickness / 2;
+    Caption.Top = Look.IsVertical ? TopOfTurned(Row, Extent.Height, Y, Look.Thickness)
+                                  : TopOfUpright(Row, Extent.Height, Look.Delta.Y, Look.Thickness);
   } else {
     Caption.Top = PlaceAlong(Row, Column == 1, Length, Extent.Height, Look.Delta.Y);
     if (Column == 0) Caption.Left = -ToPixels(Extent.Width + X - Half);
     if (Column == 1) Caption.Left = ToPixels(Half + X - Extent.Width / 2);
-    if (Column == 2) Caption.Left = Look.Delta.X + Look.Thickness / 2;
+    const int Beside = Look.Delta.X + Look.Thickness / 2;
+    if (Column == 2) Caption.Left = Beside > 0 ? Beside : ToPixels(X + Half);
   }
   Caption.Right = Caption.Left + ToPixels(Extent.Width);
   Caption.Bottom = Caption.Top + ToPixels(Extent.Height);

@@ -20,7 +20,8 @@ struct TZyLineMarkerLook {
   int Shadow = 0;           ///< room to the right and below
 };
 
-/// The smallest box around line and caption, and where the two stand in it.
+/// The smallest box around line and caption, and where the two stand in it. The caption goes with its deltas without a
+/// jump, whichever of line and caption reaches further.
 ///
 /// The row of the caption's place says on which side of a horizontal line it stands, the column where along the line;
 /// in the middle row the outer columns stand beyond the ends. For a vertical line rows and columns change their parts.

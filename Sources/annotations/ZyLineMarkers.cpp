@@ -1,9 +1,10 @@
 #include "annotations/ZyLineMarkers.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "annotations/ZyLineMarkerBox.h"
+#include "annotations/ZyMarkerPixels.h"
+#include "persistence/ZyArchive.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
 
@@ -12,24 +13,16 @@ namespace zy {
 using TH = TZyHorizontalMarker;
 using TV = TZyVerticalMarker;
 ZY_PUBLISHED(TZyLineMarker, TZyMovable)
-ZY_PUBLISHED(TZyHorizontalMarker, TZyLineMarker, Published<&TH::Line>("Line"),
-             Published<&TH::YAxis, &TH::SetYAxis>("YAxis", _sMarkerYAxis),
-             Published<&TH::Y, &TH::SetY>("Y", 0.0, _sMarkerY),
+ZY_PUBLISHED(TZyHorizontalMarker, TZyLineMarker, Republished("Line YAxis Y"),
              Published<&TH::CaptionPosition, &TH::SetCaptionPosition>("CaptionPosition", TZyContentAlignment::TopRight,
                                                                       _sMarkersCaptionPosition),
-             Published<&TH::SnappedSeries, &TH::SetSnappedSeries>("SnappedSeries", _sMarkerSnappedSeries),
-             Published<&TH::SnappedIdx, &TH::SnapToIdx>("SnappedIdx", -1))
-ZY_PUBLISHED(TZyVerticalMarker, TZyLineMarker, Published<&TV::Line>("Line"),
-             Published<&TV::XAxis, &TV::SetXAxis>("XAxis", _sMarkerXAxis),
-             Published<&TV::X, &TV::SetX>("X", 0.0, _sMarkerX),
+             Republished("SnappedSeries SnappedIdx"))
+ZY_PUBLISHED(TZyVerticalMarker, TZyLineMarker, Republished("Line XAxis X"),
              Published<&TV::CaptionPosition, &TV::SetCaptionPosition>("CaptionPosition", TZyContentAlignment::TopCenter,
                                                                       _sMarkersCaptionPosition),
-             Published<&TV::SnappedSeries, &TV::SetSnappedSeries>("SnappedSeries", _sMarkerSnappedSeries),
-             Published<&TV::SnappedIdx, &TV::SnapToIdx>("SnappedIdx", -1))
+             Republished("SnappedSeries SnappedIdx"))
 
 namespace {
-
-int ToPixels(float Value) { return static_cast<int>(std::nearbyint(Value)); }
 
 bool IsIn(const TRect& Rect, int X, int Y) {
   return X >= Rect.Left && X < Rect.Right && Y >= Rect.Top && Y < Rect.Bottom;
@@ -55,7 +48,7 @@ void TZyLineMarker::SetHotDelta() {
                               .HasCaption = HasCaption(),
                               .Caption = CaptionSize(),
                               .Border = CaptionB(),
-                              .Delta = FCaptionDelta,
+                              .Delta = ToPixels(FCaptionDelta),
                               .Place = FCaptionPosition,
                               .IsVertical = CaptionVertical(),
                               .Shadow = HasCaption() && HasShadow() ? ShadowExtent : 0});
@@ -116,6 +109,24 @@ void TZyLineMarker::PaintLine(Graphics& Gr) {
 
 bool TZyLineMarker::CMHitTest(int X, int Y) {
   return !HasCaption() || IsIn(FCaptionRect, X, Y) || IsIn(FLineRect, X, Y);
+}
+
+void TZyHorizontalMarker::Fields(TZyArchive& Archive) {
+  TZyLineMarker::Fields(Archive);
+  Archive.Level("Location", [&] {
+    Archive.Reference<&TH::YAxis, &TH::SetYAxis>(*this, "YAxis");
+    Archive.Field<&TH::Y, &TH::SetY>(*this, "Y");
+    Archive.EndRecord();
+  });
+}
+
+void TZyVerticalMarker::Fields(TZyArchive& Archive) {
+  TZyLineMarker::Fields(Archive);
+  Archive.Level("Location", [&] {
+    Archive.Reference<&TV::XAxis, &TV::SetXAxis>(*this, "XAxis");
+    Archive.Field<&TV::X, &TV::SetX>(*this, "X");
+    Archive.EndRecord();
+  });
 }
 
 }  // namespace zy

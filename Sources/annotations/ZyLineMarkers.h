@@ -29,12 +29,14 @@ class TZyLineMarker : public TZyMovable {
 class TZyHorizontalMarker : public TZyLineMarker {
   ZY_CLASS(TZyHorizontalMarker, TZyLineMarker)
   explicit TZyHorizontalMarker(TComponent* Owner = nullptr);
+  void Fields(TZyArchive& Archive) override;
 };
 
 /// A line at a value of an X axis.
 class TZyVerticalMarker : public TZyLineMarker {
   ZY_CLASS(TZyVerticalMarker, TZyLineMarker)
   explicit TZyVerticalMarker(TComponent* Owner = nullptr);
+  void Fields(TZyArchive& Archive) override;
 };
 
 }  // namespace zy

@@ -4,20 +4,17 @@
 #include <cmath>
 
 #include "graph/ZyGraph2D.h"
-#include "graph/shapes/ZyDrawing.h"
-#include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
-#include "series/ZyFunctionSeries.h"
+#include "series/ZySeries.h"
 #include "undo/ZyChange.h"
-#include "undo/ZyUndoGroup.h"
 
 namespace zy {
 
 using T = TZyMovable;
 ZY_PUBLISHED(
-    TZyMovable, TGraphicControl, Published<&T::Caption, &T::SetCaption>("Caption", _sMarkerCaption),
+    TZyMovable, TZyDraggedControl, Published<&T::Caption, &T::SetCaption>("Caption", _sMarkerCaption),
     Published<&T::CaptionVisible, &T::SetCaptionVisible>("CaptionVisible", false, _sMarkerCaptionVisible),
     Published<&T::CaptionVertical, &T::SetCaptionVertical>("CaptionVertical", false, _sMarkerCaptionVertical),
     Published<&T::CaptionDeltaX, &T::SetCaptionDeltaX>("CaptionDeltaX", 0, _sMarkerCaptionDeltaX),
@@ -40,21 +37,24 @@ ZY_PUBLISHED(
                                                                              _sCaptionBackSpaceToBorder),
     Published<&T::CaptionBackRounding, &T::SetCaptionBackRounding>("CaptionBackRounding", 0.0f, _sCaptionBackRounding),
     Published<&T::ParentFont, &T::SetParentFont>("ParentFont", true),
-    Published<&T::Font>("Font").StoredIf<&T::HasOwnFont>())
+    Published<&T::Font, &T::SetFont>("Font", _sMarkerFont).StoredIf<&T::HasOwnFont>(),
+    // Heirs publish what they have of these.
+    Published<&T::Line>("Line").Hidden(), Published<&T::XAxis, &T::SetXAxis>("XAxis", _sMarkerXAxis).Hidden(),
+    Published<&T::X, &T::SetX>("X", 0.0, _sMarkerX).Hidden(),
+    Published<&T::YAxis, &T::SetYAxis>("YAxis", _sMarkerYAxis).Hidden(),
+    Published<&T::Y, &T::SetY>("Y", 0.0, _sMarkerY).Hidden(),
+    Published<&T::SnappedSeries, &T::SetSnappedSeries>("SnappedSeries", _sMarkerSnappedSeries).Hidden(),
+    Published<&T::SnappedIdx, &T::SnapToIdx>("SnappedIdx", -1).Hidden(),
+    Published<&T::SnapsToOne, &T::SetSnapsToOne>("SnapsToOne", false).Hidden())
 
-namespace {
-
-bool IsFunction(const TZySeries* Series) { return dynamic_cast<const TZyFunctionSeries*>(Series) != nullptr; }
-
-}  // namespace
-
-TZyMovable::TZyMovable(TComponent* Owner) : TGraphicControl(Owner), FCaptionRec([this] { FontChanged(); }) {
+TZyMovable::TZyMovable(TComponent* Owner) : TZyDraggedControl(Owner), FCaptionRec([this] { FontChanged(); }) {
   FLine.SetColor(ColorToARGB("ControlText"));
   FBackFrame.SetVisible(false);
   FBackFrame.SetColor(ColorToARGB("WindowFrame"));
   Font().SetFillColor(ColorToARGB("ControlText"));
   Font().OnNeedsResize = [this] { FontChanged(); };
   FCaptionRec.OnVariablesChanged = [this] { Modified(); };
+  SetParentFont(true);
 }
 
 TZyMovable::~TZyMovable() { Destroying(); }
@@ -62,18 +62,18 @@ TZyMovable::~TZyMovable() { Destroying(); }
 // --- Place ----------------------------------------------------------------------------------------------------------
 
 void TZyMovable::SetX(double Value) {
-  if (Change(this, FX, Value, "X", &TZyMovable::Modified)) Tell(FOnMoved);
+  if (Change(this, FX, Value, "X", &TZyMovable::Modified)) TellMoved();
 }
 
 void TZyMovable::SetY(double Value) {
-  if (Change(this, FY, Value, "Y", &TZyMovable::Modified)) Tell(FOnMoved);
+  if (Change(this, FY, Value, "Y", &TZyMovable::Modified)) TellMoved();
 }
 
 void TZyMovable::SetXAxis(TZyAxis* Value) {
   if (Value == FXAxis) return;
   if (FUndo != nullptr) FUndo->PushProperty(this, "XAxis");
   FXAxis = Value;
-  if (FUndo == nullptr && Value != nullptr) SetUndoStack(Value->UndoStack());
+  TakeStackOf(Value);
   Modified();
 }
 
@@ -81,7 +81,20 @@ void TZyMovable::SetYAxis(TZyAxis* Value) {
   if (Value == FYAxis) return;
   if (FUndo != nullptr) FUndo->PushProperty(this, "YAxis");
   FYAxis = Value;
-  if (FUndo == nullptr && Value != nullptr) SetUndoStack(Value->UndoStack());
+  TakeStackOf(Value);
+  Modified();
+}
+
+/// Not while a record is read: nothing of the marker was there before.
+void TZyMovable::TakeStackOf(const TZyAxis* Axis) {
+  if (FUndo == nullptr && Axis != nullptr && !FReadsRecord) SetUndoStack(Axis->UndoStack());
+}
+
+void TZyMovable::StandWith(const TZyMovable& Other) {
+  FXAxis = Other.FXAxis.Get();
+  FYAxis = Other.FYAxis.Get();
+  FX = Other.FX;
+  FY = Other.FY;
   Modified();
 }
 
@@ -90,7 +103,8 @@ void TZyMovable::SetUndoStack(TZyUndoStack* Value) { FUndo.Set(Value); }
 void TZyMovable::SetClipToData(bool Value) { Change(this, FClipToData, Value, "ClipToData", &TZyMovable::Modified); }
 
 void TZyMovable::SetParent(TWinControl* Value) {
-  TGraphicControl::SetParent(Value);
+  if (Value != Parent()) EndDrag(false);
+  TZyDraggedControl::SetParent(Value);
   const auto* const Chart = dynamic_cast<TZyGraph2D*>(Value);
   if (Chart != nullptr && IsDesigning() && !IsLoading() && !IsDestroying()) {
     if (MovesAlongX() && FXAxis == nullptr) SetXAxis(Chart->PrimaryXAxis());
@@ -141,10 +155,11 @@ void TZyMovable::SetHotDelta() {
 
 void TZyMovable::SetBounds(int Left, int Top, int Width, int Height) {
   const bool IsMoved = !FSetting && !IsLoading() && (Left != this->Left() || Top != this->Top());
-  TGraphicControl::SetBounds(Left, Top, Width, Height);
+  TZyDraggedControl::SetBounds(Left, Top, Width, Height);
   if (FSetting || IsLoading()) return;
-  if (IsMoved) TakeHotPoint({Left + FHotDelta.X, Top + FHotDelta.Y});
-  UpdatePosition();
+  if (!IsMoved) return UpdatePosition();
+  TakeHotPoint({Left + FHotDelta.X, Top + FHotDelta.Y});
+  PlaceChanged();
 }
 
 RectF TZyMovable::OuterRect() const {
@@ -162,8 +177,7 @@ RectF TZyMovable::ClipRect() const {
 }
 
 void TZyMovable::CMVisibleChanged() {
-  if (!Visible()) EndDrag(false);
-  TGraphicControl::CMVisibleChanged();
+  TZyDraggedControl::CMVisibleChanged();
   UpdatePosition();
 }
 
@@ -172,276 +186,6 @@ bool TZyMovable::Tell(const TNotifyEvent& Event) {
   const std::uint64_t Alive = LiveHandle();
   if (const TNotifyEvent Handler = Event) Handler(this);
   return FromLiveHandle(Alive) != nullptr;
-}
-
-// --- Drags ----------------------------------------------------------------------------------------------------------
-
-void TZyMovable::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
-  if (FMouseDrag && Parent() != nullptr && Shift == FStartMoveKeys) {
-    EndDrag(true);
-    FDrag.Begin({X, Y});
-    NotePlace();
-    FDragStart = FDragPoint = HotPoint();
-  }
-  TGraphicControl::MouseDown(Button, Shift, X, Y);
-}
-
-void TZyMovable::MouseMove(TShiftState Shift, int X, int Y) {
-  const std::uint64_t Alive = LiveHandle();
-  if (FDrag.IsLost(Shift)) EndDrag(true);
-  if (FromLiveHandle(Alive) == nullptr) return;
-  if (FDrag.IsActive()) {
-    const TPoint Way = FDrag.WayTo({X, Y});
-    MoveDragged({FDragStart.X + Way.X, FDragStart.Y + Way.Y});
-  }
-  if (FromLiveHandle(Alive) != nullptr) TGraphicControl::MouseMove(Shift, X, Y);
-}
-
-void TZyMovable::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
-  const std::uint64_t Alive = LiveHandle();
-  EndDrag(true);
-  if (FromLiveHandle(Alive) != nullptr) TGraphicControl::MouseUp(Button, Shift, X, Y);
-}
-
-void TZyMovable::NotePlace() {
-  FBeforeDrag = {FX, FY, FSnappedIdx};
-  FSeriesBeforeDrag = FSnappedSeries.Get();
-}
-
-void TZyMovable::KeyDown(TKey& Key, TShiftState Shift) {
-  if (Key == vkEscape && FDrag.IsActive()) {
-    Key = 0;
-    return EndDrag(false);
-  }
-  if (!FMouseDrag || Parent() == nullptr) return;
-  const bool Begins = !FDrag.IsActive();
-  if (const auto Way = FDrag.WayOf(Key, Shift)) {
-    if (Begins) {
-      NotePlace();
-      FDragPoint = HotPoint();
-    }
-    Key = 0;
-    MoveDragged({FDragPoint.X + Way->X, FDragPoint.Y + Way->Y});
-  } else if (Key != 0 && Key != vkShift) {
-    EndDrag(true);
-  }
-}
-
-/// The hot point stays in the parent; the drag itself goes on beyond, so that nothing is lost on the way back.
-void TZyMovable::MoveDragged(TPoint DragPoint) {
-  FDragPoint = DragPoint;
-  if (!FSnapToSeries || !SearchSeriesSnap(DragPoint))
-    TakeHotPoint({std::clamp(DragPoint.X, 0, std::max(Parent()->ClientWidth() - 1, 0)),
-                  std::clamp(DragPoint.Y, 0, std::max(Parent()->ClientHeight() - 1, 0))});
-  Modified();
-  Tell(FOnMoving);
-}
-
-/// Returns whether the marker holds on to a point now.
-bool TZyMovable::SearchSeriesSnap(TPoint DragPoint) {
-  FSnappedIdx = -1;
-  const PointF From{static_cast<float>(DragPoint.X), static_cast<float>(DragPoint.Y)};
-  const bool HasX = FXAxis != nullptr && MovesAlongX(), HasY = FYAxis != nullptr && MovesAlongY();
-  if (!HasX && !HasY) return false;
-  TZyNearestPointResult Best;
-  TZySeries* BestSeries = nullptr;
-  const auto Search = [&](TZySeries& Series) {
-    const TZyNearestPointResult Found = HasX && HasY ? Series.NearestPoint(From)
-                                        : HasX       ? Series.NearestX(From.X)
-                                                     : Series.NearestY(From.Y);
-    if (!Found.Found || (Best.Found && !(Found.Distance < Best.Distance))) return;
-    Best = Found;
-    BestSeries = &Series;
-  };
-  if (FSnapToSingleSeries) {
-    if (FSnappedSeries != nullptr) Search(*FSnappedSeries);
-  } else {
-    for (IZyAxisSeries* Item : (HasX ? FXAxis : FYAxis)->RelatedSeries()) {
-      auto* const Series = dynamic_cast<TZySeries*>(Item);
-      if (Series != nullptr && (FSnapToFunctions || !IsFunction(Series))) Search(*Series);
-    }
-    FSnappedSeries = BestSeries;
-  }
-  if (!Best.Found) return false;
-  FSnappedIdx = Best.Index;
-  if (HasX) FX = Best.X;
-  if (HasY) FY = Best.Y;
-  return true;
-}
-
-/// The step is logged with the old place in place. A drag that went nowhere logs nothing.
-void TZyMovable::EndDrag(bool Keeps) {
-  if (!FDrag.IsActive()) return;
-  FDrag.End();
-  const double NewX = FX, NewY = FY;
-  FX = FBeforeDrag.X;
-  FY = FBeforeDrag.Y;
-  if (!Keeps) {
-    FSnappedSeries = FSeriesBeforeDrag.Get();
-    FSnappedIdx = FBeforeDrag.Idx;
-    return Modified();
-  }
-  if (NewX != FX || NewY != FY) {
-    const TZyUndoGroup Group(FUndo, _sMarkerMoved);
-    if (FUndo != nullptr && MovesAlongX()) FUndo->PushProperty(this, "X");
-    if (FUndo != nullptr && MovesAlongY()) FUndo->PushProperty(this, "Y");
-    FX = NewX;
-    FY = NewY;
-  }
-  Tell(FOnMoved);
-}
-
-// --- Snapping -------------------------------------------------------------------------------------------------------
-
-void TZyMovable::SetSnappedSeries(TZySeries* Value) {
-  if (Value == FSnappedSeries && FSnapToSingleSeries == (Value != nullptr)) return;
-  if (FUndo != nullptr) FUndo->PushProperty(this, "SnappedSeries");
-  FSnapToSingleSeries = Value != nullptr;
-  FSnappedSeries = Value;
-  if (IsFunction(Value)) SetSnapToFunctions(true);
-}
-
-void TZyMovable::SetSnapToFunctions(bool Value) {
-  if (Value == FSnapToFunctions) return;
-  if (FUndo != nullptr) FUndo->PushProperty(this, "SnapToFunctions");
-  FSnapToFunctions = Value;
-  if (!Value && IsFunction(FSnappedSeries)) SetSnappedSeries(nullptr);
-}
-
-void TZyMovable::SnapToIdx(int Value) {
-  SetSnappedIdx(Value);
-  TZySeries* const Series = FSnappedSeries;
-  if (Series == nullptr || !FSnapToSeries || FSnappedIdx < 0 || FSnappedIdx >= Series->Count()) return;
-  if (MovesAlongX() && Series->XData() != nullptr) SetX(Series->XData()->GetValue(FSnappedIdx));
-  if (MovesAlongY() && Series->YData() != nullptr) SetY(Series->YData()->GetValue(FSnappedIdx));
-}
-
-void TZyMovable::SnapTo(double X, double Y) {
-  if (MovesAlongX() && std::isfinite(X)) FX = X;
-  if (MovesAlongY() && std::isfinite(Y)) FY = Y;
-  Modified();
-}
-
-// --- Caption --------------------------------------------------------------------------------------------------------
-
-void TZyMovable::SetCaption(const TZyRichCaption& Value) {
-  ChangeBy(this, Caption(), TrimRight(Value), "Caption", [this](const TZyRichCaption& Text) {
-    FCaptionRec.SetCaption(Text);
-    FCaptionOfName.WasSet();
-    Modified();
-  });
-}
-
-void TZyMovable::SetName(const std::string& Value) {
-  TGraphicControl::SetName(Value);
-  FCaptionOfName.Follow(*this, Value);
-}
-
-std::string TZyMovable::AccessibleName() const {
-  return HasCaption() && !FCaptionRec.PlainText().empty() ? FCaptionRec.PlainText() : Name();
-}
-
-void TZyMovable::SetCaptionVisible(bool Value) {
-  Change(this, FCaptionVisible, Value, "CaptionVisible", &TZyMovable::Modified);
-}
-
-void TZyMovable::SetCaptionVertical(bool Value) {
-  Change(this, FCaptionRec.Angle, Value ? 90.0f : 0.0f, "CaptionVertical", &TZyMovable::Modified);
-}
-
-void TZyMovable::SetCaptionDeltaX(int Value) {
-  Change(this, FCaptionDelta.X, Value, "CaptionDeltaX", &TZyMovable::Modified);
-}
-
-void TZyMovable::SetCaptionDeltaY(int Value) {
-  Change(this, FCaptionDelta.Y, Value, "CaptionDeltaY", &TZyMovable::Modified);
-}
-
-void TZyMovable::SetCaptionPosition(TZyContentAlignment Value) {
-  Change(this, FCaptionPosition, Value, "CaptionPosition", &TZyMovable::Modified);
-}
-
-void TZyMovable::SetForeColor(TZyColor Value) {
-  ChangeBy(this, ForeColor(), Value, "ForeColor", [this](TZyColor Color) { Font().SetFillColor(Color); });
-}
-
-void TZyMovable::SetCaptionBackColor(TZyColor Value) {
-  Change(this, FBackColor, Value, "CaptionBackColor", &TZyMovable::Modified);
-}
-
-void TZyMovable::SetEdge(bool& Field, bool Value, const char* PropName) {
-  if (Field == Value) return;
-  const TZyUndoGroup Group(FUndo, TZyUndoStack::LabelOf(*this, PropName));
-  Change(this, Field, Value, PropName, &TZyMovable::Modified);
-  const bool IsRestored = IsLoading() || (FUndo != nullptr && FUndo->Restoring());
-  if (Value && !IsRestored) FBackFrame.SetVisible(false);
-}
-
-void TZyMovable::SetCaptionBackRaised(bool Value) { SetEdge(FBackRaised, Value, "CaptionBackRaised"); }
-
-void TZyMovable::SetCaptionBackLowered(bool Value) { SetEdge(FBackLowered, Value, "CaptionBackLowered"); }
-
-void TZyMovable::SetCaptionBackShadow(bool Value) {
-  Change(this, FBackShadow, Value, "CaptionBackShadow", &TZyMovable::Modified);
-}
-
-void TZyMovable::SetCaptionBackSpaceToBorder(float Value) {
-  Change(this, FBackSpaceToBorder, Value, "CaptionBackSpaceToBorder", &TZyMovable::Modified);
-}
-
-void TZyMovable::SetCaptionBackRounding(float Value) {
-  Change(this, FBackRounding, Value, "CaptionBackRounding", &TZyMovable::Modified);
-}
-
-void TZyMovable::FontChanged() {
-  FMarkerFont.FontChanged();
-  Modified();
-}
-
-void TZyMovable::ParentFontChanged() {
-  TGraphicControl::ParentFontChanged();
-  FMarkerFont.Take();
-}
-
-bool TZyMovable::HasBackground() const {
-  return GetAlpha(FBackColor) > 0 || FBackFrame.Visible() || FBackGradient.Visible();
-}
-
-bool TZyMovable::HasShadow() const {
-  constexpr unsigned LeastAlpha = 200;
-  return HasBackground() && FBackShadow && (GetAlpha(FBackColor) >= LeastAlpha || FBackGradient.Visible());
-}
-
-float TZyMovable::CaptionB() const {
-  return HasBackground() ? static_cast<float>(FCaptionRec.CaptionFont().Size()) * FBackSpaceToBorder * 0.02f : 0;
-}
-
-SizeF TZyMovable::CaptionSize() const {
-  return {FCaptionRec.Width() + 2 * CaptionB(), FCaptionRec.Height() + 2 * CaptionB()};
-}
-
-void TZyMovable::PaintCaption(Graphics& Gr) {
-  if (HasBackground()) {
-    const RectF Client{0, 0, static_cast<float>(Width()), static_cast<float>(Height())};
-    const float Thick = std::max(FBackFrame.Width(), 1.0f);
-    const RectF Box{static_cast<float>(FCaptionRect.Left) + Thick / 2, static_cast<float>(FCaptionRect.Top) + Thick / 2,
-                    static_cast<float>(FCaptionRect.Width()) - 1 - Thick,
-                    static_cast<float>(FCaptionRect.Height()) - 1 - Thick};
-    if (const auto* const Chart = dynamic_cast<const TZyCustomGraph*>(Parent())) {
-      Chart->SetHighQuality(Gr, true);
-    } else {
-      Gr.SetSmoothingMode(SmoothingModeHighQuality);
-    }
-    const auto Shaded = FBackGradient.Visible() ? FBackGradient.GetBrush(Client, 0) : nullptr;
-    const SolidBrush Plain(FBackColor);
-    const auto Outline = FBackFrame.GetPen(Client, 0);
-    Outline->SetWidth(Thick);
-    const Brush& Ground = Shaded != nullptr ? *Shaded : static_cast<const Brush&>(Plain);
-    const float Rounding = std::fabs(static_cast<float>(FCaptionRec.CaptionFont().Size()) * FBackRounding * 0.02f);
-    if (Box.Width > 0 && Box.Height > 0)
-      DrawRoundRect(Gr, Ground, *Outline, Box, Rounding, FBackFrame.Visible(), HasShadow(), FBackRaised, FBackLowered);
-  }
-  FCaptionRec.PaintGr(Gr);
 }
 
 /// What no heir paints is a cross.

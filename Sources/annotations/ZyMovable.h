@@ -2,14 +2,13 @@
 
 #include <algorithm>
 
-#include "annotations/ZyControlDrag.h"
+#include "annotations/ZyDraggedControl.h"
 #include "annotations/captions/ZyCaptionOfName.h"
 #include "annotations/captions/ZyParentFont.h"
 #include "annotations/captions/ZyRichCaption.h"
 #include "axes/ZyAxis.h"
 #include "graph/parts/ZyGraphParts.h"
 #include "graph/styles/ZyLineSettings.h"
-#include "platform/controls/TGraphicControl.h"
 #include "series/ZySeries.h"
 #include "undo/ZyUndoLink.h"
 
@@ -19,12 +18,11 @@ namespace zy {
 ///
 /// X and Y are values of the axes, or pixels of the parent in a direction without axis. They stay as they are whatever
 /// the axes do: the marker follows them. A drag by mouse, or by the arrow keys once the marker was clicked or reached
-/// by the tabulator key, is one step of undo, logged when it ends; Escape, and hiding the marker meanwhile, gives the
-/// old place back. The marker lies above the picture of the graph, so that a move paints nothing but the marker.
+/// by the tabulator key, is one step of undo, logged when it ends, with the point that the marker held on to before.
 ///
 /// An heir says how large it is (SetHotDelta), paints itself (PaintGr), and publishes what it has.
-class TZyMovable : public TGraphicControl, public IZyGraphMarker, public IZySnappingMarker {
-  ZY_CLASS(TZyMovable, TGraphicControl)
+class TZyMovable : public TZyDraggedControl, public TZyRecord, public IZyGraphMarker, public IZySnappingMarker {
+  ZY_CLASS(TZyMovable, TZyDraggedControl)
   ~TZyMovable() override;
 
   double X() const { return FX; }
@@ -33,10 +31,10 @@ class TZyMovable : public TGraphicControl, public IZyGraphMarker, public IZySnap
   virtual void SetY(double Value);
   /// The marker takes over the undo stack of its first axis.
   TZyAxis* XAxis() const { return FXAxis; }
-  void SetXAxis(TZyAxis* Value);
+  virtual void SetXAxis(TZyAxis* Value);
   TZyAxis* YAxis() const { return FYAxis; }
-  void SetYAxis(TZyAxis* Value);
-  TZySimpleLineSettings& Line() { return FLine; }
+  virtual void SetYAxis(TZyAxis* Value);
+  virtual TZySimpleLineSettings& Line() { return FLine; }
   /// Whether nothing is shown outside the data area.
   bool ClipToData() const { return FClipToData; }
   virtual void SetClipToData(bool Value);
@@ -54,9 +52,11 @@ class TZyMovable : public TGraphicControl, public IZyGraphMarker, public IZySnap
   bool SnapToFunctions() const { return FSnapToFunctions; }
   /// False drops a function as SnappedSeries.
   void SetSnapToFunctions(bool Value);
-  TZySeries* SnappedSeries() const override { return FSnappedSeries; }
+  /// The one that was set or, while none is, the one that the last drag found.
+  TZySeries* SnappedSeries() const { return FSnappedSeries; }
   /// A function sets SnapToFunctions.
   void SetSnappedSeries(TZySeries* Value);
+  TZySeries* LinkedSeries() const override { return FSnapToSeries ? FSnappedSeries.Get() : nullptr; }
   int SnappedIdx() const override { return FSnappedIdx; }
   void SetSnappedIdx(int Value) override { FSnappedIdx = std::max(Value, -1); }
   /// SetSnappedIdx, and with SnapToSeriesValues moves to the point, if the series has it.
@@ -81,7 +81,10 @@ class TZyMovable : public TGraphicControl, public IZyGraphMarker, public IZySnap
   /// Fill colour of the caption's font.
   TZyColor ForeColor() const { return FCaptionRec.CaptionFont().FillColor(); }
   void SetForeColor(TZyColor Value);
+  /// That of the parent until it is changed. SetFont logs the old one as one step; who changes the font itself pushes
+  /// it before (TZyFont::PushToUndoStack).
   TZyFont& Font() { return FCaptionRec.CaptionFont(); }
+  void SetFont(const TZyFont& Value);
   TZyColor CaptionBackColor() const { return FBackColor; }
   void SetCaptionBackColor(TZyColor Value);
   TZyGradientSettings& CaptionBackGradient() { return FBackGradient; }
@@ -117,12 +120,10 @@ class TZyMovable : public TGraphicControl, public IZyGraphMarker, public IZySnap
   void SetAutoSize(bool) override {}
   void SetParent(TWinControl* Value) override;
   void SetName(const std::string& Value) override;
-  void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
-  void MouseMove(TShiftState Shift, int X, int Y) override;
-  void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
-  void KeyDown(TKey& Key, TShiftState Shift) override;
   bool TakesKeys() const override { return FMouseDrag; }
   std::string AccessibleName() const override;
+
+  void Fields(TZyArchive& Archive) override;
 
  protected:
   explicit TZyMovable(TComponent* Owner);
@@ -135,6 +136,19 @@ class TZyMovable : public TGraphicControl, public IZyGraphMarker, public IZySnap
   /// Left or top of the control for a hot point; a line that spans the data area has its own.
   virtual TPoint CornerFor(TPoint HotPoint) const { return {HotPoint.X - FHotDelta.X, HotPoint.Y - FHotDelta.Y}; }
   virtual void Modified();
+  /// X or Y changed otherwise than by their setters.
+  virtual void PlaceChanged() { Modified(); }
+  /// Tell the events; they may free the marker.
+  virtual void TellMoving() { Tell(FOnMoving); }
+  virtual void TellMoved() { Tell(FOnMoved); }
+  /// Returns whether the marker is still there.
+  bool Tell(const TNotifyEvent& Event);
+  /// Stands on the axes and at the values of another marker, without a step of undo and without telling anybody.
+  void StandWith(const TZyMovable& Other);
+  /// The settings that are stored of the caption's place: one of nine around the line, unless an heir has its own.
+  virtual void CaptionPlaceField(TZyArchive& Archive);
+  /// Axes and values of a marker with both.
+  void PlaceFields(TZyArchive& Archive);
 
   bool HasCaption() const { return FCaptionVisible && !Caption().empty(); }
   bool HasBackground() const;
@@ -147,8 +161,6 @@ class TZyMovable : public TGraphicControl, public IZyGraphMarker, public IZySnap
   RectF ClipRect() const;
   void PaintCaption(Graphics& Gr);
   void Paint(Graphics& Gr) override { PaintGr(Gr); }
-  bool InOverlay() const override { return true; }
-  void Deactivated() override { EndDrag(true); }
   void CMVisibleChanged() override;
   void ParentFontChanged() override;
 
@@ -157,21 +169,33 @@ class TZyMovable : public TGraphicControl, public IZyGraphMarker, public IZySnap
   TRect FLineRect, FCaptionRect;
   TPoint FSize, FHotDelta, FCaptionDelta;
   TZyContentAlignment FCaptionPosition = TZyContentAlignment::TopLeft;
+  bool FCaptionVisible = false;
+
+  bool StartsBy(TShiftState Shift) const override { return FMouseDrag && Shift == FStartMoveKeys; }
+  void DragBegins() override;
+  void DragTo(TPoint Way) override;
+  void DragEnds(bool Keeps) override;
+  void BeginRead() override { FReadsRecord = true; }
+  void EndRead() override;
 
  private:
-  /// What a drag changes.
+  /// What a drag changes, but for the series.
   struct TPlace {
     double X = 0, Y = 0;
     int Idx = -1;
+    bool operator==(const TPlace&) const = default;
   };
 
   TPoint HotPoint() const;
   void TakeHotPoint(TPoint Value);
-  void MoveDragged(TPoint DragPoint);
   bool SearchSeriesSnap(TPoint DragPoint);
-  void NotePlace();
-  void EndDrag(bool Keeps);
-  bool Tell(const TNotifyEvent& Event);
+  void LoseSeries(TZySeries*);
+  bool SnapsToOne() const { return FSnapToSingleSeries; }
+  void SetSnapsToOne(bool Value) { FSnapToSingleSeries = Value; }
+  void TakeStackOf(const TZyAxis* Axis);
+  void SnapFields(TZyArchive& Archive);
+  void CaptionFields(TZyArchive& Archive);
+  void BackgroundFields(TZyArchive& Archive);
   void FontChanged();
   void SetEdge(bool& Field, bool Value, const char* PropName);
 
@@ -182,7 +206,7 @@ class TZyMovable : public TGraphicControl, public IZyGraphMarker, public IZySnap
   TZyCaptionOfName FCaptionOfName;
   TZyParentFont FMarkerFont{*this, FCaptionRec.CaptionFont()};
   TRef<TZyAxis> FXAxis{this, &TZyMovable::SetXAxis}, FYAxis{this, &TZyMovable::SetYAxis};
-  TRef<TZySeries> FSnappedSeries{this};
+  TRef<TZySeries> FSnappedSeries{this, &TZyMovable::LoseSeries};
   double FX = 0, FY = 0;
   int FSnappedIdx = -1;
   bool FClipToData = true;
@@ -191,16 +215,14 @@ class TZyMovable : public TGraphicControl, public IZyGraphMarker, public IZySnap
   bool FSnapToFunctions = true;
   bool FMouseDrag = true;
   bool FSetting = false;  // the bounds are the marker's own doing
-  bool FCaptionVisible = false;
+  bool FReadsRecord = false;
   bool FBackRaised = false, FBackLowered = false, FBackShadow = false;
   float FBackSpaceToBorder = 40, FBackRounding = 0;
   TZyColor FBackColor = Colors::Transparent;
   TShiftState FStartMoveKeys{ssLeft};
-  TZyControlDrag FDrag{*this};
   TPlace FBeforeDrag;
   TRef<TZySeries> FSeriesBeforeDrag{this};
   TPoint FDragStart;  // hot point when the drag began
-  TPoint FDragPoint;  // where the drag would put it, before snapping
   TNotifyEvent FOnMoving, FOnMoved;
 };
 

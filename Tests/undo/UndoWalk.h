@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "annotations/ZyCrossHair.h"
 #include "annotations/ZyLegend.h"
 #include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
@@ -32,6 +33,7 @@ class TUndoForm {
       Series->SetUndoStack(&Stack);
       if (Series->ClassInfo().FindProperty("XAxis") == nullptr) Series->SetXAxis(nullptr);  // it would not be stored
     }
+    for (TZyMovable* Marker : Chart.AddMarkers("")) Marker->SetUndoStack(&Stack);
     Sample.SetName("Sample");
     Sample.MakePart();
     for (TSample* const Part : {&Sample, Sample.Part()})
@@ -52,6 +54,8 @@ class TUndoForm {
     Collect(*Sample.Part(), Result);
     for (TComponent* Component : Form.Components())
       if (dynamic_cast<TZyDoubleVector*>(Component) == nullptr && Component != &Stack) Collect(*Component, Result);
+    for (TComponent* Component : Form.Components())
+      if (auto* const Cross = dynamic_cast<TZyCrossHair*>(Component)) Collect(*Cross->HorizontalMarker(), Result);
     return Result;
   }
 
@@ -169,7 +173,9 @@ class TUndoWalk : public TUndoForm {
     std::vector<const TClassInfo*> Kinds{&TZyAxis::StaticClassInfo(), &TZyDoubleVector::StaticClassInfo(),
                                          &TZyLegend::StaticClassInfo()};
     for (const TClassInfo* Info : RegisteredClasses())
-      if (Info->Factory() != nullptr && Info->InheritsFrom(TZySeries::StaticClassInfo())) Kinds.push_back(Info);
+      if (Info->Factory() != nullptr &&
+          (Info->InheritsFrom(TZySeries::StaticClassInfo()) || Info->InheritsFrom(TZyMovable::StaticClassInfo())))
+        Kinds.push_back(Info);
     const TZyUndoGroup Group(&Stack, "new");
     auto* const Component = dynamic_cast<TComponent*>(AnyOf(Kinds)->Factory()(&Form));
     Component->SetName("New" + std::to_string(++FMade));
@@ -181,6 +187,10 @@ class TUndoWalk : public TUndoForm {
     if (auto* const Made = dynamic_cast<TZyLegend*>(Component)) {
       Made->SetUndoStack(&Stack);
       if (!Graphs().empty()) Made->SetParent(AnyOf(Graphs()));
+    }
+    if (auto* const Marker = dynamic_cast<TZyMovable*>(Component)) {
+      Marker->SetUndoStack(&Stack);
+      if (!Graphs().empty()) Marker->SetParent(AnyOf(Graphs()));
     }
     if (auto* const Series = dynamic_cast<TZySeries*>(Component)) {
       Series->SetUndoStack(&Stack);
