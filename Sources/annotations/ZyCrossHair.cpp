@@ -108,6 +108,8 @@ void TZyCrossHair::Modified() {
 
 /// One step for all three.
 void TZyCrossHair::SetClipToData(bool Value) {
+  const auto IsSo = [Value](const TZyLineMarker* Line) { return Line == nullptr || Line->ClipToData() == Value; };
+  if (Value == ClipToData() && IsSo(FHorizontal) && IsSo(FVertical)) return;
   const TZyUndoGroup Group(UndoStack(), TZyUndoStack::LabelOf(*this, "ClipToData"));
   for (TZyLineMarker* Line : Lines())
     if (Line != nullptr) Line->SetClipToData(Value);

@@ -38,6 +38,9 @@ ZY_PUBLISHED(
     Published<&T::CaptionBackRounding, &T::SetCaptionBackRounding>("CaptionBackRounding", 0.0f, _sCaptionBackRounding),
     Published<&T::ParentFont, &T::SetParentFont>("ParentFont", true),
     Published<&T::Font, &T::SetFont>("Font", _sMarkerFont).StoredIf<&T::HasOwnFont>(),
+    // The bounds follow from what is shown.
+    Published<&T::Left, &T::SetLeft>("Left").NotStored(), Published<&T::Top, &T::SetTop>("Top").NotStored(),
+    Published<&T::Width, &T::SetWidth>("Width").NotStored(), Published<&T::Height, &T::SetHeight>("Height").NotStored(),
     // Heirs publish what they have of these.
     Published<&T::Line>("Line").Hidden(), Published<&T::XAxis, &T::SetXAxis>("XAxis", _sMarkerXAxis).Hidden(),
     Published<&T::X, &T::SetX>("X", 0.0, _sMarkerX).Hidden(),

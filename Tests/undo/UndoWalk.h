@@ -33,7 +33,7 @@ class TUndoForm {
       Series->SetUndoStack(&Stack);
       if (Series->ClassInfo().FindProperty("XAxis") == nullptr) Series->SetXAxis(nullptr);  // it would not be stored
     }
-    for (TZyMovable* Marker : Chart.AddMarkers("")) Marker->SetUndoStack(&Stack);
+    for (TZyMovable* Marker : Chart.AddMarkers("")) UseMarker(*Marker);
     Sample.SetName("Sample");
     Sample.MakePart();
     for (TSample* const Part : {&Sample, Sample.Part()})
@@ -114,6 +114,13 @@ class TUndoForm {
     Chart.AddSeries("Lower", {1, 2, 3}, {5, 4, 6})->SetYAxis(Axis);
   }
 
+  /// As with the font of the graph.
+  void UseMarker(TZyMovable& Marker) {
+    Marker.SetParentFont(false);
+    if (auto* const Cross = dynamic_cast<TZyCrossHair*>(&Marker)) Cross->HorizontalMarker()->SetParentFont(false);
+    Marker.SetUndoStack(&Stack);
+  }
+
   TSampleChart Chart;
   TForm& Form = Chart.Form;
   TZyLegend* Legend = new TZyLegend(&Form);
@@ -189,7 +196,7 @@ class TUndoWalk : public TUndoForm {
       if (!Graphs().empty()) Made->SetParent(AnyOf(Graphs()));
     }
     if (auto* const Marker = dynamic_cast<TZyMovable*>(Component)) {
-      Marker->SetUndoStack(&Stack);
+      UseMarker(*Marker);
       if (!Graphs().empty()) Marker->SetParent(AnyOf(Graphs()));
     }
     if (auto* const Series = dynamic_cast<TZySeries*>(Component)) {
