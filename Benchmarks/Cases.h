@@ -142,5 +142,7 @@ std::span<const TCase> KindCases();
 std::span<const TCase> CurveCases();
 /// Those of legends.
 std::span<const TCase> LegendCases();
+/// Those of markers.
+std::span<const TCase> MarkerCases();
 
 }  // namespace zy::cases

@@ -138,6 +138,12 @@ void TZyCrossHair::CMVisibleChanged() {
     if (Line != nullptr) Line->SetVisible(Visible());
 }
 
+void TZyCrossHair::CMEnabledChanged() {
+  TZyMovable::CMEnabledChanged();
+  for (TZyLineMarker* Line : Lines())
+    if (Line != nullptr) Line->SetEnabled(Enabled());
+}
+
 void TZyCrossHair::SetCaptionPosition(TZyXHairCaptionPosition Value) {
   Change(this, FCaptionQuadrant, Value, "CaptionPosition", &TZyCrossHair::Modified);
 }

@@ -41,6 +41,7 @@ class TZyCrossHair : public TZyMovable {
   void SetHotDelta() override;
   void Modified() override;
   void CMVisibleChanged() override;
+  void CMEnabledChanged() override;
   void CaptionPlaceField(TZyArchive& Archive) override;
 
  private:

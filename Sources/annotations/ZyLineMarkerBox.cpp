@@ -14,11 +14,12 @@ int ColumnOf(TZyContentAlignment Place) { return static_cast<int>(Place) % 3; }
 int RowOf(TZyContentAlignment Place) { return static_cast<int>(Place) / 3; }
 
 /// Left or top end of a caption along a line from 0 on; Beyond says that it stands past the ends.
-int PlaceAlong(int Third, bool Beyond, float Length, float Extent, int Delta) {
-  const auto By = static_cast<float>(Delta);
-  if (Third == 0) return Beyond ? ToPixels(-Extent - By) : -Delta;
+int PlaceAlong(const TZyLineMarkerLook& Look, int Third, bool Beyond, float Extent, int Delta) {
+  const auto By = static_cast<float>(Delta), Length = static_cast<float>(Look.Length);
   if (Third == 1) return ToPixels(Length / 2 + By - Extent / 2);
-  return ToPixels(Beyond ? Length + By : Length + By - Extent);
+  if (!Beyond) return Third == 0 ? -Delta : ToPixels(Length + By - Extent);
+  if (Third == 0) return std::max(ToPixels(-Extent - By), -Look.Before);
+  return std::min(ToPixels(Length + By), Look.Length + Look.After - ToPixels(Extent));
 }
 
 /// Top of a caption above, on or below a horizontal line whose strip begins at 0.
@@ -61,15 +62,14 @@ void TZyLineMarkerBox::PlaceCaption(const TZyLineMarkerLook& Look) {
   const SizeF Extent = Look.IsVertical ? SizeF{Look.Caption.Height, Look.Caption.Width} : Look.Caption;
   const int Column = ColumnOf(Look.Place), Row = RowOf(Look.Place);
   const float Half = static_cast<float>(Look.Thickness) / 2;
-  const auto Length = static_cast<float>(Look.Length);
   const auto X = static_cast<float>(Look.Delta.X), Y = static_cast<float>(Look.Delta.Y);
   if (Look.IsHorizontal) {
     const int Outwards = Column == 1 && Look.IsVertical ? 0 : Look.Delta.X;
-    Caption.Left = PlaceAlong(Column, Row == 1, Length, Extent.Width, Outwards);
+    Caption.Left = PlaceAlong(Look, Column, Row == 1, Extent.Width, Outwards);
     Caption.Top = Look.IsVertical ? TopOfTurned(Row, Extent.Height, Y, Look.Thickness)
                                   : TopOfUpright(Row, Extent.Height, Look.Delta.Y, Look.Thickness);
   } else {
-    Caption.Top = PlaceAlong(Row, Column == 1, Length, Extent.Height, Look.Delta.Y);
+    Caption.Top = PlaceAlong(Look, Row, Column == 1, Extent.Height, Look.Delta.Y);
     if (Column == 0) Caption.Left = -ToPixels(Extent.Width + X - Half);
     if (Column == 1) Caption.Left = ToPixels(Half + X - Extent.Width / 2);
     const int Beside = Look.Delta.X + Look.Thickness / 2;

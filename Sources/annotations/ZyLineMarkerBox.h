@@ -18,6 +18,9 @@ struct TZyLineMarkerLook {
   TZyContentAlignment Place = TZyContentAlignment::TopRight;
   bool IsVertical = false;  ///< the text runs upwards
   int Shadow = 0;           ///< room to the right and below
+  /// From the ends of the line to the edges of the parent. A caption beyond an end stays within them, on the line if it
+  /// must.
+  int Before = 1 << 22, After = 1 << 22;
 };
 
 /// The smallest box around line and caption, and where the two stand in it. The caption goes with its deltas without a

@@ -5,6 +5,7 @@
 #include "annotations/ZyLineMarkerBox.h"
 #include "annotations/ZyMarkerPixels.h"
 #include "persistence/ZyArchive.h"
+#include "platform/controls/TWinControl.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
 
@@ -42,8 +43,11 @@ TZyLineMarker::TZyLineMarker(TComponent* Owner, bool IsHorizontal) : TZyMovable(
 void TZyLineMarker::SetHotDelta() {
   constexpr int LeastThickness = 5;
   const RectF Outer = OuterRect();
+  const int Before = ToPixels(FIsHorizontal ? Outer.X : Outer.Y);
+  const int Length = ToPixels(FIsHorizontal ? Outer.Width : Outer.Height);
+  const int Room = Parent() == nullptr ? Length : FIsHorizontal ? Parent()->ClientWidth() : Parent()->ClientHeight();
   const TZyLineMarkerBox Box({.IsHorizontal = FIsHorizontal,
-                              .Length = ToPixels(FIsHorizontal ? Outer.Width : Outer.Height),
+                              .Length = Length,
                               .Thickness = std::max(LeastThickness, ToPixels(Line().Width())),
                               .HasCaption = HasCaption(),
                               .Caption = CaptionSize(),
@@ -51,7 +55,9 @@ void TZyLineMarker::SetHotDelta() {
                               .Delta = ToPixels(FCaptionDelta),
                               .Place = FCaptionPosition,
                               .IsVertical = CaptionVertical(),
-                              .Shadow = HasCaption() && HasShadow() ? ShadowExtent : 0});
+                              .Shadow = HasCaption() && HasShadow() ? ShadowExtent : 0,
+                              .Before = Before,
+                              .After = Room - Before - Length});
   FLineRect = Box.Line;
   FCaptionRect = Box.Caption;
   FCaptionRec.X = Box.Anchor.X;

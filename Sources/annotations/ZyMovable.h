@@ -102,7 +102,12 @@ class TZyMovable : public TZyDraggedControl, public TZyRecord, public IZyGraphMa
   float CaptionBackRounding() const { return FBackRounding; }
   void SetCaptionBackRounding(float Value);
 
-  /// Told while a drag moves the marker, and when it was moved otherwise or a drag ended. Handlers may free the marker.
+  /// Goes where a drag to a place of the parent, in pixels, would put the marker, snapping included: to follow the
+  /// mouse. No step of undo. Nothing during a drag, and without a parent.
+  void MoveTo(TPoint Place);
+
+  /// Told while a drag, or MoveTo, moves the marker, and when it was moved otherwise or a drag ended. Handlers may free
+  /// the marker.
   const TNotifyEvent& OnMarkerMoving() const { return FOnMoving; }
   void SetOnMarkerMoving(TNotifyEvent Value) { FOnMoving = std::move(Value); }
   const TNotifyEvent& OnMarkerMoved() const { return FOnMoved; }

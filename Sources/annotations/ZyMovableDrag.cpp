@@ -36,6 +36,12 @@ void TZyMovable::DragTo(TPoint Way) {
   TellMoving();
 }
 
+void TZyMovable::MoveTo(TPoint Place) {
+  if (IsDragged() || Parent() == nullptr) return;
+  FDragStart = {};
+  DragTo(Place);
+}
+
 /// Returns whether the marker holds on to a point now.
 bool TZyMovable::SearchSeriesSnap(TPoint DragPoint) {
   FSnappedIdx = -1;

@@ -64,6 +64,23 @@ TEST(ZyMarkerBoxesTest, LineMarkersAndTheirCaptionsAtEachPlace) {
   }
 }
 
+TEST(ZyMarkerBoxesTest, CaptionsBeyondAnEndStayInTheParent) {
+  const auto BoxOf = [](bool IsHorizontal, TZyContentAlignment Place) {
+    return TZyLineMarkerBox({.IsHorizontal = IsHorizontal,
+                             .Length = 200,
+                             .HasCaption = true,
+                             .Caption = {60, 20},
+                             .Delta = {},
+                             .Place = Place,
+                             .Before = 12,
+                             .After = 7});
+  };
+  EXPECT_EQ(Text(BoxOf(true, MiddleLeft).Line), "12,8 212,13");
+  EXPECT_EQ(Text(BoxOf(true, MiddleRight).Caption), "147,0 207,20");
+  EXPECT_EQ(Text(BoxOf(false, TopCenter).Line), "28,12 33,212");
+  EXPECT_EQ(Text(BoxOf(false, BottomCenter).Caption), "0,187 60,207");
+}
+
 TEST(ZyMarkerBoxesTest, HandlesOfCrossHairs) {
   using enum TZyXHairCaptionPosition;
   const struct {
