@@ -14,6 +14,8 @@
 #include "graph/ZyGraph2D.h"
 #include "graph/ZyImageFileNames.h"
 #include "graph/shapes/ZyDrawing.h"
+#include "looks/ZyLook.h"
+#include "looks/ZyPaletteLook.h"
 #include "persistence/ZyArchive.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TClipboard.h"

@@ -8,6 +8,7 @@
 
 #include "common/CsvFile.h"
 #include "graph/ZyGraph2D.h"
+#include "looks/ZyLook.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
 #include "platform/drawing/Bitmap.h"
@@ -32,31 +33,17 @@ TZyGraph2D& MakeChart(TForm& Form, const examples::TCsvFile& Prices) {
   auto* const Graph = new TZyGraph2D(&Form);
   Graph->SetParent(&Form);
   Graph->SetBounds(0, 0, Form.ClientWidth(), Form.ClientHeight());
-  Graph->SetBackColor(Colors::White);
   Graph->SetCaption("S&P 500, daily closing prices");
   Graph->SetCaptionVisible(true);
-  Graph->SetCaptionDistanceBefore(12);
-  Graph->SetCaptionDistanceAfter(8);
-  Graph->Font().SetSize(16);
-  Graph->SetDistanceBorderAxisLeft(8);
-  Graph->SetDistanceBorderAxisRight(24);
-  Graph->SetDistanceBorderAxisBottom(8);
-  Graph->MajorGridHorizontal().SetVisible(true);
-  Graph->MajorGridHorizontal().SetColor(0xFFD0D0D0);
   Graph->TestPrimaryAxis();
   Graph->PrimaryXAxis()->SetCaption("Year");
   Graph->PrimaryYAxis()->SetCaption("Index points");
-  for (TZyAxis* Axis : Graph->Axes()) {
-    Axis->SetDistanceAxisLabels(4);
-    Axis->SetDistanceNumbersCaption(8);
-  }
 
   auto* const Series = new TZyLineSeries(&Form);
   Series->SetXData(Years);
   Series->SetYData(Closes);
-  Series->SetXAxis(Graph->PrimaryXAxis());
-  Series->SetYAxis(Graph->PrimaryYAxis());
-  Series->Line().SetColor(Colors::DarkBlue);
+  Graph->AddSeries(*Series);
+  ApplyLook(*Graph, TZyLook::Light());
   return *Graph;
 }
 

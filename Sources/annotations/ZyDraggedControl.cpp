@@ -7,6 +7,11 @@ namespace zy {
 
 ZY_PUBLISHED(TZyDraggedControl, TGraphicControl)
 
+void TZyDraggedControl::SetParent(TWinControl* Value) {
+  if (Value != Parent()) EndDrag(false);
+  TGraphicControl::SetParent(Value);
+}
+
 void TZyDraggedControl::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
   const std::uint64_t Alive = LiveHandle();
   if (Parent() != nullptr && StartsBy(Shift)) {

@@ -106,7 +106,6 @@ void TZyMovable::SetUndoStack(TZyUndoStack* Value) { FUndo.Set(Value); }
 void TZyMovable::SetClipToData(bool Value) { Change(this, FClipToData, Value, "ClipToData", &TZyMovable::Modified); }
 
 void TZyMovable::SetParent(TWinControl* Value) {
-  if (Value != Parent()) EndDrag(false);
   TZyDraggedControl::SetParent(Value);
   const auto* const Chart = dynamic_cast<TZyGraph2D*>(Value);
   if (Chart != nullptr && IsDesigning() && !IsLoading() && !IsDestroying()) {

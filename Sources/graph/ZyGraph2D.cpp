@@ -214,6 +214,33 @@ bool TZyGraph2D::AddRelatedSeries(TZySeries* Series) {
   return FRelatedSeries.Add(Series);
 }
 
+void TZyGraph2D::AddSeries(TZySeries& Series) {
+  TestPrimaryAxis();
+  if (Series.XAxis() == nullptr && Series.YAxis() == nullptr) return Series.SetDefaultAxis(*this);
+  if (Series.XAxis() == nullptr) Series.SetXAxis(FPrimaryXAxis);
+  if (Series.YAxis() == nullptr) Series.SetYAxis(FPrimaryYAxis);
+}
+
+std::vector<std::string> TZyGraph2D::Diagnose() {
+  TestPrimaryAxis();
+  BringUpToDate();
+  std::vector<std::string> Result;
+  const std::string OwnName = Name().empty() ? std::string(ClassInfo().Name()) : Name();
+  const auto Take = [&Result](const TZySeries& Series) {
+    if (std::string Reason = Series.Diagnose(); !Reason.empty()) Result.push_back(std::move(Reason));
+  };
+  const float Right = std::min<float>(FDrawingArea.X + FDrawingArea.Width, static_cast<float>(Width()));
+  const float Bottom = std::min<float>(FDrawingArea.Y + FDrawingArea.Height, static_cast<float>(Height()));
+  if (Right - std::max(FDrawingArea.X, 0.0f) < 2 || Bottom - std::max(FDrawingArea.Y, 0.0f) < 2)
+    Result.push_back(Format(LoadResString(_sDiagNoRoom), {OwnName, Width(), Height()}));
+  if (FRelatedSeries.empty()) Result.push_back(Format(LoadResString(_sDiagNoSeries), {OwnName}));
+  for (const TZySeries* Series : FRelatedSeries) Take(*Series);
+  for (TComponent* Each : Owner() == nullptr ? Components() : Owner()->Components())
+    if (const auto* const Series = dynamic_cast<TZySeries*>(Each); Series != nullptr && !Series->HasGraph())
+      Take(*Series);
+  return Result;
+}
+
 void TZyGraph2D::BoundsChanged() {
   if (FPrimaryYAxis != nullptr) FPrimaryYAxis->CheckResize();
   if (FPrimaryXAxis != nullptr) FPrimaryXAxis->CheckResize();

@@ -195,6 +195,12 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   /// was new.
   const TRefList<TZySeries>& RelatedSeries() const { return FRelatedSeries; }
   bool AddRelatedSeries(TZySeries* Series) override;
+  /// Gives a series the graph's primary axes, which are made where they are missing, unless it has axes already. It is
+  /// drawn as soon as it has data; the owner stays.
+  void AddSeries(TZySeries& Series);
+  /// Says in sentences why nothing is to be seen: of the graph, of its series, and of those of the same owner that have
+  /// not come into any graph. Empty when everything shows. Takes new data and the layout that is due.
+  std::vector<std::string> Diagnose();
   void RemoveRelatedSeries(TZySeries* Series) override { FRelatedSeries.Remove(Series); }
   /// A series has computed its pixels.
   void PointsCalculated() override { FPointsAreStale = false; }

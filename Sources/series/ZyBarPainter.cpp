@@ -199,20 +199,38 @@ void TZyBarPainter::PaintSolid(const TEntry& Entry, std::size_t Bar, TZyColor Fr
 
 // --- The frame ------------------------------------------------------------------------------------------------------
 
+bool TZyBars::IsShown() const { return FXAxis != nullptr && FYAxis != nullptr && SeriesVisible() && Count() >= 1; }
+
+/// Whether bars that are drawn earlier are to be seen.
+bool TZyBars::IsPaintedByOthers() const {
+  const TZyBars* First = nullptr;
+  Graph()->ForEachSeries([&First](TZySeries& Series) {
+    if (First != nullptr) return;
+    const auto* const Bars = dynamic_cast<const TZyBars*>(&Series);
+    if (Bars != nullptr && Bars->IsShown()) First = Bars;
+  });
+  return First != this;
+}
+
 /// The first visible bars paint those of all.
 void TZyBars::PaintGr(Graphics& Gr) {
-  if (Graph() == nullptr || FXAxis == nullptr || FYAxis == nullptr || !SeriesVisible()) return;
-  TBarsList All = AllBars();
-  std::erase_if(All, [](const TZyBars* Bars) {
-    return Bars->XAxis() == nullptr || Bars->YAxis() == nullptr || !Bars->SeriesVisible() || Bars->Count() < 1;
-  });
-  if (All.empty() || All.front() != this) return;
+  if (Graph() == nullptr || !IsShown() || IsPaintedByOthers()) return;
+  TBarsList All;
+  std::vector<TGroup> Groups = GroupsOf(AllBars());
+  std::size_t Shown = 0, Place = 0;
+  for (TZyBars* Bars : AllBars()) {
+    if (Bars->IsShown()) {
+      All.push_back(Bars);
+      Groups[Shown++] = Groups[Place];
+    }
+    ++Place;
+  }
   std::vector<std::uint64_t> Handles;
   for (const TZyBars* Bars : All) Handles.push_back(Bars->LiveHandle());
   for (std::size_t i = 0; i < All.size(); ++i) {  // a handler may free any of them
     TZyPointLook::TestDrawn(Handles[i]);
     if (All[i]->LinePen() == nullptr || All[i]->AreaBrush() == nullptr) All[i]->TestVisibleChanged();
-    if (All[i]->RecalculatePoints() || All[i]->Group() != All[i]->FGroup) All[i]->CalculatePoints();
+    if (All[i]->RecalculatePoints() || Groups[i] != All[i]->FGroup) All[i]->CalculatePoints();
   }
   for (const std::uint64_t Handle : Handles) TZyPointLook::TestDrawn(Handle);
   TZyBarPainter(Gr, All).Paint();

@@ -106,23 +106,47 @@ bool TZyBars::IsTopMost() const {
          std::none_of(Next + 1, All.end(), [&](const TZyBars* Bars) { return SharesClasses(*Bars); });
 }
 
-TZyBars::TGroup TZyBars::Group() const {
-  TGroup Result{.Distance = FClassesDistance, .Depth = FDepth3D};
-  if (FOverlayStyle == TZyBarsOverlayStyle::Stack) {
-    const TBarsList Others = Below();
-    if (!Others.empty()) Result.Under = Others.back()->LiveHandle();
-    return Result;
+/// What pixels of each of these series depend on, in one walk; All are all bars of the graph in drawing order.
+std::vector<TZyBars::TGroup> TZyBars::GroupsOf(const TBarsList& All) {
+  struct TShared {
+    const TZyBars* First;  // those of one overlay, direction and axis
+    TGroup Group;
+  };
+  std::vector<TShared> Shared;
+  std::vector<std::size_t> SharedOf;
+  std::vector<TGroup> Result;
+  for (const TZyBars* Bars : All) {
+    const auto IsTheirs = [Bars](const TShared& Each) {
+      return Each.First->FOverlayStyle == Bars->FOverlayStyle && Each.First->SharesClasses(*Bars);
+    };
+    auto At = std::find_if(Shared.begin(), Shared.end(), IsTheirs);
+    if (At == Shared.end()) At = Shared.insert(At, {.First = Bars, .Group = {.Number = 0}});
+    SharedOf.push_back(static_cast<std::size_t>(At - Shared.begin()));
+    TGroup& Group = At->Group;
+    if (Bars->FOverlayStyle == TZyBarsOverlayStyle::Stack) {
+      Result.push_back({.Distance = Bars->FClassesDistance, .Depth = Bars->FDepth3D, .Under = Group.Under});
+      Group.Under = Bars->LiveHandle();
+      continue;
+    }
+    Result.push_back({.Place = Group.Number + 1});
+    if (!Bars->SeriesVisible()) continue;
+    ++Group.Number;
+    Group.Distance = std::max(Group.Distance, Bars->FClassesDistance);
+    Group.Depth = std::max(Group.Depth, Bars->FDepth3D);
   }
-  Result.Number = 0;
-  for (const TZyBars* Bars : AllBars()) {
-    const bool IsOne = Bars->SeriesVisible() && Bars->FOverlayStyle == TZyBarsOverlayStyle::Shift;
-    if ((!IsOne || !SharesClasses(*Bars)) && Bars != this) continue;
-    ++Result.Number;
-    if (Bars == this) Result.Place = Result.Number;
-    Result.Distance = std::max(Result.Distance, Bars->FClassesDistance);
-    Result.Depth = std::max(Result.Depth, Bars->FDepth3D);
+  for (std::size_t i = 0; i < All.size(); ++i) {
+    if (All[i]->FOverlayStyle == TZyBarsOverlayStyle::Stack) continue;
+    const TGroup& Group = Shared[SharedOf[i]].Group;
+    Result[i].Number = Group.Number + (All[i]->SeriesVisible() ? 0 : 1);
+    Result[i].Distance = std::max(Group.Distance, All[i]->FClassesDistance);
+    Result[i].Depth = std::max(Group.Depth, All[i]->FDepth3D);
   }
   return Result;
+}
+
+TZyBars::TGroup TZyBars::Group() const {
+  const TBarsList All = AllBars();
+  return GroupsOf(All)[static_cast<std::size_t>(std::find(All.begin(), All.end(), this) - All.begin())];
 }
 
 /// What stands on these bars has other ends.

@@ -170,7 +170,10 @@ class TZyBars : public TZySeries, public IZySolidSeries {
   TBarsList Below() const;
   bool IsTopMost() const;
   void TellAbove();
+  static std::vector<TGroup> GroupsOf(const TBarsList& All);
   TGroup Group() const;
+  bool IsShown() const;
+  bool IsPaintedByOthers() const;
   void DirectionModified();
   void LayOutAgain();
 

@@ -119,6 +119,7 @@ class TZyFunctionSeries : public TZyLineSeries {
   void ForEachColumn(double Start, double Stop, const std::function<void(double x)>& Do) const;
 
   void TakeNewPixels() override;
+  std::string WhyNoRange() const override;
 
  private:
   void DisplayModified() { PointsModified(); }

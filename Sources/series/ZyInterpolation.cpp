@@ -143,7 +143,7 @@ std::string TZyDifferential::GetFormula() const {
   return TextOf(InterpolationMethod(), _sAkimaDiff, _sNormalSplineDiff, _sApproxSplineDiff);
 }
 
-void TZyDifferential::SetDefaultAxis(IZyAxisGraph& FromGraph) {
+void TZyDifferential::TakeDefaultAxis(IZyAxisGraph& FromGraph) {
   TWinControl& Control = FromGraph.Control();
   FXAxis = FromGraph.PrimaryXAxis();
   const auto IsSecond = [&](TControl* Each) {

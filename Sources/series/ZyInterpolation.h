@@ -65,7 +65,7 @@ class TZyDifferential : public TZyInterpolation {
   std::string GetFormula() const override;
   /// The primary X axis and, since a slope rarely shares the scale of its data, the first other Y axis of the graph
   /// that is no slave. Without one a designer is asked whether to make it; else it is the primary Y axis.
-  void SetDefaultAxis(IZyAxisGraph& FromGraph) override;
+  void TakeDefaultAxis(IZyAxisGraph& FromGraph) override;
 
  protected:
   using TZyInterpolation::TZyInterpolation;

@@ -150,6 +150,9 @@ class TZySeries : public TComponent,
   bool LeavesScaleOf(const TZyAxis& Axis) const;
   /// The lowest place on an axis at which something of the points is drawn.
   virtual double LowestOn(const TZyAxis& Axis) const;
+  /// A sentence that says why nothing of the series is to be seen, with its name in front; empty when something is.
+  /// True as of the last paint.
+  std::string Diagnose() const;
   /// Y at AtX by linear interpolation between the neighbouring points, in values of the vectors. 0 without points.
   virtual double GetY(double AtX) const;
   /// The caption, or the name of the component without one.
@@ -212,8 +215,9 @@ class TZySeries : public TComponent,
   bool HasGraph() const { return Graph() != nullptr; }
   /// Leaves graph and axes, to which the references go on to stand, until TestAllAssigned runs again.
   void LeaveGraph();
-  /// Takes the primary axes of a graph as they are.
-  virtual void SetDefaultAxis(IZyAxisGraph& FromGraph);
+  /// Takes the primary axes of a graph as they are, without a step of undo, and joins it when the data are there. See
+  /// TZyGraph2D::AddSeries.
+  void SetDefaultAxis(IZyAxisGraph& FromGraph);
 
   // ---- Variables of formulas and captions ----
 
@@ -301,7 +305,14 @@ class TZySeries : public TComponent,
   void BeginRead() override { FReadsRecord = true; }
   void EndRead() override;
 
+  /// Chooses the axes that SetDefaultAxis gives.
+  virtual void TakeDefaultAxis(IZyAxisGraph& FromGraph);
+  /// What Diagnose says of a visible series in a graph that has no points to show.
+  virtual std::string WhyNoRange() const;
+
   // ---- What hooks are written with ----
+
+  std::string WhyNoPoints() const;
 
   /// While the record of the series or of its graph is read: what it stores is no choice of a designer, who gets
   /// samples where data are missing.
@@ -458,6 +469,8 @@ class TZySeries : public TComponent,
   }
   void SymbolFields(TZyArchive& Archive);
   bool IsComplete() const;
+  std::string WhyNotJoined() const;
+  std::string WhyNotOn(const TZyAxis& Axis, double Low, double High) const;
   void PointIndexer();
   void SetGraph(IZySeriesGraph* Value);
   void JoinGraph();

@@ -83,6 +83,14 @@ void TZySeries::SetXAxis(TZyAxis* Value) { SetAxis(FXAxis, Value, "XAxis"); }
 void TZySeries::SetYAxis(TZyAxis* Value) { SetAxis(FYAxis, Value, "YAxis"); }
 
 void TZySeries::SetDefaultAxis(IZyAxisGraph& FromGraph) {
+  for (TZyAxis* Axis : {FXAxis.Get(), FYAxis.Get()})
+    if (Axis != nullptr && !Axis->IsDestroying()) Axis->RemoveRelatedSeries(this);
+  TZySeriesInput::NoteChange();
+  TakeDefaultAxis(FromGraph);
+  TestAllAssigned();
+}
+
+void TZySeries::TakeDefaultAxis(IZyAxisGraph& FromGraph) {
   FXAxis = FromGraph.PrimaryXAxis();
   FYAxis = FromGraph.PrimaryYAxis();
 }

@@ -28,6 +28,28 @@ ZY_TEXT(_sPropWrongKind, "Property \"%s.%s\" has no %s value")
 ZY_TEXT(_sPropWrongObject, "Property \"%s\" cannot take an object of class %s")
 ZY_TEXT(_sVariantConversion, "Cannot convert %s to %s")
 
+// ---- Undo labels beyond those of single properties ----
+
+ZY_TEXT(_sGraphLook, "Look of the chart")
+ZY_TEXT(_sSeriesColor, "Color of the series")
+
+// ---- Why a chart is empty: what, and where it lacks ----
+
+ZY_TEXT(_sDiagNoSeries, "%s has no series: one joins when it has both axes and data")
+ZY_TEXT(_sDiagNoRoom, "%s has no room for a data area in %d x %d pixels")
+ZY_TEXT(_sDiagHidden, "%s is hidden: Visible is off")
+ZY_TEXT(_sDiagNoLook, "%s draws nothing: line, area and symbols are switched off")
+ZY_TEXT(_sDiagNotSet, "%s is in no graph: %s is not set")
+ZY_TEXT(_sDiagNoData, "%s is in no graph: neither XData nor YData is set")
+ZY_TEXT(_sDiagAxisAlone, "%s is in no graph: its axis %s lies on none")
+ZY_TEXT(_sDiagEmpty, "%s has no points: the vector of %s is empty")
+ZY_TEXT(_sDiagTooFew, "%s has %d points and needs %d")
+ZY_TEXT(_sDiagOutliers, "%s has no points: all are marked as outliers")
+ZY_TEXT(_sDiagNoNumbers, "%s has no points: none has finite values")
+ZY_TEXT(_sDiagLog, "%s has no place on %s, which is logarithmic: none of its values is above 0")
+ZY_TEXT(_sDiagOutside, "%s lies beside %s, which shows %s to %s: its values go from %s to %s")
+ZY_TEXT(_sDiagNotComputed, "%s could not be computed from its data")
+
 // ---- Files and component streams ----
 
 ZY_TEXT(_sCannotWriteFile, "Cannot write file \"%s\"")

@@ -257,6 +257,7 @@ TEST_F(ZyMarkersTest, NoTraceIsLeft) {
   }
   MoveMouse(*Graph, 5, 5);
   const QImage Kept = OnScreen();
+  ASSERT_FALSE(Kept.isNull());
   Graph->Invalidate();
   EXPECT_EQ(Kept, OnScreen());
   EXPECT_GT(Stack.UndoCount(), 3);

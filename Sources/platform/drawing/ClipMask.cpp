@@ -13,9 +13,10 @@ namespace {
 class TMaskSink : public TCoverageSink {
  public:
   TMaskSink(std::uint8_t* Bytes, int Stride) : FBytes(Bytes), FStride(Stride) {}
-  void Row(int X, int Y, int Count, std::uint8_t* Coverage) override {
+  void Rows(int X, int Y, int Count, std::uint8_t* Coverage, int Rows) override {
     for (int Index = 0; Index < Count; ++Index) Coverage[Index] = static_cast<std::uint8_t>(255 - Coverage[Index]);
-    ScaleBytes(FBytes + static_cast<std::ptrdiff_t>(Y) * FStride + X, Coverage, Count);
+    for (int Row = Y; Row < Y + Rows; ++Row)
+      ScaleBytes(FBytes + static_cast<std::ptrdiff_t>(Row) * FStride + X, Coverage, Count);
   }
 
  private:

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QPalette>
 #include <array>
+#include <atomic>
 
 #include "platform/framework/SystemColors.h"
 
@@ -48,18 +49,26 @@ constexpr std::array<TRole, SystemColorCount> Table = {{
     {QPalette::Active, QPalette::Window},           // menu bar
 }};
 
-std::array<ARGB, SystemColorCount> FromPalette() {
-  const QPalette Palette = QGuiApplication::palette();
-  std::array<ARGB, SystemColorCount> Result;
-  for (std::size_t Number = 0; Number < Table.size(); ++Number)
-    Result[Number] = Palette.color(Table[Number].Group, Table[Number].Role).rgb() | 0xFF000000;
-  return Result;
+/// The colours as they were read last; threads may ask while the palette changes.
+struct TColors {
+  TColors() { Read(); }
+  void Read() {
+    const QPalette Palette = QGuiApplication::palette();
+    for (std::size_t Number = 0; Number < Table.size(); ++Number)
+      Values[Number] = Palette.color(Table[Number].Group, Table[Number].Role).rgb() | 0xFF000000;
+  }
+  std::array<std::atomic<ARGB>, SystemColorCount> Values;
+};
+
+TColors& KnownColors() {
+  static TColors Known;
+  return Known;
 }
 
+bool HasPalette() { return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr; }
+
 ARGB ColorOfPalette(int Number) {
-  if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr) return 0;
-  static const std::array<ARGB, SystemColorCount> Colors = FromPalette();
-  return Colors[static_cast<std::size_t>(Number)];
+  return HasPalette() ? KnownColors().Values[static_cast<std::size_t>(Number)].load() : 0;
 }
 
 }  // namespace
@@ -67,6 +76,10 @@ ARGB ColorOfPalette(int Number) {
 bool UseSystemPalette() {
   SetSystemColorReader(&ColorOfPalette);
   return true;
+}
+
+void RefreshSystemPalette() {
+  if (HasPalette()) KnownColors().Read();
 }
 
 }  // namespace zy

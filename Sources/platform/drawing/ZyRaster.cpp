@@ -22,7 +22,7 @@ struct TScratch {
   TRasterComb Comb;
   std::vector<double> Dashes;
   std::vector<std::uint32_t> Colors;
-  std::vector<std::uint8_t> Coverage;
+  std::vector<std::uint8_t> Coverage, Masked;
 };
 
 TScratch& Scratch() {
@@ -43,20 +43,42 @@ class TBlender : public TCoverageSink {
     if (!FSolid) FColors.resize(std::max(FColors.size(), static_cast<std::size_t>(Target.Width)));
   }
 
-  void Row(int X, int Y, int Count, std::uint8_t* Coverage) override {
-    if (FClip.Mask != nullptr) ScaleBytes(Coverage, FClip.Mask + Y * FClip.MaskStride + X, Count);
-    if (FOpacity != 255) ScaleBytes(Coverage, FOpacity, Count);
-    std::uint32_t* Pixels = FTarget.Pixels + Y * FTarget.Stride + X;
-    if (FSolid) return BlendColor(Pixels, Coverage, Count, FColor);
-    BlendColors(Pixels, Coverage, Count, ColorsOf(X, Y, Count));
+  void Rows(int X, int Y, int Count, std::uint8_t* Coverage, int Rows) override {
+    if (FClip.Mask == nullptr && FOpacity != 255) ScaleBytes(Coverage, FOpacity, Count);
+    const bool AreAlike = (FSolid || FIsUpright) && FClip.Mask == nullptr;
+    if (AreAlike && Rows > 1 && Count <= WidestTogether) {
+      std::uint32_t Colors[WidestTogether];
+      if (FSolid) std::fill_n(Colors, Count, FColor);
+      std::uint32_t* const Pixels = FTarget.Pixels + Y * FTarget.Stride + X;
+      return BlendRows(Pixels, FTarget.Stride, Rows, Coverage, Count, FSolid ? Colors : ColorsOf(X, Y, Count));
+    }
+    for (int Row = Y; Row < Y + Rows; ++Row)
+      BlendRow(X, Row, Count, FClip.Mask == nullptr ? Coverage : Masked(X, Row, Count, Coverage));
   }
-  bool EvenRow(int X, int Y, int Count, std::uint8_t Coverage) override {
+  bool EvenRows(int X, int Y, int Count, std::uint8_t Coverage, int Rows) override {
     if (FClip.Mask != nullptr || !FSolid) return false;
-    BlendEven(FTarget.Pixels + Y * FTarget.Stride + X, ScaledByte(Coverage, FOpacity), Count, FColor);
+    for (int Row = Y; Row < Y + Rows; ++Row)
+      BlendEven(FTarget.Pixels + Row * FTarget.Stride + X, ScaledByte(Coverage, FOpacity), Count, FColor);
     return true;
   }
 
  private:
+  static constexpr int WidestTogether = 64;  // wider runs are blended row by row
+
+  void BlendRow(int X, int Y, int Count, const std::uint8_t* Coverage) {
+    std::uint32_t* const Pixels = FTarget.Pixels + Y * FTarget.Stride + X;
+    if (FSolid) return BlendColor(Pixels, Coverage, Count, FColor);
+    BlendColors(Pixels, Coverage, Count, ColorsOf(X, Y, Count));
+  }
+
+  const std::uint8_t* Masked(int X, int Y, int Count, const std::uint8_t* Coverage) {
+    std::vector<std::uint8_t>& Result = Scratch().Masked;
+    Result.assign(Coverage, Coverage + Count);
+    ScaleBytes(Result.data(), FClip.Mask + Y * FClip.MaskStride + X, Count);
+    if (FOpacity != 255) ScaleBytes(Result.data(), FOpacity, Count);
+    return Result.data();
+  }
+
   const std::uint32_t* ColorsOf(int X, int Y, int Count) {
     std::uint32_t* const Colors = FColors.data();
     if (!FIsUpright) {
@@ -246,7 +268,7 @@ void FillUneven(const TRasterTarget& Target, const TRasterClip& Clip, const TTou
     Coverage.assign(static_cast<std::size_t>(Columns.Last - Columns.First + 1), CoverageOfPart(Height));
     Coverage.back() = CoverageOfPart(Height * Columns.LastPart);
     Coverage.front() = CoverageOfPart(Height * Columns.FirstPart);
-    Blender.Row(Columns.First, Row, static_cast<int>(Coverage.size()), Coverage.data());
+    Blender.Rows(Columns.First, Row, static_cast<int>(Coverage.size()), Coverage.data(), 1);
   }
 }
 

@@ -162,6 +162,28 @@ void BlendColors(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count,
   Blend(Pixels, Coverage, Count, InAll >> 24 == 255, [&](int I) { return Colors + I; });
 }
 
+namespace {
+
+/// Size columns of alike rows: what is added and what is kept of the pixels is known before the first one.
+template <int Size>
+void BlendColumns(std::uint32_t* Pixels, std::ptrdiff_t Stride, int Rows, const std::uint8_t* Coverage,
+                  const std::uint32_t* Colors) {
+  std::uint32_t Part[Size], Any = 0;
+  for (int I = 0; I < Size; ++I) Any |= Part[I] = Packed(Scaled(Lanes(Colors[I]), Coverage[I]));
+  if (Any == 0) return;
+  for (int Row = 0; Row < Rows; ++Row, Pixels += Stride) PutOver<Size>(Pixels, Part);
+}
+
+}  // namespace
+
+void BlendRows(std::uint32_t* Pixels, std::ptrdiff_t Stride, int Rows, const std::uint8_t* Coverage, int Count,
+               const std::uint32_t* Colors) {
+  int I = 0;
+  for (; I + GroupSize <= Count; I += GroupSize)
+    BlendColumns<GroupSize>(Pixels + I, Stride, Rows, Coverage + I, Colors + I);
+  for (; I < Count; ++I) BlendColumns<1>(Pixels + I, Stride, Rows, Coverage + I, Colors + I);
+}
+
 void BlendEven(std::uint32_t* Pixels, std::uint8_t Coverage, int Count, std::uint32_t Color) {
   const std::uint32_t Part = Packed(Scaled(Lanes(Color), Coverage));
   if (Part >> 24 == 255) return Fill(Pixels, Count, Part);

@@ -25,6 +25,9 @@ void ScaleBytes(std::uint8_t* Values, std::uint8_t Factor, int Count);
 void BlendColor(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count, std::uint32_t Color);
 /// The same with a colour for each pixel.
 void BlendColors(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count, const std::uint32_t* Colors);
+/// The same in Rows rows that are alike.
+void BlendRows(std::uint32_t* Pixels, std::ptrdiff_t Stride, int Rows, const std::uint8_t* Coverage, int Count,
+               const std::uint32_t* Colors);
 /// Puts a premultiplied colour over all of the pixels, as far as one coverage says.
 void BlendEven(std::uint32_t* Pixels, std::uint8_t Coverage, int Count, std::uint32_t Color);
 /// Puts premultiplied pixels over others.

@@ -53,6 +53,7 @@ void TRasterCells::Begin(const TRasterRect& Box, bool Smooth) {
   Grown(FCells, FCellStride * Height);
   Grown(FFlags, FFlagStride * Height);
   Grown(FCoverage, FCellStride);
+  Grown(FBreaks, Height + 1);
   FFirstRow = Height;
   FLastRow = -1;
 }
@@ -154,6 +155,7 @@ void TRasterCells::AddRows(std::int64_t Row, std::int64_t RowEnd, double X, doub
   };
   std::int64_t Next = Fine(X);
   if (Slope == 0) return AddUpright(Row, RowEnd, Next >> 16, Sign);
+  Break(Row, RowEnd);
   // Towards the clamped end: ends are rounded in height, and a flat edge would overshoot by its slope times that.
   const std::int64_t Step = (Fine(X + static_cast<double>(RowEnd - Row) * Slope) - Next) / (RowEnd - Row);
   std::int32_t* Cells = FCells.data() + Row * FCellStride;
@@ -178,20 +180,45 @@ void TRasterCells::AddRows(std::int64_t Row, std::int64_t RowEnd, double X, doub
 
 /// A side straight up or down; of one between two columns the second one has no share.
 void TRasterCells::AddUpright(std::int64_t Row, std::int64_t RowEnd, std::int64_t X, std::int32_t Sign) {
-  const std::int64_t Column = X >> 16;
-  const std::int32_t Behind = static_cast<std::int32_t>(X & (One - 1)) * Sign, Here = Sign * One - Behind;
-  std::int32_t* Cells = FCells.data() + Row * FCellStride + Column;
-  std::uint8_t* Flags = FFlags.data() + Row * FFlagStride;
-  const std::int64_t Block = Column >> BlockShift, BlockBehind = (Column + (Behind != 0 ? 1 : 0)) >> BlockShift;
-  for (; Row < RowEnd; ++Row, Cells += FCellStride, Flags += FFlagStride) {
-    Grow(Cells[0], Here);
-    if (Behind != 0) Grow(Cells[1], Behind);
-    Flags[Block] = 1;
-    Flags[BlockBehind] = 1;
+  const std::int32_t Behind = static_cast<std::int32_t>(X & (One - 1)) * Sign;
+  FUprights.push_back({Row, RowEnd, X >> 16, Sign * One - Behind, Behind});
+  FBreaks[static_cast<std::size_t>(Row)] = 1;
+  FBreaks[static_cast<std::size_t>(RowEnd)] = 1;
+}
+
+/// Each of these rows is a run of its own.
+void TRasterCells::Break(std::int64_t Row, std::int64_t RowEnd) {
+  std::memset(FBreaks.data() + Row, 1, static_cast<std::size_t>(RowEnd - Row + 1));
+}
+
+/// The start of the run behind that of Row, or RowEnd.
+std::int64_t TRasterCells::NextBreak(std::int64_t Row, std::int64_t RowEnd) const {
+  const std::uint8_t* const Breaks = FBreaks.data();
+  if (++Row >= RowEnd || Breaks[Row] != 0) return Row;
+  const void* const Found = std::memchr(Breaks + Row, 1, static_cast<std::size_t>(RowEnd - Row));
+  return Found == nullptr ? RowEnd : static_cast<const std::uint8_t*>(Found) - Breaks;
+}
+
+void TRasterCells::PutUprights(bool InEachRow) {
+  for (const TUpright& Edge : FUprights) {
+    if (InEachRow) Break(Edge.Row, Edge.RowEnd);
+    const std::int64_t Block = Edge.Column >> BlockShift;
+    const std::int64_t BlockBehind = (Edge.Column + (Edge.Behind != 0 ? 1 : 0)) >> BlockShift;
+    for (std::int64_t Row = Edge.Row; Row < Edge.RowEnd; Row = NextBreak(Row, Edge.RowEnd)) {
+      std::int32_t* const Cells = FCells.data() + Row * FCellStride + Edge.Column;
+      std::uint8_t* const Flags = FFlags.data() + Row * FFlagStride;
+      Grow(Cells[0], Edge.Here);
+      if (Edge.Behind != 0) Grow(Cells[1], Edge.Behind);
+      Flags[Block] = 1;
+      Flags[BlockBehind] = 1;
+    }
   }
+  FUprights.clear();
 }
 
 void TRasterCells::AddSpan(std::int64_t Row, double X0, double X1, std::int32_t Height, std::int32_t Sign) {
+  FBreaks[static_cast<std::size_t>(Row)] = 1;
+  FBreaks[static_cast<std::size_t>(Row) + 1] = 1;
   const auto Xa = static_cast<std::int64_t>(std::min(X0, X1) * ToFixed);
   const auto Xb = static_cast<std::int64_t>(std::max(X0, X1) * ToFixed);
   const std::int64_t Column = Xa >> 16;
@@ -245,6 +272,7 @@ void TRasterCells::AddInsideAtCentres(double X0, double Y0, double X1, double Y1
   if (Row0 >= Row1) return;
   FFirstRow = std::min(FFirstRow, Row0);
   FLastRow = std::max(FLastRow, Row1 - 1);
+  Break(Row0, Row1);
   const double Slope = (X1 - X0) / (Y1 - Y0);
   for (std::int64_t Row = Row0; Row < Row1; ++Row) {
     const double X = std::clamp(X0 + (static_cast<double>(Row) + 0.5 - Y0) * Slope, 0.0, FWidth);
@@ -255,6 +283,7 @@ void TRasterCells::AddInsideAtCentres(double X0, double Y0, double X1, double Y1
 }
 
 void TRasterCells::Collapse() {
+  PutUprights(true);  // edges that are still to come may cut the runs
   for (std::int64_t Row = FFirstRow; Row <= FLastRow; ++Row) {
     std::int32_t* Cells = FCells.data() + Row * FCellStride;
     const std::uint8_t* Flags = FFlags.data() + Row * FFlagStride;
@@ -281,11 +310,18 @@ void TRasterCells::Sweep(bool Winding, TCoverageSink& Sink) {
 
 template <bool Winding>
 void TRasterCells::SweepRows(TCoverageSink& Sink) {
-  for (std::int64_t Row = FFirstRow; Row <= FLastRow; ++Row) SweepRow<Winding>(static_cast<int>(Row), Sink);
+  PutUprights(false);
+  for (std::int64_t Row = FFirstRow; Row <= FLastRow;) {
+    const std::int64_t Next = NextBreak(Row, FLastRow + 1);
+    SweepRun<Winding>(static_cast<int>(Row), static_cast<int>(Next - Row), Sink);
+    Row = Next;
+  }
+  if (FFirstRow <= FLastRow)
+    std::memset(FBreaks.data() + FFirstRow, 0, static_cast<std::size_t>(FLastRow + 2 - FFirstRow));
 }
 
 template <bool Winding>
-void TRasterCells::SweepRow(int Row, TCoverageSink& Sink) {
+void TRasterCells::SweepRun(int Row, int Rows, TCoverageSink& Sink) {
   std::int32_t* Cells = FCells.data() + Row * FCellStride;
   std::uint8_t* Flags = FFlags.data() + Row * FFlagStride;
   const int Width = FBox.Right - FBox.Left;
@@ -308,7 +344,8 @@ void TRasterCells::SweepRow(int Row, TCoverageSink& Sink) {
     // Of a narrow shape most of a block is empty.
     while (RunStart >= 0 && From < To && FCoverage[static_cast<std::size_t>(From)] == 0) ++From;
     while (RunStart >= 0 && From < To && FCoverage[static_cast<std::size_t>(To) - 1] == 0) --To;
-    if (RunStart >= 0 && From < To) Sink.Row(FBox.Left + From, FBox.Top + Row, To - From, FCoverage.data() + From);
+    if (RunStart >= 0 && From < To)
+      Sink.Rows(FBox.Left + From, FBox.Top + Row, To - From, FCoverage.data() + From, Rows);
     RunStart = -1;
   };
 
@@ -329,7 +366,7 @@ void TRasterCells::SweepRow(int Row, TCoverageSink& Sink) {
     const int Next = NextFlag(Block), From = Block << BlockShift, To = std::min(Next << BlockShift, Width);
     const std::uint8_t Even = CoverageOf<Winding>(Sum);
     const bool IsLong = Next - Block >= FewestEvenBlocks;
-    if (Even == 0 || (IsLong && Sink.EvenRow(FBox.Left + From, FBox.Top + Row, To - From, Even)))
+    if (Even == 0 || (IsLong && Sink.EvenRows(FBox.Left + From, FBox.Top + Row, To - From, Even, Rows)))
       EndRun(Block);
     else
       std::memset(Coverage + BlockSize, Even, static_cast<std::size_t>(Next - Block) << BlockShift);

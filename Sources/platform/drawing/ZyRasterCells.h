@@ -11,10 +11,10 @@ namespace zy {
 class TCoverageSink {
  public:
   virtual ~TCoverageSink() = default;
-  /// Coverage may be changed.
-  virtual void Row(int X, int Y, int Count, std::uint8_t* Coverage) = 0;
-  /// Many pixels of one coverage. False when they have to come as a row.
-  virtual bool EvenRow(int, int, int, std::uint8_t) { return false; }
+  /// Rows rows from Y on, which are alike. Coverage may be changed.
+  virtual void Rows(int X, int Y, int Count, std::uint8_t* Coverage, int Rows) = 0;
+  /// Many pixels of one coverage. False when they have to come with the others.
+  virtual bool EvenRows(int, int, int, std::uint8_t, int) { return false; }
 };
 
 /// The accumulation buffer of TZyRaster.
@@ -22,6 +22,9 @@ class TCoverageSink {
 /// A cell holds, in 1/65536, by how much the signed coverage grows from its left neighbour's; the prefix sum along a
 /// row is the coverage. Cells come in blocks with a flag each, set where an edge touched the block: only those are
 /// swept and cleared, and what lies between two of them is even. Between two shapes all cells and flags are 0.
+///
+/// Rows that edges cross straight up or down only are alike from where one of them starts or ends to the next such
+/// place. Of such a run the first row alone has cells. A break stands where a run begins.
 class TRasterCells {
  public:
   /// Starts a shape within Box, which must not be empty. Without Smooth, edges are counted at pixel centres only.
@@ -42,10 +45,19 @@ class TRasterCells {
   void AddUpright(std::int64_t Row, std::int64_t RowEnd, std::int64_t X, std::int32_t Sign);
   void AddSpan(std::int64_t Row, double X0, double X1, std::int32_t Height, std::int32_t Sign);
   void AddWideSpan(std::int64_t Row, std::int64_t Xa, std::int64_t Xb, std::int32_t Height, std::int32_t Sign);
+  void Break(std::int64_t Row, std::int64_t RowEnd);
+  std::int64_t NextBreak(std::int64_t Row, std::int64_t RowEnd) const;
+  void PutUprights(bool InEachRow);
   template <bool Winding>
   void SweepRows(TCoverageSink& Sink);
   template <bool Winding>
-  void SweepRow(int Row, TCoverageSink& Sink);
+  void SweepRun(int Row, int Rows, TCoverageSink& Sink);
+
+  /// An edge straight up or down over whole rows: by how much the sum grows at its column and behind it.
+  struct TUpright {
+    std::int64_t Row, RowEnd, Column;
+    std::int32_t Here, Behind;
+  };
 
   TRasterRect FBox;
   double FWidth = 0;
@@ -59,6 +71,8 @@ class TRasterCells {
   std::vector<std::int32_t> FCells;
   std::vector<std::uint8_t> FFlags;
   std::vector<std::uint8_t> FCoverage;  // of one row
+  std::vector<std::uint8_t> FBreaks;    // for each row and the end
+  std::vector<TUpright> FUprights;      // whose cells are still to be put
 };
 
 }  // namespace zy

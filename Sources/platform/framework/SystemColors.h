@@ -15,8 +15,9 @@ inline constexpr int SystemColorCount = 31;
 /// highlight, 21 dark shadow, 22 light edge, 23 and 24 text and background of hints, 25 alternate face, 26 link, 27 and
 /// 28 second colours of the captions, 29 menu highlight, 30 menu bar.
 ///
-/// Read from the application's palette once; a later change of the desktop is not followed. Until there is an
-/// application object, and in a program that draws nothing, the colours are those of a plain light desktop.
+/// Read from the application's palette at the first call; a later change of the palette is followed while anything
+/// watches it (TPaletteWatch). Until there is an application object, and in a program that draws nothing, the colours
+/// are those of a plain light desktop.
 ARGB SystemColor(int Number);
 
 /// Where the colours of the present desktop come from; 0 for one that it does not know yet. The drawing surface sets

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "graph/values/ZyColors.h"
+
+namespace zy {
+
+class TZyGraph2D;
+class TZySeries;
+
+/// How a chart looks as a whole. A copy of one of those below is where an own look begins:
+///
+///     TZyLook Mine = TZyLook::Dark();
+///     Mine.Back = 0xFF101820;
+///     ApplyLook(*Graph, Mine);
+struct TZyLook {
+  std::string FontName = "Arial";
+  float TextSize = 10;   ///< of numbers and legends, in points
+  float TitleSize = 14;  ///< of the chart's title, in points; captions of axes lie between
+  TZyColor Text = Colors::Black;
+  TZyColor Back = Colors::White;            ///< of the whole chart, and of legends
+  TZyColor DataArea = Colors::Transparent;  ///< Transparent where it looks like the rest
+  TZyColor Axis = Colors::Black;            ///< axes and their ticks
+  TZyColor Frame = Colors::Transparent;     ///< around data area and legends; Transparent for none
+  TZyColor MajorGrid = Colors::LightGray;   ///< Transparent for none
+  TZyColor MinorGrid = Colors::Transparent;
+  float LineWidth = 1;  ///< of series, in pixels
+  /// Of the series in turn.
+  std::vector<TZyColor> SeriesColors;
+
+  /// Black on white, a light grid.
+  static const TZyLook& Light();
+  /// Light on dark gray.
+  static const TZyLook& Dark();
+  /// For paper: black lines of axes, no fills, a fine grid, colours that differ in brightness too.
+  static const TZyLook& Print();
+  /// White and strong colours on black, thicker lines, larger texts.
+  static const TZyLook& HighContrast();
+  /// Light or dark as the application's palette is, in its colours.
+  static TZyLook OfPalette();
+};
+
+/// Gives a chart a look: the graph, its axes, series and legends as they are now, in one step of undo. Captions,
+/// visibility of what is more than a line of the grid, dash styles, symbols and gradients stay as they are; margins
+/// become those in which texts keep clear of each other.
+void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look);
+
+/// One colour for a series: its line, its area and symbols, whose translucency stays. A series that is added to a chart
+/// which has its look takes the next colour of the look by ApplyLook, or one by this.
+void SetSeriesColor(TZySeries& Series, TZyColor Color);
+
+}  // namespace zy

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "graph/ZyGraph2D.h"
+#include "platform/controls/TPaletteWatch.h"
+#include "platform/framework/TComponent.h"
+#include "platform/framework/TRef.h"
+
+namespace zy {
+
+/// Keeps a chart in the colours of the application's palette: it gives the look TZyLook::OfPalette when the graph is
+/// set, and again whenever the palette changes. That is no step of undo, since the user changed the desktop and not the
+/// chart. Steps that are there already bring back what they logged.
+class TZyPaletteLook : public TComponent {
+  ZY_CLASS(TZyPaletteLook, TComponent)
+  explicit TZyPaletteLook(TComponent* Owner = nullptr);
+
+  TZyGraph2D* Graph() const { return FGraph; }
+  void SetGraph(TZyGraph2D* Value);
+
+ protected:
+  void Loaded() override;
+
+ private:
+  void Follow();
+
+  TRef<TZyGraph2D> FGraph{this};
+  TPaletteWatch FWatch{[this] { Follow(); }};
+};
+
+}  // namespace zy
