@@ -303,7 +303,7 @@ int main(int ArgCount, char** Args) {
   }
   bool Good = true;
   std::vector<TCase> All(std::begin(Cases), std::end(Cases));
-  for (const std::span<const TCase> More : {KindCases(), CurveCases(), LegendCases(), PieCases()})
+  for (const std::span<const TCase> More : {KindCases(), CurveCases(), LegendCases(), MarkerCases(), PieCases()})
     All.insert(All.end(), More.begin(), More.end());
   for (const TCase& Case : All) {
     const std::string_view Name = Case.Name;

@@ -144,5 +144,7 @@ std::span<const TCase> CurveCases();
 std::span<const TCase> LegendCases();
 /// Those of pies.
 std::span<const TCase> PieCases();
+/// Those of markers.
+std::span<const TCase> MarkerCases();
 
 }  // namespace zy::cases

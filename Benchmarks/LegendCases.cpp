@@ -1,13 +1,9 @@
 // A legend of many items, and the drag of one over many points.
 
-#include <QCoreApplication>
-#include <QMouseEvent>
-#include <QWidget>
 #include <string>
 
-#include "Cases.h"
+#include "WindowCase.h"
 #include "annotations/ZyLegend.h"
-#include "platform/controls/TApplication.h"
 
 namespace zy::cases {
 namespace {
@@ -47,33 +43,14 @@ TResult PaintLegend(int Count, bool Anew) {
 
 /// One move of a legend that the mouse drags over a line, from the event to the pixels of the window.
 TResult MoveLegend(int Count) {
-  TData Data(Count);
-  TChart Chart;
-  Chart.Form.SetBounds(0, 0, Width, Height);
-  Chart.Graph->SetParent(&Chart.Form);
-  Chart.Take(Data).SetCaption("noise");
+  TWindowChart Chart(Count);
   auto& Legend = *new TZyLegend(&Chart.Form);
   Legend.SetParent(Chart.Graph);
   Legend.SetGraph(Chart.Graph);
   Legend.SetBackColor(Colors::White);
   Legend.SetBounds(200, 200, 0, 0);
-  Chart.Form.Show();
-  auto& Program = dynamic_cast<TApplication&>(Application());
-  const auto Send = [&](QEvent::Type Type, int X, int Y, Qt::MouseButton Button) {
-    QWidget* const Widget = Chart.Graph->Widget();
-    QMouseEvent Event(Type, QPointF(X, Y), Widget->mapToGlobal(QPointF(X, Y)), Button, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(Widget, &Event);
-    Program.ProcessMessages();
-  };
-  Program.ProcessMessages();
-  Send(QEvent::MouseButtonPress, 210, 210, Qt::LeftButton);
-  int Step = 0;
-  const auto Move = [&] {
-    Step = (Step + 7) % 400;
-    Send(QEvent::MouseMove, 210 + Step, 210 + Step / 2, Qt::NoButton);
-  };
-  for (int Times = 0; Times < 3; ++Times) Move();  // the first one paints the chart without it
-  return Median(Move);
+  Chart.Show();
+  return Chart.Moves({210, 210}, true);
 }
 
 }  // namespace

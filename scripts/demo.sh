@@ -9,6 +9,7 @@ build/release/Examples/captions
 build/release/Examples/embed
 build/release/Examples/form
 build/release/Examples/equation
+build/release/Examples/measure
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then build/release/Examples/gallery; fi
 build/release/Examples/live
 build/release/Examples/first_chart

@@ -32,5 +32,10 @@ void zy::examples::MakeDay(TChartDocument& Document) {
     Series.PointSymbol().SetBorderColor(Color);
     Series.PointSymbol().SetFillColor(Colors::White);
   }
+  auto& Noon = Chart.AddMarker<TZyVerticalMarker>(Graph, "noon");
+  Noon.SetX(0.5);
+  Noon.SetCaptionPosition(TZyContentAlignment::MiddleRight);
+  Noon.Line().SetColor(Colors::Gray);
+  Noon.Line().SetDashStyle(DashStyleDash);
   Chart.AddLegend(Graph, TZyLegendPosition::BottomCenterOfGraph);
 }

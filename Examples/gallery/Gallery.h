@@ -3,7 +3,9 @@
 #include <span>
 #include <string>
 
+#include "annotations/ZyLabelWithArrowMarker.h"
 #include "annotations/ZyLegend.h"
+#include "annotations/ZyLineMarkers.h"
 #include "common/ChartDocument.h"
 #include "common/CsvFile.h"
 #include "graph/ZyGraph2D.h"
@@ -35,6 +37,17 @@ struct TChartPage {
   TZyPieChart& AddPie(const char* Title, TZyPieChartType Type, std::span<const TZyColor> Colors);
   TZyPieLegend& AddPieLegend(TZyPieChart& Pie, TZyPieLegendPosition Position);
   TZyDoubleVector& AddVector() { return Add<TZyDoubleVector>("Data"); }
+  /// A marker on the primary axes of the graph.
+  template <class TMarker>
+  TMarker& AddMarker(TZyGraph2D& Graph, const char* Caption) {
+    auto& Marker = Add<TMarker>("Marker");
+    Marker.SetParent(&Graph);
+    Marker.SetXAxis(Graph.PrimaryXAxis());
+    Marker.SetYAxis(Graph.PrimaryYAxis());
+    Marker.SetCaption(Caption);
+    Marker.SetCaptionVisible(true);
+    return Marker;
+  }
   /// A series on the primary axes of the graph.
   template <class TSeries = TZyLineSeries>
   TSeries& AddSeries(TZyGraph2D& Graph, TZyDoubleVector* X, TZyDoubleVector& Y, TZyColor Color) {

@@ -1,5 +1,7 @@
 // Twenty years of the S&P 500 on a date axis: prices on the left, the same on a logarithmic scale on the right.
 
+#include <algorithm>
+
 #include "gallery/Gallery.h"
 
 void zy::examples::MakeShares(TChartDocument& Document) {
@@ -22,6 +24,13 @@ void zy::examples::MakeShares(TChartDocument& Document) {
   OnLog.SetCaption("on the logarithmic scale");
   OnLog.SetYAxis(&LogAxis);
   Chart.AddLegend(Graph, TZyLegendPosition::BottomCenterOfAxis);
+  const auto Lowest = std::ranges::min_element(Closes.Values());
+  auto& Label = Chart.AddMarker<TZyLabelWithArrowMarker>(Graph, "the lowest close");
+  Label.SetX(Days.Values()[static_cast<std::size_t>(Lowest - Closes.Values().begin())]);
+  Label.SetY(*Lowest);
+  Label.SetArrowDeltaX(-45);
+  Label.SetArrowDeltaY(4);
+  Label.SetBentLength(10);
   for (auto [Axis, Color] :
        {std::pair{Graph.PrimaryYAxis(), Colors::SteelBlue}, std::pair{&LogAxis, Colors::DarkOrange}}) {
     Axis->SetCaptionColor(Color);

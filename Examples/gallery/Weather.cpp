@@ -33,5 +33,9 @@ void zy::examples::MakeWeather(TChartDocument& Document) {
   Low.SetCaption("lowest temperature");
   High.SetCaption("highest temperature, and the band between both");
   Drops.SetCaption("rain");
+  auto& Freezing = Chart.AddMarker<TZyHorizontalMarker>(Graph, "freezing");
+  Freezing.SetCaptionPosition(TZyContentAlignment::TopCenter);
+  Freezing.Line().SetColor(Colors::SteelBlue);
+  Freezing.Line().SetDashStyle(DashStyleDash);
   Chart.AddLegend(Graph, TZyLegendPosition::TopCenterOfAxis);
 }

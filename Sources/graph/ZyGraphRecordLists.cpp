@@ -25,7 +25,10 @@ const TClassInfo* KindOf(std::string_view ClassName, const TClassInfo& Kind) {
   return Class;
 }
 
-bool IsMarker(TControl& Control) { return dynamic_cast<IZyGraphMarker*>(&Control) != nullptr; }
+/// Parts of markers go with these.
+bool IsMarker(TControl& Control) {
+  return dynamic_cast<IZyGraphMarker*>(&Control) != nullptr && !Control.IsSubComponent();
+}
 
 bool IsAxis(TControl& Control) { return dynamic_cast<TZyAxis*>(&Control) != nullptr; }
 
@@ -216,6 +219,7 @@ void TZyGraphRecord::ReadMarker(const TZyIdentity& Who, const TReadObject& Read)
   auto* const Record = dynamic_cast<TZyRecord*>(Marker);
   if (Record == nullptr) throw EReadError(Format(LoadResString(_sOtherClassStored), {Who.ClassName, "TZyRecord"}));
   Read(*Record);
+  if (FGraph.UndoStack() != nullptr) Marker->SetUndoStack(FGraph.UndoStack());
 }
 
 }  // namespace zy

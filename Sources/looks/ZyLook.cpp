@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "annotations/ZyCustomLegend.h"
+#include "annotations/ZyMovable.h"
 #include "annotations/captions/ZyFont.h"
 #include "axes/ZyAxis.h"
 #include "graph/ZyGraph2D.h"
@@ -62,6 +63,12 @@ void Apply(TZyCustomLegend& Legend, const TZyLook& Look) {
   Legend.SetFont(TLookFont(Legend.Font(), Look, Look.TextSize));
   Legend.SetCaptionFont(TLookFont(Legend.CaptionFont(), Look, CaptionSize(Look)));
   Show(Legend.Frame(), Look.Frame);
+}
+
+void Apply(TZyMovable& Marker, const TZyLook& Look) {
+  Marker.SetFont(TLookFont(Marker.Font(), Look, Look.TextSize));
+  Marker.SetCaptionBackColor(WithAlphaOf(Look.Back, Marker.CaptionBackColor()));
+  Marker.Line().SetColor(Look.Axis);
 }
 
 void ApplyToGraph(TZyGraph2D& Graph, const TZyLook& Look) {
@@ -148,6 +155,8 @@ void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look) {
   for (TZyAxis* Axis : Graph.Axes()) Apply(*Axis, Look);
   for (IZyGraphLegend* Each : Graph.RelatedLegends())
     if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(Each)) Apply(*Legend, Look);
+  for (TControl* Control : Graph.Controls())
+    if (auto* const Marker = dynamic_cast<TZyMovable*>(Control)) Apply(*Marker, Look);
   std::size_t Next = 0;
   for (TZySeries* Series : Graph.RelatedSeries()) {
     if (!Look.SeriesColors.empty()) SetSeriesColor(*Series, Look.SeriesColors[Next++ % Look.SeriesColors.size()]);

@@ -17,7 +17,7 @@ class TZySeries;
 ///     ApplyLook(*Graph, Mine);
 struct TZyLook {
   std::string FontName = "Arial";
-  float TextSize = 10;   ///< of numbers and legends, in points
+  float TextSize = 10;   ///< of numbers, legends and markers, in points
   float TitleSize = 14;  ///< of the chart's title, in points; captions of axes lie between
   TZyColor Text = Colors::Black;
   TZyColor Back = Colors::White;            ///< of the whole chart, and of legends
@@ -42,9 +42,9 @@ struct TZyLook {
   static TZyLook OfPalette();
 };
 
-/// Gives a chart a look: the graph, its axes, series and legends as they are now, in one step of undo. Captions,
-/// visibility of what is more than a line of the grid, dash styles, symbols and gradients stay as they are; margins
-/// become those in which texts keep clear of each other.
+/// Gives a chart a look: the graph, its axes, series, legends and markers as they are now, in one step of undo.
+/// Captions, visibility of what is more than a line of the grid, dash styles, symbols and gradients stay as they are;
+/// margins become those in which texts keep clear of each other.
 void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look);
 
 /// One colour for a series: its line, its area and symbols, whose translucency stays. A series that is added to a chart

@@ -260,7 +260,7 @@ std::vector<IZySnappingMarker*> TZySeries::LinkedMarkers() const {
   const auto& Controls = Graph()->Control().Controls();
   for (auto Place = Controls.rbegin(); Place != Controls.rend(); ++Place)
     if (auto* const Marker = dynamic_cast<IZySnappingMarker*>(*Place))
-      if (Marker->SnappedSeries() == this && Marker->SnappedIdx() >= 0) Result.push_back(Marker);
+      if (Marker->LinkedSeries() == this && Marker->SnappedIdx() >= 0) Result.push_back(Marker);
   return Result;
 }
 

@@ -273,8 +273,8 @@ void TZyUndoStack::ReadObjectProperty(TReader& Reader, TPersistent& Instance, co
 template <class TDo>
 static void ForEachPart(TPersistent& Object, const TDo& Do) {
   for (const TPropInfo* Info : Object.ClassInfo().Rows()) {
-    if (!Info->IsOwnedObject) continue;
-    TPersistent* const Part = Info->GetObject(Object);
+    TPersistent* const Part = TFiler::PartOf(Object, *Info);
+    if (!Info->IsOwnedObject && Part == nullptr) continue;
     Do(Part);
     if (Part != nullptr) ForEachPart(*Part, Do);
   }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "annotations/ZyMovable.h"
 #include "drawing/Pixels.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/controls/TForm.h"
@@ -90,6 +91,19 @@ class TSampleChart {
       if (Info->Factory() == nullptr || !Info->InheritsFrom(TZySeries::StaticClassInfo())) continue;
       Result.push_back(dynamic_cast<TZySeries*>(Info->Factory()(&Form)));
       Join(*Result.back(), Prefix + Info->Name(), {1, 2, 3, 4}, {10, 30, 20, 40});
+    }
+    return Result;
+  }
+  /// A marker of every kind on both axes, named by a prefix and its class.
+  std::vector<TZyMovable*> AddMarkers(const std::string& Prefix) {
+    std::vector<TZyMovable*> Result;
+    for (const TClassInfo* Info : RegisteredClasses()) {
+      if (Info->Factory() == nullptr || !Info->InheritsFrom(TZyMovable::StaticClassInfo())) continue;
+      TZyMovable& Marker = *Result.emplace_back(dynamic_cast<TZyMovable*>(Info->Factory()(&Form)));
+      Marker.SetName(Prefix + Info->Name());
+      Marker.SetParent(Graph);
+      Marker.SetXAxis(X);
+      Marker.SetYAxis(Y);
     }
     return Result;
   }

@@ -3,6 +3,8 @@
 #include <memory>
 #include <random>
 
+#include "annotations/ZyCrossHair.h"
+#include "annotations/ZyLabelWithArrowMarker.h"
 #include "annotations/ZyLegend.h"
 #include "graph/SampleChart.h"
 #include "platform/data/TDataSource.h"
@@ -60,8 +62,14 @@ class TRandomChart : public TGraphPair {
       AddAxis(Roll(4) == 0 ? Other : Graph, static_cast<TZyAxisPosition>(Roll(4)));
     AddAllSeries();
     for (int Count = Roll(3); Count > 0; --Count) AddLegend();
+    AddMarkersOfSome();
     for (TComponent* Component : std::vector(Form.Components()))
       if (dynamic_cast<TZyDoubleVector*>(Component) == nullptr) SetAll(*Component);
+    for (TZyMovable* Marker : FMarkers) {
+      const auto Series = Listed(Graph->RelatedSeries());
+      if (Roll(2) == 0) Marker->SetSnappedSeries(Series[Choose(Series)]);
+      if (auto* const Label = dynamic_cast<TZyLabelWithArrowMarker*>(Marker)) Label->Arrow().SetVisible(true);
+    }
     for (TZyAxis* Axis : FAxes) {
       TZyAxis* const Master = FAxes[Choose(FAxes)];
       const bool IsLog = Axis->HasLogScaling() || Master->HasLogScaling();  // a slave becomes so after its ranges
@@ -134,6 +142,19 @@ class TRandomChart : public TGraphPair {
     if (Roll(2) == 0) Legend.ItemsOrderList()->SetText("Form.There\nForm.Here\nForm.Nobody");
   }
 
+  /// Of arrows the stream does not tell whether they are visible, and XML nothing of the lines of a cross hair.
+  void AddMarkersOfSome() {
+    for (TZyMovable* Marker : AddMarkers("")) {
+      if (Roll(2) == 0) {
+        delete Marker;
+        continue;
+      }
+      if (Roll(3) == 0) Marker->SetXAxis(nullptr);
+      if (Roll(3) == 0) Marker->SetYAxis(nullptr);
+      FMarkers.push_back(Marker);
+    }
+  }
+
   void AddAllSeries() {
     std::vector<TZyAxis*> Across, Up;
     AddSeries("Here", {1, 2, 5}, {3, 1, 4});  // INI takes ranges with data alone
@@ -185,22 +206,41 @@ class TRandomChart : public TGraphPair {
   /// Sets the published properties of an object and of its settings; what makes up the chart was set before. Labels of
   /// bars stay off: one that fits takes no room, and fits as long as it takes none. Edges of legends are not stored.
   void SetAll(TPersistent& Object) {
-    static const std::set<std::string_view> Kept = {"Name",          "XAxis",
-                                                    "YAxis",         "XData",
-                                                    "YData",         "PrimaryXAxis",
-                                                    "PrimaryYAxis",  "Position",
-                                                    "Left",          "Top",
-                                                    "Width",         "Height",
-                                                    "Align",         "Parent",
-                                                    "SmoothingMode", "DataSource",
-                                                    "Size",          "RubricsField",
-                                                    "Font",          "DataField",
-                                                    "MasterAxis",    "MergeLegendItemWith",
-                                                    "DrawBandTo",    "RangeFromFunction",
-                                                    "Elliptical",    "LabelPosition",
-                                                    "BorderRaised",  "BorderLowered",
-                                                    "ItemHeight",    "ItemsOrderList",
-                                                    "Graph"};
+    static const std::set<std::string_view> Kept = {"Name",
+                                                    "XAxis",
+                                                    "YAxis",
+                                                    "XData",
+                                                    "YData",
+                                                    "PrimaryXAxis",
+                                                    "PrimaryYAxis",
+                                                    "Position",
+                                                    "Left",
+                                                    "Top",
+                                                    "Width",
+                                                    "Height",
+                                                    "Align",
+                                                    "Parent",
+                                                    "SmoothingMode",
+                                                    "DataSource",
+                                                    "Size",
+                                                    "RubricsField",
+                                                    "Font",
+                                                    "DataField",
+                                                    "MasterAxis",
+                                                    "MergeLegendItemWith",
+                                                    "DrawBandTo",
+                                                    "RangeFromFunction",
+                                                    "Elliptical",
+                                                    "LabelPosition",
+                                                    "BorderRaised",
+                                                    "BorderLowered",
+                                                    "ItemHeight",
+                                                    "ItemsOrderList",
+                                                    "Graph",
+                                                    "SnappedSeries",
+                                                    "HorizontalMarker",
+                                                    "VerticalMarker",
+                                                    "SnapToSeriesValues"};
     for (const TPropInfo* Info : Object.ClassInfo().Properties()) {
       const bool IsOfLine = Object.ClassInfo().InheritsFrom(TZySimpleLineSettings::StaticClassInfo());
       if (Info->IsOwnedObject && Info->GetObject(Object) != nullptr && (HasLineGradients || !IsOfLine))
@@ -223,6 +263,7 @@ class TRandomChart : public TGraphPair {
   const bool FHasDatabase = Roll(3) == 0;
   TSampleData& FData;
   std::vector<TZyAxis*> FAxes{X, Y};
+  std::vector<TZyMovable*> FMarkers;
 };
 
 }  // namespace zy::testing

@@ -39,6 +39,14 @@ struct TSmallChart : TGraphPair {
     Series->SetXAxis(XAxis);
     Series->SetYAxis(YAxis);
     Series->SetYData(Data);
+    auto* const Limit = new TZyHorizontalMarker(&Form);
+    Limit->SetName("Limit");
+    Limit->SetParent(Graph);
+    Limit->SetYAxis(YAxis);
+    Limit->SetY(2.5);
+    Limit->SetCaption("a\rb");
+    Limit->SetCaptionDeltaX(-3);
+    Limit->SetSnappedSeries(Series);
   }
   TZyAxis* AddAxis(const char* Name, TZyAxisPosition Position, const std::array<int, 4>& Bounds) {
     auto* const Axis = new TZyAxis(&Form);

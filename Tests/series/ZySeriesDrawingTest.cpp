@@ -372,7 +372,7 @@ class TMarkerStub : public TGraphicControl, public IZySnappingMarker {
  public:
   using TGraphicControl::TGraphicControl;
   TControl& Control() override { return *this; }
-  TZySeries* SnappedSeries() const override { return Series; }
+  TZySeries* LinkedSeries() const override { return Series; }
   int SnappedIdx() const override { return Idx; }
   void SetSnappedIdx(int Value) override { Idx = Value; }
   void SnapTo(double X, double Y) override { Place = {X, Y}; }

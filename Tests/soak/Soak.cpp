@@ -199,6 +199,15 @@ class TSoak {
       if (auto* const Found = dynamic_cast<T*>(Component)) Result.push_back(Found);
     return Result;
   }
+  /// Legends, markers, and the parts of these.
+  std::vector<TGraphicControl*> Draggable() {
+    std::vector<TGraphicControl*> Result;
+    for (TZyGraph2D* Graph : All<TZyGraph2D>())
+      for (TControl* Control : Graph->Controls())
+        if (auto* const One = dynamic_cast<TGraphicControl*>(Control); One != nullptr && One->TakesKeys())
+          Result.push_back(One);
+    return Result;
+  }
   template <class T>
   T* Named(T* Component) {
     Component->SetName("More" + std::to_string(++FMade));
@@ -225,11 +234,14 @@ class TSoak {
 
   void Make() {
     if (More().size() > 30) return;
-    switch (Roll(6)) {
-      case 5:
+    switch (Roll(8)) {
+      case 7:
         return MakePie();
       case 4:
         return MakeLegend();
+      case 5:
+      case 6:
+        return MakeMarker();
       case 0:
         return Named(new TZyDoubleVector(&FLive.Form))->AddRange({1, 5, 3});
       case 1:
@@ -290,15 +302,34 @@ class TSoak {
     PictureOf(std::max(Pie.Width(), 1), std::max(Pie.Height(), 1), [&](Graphics& Gr) { Pie.PaintToImage(Gr); });
   }
 
-  /// A part of a drag, which need not begin or end.
-  void Drag(TZyLegend& Legend) {
+  void MakeMarker() {
+    std::vector<const TClassInfo*> Kinds;
+    for (const TClassInfo* Info : RegisteredClasses())
+      if (Info->Factory() != nullptr && Info->InheritsFrom(TZyMovable::StaticClassInfo())) Kinds.push_back(Info);
+    auto* const Marker = Named(dynamic_cast<TZyMovable*>(AnyOf(Kinds)->Factory()(&FLive.Form)));
+    Marker->SetParent(AnyOf(All<TZyGraph2D>()));
+    if (Roll(4) > 0) Marker->SetXAxis(FLive.X);
+    if (Roll(4) > 0) Marker->SetYAxis(AnyOf(All<TZyAxis>()));
+    Marker->SetCaption(Roll(2) == 0 ? "marker" : R"(\bmalformed<%x)");
+    Marker->SetCaptionVisible(Roll(3) > 0);
+    Marker->SetSnapToSeriesValues(Roll(2) == 0);
+    if (Roll(4) == 0) Marker->SetSnappedSeries(AnyOf(All<TZySeries>()));
+    if (Roll(4) == 0) Marker->SnapToIdx(Roll(2000));
+    if (Roll(3) == 0) Marker->SetOnMarkerMoving([this](TObject*) { ThrowOrFree(); });
+    if (Roll(3) == 0) Marker->SetOnMarkerMoved([this](TObject*) { ThrowOrFree(); });
+  }
+
+  /// A part of a drag, which need not begin or end, and whose handlers may throw, or free what is dragged.
+  void Drag(TGraphicControl& Dragged) {
+    const std::uint64_t Handle = Dragged.LiveHandle();
+    const auto Alive = [Handle] { return TPersistent::FromLiveHandle(Handle) != nullptr; };
     const int X = Roll(900) - 200, Y = Roll(700) - 200;
-    if (Roll(2) == 0) Legend.MouseDown(mbLeft, {ssLeft}, X, Y);
-    for (int Moves = Roll(4); Moves > 0; --Moves) Legend.MouseMove({ssLeft}, Roll(900) - 200, Y);
+    if (Roll(2) == 0) Dragged.MouseDown(mbLeft, {ssLeft}, X, Y);
+    for (int Moves = Roll(4); Moves > 0 && Alive(); --Moves) Dragged.MouseMove({ssLeft}, Roll(900) - 200, Y);
     TKey Key = std::array{vkEscape, vkLeft, vkDown, vkSpace}[static_cast<std::size_t>(Roll(4))];
-    if (Roll(3) == 0) Legend.KeyDown(Key, {});
-    if (Roll(2) == 0) Legend.MouseUp(mbLeft, {}, X, Y);
-    if (Roll(4) == 0) Legend.SetVisible(!Legend.Visible());
+    if (Roll(3) == 0 && Alive()) Dragged.KeyDown(Key, {});
+    if (Roll(2) == 0 && Alive()) Dragged.MouseUp(mbLeft, {}, X, Y);
+    if (Roll(4) == 0 && Alive()) Dragged.SetVisible(!Dragged.Visible());
   }
 
   void Append(TZySeries& Series, int Count) {
@@ -339,7 +370,7 @@ class TSoak {
       if (What == 9) SetHandler();
       if (What == 10) ClearHandlers();
       if (What == 11)
-        if (auto* const Legend = AnyOf(All<TZyLegend>())) Drag(*Legend);
+        if (auto* const Dragged = AnyOf(Draggable())) Drag(*Dragged);
       if (What > 11) return;
       const TPoint Mouse = Place();  // before the paint, too
       for (int Times = 0; Times < 2; ++Times) {

@@ -14,14 +14,36 @@
 namespace zy::testing {
 
 /// What is set without undo: the curve that divides the points, what the designer sets once, looks and sizes without
-/// a step, the paddings of an axis, the offset of a regression that is not fixed, and the table and the part of a
-/// sample.
-inline const std::set<std::string_view> NotUndone = {
-    "BufferType",    "PanningCursor", "SmoothingMode", "AutoUpdate",
-    "ParentFont",    "StartPadding",  "StopPadding",   "MergeLegendItemWith",
-    "DrawBandTo",    "RubricsField",  "DataSource",    "DataField",
-    "CaptionsField", "Table",         "Part",          "RangeFromFunction",
-    "Offset",        "AutoSize"};
+/// a step, the paddings of an axis, the offset of a regression that is not fixed, how markers are dragged, and the
+/// table and the parts of a sample and of a cross hair.
+inline const std::set<std::string_view> NotUndone = {"BufferType",
+                                                     "PanningCursor",
+                                                     "SmoothingMode",
+                                                     "AutoUpdate",
+                                                     "ParentFont",
+                                                     "StartPadding",
+                                                     "StopPadding",
+                                                     "MergeLegendItemWith",
+                                                     "DrawBandTo",
+                                                     "RubricsField",
+                                                     "DataSource",
+                                                     "DataField",
+                                                     "CaptionsField",
+                                                     "Table",
+                                                     "Part",
+                                                     "RangeFromFunction",
+                                                     "Offset",
+                                                     "AutoSize",
+                                                     "SnapToSeriesValues",
+                                                     "MouseDrag",
+                                                     "HoverGrips",
+                                                     "ArrowEndGripCursor",
+                                                     "BentLengthGripCursor",
+                                                     "CaptionGripCursor",
+                                                     "HorizontalCursor",
+                                                     "VerticalCursor",
+                                                     "HorizontalMarker",
+                                                     "VerticalMarker"};
 
 /// What every panel has, places and names above all, is set without undo too.
 inline bool IsUndone(const TPropInfo& Info) {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "annotations/ZyCrossHair.h"
 #include "annotations/ZyLegend.h"
 #include "framework/SampleComponent.h"
 #include "graph/SampleChart.h"
@@ -34,6 +35,7 @@ class TUndoForm {
       Series->SetUndoStack(&Stack);
       if (Series->ClassInfo().FindProperty("XAxis") == nullptr) Series->SetXAxis(nullptr);  // it would not be stored
     }
+    for (TZyMovable* Marker : Chart.AddMarkers("")) UseMarker(*Marker);
     Sample.SetName("Sample");
     Sample.MakePart();
     for (TSample* const Part : {&Sample, Sample.Part()})
@@ -54,6 +56,8 @@ class TUndoForm {
     Collect(*Sample.Part(), Result);
     for (TComponent* Component : Form.Components())
       if (dynamic_cast<TZyDoubleVector*>(Component) == nullptr && Component != &Stack) Collect(*Component, Result);
+    for (TComponent* Component : Form.Components())
+      if (auto* const Cross = dynamic_cast<TZyCrossHair*>(Component)) Collect(*Cross->HorizontalMarker(), Result);
     return Result;
   }
 
@@ -135,6 +139,13 @@ class TUndoForm {
     Pie->SetUndoStack(&Stack);
   }
 
+  /// As with the font of the graph.
+  void UseMarker(TZyMovable& Marker) {
+    Marker.SetParentFont(false);
+    if (auto* const Cross = dynamic_cast<TZyCrossHair*>(&Marker)) Cross->HorizontalMarker()->SetParentFont(false);
+    Marker.SetUndoStack(&Stack);
+  }
+
   TSampleChart Chart;
   TForm& Form = Chart.Form;
   TZyLegend* Legend = new TZyLegend(&Form);
@@ -195,7 +206,9 @@ class TUndoWalk : public TUndoForm {
                                          &TZyLegend::StaticClassInfo(),    &TZyPieChart::StaticClassInfo(),
                                          &TZyPieLegend::StaticClassInfo(), &TZyFillPalette::StaticClassInfo()};
     for (const TClassInfo* Info : RegisteredClasses())
-      if (Info->Factory() != nullptr && Info->InheritsFrom(TZySeries::StaticClassInfo())) Kinds.push_back(Info);
+      if (Info->Factory() != nullptr &&
+          (Info->InheritsFrom(TZySeries::StaticClassInfo()) || Info->InheritsFrom(TZyMovable::StaticClassInfo())))
+        Kinds.push_back(Info);
     const TZyUndoGroup Group(&Stack, "new");
     auto* const Component = dynamic_cast<TComponent*>(AnyOf(Kinds)->Factory()(&Form));
     Component->SetName("New" + std::to_string(++FMade));
@@ -213,6 +226,10 @@ class TUndoWalk : public TUndoForm {
       Pie->SetUndoStack(&Stack);
       Pie->SetParent(&Form);
       SetAtRandom(*Pie, *Pie->ClassInfo().FindProperty("Values"), Form, FRandom);
+    }
+    if (auto* const Marker = dynamic_cast<TZyMovable*>(Component)) {
+      UseMarker(*Marker);
+      if (!Graphs().empty()) Marker->SetParent(AnyOf(Graphs()));
     }
     if (auto* const Series = dynamic_cast<TZySeries*>(Component)) {
       Series->SetUndoStack(&Stack);

@@ -86,7 +86,7 @@ class IZySnappingMarker {
   /// The marker itself.
   virtual TControl& Control() = 0;
   /// The series that it holds on to, null while it does not.
-  virtual TZySeries* SnappedSeries() const = 0;
+  virtual TZySeries* LinkedSeries() const = 0;
   /// Data index of the point, -1 for none. Setting it moves nothing.
   virtual int SnappedIdx() const = 0;
   virtual void SetSnappedIdx(int Value) = 0;

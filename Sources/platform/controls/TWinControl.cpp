@@ -155,13 +155,22 @@ void TWinControl::GetChildren(const std::function<void(TComponent*)>& Proc, TCom
   Inherited::GetChildren(Proc, Root);
 }
 
+/// Parts of other controls, such as the grips of one, do not count: they come and go with these.
 int TWinControl::ChildIndex(const TComponent& Child) const {
-  return Child.ParentComponent() == this ? IndexIn(FControls, Child) : Inherited::ChildIndex(Child);
+  if (Child.ParentComponent() != this) return Inherited::ChildIndex(Child);
+  const auto IsWhole = [](const TControl* Control) { return !Control->IsSubComponent(); };
+  return static_cast<int>(std::count_if(FControls.begin(), std::ranges::find(FControls, &Child), IsWhole));
 }
 
 void TWinControl::SetChildIndex(TComponent& Child, int Index) {
   if (Child.ParentComponent() != this) return Inherited::SetChildIndex(Child, Index);
-  MoveIn(FControls, Child, Index);
+  int Place = 0;
+  for (const TControl* Control : FControls) {
+    if (Control == &Child) continue;
+    if (!Control->IsSubComponent() && Index-- <= 0) break;
+    ++Place;
+  }
+  MoveIn(FControls, Child, Place);
   for (TControl* Control : std::vector(FControls))
     if (auto* const Inner = dynamic_cast<TWinControl*>(Control); Inner != nullptr && Inner->FWidget != nullptr)
       Inner->FWidget->raise();

@@ -85,15 +85,17 @@ void TWinControl::ReleaseFocus() {
   if (FWidget != nullptr) FWidget->clearFocus();
 }
 
-/// The frame that shows the keyboard's place is for those who came by keyboard.
+/// The frame that shows the keyboard's place is for those who came by keyboard. It lies above the picture, which is not
+/// painted for it.
 void TWinControl::NoteFocus(QEvent& Event) {
   const Qt::FocusReason Reason = static_cast<QFocusEvent&>(Event).reason();
   if (Reason == Qt::PopupFocusReason || Reason == Qt::MenuBarFocusReason) return;
   const bool Comes = Event.type() == QEvent::FocusIn;
   if (Comes) ApplyAccessibleName();
+  const bool WasShown = FFocusShown;
   FFocusShown =
       Comes && (Reason == Qt::TabFocusReason || Reason == Qt::BacktabFocusReason || Reason == Qt::ShortcutFocusReason);
-  InvalidateBox();
+  if (WasShown || FFocusShown) InvalidateOverlay(ClientRect());
   if (Comes) {
     DoEnter();
   } else {

@@ -66,11 +66,11 @@ class TFiler {
   TComponent* Root() const { return FRoot; }
   void SetRoot(TComponent* Value) { FRoot = Value; }
 
- protected:
   /// The object that is streamed inside Instance under this property: an owned object, or a component that Instance
   /// made a part of itself. Null when there is none, and for a reference to something that lives elsewhere.
   static TPersistent* PartOf(TPersistent& Instance, const TPropInfo& Info);
 
+ protected:
   TStream& FStream;
   std::size_t FBufferSize;
   std::unique_ptr<std::byte[]> FBuffer;
