@@ -14,7 +14,10 @@ namespace zy::testing {
 /// What is drawn of a caption, whatever runs it is drawn in.
 inline auto DrawnOf(const std::string& Caption) {
   std::vector<std::tuple<int, std::string, float, unsigned, TZyColor, std::string>> Result;
-  const TZyCaptionLayout Layout(ParseVariables(Caption, nullptr), {.FontName = "DejaVu Sans", .FontSize = 10});
+  TZyCaptionLook Look;
+  Look.FontName = "DejaVu Sans";
+  Look.FontSize = 10;
+  const TZyCaptionLayout Layout(ParseVariables(Caption, nullptr), Look);
   for (const TZySubCaption& Run : Layout.SubCaptions) {
     std::tuple Each(Run.LineIndex, Run.FontName(), Run.RunFont.GetSize(), Run.RunFont.GetStyle().Bits(), Run.Color,
                     std::string());

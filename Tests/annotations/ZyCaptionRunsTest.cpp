@@ -97,7 +97,7 @@ TEST_F(CaptionRunsTest, AnyCaptionThatCanBeDrawnKeepsItsLook) {
   int Drawn = 0;
   for (int Round = 0; Round < 20000; ++Round) {
     std::string Caption;
-    for (unsigned Count = Random() % 12; Count > 0; --Count) Caption += Parts[Random() % std::size(Parts)];
+    for (auto Count = Random() % 12; Count > 0; --Count) Caption += Parts[Random() % std::size(Parts)];
     ASSERT_EQ(testing::RoundTripFault(Caption), "") << Caption;
     try {
       Drawn += ReadCaption(Caption, nullptr).empty() ? 0 : 1;
@@ -108,18 +108,22 @@ TEST_F(CaptionRunsTest, AnyCaptionThatCanBeDrawnKeepsItsLook) {
 }
 
 TEST_F(CaptionRunsTest, WhatCannotBeWrittenIsWrittenAsNearAsItCan) {
-  const TZyCaptionStyle Bold{.Toggled = {TFontStyle::Bold}};
-  const auto Variable = CaptionAtomOf("Nothing", nullptr);
-  struct {
-    TZyCaptionRuns Runs;
-    const char* Written;
-  } const Cases[] = {
-      {{{{}, "a\\", nullptr}, {Bold, "b", nullptr}}, "a\\b\\\\b\\b"},
-      {{{Bold, "a\\", nullptr}}, "\\ba\\\\"},
-      {{{{}, "<% <%Plain%> %>", nullptr}}, "<\\% <\\%Plain%\\> %\\>"},
-      {{{{}, {}, Variable}, {{}, {}, CaptionAtomOf("Plain", nullptr)}}, "<%Nothing%>\\b\\b<%Plain%>"},
+  const auto RunOf = [](const char* Text, TFontStyles Toggled = {}) {
+    TZyCaptionRun Run;
+    Run.Style.Toggled = Toggled;
+    Run.Text = Text;
+    return Run;
   };
-  for (const auto& Case : Cases) EXPECT_EQ(WriteCaption(Case.Runs), Case.Written);
+  const auto VariableOf = [](const char* Name) {
+    TZyCaptionRun Run;
+    Run.Atom = CaptionAtomOf(Name, nullptr);
+    return Run;
+  };
+  const TFontStyles Bold{TFontStyle::Bold};
+  EXPECT_EQ(WriteCaption({RunOf("a\\"), RunOf("b", Bold)}), "a\\b\\\\b\\b");
+  EXPECT_EQ(WriteCaption({RunOf("a\\", Bold)}), "\\ba\\\\");
+  EXPECT_EQ(WriteCaption({RunOf("<% <%Plain%> %>")}), "<%<% <%<%Plain%> %>");
+  EXPECT_EQ(WriteCaption({VariableOf("Nothing"), VariableOf("Plain")}), "<%Nothing%>\\b\\b<%Plain%>");
   EXPECT_THROW(CaptionAtomOf("Plain%> <%Plain", nullptr), EConvertError);
   EXPECT_EQ(ReadCaption("<%Nowhere%>", nullptr, TZyCaptionReading::Lenient)[0].Atom->Shown, "...");
   EXPECT_EQ(ReadCaption("\\c[x]<%Nowhere%>", nullptr, TZyCaptionReading::Lenient)[0].Atom->Shown, "\\c[x]<%Nowhere%>");
