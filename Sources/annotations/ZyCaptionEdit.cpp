@@ -17,8 +17,9 @@ namespace zy {
 ZY_PUBLISHED(TZyCaptionEdit, TCustomRichEdit,
              Published<&TZyCaptionEdit::Caption, &TZyCaptionEdit::SetCaption>("Caption", TZyRichCaption(),
                                                                               _sCaptEditSetCaption),
-             Published<&TZyCaptionEdit::Alignment, &TZyCaptionEdit::SetAlignment>(
-                 "Alignment", TAlignment::taLeftJustify, _sCaptEditAlignment))
+             Published<&TZyCaptionEdit::Alignment, &TZyCaptionEdit::SetAlignment>("Alignment",
+                                                                                  TAlignment::taLeftJustify,
+                                                                                  _sCaptEditAlignment))
 
 namespace {
 
@@ -56,9 +57,7 @@ class TVariableAtom : public TRichAtom {
   std::shared_ptr<const TZyCaptionAtom> FVariable;
 };
 
-const TZyCaptionAtom& VariableOf(const TRichAtom& Atom) {
-  return *dynamic_cast<const TVariableAtom&>(Atom).Variable();
-}
+const TZyCaptionAtom& VariableOf(const TRichAtom& Atom) { return *dynamic_cast<const TVariableAtom&>(Atom).Variable(); }
 
 /// Text in 16-bit characters, low byte first, with a final zero, as other programs register such formats.
 std::string ToWideBytes(std::string_view Text) {
@@ -341,8 +340,10 @@ void TZyCaptionEdit::BeforeEdit(TRichEditAction Action) {
       return;
     case TRichEditAction::Return:
     case TRichEditAction::Delete:
-      if (SelLength() > 0) PushEditState(_sCaptEditClear);
-      else if (!Goes && !GoesDeleting) PushEditState(_sCaptEditEnter);
+      if (SelLength() > 0)
+        PushEditState(_sCaptEditClear);
+      else if (!Goes && !GoesDeleting)
+        PushEditState(_sCaptEditEnter);
       return;
     case TRichEditAction::Cut:
     case TRichEditAction::Clear:
@@ -397,9 +398,7 @@ void TZyCaptionEdit::KeyDown(TKey& Key, TShiftState Shift) {
 /// The name by which the toolkit finds a format that is registered as "TZyCaptionEdit".
 std::string TZyCaptionEdit::PrivateFormat() const { return "application/x-qt-windows-mime;value=\"TZyCaptionEdit\""; }
 
-std::string TZyCaptionEdit::PrivateContent() const {
-  return ToWideBytes(GetSelectedCaption(SelStart(), SelLength()));
-}
+std::string TZyCaptionEdit::PrivateContent() const { return ToWideBytes(GetSelectedCaption(SelStart(), SelLength())); }
 
 TRichRuns TZyCaptionEdit::RunsOfPrivate(const std::string& Bytes) {
   return ToRich(ReadCaption(FromWideBytes(Bytes), FDependent.get()));

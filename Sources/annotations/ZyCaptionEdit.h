@@ -114,9 +114,9 @@ class TZyCaptionEdit : public TCustomRichEdit, public IZyEditState {
   std::unique_ptr<TDependent> FDependent;
   TZyUndoStack* FOwnStack;
   TZyUndoLink FUndo{this, &TZyCaptionEdit::SetUndoStack};
-  TZyRichCaption FCaption;     // as last set
-  TZyRichCaption FShown;       // what the text gave when FCaption was shown
-  int FLastInputPos = -1;      // where the last typed character went in
+  TZyRichCaption FCaption;  // as last set
+  TZyRichCaption FShown;    // what the text gave when FCaption was shown
+  int FLastInputPos = -1;   // where the last typed character went in
   int FLastDeletePos = -1;
 };
 

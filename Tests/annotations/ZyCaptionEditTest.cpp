@@ -143,7 +143,7 @@ TEST_F(CaptionEditTest, TheClipboardCarriesVariablesAndTakesForeignTexts) {
     }
     return std::string(Other.Caption());
   };
-  EXPECT_EQ(Paste("text/plain", QByteArray("a\tb\x01\x02\r\nc\xEF\xBF\xBC<%Pi%>\\", 22)), "a b\r\nc<%<%Pi%>\\\\");
+  EXPECT_EQ(Paste("text/plain", "a\tb\x01\x02\r\nc\xEF\xBF\xBC<%Pi%>\\"), "a b\r\nc<%<%Pi%>%>\\\\");
   EXPECT_EQ(Paste("text/html", "<b>x</b>y<img src='file:///etc/passwd'><table><tr><td>z</td></tr></table>"),
             "\\bx\\by\r\nz\r\n");
   constexpr const char* Own = "application/x-qt-windows-mime;value=\"TZyCaptionEdit\"";
@@ -159,19 +159,44 @@ TEST_F(CaptionEditTest, AWalkOfEditsKeepsVariablesWhole) {
   for (int Step = 0; Step < 1500; ++Step) {
     FEdit.Select(Below(FEdit.ShownLength() + 1), Below(3) == 0 ? Below(9) - 4 : 0);
     switch (Below(14)) {
-      case 0: Press(Qt::Key_Backspace); break;
-      case 1: Press(Qt::Key_Delete); break;
-      case 2: Press(Qt::Key_B, Qt::ControlModifier); break;
-      case 3: Press(Qt::Key_Minus, Qt::ControlModifier); break;
-      case 4: FEdit.CutToClipboard(); break;
-      case 5: FEdit.CopyToClipboard(); break;
-      case 6: FEdit.PasteFromClipboard(); break;
-      case 7: FEdit.Undo(); break;
-      case 8: FEdit.Redo(); break;
-      case 9: FEdit.SetSelVariable(Below(2) == 0 ? "Plain" : "Bold"); break;
-      case 10: FEdit.SetSelColor(Below(2) == 0 ? 0xFF000000 : 0xFFFF0000); break;
-      case 11: Press(Qt::Key_Return); break;
-      default: Type(QStringList{"a", "\\", "<%", "%>", "b", "א"}.at(Below(6)));
+      case 0:
+        Press(Qt::Key_Backspace);
+        break;
+      case 1:
+        Press(Qt::Key_Delete);
+        break;
+      case 2:
+        Press(Qt::Key_B, Qt::ControlModifier);
+        break;
+      case 3:
+        Press(Qt::Key_Minus, Qt::ControlModifier);
+        break;
+      case 4:
+        FEdit.CutToClipboard();
+        break;
+      case 5:
+        FEdit.CopyToClipboard();
+        break;
+      case 6:
+        FEdit.PasteFromClipboard();
+        break;
+      case 7:
+        FEdit.Undo();
+        break;
+      case 8:
+        FEdit.Redo();
+        break;
+      case 9:
+        FEdit.SetSelVariable(Below(2) == 0 ? "Plain" : "Bold");
+        break;
+      case 10:
+        FEdit.SetSelColor(Below(2) == 0 ? 0xFF000000 : 0xFFFF0000);
+        break;
+      case 11:
+        Press(Qt::Key_Return);
+        break;
+      default:
+        Type(QStringList{"a", "\\", "<%", "%>", "b", "א"}.at(Below(6)));
     }
     const TZyRichCaption Caption = FEdit.Caption();
     if (Caption.size() > 600) FEdit.SetCaption("<%Plain%>");

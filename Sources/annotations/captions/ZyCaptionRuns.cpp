@@ -112,14 +112,29 @@ class TCaptionReader {
     ReadPieces();
     TRunCollector Whole;
     if (!FHasCrossing) Whole.Read(FExpanded);
-    if (!FHasCrossing && SameRuns(Whole.Runs, WithoutAtoms(FParts.Runs))) return WithEditableTexts(FParts.Runs);
+    if (!FHasCrossing && SameRuns(Whole.Runs, WithoutAtoms(FParts.Runs)) && IsKeptByWriting(Whole.Runs))
+      return WithEditableTexts(FParts.Runs);
     std::string Value = FHasFailed ? CaptionVerbatim(FCaption) : ParseVariables(FCaption, FDependent);
     return {{{}, {}, MakeAtom(std::string(FCaption), std::move(Value))}};
   }
 
  private:
+  /// Values that are nothing, or hold markup, may not stand beside what is written at their sides.
+  bool IsKeptByWriting(const TZyCaptionRuns& Wanted) const try {
+    if (!FHasOddValue) return true;
+    const std::string Written = WriteCaption(WithEditableTexts(FParts.Runs));
+    TCaptionReader Again(Written, FDependent, TZyCaptionReading::Lenient);
+    Again.ReadPieces();
+    TRunCollector Whole;
+    if (!Again.FHasCrossing) Whole.Read(Again.FExpanded);
+    return !Again.FHasCrossing && SameRuns(Whole.Runs, Wanted);
+  } catch (const EConvertError&) {
+    return false;
+  }
+
   void ReadPieces() try {
     for (const TZyCaptionPiece& Piece : CaptionPiecesOf(FCaption)) {
+      if (FHasCrossing) return;  // from here on the pieces may be other ones
       if (Piece.IsVariable) {
         AddVariable(Piece.Text);
       } else {
@@ -141,8 +156,12 @@ class TCaptionReader {
   }
 
   void AddVariable(const std::string& Name) {
+    // The search for marks goes on one character behind the start of a value.
+    FHasCrossing = FIsBehindValue && FBehindEmpty;
+    if (FHasCrossing) return;
     const std::string Value = ValueOf(Name);
-    FHasCrossing = FHasCrossing || HasMark(Value);
+    FHasCrossing = HasMark(Value);
+    FHasOddValue = FHasOddValue || Value.empty() || Value.find('\\') != std::string::npos;
     FBehindEmpty = Value.empty();
     FLastOfValue = Value.empty() ? '\0' : Value.back();
     FExpanded += Value;
@@ -156,7 +175,6 @@ class TCaptionReader {
 
   void AddText(const std::string& Text) {
     const char First = Text.front();
-    // The search for marks goes on one character behind the start of a value.
     if (FIsBehindValue && FBehindEmpty && (First == '<' || First == '%')) FHasCrossing = true;
     if (FIsBehindValue && ((FLastOfValue == '<' && First == '%') || (FLastOfValue == '%' && First == '>')))
       FHasCrossing = true;
@@ -172,13 +190,18 @@ class TCaptionReader {
   std::string FExpanded;
   bool FHasCrossing = false;  // marks come about that stand in no piece
   bool FHasFailed = false;
+  bool FHasOddValue = false;
   bool FIsBehindValue = false, FBehindEmpty = false;
   char FLastOfValue = '\0';
 };
 
 // --- Writing --------------------------------------------------------------------------------------------------------
 
-bool EndsInBackslash(const TZyCaptionRun& Run) { return Run.Text.ends_with('\\'); }
+bool EndsInBackslash(const TZyCaptionRun& Run) {
+  return (Run.Atom != nullptr ? Run.Atom->Value : Run.Text).ends_with('\\');
+}
+
+bool IsOpaque(const TZyCaptionRun& Run) { return Run.Atom != nullptr && Run.Atom->Variable() == Run.Atom->Source; }
 
 /// Joins texts of one style, and gives backslashes in front of a change the style of what follows.
 TZyCaptionRuns Writable(TZyCaptionRuns Runs) {
@@ -228,8 +251,8 @@ class TCaptionWriter {
         WriteText(Run.Text);
       }
     }
-    // Behind a backslash nothing can change, and nothing needs to.
-    if (!Runs.empty() && Runs.back().Atom == nullptr && EndsInBackslash(Runs.back())) return;
+    // Behind a backslash nothing can change, nor behind what was not taken apart; and nothing needs to.
+    if (!Runs.empty() && (EndsInBackslash(Runs.back()) || IsOpaque(Runs.back()))) return;
     ChangeTo({});
   }
 

@@ -20,10 +20,10 @@ using TAtomRef = std::shared_ptr<const TRichAtom>;
 
 constexpr int AtomType = QTextFormat::UserObject + 1;
 enum : int { AtomProperty = QTextFormat::UserProperty + 1, ScriptProperty, ColorProperty };
-constexpr float ScriptSize = 0.7f;    // of the text's size
-constexpr float Lift = 0.4f;          // of the text's size, as the drop
+constexpr float ScriptSize = 0.7f;  // of the text's size
+constexpr float Lift = 0.4f;        // of the text's size, as the drop
 constexpr float Drop = 0.2f;
-constexpr qreal LeastWidth = 3;       // of an atom that shows nothing
+constexpr qreal LeastWidth = 3;  // of an atom that shows nothing
 
 TAtomRef AtomOf(const QTextFormat& Format) {
   if (Format.objectType() != AtomType) return nullptr;
@@ -109,7 +109,8 @@ void ForEachFragment(const QTextDocument& Document, int From, int To, const TPro
     for (auto Each = Block.begin(); !Each.atEnd(); ++Each) {
       const QTextFragment Part = Each.fragment();
       const int Start = std::max(Part.position(), From), End = std::min(Part.position() + Part.length(), To);
-      if (Start < End) Proc(Start, End - Start, Part.charFormat(), Part.text().mid(Start - Part.position(), End - Start));
+      if (Start < End)
+        Proc(Start, End - Start, Part.charFormat(), Part.text().mid(Start - Part.position(), End - Start));
     }
   }
 }
@@ -302,7 +303,8 @@ TRichRuns RichPasteOf(const QString& Html, const TRichDocument& Target) {
                     Look.Style = StyleOf(Format);
                     Look.Superscript = Format.verticalAlignment() == QTextCharFormat::AlignSuperScript;
                     Look.Subscript = Format.verticalAlignment() == QTextCharFormat::AlignSubScript;
-                    if (Format.foreground().style() == Qt::SolidPattern) Look.Color = Format.foreground().color().rgba();
+                    if (Format.foreground().style() == Qt::SolidPattern)
+                      Look.Color = Format.foreground().color().rgba();
                     Look.Name = FamilyOf(Format);
                     Append(Result, Look, PlainPasteOf(Text));
                   });

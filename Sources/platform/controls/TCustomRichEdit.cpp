@@ -116,8 +116,8 @@ class TCustomRichEdit::TEditWidget : public QTextEdit {
  private:
   void KeyPressed(QKeyEvent& Event) {
     if (FOwner == nullptr) return;
-    const bool ToRedo = Event.matches(QKeySequence::Redo) ||
-                        (Event.key() == Qt::Key_Y && Event.modifiers() == Qt::ControlModifier);
+    const bool ToRedo =
+        Event.matches(QKeySequence::Redo) || (Event.key() == Qt::Key_Y && Event.modifiers() == Qt::ControlModifier);
     if (Event.matches(QKeySequence::Undo)) return FOwner->Undo();
     if (ToRedo) return FOwner->Redo();
     if (Event.matches(QKeySequence::Copy)) return FOwner->CopyToClipboard();

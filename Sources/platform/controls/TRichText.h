@@ -17,7 +17,7 @@ class Graphics;
 struct TRichFormat {
   TFontStyles Style;
   bool Superscript = false;
-  bool Subscript = false;  ///< with both a text is a superscript
+  bool Subscript = false;     ///< with both a text is a superscript
   std::optional<ARGB> Color;  ///< none for that of the control
   std::string Name;           ///< family; empty for that of the control
 
