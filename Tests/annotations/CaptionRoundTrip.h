@@ -44,9 +44,13 @@ inline std::string RoundTripFault(const std::string& Caption) {
     return IsDrawn ? "cannot be read" : "";
   }
   if (!IsDrawn) return "is read and cannot be drawn";
-  if (DrawnOf(Written) != DrawnOf(Caption)) return "looks different as " + Written;
-  const std::string Again = WriteCaption(ReadCaption(Written, nullptr));
-  return Again == Written ? "" : "is " + Written + " and then " + Again;
+  try {
+    if (DrawnOf(Written) != DrawnOf(Caption)) return "looks different as " + Written;
+    const std::string Again = WriteCaption(ReadCaption(Written, nullptr));
+    return Again == Written ? "" : "is " + Written + " and then " + Again;
+  } catch (const Exception& Error) {
+    return "cannot be used as " + Written + ": " + Error.what();
+  }
 }
 
 }  // namespace zy::testing

@@ -121,7 +121,7 @@ TEST_F(CaptionRunsTest, WhatCannotBeWrittenIsWrittenAsNearAsItCan) {
   const TFontStyles Bold{TFontStyle::Bold};
   EXPECT_EQ(WriteCaption({RunOf("a\\"), RunOf("b", Bold)}), "a\\b\\\\b\\b");
   EXPECT_EQ(WriteCaption({RunOf("a\\", Bold)}), "\\ba\\\\");
-  EXPECT_EQ(WriteCaption({RunOf("<% <%Plain%> %>")}), "<\\% <\\%Plain%\\> %\\>");
+  EXPECT_EQ(WriteCaption({RunOf("<% <%Plain%> %>")}), "<%<% <%<%Plain%> %>");
   EXPECT_EQ(WriteCaption({VariableOf("Nothing"), VariableOf("Plain")}), "<%Nothing%>\\b\\b<%Plain%>");
   EXPECT_THROW(CaptionAtomOf("Plain%> <%Plain", nullptr), EConvertError);
   EXPECT_EQ(ReadCaption("<%Nowhere%>", nullptr, TZyCaptionReading::Lenient)[0].Atom->Shown, "...");

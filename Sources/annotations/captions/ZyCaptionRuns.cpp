@@ -237,10 +237,13 @@ struct TWrittenPart {
   bool IsSource = false;
 };
 
+/// How marks are written that are text: doubled; the closing ones as they are, since readers take them for text where
+/// no opening mark is near; parted by an idle backslash.
+enum class TMarkWriting { Doubled, OpeningDoubled, Parted };
+
 class TCaptionWriter {
  public:
-  /// Marks in texts are doubled, or parted by an idle backslash.
-  explicit TCaptionWriter(bool PartsMarks) : FPartsMarks(PartsMarks) {}
+  explicit TCaptionWriter(TMarkWriting Marks) : FMarks(Marks) {}
 
   void Write(const TZyCaptionRuns& Runs) {
     for (const TZyCaptionRun& Run : Runs) {
@@ -281,14 +284,13 @@ class TCaptionWriter {
   }
 
  private:
-  static std::string WithDoubledMarks(const std::string& Text) {
+  std::string WithDoubledMarks(const std::string& Text) const {
     std::string Result;
     for (std::size_t i = 0; i < Text.size(); ++i) {
       const std::string_view Mark = std::string_view(Text).substr(i, 2);
-      if (Mark == Opening || Mark == Closing)
-        Result.append(Mark).append(Mark), ++i;
-      else
-        Result += Text[i];
+      const bool Doubles = Mark == Opening || (Mark == Closing && FMarks == TMarkWriting::Doubled);
+      Result.append(Doubles ? Mark : std::string_view(Text).substr(i, 1));
+      if (Doubles) Result.append(Mark), ++i;
     }
     return Result;
   }
@@ -318,25 +320,28 @@ class TCaptionWriter {
     FParts.push_back({Atom.Source, true});
     FStyle = StyleBehind(Atom.Value, FStyle);
     FIsBehindEmpty = Atom.Value.empty();
+    FLastOfValue = Atom.Value.empty() ? '\0' : Atom.Value.back();
   }
 
   void WriteText(const std::string& Text) {
     const bool Follows = !FParts.empty() && FParts.back().IsSource;
     if (FIsBehindEmpty && Follows && (Text.front() == '<' || Text.front() == '%')) Put("\\b\\b");
     FIsBehindEmpty = false;
-    std::string Written;
+    const bool MakesMark = (FLastOfValue == '<' && Text.front() == '%') || (FLastOfValue == '%' && Text.front() == '>');
+    std::string Written = Follows && MakesMark ? "\\" : "";
     for (std::size_t i = 0; i < Text.size(); ++i) {
       const char C = Text[i];
       Written += C == '\n' ? "\r\n" : std::string(1, C);
       if (C == '\\' && (i == 0 || Text[i - 1] != '\\')) Written += '\\';
       const std::string_view Mark = std::string_view(Text).substr(i, 2);
-      if (FPartsMarks && (Mark == Opening || Mark == Closing)) Written += '\\';
+      if (FMarks == TMarkWriting::Parted && (Mark == Opening || Mark == Closing)) Written += '\\';
     }
     Put(Written);
   }
 
-  bool FPartsMarks;
+  TMarkWriting FMarks;
   bool FIsBehindEmpty = false;
+  char FLastOfValue = '\0';
   TZyCaptionStyle FStyle;
   std::vector<TWrittenPart> FParts;
 };
@@ -388,13 +393,14 @@ TZyCaptionRuns ReadCaption(std::string_view Caption, TZyVariableDependent* Depen
 
 std::string WriteCaption(TZyCaptionRuns Runs) {
   Runs = Writable(std::move(Runs));
-  TCaptionWriter Doubled(false);
-  Doubled.Write(Runs);
-  std::string Result = Doubled.Result();
-  if (Doubled.HoldsIn(Result)) return Result;
-  TCaptionWriter Parted(true);
-  Parted.Write(Runs);
-  return Parted.Result();
+  std::string Result;
+  for (const TMarkWriting Marks : {TMarkWriting::Doubled, TMarkWriting::OpeningDoubled, TMarkWriting::Parted}) {
+    TCaptionWriter Writer(Marks);
+    Writer.Write(Runs);
+    Result = Writer.Result();
+    if (Writer.HoldsIn(Result)) break;
+  }
+  return Result;
 }
 
 }  // namespace zy
