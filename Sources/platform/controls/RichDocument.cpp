@@ -68,8 +68,11 @@ class TAtomPainter : public QObject, public QTextObjectInterface {
   QSizeF intrinsicSize(QTextDocument*, int, const QTextFormat& Format) override {
     const TAtomRef Atom = AtomOf(Format);
     if (Atom == nullptr) return {};
-    const SizeF Size = Atom->Measure(LookOf(Format.toCharFormat()));
-    return {std::max(static_cast<qreal>(Size.Width), LeastWidth), static_cast<qreal>(Size.Height)};
+    const TRichLook Look = LookOf(Format.toCharFormat());
+    const SizeF Size = Atom->Measure(Look);
+    // The toolkit stands objects on the base line; what hangs below it finds room in the line.
+    const qreal Height = static_cast<qreal>(Size.Height) - QFontMetricsF(FontOf(Look)).descent();
+    return {std::max(static_cast<qreal>(Size.Width), LeastWidth), std::max(Height, LeastWidth)};
   }
 
   void drawObject(QPainter* Painter, const QRectF& Box, QTextDocument*, int, const QTextFormat& Format) override {
@@ -79,10 +82,11 @@ class TAtomPainter : public QObject, public QTextObjectInterface {
     Look.Color = Painter->pen().color().rgba();
     // The toolkit raises texts, and leaves objects on the line.
     const QTextCharFormat Text = Format.toCharFormat();
-    const qreal Raised = Text.baselineOffset() * QFontMetricsF(FontOf(Look)).height() / 100;
+    const QFontMetricsF Face(FontOf(Look));
+    const qreal Raised = Text.baselineOffset() * Face.height() / 100;
     QColor Ground = Painter->pen().color();
     Ground.setAlpha(24);
-    Painter->fillRect(Box.translated(0, -Raised), Ground);
+    Painter->fillRect(Box.adjusted(0, -Raised, 0, Face.descent() - Raised), Ground);
     Graphics Canvas(*Painter);
     Atom->Paint(Canvas, {static_cast<float>(Box.left()), static_cast<float>(Box.top() - Raised)}, Look);
   }
@@ -182,7 +186,6 @@ void TRichDocument::Insert(QTextCursor& Cursor, const TRichRuns& Runs) const {
     if (Run.Atom != nullptr) {
       Format.setObjectType(AtomType);
       Format.setProperty(AtomProperty, QVariant::fromValue(Run.Atom));
-      Format.setVerticalAlignment(QTextCharFormat::AlignBaseline);
       Cursor.insertText(QString(QChar::ObjectReplacementCharacter), Format);
       Cursor.setCharFormat(ToQt(Run.Format));  // what is typed next is no atom
       continue;
@@ -226,7 +229,6 @@ void TRichDocument::ChangeFormats(const QTextCursor& Cursor, const std::function
                     if (AtomOf(Old) != nullptr) {
                       Format.setObjectType(AtomType);
                       Format.setProperty(AtomProperty, Old.property(AtomProperty));
-                      Format.setVerticalAlignment(QTextCharFormat::AlignBaseline);
                     }
                     Parts.push_back({Start, Length, Format});
                   });
