@@ -6,6 +6,7 @@
 #include "analysis/curves/ZyInterpolationCalculation.h"
 #include "analysis/curves/ZyLinearRegressionCalculation.h"
 #include "analysis/curves/ZyMovingAverageCalculation.h"
+#include "annotations/ZyCaptionEdit.h"
 #include "annotations/ZyCrossHair.h"
 #include "annotations/ZyLabelWithArrowMarker.h"
 #include "annotations/ZyLegend.h"

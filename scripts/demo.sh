@@ -6,6 +6,7 @@ scripts/build.sh release examples
 mkdir -p out
 build/release/Examples/palette
 build/release/Examples/captions
+build/release/Examples/caption_editor
 build/release/Examples/embed
 build/release/Examples/form
 build/release/Examples/equation

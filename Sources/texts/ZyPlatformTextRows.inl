@@ -50,6 +50,10 @@ ZY_TEXT(_sDiagLog, "%s has no place on %s, which is logarithmic: none of its val
 ZY_TEXT(_sDiagOutside, "%s lies beside %s, which shows %s to %s: its values go from %s to %s")
 ZY_TEXT(_sDiagNotComputed, "%s could not be computed from its data")
 
+// ---- Captions ----
+
+ZY_TEXT(_sCaptionNoVariable, "\"%s\" is no variable of a caption")
+
 // ---- Files and component streams ----
 
 ZY_TEXT(_sCannotWriteFile, "Cannot write file \"%s\"")

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "annotations/captions/ZyCaptionMarkup.h"
 #include "graph/values/ZyColors.h"
 #include "platform/drawing/StringFormat.h"
-#include "texts/Utf8.h"
 
 namespace zy {
 namespace {
@@ -14,24 +14,6 @@ constexpr float ScriptSize = 0.66f;        // of the font's size
 constexpr float SubscriptDrop = 0.33f;     // of the line's height
 constexpr float SuperscriptLift = 0.025f;  // of the line's height
 constexpr float ScriptGap = 0.1f;          // pixels for each point of a run's size, where a script begins or ends
-
-void ReplaceAll(std::string& Text, std::string_view What, std::string_view By) {
-  std::size_t Done = 0;
-  std::string Result;
-  for (std::size_t At = Text.find(What); At != std::string::npos; At = Text.find(What, Done)) {
-    Result.append(Text, Done, At - Done).append(By);
-    Done = At + What.size();
-  }
-  if (Done > 0) Text = Result.append(Text, Done);
-}
-
-/// The text with a carriage return for each line end.
-std::string WithReturns(std::string_view Text) {
-  std::string Result(Text);
-  if (Text.find('\n') == std::string_view::npos) return Result;
-  for (const char* End : {"\n\r", "\r\n", "\n"}) ReplaceAll(Result, End, "\r");
-  return Result;
-}
 
 /// Goes through a text and places its runs.
 class TTypesetter {
@@ -45,16 +27,20 @@ class TTypesetter {
 
   void Place(std::string_view Text);
 
+  // What the markup asks for.
+  void Append(std::string_view Text) { FRun.append(Text); }
+  void BeginRun() { Flush(); }
+  void BreakLine();
+  void Toggle(TFontStyle Style);
+  void ToggleSuperscript() { ToggleScript(FIsSuperscript); }
+  void ToggleSubscript() { ToggleScript(FIsSubscript); }
+  void SetColor(std::string_view Argument);
+  void SetFamily(std::string_view Argument);
+
  private:
   TZyCaptionFace Face();
   void Flush();
-  void BreakLine();
-  /// Carries a sequence out that stands at the start of the text, and returns how much of the text it takes.
-  std::size_t Obey(std::string_view Text);
-  void Toggle(TFontStyle Style);
   void ToggleScript(bool& IsOn);
-  std::size_t SetColor(std::string_view Text);
-  std::size_t SetFamily(std::string_view Text);
   void ApplyStyle();
 
   TZyCaptionLayout& FLayout;
@@ -72,25 +58,7 @@ class TTypesetter {
 };
 
 void TTypesetter::Place(std::string_view Text) {
-  for (;;) {
-    const std::size_t At = Text.find_first_of("\\\r");
-    FRun.append(Text.substr(0, At));
-    if (At == std::string_view::npos) break;
-    const bool IsBreak = Text[At] == '\r';
-    Text.remove_prefix(At + 1);
-    const std::size_t Literals = IsBreak ? 0 : std::min(Text.find_first_not_of('\\'), Text.size());
-    if (Literals > 0) {
-      FRun.append(Literals, '\\');
-      Text.remove_prefix(Literals);
-      continue;
-    }
-    Flush();
-    if (IsBreak) {
-      BreakLine();
-    } else {
-      Text.remove_prefix(Obey(Text));
-    }
-  }
+  ReadCaptionMarkup(Text, *this);
   Flush();
   FLayout.Height = static_cast<float>(FLine + 1) * FLineHeight;
 }
@@ -133,35 +101,6 @@ void TTypesetter::BreakLine() {
   FPen.Y += FLineHeight;
 }
 
-std::size_t TTypesetter::Obey(std::string_view Text) {
-  switch (Text.empty() ? '\0' : Text.front()) {
-    case 'b':
-      Toggle(TFontStyle::Bold);
-      return 1;
-    case 'i':
-      Toggle(TFontStyle::Italic);
-      return 1;
-    case 'u':
-      Toggle(TFontStyle::Underline);
-      return 1;
-    case 'o':
-      Toggle(TFontStyle::Strikeout);
-      return 1;
-    case '+':
-      ToggleScript(FIsSuperscript);
-      return 1;
-    case '-':
-      ToggleScript(FIsSubscript);
-      return 1;
-    case 'c':
-      return SetColor(Text);
-    case 'f':
-      return SetFamily(Text);
-    default:
-      return 0;
-  }
-}
-
 void TTypesetter::Toggle(TFontStyle Style) {
   if (FStyle.Contains(Style)) {
     FStyle.Exclude(Style);
@@ -187,30 +126,14 @@ void TTypesetter::ApplyStyle() {
   }
 }
 
-struct TArgument {
-  std::string_view Text;
-  std::size_t Taken = 0;  // with the letter and the brackets; 0 when the closing one is missing
-};
-
-TArgument ArgumentOf(std::string_view Text) {
-  const std::size_t Start = 1 + std::max<std::size_t>(FirstUtf8Char(Text.substr(1)).Length, 1);
-  const std::size_t End = Text.find(']', Start);
-  if (End == std::string_view::npos) return {};
-  return {Text.substr(Start, End - Start), End + 1};
+void TTypesetter::SetColor(std::string_view Argument) {
+  FColor = Argument.empty() ? FLook.Color : RichIDToTZyColor(Argument);
+  ApplyStyle();
 }
 
-std::size_t TTypesetter::SetColor(std::string_view Text) {
-  const TArgument Argument = ArgumentOf(Text);
-  FColor = Argument.Text.empty() ? FLook.Color : RichIDToTZyColor(Argument.Text);
+void TTypesetter::SetFamily(std::string_view Argument) {
+  FFontName = Argument.empty() ? FLook.FontName : Argument;
   ApplyStyle();
-  return Argument.Taken;
-}
-
-std::size_t TTypesetter::SetFamily(std::string_view Text) {
-  const TArgument Argument = ArgumentOf(Text);
-  FFontName = Argument.Text.empty() ? FLook.FontName : Argument.Text;
-  ApplyStyle();
-  return Argument.Taken;
 }
 
 }  // namespace
@@ -219,7 +142,7 @@ TZyCaptionLayout::TZyCaptionLayout(std::string_view CaptionText, const TZyCaptio
     : Text(CaptionText), FFontName(CaptionLook.FontName), FLook(CaptionLook) {
   FLook.FontName = {};
   const TZyCaptionLook Wanted = Look();
-  TTypesetter(*this, Wanted).Place(WithReturns(Text));
+  TTypesetter(*this, Wanted).Place(CaptionWithReturns(Text));
   AlignLines();
 }
 
