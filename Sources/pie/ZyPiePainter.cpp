@@ -159,14 +159,18 @@ void TZyPiePainter::PaintSegments() {
 
 TZyPiePainter::TTurn TZyPiePainter::Prepare(int Segment) {
   const TZyPieSegment& Data = FLayout->Segments()[static_cast<std::size_t>(Segment)];
-  std::unique_ptr<Brush> Own = FChart.PaletteItem(Segment).GetBrush();
+  TTurn Result{Segment, FChart.FacesOf(*FLayout, Segment, Data.Sweep), FBorderPen.get(), nullptr,
+               FChart.PaletteItem(Segment).GetBrush()};
+  Result.Fill = Result.Own.get();
   TZyPenEventArgs Outline{Data.DataIndex, Data.Value, static_cast<double>(Data.Sweep), FBorderPen.get(), true};
-  TZyBrushEventArgs Fill{Data.DataIndex, Data.Value, static_cast<double>(Data.Sweep), Own.get(), true};
+  TZyBrushEventArgs Fill{Data.DataIndex, Data.Value, static_cast<double>(Data.Sweep), Result.Own.get(), true};
   if (mGetPen) mGetPen(&FChart, Outline);
   if (mGetBrush) mGetBrush(&FChart, Fill);
-  return {Segment, FChart.FacesOf(*FLayout, Segment, static_cast<float>(Outline.Y)),
-          Outline.Pen == nullptr ? FBorderPen.get() : Outline.Pen, Fill.Brush == nullptr ? Own.get() : Fill.Brush,
-          std::move(Own)};
+  if (Outline.Y != static_cast<double>(Data.Sweep))
+    Result.Faces = FChart.FacesOf(*FLayout, Segment, static_cast<float>(Outline.Y));
+  if (Outline.Pen != nullptr) Result.SegmentPen = Outline.Pen;
+  if (Fill.Brush != nullptr) Result.Fill = Fill.Brush;
+  return Result;
 }
 
 void TZyPiePainter::DrawTop(const TTurn& Turn) {
