@@ -51,12 +51,14 @@ TEST(ZyMovingAverageTest, MeansByHand) {
   Sample.Average.AveragingRangeMethod = NasXDistance;
   Sample.Average.N = 1.5;  // each window ends at the first point that lies farther away
   ExpectNear(Sample.Means(), {7.0 / 3, 15.0 / 4, 31.0 / 5, 30.0 / 4, 28.0 / 3}, 1e-14);
+  EXPECT_NEAR(Sample.Average.GetY(2), 31.0 / 5, 1e-14);
   Sample.Weight.AddRange({1.0, 0.0, 0.0, -2.0, 0.0});
   Sample.Average.Weight = &Sample.Weight;
   Sample.Average.N = 1;
   Sample.Average.AveragingDirection = OnlyDownwards;
   EXPECT_NE(MessageOf<EMathError>([&] { Sample.Means(); }).find("zero"), std::string::npos)
       << "the third point and the one before it weigh nothing";
+  EXPECT_EQ(Sample.Average.GetY(2), 0) << "no curve, rather than that of before";
   Sample.Average.Weight = nullptr;
   Sample.Average.AveragingDirection = UpAndDownwards;
   Sample.Y.AddOutlier(1);

@@ -42,6 +42,8 @@ void TZyMovingAverageCalculation::Calculate() {
     ExponentialFactorForN = LimitedFactor(ExponentialFactorForN);
     if (ExponentialFactorForN == 0) ExponentialFactorForN = SmallestFactor;
   }
+  IntX.SetInternalArray({});  // what fails leaves no curve of former data behind
+  IntA.SetInternalArray({});
   TPoints Points = ValidPoints(true);
   std::vector<double> Means = MeansOf(Points, TakeWindows(Points.X));
   IntX.SetInternalArray(std::move(Points.X));
@@ -52,7 +54,7 @@ void TZyMovingAverageCalculation::Calculate() {
 
 double TZyMovingAverageCalculation::GetY(double x) {
   if (FRecalculate) Calculate();
-  return FInterpolation.Interpolate(x);
+  return IntA.Count() == 0 ? 0 : FInterpolation.Interpolate(x);
 }
 
 /// By distance, a window ends at the first point on its way that lies N or more away. Of ascending X both ends only
