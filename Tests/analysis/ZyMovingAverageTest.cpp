@@ -68,6 +68,22 @@ TEST(ZyMovingAverageTest, MeansByHand) {
   EXPECT_NE(MessageOf<EMathError>([&] { Sample.Means(); }), "") << "two points make no curve";
 }
 
+TEST(ZyMovingAverageTest, WeightsAtTheFarEndCountForWhatTheyAre) {
+  TSample Heavy({0, 0, 1, 2}, {7, 9, 2, 5});
+  Heavy.Weight.AddRange({1.0, 1e20, 1.0, 1.0});
+  Heavy.Average.Weight = &Heavy.Weight;
+  Heavy.Average.N = 3;
+  EXPECT_NEAR(Heavy.Means()[3], (0.5 * 2 + 5) / 1.5, 1e-14) << "of two points at the far end";
+  TSample Light({0, 0.5, 0.75, 1, 5, 6}, {3, 1, 1, 1, 2, 2});
+  Light.Weight.AddRange({1.0, 0.0, 0.0, 0.0, 1.0, 1.0});
+  Light.Average.Weight = &Light.Weight;
+  Light.Average.AveragingMethod = ExponentiallyWeighted;
+  Light.Average.AveragingRangeMethod = NasXDistance;
+  Light.Average.N = 1;
+  Light.Average.ExponentialFactorForN = 0;
+  ExpectNear(Light.Means(), {3, 3, 3, 3, 2, 2}, 1e-14);
+}
+
 /// The mean as it is defined, point by point.
 std::vector<double> PlainMeans(const std::vector<double>& X, const std::vector<double>& Y, const std::vector<double>& W,
                                const TZyMovingAverageCalculation& Average) {

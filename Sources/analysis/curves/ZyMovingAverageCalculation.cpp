@@ -106,10 +106,15 @@ std::vector<double> TZyMovingAverageCalculation::MeansOf(const TPoints& Points, 
     const TZyWindowSums Sums(Points.X, Points.Y, Points.W);
     std::vector<int> NextToLow;
     if (Weighting == TZyWindowWeight::Linear && AveragingDirection == TZyAveragingDirection::OnlyDownwards) {
-      // Linear weights leave the far end out: its part is 0, and would come out as a rounding error.
+      // Linear weights leave all points at the far end out: their part is 0, and would come out as a rounding error.
       NextToLow = Windows.Low;
-      for (std::size_t i = 0; i < NextToLow.size(); ++i)
-        if (Windows.Width[i] != 0) ++NextToLow[i];
+      int Next = 0;
+      for (std::size_t i = 0; i < NextToLow.size(); ++i) {
+        if (Windows.Width[i] == 0) continue;
+        const double FarEnd = Points.X[At(Windows.Low[i])];
+        for (Next = std::max(Next, Windows.Low[i]); Points.X[At(Next)] == FarEnd;) ++Next;
+        NextToLow[i] = Next;
+      }
     }
     Before = Sums.Run(NextToLow.empty() ? Windows.Low : NextToLow, Weighting, Windows.Width, Rate(UsualWidth));
     if (AveragingDirection == TZyAveragingDirection::UpAndDownwards)
@@ -125,12 +130,12 @@ std::vector<double> TZyMovingAverageCalculation::MeansOf(const TPoints& Points, 
       Sum.W += Part.W;
       Sum.WY += Part.WY;
     };
-    if (!IsSorted || HasOwnRate) {
+    const bool IsOnItsOwn = !IsSorted || HasOwnRate;
+    if (!IsOnItsOwn) Add(Before[k]);
+    if (!IsOnItsOwn && !Behind.empty()) Add(Behind[k]);
+    if (IsOnItsOwn || Sum.W == 0) {  // the sums of all windows leave out what a weight of 0 at the point makes count
       Add(SumAside(Points, Windows, i, -1, IsSorted, Heaviest));
       Add(SumAside(Points, Windows, i, 1, IsSorted, Heaviest));
-    } else {
-      Add(Before[k]);
-      if (!Behind.empty()) Add(Behind[k]);
     }
     Result[k] = Sum.WY / Sum.W;
     if (!std::isfinite(Result[k])) throw EMathError(LoadResString(_sAveragingNoWeight));
