@@ -42,19 +42,19 @@ void TZyMovingAverageCalculation::Calculate() {
     ExponentialFactorForN = LimitedFactor(ExponentialFactorForN);
     if (ExponentialFactorForN == 0) ExponentialFactorForN = SmallestFactor;
   }
-  IntX.SetInternalArray({});  // what fails leaves no curve of former data behind
-  IntA.SetInternalArray({});
+  FHasCurve = false;  // what fails leaves no curve of former data behind
   TPoints Points = ValidPoints(true);
   std::vector<double> Means = MeansOf(Points, TakeWindows(Points.X));
   IntX.SetInternalArray(std::move(Points.X));
   IntA.SetInternalArray(std::move(Means));
   FInterpolation.Calculate();
   FRecalculate = false;
+  FHasCurve = true;
 }
 
 double TZyMovingAverageCalculation::GetY(double x) {
   if (FRecalculate) Calculate();
-  return IntA.Count() == 0 ? 0 : FInterpolation.Interpolate(x);
+  return FHasCurve ? FInterpolation.Interpolate(x) : 0;
 }
 
 /// By distance, a window ends at the first point on its way that lies N or more away. Of ascending X both ends only

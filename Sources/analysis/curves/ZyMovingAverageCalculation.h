@@ -66,6 +66,7 @@ class TZyMovingAverageCalculation : public TZyCalculation {
   double Rate(double Width) const;
 
   bool FRecalculate = true;
+  bool FHasCurve = false;  // the last calculation succeeded
   TZyDoubleVector IntX, IntA;
   TZyInterpolationCalculation FInterpolation;
 };
