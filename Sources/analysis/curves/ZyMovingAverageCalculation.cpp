@@ -108,12 +108,14 @@ std::vector<double> TZyMovingAverageCalculation::MeansOf(const TPoints& Points, 
     if (Weighting == TZyWindowWeight::Linear && AveragingDirection == TZyAveragingDirection::OnlyDownwards) {
       // Linear weights leave all points at the far end out: their part is 0, and would come out as a rounding error.
       NextToLow = Windows.Low;
-      int Next = 0;
+      const double* const X = Points.X.data();
+      int Past = 0;
       for (std::size_t i = 0; i < NextToLow.size(); ++i) {
         if (Windows.Width[i] == 0) continue;
-        const double FarEnd = Points.X[At(Windows.Low[i])];
-        for (Next = std::max(Next, Windows.Low[i]); Points.X[At(Next)] == FarEnd;) ++Next;
-        NextToLow[i] = Next;
+        const int Next = ++NextToLow[i];
+        if (X[Next] != X[Next - 1]) continue;
+        for (Past = std::max(Past, Next); X[Past] == X[Next];) ++Past;
+        NextToLow[i] = Past;
       }
     }
     Before = Sums.Run(NextToLow.empty() ? Windows.Low : NextToLow, Weighting, Windows.Width, Rate(UsualWidth));
