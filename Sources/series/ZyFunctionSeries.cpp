@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "analysis/ZyMath.h"
 #include "analysis/ZyParseFktLists.h"
@@ -171,8 +172,10 @@ void TZyFunctionSeries::CalculateCurve() const {
   Curve.XData = XData();
   Curve.YData = YData();
   Curve.Weight = Weight();
-  Curve.Start = FCalcStart;
-  Curve.Stop = FCalcStop;
+  constexpr double LargestDouble = std::numeric_limits<double>::max();
+  const bool HasRange = FXStart <= FXStop;
+  Curve.Start = FAutoStart && !HasRange ? -LargestDouble : FCalcStart;
+  Curve.Stop = FAutoStop && !HasRange ? LargestDouble : FCalcStop;
   if (!IsDesigning()) {
     Curve.mXValueTransformation = Handed(FX);
     Curve.mYValueTransformation = Handed(FY);

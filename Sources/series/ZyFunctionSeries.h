@@ -105,8 +105,8 @@ class TZyFunctionSeries : public TZyLineSeries {
   void CalculationModified() { SetLastCount(0); }
   /// Whether the last calculation succeeded.
   bool HasCurve() const { return FHasCurve; }
-  /// Runs the calculation over the data and the range as they stand. The vectors are lent for this one run: they may
-  /// die before the next.
+  /// Runs the calculation over the data and the range as they stand; a range that follows the data is that of all
+  /// data as long as no paint has taken it. The vectors are lent for this one run: they may die before the next.
   void CalculateCurve() const;
   /// Takes the ranges of calculation and display that follow the data.
   void SetLimits();

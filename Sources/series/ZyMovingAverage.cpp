@@ -27,6 +27,11 @@ TZyMovingAverage::TZyMovingAverage(TComponent* Owner)
   TZyMovingAverage::RegisterVariables();
 }
 
+double TZyMovingAverage::GetY(double AtX) const {
+  if (FAvg.IsStale() && XData() != nullptr && YData() != nullptr) CalculateCurve();
+  return FAvg.GetY(AtX);
+}
+
 std::string TZyMovingAverage::GetFormula() const {
   constexpr TZyText Formulas[] = {_sSimple, _sLinearWeighted, _sExponentiallyWeighted};
   return LoadResString(Formulas[static_cast<std::size_t>(AveragingMethod())]);

@@ -30,7 +30,7 @@ class TZyMovingAverage : public TZyFunctionSeries {
     SetSetting(FAvg.ExponentialFactorForN, FAvg.LimitedFactor(Value), "ExponentialFactorForN");
   }
 
-  double GetY(double AtX) const override { return FAvg.GetY(AtX); }
+  double GetY(double AtX) const override;
   std::string GetFormula() const override;
   void RegisterVariables() override;
   void Fields(TZyArchive& Archive) override;

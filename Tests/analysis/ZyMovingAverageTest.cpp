@@ -51,12 +51,14 @@ TEST(ZyMovingAverageTest, MeansByHand) {
   Sample.Average.AveragingRangeMethod = NasXDistance;
   Sample.Average.N = 1.5;  // each window ends at the first point that lies farther away
   ExpectNear(Sample.Means(), {7.0 / 3, 15.0 / 4, 31.0 / 5, 30.0 / 4, 28.0 / 3}, 1e-14);
+  EXPECT_NEAR(Sample.Average.GetY(2), 31.0 / 5, 1e-14);
   Sample.Weight.AddRange({1.0, 0.0, 0.0, -2.0, 0.0});
   Sample.Average.Weight = &Sample.Weight;
   Sample.Average.N = 1;
   Sample.Average.AveragingDirection = OnlyDownwards;
   EXPECT_NE(MessageOf<EMathError>([&] { Sample.Means(); }).find("zero"), std::string::npos)
       << "the third point and the one before it weigh nothing";
+  EXPECT_EQ(Sample.Average.GetY(2), 0) << "no curve, rather than that of before";
   Sample.Average.Weight = nullptr;
   Sample.Average.AveragingDirection = UpAndDownwards;
   Sample.Y.AddOutlier(1);
@@ -64,6 +66,22 @@ TEST(ZyMovingAverageTest, MeansByHand) {
   ExpectNear(Sample.Means(), {2.5, 13.0 / 3, 28.0 / 3, 12}, 1e-14);
   Sample.Average.Start = 3;
   EXPECT_NE(MessageOf<EMathError>([&] { Sample.Means(); }), "") << "two points make no curve";
+}
+
+TEST(ZyMovingAverageTest, WeightsAtTheFarEndCountForWhatTheyAre) {
+  TSample Heavy({0, 0, 1, 2}, {7, 9, 2, 5});
+  Heavy.Weight.AddRange({1.0, 1e20, 1.0, 1.0});
+  Heavy.Average.Weight = &Heavy.Weight;
+  Heavy.Average.N = 3;
+  EXPECT_NEAR(Heavy.Means()[3], (0.5 * 2 + 5) / 1.5, 1e-14) << "of two points at the far end";
+  TSample Light({0, 0.5, 0.75, 1, 5, 6}, {3, 1, 1, 1, 2, 2});
+  Light.Weight.AddRange({1.0, 0.0, 0.0, 0.0, 1.0, 1.0});
+  Light.Average.Weight = &Light.Weight;
+  Light.Average.AveragingMethod = ExponentiallyWeighted;
+  Light.Average.AveragingRangeMethod = NasXDistance;
+  Light.Average.N = 1;
+  Light.Average.ExponentialFactorForN = 0;
+  ExpectNear(Light.Means(), {3, 3, 3, 3, 2, 2}, 1e-14);
 }
 
 /// The mean as it is defined, point by point.

@@ -240,6 +240,9 @@ TEST_F(ZyFunctionSeriesTest, InterpolationAnswersBetweenASetterAndThePaint) {
   TZyUndoStack Stack(&Chart.Form);
   auto* const Line = Chart.AddSeries<TZyInterpolation>("Line", {0, 1, 2, 3, 4, 5}, {0, 1, 8, 27, 64, 125});
   Line->SetUndoStack(&Stack);
+  auto* const Average = Chart.AddSeries<TZyMovingAverage>("Average", {-2, 0, 4}, {5, 5, 5});
+  EXPECT_EQ(Line->GetY(2), 8) << "of all data, before any paint";
+  EXPECT_NEAR(Average->GetY(3), 5, 1e-14);
   Chart.Paint();
   Line->SetInterpolationMethod(TZyInterpolationMethod::CubicSpline);
   EXPECT_NEAR(Line->GetY(2.5), 15.625, 1e-12) << "the cube, before any paint";

@@ -42,17 +42,19 @@ void TZyMovingAverageCalculation::Calculate() {
     ExponentialFactorForN = LimitedFactor(ExponentialFactorForN);
     if (ExponentialFactorForN == 0) ExponentialFactorForN = SmallestFactor;
   }
+  FHasCurve = false;  // what fails leaves no curve of former data behind
   TPoints Points = ValidPoints(true);
   std::vector<double> Means = MeansOf(Points, TakeWindows(Points.X));
   IntX.SetInternalArray(std::move(Points.X));
   IntA.SetInternalArray(std::move(Means));
   FInterpolation.Calculate();
   FRecalculate = false;
+  FHasCurve = true;
 }
 
 double TZyMovingAverageCalculation::GetY(double x) {
   if (FRecalculate) Calculate();
-  return FInterpolation.Interpolate(x);
+  return FHasCurve ? FInterpolation.Interpolate(x) : 0;
 }
 
 /// By distance, a window ends at the first point on its way that lies N or more away. Of ascending X both ends only
@@ -104,10 +106,17 @@ std::vector<double> TZyMovingAverageCalculation::MeansOf(const TPoints& Points, 
     const TZyWindowSums Sums(Points.X, Points.Y, Points.W);
     std::vector<int> NextToLow;
     if (Weighting == TZyWindowWeight::Linear && AveragingDirection == TZyAveragingDirection::OnlyDownwards) {
-      // Linear weights leave the far end out: its part is 0, and would come out as a rounding error.
+      // Linear weights leave all points at the far end out: their part is 0, and would come out as a rounding error.
       NextToLow = Windows.Low;
-      for (std::size_t i = 0; i < NextToLow.size(); ++i)
-        if (Windows.Width[i] != 0) ++NextToLow[i];
+      const double* const X = Points.X.data();
+      int Past = 0;
+      for (std::size_t i = 0; i < NextToLow.size(); ++i) {
+        if (Windows.Width[i] == 0) continue;
+        const int Next = ++NextToLow[i];
+        if (X[Next] != X[Next - 1]) continue;
+        for (Past = std::max(Past, Next); X[Past] == X[Next];) ++Past;
+        NextToLow[i] = Past;
+      }
     }
     Before = Sums.Run(NextToLow.empty() ? Windows.Low : NextToLow, Weighting, Windows.Width, Rate(UsualWidth));
     if (AveragingDirection == TZyAveragingDirection::UpAndDownwards)
@@ -123,12 +132,12 @@ std::vector<double> TZyMovingAverageCalculation::MeansOf(const TPoints& Points, 
       Sum.W += Part.W;
       Sum.WY += Part.WY;
     };
-    if (!IsSorted || HasOwnRate) {
+    const bool IsOnItsOwn = !IsSorted || HasOwnRate;
+    if (!IsOnItsOwn) Add(Before[k]);
+    if (!IsOnItsOwn && !Behind.empty()) Add(Behind[k]);
+    if (IsOnItsOwn || Sum.W == 0) {  // the sums of all windows leave out what a weight of 0 at the point makes count
       Add(SumAside(Points, Windows, i, -1, IsSorted, Heaviest));
       Add(SumAside(Points, Windows, i, 1, IsSorted, Heaviest));
-    } else {
-      Add(Before[k]);
-      if (!Behind.empty()) Add(Behind[k]);
     }
     Result[k] = Sum.WY / Sum.W;
     if (!std::isfinite(Result[k])) throw EMathError(LoadResString(_sAveragingNoWeight));

@@ -43,10 +43,11 @@ class TZyMovingAverageCalculation : public TZyCalculation {
   static double LimitedFactor(double Value);
   /// Throws EMathError without data, for fewer than three points, and where all weights of a window are 0.
   void Calculate() override;
-  /// The curve at x.
+  /// The curve at x; calculates before the first answer, and is 0 after a calculation that failed.
   double GetY(double x);
   /// The data or settings changed; the next GetY computes anew.
   void Changed() { FRecalculate = true; }
+  bool IsStale() const { return FRecalculate; }
   /// X of the points, and their means.
   const TZyCustomDoubleVector& MeansX() const { return IntX; }
   const TZyCustomDoubleVector& Means() const { return IntA; }
@@ -65,6 +66,7 @@ class TZyMovingAverageCalculation : public TZyCalculation {
   double Rate(double Width) const;
 
   bool FRecalculate = true;
+  bool FHasCurve = false;  // the last calculation succeeded
   TZyDoubleVector IntX, IntA;
   TZyInterpolationCalculation FInterpolation;
 };
