@@ -138,24 +138,24 @@ class TCustomRichEdit::TEditWidget : public QTextEdit {
 
   /// The menu of the toolkit does what the control does.
   void Reroute(QAction& Action) {
-    const auto To = [&](bool IsEnabled, void (TCustomRichEdit::*Operation)()) {
+    const auto To = [&](bool IsEnabled, std::function<void(TCustomRichEdit&)> Operation) {
       Action.disconnect();
       Action.setEnabled(IsEnabled);
-      QObject::connect(&Action, &QAction::triggered, this, [this, Operation] {
+      QObject::connect(&Action, &QAction::triggered, this, [this, Operation = std::move(Operation)] {
         TCustomRichEdit::HandleEvent([&] {
-          if (FOwner != nullptr) (FOwner->*Operation)();
+          if (FOwner != nullptr) Operation(*FOwner);
         });
       });
     };
     const QString Name = Action.objectName();
     if (FOwner == nullptr) return;
     const bool CanCut = textCursor().hasSelection() && !isReadOnly();
-    if (Name == "edit-undo") To(FOwner->CanUndo() && !isReadOnly(), &TCustomRichEdit::Undo);
-    if (Name == "edit-redo") To(FOwner->CanRedo() && !isReadOnly(), &TCustomRichEdit::Redo);
-    if (Name == "edit-cut") To(CanCut, &TCustomRichEdit::CutToClipboard);
-    if (Name == "edit-copy") To(textCursor().hasSelection(), &TCustomRichEdit::CopyToClipboard);
-    if (Name == "edit-paste") To(canPaste(), &TCustomRichEdit::PasteFromClipboard);
-    if (Name == "edit-delete") To(CanCut, &TCustomRichEdit::ClearSelection);
+    if (Name == "edit-undo") To(FOwner->CanUndo() && !isReadOnly(), [](TCustomRichEdit& Edit) { Edit.Undo(); });
+    if (Name == "edit-redo") To(FOwner->CanRedo() && !isReadOnly(), [](TCustomRichEdit& Edit) { Edit.Redo(); });
+    if (Name == "edit-cut") To(CanCut, [](TCustomRichEdit& Edit) { Edit.CutToClipboard(); });
+    if (Name == "edit-copy") To(textCursor().hasSelection(), [](TCustomRichEdit& Edit) { Edit.CopyToClipboard(); });
+    if (Name == "edit-paste") To(canPaste(), [](TCustomRichEdit& Edit) { Edit.PasteFromClipboard(); });
+    if (Name == "edit-delete") To(CanCut, [](TCustomRichEdit& Edit) { Edit.ClearSelection(); });
   }
 
   TCustomRichEdit* FOwner;
