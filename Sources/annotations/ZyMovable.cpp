@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "graph/ZyGraph2D.h"
 #include "platform/drawing/Graphics.h"
@@ -160,7 +161,11 @@ void TZyMovable::SetBounds(int Left, int Top, int Width, int Height) {
   TZyDraggedControl::SetBounds(Left, Top, Width, Height);
   if (FSetting || IsLoading()) return;
   if (!IsMoved) return UpdatePosition();
-  TakeHotPoint({Left + FHotDelta.X, Top + FHotDelta.Y});
+  const auto Within = [](std::int64_t Place) {  // bounds may lie at the ends of the numbers
+    constexpr std::int64_t Furthest = 1 << 24;
+    return static_cast<int>(std::clamp(Place, -Furthest, Furthest));
+  };
+  TakeHotPoint({Within(std::int64_t{Left} + FHotDelta.X), Within(std::int64_t{Top} + FHotDelta.Y)});
   PlaceChanged();
 }
 
