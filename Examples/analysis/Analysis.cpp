@@ -24,6 +24,7 @@
 #include "series/ZyDiscreteFourier.h"
 #include "series/ZyFittedLine.h"
 #include "series/ZyLeastSquares.h"
+#include "texts/Exceptions.h"
 
 namespace {
 

@@ -67,6 +67,7 @@ void MakePolynomial(TChartDocument& Document) {
     for (int i = 0; i < Years.Count(); ++i) Values.push_back(Measured.GetValue(i) - Curve.GetY(Years.GetValue(i)));
     Residuals.SetInternalArray(std::move(Values));
   });
+  Curve.Calculate();  // the lower graph is drawn first
   const std::string Name = Curve.VariablesRef();
   Curve.SetCaption("<%" + Name + ".Formula%>");
   Chart.AddLegend(Upper, TPoint{110, 60});

@@ -14,4 +14,6 @@ TZyChildSeries::TZyChildSeries(TComponent* Owner) : TZySeries(Owner) {
 
 void TZyChildSeries::SetXAxis(TZyAxis* Value) { SetAxis(FXAxis, Value, nullptr); }
 
+void TZyChildSeries::TakeYAxis(TZyAxis* Value) { SetAxis(FYAxis, Value, nullptr); }
+
 }  // namespace zy

@@ -16,6 +16,8 @@ class TZyChildSeries : public TZySeries {
 
   /// Follows the owner, and so is no step of undo.
   void SetXAxis(TZyAxis* Value) override;
+  /// The Y axis that the owner gives it because it has none, which is no step either.
+  void TakeYAxis(TZyAxis* Value);
 };
 
 }  // namespace zy

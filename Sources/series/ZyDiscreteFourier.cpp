@@ -42,7 +42,7 @@ std::string TZyDiscreteFourier::GetFormula() const { return "Y\\-k\\- = Σy\\-n\
 
 void TZyDiscreteFourier::GivePhaseAxes() {
   Phase().SetXAxis(XAxis());
-  if (Phase().YAxis() == nullptr) Phase().SetYAxis(YAxis());
+  if (Phase().YAxis() == nullptr) Phase().TakeYAxis(YAxis());
 }
 
 void TZyDiscreteFourier::SetXAxis(TZyAxis* Value) {

@@ -128,7 +128,7 @@ void TZySeries::DefineProperties(TFiler& Filer) {
   TComponent::DefineProperties(Filer);
   Filer.DefineProperty(
       "Layer", [this](TReader& Reader) { FLayer = static_cast<int>(Reader.ReadInteger()); },
-      [this](TWriter& Writer) { Writer.WriteInteger(FLayer); }, true);
+      [this](TWriter& Writer) { Writer.WriteInteger(FLayer); }, !IsSubComponent());  // whose layer is its owner's
 }
 
 // --- Properties -----------------------------------------------------------------------------------------------------

@@ -168,6 +168,7 @@ void TZySeries::JoinGraph() {
     const TZySeriesUpdate Update(Found);
     AddSampleData();
   }
+  FLastVisible = SeriesVisible();  // of which the axes learn here, not once more at the first paint
   RangesModified();
   Found->LegendsModified();
   Found->Modified();

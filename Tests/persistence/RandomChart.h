@@ -11,6 +11,7 @@
 #include "platform/framework/Application.h"
 #include "platform/sql/TSqlDataSet.h"
 #include "series/ZyBubbles.h"
+#include "series/ZyDiscreteFourier.h"
 #include "series/ZyFittedLine.h"
 #include "series/ZyFunctionSeries.h"
 #include "texts/Exceptions.h"
@@ -172,6 +173,8 @@ class TRandomChart : public TGraphPair {
       if (auto* const Fit = dynamic_cast<TZyFittedLine*>(Series))
         Fit->SetIterations(0);  // a fit goes on when it is read
       Series->SetYAxis(Up[Choose(Up)]);
+      if (auto* const Spectrum = dynamic_cast<TZyDiscreteFourier*>(Series))
+        Spectrum->Phase().SetYAxis(Series->YAxis());  // as it has it when it is read
       TZyAxis* const OneAcross = Across[Choose(Across)];
       if (OneAcross->Parent() == Series->YAxis()->Parent()) Series->SetXAxis(OneAcross);
       if (auto* const Bubbles = dynamic_cast<TZyBubbles*>(Series))

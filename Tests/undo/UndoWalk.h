@@ -92,7 +92,8 @@ class TUndoForm {
     return BytesOf(Form);
   }
 
-  /// The same of the form once it is painted, without the boxes of axes and the ends of curves: what these follow from
+  /// The same of the form once it is painted, without the boxes of axes, the ends of curves, and the axis that a phase
+  /// without one is given: what these follow from
   /// is undone, but they are those of the last layout or calculation, and none comes while an axis is missing.
   std::string Text() {
     Paint();
@@ -105,6 +106,9 @@ class TUndoForm {
         Result.erase(At, Row.size() + 1 + (Tag == 6 ? 8U : 1U << (Tag - 2)));
       }
     }
+    const std::string Row = "\x07\x0bPhase.YAxis";
+    for (std::size_t At = Result.find(Row); At != std::string::npos; At = Result.find(Row, At))
+      Result.erase(At, Result.find('\x07', At + Row.size()) - At);
     return Result;
   }
 
