@@ -101,6 +101,11 @@ void TZyPieCalculation::Explode() {
   FOverhangs.Bottom += static_cast<float>(Bottom * 0.5);
 }
 
+float TZyPieCalculation::AlignedAngle(float Middle) {
+  const float Seen = Middle > 360 ? static_cast<float>(Fit(static_cast<double>(Middle))) : Middle;
+  return Seen > 90 && Seen < 270 ? 180 - Seen : -Seen;
+}
+
 void TZyPieCalculation::PlaceInside() {
   constexpr float GoldenCut = 0.6180339f;
   const float Hole = FShape.IsDonut() ? 0.01f * FShape.HoleSize : 0;

@@ -8,6 +8,7 @@
 #include "platform/drawing/ClipGuard.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/ScopedFlag.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {
@@ -53,7 +54,11 @@ void TZyPieChart::PaintToImage(Graphics& Gr, float X, float Y) {
     auto* const Part = dynamic_cast<IZyPicturePart*>(&Control);
     if (!Control.Visible() || (Legend == nullptr && Part == nullptr)) continue;
     Gr.TranslateTransform(static_cast<float>(Control.Left()), static_cast<float>(Control.Top()));
-    Legend != nullptr ? Legend->PaintGr(Gr) : Part->PaintGr(Gr);
+    try {
+      Legend != nullptr ? Legend->PaintGr(Gr) : Part->PaintGr(Gr);
+    } catch (const EAbort&) {
+      // A handler freed it.
+    }
     Gr.SetTransform(Own);
   }
   Gr.SetTransform(Outer);

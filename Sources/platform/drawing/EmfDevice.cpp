@@ -68,6 +68,16 @@ bool HasHalfTones(const QImage& Image) {
   return false;
 }
 
+/// Records know no compressed translucent pictures: a large one without details has fewer pixels there.
+QImage ForRecords(const QImage& Image, bool IsSmooth) {
+  constexpr double MostPixels = 1 << 15;
+  const double Pixels = static_cast<double>(Image.width()) * Image.height();
+  if (!IsSmooth || Pixels <= MostPixels) return Image;
+  const double Scale = std::sqrt(MostPixels / Pixels);
+  const auto Extent = [Scale](int Whole) { return std::max(static_cast<int>(std::lround(Whole * Scale)), 1); };
+  return Image.scaled(Extent(Image.width()), Extent(Image.height()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 QColor Faded(QColor Color, double Opacity) {
   Color.setAlphaF(static_cast<float>(std::clamp(Color.alphaF() * Opacity, 0.0, 1.0)));
   return Color;
@@ -147,8 +157,8 @@ class TEmfDevice::TEngine : public QPaintEngine {
   QTransform BrushToDevice(const QBrush& Brush) const;
   QRectF Vicinity() const;
   template <typename TPaint>
-  void PaintPicture(const QPainterPath& Area, double Scale, const TPaint& Paint);
-  void PutPicture(const QRectF& Place, const QImage& Image, const QPainterPath& Area);
+  void PaintPicture(const QPainterPath& Area, double Scale, const TPaint& Paint, bool IsSmooth = false);
+  void PutPicture(const QRectF& Place, const QImage& Image, const QPainterPath& Area, bool IsSmooth = false);
   TEmfPlus ClippedAlternative() const;
 
   QSizeF FPixels;
@@ -324,15 +334,16 @@ TEmfPlus TEmfDevice::TEngine::ClippedAlternative() const {
   return Result;
 }
 
-/// A picture under a clip to Area, which is already set for records.
-void TEmfDevice::TEngine::PutPicture(const QRectF& Place, const QImage& Image, const QPainterPath& Area) {
+/// A picture under a clip to Area, which is already set for records. IsSmooth is one that nobody sees the pixels of.
+void TEmfDevice::TEngine::PutPicture(const QRectF& Place, const QImage& Image, const QPainterPath& Area,
+                                     bool IsSmooth) {
   if (!HasHalfTones(Image)) return FRecords.Picture(Place, Image);
   TEmfPlus Drawing = ClippedAlternative();
   Drawing.ClipTo(WithoutOverlaps(Area));
   Drawing.Draw(Place, Image);
   Drawing.Finish();
   FRecords.BeginAlternative(Drawing);
-  FRecords.Picture(Place, Image);
+  FRecords.Picture(Place, ForRecords(Image, IsSmooth));
   FRecords.EndAlternative();
 }
 
@@ -417,7 +428,7 @@ bool TEmfDevice::TEngine::FillWithRadial(const QPainterPath& Area, const QBrush&
 /// A picture of Area's box made by Paint with a painter in pixels of the file; Scale of its own pixels make one of
 /// them.
 template <typename TPaint>
-void TEmfDevice::TEngine::PaintPicture(const QPainterPath& Area, double Scale, const TPaint& Paint) {
+void TEmfDevice::TEngine::PaintPicture(const QPainterPath& Area, double Scale, const TPaint& Paint, bool IsSmooth) {
   constexpr double MostPixels = 1 << 24;
   const QRectF Part = Area.boundingRect() & FSeen;
   const QRectF Whole(QPointF(std::floor(Part.left()), std::floor(Part.top())),
@@ -435,7 +446,7 @@ void TEmfDevice::TEngine::PaintPicture(const QPainterPath& Area, double Scale, c
   Painter.setOpacity(state->opacity());
   Paint(Painter);
   Painter.end();
-  PutPicture(Whole, Image, Area);
+  PutPicture(Whole, Image, Area, IsSmooth);
 }
 
 void TEmfDevice::TEngine::FillWithPicture(const QPainterPath& Area, const QBrush& Brush) {
@@ -443,7 +454,8 @@ void TEmfDevice::TEngine::FillWithPicture(const QPainterPath& Area, const QBrush
   const bool IsPattern = Brush.style() <= Qt::DiagCrossPattern;
   const bool IsOnPixels =
       IsPattern || (Brush.style() == Qt::TexturePattern && BrushToDevice(Brush).type() <= QTransform::TxTranslate);
-  PaintPicture(Area, IsOnPixels ? 1 : 2, [&](QPainter& Painter) {
+  const bool IsSmooth = Brush.style() == Qt::LinearGradientPattern || Brush.style() == Qt::RadialGradientPattern;
+  const auto Paint = [&](QPainter& Painter) {
     if (IsOnPixels) Painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform, false);
     const QTransform ToDevice = state->transform();
     bool IsInvertible = false;
@@ -452,7 +464,8 @@ void TEmfDevice::TEngine::FillWithPicture(const QPainterPath& Area, const QBrush
     Painter.setWorldTransform(ToDevice, true);
     Painter.setBrushOrigin(state->brushOrigin());
     Painter.fillPath(FromDevice.map(PathOf((Area.boundingRect() & FSeen).adjusted(-1, -1, 1, 1))), Brush);
-  });
+  };
+  PaintPicture(Area, IsOnPixels || IsSmooth ? 1 : 2, Paint, IsSmooth);
 }
 
 /// The pen for the file, unless its lines have to be drawn as areas.

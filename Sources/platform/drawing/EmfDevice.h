@@ -15,8 +15,9 @@ class TStream;
 ///
 /// Lines, areas and texts stay what they are. What the format has no word for is put together from what it has:
 /// gradients from strips and rings under a clip, other brushes and turned pictures from pictures of two
-/// pixels for each one. Translucent shapes are there twice: as shapes and pictures of EMF+, and, for readers that do
-/// not know it, as pictures under a clip, multiplied by their alpha as the format wants them. Texts that are sheared,
+/// pixels for each one, translucent gradients of one. Translucent shapes are there twice: as shapes and pictures of
+/// EMF+, and, for readers that do not know it, as pictures under a clip, multiplied by their alpha as the format wants
+/// them; these take four bytes for a pixel, and large gradients have fewer of them. Texts that are sheared,
 /// mirrored or stretched become outlines. Composition modes other than "source over" are painted as that one.
 class TEmfDevice : public QPaintDevice {
  public:
