@@ -72,13 +72,14 @@ TZyPieFaces TZyPieChart::FacesOf(const TZyPieCalculation& Layout, int Segment, f
   return {Rim, Hole, Layout.WallHeight(), Data.Start, Sweep};
 }
 
-/// The angles and parts of cuts of a segment that has moved out before the walls of those beside it.
+/// The angles and parts of cuts of a segment that has moved out before the walls of those behind it. On the far side
+/// there are no such walls: all that comes later stands before the cut.
 std::vector<std::pair<float, TZyPieFaces::TCut>> TZyPieChart::CutsBeyond(const TZyPieCalculation& Layout, int Segment,
                                                                          const TZyPieFaces& Faces) const {
   std::vector<std::pair<float, TZyPieFaces::TCut>> Result;
   if (!Layout.AnyExploded()) return Result;
   const auto Count = static_cast<int>(Layout.Segments().size());
-  for (const float Angle : Faces.Cuts()) {
+  for (const float Angle : Faces.CutsBeforeHole()) {
     const bool IsStart = Angle > 90 && Angle < 270;
     const int Other = (Segment + (IsStart ? Count - 1 : 1)) % Count;
     const RectF Rim = FacesOf(Layout, Other, 0).Rim();

@@ -68,7 +68,7 @@ bool HasHalfTones(const QImage& Image) {
   return false;
 }
 
-/// Records know no compressed translucent pictures: a large one without details has fewer pixels there.
+/// Records know no compressed translucent pictures: four bytes for a pixel. A large gradient has fewer pixels there.
 QImage ForRecords(const QImage& Image, bool IsSmooth) {
   constexpr double MostPixels = 1 << 15;
   const double Pixels = static_cast<double>(Image.width()) * Image.height();
@@ -157,8 +157,8 @@ class TEmfDevice::TEngine : public QPaintEngine {
   QTransform BrushToDevice(const QBrush& Brush) const;
   QRectF Vicinity() const;
   template <typename TPaint>
-  void PaintPicture(const QPainterPath& Area, double Scale, const TPaint& Paint, bool IsSmooth = false);
-  void PutPicture(const QRectF& Place, const QImage& Image, const QPainterPath& Area, bool IsSmooth = false);
+  void PaintPicture(const QPainterPath& Area, double Scale, const TPaint& Paint);
+  void PutPicture(const QRectF& Place, const QImage& Image, const QPainterPath& Area);
   TEmfPlus ClippedAlternative() const;
 
   QSizeF FPixels;
@@ -334,16 +334,15 @@ TEmfPlus TEmfDevice::TEngine::ClippedAlternative() const {
   return Result;
 }
 
-/// A picture under a clip to Area, which is already set for records. IsSmooth is one that nobody sees the pixels of.
-void TEmfDevice::TEngine::PutPicture(const QRectF& Place, const QImage& Image, const QPainterPath& Area,
-                                     bool IsSmooth) {
+/// A picture under a clip to Area, which is already set for records.
+void TEmfDevice::TEngine::PutPicture(const QRectF& Place, const QImage& Image, const QPainterPath& Area) {
   if (!HasHalfTones(Image)) return FRecords.Picture(Place, Image);
   TEmfPlus Drawing = ClippedAlternative();
   Drawing.ClipTo(WithoutOverlaps(Area));
   Drawing.Draw(Place, Image);
   Drawing.Finish();
   FRecords.BeginAlternative(Drawing);
-  FRecords.Picture(Place, ForRecords(Image, IsSmooth));
+  FRecords.Picture(Place, ForRecords(Image, ShowsGradient(state->renderHints())));
   FRecords.EndAlternative();
 }
 
@@ -428,7 +427,7 @@ bool TEmfDevice::TEngine::FillWithRadial(const QPainterPath& Area, const QBrush&
 /// A picture of Area's box made by Paint with a painter in pixels of the file; Scale of its own pixels make one of
 /// them.
 template <typename TPaint>
-void TEmfDevice::TEngine::PaintPicture(const QPainterPath& Area, double Scale, const TPaint& Paint, bool IsSmooth) {
+void TEmfDevice::TEngine::PaintPicture(const QPainterPath& Area, double Scale, const TPaint& Paint) {
   constexpr double MostPixels = 1 << 24;
   const QRectF Part = Area.boundingRect() & FSeen;
   const QRectF Whole(QPointF(std::floor(Part.left()), std::floor(Part.top())),
@@ -446,7 +445,7 @@ void TEmfDevice::TEngine::PaintPicture(const QPainterPath& Area, double Scale, c
   Painter.setOpacity(state->opacity());
   Paint(Painter);
   Painter.end();
-  PutPicture(Whole, Image, Area, IsSmooth);
+  PutPicture(Whole, Image, Area);
 }
 
 void TEmfDevice::TEngine::FillWithPicture(const QPainterPath& Area, const QBrush& Brush) {
@@ -454,8 +453,7 @@ void TEmfDevice::TEngine::FillWithPicture(const QPainterPath& Area, const QBrush
   const bool IsPattern = Brush.style() <= Qt::DiagCrossPattern;
   const bool IsOnPixels =
       IsPattern || (Brush.style() == Qt::TexturePattern && BrushToDevice(Brush).type() <= QTransform::TxTranslate);
-  const bool IsSmooth = Brush.style() == Qt::LinearGradientPattern || Brush.style() == Qt::RadialGradientPattern;
-  const auto Paint = [&](QPainter& Painter) {
+  PaintPicture(Area, IsOnPixels ? 1 : 2, [&](QPainter& Painter) {
     if (IsOnPixels) Painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform, false);
     const QTransform ToDevice = state->transform();
     bool IsInvertible = false;
@@ -464,8 +462,7 @@ void TEmfDevice::TEngine::FillWithPicture(const QPainterPath& Area, const QBrush
     Painter.setWorldTransform(ToDevice, true);
     Painter.setBrushOrigin(state->brushOrigin());
     Painter.fillPath(FromDevice.map(PathOf((Area.boundingRect() & FSeen).adjusted(-1, -1, 1, 1))), Brush);
-  };
-  PaintPicture(Area, IsOnPixels || IsSmooth ? 1 : 2, Paint, IsSmooth);
+  });
 }
 
 /// The pen for the file, unless its lines have to be drawn as areas.
