@@ -105,7 +105,7 @@ void TZyPieCalculation::Explode() {
 
 float TZyPieCalculation::AlignedAngle(float Middle) {
   const float Seen = Middle > 360 ? static_cast<float>(Fit(static_cast<double>(Middle))) : Middle;
-  return Seen > 90 && Seen < 270 ? 180 - Seen : -Seen;
+  return Seen > 90 && Seen < 270 ? 180 - Seen : -Middle;
 }
 
 void TZyPieCalculation::PlaceInside() {
