@@ -90,6 +90,7 @@ TEST(ZyPieChart, ShowsNoChangeUntilItIsToldWithoutAutoUpdate) {
   Sample.Chart->Calculate();
   EXPECT_EQ(Legend.AccessibleItems().size(), 4U);
   Sample.Values->Delete(3);
+  Sample.Chart->Calculate();
   Sample.Chart->SetAutoUpdate(true);
   Sample.Chart->BeginUpdate();
   Sample.Values->Add(4);

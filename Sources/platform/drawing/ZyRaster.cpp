@@ -109,9 +109,9 @@ class TBlender : public TCoverageSink {
 class TLayerBlender : public TCoverageSink {
  public:
   TLayerBlender(const TRasterTarget& Target, const TRasterClip& Clip, int Layers, std::uint32_t Color)
-      : FTarget(Target), FClip(Clip) {
+      : FTarget(Target), FClip(Clip), FLayers(Layers), FAlpha(static_cast<std::uint8_t>(Color >> 24)) {
     TSolidPaint(Color | 0xFF000000).IsSolid(FColor);
-    const auto Alpha = static_cast<std::uint8_t>(Color >> 24);
+    const std::uint8_t Alpha = FAlpha;
     int Below = 0;  // layers that are there in full
     std::uint8_t Opacity = 0, Next = Alpha;
     for (int Part = 0; Part < 256; ++Part) {
@@ -135,8 +135,9 @@ class TLayerBlender : public TCoverageSink {
     std::vector<std::uint8_t>& Masked = Scratch().Masked;
     for (int Row = Y; Row < Y + Rows; ++Row) {
       Masked.assign(Coverage, Coverage + Count);
-      ScaleBytes(Masked.data(), FClip.Mask + Row * FClip.MaskStride + X, Count);
-      BlendRuns(PixelsAt(X, Row), Masked.data(), Count);
+      const std::uint8_t* const Mask = FClip.Mask + Row * FClip.MaskStride + X;
+      ScaleBytes(Masked.data(), Mask, Count);
+      BlendRuns(PixelsAt(X, Row), Masked.data(), Coverage, Mask, Count);
     }
   }
 
@@ -144,11 +145,12 @@ class TLayerBlender : public TCoverageSink {
   std::uint32_t* PixelsAt(int X, int Y) const { return FTarget.Pixels + Y * FTarget.Stride + X; }
 
   /// Of a trail, most is cut out as a rule, where the shape itself lies.
-  void BlendRuns(std::uint32_t* Pixels, std::uint8_t* Coverage, int Count) {
+  void BlendRuns(std::uint32_t* Pixels, std::uint8_t* Masked, const std::uint8_t* Coverage, const std::uint8_t* Mask,
+                 int Count) {
     constexpr int Word = 8;
     const auto IsEmpty = [&](int At) {
       std::uint64_t Eight = 0;
-      std::memcpy(&Eight, Coverage + At, static_cast<std::size_t>(std::min(Word, Count - At)));
+      std::memcpy(&Eight, Masked + At, static_cast<std::size_t>(std::min(Word, Count - At)));
       return Eight == 0;
     };
     for (int From = 0; From < Count;) {
@@ -157,14 +159,24 @@ class TLayerBlender : public TCoverageSink {
       while (To < Count && !IsEmpty(To)) To += Word;
       if (From >= Count) return;
       To = std::min(To, Count);
-      for (int i = From; i < To; ++i) Coverage[i] = FOpacities[Coverage[i]];
-      BlendColor(Pixels + From, Coverage + From, To - From, FColor);
+      for (int i = From; i < To; ++i)
+        Masked[i] = Mask[i] == 255 ? FOpacities[Coverage[i]] : Mask[i] == 0 ? 0 : Through(Coverage[i], Mask[i]);
+      BlendColor(Pixels + From, Masked + From, To - From, FColor);
       From = To;
     }
   }
 
+  /// At the edge of a mask, which holds back a part of each layer: rounded as if each was blended by itself.
+  std::uint8_t Through(std::uint8_t Coverage, std::uint8_t Mask) const {
+    const float Layer = static_cast<float>(ScaledByte(FAlpha, Mask)) / 255;
+    return CoverageOfPart(
+        1 - static_cast<double>(std::pow(1 - Layer, static_cast<float>(Coverage * FLayers) / 255)));
+  }
+
   const TRasterTarget& FTarget;
   const TRasterClip& FClip;
+  int FLayers;
+  std::uint8_t FAlpha;
   std::uint32_t FColor = 0;
   std::array<std::uint8_t, 256> FOpacities;
 };
