@@ -77,8 +77,8 @@ PointF TZyPieCalculation::RimPoint(double Angle) const {
 
 /// The room that segments take as they move out. Which side a segment reaches is asked of its angles as they stand, and
 /// below the pie of its start a quarter turn on, which nearly always answers yes: there may be more room there than is
-/// needed, as there is in every stored chart. A segment that goes on into a second turn holds sides that these questions
-/// miss; without their room it would be cut off.
+/// needed, as there is in every stored chart. A segment that goes on into a second turn holds sides that these
+/// questions miss; without their room it would be cut off.
 void TZyPieCalculation::Explode() {
   double Left = 0, Top = 0, Right = 0, Bottom = 0;
   for (TZyPieSegment& Segment : FSegments) {

@@ -94,8 +94,8 @@ class TZyPieChart : public TZyCustomGraph, public IZyVectorReader, public IZyUnd
   TZyFillPalette* SegmentSettingsPalette() const { return FPalette; }
   void SetSegmentSettingsPalette(TZyFillPalette* Value);
   /// Asked for the pen of each segment's outline and for its fill, each time that a part of it is drawn: Index is that
-  /// of the value, X the transformed value and Y the sweep in degrees; a pen handler may change Y. A handler that throws
-  /// leaves the segment its own pen and fill: a paint does not end for it.
+  /// of the value, X the transformed value and Y the sweep in degrees; a pen handler may change Y. A handler that
+  /// throws leaves the segment its own pen and fill: a paint does not end for it.
   const TZyPenEventHandler& OnGetPen() const { return mGetPen; }
   void SetOnGetPen(TZyPenEventHandler Value);
   const TZyBrushEventHandler& OnGetBrush() const { return mGetBrush; }

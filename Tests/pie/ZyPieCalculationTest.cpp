@@ -112,7 +112,8 @@ TEST(ZyPieCalculation, TurnsValuesIntoAnglesShiftsAndABox) {
 // One that holds all sides keeps its room at that to which it moves, wherever its angles begin.
 TEST(ZyPieCalculation, WholePiesThatMoveOutStayWithinTheirSpace) {
   for (int Start = 0; Start < 360; Start += 45) {
-    TZyPieCalculation Pie = Arranged({{5}, {20}, false, {.StartAngle = static_cast<float>(Start), .DropShadow = false}});
+    TZyPieCalculation Pie =
+        Arranged({{5}, {20}, false, {.StartAngle = static_cast<float>(Start), .DropShadow = false}});
     Pie.FitInto({0, 0, 100, 100});
     const PointF Corner{Pie.PieRect().X + Pie.Segments()[0].Shift.X, Pie.PieRect().Y + Pie.Segments()[0].Shift.Y};
     EXPECT_GE(std::min(Corner.X, Corner.Y), -0.01f) << Start;

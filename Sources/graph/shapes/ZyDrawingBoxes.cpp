@@ -134,7 +134,7 @@ void DrawRoundRect(Graphics& Gr, const Brush& Brush, const Pen& Pen, const RectF
 
 // Layers of the shape at growing distance add up to a soft edge.
 void DrawShadow(Graphics& Gr, GraphicsPath& Path, float DX, float DY, bool Overlaps) {
-  constexpr int MostLayers = 255;  // the faintest layer there is
+  constexpr int MostLayers = 255;   // the faintest layer there is
   constexpr int FewestInOneGo = 8;  // of fewer ones each is so dark that their edges have to be blended one by one
   const int Count = DX >= 1 ? static_cast<int>(std::lrint(std::min(DX, static_cast<float>(MostLayers)))) : 1;
   const SolidBrush Layer(ColorToARGB(static_cast<unsigned>(255 / Count), 0, 0, 0));

@@ -145,7 +145,8 @@ void Graphics::FillPath(const Brush& Brush, const GraphicsPath& Path) {
 }
 
 void Graphics::FillTrail(const Brush& Brush, GraphicsPath& Path, PointF Step, int Count) {
-  if (!Path.IsEmpty() && AreFinite({Step.X, Step.Y}) && FBackend->FillTrail(FState, Brush, TShape::Of(Path), Step, Count))
+  if (!Path.IsEmpty() && AreFinite({Step.X, Step.Y}) &&
+      FBackend->FillTrail(FState, Brush, TShape::Of(Path), Step, Count))
     return;
   Matrix Next;
   Next.Translate(Step.X, Step.Y);

@@ -169,8 +169,7 @@ class TLayerBlender : public TCoverageSink {
   /// At the edge of a mask, which holds back a part of each layer: rounded as if each was blended by itself.
   std::uint8_t Through(std::uint8_t Coverage, std::uint8_t Mask) const {
     const float Layer = static_cast<float>(ScaledByte(FAlpha, Mask)) / 255;
-    return CoverageOfPart(
-        1 - static_cast<double>(std::pow(1 - Layer, static_cast<float>(Coverage * FLayers) / 255)));
+    return CoverageOfPart(1 - static_cast<double>(std::pow(1 - Layer, static_cast<float>(Coverage * FLayers) / 255)));
   }
 
   const TRasterTarget& FTarget;

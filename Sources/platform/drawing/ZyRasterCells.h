@@ -36,8 +36,8 @@ class TRasterCells {
   void Collapse();
   /// Hands out the coverage by the non-zero or else the alternate rule, and clears the cells.
   void Sweep(bool Winding, TCoverageSink& Sink);
-  /// Hands out by how many of Layers outlines a pixel is covered, as a part of 255, and clears the cells. No outline may
-  /// overlap itself.
+  /// Hands out by how many of Layers outlines a pixel is covered, as a part of 255, and clears the cells. No outline
+  /// may overlap itself.
   void SweepLayers(int Layers, TCoverageSink& Sink);
 
  private:
