@@ -26,23 +26,23 @@ class TWindow : public TForm {
     SetName("Window");
     SetCaption("Undo buttons");
     SetBounds(0, 0, 460, 330);
-    Put(FBar, 0, 0, Width(), 30);
+    Put(FEdit, 4, 4, Width() - 8, 30);
+    Put(FBar, 0, 38, Width(), 28);
     FBar.SetTabStop(true);  // the tabulator key comes to the buttons in it
     int Left = 4;
-    for (TZyDropDnButton* const Button :
-         {static_cast<TZyDropDnButton*>(&FUndoButton), static_cast<TZyDropDnButton*>(&FRedoButton)}) {
+    for (TZyDropDnButton* const Button : std::initializer_list<TZyDropDnButton*>{&FUndoButton, &FRedoButton}) {
       Button->SetParent(&FBar);
-      Button->SetBounds(Left, 4, 37, 22);
+      Button->SetBounds(Left, 3, 37, 22);
       Button->SetUndoStack(&FUndo);
       Left += 40;
     }
-    Put(FEdit, 4, 34, Width() - 8, 30);
     Put(FGraph, 0, 70, Width(), Height() - 70);
     FGraph.SetName("Graph");
     FGraph.SetUndoStack(&FUndo);
     FEdit.PropertyLinks().Items().Add("Window.Graph.Caption");
     for (const char* Text : {"Wind", "Wind in \\bMay\\b", "Wind in May, m s\\+-1\\+"}) FGraph.SetCaption(Text);
     FGraph.SetBackColor(0xFFF0F4F8);
+    FUndo.Undo();
   }
   ~TWindow() override { Destroying(); }
 

@@ -5,6 +5,7 @@
 
 #include "platform/controls/TApplicationEvents.h"
 #include "platform/controls/TGraphicControl.h"
+#include "platform/controls/TPaletteWatch.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/TBitmap.h"
 #include "undo/ZyUndoStack.h"
@@ -23,7 +24,8 @@ ZY_ENUM(TZyButtonState, "Up", "Disabled", "Down", "Exclusive")
 /// drops down a list. Both act at the press. 37 by 22 pixels at first.
 ///
 /// As the active control of its window it also takes keys: return and the space bar are the left half; the down key,
-/// alone or with alt, and F4 are the right half. In a parent that is an IToolBarLook it takes over the bar's look.
+/// alone or with alt, and F4 are the right half. Inside an IToolBarLook it takes over
+/// the bar's look.
 class TZyDropDnButton : public TGraphicControl {
   ZY_CLASS(TZyDropDnButton, TGraphicControl)
   /// While it is designed, the last undo stack of its owner becomes the button's.
@@ -105,9 +107,11 @@ class TZyDropDnButton : public TGraphicControl {
  private:
   static constexpr int ArrowWidth = 14;
   struct TFace;
+  struct TBar;
 
   bool HasForeignGlyph() const { return !FGlyphIsOwn; }
   void GlyphChanged();
+  void PaletteChanged() { FGlyphIsOwn ? TakeOwnGlyph() : GetBtnGlypImages(); }
   void ReleaseHalves();
   bool IsRight(int X) const { return X >= Width() - ArrowWidth; }
   template <class T>
@@ -119,6 +123,7 @@ class TZyDropDnButton : public TGraphicControl {
   void SetDown(bool& Down, TZyButtonState& State, bool Value);
   void PressLeft();
   void PressRight();
+  TBar BarAbove() const;
   void TakeLook();
   void SettleStates();
   void PaintGround(Graphics& Canvas) const;
@@ -151,6 +156,7 @@ class TZyDropDnButton : public TGraphicControl {
   int FNumGlyphs = 2;
   TRef<TZyUndoStack> FUndoStack{this, &TZyDropDnButton::SetUndoStack};
   TApplicationEvents FIdle;
+  TPaletteWatch FPalette{[this] { PaletteChanged(); }};
 };
 
 }  // namespace zy

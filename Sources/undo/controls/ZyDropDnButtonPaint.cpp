@@ -131,11 +131,30 @@ ARGB TZyDropDnButton::TextColor() const {
   return Own == Unset ? SystemColor(ButtonText) : Own;
 }
 
+/// The tool bar that the button lies in, directly or in a part of it.
+struct TZyDropDnButton::TBar {
+  const IToolBarLook* Look = nullptr;
+  float Top = 0, Height = 0;  // of the bar, from the button's top
+
+  bool HasGradient() const { return Look != nullptr && Look->HasGradient(); }
+};
+
+TZyDropDnButton::TBar TZyDropDnButton::BarAbove() const {
+  TBar Result;
+  int FromTop = Top();
+  for (const TWinControl* Outer = Parent(); Outer != nullptr && Result.Look == nullptr; Outer = Outer->Parent()) {
+    Result = {dynamic_cast<const IToolBarLook*>(Outer), static_cast<float>(-FromTop),
+              static_cast<float>(Outer->Height())};
+    FromTop += Outer->Top();
+  }
+  return Result;
+}
+
 void TZyDropDnButton::TakeLook() {
-  const auto* const Bar = dynamic_cast<const IToolBarLook*>(Parent());
-  if (Bar == nullptr) return;
-  FFlat = Bar->Flat();
-  FTransparent = Bar->Transparent();
+  const TBar Bar = BarAbove();
+  if (Bar.Look == nullptr) return;
+  FFlat = Bar.Look->Flat();
+  FTransparent = Bar.Look->Transparent();
 }
 
 void TZyDropDnButton::SettleStates() {
@@ -159,14 +178,13 @@ void TZyDropDnButton::Paint(Graphics& Canvas) {
 
 /// Where the ground is that of the parent, it is there already.
 void TZyDropDnButton::PaintGround(Graphics& Canvas) const {
-  const auto* const Bar = dynamic_cast<const IToolBarLook*>(Parent());
+  const TBar Bar = BarAbove();
   const RectF Box = ToRectF(ClientRect());
-  if (Bar != nullptr && Bar->HasGradient()) {
-    const auto Top = static_cast<float>(-this->Top());
-    Canvas.FillRectangle(LinearGradientBrush({0, Top}, {0, Top + static_cast<float>(Parent()->Height())},
-                                             Bar->GradientStartColor(), Bar->GradientEndColor()),
-                         Box);
-  } else if (Bar == nullptr && !FTransparent) {
+  if (Bar.HasGradient()) {
+    const LinearGradientBrush Ground({0, Bar.Top}, {0, Bar.Top + Bar.Height}, Bar.Look->GradientStartColor(),
+                                     Bar.Look->GradientEndColor());
+    Canvas.FillRectangle(Ground, Box);
+  } else if (Bar.Look == nullptr && !FTransparent) {
     Canvas.FillRectangle(SolidBrush(SystemColor(ButtonFace)), Box);
   }
 }
@@ -186,12 +204,12 @@ void TZyDropDnButton::PaintHalf(Graphics& Canvas, const TRect& Box, TZyButtonSta
 }
 
 bool TZyDropDnButton::PaintGradient(Graphics& Canvas, const RectF& Box, bool IsSunken, bool IsHot) const {
-  const auto* const Bar = dynamic_cast<const IToolBarLook*>(Parent());
-  if (Bar == nullptr || !Bar->HasGradient()) return false;
+  const TBar Bar = BarAbove();
+  if (!Bar.HasGradient()) return false;
   const ARGB Mark = SystemColor(Highlight);
   const float Strength = IsSunken ? 0.6f : IsHot ? 0.35f : 0;
-  ARGB Top = Between(Bar->GradientStartColor(), Mark, Strength),
-       Bottom = Between(Bar->GradientEndColor(), Mark, Strength);
+  ARGB Top = Between(Bar.Look->GradientStartColor(), Mark, Strength);
+  ARGB Bottom = Between(Bar.Look->GradientEndColor(), Mark, Strength);
   if (IsSunken) std::swap(Top, Bottom);
   Canvas.FillRectangle(LinearGradientBrush({0, Box.Y}, {0, Box.Y + Box.Height}, Top, Bottom), Box);
   Canvas.SetSmoothingMode(SmoothingModeNone);

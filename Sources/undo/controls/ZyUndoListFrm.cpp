@@ -10,6 +10,7 @@
 #include "platform/controls/TCustomPanel.h"
 #include "platform/controls/TLabel.h"
 #include "platform/framework/Application.h"
+#include "platform/framework/SystemColors.h"
 #include "platform/framework/TPropInfo.h"
 #include "texts/ZyLocalize.h"
 #include "undo/controls/ZyDropDnButton.h"
@@ -106,6 +107,8 @@ void TZyUndoListFrm::Place(const TZyDropDnButton& Button) {
     if (Corner.Y + NewHeight > Room.bottom() + 1) Corner.Y = Below.Y - NewHeight - Button.Height();
   }
   SetBounds(Corner.X, Corner.Y, NewWidth, NewHeight);
+  constexpr int WindowText = 8;  // the desktop's colour for it, which a dark one has otherwise than a label
+  FStatusLab->ControlFont().SetColor(SystemColor(WindowText));
   FStatusLab->SetAutoSize(false);
   FStatusLab->SetBounds(Edge, NewHeight - LineHeight - Edge, NewWidth - 2 * Edge, LineHeight);
   FLevelsList->SetBounds(Edge, Edge, NewWidth - 2 * Edge, NewHeight - LineHeight - 3 * Edge);
