@@ -38,6 +38,7 @@ class TWindow : public TForm {
     }
     Put(FGraph, 0, 70, Width(), Height() - 70);
     FGraph.SetName("Graph");
+    FGraph.SetBackColor(0xFFFFFFFF);
     FGraph.SetUndoStack(&FUndo);
     FEdit.PropertyLinks().Items().Add("Window.Graph.Caption");
     for (const char* Text : {"Wind", "Wind in \\bMay\\b", "Wind in May, m s\\+-1\\+"}) FGraph.SetCaption(Text);
