@@ -1,6 +1,6 @@
 #include "undo/controls/ZyUndoListFrm.h"
 
-#include <QEvent>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
@@ -168,7 +168,13 @@ void TZyUndoListFrm::Deactivate() {
   FormDeactivate();
 }
 
+/// While a popup is open, the toolkit brings it the presses elsewhere too.
 bool TZyUndoListFrm::WidgetEvent(QEvent& Event) {
+  const bool IsPress = Event.type() == QEvent::MouseButtonPress || Event.type() == QEvent::MouseButtonDblClick;
+  if (IsPress && !Widget()->rect().contains(static_cast<QMouseEvent&>(Event).position().toPoint())) {
+    FormDeactivate();
+    return true;
+  }
   const std::uint64_t Alive = LiveHandle();
   const bool IsHidden = Event.type() == QEvent::Hide && !Event.spontaneous();
   const bool Done = Inherited::WidgetEvent(Event);
