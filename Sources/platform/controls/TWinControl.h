@@ -92,6 +92,10 @@ class TWinControl : public TControl {
   virtual void KeyUp(TKey& Key, TShiftState Shift);
   virtual void KeyPress(char32_t& Key);
 
+  /// Runs what a signal of the toolkit's widget asks for: exceptions end here, and a widget that has to go stays until
+  /// the toolkit is done with it.
+  static void HandleEvent(const std::function<void()>& Proc);
+
   const TKeyEvent& OnKeyDown() const { return FOnKeyDown; }
   void SetOnKeyDown(TKeyEvent Value) { FOnKeyDown = std::move(Value); }
   const TKeyEvent& OnKeyUp() const { return FOnKeyUp; }
@@ -124,9 +128,6 @@ class TWinControl : public TControl {
   virtual bool WidgetEvent(QEvent& Event);
   /// Makes the toolkit's widget. By default a plain one that Paint fills; any other paints itself.
   virtual QWidget* CreateWidget();
-  /// Runs what a signal of the toolkit's widget asks for: exceptions end here, and a widget that has to go stays until
-  /// the toolkit is done with it.
-  static void HandleEvent(const std::function<void()>& Proc);
   /// Has the widget say the control's present name.
   void ApplyAccessibleName();
 
