@@ -124,6 +124,7 @@ ZY_TEXT(_sMenuIndex, "A menu has no place %d for an item")
 ZY_TEXT(_sMenuShortCut, "\"%s\" names no keys")
 ZY_TEXT(_sApplicationWithoutWidgets, "The program's application object is one without widgets")
 ZY_TEXT(_sCannotFocus, "Control \"%s\" is invisible or disabled and cannot have the keyboard")
+ZY_TEXT(_sFormIsVisible, "Form \"%s\" is visible and cannot be shown modally")
 ZY_TEXT(_sScrollRange, "A scroll bar cannot range from %d down to %d")
 
 // ---- Printer and clipboard ----
