@@ -21,6 +21,7 @@
 #include "pie/ZyPieDonut.h"
 #include "pie/ZyPieLegend.h"
 #include "platform/controls/TApplication.h"
+#include "platform/controls/TApplicationEvents.h"
 #include "platform/controls/TClipboard.h"
 #include "platform/controls/TFileDialog.h"
 #include "platform/controls/TForm.h"
@@ -58,3 +59,5 @@
 #include "undo/ZyChange.h"
 #include "undo/ZyUndoGroup.h"
 #include "undo/ZyUndoStack.h"
+#include "undo/controls/ZyLinkChoices.h"
+#include "undo/controls/ZyPropertyLinks.h"
