@@ -87,7 +87,8 @@ void TCustomComboBox::Configure(QComboBox& Box) {
     Box.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     Box.setMinimumContentsLength(Characters);
   }
-  SetOwnItems(*Box.view(), FItemHeight, 0, IsOwn ? TItemDrawer([this](auto&&... Args) { DrawItem(Args...); }) : nullptr);
+  SetOwnItems(*Box.view(), FItemHeight, 0,
+              IsOwn ? TItemDrawer([this](auto&&... Args) { DrawItem(Args...); }) : nullptr);
   ShowItems(Box);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <algorithm>
 
@@ -31,6 +32,36 @@ std::string OneLine(std::string_view Text) {
 
 }  // namespace
 
+class TCustomEdit::TLine : public QLineEdit {
+ public:
+  TLine(TCustomEdit& Owner, bool TellsFocus) : FOwner(Owner.LiveHandle()), FTellsFocus(TellsFocus) {}
+
+ protected:
+  void focusInEvent(QFocusEvent* Event) override {
+    QLineEdit::focusInEvent(Event);
+    if (FTellsFocus && Event->reason() != Qt::PopupFocusReason) Tell(&TCustomEdit::Entered);
+  }
+  void mouseReleaseEvent(QMouseEvent* Event) override {
+    QLineEdit::mouseReleaseEvent(Event);
+    if (Event->button() == Qt::LeftButton && rect().contains(Event->position().toPoint())) Tell(&TCustomEdit::Click);
+  }
+  void mouseDoubleClickEvent(QMouseEvent* Event) override {
+    QLineEdit::mouseDoubleClickEvent(Event);  // selects a word first
+    if (Event->button() == Qt::LeftButton) Tell(&TCustomEdit::DblClick);
+  }
+
+ private:
+  void Tell(void (TCustomEdit::*Operation)()) {
+    HandleEvent([&] {
+      TPersistent* const Owner = TPersistent::FromLiveHandle(FOwner);
+      if (Owner != nullptr) (static_cast<TCustomEdit&>(*Owner).*Operation)();
+    });
+  }
+
+  std::uint64_t FOwner;
+  bool FTellsFocus;
+};
+
 TCustomEdit::TCustomEdit(TComponent* Owner) : TWidgetOf(Owner) {
   TCustomEdit::SetBounds(0, 0, 121, 21);
   SetTabStop(true);
@@ -38,7 +69,9 @@ TCustomEdit::TCustomEdit(TComponent* Owner) : TWidgetOf(Owner) {
 
 TCustomEdit::~TCustomEdit() { Destroying(); }
 
-QWidget* TCustomEdit::Make() { return new QLineEdit; }
+QWidget* TCustomEdit::Make() { return MakeLine(true); }
+
+QLineEdit* TCustomEdit::MakeLine(bool TellsFocus) { return new TLine(*this, TellsFocus); }
 
 QLineEdit& TCustomEdit::LineOf(QWidget& Box) { return static_cast<QLineEdit&>(Box); }
 
@@ -113,10 +146,18 @@ void TCustomEdit::SetAlignment(TAlignment Value) {
 }
 
 int TCustomEdit::TextWidth() {
-  if (!HasWidget()) return Width();
   const QLineEdit& Line = LineOf(Toolkit());
   constexpr int Margins = 4;  // of the text within the line
-  return Line.contentsRect().width() - Margins;
+  return Line.contentsRect().width() - Line.textMargins().left() - Line.textMargins().right() - Margins;
+}
+
+int TCustomEdit::WidthOf(const std::string& Shown) {
+  return LineOf(Toolkit()).fontMetrics().horizontalAdvance(ToQString(Shown));
+}
+
+bool TCustomEdit::WidgetEvent(QEvent& Event) {
+  if (Event.type() == QEvent::Show) Appeared();
+  return TWidgetOf::WidgetEvent(Event);
 }
 
 void TCustomEdit::Beep() { QApplication::beep(); }

@@ -46,16 +46,27 @@ class TCustomEdit : public TWidgetOf<QWidget> {
  protected:
   /// Told of each change of the text, by the user or by code.
   virtual void Change();
-  /// The width in which the text shows, without the frame.
+  /// The width in which the text shows, without the frame, and that of a text in the line's font. Need a widget.
   int TextWidth();
+  int WidthOf(const std::string& Shown);
   /// A signal that something was refused.
   static void Beep();
+  /// Told when the keyboard has come and the line has placed its caret for that.
+  virtual void Entered() {}
+  /// Told when the line comes to be seen.
+  virtual void Appeared() {}
+
+  /// The toolkit's line, which tells the control what came to it.
+  class TLine;
 
   QWidget* Make() override;
+  /// A line for the widget of this control; TellsFocus unless the widget around it does (Entered).
+  QLineEdit* MakeLine(bool TellsFocus);
   /// The line in the widget.
   virtual QLineEdit& LineOf(QWidget& Box);
   void Configure(QWidget& Box) override;
   void Listen(QWidget& Box) override;
+  bool WidgetEvent(QEvent& Event) override;
 
  private:
   template <class F>

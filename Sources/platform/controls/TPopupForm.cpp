@@ -54,10 +54,19 @@ void TPopupForm::DropDown(TWinControl& Control) {
   if (Place.y() + Box.height() > Desk.bottom() + 1)
     Place.setY(std::max(Place.y() - Below.height() - Box.height(), Desk.top()));
   SetBounds(Place.x(), Place.y(), Box.width(), Box.height());
+  SetPosition(poDesigned);
   Show();
 }
 
+void TPopupForm::BecomeDialog() {
+  SetVisible(false);
+  Widget()->setParent(QApplication::activeWindow(), Qt::Dialog);
+  if (Widget()->layout() != nullptr) Widget()->resize(Widget()->sizeHint());
+  SetPosition(poScreenCenter);
+}
+
 void TPopupForm::Paint(Graphics& Canvas) {
+  if (Position() != poDesigned) return;
   constexpr int Shadow = 16;  // the desktop's colour for it
   Canvas.DrawRectangle(Pen(SystemColor(Shadow), 1), 0, 0, static_cast<float>(Width() - 1),
                        static_cast<float>(Height() - 1));

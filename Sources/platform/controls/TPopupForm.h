@@ -36,6 +36,8 @@ class TPopupForm : public TForm {
   void DropDown(TWinControl& Control);
 
  protected:
+  /// Makes an ordinary window of it in the middle of the screen, with a title, for ShowModal.
+  void BecomeDialog();
   void Paint(Graphics& Canvas) override;
   bool WidgetEvent(QEvent& Event) override;
 };

@@ -28,10 +28,7 @@ class TWidgetOf : public TBase {
   }
 
   /// Makes the widget; an heir of W where the toolkit's own is not enough.
-  virtual W* Make() {
-    if constexpr (std::is_default_constructible_v<W>) return new W;
-    return nullptr;
-  }
+  virtual W* Make();
   /// Carries all that is stored to a fresh widget.
   virtual void Configure(W& Box) = 0;
   /// Connects to the signals of a fresh widget.
@@ -61,22 +58,9 @@ class TWidgetOf : public TBase {
     });
   }
 
-  QWidget* CreateWidget() override {
-    W* const Box = Make();
-    Configure(*Box);
-    Listen(*Box);
-    return Box;
-  }
-
-  void ApplyStyle() override {
-    TBase::ApplyStyle();
-    this->ApplyFocusPolicy(TakesFocusByClick());
-  }
-
-  bool WidgetEvent(QEvent& Event) override {
-    if (TBase::WidgetEvent(Event)) return true;
-    return ChangesByWheel() && this->IsForeignWheel(Event);
-  }
+  QWidget* CreateWidget() override;
+  void ApplyStyle() override;
+  bool WidgetEvent(QEvent& Event) override;
 
  private:
   template <class P>
@@ -92,5 +76,33 @@ class TWidgetOf : public TBase {
     bool FOuter;
   };
 };
+
+// Not inline: only the one source that instantiates them knows W.
+
+template <class W, class TBase>
+W* TWidgetOf<W, TBase>::Make() {
+  if constexpr (std::is_default_constructible_v<W>) return new W;
+  return nullptr;
+}
+
+template <class W, class TBase>
+QWidget* TWidgetOf<W, TBase>::CreateWidget() {
+  W* const Box = Make();
+  Configure(*Box);
+  Listen(*Box);
+  return Box;
+}
+
+template <class W, class TBase>
+void TWidgetOf<W, TBase>::ApplyStyle() {
+  TBase::ApplyStyle();
+  this->ApplyFocusPolicy(TakesFocusByClick());
+}
+
+template <class W, class TBase>
+bool TWidgetOf<W, TBase>::WidgetEvent(QEvent& Event) {
+  if (TBase::WidgetEvent(Event)) return true;
+  return ChangesByWheel() && this->IsForeignWheel(Event);
+}
 
 }  // namespace zy

@@ -292,6 +292,7 @@ QWidget* TWinControl::Widget() {
   for (TControl* Control : std::vector(FControls))
     if (auto* const Inner = dynamic_cast<TWinControl*>(Control)) Inner->Widget();
   ApplyTabOrder();
+  ArrangeWidgets();
   ApplyVisible();
   return FWidget;
 }

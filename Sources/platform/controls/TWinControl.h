@@ -130,6 +130,8 @@ class TWinControl : public TControl {
   virtual QWidget* CreateWidget();
   /// Puts the new widget of a control in this one where it belongs. By default at the control's place in this widget.
   virtual void TakeWidget(TWinControl& Inner, QWidget& InnerWidget);
+  /// Told when the widget and those of all inner controls are there, which can now go into a layout of the toolkit's.
+  virtual void ArrangeWidgets() {}
   /// Runs what a signal of the toolkit's widget asks for: exceptions end here, and a widget that has to go stays until
   /// the toolkit is done with it.
   static void HandleEvent(const std::function<void()>& Proc);
