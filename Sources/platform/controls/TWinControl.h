@@ -95,6 +95,10 @@ class TWinControl : public TControl {
   virtual void KeyUp(TKey& Key, TShiftState Shift);
   virtual void KeyPress(char32_t& Key);
 
+  /// Runs what a signal of the toolkit's widget asks for: exceptions end here, and a widget that has to go stays until
+  /// the toolkit is done with it.
+  static void HandleEvent(const std::function<void()>& Proc);
+
   const TKeyEvent& OnKeyDown() const { return FOnKeyDown; }
   void SetOnKeyDown(TKeyEvent Value) { FOnKeyDown = std::move(Value); }
   const TKeyEvent& OnKeyUp() const { return FOnKeyUp; }
@@ -132,9 +136,6 @@ class TWinControl : public TControl {
   virtual void TakeWidget(TWinControl& Inner, QWidget& InnerWidget);
   /// Told when the widget and those of all inner controls are there, which can now go into a layout of the toolkit's.
   virtual void ArrangeWidgets() {}
-  /// Runs what a signal of the toolkit's widget asks for: exceptions end here, and a widget that has to go stays until
-  /// the toolkit is done with it.
-  static void HandleEvent(const std::function<void()>& Proc);
   /// Has the widget say the control's present name.
   void ApplyAccessibleName();
 

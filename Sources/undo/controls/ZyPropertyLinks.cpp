@@ -1,5 +1,6 @@
 #include "undo/controls/ZyPropertyLinks.h"
 
+#include <QWidget>
 #include <algorithm>
 #include <bit>
 #include <charconv>
@@ -354,10 +355,13 @@ void TZyPropertyLinks::Loaded() {
   if (Control == nullptr || Control->Parent() != nullptr) CheckLink();
 }
 
-/// Whether the user is at the control and has just set what it shows.
+/// Whether the user is at the control and has just set what it shows; another window may be in front for a moment.
 bool TZyPropertyLinks::IsTypedIn() const {
-  const auto* const Control = dynamic_cast<const TWinControl*>(&FManagedInstance);
-  return FAnswered && TypeKind() != TPropKind::Enumeration && Control != nullptr && Control->Focused();
+  auto* const Control = dynamic_cast<TWinControl*>(&FManagedInstance);
+  if (!FAnswered || TypeKind() == TPropKind::Enumeration || Control == nullptr || !Control->HasWidget()) return false;
+  QWidget* const Own = Control->Widget();
+  const QWidget* const AtWork = Own->window()->focusWidget();
+  return AtWork == Own || (AtWork != nullptr && Own->isAncestorOf(AtWork));
 }
 
 /// Two reads. What the control could not hold when it was last copied is no news.

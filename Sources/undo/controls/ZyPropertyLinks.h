@@ -21,7 +21,7 @@ class TZyUndoGroup;
 /// Ties one property of a control to properties of other components, without code of the application.
 ///
 /// Items holds the paths: `Form.Component.Property`, with further components in between, each owned by the one before,
-/// and published settings (`Form.Chart.Title.Font.Size`). A path begins with a form, a data module, or what else the
+/// and published settings (`Form.Chart.Font.Size`). A path begins with a form, a data module, or what else the
 /// application owns. The control follows the first path, at the next idle moment after a change; what the user does
 /// goes to all of them. Paths to what is not there yet are tried again at idle, those to what has died wait for its
 /// successor, and those to what was renamed are rewritten.
