@@ -129,6 +129,26 @@ void MakeControls(TColumn& Column) {
   Distance.SetMaxValue(50);
 }
 
+/// A tool bar with the buttons that take back what the controls did, and do it again.
+TToolBar& MakeBar(TForm& Form) {
+  auto* const Stack = new TZyUndoStack(&Form);
+  static_cast<TZyGraph2D&>(*Form.FindComponent("Graph")).SetUndoStack(Stack);
+  auto* const Bar = new TToolBar(&Form);
+  Bar->SetTabStop(true);
+  Bar->SetParent(&Form);
+  const auto Add = [&](TZyDropDnButton* Button) {
+    Button->SetBounds(0, 0, 37, 22);
+    Button->SetParent(Bar);
+    Button->SetAlign(alLeft);
+    Button->SetUndoStack(Stack);
+  };
+  Add(new TZyUndoButton(&Form));
+  Add(new TZyRedoButton(&Form));
+  Bar->SetAlign(alNone);  // the layout has the last word
+  Bar->Widget()->setFixedHeight(28);
+  return *Bar;
+}
+
 bool SavePictures(QWidget& Window, const std::string& Stem) {
   for (const auto& [Scale, End] : {std::pair{1.0, ".png"}, {1.5, "@1.5x.png"}, {2.0, "@2x.png"}}) {
     QPixmap Picture(Window.size() * Scale);
@@ -155,11 +175,14 @@ int main(int Count, char* Arguments[]) {
   Form.SetBounds(0, 0, 980, 640);
   MakeChart(Form);
   auto* const All = new QHBoxLayout(Form.Widget());
+  auto* const Left = new QVBoxLayout;
+  Left->addWidget(MakeBar(Form).Widget());
   auto* const Lines = new QFormLayout;
   TColumn Column(Form, *Lines, IsLong);
   MakeControls(Column);
   auto* const Graph = static_cast<TZyGraph2D*>(Form.FindComponent("Graph"));
-  All->addLayout(Lines, 1);
+  Left->addLayout(Lines, 1);
+  All->addLayout(Left, 1);
   All->addWidget(Graph->Widget(), 2);
   Form.Show();
   if (Shows) return Program.Run();

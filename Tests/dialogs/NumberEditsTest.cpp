@@ -175,7 +175,7 @@ TEST_F(NumberEditsTest, DigitsAreBroughtIntoRange) {
 TEST_F(NumberEditsTest, DatesAndSpansExcludeEachOther) {
   FReal.SetAsTimeSpan(true);
   FReal.SetValue(1.5);
-  EXPECT_EQ(FReal.Text(), "1.12:00:00");
+  EXPECT_EQ(FReal.Text(), "1.12:00:00.000");
   FReal.SetValue(-1);
   EXPECT_EQ(FReal.Text(), "Error");
   FReal.SetAsDateTime(true);

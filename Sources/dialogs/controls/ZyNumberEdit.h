@@ -133,9 +133,10 @@ class TZyNumberEdit : public TZyLinked<TCustomEdit> {
   std::string TextOrHashes(std::string Shown, int Width) { return WidthOf(Shown) > Width ? Hashes() : Shown; }
 
   void Change() override {
+    if (FSetting) return;  // nobody hears of the control's own texts
     const std::uint64_t Alive = LiveHandle();
     TCustomEdit::Change();
-    if (FromLiveHandle(Alive) == nullptr || FSetting || Text().empty()) return;
+    if (FromLiveHandle(Alive) == nullptr || Text().empty()) return;
     const std::optional<TValue> Typed = Parse(Text());
     if (!Typed.has_value() || (FMaxValue > FMinValue && (*Typed < FMinValue || *Typed > FMaxValue))) return;
     FLastValid = Text();

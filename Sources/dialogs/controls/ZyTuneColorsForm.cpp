@@ -5,6 +5,7 @@
 
 #include "dialogs/controls/ZyColorSquare.h"
 #include "dialogs/controls/ZyDialogParts.h"
+#include "platform/controls/TApplication.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/Pen.h"
@@ -132,6 +133,7 @@ void TZyTuneColorsForm::MakeButtons() {
   PreviousColorsBar = AddPart<TPanel>(*this, *this, "PreviousColorsBar", _sTunePreviousHint);
   for (int Index = 0; Index < TZyColorHistory::Count; ++Index) {
     auto* const Button = new TToolButton(this);
+    Button->SetAlign(alNone);  // the bar has two rows
     Button->SetGroupIndex(1);
     Button->SetAllowAllUp(true);
     Button->SetTabStop(true);
@@ -313,7 +315,11 @@ void TZyTuneColorsForm::CMVisibleChanged() {
   Inherited::CMVisibleChanged();
   if (Visible() || IsDestroying()) return;
   FromShow = false;
-  FHistory.WriteToRegistry();
+  try {
+    FHistory.WriteToRegistry();
+  } catch (const std::exception& Error) {
+    TApplication::HandleException(Error);  // the colour goes its way all the same
+  }
   FFocusControl.GiveBack();
 }
 

@@ -124,6 +124,14 @@ void TButton::SetDefault(bool Value) {
   With([Value](QAbstractButton& Box) { static_cast<QPushButton&>(Box).setDefault(Value); });
 }
 
+void TButton::KeyDown(TKey& Key, TShiftState Shift) {
+  const std::uint64_t Alive = LiveHandle();
+  Inherited::KeyDown(Key, Shift);
+  if (FromLiveHandle(Alive) == nullptr || Key != vkReturn) return;
+  Key = 0;
+  PerformClick();
+}
+
 void TButton::Click() {
   TControl* Outer = this;
   while (Outer->Parent() != nullptr) Outer = Outer->Parent();

@@ -83,6 +83,8 @@ class TButton : public TButtonControl {
   int ModalResult() const { return FModalResult; }
   void SetModalResult(int Value) { FModalResult = Value; }
   void Click() override;
+  /// The return key clicks the button that has the keyboard, whichever is the default one.
+  void KeyDown(TKey& Key, TShiftState Shift) override;
 
  protected:
   QAbstractButton* Make() override;

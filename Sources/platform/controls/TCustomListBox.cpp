@@ -1,6 +1,5 @@
 #include "platform/controls/TCustomListBox.h"
 
-#include <QApplication>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <algorithm>
@@ -52,10 +51,15 @@ class TCustomListBox::TListWidget : public QListWidget {
     }
     return QListWidget::viewportEvent(Event);
   }
+  void mousePressEvent(QMouseEvent* Event) override {
+    Tell([](TCustomListBox& Owner) { Owner.FIsPressed = true; });
+    QListWidget::mousePressEvent(Event);
+  }
   void mouseReleaseEvent(QMouseEvent* Event) override {
     const bool IsOnItem = indexAt(Event->position().toPoint()).isValid();
     QListWidget::mouseReleaseEvent(Event);
     Tell([IsOnItem](TCustomListBox& Owner) {
+      Owner.FIsPressed = false;
       if (IsOnItem || Owner.FIsUntold) Owner.TellSelection();
     });
   }
@@ -106,9 +110,10 @@ void TCustomListBox::Listen(QListWidget& Box) {
   const auto Changed = [this] {
     TakeSelection();
     FIsUntold = true;
-    if (QApplication::mouseButtons() == Qt::NoButton) TellSelection();
+    if (!FIsPressed) TellSelection();
   };
   On(Box, &QListWidget::itemSelectionChanged, Changed);
+  On(Box, &QListWidget::itemDoubleClicked, [this](QListWidgetItem*) { DblClick(); });
 }
 
 void TCustomListBox::TakeSelection() {

@@ -80,7 +80,8 @@ class TCustomListBox : public TWidgetOf<QListWidget> {
   int FItemHeight = 0;
   TListBoxStyle FStyle = lbStandard;
   bool FMultiSelect = false;
-  bool FIsUntold = false;  // the user changed the selection with a button that is still down
+  bool FIsPressed = false;  // a button of the mouse is down in the list
+  bool FIsUntold = false;   // the user changed the selection with it
   TDrawItemEvent FOnDrawItem;
 };
 

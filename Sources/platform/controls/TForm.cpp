@@ -118,10 +118,8 @@ void TForm::KeyDown(TKey& Key, TShiftState Shift) {
   const std::uint64_t Alive = LiveHandle();
   Inherited::KeyDown(Key, Shift);
   if (FromLiveHandle(Alive) == nullptr || !Shift.Empty() || (Key != vkReturn && Key != vkEscape)) return;
-  TButton* const Button =
-      ButtonIn(*this, [Key](TButton& Each) { return Key == vkReturn ? Each.Focused() : Each.Cancel(); });
   TButton* const Chosen =
-      Button != nullptr || Key != vkReturn ? Button : ButtonIn(*this, [](TButton& Each) { return Each.Default(); });
+      ButtonIn(*this, [Key](TButton& Each) { return Key == vkReturn ? Each.Default() : Each.Cancel(); });
   if (Chosen == nullptr) return;
   Key = 0;
   Chosen->PerformClick();

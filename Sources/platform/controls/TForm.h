@@ -53,7 +53,7 @@ class TForm : public TWinControl {
   int ModalResult() const { return FModalResult; }
   /// While the form is shown modally, a value other than 0 closes it, if OnCloseQuery lets it go.
   void SetModalResult(int Value);
-  /// The return key clicks the default button, or the one with the keyboard; escape clicks the cancel button.
+  /// The return key clicks the default button, escape the cancel button, where no control uses them up.
   void KeyDown(TKey& Key, TShiftState Shift) override;
   /// Deletes the form when the present events are done.
   void Release();

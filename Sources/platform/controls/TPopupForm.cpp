@@ -60,7 +60,8 @@ void TPopupForm::DropDown(TWinControl& Control) {
 
 void TPopupForm::BecomeDialog() {
   SetVisible(false);
-  Widget()->setParent(QApplication::activeWindow(), Qt::Dialog);
+  QWidget* const Active = QApplication::activeWindow();
+  Widget()->setParent(Active == Widget() ? Widget()->parentWidget() : Active, Qt::Dialog);
   if (Widget()->layout() != nullptr) Widget()->resize(Widget()->sizeHint());
   SetPosition(poScreenCenter);
 }

@@ -19,7 +19,8 @@ ZY_PUBLISHED(TSpeedButton, TButtonControl,
              Published<&TSpeedButton::Flat, &TSpeedButton::SetFlat>("Flat", false),
              Published<&TSpeedButton::DropDownMenu, &TSpeedButton::SetDropDownMenu>("DropDownMenu"),
              Published<&TSpeedButton::TabStop, &TSpeedButton::SetTabStop>("TabStop", false))
-ZY_PUBLISHED(TToolButton, TSpeedButton, Published<&TToolButton::Flat, &TToolButton::SetFlat>("Flat", true))
+ZY_PUBLISHED(TToolButton, TSpeedButton, Published<&TToolButton::Flat, &TToolButton::SetFlat>("Flat", true),
+             Published<&TToolButton::Align, &TToolButton::SetAlign>("Align", alLeft))
 
 namespace {
 
@@ -142,7 +143,10 @@ void TSpeedButton::CMChanged() {
       Button->SetIsChecked(false);
 }
 
-TToolButton::TToolButton(TComponent* Owner) : TSpeedButton(Owner) { SetFlat(true); }
+TToolButton::TToolButton(TComponent* Owner) : TSpeedButton(Owner) {
+  SetFlat(true);
+  SetAlign(alLeft);
+}
 
 TToolButton::~TToolButton() { Destroying(); }
 

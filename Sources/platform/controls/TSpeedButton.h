@@ -62,7 +62,7 @@ class TSpeedButton : public TButtonControl {
   TRef<TPopupMenu> FDropDownMenu{this, &TSpeedButton::SetDropDownMenu};
 };
 
-/// A speed button in a tool bar: flat. A check button stays down by itself.
+/// A speed button in a tool bar: flat, and behind those that were there before.
 class TToolButton : public TSpeedButton {
   ZY_CLASS(TToolButton, TSpeedButton)
   explicit TToolButton(TComponent* Owner = nullptr);

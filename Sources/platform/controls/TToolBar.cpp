@@ -1,27 +1,45 @@
 #include "platform/controls/TToolBar.h"
 
-#include <QToolBar>
-
+#include "platform/drawing/Brush.h"
+#include "platform/drawing/Graphics.h"
 #include "platform/framework/TPropInfo.h"
 
 namespace zy {
 
-template class TWidgetOf<QToolBar>;
+ZY_PUBLISHED(TToolBar, TCustomPanel, Published<&TToolBar::Align, &TToolBar::SetAlign>("Align", alTop),
+             Published<&TToolBar::Flat, &TToolBar::SetFlat>("Flat", true),
+             Published<&TToolBar::HasGradient, &TToolBar::SetGradient>("Gradient", false),
+             Published<&TToolBar::GradientStartColor, &TToolBar::SetGradientStartColor>("GradientStartColor",
+                                                                                        0xFFFFFFFF),
+             Published<&TToolBar::GradientEndColor, &TToolBar::SetGradientEndColor>("GradientEndColor", 0xFFD3D3D3),
+             Republished("ParentFont Font"))
 
-ZY_PUBLISHED(TToolBar, TWinControl)
-
-TToolBar::TToolBar(TComponent* Owner) : TWidgetOf(Owner) { TToolBar::SetBounds(0, 0, 150, 29); }
+TToolBar::TToolBar(TComponent* Owner) : TCustomPanel(Owner) {
+  TToolBar::SetBounds(0, 0, 150, 29);
+  SetAlign(alTop);
+}
 
 TToolBar::~TToolBar() { Destroying(); }
 
-void TToolBar::Configure(QToolBar& Box) { Box.setMovable(false); }
+template <class T>
+void TToolBar::Change(T& Field, T Value) {
+  Field = Value;
+  Invalidate();
+}
 
-/// The bar gives the button its place; a button that goes takes its place along.
-void TToolBar::TakeWidget(TWinControl&, QWidget& InnerWidget) {
-  QToolBar& Box = Toolkit();
-  InnerWidget.setFixedSize(InnerWidget.size());
-  QAction* const Place = Box.addWidget(&InnerWidget);
-  QObject::connect(&InnerWidget, &QObject::destroyed, Place, &QObject::deleteLater);
+void TToolBar::SetFlat(bool Value) { Change(FFlat, Value); }
+
+void TToolBar::SetGradient(bool Value) { Change(FGradient, Value); }
+
+void TToolBar::SetGradientStartColor(ARGB Value) { Change(FStartColor, Value); }
+
+void TToolBar::SetGradientEndColor(ARGB Value) { Change(FEndColor, Value); }
+
+void TToolBar::Paint(Graphics& Canvas) {
+  const RectF Box{0, 0, static_cast<float>(Width()), static_cast<float>(Height())};
+  if (FGradient && Width() > 0 && Height() > 0)
+    Canvas.FillRectangle(LinearGradientBrush(Box, FStartColor, FEndColor, LinearGradientModeVertical), Box);
+  Inherited::Paint(Canvas);
 }
 
 }  // namespace zy

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QImage>
+#include <QLayout>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPalette>
@@ -30,11 +31,11 @@
 namespace zy {
 namespace {
 
-/// A widget that wants the extent that its control has.
+/// A widget that wants the extent that its control has, or what a layout in it needs.
 class TPaintedWidget : public QWidget {
  public:
   explicit TPaintedWidget(const TControl& Control) : FHint(Control.Width(), Control.Height()) {}
-  QSize sizeHint() const override { return FHint; }
+  QSize sizeHint() const override { return layout() != nullptr ? QWidget::sizeHint() : FHint; }
 
  private:
   QSize FHint;
