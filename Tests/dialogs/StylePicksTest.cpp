@@ -93,8 +93,6 @@ TEST_F(StylePicksTest, APickFormDropsAllValues) {
   EXPECT_EQ(Pick.List().AreaStyle(), TZyAreaStyle::Total);
   HandleEvents();
   const TRect Box = Pick.List().ItemRect(9);
-  for (int I : {0, 1, 6, 7, 8, 9, 53}) { TRect B = Pick.List().ItemRect(I); printf("DBG %d: %d %d %d %d\n", I, B.Left, B.Top, B.Width(), B.Height()); }
-  printf("DBG view %d %d list %d %d\n", static_cast<QListWidget*>(Pick.List().Widget())->viewport()->width(), static_cast<QListWidget*>(Pick.List().Widget())->viewport()->height(), Pick.List().Width(), Pick.List().Height());
   EXPECT_EQ(Box.Left / 24, 1) << "the second column, filled from the top";
   ClickOn(*static_cast<QListWidget*>(Pick.List().Widget())->viewport(), QPoint(Box.Left + 9, Box.Top + 9));
   EXPECT_FALSE(Pick.Visible());

@@ -96,6 +96,20 @@ void TCustomListBox::Configure(QListWidget& Box) {
   ShowItems(Box);
 }
 
+/// Columns that all fit need no scroll bar, which would take the height of a row and so call for itself.
+void TCustomListBox::FitScrollBar(QListWidget& Box) {
+  if (FColumns == 0) return Box.setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  const int ItemExtent = std::max(FItemHeight > 0 ? FItemHeight : Box.sizeHintForRow(0), 1);
+  const int Rows = std::max((Height() - 2 * Box.frameWidth()) / ItemExtent, 1);
+  const bool Fits = FItems.Count() <= Rows * FColumns;
+  Box.setHorizontalScrollBarPolicy(Fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+}
+
+void TCustomListBox::Resize() {
+  Inherited::Resize();
+  With([this](QListWidget& Box) { FitScrollBar(Box); });
+}
+
 void TCustomListBox::ShowItems(QListWidget& Box) {
   QStringList Names;
   for (int Index = 0; Index < FItems.Count(); ++Index) Names += ToQString(ItemName(Index));
@@ -104,6 +118,7 @@ void TCustomListBox::ShowItems(QListWidget& Box) {
   Box.setCurrentRow(FItemIndex, FMultiSelect ? QItemSelectionModel::NoUpdate : QItemSelectionModel::ClearAndSelect);
   for (std::size_t Index = 0; FMultiSelect && Index < FSelected.size(); ++Index)
     Box.item(static_cast<int>(Index))->setSelected(FSelected[Index]);
+  FitScrollBar(Box);
 }
 
 void TCustomListBox::Listen(QListWidget& Box) {

@@ -64,12 +64,14 @@ class TCustomListBox : public TWidgetOf<QListWidget> {
   QListWidget* Make() override;
   void Configure(QListWidget& Box) override;
   void Listen(QListWidget& Box) override;
+  void Resize() override;
   /// The place of an item in a vector of as many.
   std::size_t Checked(int Index) const;
 
  private:
   class TListWidget;
 
+  void FitScrollBar(QListWidget& Box);
   void TakeSelection();
   void TellSelection();
 
