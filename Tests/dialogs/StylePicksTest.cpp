@@ -88,8 +88,8 @@ TEST_F(StylePicksTest, APickFormDropsAllValues) {
   Combo.SetDroppedDown(true);
   auto& Pick = SharedForm<TZyAreaStylesForm>();
   ASSERT_TRUE(Pick.Visible());
-  EXPECT_EQ(Pick.Width(), 24 * 8 + 2);
-  EXPECT_EQ(Pick.Height(), 24 * 7 + 2);
+  EXPECT_EQ(Pick.List().Width(), 24 * 8 + 2);
+  EXPECT_EQ(Pick.List().Height(), 24 * 7 + 2);
   EXPECT_EQ(Pick.List().AreaStyle(), TZyAreaStyle::Total);
   HandleEvents();
   const TRect Box = Pick.List().ItemRect(9);

@@ -122,11 +122,11 @@ void TZyFontDialogForm::MakeButtons() {
   CancelBtn->SetModalResult(mrCancel);
   ApplyBtn = Add("ApplyBtn", _sApply);
   ApplyBtn->SetOnClick([this](TObject*) {
-    if (FApply) std::function(FApply)();
+    if (const std::function<void()> Do = FApply) Do();
   });
   HelpBtn = Add("HelpBtn", _sHelp);
   HelpBtn->SetOnClick([this](TObject*) {
-    if (FHelp) std::function(FHelp)();
+    if (const std::function<void()> Do = FHelp) Do();
   });
   SetButtons(nullptr, nullptr);
 }

@@ -11,6 +11,7 @@
 #include "dialogs/controls/ZyStyleSamples.h"
 #include "platform/controls/TCustomComboBox.h"
 #include "platform/controls/TCustomListBox.h"
+#include "platform/controls/TPaletteWatch.h"
 #include "platform/controls/TPopupForm.h"
 
 namespace zy {
@@ -64,6 +65,7 @@ class TZyStylePick : public TZyLinked<TBase> {
  private:
   TSample FSample;
   TNotifyEvent mValueChanged;
+  TPaletteWatch FPalette{[this] { this->Invalidate(); }};  // the ground of the items is the desktop's
 };
 
 /// A list of style values. Until one is chosen it reads as the first, which is selected by that.
@@ -100,12 +102,12 @@ class TZyPickForm : public TPopupForm {
   /// Shows all values in items of ItemHeight pixels below a control. Picked runs once the user has chosen, when the
   /// form is hidden.
   void Show(TWinControl& Below, int ItemHeight, std::function<void()> Picked) {
-    constexpr int Rows = (TList::Count + Columns - 1) / Columns, Frame = 2;
+    constexpr int Rows = (TList::Count + Columns - 1) / Columns, More = 2, Line = 1;
     FPicked = std::move(Picked);
     FByKey = false;
     FList->SetItemHeight(ItemHeight);
-    SetBounds(Left(), Top(), ItemHeight * Columns + Frame, ItemHeight * Rows + Frame);
-    FList->SetBounds(0, 0, Width(), Height());
+    FList->SetBounds(Line, Line, ItemHeight * Columns + More, ItemHeight * Rows + More);
+    SetBounds(Left(), Top(), FList->Width() + 2 * Line, FList->Height() + 2 * Line);
     DropDown(Below);
     if (FList->CanFocus()) FList->SetFocus();
   }
@@ -113,6 +115,7 @@ class TZyPickForm : public TPopupForm {
  protected:
   explicit TZyPickForm(TComponent* Owner) : TPopupForm(Owner), FList(AddPart<TList>(*this, *this, "List")) {
     FList->SetColumns(Columns);
+    FList->SetBorderStyle(bsNone);
     FList->SetOnMouseDown([this](TObject*, TMouseButton, TShiftState, int, int) { FByKey = false; });
     FList->SetOnKeyDown([this](TObject*, TKey& Key, TShiftState) {
       FByKey = true;

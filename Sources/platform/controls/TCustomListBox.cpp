@@ -19,6 +19,7 @@ ZY_PUBLISHED(
     Published<static_cast<TStrings& (TCustomListBox::*)()>(&TCustomListBox::Items), &TCustomListBox::SetItems>("Items")
         .Hidden(),
     Published<&TCustomListBox::MultiSelect, &TCustomListBox::SetMultiSelect>("MultiSelect", false).Hidden(),
+    Published<&TCustomListBox::BorderStyle, &TCustomListBox::SetBorderStyle>("BorderStyle", bsSingle),
     Published<&TCustomListBox::Columns, &TCustomListBox::SetColumns>("Columns", 0),
     Published<&TCustomListBox::Style, &TCustomListBox::SetStyle>("Style", lbStandard).Hidden(),
     Published<&TCustomListBox::ItemHeight, &TCustomListBox::SetItemHeight>("ItemHeight", 0),
@@ -87,6 +88,7 @@ QListWidget* TCustomListBox::Make() { return new TListWidget(*this); }
 
 void TCustomListBox::Configure(QListWidget& Box) {
   Box.setUniformItemSizes(true);
+  Box.setFrameShape(FBorderStyle == bsNone ? QFrame::NoFrame : QFrame::StyledPanel);
   Box.setSelectionMode(FMultiSelect ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
   Box.setFlow(QListView::TopToBottom);
   Box.setWrapping(FColumns > 0);
@@ -100,7 +102,7 @@ void TCustomListBox::Configure(QListWidget& Box) {
 void TCustomListBox::FitScrollBar(QListWidget& Box) {
   if (FColumns == 0) return Box.setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   const int ItemExtent = std::max(FItemHeight > 0 ? FItemHeight : Box.sizeHintForRow(0), 1);
-  const int Rows = std::max((Height() - 2 * Box.frameWidth()) / ItemExtent, 1);
+  const int Rows = std::max((Height() - 2 * Box.frameWidth() - 1) / ItemExtent, 1);  // a full column ends one short
   const bool Fits = FItems.Count() <= Rows * FColumns;
   Box.setHorizontalScrollBarPolicy(Fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
 }
@@ -202,6 +204,11 @@ void TCustomListBox::SetColumns(int Value) {
 
 void TCustomListBox::SetStyle(TListBoxStyle Value) {
   FStyle = Value;
+  With([this](QListWidget& Box) { Configure(Box); });
+}
+
+void TCustomListBox::SetBorderStyle(TBorderStyle Value) {
+  FBorderStyle = Value;
   With([this](QListWidget& Box) { Configure(Box); });
 }
 

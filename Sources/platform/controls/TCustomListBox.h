@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/controls/OwnerDraw.h"
+#include "platform/controls/TCustomPanel.h"
 #include "platform/controls/TWidgetOf.h"
 #include "platform/framework/TStrings.h"
 
@@ -41,6 +42,8 @@ class TCustomListBox : public TWidgetOf<QListWidget> {
   void SetColumns(int Value);
   TListBoxStyle Style() const { return FStyle; }
   void SetStyle(TListBoxStyle Value);
+  TBorderStyle BorderStyle() const { return FBorderStyle; }
+  void SetBorderStyle(TBorderStyle Value);
   /// Height of an item; 0 for what the font needs.
   int ItemHeight() const { return FItemHeight; }
   void SetItemHeight(int Value);
@@ -81,6 +84,7 @@ class TCustomListBox : public TWidgetOf<QListWidget> {
   int FColumns = 0;
   int FItemHeight = 0;
   TListBoxStyle FStyle = lbStandard;
+  TBorderStyle FBorderStyle = bsSingle;
   bool FMultiSelect = false;
   bool FIsPressed = false;  // a button of the mouse is down in the list
   bool FIsUntold = false;   // the user changed the selection with it
