@@ -123,12 +123,10 @@ TZyColorPickerForm::TZyColorPickerForm(TComponent* Owner) : TPopupForm(Owner) {
     ColBtns[Place++] = AddButton(Margin + Extent * (Index % PaletteColumns), Margin + Extent * (Index / PaletteColumns),
                                  Color, ARGBToString(Color, false));
   }
-  for (int Index = 0; Index < NamedCount; ++Index) {
-    const std::string_view Entry = Named[Index];
-    const std::size_t Bar = Entry.find('|');
+  for (int Index = 0; Index < NamedCount; ++Index)
     ColBtns[Place++] = AddButton(NamedLeft + Extent * (Index % NamedColumns), Margin + Extent * (Index / NamedColumns),
-                                 ColorToARGB(Entry.substr(0, Bar)), std::string(Entry.substr(Bar + 1)));
-  }
+                                 Colors::Transparent, std::string(Named[Index].substr(Named[Index].find('|') + 1)));
+  ReadNamedColors();
   OtherColBtn = AddButton(Margin, OtherTop, Colors::Transparent, LoadResString(_sPickerCustomHint));
   OtherColBtn->SetName("OtherColBtn");
   OtherBtn = AddPart<TSpeedButton>(*this, *this, "OtherBtn", _sPickerOtherHint);
@@ -150,6 +148,11 @@ TZyColorBtn* TZyColorPickerForm::AddButton(int ButtonLeft, int ButtonTop, TZyCol
   Button->SetParent(this);
   Button->SetOnClick([this, Button](TObject*) { BtnClick(*Button); });
   return Button;
+}
+
+void TZyColorPickerForm::ReadNamedColors() {
+  for (std::size_t Index = 0; Index < NamedCount; ++Index)
+    ColBtns[PaletteCount + Index]->SetSqareColor(ColorToARGB(Named[Index].substr(0, Named[Index].find('|'))));
 }
 
 /// The squares keep their places; only the button with a text needs what its font asks for.

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "graph/values/ZyColors.h"
+#include "platform/controls/TPaletteWatch.h"
 #include "platform/controls/TPopupForm.h"
 #include "platform/controls/TSpeedButton.h"
 
@@ -57,6 +58,7 @@ class TZyColorPickerForm : public TPopupForm {
   static constexpr int PaletteCount = 56, NamedCount = 28, ButtonCount = PaletteCount + NamedCount;
 
   TZyColorBtn* AddButton(int Left, int Top, TZyColor Color, const std::string& Hint);
+  void ReadNamedColors();
   void BtnClick(const TZyColorBtn& Button);
   void OtherBtnClick();
 
@@ -67,6 +69,7 @@ class TZyColorPickerForm : public TPopupForm {
   bool FDoingDialog = false;
   TFocusMark FFocusControl;
   std::function<void(TZyColor)> FSet, FOther;
+  TPaletteWatch FPalette{[this] { ReadNamedColors(); }};  // the desktop's colours may change
 };
 
 /// The form of the program.
