@@ -63,19 +63,18 @@ class UndoButtonsTest : public ::testing::Test {
     Release(FForm, Button.Left() + 30, 20);
     HandleEvents();
   }
+  static QRect BoxOf(int Row) { return View().visualRect(View().model()->index(Row, 0)); }
   static void Mouse(QEvent::Type Type, int Row, Qt::MouseButton Button = Qt::NoButton) {
-    QWidget* const Box = View().viewport();
-    const QPointF Place = View().visualRect(View().model()->index(Row, 0)).center();
-    QMouseEvent Event(Type, Place, Box->mapToGlobal(Place), Button, Button, Qt::NoModifier);
-    QCoreApplication::sendEvent(Box, &Event);
+    QMouseEvent Event(Type, BoxOf(Row).center(), {}, Button, Button, Qt::NoModifier);
+    QCoreApplication::sendEvent(View().viewport(), &Event);
   }
   static void Click(int Row) {
     Mouse(QEvent::MouseMove, Row);
     Mouse(QEvent::MouseButtonPress, Row, Qt::LeftButton);
     Mouse(QEvent::MouseButtonRelease, Row, Qt::LeftButton);
   }
-  static void Key(QWidget& Box, int Code, Qt::KeyboardModifiers Keys = Qt::NoModifier) {
-    QKeyEvent Event(QEvent::KeyPress, Code, Keys);
+  static void Key(QWidget& Box, int Code) {
+    QKeyEvent Event(QEvent::KeyPress, Code, Qt::NoModifier);
     QCoreApplication::sendEvent(&Box, &Event);
   }
 
@@ -88,25 +87,17 @@ class UndoButtonsTest : public ::testing::Test {
 
 TEST_F(UndoButtonsTest, ThePressOfTheLeftHalfIsOneStep) {
   EXPECT_FALSE(FUndo.Enabled());
-  Press(FForm, 20, 20);
-  Release(FForm, 20, 20);
-  EXPECT_EQ(FSample.Whole(), 0);
   Steps(2);
-  EXPECT_TRUE(FUndo.Enabled());
-  EXPECT_FALSE(FRedo.Enabled());
+  EXPECT_TRUE(FUndo.Enabled() && !FRedo.Enabled());
   Press(FForm, 20, 20);
   EXPECT_EQ(FSample.Whole(), 1);
   EXPECT_EQ(FUndo.LeftState(), TZyButtonState::Down);
   Release(FForm, 20, 20);
   EXPECT_EQ(FUndo.LeftState(), TZyButtonState::Up);
   TApplication::Idle();
-  EXPECT_TRUE(FRedo.Enabled());
   Press(FForm, 70, 20);
   Release(FForm, 70, 20);
   EXPECT_EQ(FSample.Whole(), 2);
-  FUndo.SetUndoStack(nullptr);
-  TApplication::Idle();
-  EXPECT_FALSE(FUndo.Enabled());
 }
 
 TEST_F(UndoButtonsTest, TheMouseMarksStepsAndAClickReplaysThem) {
@@ -117,28 +108,20 @@ TEST_F(UndoButtonsTest, TheMouseMarksStepsAndAClickReplaysThem) {
   EXPECT_EQ(List().Height(), 135);
   EXPECT_EQ(List().Widget()->pos(), FForm.Widget()->mapToGlobal(QPoint(10, 32)));
   EXPECT_EQ(FUndo.RightState(), TZyButtonState::Down) << "as long as the list is open";
-  EXPECT_EQ(View().model()->rowCount(), 6);
   EXPECT_EQ(View().model()->index(0, 0).data().toString(), "step 6");
   EXPECT_EQ(Status(), "Undo last operation");
   Mouse(QEvent::MouseMove, 4);
   EXPECT_EQ(Status(), "Undo last 5 operations");
   const QImage Picture = View().viewport()->grab().toImage();
   const QRgb Mark = QApplication::palette().color(QPalette::Active, QPalette::Highlight).rgb();
-  for (int Row = 0; Row < 6; ++Row) {
-    const QRect Box = View().visualRect(View().model()->index(Row, 0));
-    EXPECT_EQ(Picture.pixel(Box.right() - 1, Box.center().y()) == Mark, Row <= 4) << Row;
-  }
-  Mouse(QEvent::MouseMove, 0);
-  EXPECT_EQ(Status(), "Undo last operation");
+  for (int Row = 0; Row < 6; ++Row)
+    EXPECT_EQ(Picture.pixel(BoxOf(Row).right() - 1, BoxOf(Row).center().y()) == Mark, Row <= 4) << Row;
   Click(4);
   EXPECT_EQ(FSample.Whole(), 1);
   EXPECT_FALSE(List().Visible());
-  EXPECT_FALSE(FUndo.DroppedDn());
   EXPECT_EQ(FUndo.RightState(), TZyButtonState::Up);
   TApplication::Idle();
   DropDown(FRedo);
-  EXPECT_TRUE(List().ForRedo());
-  EXPECT_EQ(List().ParentBtn(), &FRedo);
   EXPECT_EQ(Status(), "Redo last operation");
   Click(1);
   EXPECT_EQ(FSample.Whole(), 3);
@@ -163,8 +146,7 @@ TEST_F(UndoButtonsTest, KeysReachEverything) {
     ASSERT_TRUE(List().Visible());
     for (const int Code : Case.Keys) Key(View(), Code);
     EXPECT_EQ(FSample.Whole(), Case.Whole);
-    EXPECT_FALSE(List().Visible());
-    EXPECT_FALSE(FUndo.DroppedDn());
+    EXPECT_FALSE(List().Visible() || FUndo.DroppedDn());
   }
 }
 
@@ -177,8 +159,7 @@ TEST_F(UndoButtonsTest, TheListStaysOnTheScreen) {
   EXPECT_EQ(List().Widget()->x(), Desk.right() + 1 - 199);
   EXPECT_EQ(List().Widget()->y() + 135, FForm.Widget()->mapToGlobal(QPoint(0, 10)).y());
   Press(List(), -5, 20);  // the toolkit brings a press elsewhere to the popup
-  EXPECT_FALSE(List().Visible());
-  EXPECT_FALSE(FUndo.DroppedDn());
+  EXPECT_FALSE(List().Visible() || FUndo.DroppedDn());
   EXPECT_EQ(FSample.Whole(), 1);
 }
 
@@ -189,7 +170,6 @@ TEST_F(UndoButtonsTest, WhatDiesOrChangesUnderAnOpenList) {
   FStack->PushProperty(&FSample, "step 4", "Whole");
   FSample.SetWhole(4);
   TApplication::Idle();
-  EXPECT_EQ(View().model()->rowCount(), 4);
   EXPECT_EQ(View().model()->index(0, 0).data().toString(), "step 4");
   FStack->Undo(1);
   Key(View(), Qt::Key_Return);  // before the list has heard of it, with a mark beyond the end
@@ -201,34 +181,26 @@ TEST_F(UndoButtonsTest, WhatDiesOrChangesUnderAnOpenList) {
   TApplication::Idle();
   EXPECT_FALSE(List().Visible());
 
-  Steps(2);
-  auto Short = std::make_unique<TZyUndoButton>(&FForm);
-  Put(*Short, FForm, 110, 10, 37, 22);
-  Short->SetUndoStack(FStack.get());
-  DropDown(*Short);
-  Short.reset();
-  EXPECT_FALSE(List().Visible());
-  EXPECT_EQ(List().ParentBtn(), nullptr);
+  Steps(3);
+  for (const bool Opens : {true, false}) {  // freed under its list, and by a step of its own
+    auto* const Short = new TZyUndoButton(&FForm);
+    Put(*Short, FForm, 110, 10, 37, 22);
+    Short->SetUndoStack(FStack.get());
+    FStack->SetOnUndo([Short](TObject*) { delete Short; });
+    Press(FForm, Opens ? 140 : 120, 20);
+    Release(FForm, Opens ? 140 : 120, 20);
+    if (Opens) delete Short;
+    EXPECT_FALSE(List().Visible());
+  }
+  EXPECT_EQ(FSample.Whole(), 2);
+  FStack->SetOnUndo(nullptr);
 
   DropDown(FUndo);
   ASSERT_TRUE(List().Visible());
   FStack.reset();
-  EXPECT_FALSE(List().Visible());
-  EXPECT_FALSE(FUndo.DroppedDn());
-  EXPECT_EQ(FUndo.UndoStack(), nullptr);
+  EXPECT_FALSE(List().Visible() || FUndo.DroppedDn());
   TApplication::Idle();
   EXPECT_FALSE(FUndo.Enabled());
-}
-
-TEST_F(UndoButtonsTest, AStepMayFreeTheButton) {
-  Steps(2);
-  auto* const Button = new TZyUndoButton(&FForm);
-  Put(*Button, FForm, 110, 10, 37, 22);
-  Button->SetUndoStack(FStack.get());
-  FStack->SetOnUndo([&](TObject*) { delete Button; });
-  Press(FForm, 120, 20);
-  Release(FForm, 120, 20);
-  EXPECT_EQ(FSample.Whole(), 1);
 }
 
 TEST_F(UndoButtonsTest, ScreenReadersFindButtonsAndTheirActions) {
@@ -240,8 +212,6 @@ TEST_F(UndoButtonsTest, ScreenReadersFindButtonsAndTheirActions) {
   EXPECT_EQ(Undo->text(QAccessible::Name), "Undo");
   EXPECT_FALSE(Undo->state().disabled);
   EXPECT_TRUE(Window->child(1)->state().disabled);
-  EXPECT_EQ(Window->child(1)->text(QAccessible::Name), "Redo");
-  ASSERT_NE(Undo->actionInterface(), nullptr);
   Undo->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   EXPECT_EQ(FSample.Whole(), 1);
   Undo->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
@@ -259,45 +229,24 @@ TEST_F(UndoButtonsTest, LookOfBarsAndGlyphs) {
   Put(Button, Bar, 0, 0, 37, 22);
   ExpectPixels(Painted(Bar), {{2, 10, Red, "the bar's gradient"}});
   EXPECT_FALSE(Button.Flat());
-  EXPECT_FALSE(Button.Transparent());
-  EXPECT_EQ(Button.Glyph().Width(), 32);
-  EXPECT_EQ(Button.Glyph().Height(), 16);
 
-  Bitmap Two(8, 4);
-  {
-    Graphics Canvas(Two);
+  const Bitmap Two = PictureOf(8, 4, [](Graphics& Canvas) {
     Canvas.Clear(Green);
     Canvas.FillRectangle(SolidBrush(Blue), 4, 0, 4, 4);
     Canvas.FillRectangle(SolidBrush(White), 0, 3, 1, 1);  // the corner that is transparent
-  }
+  });
   TMemoryStream Stream;
   Two.Save(Stream, "PNG");
   Stream.SetPosition(0);
-  TCustomPanel Panel;
-  Panel.SetBounds(0, 0, 37, 22);
-  TZyUndoButton Foreign;
-  Put(Foreign, Panel, 0, 0, 37, 22);
-  Foreign.Glyph().LoadFromStream(Stream);
-  ExpectPixels(Painted(Panel), {{10, 10, Green, "enabled"}, {9, 12, 0, "transparent"}});
+  Button.Glyph().LoadFromStream(Stream);
+  ExpectPixels(Painted(Bar), {{10, 10, Green, "enabled"}, {9, 12, Red, "transparent"}});
   TZyUndoButton Copy;
-  ReadBack(Foreign, Copy);
+  ReadBack(Button, Copy);
   Copy.SetEnabled(false);
-  Put(Copy, Panel, 0, 0, 37, 22);
-  Foreign.SetParent(nullptr);
-  ExpectPixels(Painted(Panel), {{10, 10, Blue, "disabled"}});
+  Put(Copy, Bar, 0, 0, 37, 22);
+  ExpectPixels(Painted(Bar), {{10, 10, Blue, "disabled"}});
   Copy.SetGlyph(TBitmap());
   EXPECT_EQ(Copy.Glyph().Width(), 32) << "its own again";
-}
-
-TEST(UndoButtonsDesignTest, TheLastStackOfTheOwnerIsTaken) {
-  TForm Form;
-  Form.SetDesigning(true);
-  TZyUndoStack First(&Form), Last(&Form);
-  TZyUndoButton Button(&Form);
-  EXPECT_EQ(Button.UndoStack(), &Last);
-  Button.SetUndoStack(&First);
-  TApplication::Idle();
-  EXPECT_TRUE(Button.Enabled()) << "idle does not touch what is designed";
 }
 
 }  // namespace
