@@ -9,6 +9,7 @@ build/release/Examples/captions
 build/release/Examples/caption_editor
 build/release/Examples/embed
 build/release/Examples/form
+build/release/Examples/analysis
 build/release/Examples/equation
 build/release/Examples/measure
 QT_QPA_PLATFORM=offscreen build/release/Examples/undo_buttons  # an open list would keep the user's mouse

@@ -69,7 +69,7 @@ void TZyGraphRecord::Lists() {
 std::vector<TZySeries*> TZyGraphRecord::StoredSeries() const {
   std::vector<TZySeries*> Result;
   for (TZySeries* One : FGraph.RelatedSeries())
-    if (IsStored(*One)) Result.push_back(One);
+    if (IsStored(*One) && !One->IsSubComponent()) Result.push_back(One);
   for (TZySeries* One : FGraph.FIncompleteSeries)
     if (IsStored(*One) && !One->HasGraph()) Result.push_back(One);
   return Result;

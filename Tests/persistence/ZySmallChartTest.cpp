@@ -165,7 +165,7 @@ TEST(ZySmallChartTest, OlderRecordsLeaveLaterFieldsAlone) {
   for (const auto& [Source, Target] : Pairs) {
     SCOPED_TRACE(Source->RecordName());
     std::vector<TPersistent*> Objects;
-    Collect(dynamic_cast<TPersistent&>(*Source), Objects);
+    Collect(dynamic_cast<TPersistent&>(*Source), Objects, true);
     for (TPersistent* Object : Objects)
       for (const TPropInfo* Info : Object->ClassInfo().Properties())
         if (Info->Name != std::string_view("Name")) SetAtRandom(*Object, *Info, Chart.Form, Random);
