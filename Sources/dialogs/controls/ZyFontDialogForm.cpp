@@ -28,6 +28,7 @@ TZyFontDialogForm::TZyFontDialogForm(TComponent* Owner) : TForm(Owner) {
   SamplePanel->SetBorderStyle(bsSingle);
   SampleLab = AddPart<TZyRichLabel>(*this, *SamplePanel, "SampleLab");
   SampleLab->SetCaption("AaBbYyZz");
+  SampleLab->SetParentFont(false);  // its font is the one under edit, never that of the window
   SampleLab->SetAutoSize(false);
   SampleLab->SetTextAlign(TZyContentAlignment::MiddleCenter);
   SampleLab->SetAlign(alClient);
