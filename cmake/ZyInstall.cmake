@@ -1,4 +1,4 @@
-# Install rules: find_package(Zyphos) with Zyphos::Charts and Zyphos::Sql, pkg-config files, headers under include/zyphos.
+# Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs and Zyphos::Sql, pkg-config files, headers under include/zyphos.
 
 include(CMakePackageConfigHelpers)
 
@@ -6,8 +6,8 @@ get_property(ZyLibraries GLOBAL PROPERTY ZY_LIBRARIES)
 install(TARGETS ${ZyLibraries} EXPORT ZyphosTargets)
 install(EXPORT ZyphosTargets NAMESPACE Zyphos:: DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
 
-# The public headers are Charts.h and Sql.h and all that they include; backends, kernels and parts stay at home.
-set(ZyHeaders Charts.h Sql.h)
+# The public headers are Charts.h, Dialogs.h and Sql.h and all that they include; backends, kernels and parts stay at home.
+set(ZyHeaders Charts.h Dialogs.h Sql.h)
 set(ZyToRead ${ZyHeaders})
 while(ZyToRead)
   list(POP_FRONT ZyToRead Header)
@@ -37,7 +37,7 @@ file(RELATIVE_PATH ZyPkgConfigPrefix "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "$
 string(PREPEND ZyPkgConfigPrefix "\${pcfiledir}/")
 set(ZyPkgConfigLibraries "")
 foreach(Library ${ZyLibraries})
-  if(NOT Library STREQUAL zy_sql)
+  if(NOT Library MATCHES "^zy_(sql|pick_controls)$")
     get_target_property(Options ${Library} ZY_CLASS_OPTIONS)
     list(JOIN Options " " Options)
     string(PREPEND ZyPkgConfigLibraries "${Options} -l${Library} ")
@@ -45,7 +45,9 @@ foreach(Library ${ZyLibraries})
 endforeach()
 get_target_property(ZyPkgConfigSqlOptions zy_sql ZY_CLASS_OPTIONS)
 list(JOIN ZyPkgConfigSqlOptions " " ZyPkgConfigSqlOptions)
-foreach(File zyphos.pc zyphos-sql.pc)
+get_target_property(ZyPkgConfigDialogsOptions zy_pick_controls ZY_CLASS_OPTIONS)
+list(JOIN ZyPkgConfigDialogsOptions " " ZyPkgConfigDialogsOptions)
+foreach(File zyphos.pc zyphos-dialogs.pc zyphos-sql.pc)
   configure_file("cmake/${File}.in" "${PROJECT_BINARY_DIR}/${File}" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/${File}" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 endforeach()

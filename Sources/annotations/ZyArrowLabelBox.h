@@ -1,8 +1,6 @@
 #pragma once
 
-#include "annotations/captions/ZyRichCaption.h"
-#include "platform/controls/ControlTypes.h"
-#include "platform/drawing/Geometry.h"
+#include "annotations/ZyMarkerBox.h"
 
 namespace zy {
 
@@ -31,19 +29,13 @@ struct TZyArrowLabelLook {
 /// The direction of an arrow: degrees from 0 to below 360, counter-clockwise from the right; 270 without a length.
 double AngleOfArrow(TPoint Arrow);
 
-/// The box around arrow, bent piece and caption, and where these stand in it.
-struct TZyArrowLabelBox {
+/// The box around arrow, bent piece and caption, and where these stand in it. The hot point is the arrow's tip.
+struct TZyArrowLabelBox : TZyMarkerBox {
   explicit TZyArrowLabelBox(const TZyArrowLabelLook& Look);
 
-  TPoint HotDelta;                                              ///< where the tip is
-  TPoint End;                                                   ///< of the arrow's line
-  TPoint BentEnd;                                               ///< of the bent piece; End without one
-  RectF BentStrip;                                              ///< in which the bent piece is hit; empty without one
-  TRect Caption;                                                ///< empty without a caption
-  PointF Anchor;                                                ///< of the text
-  TZyContentAlignment Align = TZyContentAlignment::BottomLeft;  ///< of the text at its anchor
-  int Width = 0;
-  int Height = 0;
+  TPoint End;       ///< of the arrow's line
+  TPoint BentEnd;   ///< of the bent piece; End without one
+  RectF BentStrip;  ///< in which the bent piece is hit; empty without one
 
  private:
   /// How far the box goes along one direction: to the side of the free end, and to the other one.

@@ -19,7 +19,8 @@ ZY_PUBLISHED(TZyCaptionEdit, TCustomRichEdit,
                                                                               _sCaptEditSetCaption),
              Published<&TZyCaptionEdit::Alignment, &TZyCaptionEdit::SetAlignment>("Alignment",
                                                                                   TAlignment::taLeftJustify,
-                                                                                  _sCaptEditAlignment))
+                                                                                  _sCaptEditAlignment),
+             Published<&TZyCaptionEdit::PropertyLinks>("PropertyLinks"))
 
 namespace {
 
@@ -170,7 +171,7 @@ TZyRichCaption TZyCaptionEdit::Caption() const {
 
 void TZyCaptionEdit::SetCaption(const TZyRichCaption& Value) {
   if (Value == FCaption && !Modified()) return;
-  const bool Lenient = IsLoading() || IsDesigning();
+  const bool Lenient = IsLoading() || IsDesigning() || FLink.IsBusy();
   Show(Value, Lenient ? TZyCaptionReading::Lenient : TZyCaptionReading::Strict);
   SetModified(false);
 }
@@ -178,6 +179,7 @@ void TZyCaptionEdit::SetCaption(const TZyRichCaption& Value) {
 void TZyCaptionEdit::SetEditText(const std::string& Value) {
   Show(Value, TZyCaptionReading::Lenient);
   SetModified(true);
+  FLink.SetLink(Value);
 }
 
 void TZyCaptionEdit::Show(const TZyRichCaption& Value, TZyCaptionReading Reading) {
@@ -202,6 +204,13 @@ void TZyCaptionEdit::ShowAgain() {
 void TZyCaptionEdit::Loaded() {
   Inherited::Loaded();
   if (!FCaption.empty()) ShowAgain();  // what its variables name is there now
+  FLink.Loaded();
+}
+
+void TZyCaptionEdit::Change() {
+  const std::uint64_t Alive = LiveHandle();
+  Inherited::Change();
+  if (FromLiveHandle(Alive) != nullptr && FLink.HasItems()) FLink.SetLink(Caption());
 }
 
 void TZyCaptionEdit::CMFontChanged() {

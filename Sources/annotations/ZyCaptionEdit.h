@@ -11,6 +11,7 @@
 #include "texts/ZyLocalize.h"
 #include "undo/ZyEditState.h"
 #include "undo/ZyUndoLink.h"
+#include "undo/controls/ZyPropertyLinks.h"
 
 namespace zy {
 
@@ -32,8 +33,8 @@ class TZyCaptionEdit : public TCustomRichEdit, public IZyEditState {
   explicit TZyCaptionEdit(TComponent* Owner = nullptr);
   ~TZyCaptionEdit() override;
 
-  /// Setting throws what ReadCaption throws, and changes nothing then; while the control is loaded, and when a step is
-  /// undone, "..." stands for a value that cannot be had.
+  /// Setting throws what ReadCaption throws, and changes nothing then; while the control is loaded, when a step is
+  /// undone, and for a linked property, "..." stands for a value that cannot be had.
   TZyRichCaption Caption() const;
   void SetCaption(const TZyRichCaption& Value);
   /// The caption of a range of positions, which stands by itself: behind the start it begins with colour and family.
@@ -68,6 +69,9 @@ class TZyCaptionEdit : public TCustomRichEdit, public IZyEditState {
   std::string SelVariable() const;
   void SetSelVariable(const std::string& Value);
 
+  /// Properties that the caption is that of; see TZyPropertyLinks. What cannot be evaluated there shows as "...".
+  TZyPropertyLinks& PropertyLinks() { return FLink; }
+
   TZyUndoStack* UndoStack() const { return FUndo; }
   /// Null for the toolkit's own steps. A stack of the edit's own is freed when another one comes.
   void SetUndoStack(TZyUndoStack* Value);
@@ -90,6 +94,7 @@ class TZyCaptionEdit : public TCustomRichEdit, public IZyEditState {
  protected:
   void BeforeEdit(TRichEditAction Action) override;
   void AfterEdit(TRichEditAction Action) override;
+  void Change() override;
   bool UsesKey(TKey Key, TShiftState Shift) const override;
   std::string PrivateFormat() const override;
   std::string PrivateContent() const override;
@@ -118,6 +123,7 @@ class TZyCaptionEdit : public TCustomRichEdit, public IZyEditState {
   TZyRichCaption FShown;    // what the text gave when FCaption was shown
   int FLastInputPos = -1;   // where the last typed character went in
   int FLastDeletePos = -1;
+  TZyPropertyLinks FLink{*this, "Caption"};
 };
 
 }  // namespace zy

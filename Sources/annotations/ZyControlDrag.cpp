@@ -12,7 +12,7 @@ void TZyControlDrag::Begin(TPoint Place) {
   FStart = FControl.ClientToScreen(Place);
   FHasCapture = FControl.MouseCapture();
   FCursor = FControl.Cursor();
-  FControl.SetCursor(crSizeAll);
+  if (FCursor == crDefault) FControl.SetCursor(crSizeAll);  // others tell which way it goes
   FControl.Parent()->SetKeyCapture(true);
 }
 

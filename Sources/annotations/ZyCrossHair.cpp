@@ -54,6 +54,10 @@ class TZyCrossHair::TLine : public TMarker {
   void PlaceChanged() override {
     if (FCross != nullptr) FCross->StandWith(*this);
   }
+  void CMVisibleChanged() override {
+    TMarker::CMVisibleChanged();
+    if (FCross != nullptr && FCross->Visible()) FCross->BringToFront();
+  }
   void TellMoving() override { TellBoth(this->OnMarkerMoving(), &TZyCrossHair::TellMoving); }
   void TellMoved() override { TellBoth(this->OnMarkerMoved(), &TZyCrossHair::TellMoved); }
 
@@ -132,10 +136,11 @@ void TZyCrossHair::SetParent(TWinControl* Value) {
   if (IsNew && Value != nullptr) Modified();
 }
 
+/// The handle comes to the front last, and lies above the lines.
 void TZyCrossHair::CMVisibleChanged() {
-  TZyMovable::CMVisibleChanged();
   for (TZyLineMarker* Line : Lines())
     if (Line != nullptr) Line->SetVisible(Visible());
+  TZyMovable::CMVisibleChanged();
 }
 
 void TZyCrossHair::CMEnabledChanged() {
@@ -151,20 +156,14 @@ void TZyCrossHair::SetCaptionPosition(TZyXHairCaptionPosition Value) {
 // --- Looks ----------------------------------------------------------------------------------------------------------
 
 void TZyCrossHair::SetHotDelta() {
-  const TZyCrossHairBox Box({.LineWidth = Line().Width(),
-                             .HasCaption = HasCaption(),
-                             .Caption = CaptionSize(),
-                             .Border = CaptionB(),
-                             .Delta = ToPixels(FCaptionDelta),
-                             .Place = FCaptionQuadrant,
-                             .IsVertical = CaptionVertical(),
-                             .Shadow = HasCaption() && HasShadow() ? ShadowExtent : 0});
-  FCaptionRect = Box.Caption;
-  FCaptionRec.X = Box.Anchor.X;
-  FCaptionRec.Y = Box.Anchor.Y;
-  FCaptionRec.Alignment = Box.Align;
-  FHotDelta = Box.HotDelta;
-  FSize = {Box.Width, Box.Height};
+  TakeBox(TZyCrossHairBox({.LineWidth = Line().Width(),
+                           .HasCaption = HasCaption(),
+                           .Caption = CaptionSize(),
+                           .Border = CaptionB(),
+                           .Delta = ToPixels(FCaptionDelta),
+                           .Place = FCaptionQuadrant,
+                           .IsVertical = CaptionVertical(),
+                           .Shadow = HasCaption() && HasShadow() ? ShadowExtent : 0}));
 }
 
 void TZyCrossHair::PaintGr(Graphics& Gr) {

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "annotations/captions/ZyRichCaption.h"
-#include "platform/controls/ControlTypes.h"
-#include "platform/drawing/Geometry.h"
+#include "annotations/ZyMarkerBox.h"
 #include "platform/framework/EnumInfo.h"
 
 namespace zy {
@@ -23,16 +21,10 @@ struct TZyCrossHairLook {
   int Shadow = 0;           ///< room to the right and below
 };
 
-/// The box around the crossing of the lines and the caption; without a caption a square to grab.
-struct TZyCrossHairBox {
+/// The box around the crossing of the lines, which is the hot point, and the caption; without a caption a square to
+/// grab.
+struct TZyCrossHairBox : TZyMarkerBox {
   explicit TZyCrossHairBox(const TZyCrossHairLook& Look);
-
-  TPoint HotDelta;                                              ///< where the lines cross
-  TRect Caption;                                                ///< empty without a caption
-  PointF Anchor;                                                ///< of the text
-  TZyContentAlignment Align = TZyContentAlignment::BottomLeft;  ///< of the text at its anchor
-  int Width = 0;
-  int Height = 0;
 
   /// From the crossing to the edges of the square to grab, beside the lines.
   static constexpr int Grab = 6;

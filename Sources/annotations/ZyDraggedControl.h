@@ -12,6 +12,7 @@ namespace zy {
 /// It lies above the picture of its parent, so that a move paints nothing but what moves.
 class TZyDraggedControl : public TGraphicControl {
   ZY_CLASS(TZyDraggedControl, TGraphicControl)
+  ~TZyDraggedControl() override { FDrag.End(); }
   void SetParent(TWinControl* Value) override;
   void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
   void MouseMove(TShiftState Shift, int X, int Y) override;

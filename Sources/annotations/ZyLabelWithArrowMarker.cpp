@@ -138,15 +138,10 @@ void TZyLabelWithArrowMarker::SetHotDelta() {
                               .Delta = ToPixels(FCaptionDelta),
                               .IsVertical = CaptionVertical(),
                               .Shadow = HasCaption() && HasShadow() ? ShadowExtent : 0});
-  FCaptionRect = Box.Caption;
-  FCaptionRec.X = Box.Anchor.X;
-  FCaptionRec.Y = Box.Anchor.Y;
-  FCaptionRec.Alignment = Box.Align;
-  FHotDelta = Box.HotDelta;
+  TakeBox(Box);
   FEnd = Box.End;
   FBentEnd = Box.BentEnd;
   FBentRect = Box.BentStrip;
-  FSize = {Box.Width, Box.Height};
 }
 
 void TZyLabelWithArrowMarker::UpdatePosition() {

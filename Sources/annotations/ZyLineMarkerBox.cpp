@@ -1,6 +1,7 @@
 #include "annotations/ZyLineMarkerBox.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "annotations/ZyMarkerPixels.h"
 
@@ -40,6 +41,16 @@ int TopOfTurned(int Row, float Height, float Delta, int Thickness) {
   return Row == 1 ? -ToPixels(Height / 2 + Delta) : Away;
 }
 
+/// Left of a caption on a vertical line whose strip begins at 0. One that goes beyond the line is placed from the far
+/// side of the box.
+int LeftOfCentred(float Width, int Delta, int Thickness) {
+  const float Half = static_cast<float>(Thickness) / 2, By = static_cast<float>(Delta);
+  const int Reach = ToPixels(Half + std::fabs(By)), Room = std::max(ToPixels(Width), Thickness);
+  if (Delta < 0 || 2 * Reach <= Room) return ToPixels(Half + By - Width / 2);
+  const float Whole = static_cast<float>(ToPixels(static_cast<float>(Room) / 2 + static_cast<float>(Reach)));
+  return ToPixels(Whole - Width) - ToPixels(Whole - Width / 2 - By - Half);
+}
+
 }  // namespace
 
 TZyLineMarkerBox::TZyLineMarkerBox(const TZyLineMarkerLook& Look) {
@@ -56,6 +67,7 @@ TZyLineMarkerBox::TZyLineMarkerBox(const TZyLineMarkerLook& Look) {
   }
   Width = Whole.Right - Whole.Left + Look.Shadow;
   Height = Whole.Bottom - Whole.Top + Look.Shadow;
+  HotDelta = Look.IsHorizontal ? TPoint{0, Line.Top + Look.Thickness / 2} : TPoint{Line.Left + Look.Thickness / 2, 0};
 }
 
 void TZyLineMarkerBox::PlaceCaption(const TZyLineMarkerLook& Look) {
@@ -71,7 +83,7 @@ void TZyLineMarkerBox::PlaceCaption(const TZyLineMarkerLook& Look) {
   } else {
     Caption.Top = PlaceAlong(Look, Row, Column == 1, Extent.Height, Look.Delta.Y);
     if (Column == 0) Caption.Left = -ToPixels(Extent.Width + X - Half);
-    if (Column == 1) Caption.Left = ToPixels(Half + X - Extent.Width / 2);
+    if (Column == 1) Caption.Left = LeftOfCentred(Extent.Width, Look.Delta.X, Look.Thickness);
     const int Beside = Look.Delta.X + Look.Thickness / 2;
     if (Column == 2) Caption.Left = Beside > 0 ? Beside : ToPixels(X + Half);
   }

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "annotations/captions/ZyRichCaption.h"
-#include "platform/controls/ControlTypes.h"
-#include "platform/drawing/Geometry.h"
+#include "annotations/ZyMarkerBox.h"
 
 namespace zy {
 
@@ -28,15 +26,10 @@ struct TZyLineMarkerLook {
 ///
 /// The row of the caption's place says on which side of a horizontal line it stands, the column where along the line;
 /// in the middle row the outer columns stand beyond the ends. For a vertical line rows and columns change their parts.
-struct TZyLineMarkerBox {
+struct TZyLineMarkerBox : TZyMarkerBox {
   explicit TZyLineMarkerBox(const TZyLineMarkerLook& Look);
 
   TRect Line;
-  TRect Caption;                                             ///< empty without a caption
-  PointF Anchor;                                             ///< of the text
-  TZyContentAlignment Align = TZyContentAlignment::TopLeft;  ///< of the text at its anchor
-  int Width = 0;
-  int Height = 0;
 
  private:
   void PlaceCaption(const TZyLineMarkerLook& Look);

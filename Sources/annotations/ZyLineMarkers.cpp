@@ -58,14 +58,8 @@ void TZyLineMarker::SetHotDelta() {
                               .Shadow = HasCaption() && HasShadow() ? ShadowExtent : 0,
                               .Before = Before,
                               .After = Room - Before - Length});
+  TakeBox(Box);
   FLineRect = Box.Line;
-  FCaptionRect = Box.Caption;
-  FCaptionRec.X = Box.Anchor.X;
-  FCaptionRec.Y = Box.Anchor.Y;
-  FCaptionRec.Alignment = Box.Align;
-  FSize = {Box.Width, Box.Height};
-  FHotDelta = FIsHorizontal ? TPoint{0, FLineRect.Top + FLineRect.Height() / 2}
-                            : TPoint{FLineRect.Left + FLineRect.Width() / 2, 0};
 }
 
 TPoint TZyLineMarker::CornerFor(TPoint HotPoint) const {
@@ -76,15 +70,15 @@ TPoint TZyLineMarker::CornerFor(TPoint HotPoint) const {
 
 bool TZyLineMarker::IsInRange() const {
   const TZyAxis* const Axis = FIsHorizontal ? YAxis() : XAxis();
-  if (!ClipToData() || Axis == nullptr) return true;
+  if (Axis == nullptr) return true;
   const double Value = FIsHorizontal ? Y() : X();
   return Value >= std::min(Axis->Start(), Axis->Stop()) && Value <= std::max(Axis->Start(), Axis->Stop());
 }
 
 void TZyLineMarker::PaintGr(Graphics& Gr) {
-  if (!IsInRange()) return;
-  PaintLine(Gr);
-  if (HasCaption()) PaintCaption(Gr);
+  const bool IsShown = IsInRange();
+  if (IsShown || !ClipToData()) PaintLine(Gr);
+  if (IsShown && HasCaption()) PaintCaption(Gr);
 }
 
 /// The line is broken where the caption stands on it.

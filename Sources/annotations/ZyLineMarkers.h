@@ -4,7 +4,8 @@
 
 namespace zy {
 
-/// Base of lines across the data area, each with a caption at one of nine places around it.
+/// Base of lines across the data area, each with a caption at one of nine places around it. At a value that its axis
+/// does not show there is no caption, and a line only without ClipToData.
 class TZyLineMarker : public TZyMovable {
   ZY_CLASS(TZyLineMarker, TZyMovable)
   void PaintGr(Graphics& Gr) override;

@@ -48,7 +48,7 @@ ZY_PUBLISHED(
     Published<&T::YAxis, &T::SetYAxis>("YAxis", _sMarkerYAxis).Hidden(),
     Published<&T::Y, &T::SetY>("Y", 0.0, _sMarkerY).Hidden(),
     Published<&T::SnappedSeries, &T::SetSnappedSeries>("SnappedSeries", _sMarkerSnappedSeries).Hidden(),
-    Published<&T::SnappedIdx, &T::SnapToIdx>("SnappedIdx", -1).Hidden(),
+    Published<&T::SnappedIdx, &T::SetSnappedIdx>("SnappedIdx", -1).Hidden(),
     Published<&T::SnapsToOne, &T::SetSnapsToOne>("SnapsToOne", false).Hidden())
 
 TZyMovable::TZyMovable(TComponent* Owner) : TZyDraggedControl(Owner), FCaptionRec([this] { FontChanged(); }) {
@@ -59,6 +59,7 @@ TZyMovable::TZyMovable(TComponent* Owner) : TZyDraggedControl(Owner), FCaptionRe
   Font().OnNeedsResize = [this] { FontChanged(); };
   FCaptionRec.OnVariablesChanged = [this] { Modified(); };
   SetParentFont(true);
+  TZyDraggedControl::SetBounds(1, 1, Width(), Height());
 }
 
 TZyMovable::~TZyMovable() { Destroying(); }
@@ -110,9 +111,10 @@ void TZyMovable::SetParent(TWinControl* Value) {
   TZyDraggedControl::SetParent(Value);
   const auto* const Chart = dynamic_cast<TZyGraph2D*>(Value);
   if (Chart != nullptr && IsDesigning() && !IsLoading() && !IsDestroying()) {
-    if (MovesAlongX() && FXAxis == nullptr) SetXAxis(Chart->PrimaryXAxis());
-    if (MovesAlongY() && FYAxis == nullptr) SetYAxis(Chart->PrimaryYAxis());
-    TakeHotPoint({Left() + FHotDelta.X, Top() + FHotDelta.Y});
+    const bool TakesX = MovesAlongX() && FXAxis == nullptr, TakesY = MovesAlongY() && FYAxis == nullptr;
+    if (TakesX) SetXAxis(Chart->PrimaryXAxis());
+    if (TakesY) SetYAxis(Chart->PrimaryYAxis());
+    if (TakesX || TakesY) TakeHotPoint({Left() + FHotDelta.X, Top() + FHotDelta.Y});
     if (FUndo == nullptr) SetUndoStack(Chart->UndoStack());
   }
   if (Value != nullptr && !IsDestroying()) UpdatePosition();
@@ -156,6 +158,15 @@ void TZyMovable::SetHotDelta() {
   FHotDelta = {FSize.X / 2, FSize.Y / 2};
 }
 
+void TZyMovable::TakeBox(const TZyMarkerBox& Box) {
+  FSize = {Box.Width, Box.Height};
+  FHotDelta = Box.HotDelta;
+  FCaptionRect = Box.Caption;
+  FCaptionRec.X = Box.Anchor.X;
+  FCaptionRec.Y = Box.Anchor.Y;
+  FCaptionRec.Alignment = Box.Align;
+}
+
 void TZyMovable::SetBounds(int Left, int Top, int Width, int Height) {
   const bool IsMoved = !FSetting && !IsLoading() && (Left != this->Left() || Top != this->Top());
   TZyDraggedControl::SetBounds(Left, Top, Width, Height);
@@ -186,6 +197,7 @@ RectF TZyMovable::ClipRect() const {
 void TZyMovable::CMVisibleChanged() {
   TZyDraggedControl::CMVisibleChanged();
   UpdatePosition();
+  if (Visible()) BringToFront();
 }
 
 /// Returns whether the marker is still there.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "annotations/ZyDraggedControl.h"
+#include "annotations/ZyMarkerBox.h"
 #include "annotations/captions/ZyCaptionOfName.h"
 #include "annotations/captions/ZyParentFont.h"
 #include "annotations/captions/ZyRichCaption.h"
@@ -58,9 +59,9 @@ class TZyMovable : public TZyDraggedControl, public TZyRecord, public IZyGraphMa
   void SetSnappedSeries(TZySeries* Value);
   TZySeries* LinkedSeries() const override { return FSnapToSeries ? FSnappedSeries.Get() : nullptr; }
   int SnappedIdx() const override { return FSnappedIdx; }
-  void SetSnappedIdx(int Value) override { FSnappedIdx = std::max(Value, -1); }
-  /// SetSnappedIdx, and with SnapToSeriesValues moves to the point, if the series has it.
-  void SnapToIdx(int Value);
+  /// Below 0 for none. With SnapToSeriesValues the marker moves to the point, if SnappedSeries has it.
+  void SetSnappedIdx(int Value);
+  void TakeSnappedIdx(int Value) override { FSnappedIdx = std::max(Value, -1); }
   void SnapTo(double X, double Y) override;
 
   const TZyRichCaption& Caption() const { return FCaptionRec.Caption(); }
@@ -133,8 +134,9 @@ class TZyMovable : public TZyDraggedControl, public TZyRecord, public IZyGraphMa
  protected:
   explicit TZyMovable(TComponent* Owner);
 
-  /// Sets FSize and FHotDelta, and places the caption.
+  /// Sets FSize and FHotDelta, and places the caption: works out a box and takes it.
   virtual void SetHotDelta();
+  void TakeBox(const TZyMarkerBox& Box);
   /// In which directions the marker can go.
   virtual bool MovesAlongX() const { return true; }
   virtual bool MovesAlongY() const { return true; }

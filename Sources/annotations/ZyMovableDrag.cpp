@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "annotations/ZyMovable.h"
 #include "platform/controls/TWinControl.h"
@@ -124,15 +125,17 @@ void TZyMovable::SetSnapToFunctions(bool Value) {
   if (!Value && IsFunction(FSnappedSeries) && !IsRestoring(FUndo)) SetSnappedSeries(nullptr);
 }
 
-void TZyMovable::SnapToIdx(int Value) {
-  if (Value == FSnappedIdx || (Value < 0 && FSnappedIdx < 0)) return;
+void TZyMovable::SetSnappedIdx(int Value) {
+  if (std::max(Value, -1) == FSnappedIdx) return;
   const TZyUndoGroup Group(FUndo, _sMarkerMoved);
   if (FUndo != nullptr) FUndo->PushProperty(this, "SnappedIdx");
-  SetSnappedIdx(Value);
+  TakeSnappedIdx(Value);
   TZySeries* const Series = FSnappedSeries;
   if (Series == nullptr || !FSnapToSeries || FSnappedIdx < 0 || FSnappedIdx >= Series->Count() || IsRestoring(FUndo))
     return;
+  const std::uint64_t Alive = LiveHandle();
   if (MovesAlongX() && Series->XData() != nullptr) SetX(Series->XData()->GetValue(FSnappedIdx));
+  if (FromLiveHandle(Alive) == nullptr || Series != FSnappedSeries || FSnappedIdx >= Series->Count()) return;
   if (MovesAlongY() && Series->YData() != nullptr) SetY(Series->YData()->GetValue(FSnappedIdx));
 }
 

@@ -20,7 +20,7 @@ void TZyMovable::Fields(TZyArchive& Archive) {
   if (!Archive.NextGroup()) return;
   CaptionFields(Archive);
   if (!Archive.NextGroup()) return;
-  if (Archive.IsStream()) Archive.Field<&T::SnappedIdx, &T::SetSnappedIdx>(*this, "SnappedIdx");
+  if (Archive.IsStream()) Archive.Field<&T::SnappedIdx, &T::TakeSnappedIdx>(*this, "SnappedIdx");
   if (!Archive.NextGroup()) return;
   BackgroundFields(Archive);
   Archive.EndRecord();
@@ -34,7 +34,7 @@ void TZyMovable::EndRead() {
 
 void TZyMovable::SnapFields(TZyArchive& Archive) {
   Archive.Reference<&T::SnappedSeries, &T::SetSnappedSeries>(*this, "SnappedSeries");
-  if (!Archive.IsStream()) Archive.Field<&T::SnappedIdx, &T::SetSnappedIdx>(*this, "SnappedIdx");
+  if (!Archive.IsStream()) Archive.Field<&T::SnappedIdx, &T::TakeSnappedIdx>(*this, "SnappedIdx");
 }
 
 void TZyMovable::CaptionPlaceField(TZyArchive& Archive) {

@@ -115,12 +115,14 @@ void TZyArchive::ReadListed(TZyRecord& Object) {
 void TZyArchive::Resolve(const std::string& Ref, TSetTarget Set) {
   TComponent* const Target = GetComponentFromRef(Ref);
   Set(Target);
-  if (Target == nullptr && !Ref.empty() && FListed != 0) FPending.push_back({FListed, Ref, std::move(Set)});
+  if (Ref.empty() || FListed == 0) return;
+  FPending.push_back({FListed, Target == nullptr ? 0 : Target->LiveHandle(), Ref, std::move(Set)});
 }
 
 /// What still does not resolve stays null.
 void TZyArchive::ResolvePending(std::size_t First) {
   for (std::size_t Index = First; Index < FPending.size(); ++Index) {
+    if (FPending[Index].Target != 0 && TPersistent::FromLiveHandle(FPending[Index].Target) != nullptr) continue;
     TComponent* const Target = GetComponentFromRef(FPending[Index].Ref);
     if (Target != nullptr && TPersistent::FromLiveHandle(FPending[Index].Holder) != nullptr)
       FPending[Index].Set(Target);

@@ -293,9 +293,10 @@ class TZyArchive {
     return true;
   }
 
-  /// A reference of a listed object to one that was not there yet.
+  /// A reference of a listed object to one that was not there yet, or may give way to another one of the list.
   struct TPending {
     std::uint64_t Holder;  // its live handle: an object of the list may give way to another one
+    std::uint64_t Target;  // likewise, 0 for none yet
     std::string Ref;
     TSetTarget Set;
   };

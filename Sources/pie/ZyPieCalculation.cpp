@@ -77,7 +77,8 @@ PointF TZyPieCalculation::RimPoint(double Angle) const {
 
 /// The room that segments take as they move out. Which side a segment reaches is asked of its angles as they stand, and
 /// below the pie of its start a quarter turn on, which nearly always answers yes: there may be more room there than is
-/// needed, as there is in every stored chart.
+/// needed, as there is in every stored chart. A segment that goes on into a second turn holds sides that these
+/// questions miss; without their room it would be cut off.
 void TZyPieCalculation::Explode() {
   double Left = 0, Top = 0, Right = 0, Bottom = 0;
   for (TZyPieSegment& Segment : FSegments) {
@@ -90,15 +91,21 @@ void TZyPieCalculation::Explode() {
     Segment.Shift = {static_cast<float>(X), static_cast<float>(Y)};
     const auto [LowX, HighX] = std::minmax({static_cast<double>(A.X), static_cast<double>(B.X)});
     const auto [LowY, HighY] = std::minmax({static_cast<double>(A.Y), static_cast<double>(B.Y)});
-    if (X > 0) Right = std::max(Right, Beyond(X, Start <= 360 && Stop >= 360, HighX));
-    if (X < 0) Left = std::max(Left, Beyond(-X, Start <= 180 && Fit(Stop) >= 180, -LowX));
-    if (Y > 0) Bottom = std::max(Bottom, Beyond(Y, Fit(Start + 90) > 0 && Fit(Stop) >= 90, HighY));
-    if (Y < 0) Top = std::max(Top, Beyond(-Y, Start <= 270 && Stop >= 270, -LowY));
+    const auto Holds = [&](double Side) { return Fit(Side - Start) <= Stop - Start; };
+    if (X > 0) Right = std::max(Right, Beyond(X, (Start <= 360 && Stop >= 360) || Holds(0), HighX));
+    if (X < 0) Left = std::max(Left, Beyond(-X, (Start <= 180 && Fit(Stop) >= 180) || Holds(180), -LowX));
+    if (Y > 0) Bottom = std::max(Bottom, Beyond(Y, (Fit(Start + 90) > 0 && Fit(Stop) >= 90) || Holds(90), HighY));
+    if (Y < 0) Top = std::max(Top, Beyond(-Y, (Start <= 270 && Stop >= 270) || Holds(270), -LowY));
   }
   FOverhangs.Left += static_cast<float>(Left * 0.5);
   FOverhangs.Top += static_cast<float>(Top * 0.5);
   FOverhangs.Right += static_cast<float>(Right * 0.5);
   FOverhangs.Bottom += static_cast<float>(Bottom * 0.5);
+}
+
+float TZyPieCalculation::AlignedAngle(float Middle) {
+  const float Seen = Middle > 360 ? static_cast<float>(Fit(static_cast<double>(Middle))) : Middle;
+  return Seen > 90 && Seen < 270 ? 180 - Seen : -Middle;
 }
 
 void TZyPieCalculation::PlaceInside() {

@@ -96,8 +96,9 @@ class TZyPieCalculation {
 
   /// The place on the rim that is seen at an angle.
   PointF RimPoint(double Angle) const;
-  /// The angle of an aligned label, which never stands on its head; degrees, counter-clockwise.
-  static float AlignedAngle(float Middle) { return Middle > 90 && Middle < 270 ? 180 - Middle : -Middle; }
+  /// The angle of an aligned label, which never stands on its head; degrees, counter-clockwise. The middle of a large
+  /// segment may lie in a second turn.
+  static float AlignedAngle(float Middle);
 
  private:
   struct TBox;

@@ -35,7 +35,7 @@ class TWalk {
     const double Inside = Along * Along - (FHalfX * FHalfX + FHalfY * FHalfY - FClear * FClear);
     if (Inside > 0 && First > Along - std::sqrt(Inside)) First = std::max(First, Along + std::sqrt(Inside));
     const double Steps = std::ceil((First - FClear) / Step);
-    auto n = static_cast<std::int64_t>(std::clamp(Steps, 0.0, MostSteps));
+    auto n = static_cast<std::int64_t>(Steps > 0 ? std::min(Steps, MostSteps) : 0);  // 0 for what is no number
     n = std::max<std::int64_t>(n - 2, 0);  // rounding may make it one more or less
     while (!Fits(RadiusAt(n)) && n < static_cast<std::int64_t>(MostSteps)) ++n;
     return RadiusAt(n);

@@ -31,7 +31,8 @@ class TZyPieFaces;
 /// without segments shows an empty ring.
 ///
 /// A change marks the chart, and the next paint lays it out (Calculate), unless AutoUpdate is off: then nothing changes
-/// until Calculate is called. Handlers that are asked during layout and paint may throw, but must not free the chart.
+/// until Calculate is called. Handlers that are asked during layout and paint may throw, and may free vectors, palette,
+/// legends and undo stack, but not the chart.
 class TZyPieChart : public TZyCustomGraph, public IZyVectorReader, public IZyUndoHolder {
   ZY_CLASS(TZyPieChart, TZyCustomGraph)
   explicit TZyPieChart(TComponent* Owner = nullptr);
@@ -93,7 +94,8 @@ class TZyPieChart : public TZyCustomGraph, public IZyVectorReader, public IZyUnd
   TZyFillPalette* SegmentSettingsPalette() const { return FPalette; }
   void SetSegmentSettingsPalette(TZyFillPalette* Value);
   /// Asked for the pen of each segment's outline and for its fill, each time that a part of it is drawn: Index is that
-  /// of the value, X the transformed value and Y the sweep in degrees; a pen handler may change Y.
+  /// of the value, X the transformed value and Y the sweep in degrees; a pen handler may change Y. A handler that
+  /// throws leaves the segment its own pen and fill: a paint does not end for it.
   const TZyPenEventHandler& OnGetPen() const { return mGetPen; }
   void SetOnGetPen(TZyPenEventHandler Value);
   const TZyBrushEventHandler& OnGetBrush() const { return mGetBrush; }
@@ -133,7 +135,8 @@ class TZyPieChart : public TZyCustomGraph, public IZyVectorReader, public IZyUnd
 
   // --- Callouts ---
 
-  /// The line from a callout to its segment. While it is not visible there are none, whatever the mode.
+  /// The line from a callout to its segment. While it is not visible there are none, whatever the mode, which a paint
+  /// leaves as it is: undo of the visibility brings the lines back.
   TZyArrowSettings& CalloutArrow() { return FCalloutArrow; }
   /// Any mode but None makes the line visible, in the same step of undo.
   TZyCalloutArrowVisibleMode CalloutArrowVisibleMode() const { return FCalloutArrowVisibleMode; }
@@ -265,6 +268,11 @@ class TZyPieChart : public TZyCustomGraph, public IZyVectorReader, public IZyUnd
   // The steps of Calculate.
   void ReadData();
   TZyPieMargins StartMargins();
+  struct TIndexed {
+    int Idx;
+    double Value;
+  };
+  std::vector<TIndexed> TakenValues() const;
   void AddSegments(TZyPieCalculation& Calculation);
   double ExplosionOf(int Idx) const;
   void MeasureLabels(TZyPieCalculation& Calculation);

@@ -6,6 +6,7 @@
 #include "pie/ZyPieDonut.h"
 #include "platform/framework/ScopedFlag.h"
 #include "series/vectors/ZyDoubleVector.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {
@@ -61,33 +62,38 @@ TZyPieMargins TZyPieChart::StartMargins() {
   return Margins;
 }
 
+/// The values that count, by their index. Handlers that are asked of them may change the vector, or free it.
+std::vector<TZyPieChart::TIndexed> TZyPieChart::TakenValues() const {
+  std::vector<TIndexed> Result;
+  const int Count = FValues->Count();
+  std::vector<double> Scratch(FValues->Values().empty() ? static_cast<std::size_t>(Count) : 0);
+  const std::span<const double> All = FValues->ValuesAt(0, Count, Scratch);
+  const bool SkipsOutliers = !FOutliersVisible && FValues->AnyOutliers();
+  Result.reserve(All.size());
+  for (int Idx = 0; Idx < Count; ++Idx)
+    if (!SkipsOutliers || !FValues->IsOutlier(Idx)) Result.push_back({Idx, All[static_cast<std::size_t>(Idx)]});
+  return Result;
+}
+
 /// A total of nothing, or below it, has no shares: there are no segments then. Neither has a value that is no number or
 /// infinite.
 void TZyPieChart::AddSegments(TZyPieCalculation& Calculation) {
   FPercentFactor = PresentPercentFactor();
   FTotalSum = 0;
   if (FValues == nullptr) return;
-  const int Count = FValues->Count();
-  std::vector<double> Scratch(FValues->Values().empty() ? static_cast<std::size_t>(Count) : 0);
-  const std::span<const double> All = FValues->ValuesAt(0, Count, Scratch);
-  const bool SkipsOutliers = !FOutliersVisible && FValues->AnyOutliers();
-  const auto IsTaken = [&](int i) { return !SkipsOutliers || !FValues->IsOutlier(i); };
-  const auto Transformed = [&](int i) { return TransformValue(All[static_cast<std::size_t>(i)], i); };
-  FTotalSum = FOutliersVisible ? FValues->SumIncludingOutliers() : FValues->Sum();
+  const std::vector<TIndexed> Taken = TakenValues();
   if (mValueTransformation) {
-    FTotalSum = 0;
-    for (int i = 0; i < Count; ++i) {
-      if (!IsTaken(i)) continue;
-      if (const double Value = Transformed(i); std::isfinite(Value)) FTotalSum += Value;
-    }
+    for (const auto& [Idx, Raw] : Taken)
+      if (const double Value = TransformValue(Raw, Idx); std::isfinite(Value)) FTotalSum += Value;
+  } else {
+    FTotalSum = FOutliersVisible ? FValues->SumIncludingOutliers() : FValues->Sum();
   }
   if (!(FTotalSum > 0) || !std::isfinite(FTotalSum)) return;
   const double DegreesPerUnit = static_cast<double>(FShape.TotalAngle) / FTotalSum;
-  for (int i = 0; i < Count; ++i) {
-    if (!(All[static_cast<std::size_t>(i)] > 0) || !std::isfinite(All[static_cast<std::size_t>(i)]) || !IsTaken(i))
-      continue;
-    const double Value = Transformed(i);
-    Calculation.Add(i, Value, Value * DegreesPerUnit, ExplosionOf(i));
+  for (const auto& [Idx, Raw] : Taken) {
+    if (!(Raw > 0) || !std::isfinite(Raw)) continue;
+    const double Value = TransformValue(Raw, Idx);
+    Calculation.Add(Idx, Value, Value * DegreesPerUnit, ExplosionOf(Idx));
   }
 }
 
@@ -134,8 +140,13 @@ void TZyPieChart::PlaceLegends(TZyPieMargins& Margins) {
   const SizeF Extent{static_cast<float>(ClientWidth()), static_cast<float>(ClientHeight())};
   for (IZyGraphLegend* Legend : RelatedLegends()) {
     TControl& Control = Legend->Control();
+    if (!FAutoUpdate) Legend->Modified();  // nobody told it of what is laid out now
     if (!Control.Visible()) continue;
-    Legend->PreparePaint();
+    try {
+      Legend->PreparePaint();
+    } catch (const EAbort&) {
+      continue;  // a handler freed it
+    }
     const auto* const Listed = dynamic_cast<const IZyPieLegend*>(Legend);
     if (Listed == nullptr || !Control.Visible() || Control.Parent() != this) continue;
     const SizeF Size{static_cast<float>(Control.Width()), static_cast<float>(Control.Height())};

@@ -8,6 +8,7 @@
 #include "platform/drawing/ClipGuard.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/ScopedFlag.h"
+#include "texts/Exceptions.h"
 
 namespace zy {
 namespace {
@@ -53,7 +54,11 @@ void TZyPieChart::PaintToImage(Graphics& Gr, float X, float Y) {
     auto* const Part = dynamic_cast<IZyPicturePart*>(&Control);
     if (!Control.Visible() || (Legend == nullptr && Part == nullptr)) continue;
     Gr.TranslateTransform(static_cast<float>(Control.Left()), static_cast<float>(Control.Top()));
-    Legend != nullptr ? Legend->PaintGr(Gr) : Part->PaintGr(Gr);
+    try {
+      Legend != nullptr ? Legend->PaintGr(Gr) : Part->PaintGr(Gr);
+    } catch (const EAbort&) {
+      // A handler freed it.
+    }
     Gr.SetTransform(Own);
   }
   Gr.SetTransform(Outer);
@@ -67,13 +72,14 @@ TZyPieFaces TZyPieChart::FacesOf(const TZyPieCalculation& Layout, int Segment, f
   return {Rim, Hole, Layout.WallHeight(), Data.Start, Sweep};
 }
 
-/// The angles and parts of cuts of a segment that has moved out before the walls of those beside it.
+/// The angles and parts of cuts of a segment that has moved out before the walls of those behind it. On the far side
+/// there are no such walls: all that comes later stands before the cut.
 std::vector<std::pair<float, TZyPieFaces::TCut>> TZyPieChart::CutsBeyond(const TZyPieCalculation& Layout, int Segment,
                                                                          const TZyPieFaces& Faces) const {
   std::vector<std::pair<float, TZyPieFaces::TCut>> Result;
   if (!Layout.AnyExploded()) return Result;
   const auto Count = static_cast<int>(Layout.Segments().size());
-  for (const float Angle : Faces.Cuts()) {
+  for (const float Angle : Faces.CutsBeforeHole()) {
     const bool IsStart = Angle > 90 && Angle < 270;
     const int Other = (Segment + (IsStart ? Count - 1 : 1)) % Count;
     const RectF Rim = FacesOf(Layout, Other, 0).Rim();

@@ -37,7 +37,7 @@ class TZyPieFaces {
   GraphicsPath Top() const;
   /// The angles of the cuts that face the viewer.
   std::vector<float> Cuts() const;
-  /// Those that stand in front of the far wall of the hole.
+  /// Those on the near side, which stand in front of the far wall of the hole.
   std::vector<float> CutsBeforeHole() const;
   TCut CutAt(float Angle) const;
   /// What of a cut lies outside of the rim of the segment beside it; nothing when all lies within.

@@ -4,6 +4,7 @@
 #include "graph/ZyGraph2D.h"
 #include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
 #include "undo/ZyChange.h"
 #include "undo/ZyUndoGroup.h"
 
@@ -126,7 +127,7 @@ void TZyPieLegend::PreparePaint() {
   if (FPieChart == nullptr && FRecalculate) NewList();  // which empties it
   if (FPieChart == nullptr || FPieChart->Updating() || IsLoading() || FPieChart->IsLoading()) return;
   if (Parent() != FPieChart.Get()) FPieChart->BringUpToDate();
-  if (FRecalculate && FPieChart->HasSegments()) Recalculate();
+  if (FRecalculate && FPieChart != nullptr && FPieChart->HasSegments()) Recalculate();
 }
 
 void TZyPieLegend::CMVisibleChanged() {
@@ -138,14 +139,17 @@ bool TZyPieLegend::IsPaintedByParent() const { return dynamic_cast<TZyGraph2D*>(
 
 // --- Items ----------------------------------------------------------------------------------------------------------
 
+/// Handlers of the chart and of the legend may free the legend, or take it away from the chart.
 void TZyPieLegend::NewList() {
   SetCaptions({});
   FRecalculate = true;
-  if (FPieChart == nullptr) return;
   std::vector<TZyRichCaption> Texts;
-  for (int Segment = 0; Segment < FPieChart->GetCount(); ++Segment) {
+  const std::uint64_t Alive = LiveHandle();
+  for (int Segment = 0; FPieChart != nullptr && Segment < FPieChart->GetCount(); ++Segment) {
     const int Idx = FPieChart->GetLegendItemIndex(Segment);
     const TZyRichCaption Text = FPieChart->GetSegmentCaption(Idx, FLabelsFrom, FLabelFormat);
+    if (FromLiveHandle(Alive) == nullptr) throw EAbort(LoadResString(_sLegendFreed));
+    if (FPieChart == nullptr) break;
     Texts.push_back(AskCaption(&FPieChart->PaletteItem(Segment), Text, Idx));
   }
   SetCaptions(Texts);

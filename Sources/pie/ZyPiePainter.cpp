@@ -82,28 +82,30 @@ void TZyPiePainter::PaintEmpty() {
   Text.PaintGr(FGr);
 }
 
-/// The shadow is the dearest part of a pie, and the same in each paint: on pictures it is kept as one.
+/// The shadow is dear, and the same in each paint: on pictures it is kept as one.
 void TZyPiePainter::PaintShadow() {
   constexpr float Part = 0.04f;  // of the width of the pie
   const TZyPieCalculation& Layout = *FLayout;
   const float Way = Part * Layout.PieRect().Width;
-  GraphicsPath Path = WholeOutline(0);
-  if (Layout.AnyExploded()) {
-    Path = GraphicsPath(FillModeWinding);
-    for (std::size_t i = 0; i < Layout.Segments().size(); ++i)
-      FChart.FacesOf(Layout, static_cast<int>(i), Layout.Segments()[i].Sweep).AddOutline(Path, true);
-  }
-  constexpr float Inwards = 3;  // pixels; the edge itself must not be smoothed twice
-  const GraphicsPath Core = WholeOutline(Inwards);
-  const bool HasCore = FIsClosed && Layout.PieRect().Height > 4 * Inwards;
+  const GraphicsPath Path = ShadowOutline();
   const RectF Box = Path.GetBounds();
   const PointF Corner{std::floor(Box.X), std::floor(Box.Y)};
   const auto Draw = [&](Graphics& Gr) {
     Gr.TranslateTransform(-Corner.X, -Corner.Y);
     GraphicsPath Moved = Path;
-    DrawShadow(Gr, Moved, Way, Way, HasCore ? &Core : nullptr);
+    DrawShadow(Gr, Moved, Way, Way, HasOverlaps());
   };
   FGr.DrawStamps(ShadowLook(), {-1, -1, Box.Width + Way + 4, Box.Height + Way + 4}, {&Corner, 1}, Draw);
+}
+
+/// Whether segments that moved out lie over each other: solids do with their walls, flat ones where there is more than
+/// a turn of them, as with values below 0.
+bool TZyPiePainter::HasOverlaps() const {
+  constexpr float WholeTurn = 360.01f;
+  if (!FLayout->AnyExploded()) return false;
+  float Sum = 0;
+  for (const TZyPieSegment& Segment : FLayout->Segments()) Sum += std::fabs(Segment.Sweep);
+  return FLayout->Shape().Is3D() || Sum > WholeTurn;
 }
 
 /// All that decides the pixels of the shadow, as bytes.
@@ -125,17 +127,18 @@ std::string TZyPiePainter::ShadowLook() const {
   return Result;
 }
 
-/// The outline of a pie that is not exploded, with its edges moved inwards by some pixels.
-GraphicsPath TZyPiePainter::WholeOutline(float Inwards) const {
-  const auto Shrunk = [](const RectF& Box, float By) {
-    return RectF{Box.X + By, Box.Y + By, Box.Width - 2 * By, Box.Height - 2 * By};
-  };
+/// Of all segments, or of the whole when none has moved out.
+GraphicsPath TZyPiePainter::ShadowOutline() const {
   const TZyPieCalculation& Layout = *FLayout;
+  GraphicsPath Path(Layout.AnyExploded() ? FillModeWinding : FillModeAlternate);
+  if (Layout.AnyExploded()) {
+    for (std::size_t i = 0; i < Layout.Segments().size(); ++i)
+      FChart.FacesOf(Layout, static_cast<int>(i), Layout.Segments()[i].Sweep).AddOutline(Path, true);
+    return Path;
+  }
   std::optional<RectF> Hole;
-  if (Layout.Shape().IsDonut()) Hole = Shrunk(TZyPieFaces::HoleIn(Layout.PieRect(), FChart.DonutHoleSize()), -Inwards);
-  GraphicsPath Path;
-  TZyPieFaces(Shrunk(Layout.PieRect(), Inwards), Hole, Layout.WallHeight(), Layout.Shape().StartAngle,
-              Layout.Shape().TotalAngle)
+  if (Layout.Shape().IsDonut()) Hole = TZyPieFaces::HoleIn(Layout.PieRect(), FChart.DonutHoleSize());
+  TZyPieFaces(Layout.PieRect(), Hole, Layout.WallHeight(), Layout.Shape().StartAngle, Layout.Shape().TotalAngle)
       .AddOutline(Path, false);
   return Path;
 }
@@ -164,8 +167,12 @@ TZyPiePainter::TTurn TZyPiePainter::Prepare(int Segment) {
   Result.Fill = Result.Own.get();
   TZyPenEventArgs Outline{Data.DataIndex, Data.Value, static_cast<double>(Data.Sweep), FBorderPen.get(), true};
   TZyBrushEventArgs Fill{Data.DataIndex, Data.Value, static_cast<double>(Data.Sweep), Result.Own.get(), true};
-  if (mGetPen) mGetPen(&FChart, Outline);
-  if (mGetBrush) mGetBrush(&FChart, Fill);
+  try {
+    if (mGetPen) mGetPen(&FChart, Outline);
+    if (mGetBrush) mGetBrush(&FChart, Fill);
+  } catch (const std::exception&) {
+    return Result;
+  }
   if (Outline.Y != static_cast<double>(Data.Sweep))
     Result.Faces = FChart.FacesOf(*FLayout, Segment, static_cast<float>(Outline.Y));
   if (Outline.Pen != nullptr) Result.SegmentPen = Outline.Pen;

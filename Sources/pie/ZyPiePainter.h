@@ -38,7 +38,8 @@ class TZyPiePainter {
   void PaintEmpty();
   void PaintShadow();
   std::string ShadowLook() const;
-  GraphicsPath WholeOutline(float Inwards) const;
+  bool HasOverlaps() const;
+  GraphicsPath ShadowOutline() const;
   void PaintSegments();
   template <class TDraw>
   void Pass(const TDraw& Draw);

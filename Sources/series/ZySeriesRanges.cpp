@@ -282,14 +282,14 @@ void TZySeries::DeleteLinkedMarkers(int Idx) {
     if (Marker->SnappedIdx() == Idx) {
       delete &Marker->Control();
     } else if (Marker->SnappedIdx() > Idx) {
-      Marker->SetSnappedIdx(Marker->SnappedIdx() - 1);
+      Marker->TakeSnappedIdx(Marker->SnappedIdx() - 1);
     }
   }
 }
 
 void TZySeries::ValueInsertedLinkedMarkers(int Idx) {
   for (IZySnappingMarker* Marker : LinkedMarkers())
-    if (Marker->SnappedIdx() >= Idx) Marker->SetSnappedIdx(Marker->SnappedIdx() + 1);
+    if (Marker->SnappedIdx() >= Idx) Marker->TakeSnappedIdx(Marker->SnappedIdx() + 1);
 }
 
 }  // namespace zy

@@ -62,6 +62,14 @@ TEST(ZyMarkerBoxesTest, LineMarkersAndTheirCaptionsAtEachPlace) {
     EXPECT_NEAR(Box.Anchor.X, Case.Anchor.X, 0.5) << Case.Box;
     EXPECT_NEAR(Box.Anchor.Y, Case.Anchor.Y, 0.5) << Case.Box;
   }
+  const TZyLineMarkerBox Rounded({.IsHorizontal = false,
+                                  .Length = 200,
+                                  .HasCaption = true,
+                                  .Caption = {60.4f, 20},
+                                  .Delta = {41, 0},
+                                  .Place = TopCenter});
+  EXPECT_EQ(Text(Rounded), "74x220 14,0 74,20 TopCenter") << "43.5, 30.2 and what follows from them, at each step";
+  EXPECT_EQ(Text(Rounded.Line), "0,20 5,220");
 }
 
 TEST(ZyMarkerBoxesTest, CaptionsBeyondAnEndStayInTheParent) {

@@ -289,7 +289,40 @@ TEST_F(ZyMarkersTest, HandlersMayThrowAndFree) {
   DragFromTo({Tip.X + 50, Tip.Y - 50}, {Tip.X + 55, Tip.Y - 50});
   EXPECT_EQ(Label, nullptr);
   OnScreen();
+  EXPECT_EQ(QWidget::keyboardGrabber(), nullptr);
   while (Stack.CanUndo()) Stack.Undo();
+  auto* Other = new TZyCrossHair(&Form);
+  Other->SetSnappedSeries(&Line);
+  Other->SetSnapToSeriesValues(true);
+  Other->SetOnMarkerMoved([&](TObject*) { delete std::exchange(Other, nullptr); });
+  Other->SetSnappedIdx(1);
+  EXPECT_EQ(Other, nullptr);
+}
+
+TEST_F(ZyMarkersTest, ALineBeyondItsAxisHasNoCaption) {
+  Level->SetCaption("limit");
+  Level->SetCaptionVisible(true);
+  const auto Shown = [&](double Value, bool Clips) {
+    Level->SetY(Value);
+    Level->SetClipToData(Clips);
+    const TCalls Drawn = CallsOf([&](Graphics& Gr) { Level->PaintGr(Gr); });
+    return std::pair(CountOf(Drawn, "DrawLine"), CountOf(Drawn, "\"limit\""));
+  };
+  using TShown = std::pair<std::ptrdiff_t, std::ptrdiff_t>;
+  EXPECT_EQ(Shown(10, true), TShown(1, 1));
+  EXPECT_EQ(Shown(10.1, true), TShown(0, 0));
+  EXPECT_EQ(Shown(-0.1, false), TShown(1, 0));
+}
+
+TEST_F(ZyMarkersTest, WhatIsShownAgainComesToTheFront) {
+  for (TZyMovable* Marker : std::initializer_list<TZyMovable*>{Level, Cross}) {
+    Marker->SetVisible(false);
+    Marker->SetVisible(true);
+    EXPECT_EQ(Graph->Controls().back(), Marker);
+  }
+  Cross->VerticalMarker()->SetVisible(false);
+  Cross->VerticalMarker()->SetVisible(true);
+  EXPECT_EQ(Graph->Controls().back(), Cross) << "the handle above its lines";
 }
 
 }  // namespace

@@ -309,5 +309,27 @@ TEST(Drawing, AShadowAddsUpBesideTheShape) {
   EXPECT_EQ(Gr.CallsOf("FillPath(FF000000, ").size(), 2u);
 }
 
+TEST(Drawing, ManyLayersOfAShadowInOneGoAreThoseOneByOne) {
+  const auto Shadow = [](bool IsOneByOne) {
+    return Picture(200, 160, [&](Graphics& Gr) {
+      Gr.SetSmoothingMode(SmoothingModeAntiAlias);
+      GraphicsPath Ring;
+      Ring.AddArc({10.3f, 12.6f, 150, 100}, 30, 300);
+      Ring.AddArc({60.3f, 42.6f, 50, 40}, 330, -300);
+      Ring.CloseFigure();
+      DrawShadow(Gr, Ring, 20.4f, 20.4f, IsOneByOne);
+    });
+  };
+  const Bitmap InOneGo = Shadow(false), OneByOne = Shadow(true);
+  int Darkest = 0;
+  for (int Y = 0; Y < 160; ++Y)
+    for (int X = 0; X < 200; ++X) {
+      const auto Alpha = static_cast<int>(GetAlpha(InOneGo.GetPixel(X, Y)));
+      Darkest = std::max(Darkest, Alpha);
+      ASSERT_NEAR(Alpha, static_cast<int>(GetAlpha(OneByOne.GetPixel(X, Y))), 5) << X << ' ' << Y;
+    }
+  EXPECT_GT(Darkest, 120);
+}
+
 }  // namespace
 }  // namespace zy::testing

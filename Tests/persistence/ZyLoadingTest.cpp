@@ -5,6 +5,7 @@
 #include "framework/Errors.h"
 #include "graph/ChartStubs.h"
 #include "persistence/ChartForms.h"
+#include "persistence/ZyIO.h"
 #include "series/ZyPointSeries.h"
 #include "undo/ZyUndoStack.h"
 
@@ -102,6 +103,37 @@ TEST(ZyLoadingTest, WhatLoadingMakesIsNoStepOfUndo) {
   ASSERT_NE(Made, nullptr);
   EXPECT_EQ(Made->PointSymbol().Size(), 17);
   EXPECT_EQ(Made->UndoStack(), &Stack);
+}
+
+/// What stands first in the list refers to what gives way to a series of the stored class, and to a part of another
+/// one.
+TEST(ZyLoadingTest, ReferencesFindWhatWasMadeAnew) {
+  TSampleChart Chart;
+  TZySeries& First = *Chart.AddSeries("A", {1, 2}, {3, 4});
+  TZySeries& Second = *Chart.AddSeries("B", {1, 2}, {3, 4});
+  TZySeries& Holder = *Chart.AddSeries("C", {1, 2}, {3, 4});
+  auto* const Part = new TZyLineSeries(&Holder);
+  Part->SetName("Part");
+  Part->SetSubComponent(true);
+  Part->SetXAxis(Chart.X);
+  Part->SetYAxis(Chart.Y);
+  Part->SetXData(Holder.XData());
+  Part->SetYData(Holder.YData());
+  First.SetMergeLegendItemWith(&Second);
+  Second.SetMergeLegendItemWith(Part);
+  ASSERT_EQ(GetComponentRef(Part), "Form.C.Part");
+  for (const TForm3 Form : AllForms) {
+    const std::string Text = Written(*Chart.Graph, Form);
+    EXPECT_EQ(Text.find("Name=\"Form.C.Part\""), std::string::npos) << "goes with its series";
+    delete Chart.Form.FindComponent("B");
+    Chart.AddSeries<TZyPointSeries>("B2")->SetName("B");
+    Read(*Chart.Graph, Form, Text);
+    EXPECT_EQ(First.MergeLegendItemWith(), Chart.Form.FindComponent("B"));
+    EXPECT_NE(First.MergeLegendItemWith(), nullptr);
+    EXPECT_EQ(dynamic_cast<TZySeries&>(*Chart.Form.FindComponent("B")).MergeLegendItemWith(), Part);
+    delete Chart.Form.FindComponent("B2X");
+    delete Chart.Form.FindComponent("B2Y");
+  }
 }
 
 TEST(ZyLoadingTest, NamesWithoutOwnerAndOwnersWithoutName) {

@@ -109,6 +109,18 @@ TEST(ZyPieCalculation, TurnsValuesIntoAnglesShiftsAndABox) {
   }
 }
 
+// One that holds all sides keeps its room at that to which it moves, wherever its angles begin.
+TEST(ZyPieCalculation, WholePiesThatMoveOutStayWithinTheirSpace) {
+  for (int Start = 0; Start < 360; Start += 45) {
+    TZyPieCalculation Pie =
+        Arranged({{5}, {20}, false, {.StartAngle = static_cast<float>(Start), .DropShadow = false}});
+    Pie.FitInto({0, 0, 100, 100});
+    const PointF Corner{Pie.PieRect().X + Pie.Segments()[0].Shift.X, Pie.PieRect().Y + Pie.Segments()[0].Shift.Y};
+    EXPECT_GE(std::min(Corner.X, Corner.Y), -0.01f) << Start;
+    EXPECT_LE(std::max(Corner.X, Corner.Y) + Pie.PieRect().Width, 100.01f) << Start;
+  }
+}
+
 // From the same program; the last three of the small ones have made room.
 TEST(ZyPieCalculation, PutsCalloutsBesideTheRim) {
   TZyPieCalculation Flat = Arranged({{1, 1, 1, 1, 1, 1, 1, 1, 30}});
@@ -145,6 +157,7 @@ TEST(ZyPieCalculation, PutsLabelsAtTheGoldenCut) {
   EXPECT_EQ(TZyPieCalculation::AlignedAngle(30), -30);
   EXPECT_EQ(TZyPieCalculation::AlignedAngle(100), 80);
   EXPECT_EQ(TZyPieCalculation::AlignedAngle(300), -300);
+  EXPECT_EQ(TZyPieCalculation::AlignedAngle(460), 80);  // of a large segment, as at 100
 }
 
 TEST(ZyPieCalculation, SweepsAddUpToTheTotalAngle) {

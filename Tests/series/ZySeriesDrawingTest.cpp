@@ -374,7 +374,7 @@ class TMarkerStub : public TGraphicControl, public IZySnappingMarker {
   TControl& Control() override { return *this; }
   TZySeries* LinkedSeries() const override { return Series; }
   int SnappedIdx() const override { return Idx; }
-  void SetSnappedIdx(int Value) override { Idx = Value; }
+  void TakeSnappedIdx(int Value) override { Idx = Value; }
   void SnapTo(double X, double Y) override { Place = {X, Y}; }
 
   TZySeries* Series = nullptr;

@@ -314,7 +314,7 @@ class TSoak {
     Marker->SetCaptionVisible(Roll(3) > 0);
     Marker->SetSnapToSeriesValues(Roll(2) == 0);
     if (Roll(4) == 0) Marker->SetSnappedSeries(AnyOf(All<TZySeries>()));
-    if (Roll(4) == 0) Marker->SnapToIdx(Roll(2000));
+    if (Roll(4) == 0) Marker->SetSnappedIdx(Roll(2000));
     if (Roll(3) == 0) Marker->SetOnMarkerMoving([this](TObject*) { ThrowOrFree(); });
     if (Roll(3) == 0) Marker->SetOnMarkerMoved([this](TObject*) { ThrowOrFree(); });
   }

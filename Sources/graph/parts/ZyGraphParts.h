@@ -87,9 +87,10 @@ class IZySnappingMarker {
   virtual TControl& Control() = 0;
   /// The series that it holds on to, null while it does not.
   virtual TZySeries* LinkedSeries() const = 0;
-  /// Data index of the point, -1 for none. Setting it moves nothing.
+  /// Data index of the point, -1 for none.
   virtual int SnappedIdx() const = 0;
-  virtual void SetSnappedIdx(int Value) = 0;
+  /// The point has another index now. Moves nothing, and is no step of undo.
+  virtual void TakeSnappedIdx(int Value) = 0;
   /// Moves to values of the axes, as far as the marker has a place in that direction.
   virtual void SnapTo(double X, double Y) = 0;
 };

@@ -82,8 +82,8 @@ void DrawRoundRect(Graphics& Gr, const Brush& Brush, const Pen& Pen, const RectF
                    bool Shadow, bool Raised, bool Lowered);
 
 /// Draws the soft shadow of a shape DX pixels to the right of it and DY below, DX being 1 or more; never on the shape
-/// itself, and only within the clip of Gr, which stays. Moves Path. A Core that lies well inside of the shape saves the
-/// work of filling what is cut out; the shape is one of the alternate rule then.
-void DrawShadow(Graphics& Gr, GraphicsPath& Path, float DX, float DY, const GraphicsPath* Core = nullptr);
+/// itself, and only within the clip of Gr, which stays. The path may be anywhere afterwards. A shape whose figures
+/// overlap each other, which has to say so, costs far more.
+void DrawShadow(Graphics& Gr, GraphicsPath& Path, float DX, float DY, bool Overlaps = false);
 
 }  // namespace zy

@@ -133,23 +133,23 @@ void DrawRoundRect(Graphics& Gr, const Brush& Brush, const Pen& Pen, const RectF
 }
 
 // Layers of the shape at growing distance add up to a soft edge.
-void DrawShadow(Graphics& Gr, GraphicsPath& Path, float DX, float DY, const GraphicsPath* Core) {
-  constexpr int MostLayers = 255;  // the faintest layer there is
+void DrawShadow(Graphics& Gr, GraphicsPath& Path, float DX, float DY, bool Overlaps) {
+  constexpr int MostLayers = 255;   // the faintest layer there is
+  constexpr int FewestInOneGo = 8;  // of fewer ones each is so dark that their edges have to be blended one by one
   const int Count = DX >= 1 ? static_cast<int>(std::lrint(std::min(DX, static_cast<float>(MostLayers)))) : 1;
   const SolidBrush Layer(ColorToARGB(static_cast<unsigned>(255 / Count), 0, 0, 0));
+  const PointF Step{DX / static_cast<float>(Count), DY / static_cast<float>(Count)};
   const Region Saved = Gr.GetClip();
   if (!Path.IsEmpty()) Gr.ExcludeClip(Region(Path));
-  Matrix Step;
-  Step.Translate(DX / static_cast<float>(Count), DY / static_cast<float>(Count));
-  for (int Index = 0; Index <= Count; ++Index) {
-    Path.Transform(Step);
-    if (Core == nullptr) {
+  if (!Overlaps && Count >= FewestInOneGo) {
+    Gr.FillTrail(Layer, Path, Step, Count + 1);
+  } else {
+    Matrix Next;
+    Next.Translate(Step.X, Step.Y);
+    for (int Index = 0; Index <= Count; ++Index) {
+      Path.Transform(Next);
       Gr.FillPath(Layer, Path);
-      continue;
     }
-    GraphicsPath Ring(Path);
-    Ring.AddPath(*Core);
-    Gr.FillPath(Layer, Ring);
   }
   Gr.SetClip(Saved);
 }

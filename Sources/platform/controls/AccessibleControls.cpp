@@ -93,7 +93,7 @@ class TItemNodes {
 };
 
 /// A control without a window.
-class TControlNode : public TNode {
+class TControlNode : public TNode, public QAccessibleActionInterface {
  public:
   TControlNode(const TGraphicControl& Control, QWidget& Window) : TNode(Control), FWindow(&Window) {}
 
@@ -105,7 +105,7 @@ class TControlNode : public TNode {
         *Control(), [List = Id()] { return QAccessible::accessibleInterface(List); }, Index);
   }
   int indexOfChild(const QAccessibleInterface* Child) const override { return FItems.IndexOf(Child); }
-  QAccessible::Role role() const override { return QAccessible::List; }
+  QAccessible::Role role() const override { return IsButton() ? QAccessible::ButtonDropDown : QAccessible::List; }
   QString text(QAccessible::Text Kind) const override {
     if (!isValid()) return {};
     if (Kind == QAccessible::Name) return QString::fromStdString(Part().AccessibleName());
@@ -113,15 +113,31 @@ class TControlNode : public TNode {
   }
   QAccessible::State state() const override {
     QAccessible::State Result;
-    Result.readOnly = true;
+    Result.readOnly = !IsButton();
     if (!isValid()) return Result;
+    Result.hasPopup = IsButton();
+    Result.disabled = IsButton() && !Control()->Enabled();
     Result.invisible = !Control()->Visible();
     Result.focusable = Part().TakesKeys();
     Result.focused = Control()->Parent()->ActiveControl() == Control() && Control()->Parent()->Focused();
     return Result;
   }
 
+  // A button is pressed, and its list brought up, by the keys that do so.
+  void* interface_cast(QAccessible::InterfaceType Type) override {
+    if (Type == QAccessible::ActionInterface && IsButton()) return static_cast<QAccessibleActionInterface*>(this);
+    return nullptr;
+  }
+  QStringList actionNames() const override { return {pressAction(), showMenuAction()}; }
+  void doAction(const QString& Name) override {
+    if (!isValid() || !Control()->Enabled()) return;
+    TKey Key = Name == showMenuAction() ? vkDown : vkReturn;
+    TWinControl::HandleEvent([&] { Part().KeyDown(Key, {}); });
+  }
+  QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
  private:
+  bool IsButton() const { return isValid() && Part().AccessibleRole() == TAccessibleRole::DropDownButton; }
   TGraphicControl& Part() const { return dynamic_cast<TGraphicControl&>(*Control()); }
 
   QWidget* FWindow;

@@ -225,9 +225,7 @@ QWidget* TCustomRichEdit::CreateWidget() {
 
 void TCustomRichEdit::ApplyStyle() {
   Inherited::ApplyStyle();
-  if (!HasWidget()) return;
-  Widget()->setFocusPolicy(TabStop() ? Qt::StrongFocus : Qt::ClickFocus);
-  ApplyLook();
+  ApplyFocusPolicy(true);
 }
 
 TRichLook TCustomRichEdit::LookOfFont() const {
@@ -250,8 +248,8 @@ void TCustomRichEdit::ApplyLook() {
   Box.setPalette(Colors);
 }
 
-void TCustomRichEdit::CMFontChanged() {
-  Inherited::CMFontChanged();
+/// The text has the font whether it was set or not.
+void TCustomRichEdit::ApplyFont() {
   if (FRich != nullptr) ApplyLook();
 }
 

@@ -104,7 +104,7 @@ class TCustomRichEdit : public TWinControl {
   bool IsChanging() const { return FChanging; }
   const TRichLook& BaseLook() const;
 
-  void CMFontChanged() override;
+  void ApplyFont() override;
   void ApplyStyle() override;
   QWidget* CreateWidget() override;
   bool WidgetEvent(QEvent& Event) override;

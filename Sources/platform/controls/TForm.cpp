@@ -2,11 +2,15 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QEventLoop>
 #include <QScreen>
 #include <QWidget>
 
+#include "platform/controls/TButtonControl.h"
 #include "platform/framework/Application.h"
 #include "platform/framework/TPropInfo.h"
+#include "texts/Exceptions.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 
@@ -20,6 +24,21 @@ ZY_PUBLISHED(TForm, TWinControl, Published<&TForm::Caption, &TForm::SetCaption>(
              Published<&TForm::OnDeactivate, &TForm::SetOnDeactivate>("OnDeactivate"),
              Published<&TForm::Visible, &TForm::SetVisible>("Visible", false))
 
+namespace {
+
+/// The first button in a control, at any depth, that the user could click and that Fits takes; null for none.
+TButton* ButtonIn(TWinControl& Outer, const std::function<bool(TButton&)>& Fits) {
+  for (TControl* Control : Outer.Controls()) {
+    auto* const Inner = dynamic_cast<TWinControl*>(Control);
+    if (Inner == nullptr || !Inner->Visible() || !Inner->Enabled()) continue;
+    if (auto* const Button = dynamic_cast<TButton*>(Inner); Button != nullptr && Fits(*Button)) return Button;
+    if (TButton* const Found = ButtonIn(*Inner, Fits)) return Found;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
 TForm::TForm(TComponent* Owner) : TWinControl(Owner) {
   NoteVisible(false);
   TForm::SetBounds(0, 0, 640, 480);
@@ -28,6 +47,7 @@ TForm::TForm(TComponent* Owner) : TWinControl(Owner) {
 
 TForm::~TForm() {
   Destroying();
+  if (FModalLoop != nullptr) FModalLoop->quit();
   Screen().RemoveForm(this);
 }
 
@@ -58,6 +78,51 @@ void TForm::Release() {
   if (QCoreApplication::instance() == nullptr) return;
   QMetaObject::invokeMethod(
       QCoreApplication::instance(), [Form = LiveHandle()] { delete FromLiveHandle(Form); }, Qt::QueuedConnection);
+}
+
+int TForm::ShowModal() {
+  if (Visible()) throw EInvalidOperation(Format(LoadResString(_sFormIsVisible), {Name()}));
+  const std::uint64_t Alive = LiveHandle();
+  QEventLoop Loop;
+  FModalLoop = &Loop;
+  FModalResult = mrNone;
+  Widget()->setWindowModality(Qt::ApplicationModal);
+  Show();
+  if (FromLiveHandle(Alive) != nullptr && Visible()) Loop.exec();
+  if (FromLiveHandle(Alive) == nullptr) return mrCancel;
+  FModalLoop = nullptr;
+  if (HasWidget()) Widget()->setWindowModality(Qt::NonModal);
+  if (FModalResult == mrNone) FModalResult = mrCancel;
+  return FModalResult;
+}
+
+void TForm::SetModalResult(int Value) {
+  FModalResult = Value;
+  if (Value == mrNone || FModalLoop == nullptr) return;
+  const std::uint64_t Alive = LiveHandle();
+  const bool Hides = MayHide();
+  if (FromLiveHandle(Alive) == nullptr) return;
+  if (Hides) {
+    SetVisible(false);
+  } else {
+    FModalResult = mrNone;
+  }
+}
+
+void TForm::CMVisibleChanged() {
+  Inherited::CMVisibleChanged();
+  if (!Visible() && FModalLoop != nullptr) FModalLoop->quit();
+}
+
+void TForm::KeyDown(TKey& Key, TShiftState Shift) {
+  const std::uint64_t Alive = LiveHandle();
+  Inherited::KeyDown(Key, Shift);
+  if (FromLiveHandle(Alive) == nullptr || !Shift.Empty() || (Key != vkReturn && Key != vkEscape)) return;
+  TButton* const Chosen =
+      ButtonIn(*this, [Key](TButton& Each) { return Key == vkReturn ? Each.Default() : Each.Cancel(); });
+  if (Chosen == nullptr) return;
+  Key = 0;
+  Chosen->PerformClick();
 }
 
 /// Asks whether the form may be closed, and does what is to be done instead of hiding, or beyond it.

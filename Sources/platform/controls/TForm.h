@@ -5,6 +5,8 @@
 
 #include "platform/controls/TWinControl.h"
 
+class QEventLoop;
+
 namespace zy {
 
 /// Where a form comes up: at its Left and Top, where the desktop finds a place, or in the middle of the screen.
@@ -19,6 +21,9 @@ ZY_ENUM(TCloseAction, "caNone", "caHide", "caFree", "caMinimize")
 using TCloseQueryEvent = std::function<void(TObject* Sender, bool& CanClose)>;
 /// Action is caHide at first.
 using TCloseEvent = std::function<void(TObject* Sender, TCloseAction& Action)>;
+
+/// What ends a form that is shown modally; 0 while nothing has.
+enum TModalResult { mrNone, mrOk, mrCancel, mrAbort, mrRetry, mrIgnore, mrYes, mrNo };
 
 /// A window of its own, and the root of what is streamed with it. Hidden and 640 by 480 pixels at first; the bounds are
 /// those of the inside. The screen lists every form.
@@ -40,6 +45,16 @@ class TForm : public TWinControl {
   /// Asks OnCloseQuery and OnClose and does what they say, as when the user presses the window's close button. By
   /// default the form is hidden and lives on.
   void Close();
+  /// Shows the form and waits until it is closed; the other windows take no input meanwhile. Returns ModalResult, which
+  /// is mrCancel when the user closed the window. Throws EInvalidOperation while it is visible.
+  ///
+  /// Events and idle moments go on. A form that is deleted meanwhile ends with mrCancel.
+  int ShowModal();
+  int ModalResult() const { return FModalResult; }
+  /// While the form is shown modally, a value other than 0 closes it, if OnCloseQuery lets it go.
+  void SetModalResult(int Value);
+  /// The return key clicks the default button, escape the cancel button, where no control uses them up.
+  void KeyDown(TKey& Key, TShiftState Shift) override;
   /// Deletes the form when the present events are done.
   void Release();
 
@@ -63,6 +78,7 @@ class TForm : public TWinControl {
   bool WidgetEvent(QEvent& Event) override;
   QWidget* CreateWidget() override;
   void ApplyVisible() override;
+  void CMVisibleChanged() override;
 
  private:
   bool MayHide();
@@ -70,6 +86,8 @@ class TForm : public TWinControl {
 
   std::string FCaption;
   TPosition FPosition = poDefault;
+  int FModalResult = mrNone;
+  QEventLoop* FModalLoop = nullptr;  // waits within ShowModal
   TNotifyEvent FOnShow, FOnActivate, FOnDeactivate;
   TCloseQueryEvent FOnCloseQuery;
   TCloseEvent FOnClose;

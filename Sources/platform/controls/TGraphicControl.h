@@ -9,6 +9,12 @@ namespace zy {
 
 class Graphics;
 
+/// What a control without a window is to a screen reader.
+enum class TAccessibleRole {
+  List,           ///< shows items
+  DropDownButton  ///< a button: return presses it, and the down key brings up what belongs to it
+};
+
 /// A control without a window: it paints inside its parent, above the parent's own picture and in control order.
 class TGraphicControl : public TControl {
   ZY_CLASS(TGraphicControl, TControl)
@@ -21,6 +27,7 @@ class TGraphicControl : public TControl {
   virtual bool TakesKeys() const { return false; }
   /// What a screen reader says of the control; one without a name is passed over.
   virtual std::string AccessibleName() const { return {}; }
+  virtual TAccessibleRole AccessibleRole() const { return TAccessibleRole::List; }
 
  protected:
   /// Whether the control lies above the picture of its window for now, as one that is being dragged: where it alone

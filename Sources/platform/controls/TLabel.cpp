@@ -139,9 +139,7 @@ ZY_PUBLISHED(TLabel, TCustomLabel, Published<&TLabel::Caption, &TLabel::SetCapti
              Published<&TLabel::AutoSize, &TLabel::SetAutoSize>("AutoSize", true),
              Published<&TLabel::WordWrap, &TLabel::SetWordWrap>("WordWrap", false),
              Published<&TLabel::Transparent, &TLabel::SetTransparent>("Transparent", true),
-             Published<&TLabel::Color, &TLabel::SetColor>("Color", 0xFFFFFFFF),
-             Published<&TLabel::ParentFont, &TLabel::SetParentFont>("ParentFont", true),
-             Published<&TLabel::ControlFont, &TLabel::SetControlFont>("Font").StoredIf<&TLabel::HasOwnFont>())
+             Published<&TLabel::Color, &TLabel::SetColor>("Color", 0xFFFFFFFF), Republished("ParentFont Font"))
 
 TLabel::TLabel(TComponent* Owner) : TCustomLabel(Owner) {}
 

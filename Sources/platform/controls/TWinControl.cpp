@@ -1,9 +1,12 @@
 #include "platform/controls/TWinControl.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QImage>
+#include <QLayout>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPalette>
 #include <QRegion>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
@@ -16,6 +19,7 @@
 
 #include "platform/controls/AccessibleControls.h"
 #include "platform/controls/InputDispatch.h"
+#include "platform/controls/Mnemonics.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/drawing/Graphics.h"
@@ -27,11 +31,11 @@
 namespace zy {
 namespace {
 
-/// A widget that wants the extent that its control has.
+/// A widget that wants the extent that its control has, or what a layout in it needs.
 class TPaintedWidget : public QWidget {
  public:
   explicit TPaintedWidget(const TControl& Control) : FHint(Control.Width(), Control.Height()) {}
-  QSize sizeHint() const override { return FHint; }
+  QSize sizeHint() const override { return layout() != nullptr ? QWidget::sizeHint() : FHint; }
 
  private:
   QSize FHint;
@@ -87,6 +91,21 @@ class TBehindIsDrawn {
  private:
   bool FOuter;
 };
+
+std::string CaptionOf(const TControl& Control) {
+  const TPropInfo* const Caption = GetPropInfo(Control, "Caption");
+  return Caption != nullptr && Caption->Kind == TPropKind::String ? Caption->GetStr(Control) : std::string();
+}
+
+QFont ToToolkit(const TControlFont& Face) {
+  QFont Result(QString::fromStdString(Face.Name()));
+  Result.setPixelSize(std::max(1, static_cast<int>(std::lround(Face.Size() * Font::PixelsPerPoint))));
+  Result.setBold(Face.Style().Contains(TFontStyle::Bold));
+  Result.setItalic(Face.Style().Contains(TFontStyle::Italic));
+  Result.setUnderline(Face.Style().Contains(TFontStyle::Underline));
+  Result.setStrikeOut(Face.Style().Contains(TFontStyle::Strikeout));
+  return Result;
+}
 
 RectF ToRectF(int Left, int Top, int Width, int Height) {
   return {static_cast<float>(Left), static_cast<float>(Top), static_cast<float>(Width), static_cast<float>(Height)};
@@ -260,18 +279,28 @@ QWidget* TWinControl::Widget() {
   if (FPainted) TellScreenReaders(*FWidget, *this);
   FLink.reset();
   FWidget->resize(Width(), Height());
-  if (Outer != nullptr) FWidget->setParent(Outer);
-  if (Outer != nullptr || Left() != 0 || Top() != 0) FWidget->move(Left(), Top());
+  if (Outer != nullptr) {
+    Parent()->TakeWidget(*this, *FWidget);
+  } else if (Left() != 0 || Top() != 0) {
+    FWidget->move(Left(), Top());
+  }
   FWidget->setMouseTracking(true);
   FLink = std::make_unique<TWidgetLink>(*this);
   ApplyEnabled();
   ApplyStyle();
+  ApplyFont();
   ApplyHint();
   for (TControl* Control : std::vector(FControls))
     if (auto* const Inner = dynamic_cast<TWinControl*>(Control)) Inner->Widget();
   ApplyTabOrder();
+  ArrangeWidgets();
   ApplyVisible();
   return FWidget;
+}
+
+void TWinControl::TakeWidget(TWinControl& Inner, QWidget& InnerWidget) {
+  InnerWidget.setParent(FWidget);
+  InnerWidget.move(Inner.Left(), Inner.Top());
 }
 
 QWidget* TWinControl::CreateWidget() { return new TPaintedWidget(*this); }
@@ -602,10 +631,44 @@ void TWinControl::ApplyHint() {
 }
 
 std::string TWinControl::AccessibleName() const {
-  const TPropInfo* const Caption = GetPropInfo(*this, "Caption");
-  if (Caption != nullptr && Caption->Kind == TPropKind::String)
-    if (std::string Text = Caption->GetStr(*this); !Text.empty()) return Text;
+  if (std::string Text = CaptionOf(*this); !Text.empty()) return Text;
+  if (FLabel != nullptr)
+    if (std::string Text = CaptionOf(*FLabel); !Text.empty()) return PlainCaption(Text);
   return Hint().empty() ? Name() : Hint();
+}
+
+void TWinControl::SetLabel(TControl* Value) {
+  FLabel = Value;
+  if (!IsDestroying()) ApplyAccessibleName();
+}
+
+void TWinControl::CMFontChanged() {
+  Inherited::CMFontChanged();
+  ApplyFont();
+}
+
+void TWinControl::ApplyFont() {
+  if (FWidget == nullptr || FPainted) return;
+  bool IsOwn = false;
+  for (TControl* Outer = this; Outer != nullptr && !IsOwn; Outer = Outer->ParentFont() ? Outer->Parent() : nullptr)
+    IsOwn = !Outer->ParentFont();
+  FWidget->setFont(IsOwn ? ToToolkit(ControlFont()) : QFont());
+  QPalette Colors;
+  constexpr ARGB Unset = 0xFF000000;  // the colour of a font that was never given one
+  if (IsOwn && ControlFont().Color() != Unset)
+    for (const auto Role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+      Colors.setColor(Role, QColor::fromRgba(ControlFont().Color()));
+  FWidget->setPalette(Colors);
+}
+
+void TWinControl::ApplyFocusPolicy(bool ByClick) {
+  if (FWidget != nullptr) FWidget->setFocusPolicy(FTabStop ? Qt::StrongFocus : ByClick ? Qt::ClickFocus : Qt::NoFocus);
+}
+
+bool TWinControl::IsForeignWheel(QEvent& Event) const {
+  if (Event.type() != QEvent::Wheel || FWidget->hasFocus()) return false;
+  Event.ignore();
+  return true;
 }
 
 void TWinControl::ApplyAccessibleName() {

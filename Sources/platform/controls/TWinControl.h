@@ -78,6 +78,9 @@ class TWinControl : public TControl {
   void ReleaseFocus();
   /// Has all keys come to the control, whatever has the keyboard, as during a gesture of the mouse.
   void SetKeyCapture(bool Value);
+  /// The label in front of the control, whose text names it to screen readers; see TStaticText::FocusControl.
+  TControl* Label() const { return FLabel; }
+  void SetLabel(TControl* Value);
   bool CanFocus() const;
   bool Focused() const;
   /// The control without a window in this one that gets its keys first, null for none. A click and the tabulator key
@@ -91,6 +94,10 @@ class TWinControl : public TControl {
   virtual void KeyDown(TKey& Key, TShiftState Shift);
   virtual void KeyUp(TKey& Key, TShiftState Shift);
   virtual void KeyPress(char32_t& Key);
+
+  /// Runs what a signal of the toolkit's widget asks for: exceptions end here, and a widget that has to go stays until
+  /// the toolkit is done with it.
+  static void HandleEvent(const std::function<void()>& Proc);
 
   const TKeyEvent& OnKeyDown() const { return FOnKeyDown; }
   void SetOnKeyDown(TKeyEvent Value) { FOnKeyDown = std::move(Value); }
@@ -118,15 +125,17 @@ class TWinControl : public TControl {
   /// Told when the keyboard comes and goes.
   virtual void DoEnter();
   virtual void DoExit();
-  /// What a screen reader says: the published caption, else the hint, else the name.
+  /// What a screen reader says: the published caption, else the text of the label in front of the control, else the
+  /// hint, else the name.
   virtual std::string AccessibleName() const;
   /// Sees each event of the widget before the widget does; true ends it there.
   virtual bool WidgetEvent(QEvent& Event);
   /// Makes the toolkit's widget. By default a plain one that Paint fills; any other paints itself.
   virtual QWidget* CreateWidget();
-  /// Runs what a signal of the toolkit's widget asks for: exceptions end here, and a widget that has to go stays until
-  /// the toolkit is done with it.
-  static void HandleEvent(const std::function<void()>& Proc);
+  /// Puts the new widget of a control in this one where it belongs. By default at the control's place in this widget.
+  virtual void TakeWidget(TWinControl& Inner, QWidget& InnerWidget);
+  /// Told when the widget and those of all inner controls are there, which can now go into a layout of the toolkit's.
+  virtual void ArrangeWidgets() {}
   /// Has the widget say the control's present name.
   void ApplyAccessibleName();
 
@@ -136,6 +145,14 @@ class TWinControl : public TControl {
   void ApplyEnabled() override;
   void ApplyStyle() override;
   void ApplyHint() override;
+  void CMFontChanged() override;
+  /// Gives a widget of the toolkit's the control's font and text colour, as far as they were set here or in a parent:
+  /// what never was is the desktop's, in dark palettes too.
+  virtual void ApplyFont();
+  /// For controls over widgets of the toolkit's: the tabulator key comes to it with TabStop, a click as told.
+  void ApplyFocusPolicy(bool ByClick);
+  /// Whether Event is a turn of the wheel over a control without the keyboard, which goes on to the parent.
+  bool IsForeignWheel(QEvent& Event) const;
 
  private:
   friend class TControl;
@@ -180,6 +197,7 @@ class TWinControl : public TControl {
   bool FDoubleBuffered = true;
   bool FTabStop = false;
   bool FFocusShown = false;
+  TRef<TControl> FLabel{this, &TWinControl::SetLabel};
   TRef<TGraphicControl> FActiveControl{this, &TWinControl::SetActiveControl};
   bool FActiveShown = false;  // the tabulator key came to the active control
   bool FAligning = false;

@@ -68,6 +68,16 @@ bool HasHalfTones(const QImage& Image) {
   return false;
 }
 
+/// Records know no compressed translucent pictures: four bytes for a pixel. A large gradient has fewer pixels there.
+QImage ForRecords(const QImage& Image, bool IsSmooth) {
+  constexpr double MostPixels = 1 << 15;
+  const double Pixels = static_cast<double>(Image.width()) * Image.height();
+  if (!IsSmooth || Pixels <= MostPixels) return Image;
+  const double Scale = std::sqrt(MostPixels / Pixels);
+  const auto Extent = [Scale](int Whole) { return std::max(static_cast<int>(std::lround(Whole * Scale)), 1); };
+  return Image.scaled(Extent(Image.width()), Extent(Image.height()), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 QColor Faded(QColor Color, double Opacity) {
   Color.setAlphaF(static_cast<float>(std::clamp(Color.alphaF() * Opacity, 0.0, 1.0)));
   return Color;
@@ -332,7 +342,7 @@ void TEmfDevice::TEngine::PutPicture(const QRectF& Place, const QImage& Image, c
   Drawing.Draw(Place, Image);
   Drawing.Finish();
   FRecords.BeginAlternative(Drawing);
-  FRecords.Picture(Place, Image);
+  FRecords.Picture(Place, ForRecords(Image, ShowsGradient(state->renderHints())));
   FRecords.EndAlternative();
 }
 

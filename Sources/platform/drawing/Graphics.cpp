@@ -144,6 +144,18 @@ void Graphics::FillPath(const Brush& Brush, const GraphicsPath& Path) {
   if (!Path.IsEmpty()) Fill(Brush, TShape::Of(Path));
 }
 
+void Graphics::FillTrail(const Brush& Brush, GraphicsPath& Path, PointF Step, int Count) {
+  if (!Path.IsEmpty() && AreFinite({Step.X, Step.Y}) &&
+      FBackend->FillTrail(FState, Brush, TShape::Of(Path), Step, Count))
+    return;
+  Matrix Next;
+  Next.Translate(Step.X, Step.Y);
+  for (int Layer = 0; Layer < Count; ++Layer) {
+    Path.Transform(Next);
+    FillPath(Brush, Path);
+  }
+}
+
 void Graphics::DrawImage(const Bitmap& Picture, float X, float Y) {
   DrawImage(Picture, {X, Y, static_cast<float>(Picture.GetWidth()), static_cast<float>(Picture.GetHeight())});
 }

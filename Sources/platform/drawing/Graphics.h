@@ -78,6 +78,10 @@ class Graphics {
   void FillPolygon(const Brush& Brush, std::span<const PointF> Points, FillMode Mode = FillModeAlternate);
   void FillPath(const Brush& Brush, const GraphicsPath& Path);
 
+  /// A path that is filled Count times, each time moved on by Step: translucent layers, as of a soft shadow. The path
+  /// must not overlap itself, which costs far less than layer by layer. It is moved as far as the last one lies.
+  void FillTrail(const Brush& Brush, GraphicsPath& Path, PointF Step, int Count);
+
   /// The picture in its own logical size, or stretched into a box, as a whole or a part of it.
   void DrawImage(const Bitmap& Picture, float X, float Y);
   void DrawImage(const Bitmap& Picture, const RectF& To);

@@ -89,6 +89,9 @@ class TGraphicsBackend {
   /// Fills boxes of pixels that do not overlap; see Graphics::FillRectangles. False when the target has no quicker way
   /// than as one path.
   virtual bool FillBoxes(const TDrawState&, const Brush&, std::span<const RectF>) { return false; }
+  /// Fills a shape that does not overlap itself many times; see Graphics::FillTrail. False when the target has no
+  /// quicker way than one by one.
+  virtual bool FillTrail(const TDrawState&, const Brush&, const TShape&, PointF, int) { return false; }
   /// See Graphics::GetHDC.
   virtual QPainter* GetHDC(const TDrawState&) { return nullptr; }
   virtual void ReleaseHDC() {}

@@ -276,6 +276,7 @@ bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush,
     Painter.setClipPath(Outline, Qt::IntersectClip);
     Painter.setBrush(Qt::NoBrush);
     Painter.setRenderHint(QPainter::LosslessImageRendering);  // colours, too, when a PDF file would smear them
+    Painter.setRenderHint(QPainter::SmoothPixmapTransform, IsGradient(Brush));  // both tell EmfDevice of a gradient
     Painter.drawImage(Box, Picture);
     Painter.restore();
   });

@@ -33,6 +33,7 @@ class TPainterBackend : public TGraphicsBackend {
   bool DrawStamps(const TDrawState& State, std::string_view Look, const RectF& Extent, std::span<const PointF> Points,
                   const std::function<void(Graphics&)>& Paint) override;
   bool FillBoxes(const TDrawState& State, const Brush& Brush, std::span<const RectF> Boxes) override;
+  bool FillTrail(const TDrawState& State, const Brush& Brush, const TShape& Shape, PointF Step, int Count) override;
   QPainter* GetHDC(const TDrawState& State) override;
   void ReleaseHDC() override;
 

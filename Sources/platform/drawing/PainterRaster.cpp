@@ -210,6 +210,21 @@ bool TPainterBackend::FillBoxes(const TDrawState& State, const Brush& Brush, std
   return true;
 }
 
+/// Layers of one colour.
+bool TPainterBackend::FillTrail(const TDrawState& State, const Brush& Brush, const TShape& Shape, PointF Step,
+                                int Count) {
+  const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush);
+  if (FImage == nullptr || Solid == nullptr || State.Smoothing == SmoothingModeNone) return false;
+  Prepare(State);
+  const Matrix Device = DeviceTransform(State, TGrid::Centers);
+  const PointF From = Device.TransformPoint({0, 0}), To = Device.TransformPoint(Step);
+  const std::span<const std::vector<PointF>> Figures = FiguresOf(Device, Shape);
+  const std::vector<std::span<const PointF>> Polygons(Figures.begin(), Figures.end());
+  TZyRaster(TargetOf(*FImage), RasterClip())
+      .FillTrail(Polygons, {To.X - From.X, To.Y - From.Y}, Count, Solid->GetColor());
+  return true;
+}
+
 bool TPainterBackend::FillByRaster(const TDrawState& State, const Brush& Brush, const TShape& Shape) {
   if (FImage == nullptr) return false;
   const bool IsBig = Shape.Kind == TShape::Polygon && Shape.Points.size() >= FewestCornersForRaster;

@@ -1,5 +1,6 @@
 #include "platform/drawing/TBitmap.h"
 
+#include <QByteArray>
 #include <QImage>
 #include <algorithm>
 
@@ -8,7 +9,9 @@
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/SystemColors.h"
 #include "platform/framework/TPropInfo.h"
+#include "platform/framework/TReader.h"
 #include "platform/framework/TStream.h"
+#include "platform/framework/TWriter.h"
 #include "platform/framework/WholeFile.h"
 
 namespace zy {
@@ -63,14 +66,22 @@ TColor TBitmap::Pixel(int X, int Y) const {
   return static_cast<TColor>(WithChannelsTurned(Color));
 }
 
-void TBitmap::SetTransparent(bool Value) { FTransparent = Value; }
+void TBitmap::Changed() {
+  FCutOut.reset();
+  if (const auto Event = OnChange) Event(this);
+}
+
+void TBitmap::SetTransparent(bool Value) {
+  FTransparent = Value;
+  Changed();
+}
 
 TColor TBitmap::TransparentColor() const { return FHasColor ? FColor : Empty() ? 0 : Pixel(0, Height() - 1); }
 
 void TBitmap::SetTransparentColor(TColor Value) {
   FHasColor = true;
   FColor = Value;
-  FCutOut.reset();
+  Changed();
 }
 
 void TBitmap::Draw(Graphics& Canvas, float X, float Y) const {
@@ -82,7 +93,7 @@ void TBitmap::Draw(Graphics& Canvas, float X, float Y) const {
 
 void TBitmap::LoadFromStream(TStream& Stream) {
   FPicture = Stream.Remaining() > 0 ? std::make_unique<Bitmap>(OnWhite(Bitmap::Load(Stream))) : nullptr;
-  FCutOut.reset();
+  Changed();
 }
 
 void TBitmap::LoadFromFile(const std::filesystem::path& FileName) {
@@ -104,10 +115,29 @@ void TBitmap::Assign(const TPersistent* Source) {
   const auto* const Other = dynamic_cast<const TBitmap*>(Source);
   if (Other == nullptr) return TPersistent::Assign(Source);
   FPicture = Other->Empty() ? nullptr : std::make_unique<Bitmap>(Other->FPicture->Clone());
-  FCutOut.reset();
   FTransparent = Other->FTransparent;
   FHasColor = Other->FHasColor;
   FColor = Other->FColor;
+  Changed();
+}
+
+void TBitmap::DefineProperties(TFiler& Filer) {
+  Inherited::DefineProperties(Filer);
+  const auto Read = [this](TReader& Reader) {
+    const QByteArray Content = QByteArray::fromBase64(QByteArray::fromStdString(Reader.ReadString()));
+    TMemoryStream Stream;
+    Stream.Write(Content.data(), Content.size());
+    Stream.SetPosition(0);
+    LoadFromStream(Stream);
+  };
+  const auto Write = [this](TWriter& Writer) {
+    TMemoryStream Stream;
+    SaveToStream(Stream);
+    const auto& Bytes = Stream.Bytes();
+    const QByteArray Content(reinterpret_cast<const char*>(Bytes.data()), static_cast<qsizetype>(Bytes.size()));
+    Writer.WriteString(Content.toBase64().toStdString());
+  };
+  Filer.DefineProperty("Data", Read, Write, !Empty());
 }
 
 }  // namespace zy

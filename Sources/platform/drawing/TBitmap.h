@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "platform/framework/Argb.h"
@@ -35,6 +36,9 @@ class TBitmap : public TPersistent {
   TColor TransparentColor() const;
   void SetTransparentColor(TColor Value);
 
+  /// Runs after the picture, or what of it counts as transparent, was set.
+  std::function<void(TObject* Sender)> OnChange;
+
   /// Draws the picture with its upper left corner at a place.
   void Draw(Graphics& Canvas, float X, float Y) const;
 
@@ -49,8 +53,12 @@ class TBitmap : public TPersistent {
 
   /// Copies picture and transparency of another one.
   void Assign(const TPersistent* Source) override;
+  /// Stores the picture within a form.
+  void DefineProperties(TFiler& Filer) override;
 
  private:
+  void Changed();
+
   std::unique_ptr<Bitmap> FPicture;         // opaque
   mutable std::unique_ptr<Bitmap> FCutOut;  // the same without the pixels of the transparent colour, once drawn
   bool FTransparent = false;

@@ -131,6 +131,9 @@ class TZyRaster {
   /// Several polygons as one shape, so that one can be a hole in another.
   void FillPolygons(std::span<const std::span<const PointF>> Polygons, bool Winding, const TRasterPaint& Paint,
                     bool Smooth = true);
+  /// Several polygons as one shape that does not overlap itself, filled Count times in a colour 0xAARRGGBB, each time
+  /// moved on by Step: at the cost of one fill of all that is touched.
+  void FillTrail(std::span<const std::span<const PointF>> Polygons, PointF Step, int Count, std::uint32_t Color);
 
  private:
   void Paint(TRasterCells& Cells, bool Winding, int Opacity, const TRasterPaint& Paint);

@@ -29,6 +29,17 @@ inline std::uint8_t CoverageOf(std::int32_t Sum) {
   return static_cast<std::uint8_t>(((Area << 8) - Area + One / 2) >> 16);
 }
 
+/// Coverage of a sum over outlines that do not overlap themselves.
+struct TLayerRule {
+  explicit TLayerRule(int Layers) : Factor((255ULL << 32) / (static_cast<std::uint64_t>(Layers) << 16)) {}
+  std::uint8_t operator()(std::int32_t Sum) const {
+    constexpr std::uint64_t Half = 1ULL << 31;
+    const auto Area = static_cast<std::uint64_t>(Sum < 0 ? -static_cast<std::int64_t>(Sum) : Sum);
+    return static_cast<std::uint8_t>(std::min<std::uint64_t>((Area * Factor + Half) >> 32, 255));
+  }
+  std::uint64_t Factor;
+};
+
 /// Sums wrap around: exact for the alternate rule, and for the other one out of reach of any real outline.
 inline void Grow(std::int32_t& Cell, std::int32_t Value) {
   Cell = static_cast<std::int32_t>(static_cast<std::uint32_t>(Cell) + static_cast<std::uint32_t>(Value));
@@ -303,25 +314,27 @@ void TRasterCells::Collapse() {
 
 void TRasterCells::Sweep(bool Winding, TCoverageSink& Sink) {
   if (Winding)
-    SweepRows<true>(Sink);
+    SweepRows([](std::int32_t Sum) { return CoverageOf<true>(Sum); }, Sink);
   else
-    SweepRows<false>(Sink);
+    SweepRows([](std::int32_t Sum) { return CoverageOf<false>(Sum); }, Sink);
 }
 
-template <bool Winding>
-void TRasterCells::SweepRows(TCoverageSink& Sink) {
+void TRasterCells::SweepLayers(int Layers, TCoverageSink& Sink) { SweepRows(TLayerRule(Layers), Sink); }
+
+template <class TRule>
+void TRasterCells::SweepRows(const TRule& CoverageOf, TCoverageSink& Sink) {
   PutUprights(false);
   for (std::int64_t Row = FFirstRow; Row <= FLastRow;) {
     const std::int64_t Next = NextBreak(Row, FLastRow + 1);
-    SweepRun<Winding>(static_cast<int>(Row), static_cast<int>(Next - Row), Sink);
+    SweepRun(static_cast<int>(Row), static_cast<int>(Next - Row), CoverageOf, Sink);
     Row = Next;
   }
   if (FFirstRow <= FLastRow)
     std::memset(FBreaks.data() + FFirstRow, 0, static_cast<std::size_t>(FLastRow + 2 - FFirstRow));
 }
 
-template <bool Winding>
-void TRasterCells::SweepRun(int Row, int Rows, TCoverageSink& Sink) {
+template <class TRule>
+void TRasterCells::SweepRun(int Row, int Rows, const TRule& CoverageOf, TCoverageSink& Sink) {
   std::int32_t* Cells = FCells.data() + Row * FCellStride;
   std::uint8_t* Flags = FFlags.data() + Row * FFlagStride;
   const int Width = FBox.Right - FBox.Left;
@@ -357,14 +370,14 @@ void TRasterCells::SweepRun(int Row, int Rows, TCoverageSink& Sink) {
     // Sums are turned into coverage at once: read back as vectors, they would wait for their way through the cache.
     for (int Cell = 0; Cell < BlockSize; ++Cell) {
       Grow(Sum, Part[Cell]);
-      Coverage[Cell] = CoverageOf<Winding>(Sum);
+      Coverage[Cell] = CoverageOf(Sum);
     }
     std::memset(Part, 0, BlockSize * sizeof *Part);
     Flags[Block] = 0;
     ++Block;
     if (Block < FBlocks && Flags[Block] != 0) continue;
     const int Next = NextFlag(Block), From = Block << BlockShift, To = std::min(Next << BlockShift, Width);
-    const std::uint8_t Even = CoverageOf<Winding>(Sum);
+    const std::uint8_t Even = CoverageOf(Sum);
     const bool IsLong = Next - Block >= FewestEvenBlocks;
     if (Even == 0 || (IsLong && Sink.EvenRows(FBox.Left + From, FBox.Top + Row, To - From, Even, Rows)))
       EndRun(Block);

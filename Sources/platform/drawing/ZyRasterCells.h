@@ -36,6 +36,9 @@ class TRasterCells {
   void Collapse();
   /// Hands out the coverage by the non-zero or else the alternate rule, and clears the cells.
   void Sweep(bool Winding, TCoverageSink& Sink);
+  /// Hands out by how many of Layers outlines a pixel is covered, as a part of 255, and clears the cells. No outline
+  /// may overlap itself.
+  void SweepLayers(int Layers, TCoverageSink& Sink);
 
  private:
   void AddClipped(double X0, double Y0, double X1, double Y1);
@@ -48,10 +51,10 @@ class TRasterCells {
   void Break(std::int64_t Row, std::int64_t RowEnd);
   std::int64_t NextBreak(std::int64_t Row, std::int64_t RowEnd) const;
   void PutUprights(bool InEachRow);
-  template <bool Winding>
-  void SweepRows(TCoverageSink& Sink);
-  template <bool Winding>
-  void SweepRun(int Row, int Rows, TCoverageSink& Sink);
+  template <class TRule>
+  void SweepRows(const TRule& CoverageOf, TCoverageSink& Sink);
+  template <class TRule>
+  void SweepRun(int Row, int Rows, const TRule& CoverageOf, TCoverageSink& Sink);
 
   /// An edge straight up or down over whole rows: by how much the sum grows at its column and behind it.
   struct TUpright {

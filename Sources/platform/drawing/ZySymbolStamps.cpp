@@ -11,17 +11,28 @@ namespace {
 constexpr std::size_t MostPixels = std::size_t{4} << 20;
 constexpr int RowUnit = 4;  // rows of stamps end with transparent pixels, so that they are blended in whole groups
 
-/// The box around the pixels that are not transparent, in a picture of Width columns.
-TRasterRect InkOf(const std::vector<std::uint32_t>& Pixels, int Width, int Height) {
+/// The box around the pixels that are not transparent, in a picture of Width columns. What lies within what was found
+/// is not looked at.
+TRasterRect InkOf(const std::uint32_t* Row, int Stride, int Width, int Height) {
   TRasterRect Ink{Width, Height, 0, 0};
-  for (int Y = 0; Y < Height; ++Y) {
-    for (int X = 0; X < Width; ++X) {
-      if (Pixels[static_cast<std::size_t>(Y) * static_cast<std::size_t>(Width) + static_cast<std::size_t>(X)] == 0)
-        continue;
-      Ink = {std::min(Ink.Left, X), std::min(Ink.Top, Y), std::max(Ink.Right, X + 1), Y + 1};
-    }
+  for (int Y = 0; Y < Height; ++Y, Row += Stride) {
+    int Left = 0, Right = Width;
+    while (Left < Ink.Left && Row[Left] == 0) ++Left;
+    while (Right > Ink.Right && Row[Right - 1] == 0) --Right;
+    const bool Grows = Left < Ink.Left || Right > Ink.Right;
+    if (!Grows && std::all_of(Row + Left, Row + std::max(Left, Right), [](std::uint32_t Pixel) { return Pixel == 0; }))
+      continue;
+    Ink = {std::min(Ink.Left, Left), std::min(Ink.Top, Y), std::max(Ink.Right, Right), Y + 1};
   }
   return Ink;
+}
+
+/// Whether a large picture is hardly larger than what it shows, so that it is kept as it is.
+bool InkFills(const TRasterRect& Ink, int Stride, int Height) {
+  constexpr std::int64_t Large = 1 << 16;
+  const std::int64_t Area = std::int64_t{Stride} * Height;
+  const std::int64_t Inked = std::int64_t{Ink.Right - Ink.Left} * (Ink.Bottom - Ink.Top);
+  return Area >= Large && 4 * Inked >= 3 * Area;
 }
 
 }  // namespace
@@ -106,16 +117,23 @@ void TZySymbolStamps::Make(TStamp& Stamp, const RectF& Extent, PointF Fraction, 
                         High(Extent.Y, Extent.Height, Fraction.Y)};
   const int Width = Box.Right - Box.Left;
   const int Height = Box.Bottom - Box.Top;
-  std::vector<std::uint32_t> Pixels(static_cast<std::size_t>(Width) * static_cast<std::size_t>(Height));
-  PaintSymbol({Pixels.data(), Width, Width, Height},
+  const auto InUnits = [](int Columns) { return (Columns + RowUnit - 1) / RowUnit * RowUnit; };
+  const int Stride = InUnits(Width);
+  std::vector<std::uint32_t> Pixels(static_cast<std::size_t>(Stride) * static_cast<std::size_t>(Height));
+  PaintSymbol({Pixels.data(), Stride, Width, Height},
               {Fraction.X - static_cast<float>(Box.Left), Fraction.Y - static_cast<float>(Box.Top)});
-  const TRasterRect Ink = InkOf(Pixels, Width, Height);
+  const TRasterRect Ink = InkOf(Pixels.data(), Stride, Width, Height);
   Stamp.Made = true;
   Stamp.Box = {Box.Left + Ink.Left, Box.Top + Ink.Top, Box.Left + Ink.Right, Box.Top + Ink.Bottom};
   if (Ink.IsEmpty()) return;
-  Stamp.Stride = (Ink.Right - Ink.Left + RowUnit - 1) / RowUnit * RowUnit;
-  for (int Y = Ink.Top; Y < Ink.Bottom; ++Y) {
-    const auto Row = Pixels.begin() + static_cast<std::ptrdiff_t>(Y) * Width;
+  Stamp.Stride = InUnits(Ink.Right - Ink.Left);
+  if (InkFills(Ink, Stride, Height)) {
+    Stamp.Box = Box;
+    Stamp.Stride = Stride;
+    Stamp.Pixels = std::move(Pixels);
+  }
+  for (int Y = Ink.Top; !Pixels.empty() && Y < Ink.Bottom; ++Y) {
+    const auto Row = Pixels.begin() + static_cast<std::ptrdiff_t>(Y) * Stride;
     Stamp.Pixels.insert(Stamp.Pixels.end(), Row + Ink.Left, Row + Ink.Right);
     Stamp.Pixels.resize(static_cast<std::size_t>(Y + 1 - Ink.Top) * static_cast<std::size_t>(Stamp.Stride));
   }

@@ -1,0 +1,26 @@
+#pragma once
+
+// All that an application includes, beside Charts.h, for the controls and dialogs with which its users change a chart.
+
+#include "dialogs/controls/ZyAreaStyles.h"
+#include "dialogs/controls/ZyColorPickCombo.h"
+#include "dialogs/controls/ZyDashStyles.h"
+#include "dialogs/controls/ZyFontDialog.h"
+#include "dialogs/controls/ZyGradientFrame.h"
+#include "dialogs/controls/ZyIntegerEdit.h"
+#include "dialogs/controls/ZyLinkedChecks.h"
+#include "dialogs/controls/ZyNumericUpDn.h"
+#include "dialogs/controls/ZyPointSymbols.h"
+#include "dialogs/controls/ZyTuneColorsDialog.h"
+#include "platform/controls/TCustomComboBox.h"
+#include "platform/controls/TCustomEdit.h"
+#include "platform/controls/TCustomListBox.h"
+#include "platform/controls/TGroupBox.h"
+#include "platform/controls/TPageControl.h"
+#include "platform/controls/TPaintBox.h"
+#include "platform/controls/TScrollBox.h"
+#include "platform/controls/TSpeedButton.h"
+#include "platform/controls/TStaticText.h"
+#include "platform/controls/TStatusBar.h"
+#include "platform/controls/TToolBar.h"
+#include "platform/controls/TTrackBar.h"
