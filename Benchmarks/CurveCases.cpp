@@ -1,7 +1,10 @@
 #include "Cases.h"
+#include "analysis/curves/ZyFourierTransform.h"
 #include "analysis/curves/ZyInterpolationCalculation.h"
+#include "analysis/curves/ZyLeastSquaresCalculation.h"
 #include "analysis/curves/ZyLinearRegressionCalculation.h"
 #include "analysis/curves/ZyMovingAverageCalculation.h"
+#include "analysis/curves/ZySimplexFit.h"
 #include "series/ZyMovingAverage.h"
 
 namespace zy::cases {
@@ -60,6 +63,44 @@ TResult Regress(bool HasWeights) {
   return Median([&] { Sample.Curve.Calculate(); });
 }
 
+TResult Polynomial(int Order) {
+  TOverMillion<TZyPolynomialCalculation> Sample;
+  Sample.Curve.SetOrder(Order);
+  return Median([&] { Sample.Curve.Calculate(); });
+}
+
+/// 301 steps for four coefficients over 100,000 points, by a formula or by the same function compiled.
+TResult Simplex(bool IsCompiled) {
+  TZyDoubleVector X, Y;
+  for (int i = 0; i < 100'000; ++i) {
+    const double x = i * 1e-4;
+    X.Add(x);
+    Y.Add(3 * std::exp(-0.7 * x) + 0.2 * x + 1 + 0.1 * std::sin(1e3 * i));
+  }
+  TZySimplexFit Fit;
+  Fit.XData = &X;
+  Fit.YData = &Y;
+  Fit.SetIterations(300);
+  Fit.SetExpression("A*Exp(-B*X)+C*X+D");
+  if (IsCompiled)
+    Fit.SetFittingFkt([](TObject*, const TZyFittingFunctionArgs& e) {
+      return e.Coefficients[0] * std::exp(-e.Coefficients[1] * e.X) + e.Coefficients[2] * e.X + e.Coefficients[3];
+    });
+  return Median([&] {
+    Fit.SetCoefs(std::vector<double>(4, 0.5));
+    Fit.Calculate();
+  });
+}
+
+TResult Transform(std::size_t Length) {
+  TComplexArray Values(Length);
+  for (std::size_t i = 0; i < Length; ++i) Values[i].Re = std::sin(1e-3 * static_cast<double>(i * i % 7919));
+  return Median([&] {
+    TComplexArray Copy = Values;
+    DiscreteFourierTransform(Copy);
+  });
+}
+
 TZyMovingAverage& AddAverage(TChart& Chart) {
   const TData Data(Million);
   auto& Series = Chart.Add<TZyMovingAverage>(Data.X, Data.Y);
@@ -115,6 +156,12 @@ std::span<const TCase> CurveCases() {
       {"average1e6-10000-exponential", 40, [] { return Average(10000, ExponentiallyWeighted); }},
       {"regression1e6", 8, [] { return Regress(false); }},
       {"regression1e6-weights", 8, [] { return Regress(true); }},
+      {"polynomial1e6-3", 60, [] { return Polynomial(3); }},
+      {"polynomial1e6-10", 250, [] { return Polynomial(10); }},
+      {"simplex1e5", 1500, [] { return Simplex(false); }},
+      {"simplex1e5-compiled", 0, [] { return Simplex(true); }},
+      {"fourier2^20", 100, [] { return Transform(std::size_t{1} << 20); }},
+      {"fourier1000003", 500, [] { return Transform(1'000'003); }},
       {"average1e6-append", 0, AppendToAverage},
       {"average1e6-repaint", 0, AverageAgain},
   };

@@ -1,40 +1,17 @@
-// The same calculations by other libraries, in turns with ours: a million points, medians of some runs.
-//
-//     CASE OURS_MS OTHER_MS OTHER_BY_OURS LARGEST_DIFFERENCE
+// Curves through a million points by other libraries, in turns with ours.
 
 #include <gsl/gsl_fit.h>
 #include <gsl/gsl_spline.h>
 #include <interpolation.h>
 
-#include <cstdio>
-#include <string_view>
-
-#include "Cases.h"
+#include "OtherLibrary.h"
 #include "analysis/curves/ZyInterpolationCalculation.h"
 #include "analysis/curves/ZyLinearRegressionCalculation.h"
-#include "platform/framework/WideRegisters.h"
 
 namespace {
 
 using namespace zy;
 using namespace zy::cases;
-
-constexpr int Runs = 7;
-
-/// Runs both in turns. Difference compares their results afterwards.
-template <class TOurs, class TOther, class TDifference>
-void Compare(const char* Name, const TOurs& Ours, const TOther& Other, const TDifference& Difference) {
-  std::vector<double> OfOurs, OfOther;
-  for (int i = 0; i < Runs; ++i) {
-    ClearWideRegisters();
-    OfOurs.push_back(SecondsOf(Ours));
-    ClearWideRegisters();
-    OfOther.push_back(SecondsOf(Other));
-  }
-  const double Mine = MiddleOf(OfOurs), Theirs = MiddleOf(OfOther);
-  std::printf("%-28s %8.1f %8.1f %6.2f %.2g\n", Name, Mine * 1e3, Theirs * 1e3, Theirs / Mine, Difference());
-  std::fflush(stdout);
-}
 
 struct TSample {
   TSample() {

@@ -9,6 +9,7 @@ build/release/Examples/captions
 build/release/Examples/caption_editor
 build/release/Examples/embed
 build/release/Examples/form
+build/release/Examples/analysis
 build/release/Examples/equation
 build/release/Examples/measure
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then build/release/Examples/gallery; fi

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numbers>
+#include <vector>
 
 #include "analysis/ZyParseFktBuilder.h"
 #include "analysis/ZyParseFktFunctions.h"
@@ -56,14 +57,19 @@ double TZyFunctionParser::GetResult() const {
 }
 
 void TZyFunctionParser::GetResults(std::string_view Variable, std::span<const double> Arguments,
-                                   std::span<double> Results) const {
+                                   std::span<double> Results, std::span<const std::string_view> Fixed) const {
   if (!FStartNode) throw EExternal(LoadResString(_sNoExpression));
   if (Arguments.size() != Results.size())
     throw EInvalidOperation(Format(LoadResString(_sResultCount), {Results.size(), Arguments.size()}));
-  const TZyDoubleGetterRec* Row = FindByFullName(FObjectsToUpdate, Variable);
-  if (Row == nullptr) Row = FindByFullName(GlobalVariableList(), Variable);
-  if (Row == nullptr) throw EInvalidOperation(Format(LoadResString(_sNoArgument), {Variable}));
-  FStartNode->GetResults(Row->AGetter, Arguments, Results);
+  const auto GetterOf = [this](std::string_view Name) {
+    const TZyDoubleGetterRec* Row = FindByFullName(FObjectsToUpdate, Name);
+    if (Row == nullptr) Row = FindByFullName(GlobalVariableList(), Name);
+    if (Row == nullptr) throw EInvalidOperation(Format(LoadResString(_sNoArgument), {Name}));
+    return Row->AGetter;
+  };
+  std::vector<TZyBoundGetter<double()>> Getters;
+  for (const std::string_view Name : Fixed) Getters.push_back(GetterOf(Name));
+  FStartNode->GetResults(GetterOf(Variable), Arguments, Results, Getters);
 }
 
 }  // namespace zy

@@ -42,12 +42,13 @@ class TZyFunctionParser {
   /// whatever a getter throws.
   double GetResult() const;
   /// The values of the formula with each of the arguments in turn in place of the variable of that full name: bit for
-  /// bit those of GetResult. All other getters are called anew for each element. Results may be the memory of
-  /// Arguments.
+  /// bit those of GetResult. All other getters are called anew for each element, but for those of the full names in
+  /// Fixed, which are called once. Results may be the memory of Arguments.
   ///
   /// Throws as GetResult does (results may then be partly written), and EInvalidOperation when no list has the variable
   /// or when the two spans differ in size.
-  void GetResults(std::string_view Variable, std::span<const double> Arguments, std::span<double> Results) const;
+  void GetResults(std::string_view Variable, std::span<const double> Arguments, std::span<double> Results,
+                  std::span<const std::string_view> Fixed = {}) const;
 
   /// The object on whose behalf formulas are evaluated: it is noted with the containers of the variables used. May be
   /// null; must outlive the parser or be set to null.

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <functional>
 #include <limits>
+#include <optional>
+#include <vector>
 
 #include "analysis/ZyParseFktTree.h"
 
@@ -125,9 +127,10 @@ void ApplyPair(TZyOperator Outer, TZyOperator Inner, const TValues* Operands, do
 /// One pass over the nodes for a block of arguments, with the memory for it.
 class TZyTree::TBlock {
  public:
-  TBlock(const TZyTree& Tree, std::size_t ArgumentIndex)
+  TBlock(const TZyTree& Tree, std::size_t ArgumentIndex, std::span<const TZyBoundGetter<double()>> Fixed)
       : FTree(Tree),
         FArgumentIndex(ArgumentIndex),
+        FFixed(ValuesOf(Tree, ArgumentIndex, Fixed)),
         FColumns(static_cast<std::size_t>(std::count_if(Tree.FNodes.begin(), Tree.FNodes.end(),
                                                         [this](const TZyNode& Node) { return IsFetched(Node); }))) {}
 
@@ -147,7 +150,22 @@ class TZyTree::TBlock {
 
  private:
   static bool IsLeaf(const TZyNode& Node) { return Node.Token == TZyArg::Constant || Node.Token == TZyArg::Getter; }
-  bool IsFetched(const TZyNode& Node) const { return Node.Token == TZyArg::Getter && Node.Index != FArgumentIndex; }
+  /// By the getters of the tree: the value of one that has the same for all elements.
+  using TFixed = std::vector<std::optional<double>>;
+  static TFixed ValuesOf(const TZyTree& Tree, std::size_t ArgumentIndex,
+                         std::span<const TZyBoundGetter<double()>> Fixed) {
+    TFixed Result(Tree.FGetters.size());
+    if (Fixed.empty() || !Tree.FArrays.empty()) return Result;
+    for (std::size_t i = 0; i < Result.size(); ++i) {
+      const TZyBoundGetter<double()>& Getter = Tree.FGetters[i];
+      const auto IsIt = [&Getter](const auto& Each) { return Getter.IsSame(Each); };
+      if (i != ArgumentIndex && std::ranges::any_of(Fixed, IsIt)) Result[i] = Getter();
+    }
+    return Result;
+  }
+  bool IsFetched(const TZyNode& Node) const {
+    return Node.Token == TZyArg::Getter && Node.Index != FArgumentIndex && !FFixed[Node.Index];
+  }
   double* Column(std::size_t Index) { return FMemory.data() + (FValues.size() + Index) * BlockSize; }
 
   /// Calls the other getters, for each element in the order of the text.
@@ -166,6 +184,7 @@ class TZyTree::TBlock {
     std::size_t NextColumn = 0;
     const auto Leaf = [&](const TZyNode& Node) {
       if (Node.Token == TZyArg::Constant) return TValues{nullptr, Node.AConstant};
+      if (FFixed[Node.Index]) return TValues{nullptr, *FFixed[Node.Index]};
       return TValues{IsFetched(Node) ? Column(NextColumn++) : Arguments, 0};
     };
     // The last node writes straight to where the results go.
@@ -226,18 +245,19 @@ class TZyTree::TBlock {
 
   const TZyTree& FTree;
   std::size_t FArgumentIndex;
+  TFixed FFixed;
   std::size_t FColumns;
   std::vector<TValues> FValues;
   std::vector<double> FMemory;  // a block for each value that can wait, then one for each column
 };
 
 void TZyTree::GetResults(const TZyBoundGetter<double()>& Argument, std::span<const double> Arguments,
-                         std::span<double> Results) const {
+                         std::span<double> Results, std::span<const TZyBoundGetter<double()>> Fixed) const {
   const auto Found = std::find_if(FGetters.begin(), FGetters.end(),
                                   [&Argument](const auto& Getter) { return Getter.IsSame(Argument); });
   const std::size_t Index = Found == FGetters.end() ? std::numeric_limits<std::size_t>::max()
                                                     : static_cast<std::size_t>(Found - FGetters.begin());
-  TBlock Block(*this, Index);
+  TBlock Block(*this, Index, Fixed);
   if (Block.Possible()) return Block.Evaluate(Arguments, Results);
   for (std::size_t i = 0; i < Arguments.size(); ++i) Results[i] = Evaluate(Index, Arguments[i]);
 }

@@ -50,9 +50,10 @@ class TZyTree {
   double GetResult() const;
 
   /// Evaluates for each value of Arguments in place of one getter: the same bits as GetResult gives, element by
-  /// element, with all other getters called anew for each. Results has as many elements and may be the same memory.
+  /// element, with all other getters called anew for each, but for Fixed ones, which are called once. Results has as
+  /// many elements and may be the same memory.
   void GetResults(const TZyBoundGetter<double()>& Argument, std::span<const double> Arguments,
-                  std::span<double> Results) const;
+                  std::span<double> Results, std::span<const TZyBoundGetter<double()>> Fixed) const;
 
  private:
   class TBlock;

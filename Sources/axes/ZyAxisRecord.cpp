@@ -134,18 +134,6 @@ void TZyAxisRecord::EndFields() {
 
 /// A source that cannot be found leaves the axis without one, and with the texts that it has.
 void TZyAxisRecord::RubricFields() {
-  const auto Texts = [&] {
-    const TStringList& List = FAxis.FRubrics.Texts();
-    std::vector<std::string> Result;
-    for (int Index = 0; Index < List.Count(); ++Index) Result.push_back(List.Get(Index));
-    return Result;
-  };
-  const auto SetTexts = [&](const std::vector<std::string>& Value) {
-    TStringList List;
-    for (const std::string& Text : Value) List.Add(Text);
-    FAxis.FRubrics.SetBound(false);
-    FAxis.FRubrics.Set(&List);
-  };
   const auto LinkFields = [&] {
     FArchive.Reference<&T::DataSource, &T::SetDataSource>(
         FAxis, TZyFieldName("Rubrics.DataSource").Xml("Rubrics/Database/DataSource"));
@@ -155,7 +143,7 @@ void TZyAxisRecord::RubricFields() {
   };
   FArchive.Alternative(
       TZyFieldName("Rubrics.FromDatabase").Xml("Rubrics/Database"), FAxis.FRubrics.IsBound(), LinkFields, [&] {
-        FArchive.List(TZyFieldName("Captions").Xml("Rubrics/Captions").CountKey("Rubrics.Count"), Texts, SetTexts);
+        FAxis.FRubrics.Fields(FArchive, TZyFieldName("Captions").Xml("Rubrics/Captions").CountKey("Rubrics.Count"));
       });
 }
 

@@ -283,6 +283,15 @@ void TZyGraph2D::TestSeriesAndAxis() {
   ForEachAxis([](TZyAxis& Axis) { Axis.GetNewRanges(); });
 }
 
+/// Numbers the layers by an order. A curve that belongs to another one shares its layer.
+static void NumberLayers(const std::vector<TZySeries*>& Order) {
+  int Layer = 0;
+  for (TZySeries* Series : Order)
+    if (!Series->IsSubComponent()) Series->Renumber(Layer++);
+  for (TZySeries* Series : Order)
+    if (Series->IsSubComponent()) Series->Renumber(static_cast<TZySeries*>(Series->Owner())->Layer());
+}
+
 void TZyGraph2D::SortLayers() {
   std::vector<TZySeries*> Order;
   for (TZySeries* Series : FRelatedSeries) Order.push_back(Series);
@@ -295,8 +304,7 @@ void TZyGraph2D::SortLayers() {
     FRelatedSeries.Swap(static_cast<std::size_t>(Place - Order.begin()),
                         static_cast<std::size_t>(Lowest - Order.begin()));
   }
-  int Layer = 0;
-  for (TZySeries* Series : Order) Series->Renumber(Layer++);
+  NumberLayers(Order);
   if (!IsSorted) LegendsModified();  // these list them in their order
 }
 
@@ -404,6 +412,7 @@ int TZyGraph2D::PlaceOf(const TZySeries& Series) const {
   bool IsBehind = false;
   for (const TZySeries* Other : FRelatedSeries) {
     if (Other == &Series) IsBehind = true;
+    if (Other->IsSubComponent()) continue;
     if (Other->Layer() < Series.Layer() || (!IsBehind && Other->Layer() == Series.Layer())) ++Place;
   }
   return Place;
@@ -411,11 +420,13 @@ int TZyGraph2D::PlaceOf(const TZySeries& Series) const {
 
 void TZyGraph2D::SetPlaceOf(TZySeries& Series, int Place) {
   std::vector<TZySeries*> Order;
+  std::vector<TZySeries*> Children;
   for (TZySeries* Other : FRelatedSeries)
-    if (Other != &Series) Order.push_back(Other);
+    if (Other != &Series) (Other->IsSubComponent() ? Children : Order).push_back(Other);
   std::ranges::stable_sort(Order, {}, &TZySeries::Layer);
   Order.insert(Order.begin() + std::clamp<std::ptrdiff_t>(Place, 0, std::ssize(Order)), &Series);
-  for (int Layer = 0; TZySeries * Other : Order) Other->Renumber(Layer++);
+  Order.insert(Order.end(), Children.begin(), Children.end());
+  NumberLayers(Order);
   Modified();
 }
 

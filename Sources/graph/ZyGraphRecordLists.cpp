@@ -65,15 +65,13 @@ void TZyGraphRecord::Lists() {
 
 // --- What is written ------------------------------------------------------------------------------------------------
 
-/// Those of the graph, and those that wait for what they lack; parts of series go with these.
+/// Those of the graph, and those that wait for what they lack.
 std::vector<TZySeries*> TZyGraphRecord::StoredSeries() const {
   std::vector<TZySeries*> Result;
-  const auto Add = [&Result](TZySeries* One) {
+  for (TZySeries* One : FGraph.RelatedSeries())
     if (IsStored(*One) && !One->IsSubComponent()) Result.push_back(One);
-  };
-  for (TZySeries* One : FGraph.RelatedSeries()) Add(One);
   for (TZySeries* One : FGraph.FIncompleteSeries)
-    if (!One->HasGraph()) Add(One);
+    if (IsStored(*One) && !One->HasGraph()) Result.push_back(One);
   return Result;
 }
 

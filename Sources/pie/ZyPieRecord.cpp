@@ -72,20 +72,8 @@ void TZyPieRecord::CaptionFields() {
     Field<&T::CaptionsField, &T::SetCaptionsField>(TZyFieldName("CaptionsField").Xml("Database/CaptionsField"));
     if (FArchive.IsReading()) FChart.FCaptions.SetBound(true);
   };
-  const auto Texts = [&] {
-    const TStringList& List = FChart.FCaptions.Texts();
-    std::vector<std::string> Result;
-    for (int Index = 0; Index < List.Count(); ++Index) Result.push_back(List.Get(Index));
-    return Result;
-  };
-  const auto SetTexts = [&](const std::vector<std::string>& Value) {
-    TStringList List;
-    for (const std::string& Text : Value) List.Add(Text);
-    FChart.FCaptions.SetBound(false);
-    FChart.FCaptions.Set(&List);
-  };
   FArchive.Alternative(TZyFieldName("Database").Ini("FromDatabase"), FChart.FCaptions.IsBound(), Link,
-                       [&] { FArchive.List(TZyFieldName("Captions").Square().Later(), Texts, SetTexts); });
+                       [&] { FChart.FCaptions.Fields(FArchive, TZyFieldName("Captions").Square().Later()); });
 }
 
 // --- Legends --------------------------------------------------------------------------------------------------------

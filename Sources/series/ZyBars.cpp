@@ -313,20 +313,9 @@ void TZyBars::CaptionFields(TZyArchive& Archive) {
                                                            TZyFieldName("CaptionsField").Xml("Database/CaptionsField"));
     if (Archive.IsReading()) FCaptions.SetBound(true);
   };
-  const auto Texts = [&] {
-    std::vector<std::string> Result;
-    for (int Index = 0; Index < FCaptions.Texts().Count(); ++Index) Result.push_back(FCaptions.Texts().Get(Index));
-    return Result;
-  };
-  const auto SetTexts = [&](const std::vector<std::string>& Value) {
-    TStringList List;
-    for (const std::string& Text : Value) List.Add(Text);
-    FCaptions.SetBound(false);
-    FCaptions.Set(&List);
-  };
   const bool AreLeftOut = Graph() != nullptr && !Graph()->SavesData();
   Archive.Alternative(TZyFieldName("Database").Ini("FromDatabase"), FCaptions.IsBound(), Link,
-                      [&] { Archive.List(TZyFieldName("Captions").Omit(AreLeftOut), Texts, SetTexts); });
+                      [&] { FCaptions.Fields(Archive, TZyFieldName("Captions").Omit(AreLeftOut)); });
 }
 
 }  // namespace zy

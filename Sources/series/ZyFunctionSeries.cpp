@@ -136,6 +136,11 @@ void TZyFunctionSeries::CalculateFunction() {
   if (Count() < MinCount()) return;
   SetLimits();
   CalculateCurve();
+  TakeRangeOfCurve();
+}
+
+void TZyFunctionSeries::TakeRangeOfCurve() {
+  if (FXAxis == nullptr || FYAxis == nullptr) throw EAbort(LoadResString(_sSeriesChanged));  // by a handler
   TRange Y;
   Sample(FDisplayStart, FDisplayStop, [&](double x) { Y.Take(GetY(x)); });
   if (FClipYValues && AnyOtherSeries()) Y = {};
@@ -208,12 +213,25 @@ void TZyFunctionSeries::CalculatePoints() {
   TZyLineSeries::CalculatePoints();
 }
 
+/// A curve without a value at some place where it is drawn is not drawn at all, which OnCalculationError is told: a
+/// paint goes on.
 void TZyFunctionSeries::TakeNewPixels() {
-  if (!FHasCurve || Count() < MinCount()) return;
+  if (!HasCurve() || Count() < MinCount()) return;
   const double Start = std::max(FDisplayStart, std::min(FXAxis->Start(), FXAxis->Stop()));
   const double Stop = std::min(FDisplayStop, std::max(FXAxis->Start(), FXAxis->Stop()));
   const auto Take = [this](double x) { Keep({FXAxis->NumberToWorld(x), FYAxis->NumberToWorld(GetY(x))}, -1); };
-  ForEachColumn(Start, Stop, Take);
+  const std::uint64_t Alive = LiveHandle();
+  try {
+    ForEachColumn(Start, Stop, Take);
+  } catch (const EAbort&) {
+    throw;
+  } catch (const std::exception& Error) {  // a function of the application has no value there
+    if (FromLiveHandle(Alive) == nullptr) throw EAbort(LoadResString(_sSeriesFreed));
+    ForgetPixels();
+    const TZyCalculationErrorHandler Handler = mCalculationError;
+    if (Handler) Handler(this, Error);
+    TZyPointLook::TestAlive(Alive);
+  }
 }
 
 void TZyFunctionSeries::ForEachColumn(double Start, double Stop, const std::function<void(double x)>& Do) const {

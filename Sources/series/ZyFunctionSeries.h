@@ -102,14 +102,24 @@ class TZyFunctionSeries : public TZyLineSeries {
     AddVariableToList(Id, LoadResString(Comment), this, GlobalVariableList(),
                       [this, Getter] { return (static_cast<TKind*>(this)->*Getter)(); });
   }
-  void CalculationModified() { SetLastCount(0); }
-  /// Whether the last calculation succeeded.
-  bool HasCurve() const { return FHasCurve; }
+  /// The same for numbers in a row; Getter throws ERangeError beyond them.
+  void AddArray(const char* Id, TZyText Comment, TZyArrayValGetter Getter) {
+    AddArrayToList(Id, LoadResString(Comment), this, GlobalArrayList(), std::move(Getter));
+  }
+  /// The next paint calculates. Of too few points nothing stays to be seen.
+  void CalculationModified() {
+    SetLastCount(0);
+    if (Count() < MinCount()) PointsModified();
+  }
+  /// Whether there is a curve: the last calculation succeeded.
+  virtual bool HasCurve() const { return FHasCurve; }
   /// Runs the calculation over the data and the range as they stand; a range that follows the data is that of all
   /// data as long as no paint has taken it. The vectors are lent for this one run: they may die before the next.
   void CalculateCurve() const;
   /// Takes the ranges of calculation and display that follow the data.
   void SetLimits();
+  /// Takes the range of Y of the curve within its display range, and ends in TellCalculated.
+  void TakeRangeOfCurve();
   /// Whether the Y axis has a visible series of data, to whose scale the curve then keeps.
   bool AnyOtherSeries() const;
   /// What ends CalculateFunction: OnCalculated, after which the series may be gone.

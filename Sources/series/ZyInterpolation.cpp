@@ -123,14 +123,10 @@ void TZyInterpolation::RegisterVariables() {
   TZyFunctionSeries::RegisterVariables();
   AddVariable("SmoothingRange", _sSmoothingRange, &TZyInterpolation::GetSmoothM);
   AddVariable("ElasticityFactor", _sElasticityFactor, &TZyInterpolation::GetElasticityFactor);
-  const auto Add = [this](const char* Id, TZyText Comment, double (TZyInterpolation::*Getter)(int)) {
-    AddArrayToList(Id, LoadResString(Comment), this, GlobalArrayList(),
-                   [this, Getter](std::int32_t i) { return (this->*Getter)(i); });
-  };
-  Add("Maxima.X", _sMaxima, &TZyInterpolation::GetXMaxima);
-  Add("Maxima.Y", _sMaxima, &TZyInterpolation::GetYMaxima);
-  Add("Minima.X", _sMinima, &TZyInterpolation::GetXMinima);
-  Add("Minima.Y", _sMinima, &TZyInterpolation::GetYMinima);
+  AddArray("Maxima.X", _sMaxima, [this](int i) { return GetXMaxima(i); });
+  AddArray("Maxima.Y", _sMaxima, [this](int i) { return GetYMaxima(i); });
+  AddArray("Minima.X", _sMinima, [this](int i) { return GetXMinima(i); });
+  AddArray("Minima.Y", _sMinima, [this](int i) { return GetYMinima(i); });
 }
 
 // --- Slope and integral ---------------------------------------------------------------------------------------------

@@ -19,8 +19,12 @@ double TZySeriesInput::Transform(double Value, int Idx) const {
   if (!mTransformation) return Value;
   const unsigned Before = FChanges;
   const double Result = mTransformation(&FSeries, {Value, Idx});
-  if (FChanges != Before) throw EAbort(LoadResString(_sSeriesChanged));
+  TestUnchanged(Before);
   return Result;
+}
+
+void TZySeriesInput::TestUnchanged(unsigned Before) {
+  if (FChanges != Before) throw EAbort(LoadResString(_sSeriesChanged));
 }
 
 void TZySeriesInput::SwapWith(TZySeriesInput& Other) {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <span>
+#include <utility>
 
 #include "platform/framework/TRef.h"
 #include "series/vectors/ZyCustomDoubleVector.h"
@@ -64,6 +67,19 @@ class TZySeriesInput {
   /// Value as the event makes it. Throws EAbort when the handler changed what any series reads, or freed one: nothing
   /// of this one may be touched on the way out. What was under way is done anew at the next paint.
   double Transform(double Value, int Idx) const;
+  /// A handler that ends in the same way after a call which changed what any series reads. It may be replaced while it
+  /// runs.
+  template <class TResult, class... TArgs>
+  static std::function<TResult(TArgs...)> Watched(std::function<TResult(TArgs...)> Handler) {
+    if (!Handler) return {};
+    return [Shared = std::make_shared<const std::function<TResult(TArgs...)>>(std::move(Handler))](TArgs... Args) {
+      const auto Kept = Shared;
+      const unsigned Before = FChanges;
+      const TResult Result = (*Kept)(Args...);
+      TestUnchanged(Before);
+      return Result;
+    };
+  }
   /// The transformed value at an index. Throws ERangeError outside the vector.
   double At(int Idx) const { return Transform(FVector->GetValue(Idx), Idx); }
   /// The reference in the record of the series; the index has none there.
@@ -78,6 +94,8 @@ class TZySeriesInput {
   void SwapWith(TZySeriesInput& Other);
 
  private:
+  static void TestUnchanged(unsigned Before);
+
   inline static unsigned FChanges = 0;
 
   TZySeries& FSeries;

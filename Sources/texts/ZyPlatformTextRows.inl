@@ -173,6 +173,9 @@ ZY_TEXT(_sZoomKeyboardZoom, "Graph zoom by keyboard")
 
 // ---- Analysis curves ----
 ZY_TEXT(_sAveragingNoWeight, "All weights of the values to average are zero")
+ZY_TEXT(_sFitX, "X-Value")
+ZY_TEXT(_sFitVariable, "Variable %s")
+ZY_TEXT(_sFitWithoutValue, "SimplexFit: the function has no finite value at the data for any of the coefficients tried")
 
 // ---- Series ----
 ZY_TEXT(_sSeriesFreed, "An event handler freed the series")

@@ -67,6 +67,38 @@ TEST(ZyFitsTest, CertifiedData) {
   }
 }
 
+// Of many points a polynomial takes sums, and a basis function of the same powers row by row: both say the same, where
+// the points lie evenly and where they crowd so that sums do not tell enough.
+TEST(ZyFitsTest, SumsTellWhatRowsTell) {
+  std::mt19937 Random(3);
+  std::normal_distribution<double> Noise;
+  for (const bool Crowds : {false, true}) {
+    TZyDoubleVector X, Y, Weight;
+    for (int i = 0; i < 3000; ++i) {
+      const double x = Crowds && i > 12 ? 1 + i * 1e-7 : i * 2e-3 - 1;
+      X.Add(x);
+      Y.Add(std::sin(x) + 0.1 * Noise(Random));
+      Weight.Add(1 + i % 3);
+    }
+    TZyPolynomialCalculation One, Other;
+    for (TZyPolynomialCalculation* Fit : {&One, &Other}) {
+      Fit->XData = &X;
+      Fit->YData = &Y;
+      Fit->Weight = &Weight;
+      Fit->SetOrder(6);
+    }
+    Other.mGetBasisFn = [](TObject*, const TZyGeneralLinearFittingArgs& e) { return std::pow(e.X, e.Index); };
+    One.Calculate();
+    Other.Calculate();
+    const double Close = Crowds ? 1e-6 : 1e-9;  // the powers of the function are rounded, and crowds magnify that
+    for (std::size_t k = 0; k < One.Coeffs.size(); ++k) {
+      EXPECT_NEAR(One.Coeffs[k], Other.Coeffs[k], Close * std::fabs(Other.Coeffs[k])) << Crowds << k;
+      EXPECT_NEAR(One.DeltaCoeffs[k], Other.DeltaCoeffs[k], Close * Other.DeltaCoeffs[k]) << Crowds << k;
+    }
+    EXPECT_NEAR(One.SumOfResiduals, Other.SumOfResiduals, Close * Other.SumOfResiduals);
+  }
+}
+
 TEST(ZyFitsTest, PointsThatTakePart) {
   TZyDoubleVector X, Y, Weight;
   TZyPolynomialCalculation Fit;

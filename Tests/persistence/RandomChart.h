@@ -11,6 +11,7 @@
 #include "platform/framework/Application.h"
 #include "platform/sql/TSqlDataSet.h"
 #include "series/ZyBubbles.h"
+#include "series/ZyFittedLine.h"
 #include "series/ZyFunctionSeries.h"
 #include "texts/Exceptions.h"
 #include "undo/RandomSetters.h"
@@ -66,7 +67,7 @@ class TRandomChart : public TGraphPair {
     for (TComponent* Component : std::vector(Form.Components()))
       if (dynamic_cast<TZyDoubleVector*>(Component) == nullptr) SetAll(*Component);
     for (TZyMovable* Marker : FMarkers) {
-      const auto Series = Listed(Graph->RelatedSeries());
+      const auto Series = Whole(Graph->RelatedSeries());
       if (Roll(2) == 0) Marker->SetSnappedSeries(Series[Choose(Series)]);
       if (auto* const Label = dynamic_cast<TZyLabelWithArrowMarker*>(Marker)) Label->Arrow().SetVisible(true);
     }
@@ -79,7 +80,7 @@ class TRandomChart : public TGraphPair {
       if (Roll(5) == 0) Axis->SetDataSource(FData.Source), Axis->SetRubricsField("r");
     }
     for (TZyGraph2D* One : Graphs())
-      for (TZySeries* Series : One->RelatedSeries()) Refer(*Series, Listed(One->RelatedSeries()));
+      for (TZySeries* Series : One->RelatedSeries()) Refer(*Series, Whole(One->RelatedSeries()));
     for (int Times = 0; Times < 2; ++Times) {
       for (TZyGraph2D* One : Graphs())
         for (TZySeries* Series : One->RelatedSeries()) {  // those without AutoUpdate as well
@@ -168,6 +169,8 @@ class TRandomChart : public TGraphPair {
         continue;
       }
       Quieten(*Series);
+      if (auto* const Fit = dynamic_cast<TZyFittedLine*>(Series))
+        Fit->SetIterations(0);  // a fit goes on when it is read
       Series->SetYAxis(Up[Choose(Up)]);
       TZyAxis* const OneAcross = Across[Choose(Across)];
       if (OneAcross->Parent() == Series->YAxis()->Parent()) Series->SetXAxis(OneAcross);
@@ -192,6 +195,13 @@ class TRandomChart : public TGraphPair {
     for (int Count = Roll(40); Count > 0; --Count) Vector->Add(Roll(2000) / 16.0 - 20);
     for (int Count = Roll(3); Count > 0 && Vector->Count() > 0; --Count) Vector->AddOutlier(Roll(Vector->Count()));
     if (FHasDatabase && Roll(4) == 0) Vector->SetDataSource(FData.Source), Vector->SetDataField("v");
+  }
+
+  /// Those that are no part of another one, whose record leaves them out.
+  static std::vector<TZySeries*> Whole(const TRefList<TZySeries>& List) {
+    std::vector<TZySeries*> Result = Listed(List);
+    std::erase_if(Result, [](const TZySeries* Series) { return Series->IsSubComponent(); });
+    return Result;
   }
 
   /// Refers to series of the same graph, those that stand behind included.
@@ -235,6 +245,8 @@ class TRandomChart : public TGraphPair {
                                                     "BorderRaised",
                                                     "BorderLowered",
                                                     "ItemHeight",
+                                                    "Iterations",
+                                                    "Phase",
                                                     "ItemsOrderList",
                                                     "Graph",
                                                     "SnappedSeries",
@@ -243,7 +255,8 @@ class TRandomChart : public TGraphPair {
                                                     "SnapToSeriesValues"};
     for (const TPropInfo* Info : Object.ClassInfo().Properties()) {
       const bool IsOfLine = Object.ClassInfo().InheritsFrom(TZySimpleLineSettings::StaticClassInfo());
-      if (Info->IsOwnedObject && Info->GetObject(Object) != nullptr && (HasLineGradients || !IsOfLine))
+      if (Info->IsOwnedObject && !Kept.contains(Info->Name) && Info->GetObject(Object) != nullptr &&
+          (HasLineGradients || !IsOfLine))
         SetAll(*Info->GetObject(Object));
       if (Kept.contains(Info->Name) || IsVector(*Info) || Roll(2) == 0) continue;
       try {

@@ -167,7 +167,7 @@ TEST(ZySmallChartTest, OlderRecordsLeaveLaterFieldsAlone) {
   for (const auto& [Source, Target] : Pairs) {
     SCOPED_TRACE(Source->RecordName());
     std::vector<TPersistent*> Objects;
-    Collect(dynamic_cast<TPersistent&>(*Source), Objects);
+    Collect(dynamic_cast<TPersistent&>(*Source), Objects, true);
     for (TPersistent* Object : Objects)
       for (const TPropInfo* Info : Object->ClassInfo().Properties())
         if (!std::string_view(Info->Name).ends_with("Marker") && Info->Name != std::string_view("Name"))  // parts stay

@@ -33,7 +33,7 @@ TEST(ZySeriesRecordTest, EveryFormBringsBackAllFields) {
   const auto Empty = Chart.AddOfEachKind("Read"), Filled = Chart.AddOfEachKind("");
   for (std::size_t i = 0; i < Filled.size(); ++i) {
     std::vector<TPersistent*> Objects;
-    Collect(*Filled[i], Objects);
+    Collect(*Filled[i], Objects, true);
     std::erase_if(Objects, [](TPersistent* Object) {
       return Object->ClassInfo().InheritsFrom(TZyGradientSettings::StaticClassInfo());
     });  // a line's are in streams only

@@ -15,7 +15,8 @@ namespace zy::testing {
 
 /// What is set without undo: the curve that divides the points, what the designer sets once, looks and sizes without
 /// a step, the paddings of an axis, the offset of a regression that is not fixed, how markers are dragged, and the
-/// table and the parts of a sample and of a cross hair.
+/// table and the parts of a sample and of a cross hair; and how long a fit goes on from the last one, whose
+/// coefficients are no step.
 inline const std::set<std::string_view> NotUndone = {"BufferType",
                                                      "PanningCursor",
                                                      "SmoothingMode",
@@ -37,6 +38,7 @@ inline const std::set<std::string_view> NotUndone = {"BufferType",
                                                      "SnapToSeriesValues",
                                                      "MouseDrag",
                                                      "HoverGrips",
+                                                     "Iterations",
                                                      "ArrowEndGripCursor",
                                                      "BentLengthGripCursor",
                                                      "CaptionGripCursor",
@@ -67,6 +69,10 @@ inline bool SetAtRandom(TPersistent& Object, const TPropInfo& Info, TComponent& 
       Info.SetFloat(Object, static_cast<double>(Roll(4000) - 1000) / 16);
       return true;
     case TPropKind::String:
+      if (Info.Name == std::string_view("Expression")) {
+        constexpr const char* Formulas[] = {"", "A*X+B", "X*C", "A-X"};
+        return Info.SetStr(Object, Formulas[Roll(std::size(Formulas))]), true;
+      }
       Info.SetStr(Object, "text " + std::to_string(Roll(100)));
       return true;
     case TPropKind::DynArray:
@@ -88,13 +94,15 @@ inline bool SetAtRandom(TPersistent& Object, const TPropInfo& Info, TComponent& 
   }
 }
 
-/// Notes an object and the settings that it owns, fonts left out: who changes a font pushes it as a whole before.
-inline void Collect(TPersistent& Object, std::vector<TPersistent*>& Into) {
+/// Notes an object and the settings that it owns, fonts left out: who changes a font pushes it as a whole before. A
+/// component that it owns is no part of its record.
+inline void Collect(TPersistent& Object, std::vector<TPersistent*>& Into, bool IsForRecord = false) {
   Into.push_back(&Object);
   for (const TPropInfo* Info : Object.ClassInfo().Properties())
     if (Info->IsOwnedObject && !Info->ObjectClass().InheritsFrom(TZyFont::StaticClassInfo()) &&
-        !Info->ObjectClass().Properties().empty())
-      Collect(*Info->GetObject(Object), Into);
+        !Info->ObjectClass().Properties().empty() &&
+        !(IsForRecord && Info->ObjectClass().InheritsFrom(TComponent::StaticClassInfo())))
+      Collect(*Info->GetObject(Object), Into, IsForRecord);
 }
 
 /// What sets a property to the value that it has now.

@@ -11,6 +11,7 @@
 #include "graph/SampleChart.h"
 #include "pie/ZyPieLegend.h"
 #include "platform/framework/Reflection.h"
+#include "series/ZyFittedLine.h"
 #include "texts/Exceptions.h"
 #include "undo/RandomSetters.h"
 #include "undo/ZyUndoGroup.h"
@@ -33,6 +34,7 @@ class TUndoForm {
     AddPie();
     for (TZySeries* Series : Chart.AddOfEachKind("")) {
       Series->SetUndoStack(&Stack);
+      if (auto* const Fit = dynamic_cast<TZyFittedLine*>(Series)) Fit->SetIterations(0);
       if (Series->ClassInfo().FindProperty("XAxis") == nullptr) Series->SetXAxis(nullptr);  // it would not be stored
     }
     for (TZyMovable* Marker : Chart.AddMarkers("")) UseMarker(*Marker);

@@ -100,20 +100,10 @@ TZyCalculation::TPoints TZyCalculation::ValidPoints(bool WithWeightZero, bool Wi
   Points.X.reserve(Count);
   Points.Y.reserve(Count);
   if (WithWeights) Points.W.reserve(Count);
-  std::array<double, BlockSize> X, Y, W;  // by blocks, since appending one by one would ask for room each time
-  ForEachBlock([&](const TBlock& Block) {
-    std::ptrdiff_t Kept = 0;
-    for (int k = 0; k < Block.Count; ++k) {
-      const auto Place = static_cast<std::size_t>(Kept);
-      X[Place] = Block.X[k];
-      Y[Place] = Block.Y[k];
-      W[Place] = std::fabs(Block.W[k]);
-      const bool IsFinite = std::isfinite(X[Place]) && std::isfinite(Y[Place]) && std::isfinite(W[Place]);
-      Kept += IsFinite && (W[Place] != 0 || WithWeightZero) ? 1 : 0;
-    }
-    Points.X.insert(Points.X.end(), X.begin(), X.begin() + Kept);
-    Points.Y.insert(Points.Y.end(), Y.begin(), Y.begin() + Kept);
-    if (WithWeights) Points.W.insert(Points.W.end(), W.begin(), W.begin() + Kept);
+  ForEachFiniteBlock(WithWeightZero, [&](auto X, auto Y, auto W) {
+    Points.X.insert(Points.X.end(), X.begin(), X.end());
+    Points.Y.insert(Points.Y.end(), Y.begin(), Y.end());
+    if (WithWeights) Points.W.insert(Points.W.end(), W.begin(), W.end());
   });
   if (!XData->OnlyAscending()) Points.Sort();
   return Points;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <span>
 #include <vector>
 
 #include "series/vectors/ZyCustomDoubleVector.h"
@@ -70,8 +71,24 @@ class TZyCalculation {
     ForEachBlock([&Do](const TBlock& Block) {
       for (int k = 0; k < Block.Count; ++k) {
         const double X = Block.X[k], Y = Block.Y[k], W = std::fabs(Block.W[k]);
-        if (std::isfinite(X + Y + W) || (std::isfinite(X) && std::isfinite(Y) && std::isfinite(W))) Do(X, Y, W);
+        if (std::isfinite(X + Y + W) || IsFinite(X, Y, W)) Do(X, Y, W);
       }
+    });
+  }
+  /// The same by blocks of a few hundred, those of weight 0 only on demand: Do(X, Y, W) with a span of each.
+  template <class TDo>
+  void ForEachFiniteBlock(bool WithWeightZero, const TDo& Do) const {
+    std::array<double, BlockSize> X, Y, W;
+    ForEachBlock([&](const TBlock& Block) {
+      std::size_t Kept = 0;  // by blocks, since appending one by one would ask for room each time
+      for (int k = 0; k < Block.Count; ++k) {
+        X[Kept] = Block.X[k];
+        Y[Kept] = Block.Y[k];
+        W[Kept] = std::fabs(Block.W[k]);
+        // One that does not count is written over by the next.
+        Kept += IsFinite(X[Kept], Y[Kept], W[Kept]) && (W[Kept] != 0 || WithWeightZero) ? 1 : 0;
+      }
+      if (Kept > 0) Do(std::span(X).first(Kept), std::span(Y).first(Kept), std::span(W).first(Kept));
     });
   }
   /// The points that take part and are finite; those of weight 0 only on demand. By ascending X, unless the X vector
@@ -81,6 +98,10 @@ class TZyCalculation {
 
  private:
   static constexpr int BlockSize = 512;
+
+  static bool IsFinite(double X, double Y, double W) {
+    return std::isfinite(X) && std::isfinite(Y) && std::isfinite(W);
+  }
 
   /// Some points that take part, not looked at for being finite: those of the vectors themselves, or copies.
   struct TBlock {

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <span>
+#include <string_view>
 #include <vector>
 
 #include "analysis/curves/ZyCalculation.h"
+#include "analysis/curves/ZyLeastSquaresTriangle.h"
 
 namespace zy {
 
@@ -15,14 +18,17 @@ struct TZyGeneralLinearFittingArgs {
 
 /// Returns the value of basis function Index at X.
 using TZyGeneralLinearFittingHandler = std::function<double(TObject* Sender, const TZyGeneralLinearFittingArgs& e)>;
+template <>
+inline std::string_view TypeName<TZyGeneralLinearFittingHandler>() {
+  return "TZyGeneralLinearFittingHandler";
+}
 
 /// The sum of Order + 1 basis functions, each times a coefficient, with the smallest weighted sum of squared deviations
 /// from the points. Without mGetBasisFn the powers of x serve.
 ///
-/// The points stream through a triangle by Householder reflections (G. H. Golub, "Numerical Methods for Solving Linear
-/// Least Squares Problems", Numerische Mathematik 7, 1965), then the triangle is solved through its singular values by
-/// M. R. Hestenes ("Inversion of Matrices by Biorthogonalization and Related Results", SIAM Journal 6, 1958). So the
-/// memory depends on the order alone. Only a singular value of exactly 0 is left out.
+/// The points stream through a triangle (TZyLeastSquaresTriangle), which is then solved through its singular values. So
+/// the memory depends on the order alone. Only a singular value of exactly 0 is left out. The triangle of a polynomial
+/// over many points comes from sums of Chebyshev's polynomials where these tell it well (TZyChebyshevSums).
 class TZyCustomGeneralLinearLeastSquaresCalculation : public TZyCalculation {
  public:
   TZyGeneralLinearFittingHandler mGetBasisFn;
@@ -36,9 +42,13 @@ class TZyCustomGeneralLinearLeastSquaresCalculation : public TZyCalculation {
   /// sum up to no more than the order.
   double AverageX = 1, AverageY = 1, VarianceX = 1, VarianceY = 1, Probability = 1, QRel = 1, SumOfResiduals = 1;
 
+  static constexpr int LargestOrder = 1000;
+
   int Order() const { return FOrder; }
   /// A new order sets all coefficients to 1.
   void SetOrder(int Value);
+  /// The nearest order that there is.
+  int LimitedOrder(int Value) const;
   /// Throws EMathError without data or a basis function that is needed, for fewer points than coefficients, for as many
   /// points as coefficients when two share an X, and where values are too large to be computed with; coefficients then
   /// stay as they were.
@@ -47,12 +57,14 @@ class TZyCustomGeneralLinearLeastSquaresCalculation : public TZyCalculation {
   double GetFnWithCoeffs(double x) const;
 
  private:
-  template <class T>
-  void EachPoint(T&& Take) const;
   int TakeMeans(double& SumOfWeights);
-  void Fit();
+  bool TakeSums(TZyWideColumns& Triangle) const;
+  TZyWideColumns TakeRows() const;
+  void Solve(TZyWideColumns Triangle);
   void TakeStatistics(double SumOfWeights);
+  void TakeFitted(std::span<const double> X, std::span<double> Fitted) const;
 
+  double FLowestX = 0, FHighestX = 0;  // of the points that the fit is made of
   int FOrder = 2;
 };
 

@@ -1,5 +1,6 @@
 #include "series/vectors/ZyBoundTexts.h"
 
+#include "persistence/ZyArchive.h"
 #include "platform/data/TDataSet.h"
 #include "platform/framework/ScopedFlag.h"
 #include "texts/Exceptions.h"
@@ -30,6 +31,22 @@ void TZyBoundTexts::ListenToData() {
   FLink.SetOnDataChange([this] {
     if (!FIsReading) NewData();
   });
+}
+
+void TZyBoundTexts::Fields(TZyArchive& Archive, const TZyFieldName& Name) {
+  Archive.List(
+      Name,
+      [this] {
+        std::vector<std::string> Result;
+        for (int Index = 0; Index < Texts().Count(); ++Index) Result.push_back(Texts().Get(Index));
+        return Result;
+      },
+      [this](const std::vector<std::string>& Value) {
+        TStringList Read;
+        for (const std::string& Text : Value) Read.Add(Text);
+        SetBound(false);
+        Set(&Read);
+      });
 }
 
 std::string TZyBoundTexts::At(int Index) const {

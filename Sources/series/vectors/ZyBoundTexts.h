@@ -11,6 +11,9 @@
 
 namespace zy {
 
+class TZyArchive;
+class TZyFieldName;
+
 /// A list of texts, by hand or from a field of a data set: rubrics of an axis, captions of bars.
 class TZyBoundTexts {
  public:
@@ -31,6 +34,8 @@ class TZyBoundTexts {
   TZyBoundTexts& operator=(const TZyBoundTexts&) = delete;
 
   const TStringList& Texts() const { return List(); }
+  /// The texts as a record has them, which makes them texts by hand when it is read.
+  void Fields(TZyArchive& Archive, const TZyFieldName& Name);
   /// The text at an index, an empty one outside the list.
   std::string At(int Index) const;
   /// The texts for the application, null while they come from a data set.
