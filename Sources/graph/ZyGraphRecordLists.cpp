@@ -65,13 +65,15 @@ void TZyGraphRecord::Lists() {
 
 // --- What is written ------------------------------------------------------------------------------------------------
 
-/// Those of the graph, and those that wait for what they lack.
+/// Those of the graph, and those that wait for what they lack; parts of series go with these.
 std::vector<TZySeries*> TZyGraphRecord::StoredSeries() const {
   std::vector<TZySeries*> Result;
-  for (TZySeries* One : FGraph.RelatedSeries())
+  const auto Add = [&Result](TZySeries* One) {
     if (IsStored(*One) && !One->IsSubComponent()) Result.push_back(One);
+  };
+  for (TZySeries* One : FGraph.RelatedSeries()) Add(One);
   for (TZySeries* One : FGraph.FIncompleteSeries)
-    if (IsStored(*One) && !One->HasGraph()) Result.push_back(One);
+    if (!One->HasGraph()) Add(One);
   return Result;
 }
 
