@@ -57,7 +57,7 @@ void TZyFittedLine::SetOrder(int Value) {
 }
 
 void TZyFittedLine::SetIterations(int Value) {
-  ChangeBy(this, Iterations(), Value, "Iterations", [this](int Number) {
+  ChangeBy(this, Iterations(), std::min(Value, LargestIterations), "Iterations", [this](int Number) {
     FFit.SetIterations(Number);
     CalculationModified();
   });

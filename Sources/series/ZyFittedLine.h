@@ -22,7 +22,8 @@ class TZyFittedLine : public TZyFunctionSeries {
   /// Number of coefficients; a new formula sets it.
   int Order() const { return FFit.Order(); }
   void SetOrder(int Value);
-  /// Most steps of one fit.
+  /// Most steps of one fit; limited to LargestIterations, so that no stored chart keeps its reader for ever.
+  static constexpr int LargestIterations = 1'000'000;
   int Iterations() const { return FFit.Iterations(); }
   void SetIterations(int Value);
   /// The formula; see TZySimplexFit::Expression. The step of undo takes the coefficients along. One that cannot be used

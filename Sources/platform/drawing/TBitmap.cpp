@@ -126,7 +126,7 @@ void TBitmap::DefineProperties(TFiler& Filer) {
   const auto Read = [this](TReader& Reader) {
     const QByteArray Content = QByteArray::fromBase64(QByteArray::fromStdString(Reader.ReadString()));
     TMemoryStream Stream;
-    Stream.Write(Content.data(), Content.size());
+    Stream.Write(Content.data(), static_cast<std::size_t>(Content.size()));
     Stream.SetPosition(0);
     LoadFromStream(Stream);
   };
