@@ -88,8 +88,10 @@ void TZyUndoListFrm::DropDown(TZyDropDnButton& Button) {
   Widget()->winId();
   if (QWindow* const Above = Button.Parent()->Widget()->window()->windowHandle())
     Widget()->windowHandle()->setTransientParent(Above);
+  FFocus.Take();
   Show();
-  if (Visible()) FLevelsList->SetFocus();
+  // The reason tells the window of the button that its active control stays the one.
+  if (Visible()) FLevelsList->Widget()->setFocus(Qt::PopupFocusReason);
 }
 
 /// Grows with the font: the line must fit, and the list shows some steps.
@@ -161,6 +163,7 @@ void TZyUndoListFrm::FormDeactivate() {
   FIdle.SetOnIdle(nullptr);
   if (Button != nullptr) Button->ListClosed();
   if (Visible()) SetVisible(false);
+  FFocus.GiveBack();
 }
 
 void TZyUndoListFrm::Deactivate() {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/controls/TApplicationEvents.h"
-#include "platform/controls/TForm.h"
+#include "platform/controls/TPopupForm.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
@@ -60,6 +60,7 @@ class TZyUndoListFrm : public TForm {
   TZyLevelsList* FLevelsList;  // owned by the form, as all in it
   TLabel* FStatusLab;
   std::string FNewest;  // label of the first step that is listed
+  TFocusMark FFocus;   // what had the keyboard before
   TApplicationEvents FIdle;
 };
 

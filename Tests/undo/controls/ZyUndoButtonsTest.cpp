@@ -143,7 +143,7 @@ TEST_F(UndoButtonsTest, KeysReachEverything) {
                      {Qt::Key_Down, {Qt::Key_End, Qt::Key_Space}, 0}};
   for (const auto& Case : Cases) {
     Key(*FForm.Widget(), Case.Opens);
-    ASSERT_TRUE(List().Visible());
+    ASSERT_TRUE(List().Visible()) << Case.Opens;
     for (const int Code : Case.Keys) Key(View(), Code);
     EXPECT_EQ(FSample.Whole(), Case.Whole);
     EXPECT_FALSE(List().Visible() || FUndo.DroppedDn());
