@@ -154,10 +154,10 @@ void DrawPages(QTabWidget& Window, const std::filesystem::path& Folder) {
 int main(int ArgCount, char** Args) {
   TApplication Program(ArgCount, Args);
   try {
+    QTabWidget Window;  // before its pages, which it would free
     TFitPage Fit;
     TPolynomialPage Polynomial;
     TSpectrumPage Spectrum;
-    QTabWidget Window;
     Window.setWindowTitle("Zyphos: curves fitted to data");
     Window.addTab(&Fit, "Fit");
     Window.addTab(&Polynomial, "Polynomial");

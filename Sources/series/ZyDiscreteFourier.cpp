@@ -11,6 +11,7 @@
 namespace zy {
 
 ZY_PUBLISHED(TZyDiscreteFourier, TZyFunctionSeries, Published<&Self::Phase>("Phase"),
+             Published<&Self::ClipYValues, &Self::SetClipYValues>("ClipYValues", false, _sFunctionsClipYValues),
              Republished("PointSymbol OnGetPointSymbol"))
 
 TZyDiscreteFourier::TZyDiscreteFourier(TComponent* Owner)

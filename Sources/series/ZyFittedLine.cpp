@@ -60,6 +60,7 @@ void TZyFittedLine::SetIterations(int Value) {
   ChangeBy(this, Iterations(), std::min(Value, LargestIterations), "Iterations", [this](int Number) {
     FFit.SetIterations(Number);
     CalculationModified();
+    PointsModified();  // without data the curve comes and goes with it
   });
 }
 
@@ -67,7 +68,9 @@ void TZyFittedLine::SetExpression(const std::string& Value) {
   if (Value == Expression()) return;
   std::exception_ptr Refused;
   {
-    const TZyUndoGroup Group(UndoStack(), *this, {"Expression", "Coefficients"});
+    const TZyUndoGroup Group(UndoStack(), _sFitExpression);
+    if (UndoStack() != nullptr)  // undo writes the formula first, which may change the number of coefficients
+      for (const char* PropName : {"Coefficients", "Expression"}) UndoStack()->PushProperty(this, PropName);
     try {
       FFit.SetExpression(Value);
     } catch (const EMathError&) {
@@ -81,6 +84,7 @@ void TZyFittedLine::SetExpression(const std::string& Value) {
 
 void TZyFittedLine::SetCoefficients(const std::vector<double>& Value) {
   if (Value == Coefficients()) return;
+  if (Value.size() > TZySimplexFit::LargestOrder) throw ERangeError(LoadResString(_sIdxFit));
   if (UndoStack() != nullptr) UndoStack()->PushProperty(this, "Coefficients");
   FFit.SetCoefs(Value);
   CurveModified();
@@ -96,6 +100,7 @@ void TZyFittedLine::SetDoCovariance(bool Value) {
 void TZyFittedLine::SetFittingFunction(TZyFittingFunctionHandler Value) {
   mFittingFunction = std::move(Value);
   CalculationModified();
+  PointsModified();
   FFit.SetFittingFkt(TZySeriesInput::Watched(mFittingFunction));
 }
 
@@ -145,11 +150,11 @@ void TZyFittedLine::Fields(TZyArchive& Archive) {
   Archive.Level("Fit", [&] {
     std::vector<double> Values = Coefficients();
     Archive.Properties(*this, "DoCovariance Iterations");
-    if (Archive.IsStream()) Archive.Value("Coefficients", Values);
+    bool Found = Archive.IsStream() && Archive.Value("Coefficients", Values);
     Archive.Properties(*this, "Expression");
     if (Archive.IsIni()) Archive.Field<&T::Order, &T::SetOrder>(*this, "Order");
-    if (!Archive.IsStream()) Archive.Value("Coefficients", Values);
-    if (Archive.IsReading()) SetCoefficients(Values);
+    if (!Archive.IsStream()) Found = Archive.Value("Coefficients", Values);
+    if (Archive.IsReading() && Found) SetCoefficients(Values);
     Archive.EndRecord();
   });
 }

@@ -19,7 +19,7 @@ class TZyFittedLine : public TZyFunctionSeries {
   ZY_CLASS(TZyFittedLine, TZyFunctionSeries)
   explicit TZyFittedLine(TComponent* Owner = nullptr);
 
-  /// Number of coefficients; a new formula sets it.
+  /// Number of coefficients; a new formula sets it, and a new number asks for another fit.
   int Order() const { return FFit.Order(); }
   void SetOrder(int Value);
   /// Most steps of one fit; limited to LargestIterations, so that no stored chart keeps its reader for ever.

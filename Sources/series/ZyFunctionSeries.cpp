@@ -121,15 +121,16 @@ TZySeries::TRange TZyFunctionSeries::RangeOfX() {
 }
 
 void TZyFunctionSeries::SetLimits() {
-  if (FAutoStart) FCalcStart = FXStart;
-  if (FAutoStop) FCalcStop = FXStop;
+  const bool HasData = FXStart <= FXStop;
+  if (FAutoStart && HasData) FCalcStart = FXStart;
+  if (FAutoStop && HasData) FCalcStop = FXStop;
   if (FCoupleCalculationAndDisplay) {
     FDisplayStart = FCalcStart;
     FDisplayStop = FCalcStop;
     return;
   }
-  if (FDisplayAutoStart) FDisplayStart = FXStart;
-  if (FDisplayAutoStop) FDisplayStop = FXStop;
+  if (FDisplayAutoStart && HasData) FDisplayStart = FXStart;
+  if (FDisplayAutoStop && HasData) FDisplayStop = FXStop;
 }
 
 void TZyFunctionSeries::CalculateFunction() {

@@ -324,7 +324,7 @@ void TZySeries::DataReset() {
   const int Count = GetCount();
   if (!FState.Shrink(Count)) return;
   TZySeriesInput::NoteChange();
-  if (Count < MinCount()) ForgetRanges();
+  if (Count < MinCount() || Count == 0) ForgetRanges();
   Invalidate();
 }
 

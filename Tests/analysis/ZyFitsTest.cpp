@@ -133,6 +133,10 @@ TEST(ZyFitsTest, TransformsOfAnyLength) {
     for (TComplex& Element : a) Element = {Value(Random), Value(Random)};
     TComplexArray Found = a;
     DiscreteFourierTransform(Found);
+    TComplexArray Real = a;
+    for (TComplex& Element : Real) Element.Im = 0;
+    DiscreteFourierTransform(Real);
+    EXPECT_EQ(Real[0].Im, 0) << "the sum of real values";
     long double Largest = 0, Error = 0;
     for (std::size_t k = 0; k < n; ++k) {
       long double Re = 0, Im = 0;

@@ -146,8 +146,9 @@ TEST_F(ZySimplexFitTest, RefusesAndGoesOn) {
   Fit.SetIterations(300);
   Fit.SetFittingFkt(
       [](TObject*, const TZyFittingFunctionArgs&) -> double { throw std::runtime_error("from a handler"); });
-  Fit.SetOrder(2);
+  Fit.SetCoefs(std::vector<double>{0, 7});
   EXPECT_EQ(MessageOf([this] { Fit.Calculate(); }), "from a handler");
+  EXPECT_EQ(Fit.Coefs(), (std::vector<double>{0, 7})) << "kept";
   Fit.SetFittingFkt([this](TObject*, const TZyFittingFunctionArgs& e) {
     Fit.SetOrder(1);
     return e.X;
@@ -188,6 +189,8 @@ TEST_F(ZySimplexFitTest, InverseByRanges) {
   EXPECT_NEAR(Inverse.XAt(0, 1.5), 1.5, 0.1);
   EXPECT_NEAR(Inverse.XAt(5, 1.5), 4.5, 1e-12);
   EXPECT_THROW(Inverse.XAt(8, 1), ERangeError);
+  const double NaN = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_THROW(TZySimplexInverse({0, 1, 2, 3}, {NaN, 1, 2, 3}), EMathError);
 }
 
 }  // namespace

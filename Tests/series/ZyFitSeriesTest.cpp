@@ -56,6 +56,11 @@ TEST(ZyFitSeriesTest, BasisFunctionsMayChangeEverything) {
   EXPECT_EQ(Message, "No BasisFunction defined");
   const std::function<void()> Changes[] = {[&] { Curve->SetOrder(0); }, [&] { Curve->SetXAxis(nullptr); },
                                            [&] { static_cast<TZyDoubleVector*>(Curve->YData())->Clear(); },
+                                           [&] {
+                                             for (int i = 0; i < 5000; ++i)  // the values go elsewhere
+                                               for (auto* const Data : {Curve->XData(), Curve->YData()})
+                                                 static_cast<TZyDoubleVector*>(Data)->Add(i);
+                                           },
                                            [&] { delete Curve; }};
   for (const auto& Change : Changes) {
     Curve->SetXAxis(Chart.X);
@@ -98,6 +103,14 @@ TEST(ZyFitSeriesTest, FittedLineKeepsItsCoefficients) {
   Stack.Redo(0);
   EXPECT_EQ(Line->Coefficients(), Fitted);
 
+  Line->SetCoefficients({5});
+  Line->SetExpression("A*X+B+C");
+  Stack.Undo(0);
+  EXPECT_EQ(Line->Coefficients(), std::vector<double>{5}) << "another number than the formula has";
+  const int Steps = Stack.UndoCount();
+  EXPECT_THROW(Line->SetCoefficients(std::vector<double>(1001)), ERangeError);
+  EXPECT_EQ(Stack.UndoCount(), Steps) << "nothing changed";
+
   Line->SetIterations(0);
   Line->SetCoefficients({-1, 4});
   static_cast<TZyDoubleVector*>(Line->YData())->Clear();
@@ -110,6 +123,12 @@ TEST(ZyFitSeriesTest, FittedLineKeepsItsCoefficients) {
   Chart.Paint();
   ASSERT_FALSE(Line->Points().empty()) << "without data";
   EXPECT_NEAR(Line->Points().back().Y, Chart.Y->NumberToWorld(0), 0.01);
+  Line->SetAutoStart(true);
+  Line->SetCalculationStart(1);
+  Line->SetIterations(3);
+  Chart.Paint();
+  EXPECT_TRUE(Line->Points().empty());
+  EXPECT_EQ(Line->CalculationStart(), 1) << "no data say where to begin";
 }
 
 TEST(ZyFitSeriesTest, AFitCanBeStoppedAndFreed) {

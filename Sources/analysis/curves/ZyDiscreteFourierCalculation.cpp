@@ -36,6 +36,7 @@ TComplexArray TZyDiscreteFourierCalculation::Values() const {
   return Result;
 }
 
+/// Of the values that the spectrum is asked for: its outliers and its transformations.
 TComplexArray TZyDiscreteFourierCalculation::Resampled() const {
   constexpr int Points = 1024;
   TZyInterpolationCalculation Curve;

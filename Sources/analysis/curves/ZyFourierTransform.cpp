@@ -143,9 +143,15 @@ void TransformByChirp(TComplexArray& a) {
 
 void DiscreteFourierTransform(TComplexArray& a) {
   if (a.size() < 2) return;
-  if (!std::has_single_bit(a.size())) return TransformByChirp(a);
-  TTransform(a.size()).Forward(a.data());
-  ReverseBits(a);
+  TComplex Total;
+  for (const TComplex& Each : a) Total = Sum(Total, Each);
+  if (std::has_single_bit(a.size())) {
+    TTransform(a.size()).Forward(a.data());
+    ReverseBits(a);
+  } else {
+    TransformByChirp(a);
+  }
+  a.front() = Total;  // that of real values is real
 }
 
 }  // namespace zy

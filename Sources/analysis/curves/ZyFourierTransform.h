@@ -13,7 +13,7 @@ struct TComplex {
 using TComplexArray = std::vector<TComplex>;
 
 /// Replaces a of n values by its discrete Fourier transform: the sum over j of a[j] exp(+2 pi i j k / n) for each k.
-/// Note the sign, and that nothing is divided by n.
+/// Note the sign, and that nothing is divided by n. The roots have all the digits of a double.
 ///
 /// Any length costs n log n: powers of two by J. W. Cooley and J. W. Tukey ("An Algorithm for the Machine Calculation
 /// of Complex Fourier Series", Mathematics of Computation 19, 1965), others as a convolution with a chirp by L. I.

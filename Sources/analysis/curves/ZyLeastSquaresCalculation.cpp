@@ -83,14 +83,18 @@ bool TZyCustomGeneralLinearLeastSquaresCalculation::TakeSums(TZyWideColumns& Tri
 TZyWideColumns TZyCustomGeneralLinearLeastSquaresCalculation::TakeRows() const {
   const auto n = static_cast<std::size_t>(FOrder) + 1;
   TZyLeastSquaresTriangle Triangle(n);
-  ForEachPoint([&](double x, double y, double w) {
-    if (w == 0) return;
-    const std::size_t Row = Triangle.NextRow();
-    const TZyWideReal Root = std::sqrt(TZyWideReal(w));
-    TZyWideReal Power = 1;
-    for (std::size_t c = 0; c < n; ++c, Power *= x)
-      Triangle.Columns[c][Row] = Root * (mGetBasisFn ? mGetBasisFn(Sender, {x, static_cast<int>(c)}) : Power);
-    Triangle.Columns[n][Row] = y * Root;
+  const int Count = PointCount();
+  // By copies: a basis function of the application's may change the data.
+  ForEachFiniteBlock(false, [&](auto X, auto Y, auto W) {
+    for (std::size_t i = 0; i < X.size(); ++i) {
+      const std::size_t Row = Triangle.NextRow();
+      const TZyWideReal Root = std::sqrt(TZyWideReal(W[i]));
+      TZyWideReal Power = 1;
+      for (std::size_t c = 0; c < n; ++c, Power *= X[i])
+        Triangle.Columns[c][Row] = Root * (mGetBasisFn ? mGetBasisFn(Sender, {X[i], static_cast<int>(c)}) : Power);
+      Triangle.Columns[n][Row] = Y[i] * Root;
+    }
+    if (PointCount() != Count) throw EAbort(LoadResString(_sSeriesChanged));
   });
   Triangle.Fold();
   return std::move(Triangle.Columns);

@@ -53,13 +53,13 @@ void TZyLeastSquaresTriangle::Fold() {
   FRows = FCount;
 }
 
-/// Scaled by the largest entry, so that no square overflows.
+/// Scaled by the sum of the magnitudes, so that no square overflows, and what is no number spreads.
 void TZyLeastSquaresTriangle::Reflect(std::size_t k) {
   TZyWideColumn& Pivot = Columns[k];
-  TZyWideReal Largest = 0;
-  for (std::size_t i = k; i < FRows; ++i) Largest = std::max(Largest, std::fabs(Pivot[i]));
-  if (Largest == 0) return;
-  for (std::size_t i = k; i < FRows; ++i) Pivot[i] /= Largest;
+  TZyWideReal Scale = 0;
+  for (std::size_t i = k; i < FRows; ++i) Scale += std::fabs(Pivot[i]);
+  if (Scale == 0) return;
+  for (std::size_t i = k; i < FRows; ++i) Pivot[i] /= Scale;
   const TZyWideReal Norm = std::sqrt(DotFrom(Pivot, Pivot, k, FRows));
   const TZyWideReal Diagonal = Pivot[k] > 0 ? -Norm : Norm;
   Pivot[k] -= Diagonal;
@@ -69,7 +69,7 @@ void TZyLeastSquaresTriangle::Reflect(std::size_t k) {
     for (std::size_t i = k; i < FRows; ++i) Columns[c][i] -= Share * Pivot[i];
   }
   std::fill(Pivot.begin() + static_cast<std::ptrdiff_t>(k), Pivot.end(), TZyWideReal(0));
-  Pivot[k] = Diagonal * Largest;
+  Pivot[k] = Diagonal * Scale;
 }
 
 void SingularValueDecomposition(TZyWideColumns& A, TZyWideColumn& W, TZyWideColumns& V) {

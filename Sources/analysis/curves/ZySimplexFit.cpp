@@ -43,13 +43,11 @@ class TZySimplexFit::TSearch {
   }
 
   void Run() {
-    const std::vector<double> Before = FFit.FCoefs;
     MakeSimplex();
     do {
       Step();
     } while (!FFit.FStopIterations && FFit.FIteration >= 0 && FFit.FCurrentChiSquare != 0);
     if (std::isfinite(FFit.FCurrentChiSquare)) return FFit.GetStatistics(FData);
-    FFit.FCoefs = Before;
     throw EMathError(LoadResString(_sFitWithoutValue));
   }
 
@@ -324,9 +322,15 @@ void TZySimplexFit::Calculate() {
       throw EMathError(LoadResString(_sRecIndef));
     }
   }
+  const std::vector<double> Before = FCoefs;
   std::ranges::replace(FCoefs, 0.0, 1.0);  // the first simplex scales each coefficient
   ClearWideRegisters();
-  TSearch(*this, std::move(Data), Inverse).Run();
+  try {
+    TSearch(*this, std::move(Data), Inverse).Run();
+  } catch (...) {
+    if (*Changes == Known) FCoefs = Before;  // unless it was a handler who set others
+    throw;
+  }
 }
 
 void TZySimplexFit::GetStatistics(const TData& Data) {

@@ -1,6 +1,7 @@
 #include "analysis/curves/ZySimplexInverse.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "analysis/ZyMathSorting.h"
 #include "texts/Exceptions.h"
@@ -11,6 +12,11 @@ namespace {
 
 constexpr std::size_t FewestPoints = 3;
 
+void TestFinite(const std::vector<double>& Values) {
+  const auto IsFinite = [](double Value) { return std::isfinite(Value); };
+  if (!std::ranges::all_of(Values, IsFinite)) throw EMathError(LoadResString(_sRecIndef));
+}
+
 void TestEnough(const std::vector<double>& Points) {
   if (Points.size() < FewestPoints) throw EMathError(LoadResString(_sNotEnoughDataCovar));
 }
@@ -19,6 +25,8 @@ void TestEnough(const std::vector<double>& Points) {
 
 TZySimplexInverse::TZySimplexInverse(std::vector<double> X, std::vector<double> Y) {
   TestEnough(X);
+  TestFinite(X);
+  TestFinite(Y);
   QuickSortYtoX(0, static_cast<int>(X.size()) - 1, X, Y);
   MergeEqual(X, Y);
   MergeEqual(Y, X);
