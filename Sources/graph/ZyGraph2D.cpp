@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "persistence/ZyIO.h"
+#include "graph/parts/ZyGraphDialogs.h"
 #include "platform/controls/InputDispatch.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"
@@ -174,6 +175,7 @@ void TZyGraph2D::LegendsModified() {
   for (const TZyGraph2D* Child : ChildGraphs())
     for (IZyGraphLegend* Legend : Child->RelatedLegends()) Legend->Modified();
   for (IZyGraphLegend* Legend : RelatedLegends()) Legend->Modified();
+  for (IZyGraphDialog* Dialog : OpenGraphDialogs()) Dialog->ListsModified();
 }
 
 /// Runs on the control thread, some ten times a second: data that came since the last paint move the axes, and so bring

@@ -3,6 +3,7 @@
 #include <array>
 #include <limits>
 
+#include "graph/parts/ZyGraphDialogs.h"
 #include "graph/parts/ZySeriesGraph.h"
 #include "persistence/ZyIO.h"
 #include "platform/framework/TPropInfo.h"
@@ -279,6 +280,7 @@ void TZySeries::TestVisibleChanged() {
 // --- Change protocol ------------------------------------------------------------------------------------------------
 
 void TZySeries::Invalidate() {
+  for (IZyGraphDialog* Dialog : OpenGraphDialogs()) Dialog->UpdateLegends();
   if (Graph() != nullptr) Graph()->SeriesInvalidated();
 }
 

@@ -10,6 +10,7 @@
 
 #include "texts/Exceptions.h"
 #include "texts/Utf8.h"
+#include "texts/ZySettingsTexts.h"
 
 namespace zy {
 namespace {
@@ -19,15 +20,17 @@ struct TRow {
   std::string_view English;
 };
 
-constexpr std::array<TRow, TextCount> Rows{{
+constexpr std::array<TRow, AllTextCount> Rows{{
 #define ZY_TEXT(Symbol, Text) {#Symbol, Text},
 #include "texts/ZyTextRows.inl"
 
 #include "texts/ZyPlatformTextRows.inl"
+
+#include "texts/ZySettingsTextRows.inl"
 #undef ZY_TEXT
 }};
 
-using TTexts = std::array<std::string, TextCount>;
+using TTexts = std::array<std::string, AllTextCount>;
 
 TTexts EnglishTexts() {
   TTexts Result;
@@ -122,7 +125,7 @@ class TLanguageReader {
   std::string_view FName;
   std::size_t FLine = 0;
   TTexts FTexts;
-  std::bitset<TextCount> FTaken;
+  std::bitset<AllTextCount> FTaken;
 };
 
 }  // namespace

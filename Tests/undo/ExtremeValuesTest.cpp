@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdint>
 #include <functional>
+#include <map>
 
 #include "graph/SampleChart.h"
 #include "platform/framework/Application.h"
@@ -25,8 +26,8 @@ constexpr std::int64_t Wholes[] = {INT64_MIN, INT64_MAX, INT32_MIN, INT32_MAX, U
 
 std::vector<std::string> Texts() {
   std::string Marked;
-  while (Marked.size() < 1'000'000) Marked += "\\+2\\-\\b x\n";
-  return {"", std::string(1'000'000, 'W'), Marked, std::string("\0\x01\xFF\xC0\\", 5), "\\"};
+  while (Marked.size() < 200'000) Marked += "\\+2\\-\\b x\n";
+  return {"", std::string(200'000, 'W'), Marked, std::string("\0\x01\xFF\xC0\\", 5), "\\"};
 }
 
 /// A chart with a series of each kind and one more component of every other registered class; small in every way.
@@ -138,8 +139,11 @@ TEST_F(ExtremeValuesTest, EverySetterTakesOrRefusesThem) {
 #ifdef __SANITIZE_THREAD__
   GTEST_SKIP() << "not checked: it has one thread, and would take a quarter of an hour";
 #endif
+  constexpr int Enough = 2;  // objects that have a property from the same row
+  std::map<const TPropInfo*, int> Tried;
   for (const auto& [Object, Path] : FObjects)
-    for (const TPropInfo* Info : Object->ClassInfo().Properties()) TryAll(*Object, Path, *Info);
+    for (const TPropInfo* Info : Object->ClassInfo().Properties())
+      if (++Tried[Info] <= Enough) TryAll(*Object, Path, *Info);
   EXPECT_GT(FTried, 4000);
   EXPECT_GT(FRefused, 100) << "values beyond an enumeration";
   EXPECT_GT(FUndone, 1000);

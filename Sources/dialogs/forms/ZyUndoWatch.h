@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace zy {
+
+class TZyUndoStack;
+
+/// Hears of each undo and redo of a stack as long as it lives, before the handlers that the application has there. Any
+/// number of watches may come and go in any order.
+class TZyUndoWatch {
+ public:
+  TZyUndoWatch(TZyUndoStack& Stack, std::function<void()> Done);
+  ~TZyUndoWatch();
+  TZyUndoWatch(const TZyUndoWatch&) = delete;
+  TZyUndoWatch& operator=(const TZyUndoWatch&) = delete;
+
+ private:
+  struct THook;
+  std::shared_ptr<THook> FHook;
+  std::function<void()> FDone;
+};
+
+}  // namespace zy

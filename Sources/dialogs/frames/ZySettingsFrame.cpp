@@ -1,0 +1,154 @@
+#include "dialogs/frames/ZySettingsFrame.h"
+
+#include <QApplication>
+#include <algorithm>
+#include <exception>
+
+#include "annotations/ZyCaptionEdit.h"
+#include "platform/controls/TStatusBar.h"
+#include "platform/framework/ScopedFlag.h"
+#include "texts/Exceptions.h"
+#include "undo/ZyUndoGroup.h"
+#include "texts/ZySettingsTexts.h"
+
+namespace zy {
+
+ZY_PUBLISHED(TZySettingsFrame, TFrame)
+
+TZyQuietStack::TZyQuietStack(TZyUndoStack* Stack) {
+  if (Stack == nullptr) return;
+  FStack = Stack->LiveHandle();
+  FWasEnabled = Stack->Enabled();
+  Stack->SetEnabled(false);
+}
+
+TZyQuietStack::~TZyQuietStack() {
+  auto* const Stack = static_cast<TZyUndoStack*>(TPersistent::FromLiveHandle(FStack));
+  if (Stack != nullptr && FWasEnabled) Stack->SetEnabled(true);
+}
+
+TZySettingsFrame::~TZySettingsFrame() { Destroying(); }
+
+void TZySettingsFrame::MissingPart(std::string_view PartName) const {
+  throw EInvalidOperation(Format(LoadResString(_sSettingsNoPart), {PartName}));
+}
+
+// --- From the object to the controls --------------------------------------------------------------------------------
+
+void TZySettingsFrame::UpdateControls() {
+  const std::vector<TPersistent*> Objects = Targets();
+  if (Objects.empty()) return;
+  const TZyQuietStack Quiet(FUndoStack);
+  const TScopedValue Shows(FCanSet, false);
+  for (const TBinding& Binding : FBindings) ShowBinding(Binding, *Objects.front());
+  for (const TCaption& Caption : FCaptions) ShowFont(*Caption.Edit, Caption.FontPath, Caption.ColorPath);
+  ControlsUpdated();
+  ShowLeads();
+}
+
+void TZySettingsFrame::ShowBinding(const TBinding& Binding, TPersistent& Object) {
+  if (const TZyPropertyPlace Place = FindPlace(Object, Binding.Path)) Binding.Show(Place);
+}
+
+/// What stands in front of a line is there for what stands behind.
+void TZySettingsFrame::ShowLeads() {
+  for (const TLine& Line : FLines) {
+    if (Line.Lead == nullptr || Line.Controls.empty() || dynamic_cast<TStaticText*>(Line.Lead) == nullptr) continue;
+    Line.Lead->SetVisible(std::ranges::any_of(Line.Controls, [](const TWinControl* Each) { return Each->Visible(); }));
+  }
+}
+
+// --- From the controls to the objects -------------------------------------------------------------------------------
+
+TZySettingsFrame::TBinding& TZySettingsFrame::BindingOf(const TWinControl& Control) {
+  const auto Found = std::ranges::find(FBindings, &Control, &TBinding::Control);
+  if (Found == FBindings.end()) MissingPart(Control.Name());
+  return *Found;
+}
+
+void TZySettingsFrame::FirstOnly(TWinControl& Control) { BindingOf(Control).FirstOnly = true; }
+
+void TZySettingsFrame::SetLabel(TWinControl& Control, TZyText Label) { BindingOf(Control).Label = Label; }
+
+void TZySettingsFrame::SetAfter(TWinControl& Control, std::function<void()> After) {
+  BindingOf(Control).After = std::move(After);
+}
+
+void TZySettingsFrame::SetWriter(TWinControl& Control, std::function<void(TPersistent&)> Writer) {
+  BindingOf(Control).Write = [Writer = std::move(Writer)](const TZyPropertyPlace& Place) { Writer(*Place.Object); };
+}
+
+void TZySettingsFrame::Edited(const TWinControl& Control) {
+  if (!FCanSet) return;
+  const auto Index = static_cast<std::size_t>(&BindingOf(Control) - FBindings.data());
+  UserActs([this, Index] { Write(Index); });
+}
+
+/// A setter may run handlers of the application, which may free the objects, their stack, and the frame.
+void TZySettingsFrame::Write(std::size_t Index) {
+  const TBinding& Binding = FBindings[Index];
+  std::vector<std::uint64_t> Handles;
+  for (const TPersistent* Object : Targets()) {
+    Handles.push_back(Object->LiveHandle());
+    if (Binding.FirstOnly) break;
+  }
+  const std::uint64_t Alive = LiveHandle();
+  std::optional<TZyUndoGroup> Group;
+  for (const std::uint64_t Handle : Handles) {
+    TPersistent* const Object = FromLiveHandle(Handle);
+    if (Object == nullptr) continue;
+    const TZyPropertyPlace Place = FindPlace(*Object, Binding.Path);
+    if (!Place || Binding.IsSame(Place)) continue;
+    if (WritesGroups() && !Binding.FirstOnly && !Group.has_value()) {
+      if (Binding.Label.has_value()) {
+        Group.emplace(FUndoStack, *Binding.Label);
+      } else {
+        Group.emplace(FUndoStack, TZyUndoStack::LabelOf(*Place.Object, Place.Info->Name));
+      }
+    }
+    Binding.Write(Place);
+    if (FromLiveHandle(Alive) == nullptr) return;
+  }
+  if (Binding.After) Binding.After();
+}
+
+void TZySettingsFrame::UserActs(const std::function<void()>& Act) {
+  if (!FCanSet) return;
+  const std::uint64_t Alive = LiveHandle();
+  std::exception_ptr Error;
+  try {
+    Act();
+  } catch (const EAbort&) {
+  } catch (...) {
+    Error = std::current_exception();
+  }
+  const bool IsAlive = FromLiveHandle(Alive) != nullptr;
+  if (IsAlive) UpdateControls();
+  if (Error == nullptr) return;
+  try {
+    std::rethrow_exception(Error);
+  } catch (const std::exception& Reason) {
+    if (!IsAlive || !ShowError(Reason.what())) throw;
+  }
+}
+
+bool TZySettingsFrame::ShowError(const std::string& Message) {
+  TStatusBar* Status = nullptr;
+  for (const TComponent* Each = Owner(); Status == nullptr && Each != nullptr; Each = Each->Owner())
+    Status = dynamic_cast<TStatusBar*>(Each->FindComponent("ErrorStatus"));
+  if (Status == nullptr) return false;
+  std::string Line = Message;
+  std::ranges::replace(Line, '\r', ' ');
+  std::ranges::replace(Line, '\n', ' ');
+  Status->SetSimpleText(Line);
+  QApplication::beep();
+  FErrorTimer.SetOnTimer([this, Handle = Status->LiveHandle()](TObject*) {
+    FErrorTimer.SetEnabled(false);
+    if (auto* const Shown = static_cast<TStatusBar*>(FromLiveHandle(Handle))) Shown->SetSimpleText({});
+  });
+  FErrorTimer.SetEnabled(false);
+  FErrorTimer.SetEnabled(true);
+  return true;
+}
+
+}  // namespace zy
