@@ -227,10 +227,10 @@ void TGraphEdit::UpdateLegends() {
 
 void TGraphEdit::Idle() {
   TZySettingsForm::Idle();
-  if (!FListsAreStale || FGraph == nullptr) return;
+  if (FGraph == nullptr || (!FListsAreStale && !LegendsDiffer())) return;
   const TZyQuietStack Quiet(UndoStack());
   const TScopedValue Shows(FCanSet, false);
-  UpdateCombos();
+  if (FListsAreStale) UpdateCombos();
   TestPages();
 }
 

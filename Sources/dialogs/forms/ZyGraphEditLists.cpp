@@ -95,6 +95,7 @@ void TGraphEdit::AddSeriesPage() {
 /// What the buttons of a form designer add is the designer's to say.
 void TGraphEdit::AddDesignBars() {
   auto* const Design = AddPart<TToolBar>(*this, SecondLine(), "DesignToolBar");
+  Design->SetAlign(alNone);
   const auto AddMenuButton = [&](const char* ButtonName, const char* MenuName, TZyText Text, TZyText HintText,
                                  TZyText Items) {
     auto* const Button = AddPart<TToolButton>(*this, *Design, ButtonName, HintText);
@@ -109,6 +110,7 @@ void TGraphEdit::AddDesignBars() {
   AddMenuButton("AxisButton", "AxisMenu", _sAddAxis, _sAddAxisHint, _sAxisPlaces);
   AddMenuButton("SeriesButton", "SeriesMenu", _sAddSeries, _sAddSeriesHint, _sSeriesKinds);
   auto* const Add = AddPart<TToolBar>(*this, SecondLine(), "AddToolBar");
+  Add->SetAlign(alNone);
   for (const auto& [ButtonName, Text, HintText] :
        {std::tuple{"AddVectorButton", _sAddVector, _sAddVectorHint}, {"AddLegendButton", _sAddLegend, _sAddLegendHint}})
     AddPart<TToolButton>(*this, *Add, ButtonName, HintText)->SetCaption(LoadResString(Text));

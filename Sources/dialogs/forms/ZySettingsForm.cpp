@@ -68,7 +68,7 @@ TZySettingsForm::TZySettingsForm(TComponent* Owner, const char* PagesName, TZyTe
   FSecondLine = AddPart<TPanel>(*this, *this, "SecondLineToolbarsPanel");
   AddUndoBar();
   FPages = AddPart<TPageControl>(*this, *this, PagesName);
-  AddPart<TStatusBar>(*this, *this, "ErrorStatus");
+  AddPart<TStatusBar>(*this, *this, "ErrorStatus")->SetAlign(alNone);
   TakeMainFont(*this, MostPoints);
   FIdle.SetOnIdle([this](TObject*, bool& Done) {
     Done = true;
@@ -82,6 +82,7 @@ TZySettingsForm::~TZySettingsForm() { Destroying(); }
 
 void TZySettingsForm::AddStyleBar() {
   FStyleBar = AddPart<TToolBar>(*this, *this, "StyleToolBar");
+  FStyleBar->SetAlign(alNone);
   for (const TStyleButton& Each : StyleButtons) {
     auto* const Button = AddToolButton(*this, *FStyleBar, Each.Name, Each.Hint, Each.Glyph, [this, &Each] {
       ChangeStyle([&Each](TZyCaptionEdit& Edit) { (Edit.*Each.Set)(!(Edit.*Each.Get)()); });
@@ -120,6 +121,7 @@ void TZySettingsForm::AddStyleBar() {
 
 void TZySettingsForm::AddUndoBar() {
   auto* const Bar = AddPart<TToolBar>(*this, *FSecondLine, "UndolBar");
+  Bar->SetAlign(alNone);
   const auto Add = [&](TZyDropDnButton* Button, const char* ButtonName, TZyText HintText) {
     Button->SetName(ButtonName);
     Button->SetHint(LoadResString(HintText));
@@ -184,7 +186,10 @@ void TZySettingsForm::ChangeStyle(const std::function<void(TZyCaptionEdit&)>& Ch
 
 void TZySettingsForm::ShowStyle(bool IsEnabled) {
   FStyleBar->SetEnabled(IsEnabled);
-  for (TToolButton* Button : FStyleButtons) Button->SetEnabled(IsEnabled);
+  for (TToolButton* Button : FStyleButtons) {
+    Button->SetEnabled(IsEnabled);
+    if (!IsEnabled) Button->SetDown(false);
+  }
   FColorPick->SetEnabled(IsEnabled);
   FFontsCombo->SetEnabled(IsEnabled);
 }
@@ -213,7 +218,6 @@ TTabSheet& TZySettingsForm::AddPage(const char* PageName, const std::string& Tit
 
 void TZySettingsForm::AddFrame(TTabSheet& Page, TZySettingsFrame& Frame, const char* FrameName) {
   Frame.SetName(FrameName);
-  Frame.SetAlign(alClient);
   Frame.SetParent(&Page);
   WatchCaptions(Frame);
   if (Page.HasWidget()) ArrangePage(Page);

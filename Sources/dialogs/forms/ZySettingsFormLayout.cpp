@@ -52,10 +52,17 @@ void TZySettingsForm::ArrangeWidgets() {
 /// What lies on the page below each other; a frame takes the rest.
 void TZySettingsForm::ArrangePage(TTabSheet& Page) {
   if (Page.Widget()->layout() != nullptr) return;
+  constexpr int Narrow = 6;
   auto* const Column = new QVBoxLayout(Page.Widget());
+  Column->setContentsMargins(Narrow, Narrow, Narrow, Narrow);
   for (TControl* Each : Page.Controls()) {
-    auto* const Control = dynamic_cast<TWinControl*>(Each);
-    if (Control != nullptr) Column->addWidget(Control->Widget(), dynamic_cast<TFrame*>(Control) != nullptr ? 1 : 0);
+    auto& Control = static_cast<TWinControl&>(*Each);
+    Column->addWidget(Control.Widget(), dynamic_cast<TFrame*>(Each) != nullptr ? 1 : 0);
+    if (dynamic_cast<TPanel*>(Each) == nullptr) continue;
+    auto* const Row = new QHBoxLayout(Control.Widget());
+    Row->setContentsMargins(0, 0, 0, 0);
+    for (TControl* Inner : Control.Controls()) Row->addWidget(static_cast<TWinControl*>(Inner)->Widget());
+    Row->addStretch();
   }
 }
 

@@ -125,6 +125,7 @@ void TZyAxisSettingsFrame::AddScaling() {
   AddSubPanel("AxScalingPanel");
   AddLine(_sAxisKind);
   AddCombo("AxScalingCombo", "Scaling", _sAxisScalings);
+  AddLine(_sAxisRounding);
   AddCombo("AxEndRoundingCombo", "EndRounding", _sAxisRoundings);
   AddCheck("AxShowNumbersCheck", "NumbersVisible", _sAxisShowNumbers);
   AddFont("AxScalingFontButton", "Font");

@@ -90,6 +90,7 @@ TGlyphPainter GlyphPainter(TZyGlyph Glyph) {
 TToolButton* AddToolButton(TComponent& Form, TWinControl& Parent, const char* Name, TZyText Hint, TZyGlyph Glyph,
                            std::function<void()> Click) {
   auto* const Button = AddPart<TToolButton>(Form, Parent, Name, Hint);
+  Button->SetAlign(alNone);  // its place is a layout's to say
   Button->SetGlyph(GlyphPainter(Glyph), GlyphSize);
   Button->SetOnClick([Click = std::move(Click)](TObject*) { Click(); });
   return Button;

@@ -95,18 +95,18 @@ TZyFunctionSeries* TZySeriesSettingsFrame::Curve() const {
   return dynamic_cast<TZyFunctionSeries*>(FSelectedSeries.Get());
 }
 
-/// The other series of the list: all for legends and bands, curves for what lies beyond.
+/// The other series of the list, as far as the property can have them: curves for what lies beyond, lines for bands.
 void TZySeriesSettingsFrame::FillPartners() {
   const auto* const List = static_cast<const TZySeriesListBox*>(FSeriesList.Get());
   for (const char* PartName : {"MergeLegendItemCombo", "BandToCombo", "RangeFromCombo"}) {
     auto& Combo = Part<TZyObjectCombo>(PartName);
-    const bool IsForCurves = &Combo == &Part<TZyObjectCombo>("RangeFromCombo");
+    const TClassInfo& Kind = FindRowOf(TZyPointSeries::StaticClassInfo(), PathOf(Combo))->ObjectClass();
     Combo.ClearObjects();
     Combo.AddObject(LoadResString(_sSettingsNone), nullptr);
     for (int Index = 0; FAsDesigner && List != nullptr && Index < List->ObjectCount(); ++Index) {
       TZySeries* const Other = List->SeriesAt(Index);
-      const bool Fits = !IsForCurves || dynamic_cast<TZyFunctionSeries*>(Other) != nullptr;
-      if (Other != nullptr && Other != FSelectedSeries && Fits) Combo.AddObject("S", Other);
+      const bool Fits = Other != nullptr && Other->ClassInfo().InheritsFrom(Kind);
+      if (Fits && Other != FSelectedSeries) Combo.AddObject("S", Other);
     }
   }
 }

@@ -1,3 +1,4 @@
+#include "annotations/ZyCaptionEdit.h"
 #include "dialogs/controls/ZyColorPickCombo.h"
 #include "dialogs/controls/ZyDashStyles.h"
 #include "dialogs/controls/ZyNumericUpDn.h"
@@ -44,8 +45,8 @@ void TZySeriesSettingsFrame::AddSymbolLine(const char* CheckName, const char* Sy
   };
   AddCheck(CheckName, (Path + ".Visible").c_str(), Text);
   AddSymbols(SymbolsName, (Path + ".PointSymbol").c_str());
-  AddLine(_sSeriesSize);
   SetAfter(AddUpDown(SizeName, (Path + ".Size").c_str()), TestHeight);
+  AddLine(_sSeriesSize);
   SetAfter(AddUpDown(WidthName, (Path + ".BorderLineWidth").c_str()), TestHeight);
   AddColor(ForeName, (Path + ".BorderColor").c_str());
   AddColor(BackName, (Path + ".FillColor").c_str());
@@ -176,7 +177,11 @@ void TZySeriesSettingsFrame::AddLabels() {
   AddLine(_sLabelsFormat);
   AddText("LabFormatEdit", "LabelFormat", _sLabelsFormatHint);
   AddLine(_sLabelsCaptions);
-  AddLines("LabCaptionsEdit", "Captions", "Font", "LabelColor");
+  auto& Captions = AddLines("LabCaptionsEdit", "Captions", "Font", "LabelColor");
+  SetWriter(Captions, [this, &Captions](TPersistent& Object) {
+    const TZyUndoGroup Group(UndoStack(), _sBarsCaptionsList);
+    TakeLines(Captions, *static_cast<TZyBars&>(Object).Captions());
+  });
   AddLine(_sLabelsSize);
   AddUpDown("LabSizeUpDown", "LabelSize");
   AddFont("LabFontBtn", "Font");

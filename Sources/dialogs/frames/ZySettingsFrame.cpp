@@ -33,6 +33,12 @@ void TZySettingsFrame::MissingPart(std::string_view PartName) const {
   throw EInvalidOperation(Format(LoadResString(_sSettingsNoPart), {PartName}));
 }
 
+std::vector<TZySetting> TZySettingsFrame::Settings() const {
+  std::vector<TZySetting> Result;
+  for (const TBinding& Binding : FBindings) Result.push_back({Binding.Control, Binding.Path});
+  return Result;
+}
+
 // --- From the object to the controls --------------------------------------------------------------------------------
 
 void TZySettingsFrame::UpdateControls() {

@@ -40,6 +40,12 @@ class TComboBox;
 class TEdit;
 enum class TZyGlyph;
 
+/// A control of a frame, and the path from the frame's object to the property that it shows.
+struct TZySetting {
+  TWinControl* Control;
+  std::string Path;
+};
+
 /// Base of the parts of a form in which the user changes the settings of one object of a chart, or of several at once.
 ///
 /// A frame is a table of controls, each tied to the property at a path from the object. What the user does is written
@@ -61,6 +67,9 @@ class TZySettingsFrame : public TFrame {
   /// The stack of the object that is shown.
   TZyUndoStack* UndoStack() const { return FUndoStack; }
 
+  /// The controls that are tied to properties, in the order of the frame; what a frame's own code sets is not among
+  /// them.
+  std::vector<TZySetting> Settings() const;
   /// A control of the frame. Throws EInvalidOperation when it has none of that name and class.
   template <class T>
   T& Part(std::string_view PartName) const {
@@ -144,6 +153,8 @@ class TZySettingsFrame : public TFrame {
   /// Ends a constructor: gives out the access keys.
   void AllAdded();
 
+  /// The path of the property that a control shows.
+  const std::string& PathOf(const TWinControl& Control) { return BindingOf(Control).Path; }
   /// Has what a control writes go to the first object only.
   void FirstOnly(TWinControl& Control);
   /// Has what a control writes be called by another text than the property's.
@@ -152,6 +163,8 @@ class TZySettingsFrame : public TFrame {
   void SetAfter(TWinControl& Control, std::function<void()> After);
   /// Has a control write by Writer, where the property's row has no setter that can be undone.
   void SetWriter(TWinControl& Control, std::function<void(TPersistent&)> Writer);
+  /// Replaces the texts of a list by the lines of an edit.
+  static void TakeLines(const TZyCaptionEdit& Edit, TStrings& List);
   /// The font that the user chose, within the writer of a font button.
   const TZyFont& ChosenFont();
   /// Takes the class whose properties the following paths begin with; the object may be of another one, for which these

@@ -1,3 +1,4 @@
+#include <QComboBox>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -12,7 +13,6 @@
 #include "dialogs/controls/ZyDoubleEdit.h"
 #include "dialogs/frames/ZySettingsFrame.h"
 #include "platform/controls/TButtonControl.h"
-#include "platform/controls/TCustomComboBox.h"
 #include "platform/controls/TCustomListBox.h"
 #include "platform/controls/TPanel.h"
 #include "platform/controls/TScrollBox.h"
@@ -25,7 +25,7 @@ namespace {
 void Size(TWinControl& Control, QHBoxLayout& Row) {
   QWidget& Box = *Control.Widget();
   if (dynamic_cast<TZyCustomDoubleEdit*>(&Control) != nullptr) {
-    Box.setMinimumWidth(Box.fontMetrics().horizontalAdvance("0000.00") + 2 * Box.fontMetrics().height());
+    Box.setMinimumWidth(Box.fontMetrics().horizontalAdvance("00000") + 2 * Box.fontMetrics().height());
     Row.addWidget(&Box, 1);
   } else if (dynamic_cast<TButtonControl*>(&Control) != nullptr) {
     Row.addWidget(&Box);
@@ -34,7 +34,10 @@ void Size(TWinControl& Control, QHBoxLayout& Row) {
                         dynamic_cast<TCustomListBox*>(&Control) != nullptr ||
                         dynamic_cast<TScrollBox*>(&Control) != nullptr;
     if (IsHigh) Box.setFixedHeight(Control.Height());
-    if (dynamic_cast<TCustomComboBox*>(&Control) != nullptr) Box.setMinimumWidth(4 * Box.fontMetrics().height());
+    if (auto* const Combo = qobject_cast<QComboBox*>(&Box)) {
+      Combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+      Combo->setMinimumContentsLength(2);
+    }
     Row.addWidget(&Box, 2);
   }
 }
@@ -47,6 +50,9 @@ void ArrangeRadios(TPanel& Panel) {
   Row->addStretch();
 }
 
+/// Room around groups, in pixels.
+constexpr int Narrow = 4;
+
 }  // namespace
 
 /// What stands in front is in the first column of its group, which is as wide in all of them.
@@ -54,22 +60,30 @@ void TZySettingsFrame::ArrangeWidgets() {
   Inherited::ArrangeWidgets();
   QWidget* const Content = static_cast<QScrollArea&>(*FBox->Widget()).widget();
   auto* const Column = new QVBoxLayout(Content);
-  for (TWinControl* Group : FGroups) Column->addWidget(Group->Widget());
+  Column->setContentsMargins(Narrow, Narrow, Narrow, Narrow);
+  for (TWinControl* Group : FGroups) {
+    Group->Widget()->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    Column->addWidget(Group->Widget());
+  }
   Column->addStretch();
   auto* const Whole = new QVBoxLayout(Widget());
   Whole->setContentsMargins(0, 0, 0, 0);
   Whole->addWidget(FBox->Widget());
 
   std::map<TWinControl*, QGridLayout*> Grids;
-  const auto GridOf = [&Grids](TWinControl& Box) -> QGridLayout& {
+  const auto GridOf = [this, &Grids](TWinControl& Box) -> QGridLayout& {
     QGridLayout*& Grid = Grids[&Box];
     if (Grid == nullptr) {
       Grid = new QGridLayout(Box.Widget());
       Grid->setColumnStretch(1, 1);
-      if (dynamic_cast<TPanel*>(&Box) != nullptr) Grid->setContentsMargins(0, 0, 0, 0);
+      const bool IsOuter = std::ranges::find(FGroups, &Box) != FGroups.end();
+      const QMargins Usual = Grid->contentsMargins();
+      if (dynamic_cast<TPanel*>(&Box) != nullptr)
+        Grid->setContentsMargins(IsOuter ? Usual.left() : 0, 0, IsOuter ? Usual.right() : 0, 0);
     }
     return *Grid;
   };
+  for (const TCaption& Each : FCaptions) ShowFont(*Each.Edit, Each.FontPath, Each.ColorPath);
   int LeadWidth = 0;
   for (const TLine& Line : FLines) {
     QGridLayout& Grid = GridOf(*Line.Box);

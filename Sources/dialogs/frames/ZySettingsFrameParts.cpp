@@ -41,7 +41,6 @@ double Shown(double Value, bool IsSingle) { return IsSingle ? std::round(Value *
 TZySettingsFrame::TZySettingsFrame(TComponent* Owner, const TClassInfo& Edited)
     : TFrame(Owner), FClass(&Edited), FBox(AddPart<TScrollBox>(*this, *this, "ScrollBox")) {
   SetShowHint(true);
-  FBox->SetAlign(alClient);
   FErrorTimer.SetEnabled(false);
   FErrorTimer.SetInterval(ErrorTime);
 }
@@ -122,7 +121,7 @@ void TZySettingsFrame::AllAdded() {
     return Text;
   };
   for (TComponent* Each : std::vector(Components())) {
-    if (auto* const Label = dynamic_cast<TStaticText*>(Each))
+    if (auto* const Label = dynamic_cast<TStaticText*>(Each); Label != nullptr && Label->FocusControl() != nullptr)
       Label->SetCaption(Mark(Label->Caption()));
     else if (auto* const Button = dynamic_cast<TButtonControl*>(Each); Button != nullptr && !Button->Caption().empty())
       Button->SetCaption(Mark(Button->Caption()));
@@ -197,6 +196,8 @@ TRadioButton& TZySettingsFrame::AddFreeRadio(const char* PartName, TZyText Text,
     FLines.back().Controls.push_back(Panel);
   }
   auto* const Radio = AddPart<TRadioButton>(*this, *Panel, PartName, HintText);
+  auto* const Label = dynamic_cast<TStaticText*>(FLines.back().Lead);
+  if (Label != nullptr && Label->FocusControl() == nullptr) Label->SetFocusControl(Radio);
   Radio->SetTabStop(true);
   Radio->SetCaption(LoadResString(Text));
   Radio->SetOnClick([this, Click = std::move(Click)](TObject*) { UserActs(Click); });

@@ -1,9 +1,12 @@
+#include <QPalette>
+#include <QWidget>
 #include <memory>
 
 #include "annotations/ZyCaptionEdit.h"
 #include "annotations/captions/ZyFont.h"
 #include "dialogs/controls/ZyFontDialog.h"
 #include "dialogs/frames/ZySettingsFrame.h"
+#include "graph/values/ZyColors.h"
 #include "platform/controls/TButtonControl.h"
 #include "undo/ZyUndoGroup.h"
 #include "texts/ZySettingsTexts.h"
@@ -48,6 +51,12 @@ void TZySettingsFrame::ShowFont(TZyCaptionEdit& Edit, const std::string& FontPat
   if (const TZyPropertyPlace Color = FindPlace(*Objects.front(), ColorPath))
     Shown->SetColor(static_cast<TZyColor>(std::get<std::int64_t>(Color.Get())));
   if (!(Edit.ControlFont() == *Shown)) Edit.SetControlFont(*Shown);
+  if (!Edit.HasWidget()) return;
+  QPalette Colors = Edit.Widget()->palette();
+  const QColor Ground = QColor::fromRgb(ContrastBackGroundARGB(Shown->Color()));
+  if (Colors.color(QPalette::Base) == Ground) return;
+  Colors.setColor(QPalette::Base, Ground);
+  Edit.Widget()->setPalette(Colors);
 }
 
 /// The return key applies a caption, and breaks the line with the shift key held; in a list it begins another line and
@@ -104,6 +113,14 @@ TZyCaptionEdit& TZySettingsFrame::AddLines(const char* PartName, const char* Pat
     Place.Info->SetObject(*Place.Object, &List);
   };
   return Edit;
+}
+
+void TZySettingsFrame::TakeLines(const TZyCaptionEdit& Edit, TStrings& List) {
+  TStringList Lines;
+  SplitLines(Edit.Caption(), Lines);
+  List.BeginUpdate();
+  List.Assign(&Lines);
+  List.EndUpdate();
 }
 
 /// The dialog waits for its user, in whose course everything may go.
