@@ -19,6 +19,8 @@ class TCsvFile {
   explicit TCsvFile(const std::filesystem::path& FileName);
 
   std::size_t RowCount() const { return FRows.size(); }
+  std::size_t ColumnCount() const { return FHead.Fields.size(); }
+  std::string ColumnName(std::size_t Column) const { return std::string(FHead.Fields[Column].Text); }
   /// Index of a column, counted from 0. Throws EReadError when no column has that name.
   std::size_t Column(std::string_view Name) const;
   /// The field as a real. Throws EReadError when it is none or not finite.

@@ -204,6 +204,7 @@ void TGalleryWindow::Open(const std::filesystem::path& FileName) {
 }
 
 void TGalleryWindow::Take(std::unique_ptr<TChartDocument> Document, const std::filesystem::path& FileName) {
+  FMenus.clear();
   FDocument = std::move(Document);
   FEntry = nullptr;
   FFileName = FileName;
@@ -219,6 +220,8 @@ void TGalleryWindow::Take(std::unique_ptr<TChartDocument> Document, const std::f
       Pie->SetExplodeOnClick(true);
     }
     One->SetUndoStack(&FDocument->Undo());  // from here on changes are the user's
+    FMenus.push_back(std::make_unique<TZyChartMenu>());
+    FMenus.back()->SetChart(One);
   }
   FDocument->Page().SetParent(this);
   FDocument->Page().SetAlign(alClient);

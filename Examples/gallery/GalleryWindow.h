@@ -4,7 +4,9 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <vector>
 
+#include "dialogs/forms/ZyChartMenu.h"
 #include "gallery/Gallery.h"
 #include "platform/controls/TForm.h"
 #include "platform/controls/TFrame.h"
@@ -73,6 +75,7 @@ class TGalleryWindow : public TForm {
   std::filesystem::path FDropped;
   TPostBox FOpenDropped;  // later, so that the program where the drag began does not wait for questions
   TPopupMenu FKeys, FRecent;
+  std::vector<std::unique_ptr<TZyChartMenu>> FMenus;  // one for each chart
   static constexpr int FirstTop = 12;
   int FTop = FirstTop;  // of the next command
 };

@@ -1,4 +1,5 @@
 #include "texts/ZyLocalize.h"
+#include "texts/ZySettingsTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -35,7 +36,7 @@ TEST_F(ZyLocalizeTest, TableIsCompleteAndNamesAreUnique) {
   EXPECT_EQ(ChartTextCount, 439U);
   EXPECT_GT(TextCount, ChartTextCount);
   std::set<std::string_view> Symbols;
-  for (std::size_t i = 0; i < TextCount; ++i) {
+  for (std::size_t i = 0; i < AllTextCount; ++i) {
     const std::string_view Symbol = TextSymbol(Row(i));
     EXPECT_TRUE(Symbols.insert(Symbol).second) << Symbol;
     EXPECT_TRUE(Symbol.starts_with("_s")) << Symbol;

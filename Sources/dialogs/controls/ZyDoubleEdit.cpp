@@ -106,6 +106,11 @@ void TZyCustomDoubleEdit::SetDigits(int Value) {
   ShowAnew();
 }
 
+void TZyCustomDoubleEdit::ShowAllDigits() {
+  FDigits = -1;
+  ShowAnew();
+}
+
 std::string TZyCustomDoubleEdit::TextOf(double Value) const {
   if (FAsDateTime) return DateTimeToString("c", Value);
   return FAsTimeSpan ? DoubleToTimeSpanStr(Value) : DoubleStr(Value);

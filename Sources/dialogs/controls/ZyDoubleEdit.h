@@ -31,6 +31,8 @@ class TZyCustomDoubleEdit : public TZyNumberEdit<double> {
   /// Decimal places without a format, 0 to 18, into which others are brought. -1, as at first, is the general text.
   int DecimalPlaces() const { return FDigits; }
   void SetDigits(int Value);
+  /// Shows numbers by the general text again.
+  void ShowAllDigits();
   /// The text of a number by Format and DecimalPlaces. From 1e18 on a text with decimal places is the general one.
   std::string DoubleStr(double Value) const;
 

@@ -2,6 +2,7 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "dialogs/forms/ZyComponentsOf.h"
 #include "dialogs/forms/ZyGraphEdit.h"
 #include "dialogs/frames/ZyAxisSettingsFrame.h"
 #include "dialogs/frames/ZyGraphSettingsFrame.h"
@@ -13,25 +14,12 @@
 #include "platform/controls/TPanel.h"
 #include "platform/controls/TPopupMenu.h"
 #include "platform/controls/TToolBar.h"
-#include "platform/framework/Application.h"
 #include "platform/framework/ScopedFlag.h"
-#include "series/vectors/ZyDoubleVector.h"
 #include "texts/ZySettingsTexts.h"
 
 namespace zy {
 
 namespace {
-
-/// All components of a class in the program's forms and data modules.
-template <class T>
-std::vector<T*> AllOf() {
-  std::vector<T*> Result;
-  for (const auto* Roots : {&Screen().Forms(), &Screen().DataModules()})
-    for (TComponent* Root : *Roots)
-      for (TComponent* Each : Root->Components())
-        if (auto* const Found = dynamic_cast<T*>(Each)) Result.push_back(Found);
-  return Result;
-}
 
 /// The combos of the series' data; the first two may have the index.
 constexpr const char* DataCombos[] = {"AssXDataCombo",    "AssYDataCombo",   "AssWeightCombo",   "AssRadiusCombo",
@@ -209,13 +197,12 @@ void TGraphEdit::FillAssociations() {
   }
   for (int Index = 0; Index < FAxes->ObjectCount(); ++Index)
     AddAssociation(dynamic_cast<TZyAxis*>(FAxes->ObjectAt(Index)));
-  const std::vector<TZyDoubleVector*> Vectors = AllOf<TZyDoubleVector>();
   for (std::size_t i = 0; i < std::size(DataCombos); ++i) {
     auto& Combo = SeriesSettingsFrame->Part<TZyObjectCombo>(DataCombos[i]);
     Combo.ClearObjects();
     Combo.AddObject(LoadResString(_sSettingsNone), nullptr);
     if (i < 2) Combo.AddObject(LoadResString(_sSettingsIndex), nullptr);
-    for (const TZyDoubleVector* Vector : Vectors) Combo.AddObject(Vector->Name(), Vector);
+    AddVectorsTo(Combo, FGraph == nullptr ? nullptr : FGraph->Owner());
   }
 }
 

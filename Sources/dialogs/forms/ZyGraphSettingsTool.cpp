@@ -21,7 +21,7 @@ TZyGraphSettingsTool::TZyGraphSettingsTool(TComponent* Owner) : TComponent(Owner
   if (!IsDesigning() || Owner == nullptr) return;
   for (TComponent* Each : Owner->Components())
     if (auto* const Found = dynamic_cast<TZyGraph2D*>(Each)) FGraph = Found;
-  if (FGraph != nullptr) FCaption = LoadResString(_sSetPropertiesOf) + FGraph->CaptionAsString();
+  if (FGraph != nullptr) FCaption = LoadResString(_sSetPropertiesOf) + " " + FGraph->CaptionAsString();
 }
 
 TZyGraphSettingsTool::~TZyGraphSettingsTool() {

@@ -18,25 +18,25 @@ ZY_PUBLISHED(TZyObjectListBox, TListBox)
 
 namespace {
 
-/// What a reader of the chart knows an axis or a series by.
-std::string ShownName(const TComponent& Object) {
-  if (const auto* const Axis = dynamic_cast<const TZyAxis*>(&Object)) return Axis->ToString();
-  if (const auto* const Series = dynamic_cast<const TZySeries*>(&Object)) return Series->ToString();
-  return Object.Name();
+/// What a reader of the chart knows an axis or a series by; anything else by the text of its item.
+std::string ShownName(const TComponent* Object, const std::string& Text) {
+  if (const auto* const Axis = dynamic_cast<const TZyAxis*>(Object)) return Axis->ToString();
+  if (const auto* const Series = dynamic_cast<const TZySeries*>(Object)) return Series->ToString();
+  return Text;
 }
 
 /// Draws an item that stands for an object, or has a text of its own.
 void DrawObject(Graphics& Canvas, TWinControl& Control, const TComponent* Object, const std::string& Text,
                 const TRect& Box, ARGB Color) {
   constexpr int Inset = 3;
-  DrawItemCaption(Canvas, Control, Object == nullptr ? Text : ShownName(*Object), Box.Left + Inset, Box, Color);
+  DrawItemCaption(Canvas, Control, ShownName(Object, Text), Box.Left + Inset, Box, Color);
 }
 
 }  // namespace
 
-std::string PlainName(const TComponent& Object) {
+std::string PlainName(const TComponent& Object, const std::string& Text) {
   TZyRichCaptionObject Caption;
-  Caption.SetCaption(ShownName(Object));
+  Caption.SetCaption(ShownName(&Object, Text));
   Caption.ParseIfNeeded();
   return Caption.PlainText();
 }

@@ -10,8 +10,9 @@
 
 namespace zy {
 
-/// What a reader of the chart knows an axis, a series or another component by, without marks of the caption language.
-std::string PlainName(const TComponent& Object);
+/// What a reader of the chart knows an axis or a series by, without marks of the caption language; Text for any other
+/// component.
+std::string PlainName(const TComponent& Object, const std::string& Text = {});
 /// Draws the ground of an item as marked or not, and returns the colour of its text.
 ARGB DrawItemBack(Graphics& Canvas, const TRect& Box, bool IsMarked);
 /// Draws a caption in the font of a control, from X on in the middle of an item.
@@ -61,7 +62,7 @@ class TZyObjectItems : public TBase {
   /// What a screen reader says of an item; the texts of drawn items are often stand-ins.
   std::string ItemName(int Index) const override {
     const TComponent* const Object = ObjectAt(Index);
-    return Object == nullptr ? TBase::ItemName(Index) : PlainName(*Object);
+    return Object == nullptr ? TBase::ItemName(Index) : PlainName(*Object, TBase::ItemName(Index));
   }
 
  private:

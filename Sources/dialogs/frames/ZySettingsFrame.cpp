@@ -118,6 +118,52 @@ void TZySettingsFrame::Write(std::size_t Index) {
   if (Binding.After) Binding.After();
 }
 
+// --- Borders --------------------------------------------------------------------------------------------------------
+
+bool TZySettingsFrame::IsOn(TPersistent& Object, const char* PartName) {
+  const TZyPropertyPlace Place = FindPlace(Object, PathOf(Part<TWinControl>(PartName)));
+  return Place && Place.Is(std::int64_t{1});
+}
+
+void TZySettingsFrame::SwitchOff(TPersistent& Object, const char* PartName) {
+  if (IsOn(Object, PartName)) FindPlace(Object, PathOf(Part<TWinControl>(PartName))).Set(std::int64_t{0});
+}
+
+void TZySettingsFrame::Exclude(const TBorder& Border) {
+  for (const char* PartName : {Border.Frame, Border.Raised, Border.Lowered, Border.Shadow}) {
+    TWinControl& Check = Part<TWinControl>(PartName);
+    TBinding& Binding = BindingOf(Check);
+    Binding.Write = [this, Border, &Check, Write = Binding.Write](const TZyPropertyPlace& Place) {
+      const std::uint64_t Alive = LiveHandle();
+      const TZyUndoGroup Group(FUndoStack, TZyUndoStack::LabelOf(*Place.Object, Place.Info->Name));
+      const std::vector<TPersistent*> Objects = Targets();
+      const std::uint64_t Edited = Objects.front()->LiveHandle();
+      Write(Place);
+      if (FromLiveHandle(Alive) != nullptr && FromLiveHandle(Edited) != nullptr)
+        KeepApart(*Objects.front(), Border, Check);
+    };
+  }
+}
+
+void TZySettingsFrame::KeepApart(TPersistent& Object, const TBorder& Border, const TWinControl& Clicked) {
+  const std::string& Name = Clicked.Name();
+  const bool Goes = IsOn(Object, Name.c_str());
+  if (Name == Border.Frame && Goes) {
+    SwitchOff(Object, Border.Raised);
+    SwitchOff(Object, Border.Lowered);
+  } else if (Name == Border.Raised && Goes) {
+    SwitchOff(Object, Border.Gradient);
+    SwitchOff(Object, Border.Frame);
+  } else if (Name == Border.Raised) {
+    if (IsOn(Object, Border.Shadow)) SwitchOff(Object, Border.Lowered);
+  } else if (Name == Border.Lowered && Goes) {
+    SwitchOff(Object, Border.Frame);
+    if (!IsOn(Object, Border.Raised)) SwitchOff(Object, Border.Shadow);
+  } else if (Name == Border.Shadow && Goes) {
+    if (!IsOn(Object, Border.Raised)) SwitchOff(Object, Border.Lowered);
+  }
+}
+
 void TZySettingsFrame::UserActs(const std::function<void()>& Act) {
   if (!FCanSet) return;
   const std::uint64_t Alive = LiveHandle();

@@ -82,8 +82,8 @@ class TZySettingsFrame : public TFrame {
   bool ShowError(const std::string& Message);
 
  protected:
-  /// Edited is the class whose properties the paths begin with.
-  TZySettingsFrame(TComponent* Owner, const TClassInfo& Edited);
+  /// Edited is the class whose properties the paths begin with. A frame within another one does not scroll by itself.
+  TZySettingsFrame(TComponent* Owner, const TClassInfo& Edited, bool IsInner = false);
 
   /// What a value of the controls is written to; the first one is shown. None of them for nothing to edit.
   virtual std::vector<TPersistent*> Targets() const = 0;
@@ -143,6 +143,15 @@ class TZySettingsFrame : public TFrame {
   TButton& AddButton(const char* PartName, TZyText Text, TZyText HintText, std::function<void()> Click);
   /// A list of series that the user puts into another order, and below it the four buttons that move the selected one.
   TZySeriesListBox& AddOrderList(const char* PartName, TZyText HintText);
+  /// A control of the frame's own over the whole width.
+  void AddWide(TWinControl& Control);
+  /// The checks of a border's parts, and of a gradient.
+  struct TBorder {
+    const char *Frame, *Raised, *Lowered, *Shadow, *Gradient;
+  };
+  /// Has the checks of a border's parts exclude each other: a line goes with nothing raised or lowered, a raised border
+  /// with no gradient, one that is only lowered with no shadow. What a click brings along is one step with it.
+  void Exclude(const TBorder& Border);
   /// A panel for controls of the frame's own, beside each other, in a line.
   TPanel& AddBar(const char* PartName);
   TScrollBox& AddScroll(const char* PartName, int Height);
@@ -222,10 +231,13 @@ class TZySettingsFrame : public TFrame {
   void AskFont(TWinControl& Control, const std::string& Path);
   TZyFontDialog& FindFontDialog();
   void ShowLeads();
+  bool IsOn(TPersistent& Object, const char* PartName);
+  void SwitchOff(TPersistent& Object, const char* PartName);
+  void KeepApart(TPersistent& Object, const TBorder& Border, const TWinControl& Clicked);
   [[noreturn]] void MissingPart(std::string_view PartName) const;
 
   const TClassInfo* FClass;
-  TScrollBox* FBox;
+  TWinControl* FBox;  // holds the groups
   TWinControl* FGroup = nullptr;   // in which lines are added
   std::vector<TWinControl*> FOuter;  // the groups that the sub-panels lie in
   /// A caption edit, shown in a font and a colour of the object's.

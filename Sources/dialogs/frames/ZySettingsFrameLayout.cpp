@@ -58,7 +58,8 @@ constexpr int Narrow = 4;
 /// What stands in front is in the first column of its group, which is as wide in all of them.
 void TZySettingsFrame::ArrangeWidgets() {
   Inherited::ArrangeWidgets();
-  QWidget* const Content = static_cast<QScrollArea&>(*FBox->Widget()).widget();
+  auto* const Area = qobject_cast<QScrollArea*>(FBox->Widget());
+  QWidget* const Content = Area == nullptr ? FBox->Widget() : Area->widget();
   auto* const Column = new QVBoxLayout(Content);
   Column->setContentsMargins(Narrow, Narrow, Narrow, Narrow);
   for (TWinControl* Group : FGroups) {

@@ -38,8 +38,13 @@ double Shown(double Value, bool IsSingle) { return IsSingle ? std::round(Value *
 
 }  // namespace
 
-TZySettingsFrame::TZySettingsFrame(TComponent* Owner, const TClassInfo& Edited)
-    : TFrame(Owner), FClass(&Edited), FBox(AddPart<TScrollBox>(*this, *this, "ScrollBox")) {
+TZySettingsFrame::TZySettingsFrame(TComponent* Owner, const TClassInfo& Edited, bool IsInner)
+    : TFrame(Owner), FClass(&Edited) {
+  if (IsInner) {
+    FBox = AddPart<TPanel>(*this, *this, "Box");
+  } else {
+    FBox = AddPart<TScrollBox>(*this, *this, "ScrollBox");
+  }
   SetShowHint(true);
   FErrorTimer.SetEnabled(false);
   FErrorTimer.SetInterval(ErrorTime);
@@ -220,7 +225,7 @@ TZyNumericUpDn& TZySettingsFrame::AddUpDown(const char* PartName, const char* Pa
   Edit.SetMinValue(Least);
   Edit.SetMaxValue(Most);
   Edit.SetIncrement(Step);
-  if (IsReal) Edit.SetDigits(-1);
+  if (IsReal) Edit.ShowAllDigits();
   EnterLine(Edit);
   BindValue(
       Edit, Path,
@@ -441,6 +446,14 @@ TZyObjectCombo& TZySettingsFrame::AddData(const char* PartName, const char* Path
     return Combo.ItemIndex() == 1 && IsIndex(Vector);
   };
   return Combo;
+}
+
+void TZySettingsFrame::AddWide(TWinControl& Control) {
+  Control.SetParent(FGroup);
+  FIsLineOpen = false;
+  EnterLine(Control);
+  FLines.back().IsWide = true;
+  FIsLineOpen = false;
 }
 
 TPanel& TZySettingsFrame::AddBar(const char* PartName) {

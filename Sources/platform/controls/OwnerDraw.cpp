@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QPainter>
+#include <QStyle>
 #include <QStyledItemDelegate>
 #include <utility>
 
@@ -24,7 +25,7 @@ class TItemDelegate : public QStyledItemDelegate {
     if (Option.state & QStyle::State_Selected) State.Include(odSelected);
     if (Option.state & QStyle::State_HasFocus) State.Include(odFocused);
     if (!(Option.state & QStyle::State_Enabled)) State.Include(odDisabled);
-    const QRect Box = Option.rect;
+    const QRect Box = WithoutMark(*Target, Option, Index);
     DrawOwnItem(*Target, Index.row(), {Box.left(), Box.top(), Box.right() + 1, Box.bottom() + 1}, State, FDraw);
   }
 
@@ -36,6 +37,24 @@ class TItemDelegate : public QStyledItemDelegate {
   }
 
  private:
+  /// Draws the check mark of an item that has one; the rest is left to the item's own drawing.
+  static QRect WithoutMark(QPainter& Target, const QStyleOptionViewItem& Given, const QModelIndex& Index) {
+    const QVariant Mark = Index.data(Qt::CheckStateRole);
+    if (!Mark.isValid()) return Given.rect;
+    QStyleOptionViewItem Option(Given);
+    Option.features |= QStyleOptionViewItem::HasCheckIndicator;
+    Option.checkState = static_cast<Qt::CheckState>(Mark.toInt());
+    const QStyle& Style = Option.widget == nullptr ? *QApplication::style() : *Option.widget->style();
+    Option.rect = Style.subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &Option, Option.widget);
+    Option.state &= ~QStyle::State_HasFocus;
+    Option.state |= Option.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
+    Style.drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &Option, &Target, Option.widget);
+    constexpr int Gap = 4;
+    const bool IsLeftToRight = Given.direction == Qt::LeftToRight;
+    return IsLeftToRight ? Given.rect.adjusted(Option.rect.right() + Gap - Given.rect.left(), 0, 0, 0)
+                         : Given.rect.adjusted(0, 0, Option.rect.left() - Gap - Given.rect.right(), 0);
+  }
+
   QAbstractItemView& FView;
   int FHeight;
   int FColumns;
