@@ -18,7 +18,8 @@ struct TStudioColumn {
 ///
 /// A file that ends in .csv has a line of names; any other is an SQLite database, of whose tables Choose returns one.
 /// Throws what readers throw, EReadError without any such column, and EAbort when Choose returns an empty name.
-std::vector<TStudioColumn> LoadColumns(const std::filesystem::path& FileName,
-                                       const std::function<std::string(const std::vector<std::string>& Tables)>& Choose);
+std::vector<TStudioColumn> LoadColumns(
+    const std::filesystem::path& FileName,
+    const std::function<std::string(const std::vector<std::string>& Tables)>& Choose);
 
 }  // namespace zy::examples

@@ -31,13 +31,15 @@ constexpr const char* Program = "Zyphos studio";
 struct TKind {
   const char *Text, *Class;
 };
-constexpr TKind Kinds[] = {{"Line", "TZyLineSeries"},
-                           {"Points", "TZyPointSeries"},
-                           {"Bars", "TZyBars"}};
-constexpr TKind Curves[] = {{"&Linear regression", "TZyLinearRegression"}, {"&Polynomial", "TZyPolynomial"},
-                            {"&Formula...", "TZyFittedLine"},              {"Moving &average", "TZyMovingAverage"},
-                            {"&Interpolation", "TZyInterpolation"},        {"&Differential", "TZyDifferential"},
-                            {"I&ntegral", "TZyIntegral"},                  {"Fo&urier transform", "TZyDiscreteFourier"}};
+constexpr TKind Kinds[] = {{"Line", "TZyLineSeries"}, {"Points", "TZyPointSeries"}, {"Bars", "TZyBars"}};
+constexpr TKind Curves[] = {{"&Linear regression", "TZyLinearRegression"},
+                            {"&Polynomial", "TZyPolynomial"},
+                            {"&Formula...", "TZyFittedLine"},
+                            {"Moving &average", "TZyMovingAverage"},
+                            {"&Interpolation", "TZyInterpolation"},
+                            {"&Differential", "TZyDifferential"},
+                            {"I&ntegral", "TZyIntegral"},
+                            {"Fo&urier transform", "TZyDiscreteFourier"}};
 constexpr TKind Markers[] = {{"&Vertical line", "TZyVerticalMarker"},
                              {"&Horizontal line", "TZyHorizontalMarker"},
                              {"&Cross hair", "TZyCrossHair"},
@@ -80,9 +82,8 @@ void TStudioWindow::AddCommand(QMenu& Menu, const char* Text, const char* Keys, 
 
 void TStudioWindow::MakeMenus() {
   QMenu& File = *menuBar()->addMenu("&File");
-  AddCommand(File, "Open &data...", "Ctrl+D", [this] {
-    Ask("Open data", "Tables (*.csv;*.db;*.sqlite)|*.csv;*.db;*.sqlite|All files (*)|*");
-  });
+  AddCommand(File, "Open &data...", "Ctrl+D",
+             [this] { Ask("Open data", "Tables (*.csv;*.db;*.sqlite)|*.csv;*.db;*.sqlite|All files (*)|*"); });
   AddCommand(File, "&Open chart...", "Ctrl+O", [this] { Ask("Open a chart", ChartFileFilter(false)); });
   AddCommand(File, "&Save", "Ctrl+S", [this] { Save(); });
   AddCommand(File, "Save &as...", "Ctrl+Shift+S", [this] { SaveAs(); });
@@ -119,8 +120,9 @@ void TStudioWindow::MakeColumns() {
   Form->addRow("&Kind", FKind);
   auto* const Add = new QPushButton("&Add series");
   Form->addRow(Add);
-  FHelp = new QLabel("Open data from the file menu. The right mouse button and a double click open the settings of what "
-                     "is under the mouse.");
+  FHelp = new QLabel(
+      "Open data from the file menu. The right mouse button and a double click open the settings of what "
+      "is under the mouse.");
   FHelp->setWordWrap(true);
   Form->addRow(FHelp);
   connect(Add, &QPushButton::clicked, this, [this] {
@@ -224,8 +226,9 @@ TZySeries& TStudioWindow::AddSeries(const std::string& Kind, int XColumn, int YC
 TZySeries& TStudioWindow::AddCurve(const std::string& Kind, TZySeries& Of) {
   std::string Formula;
   if (Kind == "TZyFittedLine" && isVisible())
-    Formula = QInputDialog::getText(this, Program, "Formula of X with the coefficients A to P", QLineEdit::Normal, "A*X+B")
-                  .toStdString();
+    Formula =
+        QInputDialog::getText(this, Program, "Formula of X with the coefficients A to P", QLineEdit::Normal, "A*X+B")
+            .toStdString();
   if (Kind == "TZyFittedLine" && Formula.empty()) throw EAbort("No formula");
   TZySeries& Series = Join(Kind, Of.ToString() + ", " + Kind.substr(3));
   if (auto* const Fit = dynamic_cast<TZyFittedLine*>(&Series)) Fit->SetExpression(Formula);

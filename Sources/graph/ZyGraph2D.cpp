@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "persistence/ZyIO.h"
 #include "graph/parts/ZyGraphDialogs.h"
+#include "persistence/ZyIO.h"
 #include "platform/controls/InputDispatch.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Graphics.h"

@@ -5,7 +5,8 @@
 namespace zy {
 
 ZY_PUBLISHED(TZyChildSeries, TZySeries,
-             Published<&Self::Visible, &Self::SetVisible>("Visible", _sSeriesVisible),  // its owner says what it is at first
+             Published<&Self::Visible, &Self::SetVisible>("Visible",
+                                                          _sSeriesVisible),  // its owner says what it is at first
              Republished("PointSymbol YAxis Line Area DrawBandTo OnGetPen OnGetBrush OnGetPointSymbol"))
 
 TZyChildSeries::TZyChildSeries(TComponent* Owner) : TZySeries(Owner) {

@@ -91,9 +91,10 @@ ZY_TEXT(_sAxisBorder, "Caption to border")
 ZY_TEXT(_sAxisStartModes, "Autorange\rUpdate only if lower\rFixed")
 ZY_TEXT(_sAxisStopModes, "Autorange\rUpdate only if higher\rFixed\rMoving slit")
 ZY_TEXT(_sAxisScalings, "linear\rlog\r10EE\rSeconds\rDate&Time\rRubrics")
-ZY_TEXT(_sAxisRoundings, "Round to major ticks, if zoomed to minor ticks\rRound to major ticks, if zoomed don't round\r"
-                         "Round to major ticks\rRound to minor ticks, if zoomed don't round\rRound to minor ticks\r"
-                         "Don't round ends")
+ZY_TEXT(_sAxisRoundings,
+        "Round to major ticks, if zoomed to minor ticks\rRound to major ticks, if zoomed don't round\r"
+        "Round to major ticks\rRound to minor ticks, if zoomed don't round\rRound to minor ticks\r"
+        "Don't round ends")
 ZY_TEXT(_sAxisMasterHint, "Select the axis that this one follows")
 ZY_TEXT(_sAxisDistancesHint, "Axis with its numbers and caption")
 
@@ -111,8 +112,9 @@ ZY_TEXT(_sGridTicks, "Major ticks")
 ZY_TEXT(_sGraphTopBottom, "Top, bottom")
 ZY_TEXT(_sGraphLeftRight, "Left, right")
 ZY_TEXT(_sGraphSmoothing, "Smoothing")
-ZY_TEXT(_sGraphSmoothings, "None \rHigh speed, low quality rendering\rAntialiased rendering\r"
-                           "High quality, low speed rendering")
+ZY_TEXT(_sGraphSmoothings,
+        "None \rHigh speed, low quality rendering\rAntialiased rendering\r"
+        "High quality, low speed rendering")
 ZY_TEXT(_sGraphSmoothingHint, "Select quality and speed of drawing")
 ZY_TEXT(_sZoomAutoLabel, "Zoom by a frame")
 ZY_TEXT(_sZoomOptimizeLabel, "Fit the other axis to the data")
@@ -144,9 +146,10 @@ ZY_TEXT(_sLegendShadow, "Shadow")
 ZY_TEXT(_sLegendRaised, "Raised")
 ZY_TEXT(_sLegendLowered, "Lowered")
 ZY_TEXT(_sLegendRounding, "Corner rounding")
-ZY_TEXT(_sLegendPositions, "Bottom center of graph\rBottom center of axis\rLeft center of graph\rLeft center of axis\r"
-                           "Left top of axis\rTop center of graph\rTop center of axis\rRight center of graph\r"
-                           "Right center of axis\rRight top of axis\rFree floating")
+ZY_TEXT(_sLegendPositions,
+        "Bottom center of graph\rBottom center of axis\rLeft center of graph\rLeft center of axis\r"
+        "Left top of axis\rTop center of graph\rTop center of axis\rRight center of graph\r"
+        "Right center of axis\rRight top of axis\rFree floating")
 ZY_TEXT(_sLegendFill, "Fill")
 ZY_TEXT(_sLegendByColumn, "By column")
 ZY_TEXT(_sLegendByRow, "By row")
@@ -287,9 +290,10 @@ ZY_TEXT(_sAddAxisHint, "Add axis at specified position")
 ZY_TEXT(_sAxisPlaces, "at left of graph\rat right of graph\rat top of graph\rat bottom of graph")
 ZY_TEXT(_sAddSeries, "Series")
 ZY_TEXT(_sAddSeriesHint, "Add specified series")
-ZY_TEXT(_sSeriesKinds, "Line\rLine with point symbols\rLine with point symbols and error indicators\r-\rBars\rBubbles\r"
-                       "Arrows\r-\rOHLC (Western Plot)\rCandle Sticks\r-\rLinear Regression\rPolynomial\r"
-                       "Nonlinear Regression (Fit)\rMoving Average\r-\rAddInterpolation\rDifferential\rIntegral")
+ZY_TEXT(_sSeriesKinds,
+        "Line\rLine with point symbols\rLine with point symbols and error indicators\r-\rBars\rBubbles\r"
+        "Arrows\r-\rOHLC (Western Plot)\rCandle Sticks\r-\rLinear Regression\rPolynomial\r"
+        "Nonlinear Regression (Fit)\rMoving Average\r-\rAddInterpolation\rDifferential\rIntegral")
 ZY_TEXT(_sAddVector, "Vector")
 ZY_TEXT(_sAddVectorHint, "Add a new double vector")
 ZY_TEXT(_sAddLegend, "Legend")
@@ -336,8 +340,9 @@ ZY_TEXT(_sCalloutSpace, "Space to border")
 ZY_TEXT(_sCalloutArrows, "Arrows")
 ZY_TEXT(_sCalloutArrowModes, "Invisible\rIf overlaped\rAll visible")
 ZY_TEXT(_sCalloutArrowLine, "Width, color")
-ZY_TEXT(_sPieLegendPositions, "Left Top\rLeft Center\rLeft Bottom\rCenter Top\rCenter Bottom\rRight Top\rRight Center\r"
-                              "Right Bottom")
+ZY_TEXT(_sPieLegendPositions,
+        "Left Top\rLeft Center\rLeft Bottom\rCenter Top\rCenter Bottom\rRight Top\rRight Center\r"
+        "Right Bottom")
 ZY_TEXT(_sPieLegendToPie, "To pie")
 ZY_TEXT(_sPieLegendToPieHint, "Set distance to pie chart")
 

@@ -105,6 +105,13 @@ TEST_F(GraphEditTest, AxesInColumns) {
   FChart.Graph->LegendsModified();
   TApplication::Idle();
   EXPECT_EQ(Axes.SelectedObject(), FChart.Y) << "chosen as long as it is there";
+  auto* const Late = new TZyAxis(&FChart.Form);
+  Late->SetParent(FChart.Graph);
+  TApplication::Idle();
+  EXPECT_GE(Axes.IndexOfObject(Late), 0);
+  delete Late;
+  TApplication::Idle();
+  EXPECT_EQ(Axes.ObjectCount(), 5);
 }
 
 TEST_F(GraphEditTest, TheOrderOfTheSeries) {
@@ -141,6 +148,20 @@ TEST_F(GraphEditTest, TheOrderOfTheSeries) {
   EXPECT_EQ(List.SelectedSeries(), FSeries[2]);
   Drag(RowAt(0), QPoint(-50, -50));
   EXPECT_EQ(Order(), "Two;One;Three;") << "a drag that ends outside";
+  const QPoint Last = RowAt(2), First = RowAt(0);
+  List.OnDragged = [](int, int) { ADD_FAILURE() << "from an item that is gone"; };
+  QMouseEvent Down(QEvent::MouseButtonPress, Last, Inside.mapToGlobal(QPointF(Last)), Qt::LeftButton, Qt::LeftButton,
+                   {});
+  QCoreApplication::sendEvent(&Inside, &Down);
+  QMouseEvent Move(QEvent::MouseMove, First, Inside.mapToGlobal(QPointF(First)), Qt::NoButton, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(&Inside, &Move);
+  delete FSeries[0];
+  delete FSeries[1];
+  TApplication::Idle();
+  QMouseEvent Let(QEvent::MouseButtonRelease, First, Inside.mapToGlobal(QPointF(First)), Qt::LeftButton, Qt::NoButton,
+                  {});
+  QCoreApplication::sendEvent(&Inside, &Let);
+  EXPECT_EQ(Order(), "Three;");
 }
 
 TEST_F(GraphEditTest, UndoBringsTheControlsUpToDateAndTheApplicationHears) {
@@ -187,6 +208,30 @@ TEST_F(GraphEditTest, StylesGoToTheCaptionWithTheKeyboard) {
   SendKey(Edit, Qt::Key_Return, "\r");
   EXPECT_NE(FChart.Graph->Caption().find("\\b"), std::string::npos);
   EXPECT_EQ(FStack.UndoCount(), 1);
+}
+
+TEST_F(GraphEditTest, WhatIsTypedStaysUntilUndo) {
+  TGraphEdit& Dialog = Open();
+  auto& Frame = dynamic_cast<TZyGraphSettingsFrame&>(*Dialog.Pages().Pages()[0]->FindComponent("GraphFrame"));
+  auto& Edit = Frame.Part<TZyCaptionEdit>("TitleEdit");
+  QApplication::setActiveWindow(Dialog.Widget());
+  Edit.SetFocus();
+  Type(Edit, "ab");
+  FSeries[0]->SetVisible(false);  // the lists are filled anew
+  TApplication::Idle();
+  EXPECT_EQ(Edit.Text(), "ab");
+  FStack.Undo();
+  EXPECT_EQ(Edit.Text(), "") << "what the chart has";
+  int Heard = 0;
+  FStack.SetOnUndo([&](TObject*) { ++Heard; });  // while the dialog is open
+  TApplication::Idle();
+  FChart.Graph->SetCaptionVisible(true);
+  FStack.Undo();
+  EXPECT_FALSE(Frame.Part<TCheckBox>("TitleVisibleCheck").Checked());
+  Dialog.Close();
+  FStack.Redo();
+  FStack.Undo();
+  EXPECT_EQ(Heard, 2);
 }
 
 TEST_F(GraphEditTest, RangesByMarkersAreOneStep) {

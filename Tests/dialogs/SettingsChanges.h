@@ -71,7 +71,7 @@ class TSettingsTest : public ::testing::Test {
     return true;
   }
   static bool FindLines(const TWinControl& Control) {
-    return Control.Name() == "AxRubrixEdit" || Control.Name() == "LabCaptionsEdit";
+    return Control.Name() == "AxRubrixEdit" || Control.Name() == "LabCaptionsEdit" || Control.Name() == "CaptionsEdit";
   }
 
   static std::string TextOf(TPersistent& Object, const std::string& Path) {
@@ -100,7 +100,7 @@ class TSettingsTest : public ::testing::Test {
       if (!Change(Control)) continue;
       const std::string After = TextOf(Object, Each.Path);
       EXPECT_NE(After, Before) << What;
-      EXPECT_EQ(FStack.UndoCount(), 1) << What;
+      EXPECT_EQ(FStack.UndoCount(), 1) << What << ": " << FStack.UndoList().Text();
       FStack.Undo();
       Frame.UpdateControls();
       EXPECT_EQ(TextOf(Object, Each.Path), Before) << What << ", undone";

@@ -1,6 +1,5 @@
 // Every control of the settings frames, set by mouse and keys.
 
-
 #include "annotations/ZyLegend.h"
 #include "dialogs/SettingsChanges.h"
 #include "dialogs/frames/ZyAxisSettingsFrame.h"
@@ -97,8 +96,7 @@ TEST_F(SettingsFramesTest, EveryControlOfGraphs) {
   const TShiftState Pan = FChart.Graph->Zoom().StartPanning(), Zoom = FChart.Graph->Zoom().StartZoom();
   ASSERT_NE(Pan, Zoom);
   for (const char* Name : {"ZoomShiftCheck", "ZoomCtrlCheck", "ZoomAltCheck"})
-    if (Frame.Part<TCheckBox>(Name).Checked() !=
-        Frame.Part<TCheckBox>(std::string("Pan") + (Name + 4)).Checked())
+    if (Frame.Part<TCheckBox>(Name).Checked() != Frame.Part<TCheckBox>(std::string("Pan") + (Name + 4)).Checked())
       Change(Frame.Part<TWinControl>(Name));
   for (const char* Name : {"MouseLeftRadio", "MouseMiddleRadio", "MouseRightRadio"})
     if (Frame.Part<TRadioButton>(std::string("Pan") + Name).Checked())
@@ -145,9 +143,11 @@ TEST_F(SettingsFramesTest, EveryControlOfEachKindOfSeries) {
     FStack.Clear();
     Frame.SetSelectedSeries(Series);
     EXPECT_EQ(FStack.UndoCount(), 0) << Series->ClassName();
-    // Partners are no step. What is in pairs: a formula takes its coefficients along, the orientation of bars their data.
-    EXPECT_GT(ChangeAll(Frame, *Series, {"ExpressionEdit", "BarHorizontalRadio", "BarVerticalRadio",
-                                          "MergeLegendItemCombo", "BandToCombo", "RangeFromCombo"}),
+    // Partners are no step. What is in pairs: a formula takes its coefficients along, the orientation of bars their
+    // data.
+    EXPECT_GT(ChangeAll(Frame, *Series,
+                        {"ExpressionEdit", "BarHorizontalRadio", "BarVerticalRadio", "MergeLegendItemCombo",
+                         "BandToCombo", "RangeFromCombo"}),
               3)
         << Series->ClassName();
   }

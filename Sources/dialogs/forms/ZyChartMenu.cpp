@@ -32,7 +32,9 @@ void TZyChartMenu::SetChart(TZyCustomGraph* Value) {
   FPieTool.SetPieChart(dynamic_cast<TZyPieChart*>(Value));
   if (Value == nullptr) return;
   Value->SetPopupMenu(this);
-  const auto IsMine = [this, Alive = LiveHandle(), Value] { return FromLiveHandle(Alive) != nullptr && FChart == Value; };
+  const auto IsMine = [this, Alive = LiveHandle(), Value] {
+    return FromLiveHandle(Alive) != nullptr && FChart == Value;
+  };
   Value->SetOnMouseDown([this, IsMine, Before = Value->OnMouseDown()](TObject* Sender, TMouseButton Button,
                                                                       TShiftState Shift, int X, int Y) {
     if (IsMine()) FPressed = {X, Y};

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "annotations/ZyLegend.h"
+#include "dialogs/forms/ZyComponentsOf.h"
 #include "dialogs/frames/ZyAxisSettingsFrame.h"
 #include "dialogs/frames/ZyGraphSettingsFrame.h"
 #include "dialogs/frames/ZyLegendSettingsFrame.h"
@@ -111,6 +112,8 @@ void TGraphEdit::SetGraphProperties() {
   SecondLine().SetVisible(FGraph != nullptr && FAsDesigner);
   if (FGraph == nullptr) {
     TakeUndoStack(nullptr);
+    SeriesSettingsFrame->SetSelectedSeries(nullptr);
+    AxisSettingsFrame->SetSelectedAxis(nullptr);
     Pages().SetActivePageIndex(0);
     return;
   }
@@ -122,9 +125,7 @@ void TGraphEdit::SetGraphProperties() {
     const TZyQuietStack Quiet(UndoStack());
     const TScopedValue Shows(FCanSet, false);
     UpdateCombos();
-    const bool MayCross = Graphs().size() == 1 && !FGraph->IsCoupledGraph() && FAxes->ObjectCount() <= 2;
-    if (!MayCross) FGraph->SetZeroOrigin(false);
-    ZeroOriginCheck->SetEnabled(MayCross);
+    if (!ZeroOriginCheck->Enabled()) FGraph->SetZeroOrigin(false);
     for (TZyLegend* Legend : Legends()) AddLegendPage(*Legend);
     for (TZyGraph2D* Graph : Graphs()) AddGraphPage(*Graph);
     for (const char* BarName : {"DesignToolBar", "AddToolBar"}) Part<TWinControl>(BarName).SetVisible(FAsDesigner);
@@ -176,6 +177,7 @@ void TGraphEdit::UpdateControls() {
   if (FGraph == nullptr) return;
   const TZyQuietStack Quiet(UndoStack());
   const TScopedValue Shows(FCanSet, false);
+  if (ListsDiffer()) UpdateCombos();
   TestPages();
   TTabSheet* const Page = Pages().ActivePage();
   if (Page == AxesPage) {
@@ -199,6 +201,27 @@ bool TGraphEdit::LegendsDiffer() const {
       Shown.push_back(Frame->Legend());
   const std::vector<TZyLegend*> Present = Legends();
   return !std::ranges::equal(Shown, Present);
+}
+
+/// Whether the lists are those of other axes and series than there are, or of other vectors.
+bool TGraphEdit::ListsDiffer() const {
+  int Axes = 0, Series = 0;
+  bool IsKnown = true;
+  for (TZyGraph2D* Graph : Graphs()) {
+    Graph->ForEachAxis([&](const TZyAxis& Axis) { IsKnown = IsKnown && FAxes->ObjectAt(Axes++) == &Axis; });
+    for (const TZySeries* Each : Graph->RelatedSeries()) {
+      IsKnown = IsKnown && SeriesListBox->IndexOfObject(Each) >= 0;
+      ++Series;
+    }
+  }
+  const TZyAxis* const Primary = FGraph->PrimaryXAxis();  // it may be the child of another graph
+  if (Primary != nullptr && FAxes->IndexOfObject(Primary) >= Axes) ++Axes;
+  if (!IsKnown || Axes != FAxes->ObjectCount()) return true;
+  if (!FAsDesigner) return Series != SeriesListBox->ObjectCount();
+  constexpr int Fixed = 2;  // none, and the index
+  return Series > SeriesListBox->ObjectCount() ||
+         static_cast<int>(AllOf<TZyDoubleVector>().size()) + Fixed !=
+             SeriesSettingsFrame->Part<TZyObjectCombo>("AssXDataCombo").ObjectCount();
 }
 
 /// Legends come and go with undo, and with the application; titles follow captions.
@@ -227,7 +250,9 @@ void TGraphEdit::UpdateLegends() {
 
 void TGraphEdit::Idle() {
   TZySettingsForm::Idle();
-  if (FGraph == nullptr || (!FListsAreStale && !LegendsDiffer())) return;
+  if (FGraph == nullptr) return;
+  FListsAreStale = FListsAreStale || ListsDiffer();
+  if (!FListsAreStale && !LegendsDiffer()) return;
   const TZyQuietStack Quiet(UndoStack());
   const TScopedValue Shows(FCanSet, false);
   if (FListsAreStale) UpdateCombos();
@@ -251,7 +276,9 @@ void TGraphEdit::SettingsTabChange() {
 
 void TGraphEdit::SetActivPage(TComponent* Target) {
   if (auto* const Axis = dynamic_cast<TZyAxis*>(Target)) {
-    for (int Index = 0; Index < FAxes->ObjectCount(); ++Index) FAxes->SetSelected(Index, FAxes->ObjectAt(Index) == Axis);
+    if (FAxes->IndexOfObject(Axis) < 0) UpdateCombos();
+    for (int Index = 0; Index < FAxes->ObjectCount(); ++Index)
+      FAxes->SetSelected(Index, FAxes->ObjectAt(Index) == Axis);
     FAxes->SetItemIndex(FAxes->IndexOfObject(Axis));
     AxesListClick();
     return Pages().SetActivePage(AxesPage);
@@ -304,8 +331,12 @@ void TGraphEdit::CheckOrderChanged() {
   SeriesListBoxClick();
 }
 
+/// A click that takes an axis out of the selection leaves the first of the others.
 void TGraphEdit::AxesListClick() {
-  auto* const Axis = dynamic_cast<TZyAxis*>(FAxes->SelectedObject());
+  int Index = FAxes->ItemIndex();
+  if (Index >= 0 && !FAxes->Selected(Index) && FAxes->SelCount() > 0)
+    for (Index = 0; !FAxes->Selected(Index);) ++Index;
+  auto* const Axis = dynamic_cast<TZyAxis*>(FAxes->ObjectAt(Index));
   if (Axis != nullptr) AxisSettingsFrame->SetSelectedAxis(Axis);
 }
 
@@ -314,6 +345,7 @@ void TGraphEdit::SeriesListBoxClick() {
   if (Series == nullptr) return;
   SeriesSettingsFrame->SetRelatedSeriesList(SeriesListBox);
   SeriesSettingsFrame->SetSelectedSeries(Series);
+  SeriesSettingsFrame->ListsChanged();
 }
 
 }  // namespace zy

@@ -60,6 +60,7 @@ class TGraphEdit : public TZySettingsForm, public IZyGraphDialog {
  protected:
   void Idle() override;
   void Hidden() override;
+  void BeforeUndo() override { Hidden(); }
   void DoShow() override;
   void ArrangePage(TTabSheet& Page) override;
 
@@ -79,6 +80,7 @@ class TGraphEdit : public TZySettingsForm, public IZyGraphDialog {
   void FillAssociations();
   void AddAssociation(TZyAxis* Axis);
   bool LegendsDiffer() const;
+  bool ListsDiffer() const;
   void TestPages();
   void AxesListClick();
   void SeriesListBoxClick();

@@ -22,9 +22,9 @@ namespace zy {
 namespace {
 
 /// The combos of the series' data; the first two may have the index.
-constexpr const char* DataCombos[] = {"AssXDataCombo",    "AssYDataCombo",   "AssWeightCombo",   "AssRadiusCombo",
-                                      "AssArrowXCombo",   "AssArrowYCombo",  "AssOpenCombo",     "AssHighCombo",
-                                      "AssLowCombo",      "AssCloseCombo",   "AssErrXPlusCombo", "AssErrXMinusCombo",
+constexpr const char* DataCombos[] = {"AssXDataCombo",    "AssYDataCombo",    "AssWeightCombo",   "AssRadiusCombo",
+                                      "AssArrowXCombo",   "AssArrowYCombo",   "AssOpenCombo",     "AssHighCombo",
+                                      "AssLowCombo",      "AssCloseCombo",    "AssErrXPlusCombo", "AssErrXMinusCombo",
                                       "AssErrYPlusCombo", "AssErrYMinusCombo"};
 
 }  // namespace
@@ -117,6 +117,8 @@ void TGraphEdit::UpdateCombos() {
   const TScopedValue Shows(FCanSet, false);
   const TZyQuietStack Quiet(UndoStack());
   FillAxes();
+  const bool IsAlone = FGraph != nullptr && Graphs().size() == 1 && !FGraph->IsCoupledGraph();
+  ZeroOriginCheck->SetEnabled(IsAlone && FAxes->ObjectCount() <= 2);
   if (FAsDesigner) FillAssociations();
   FillSeries();
   SeriesPage->SetTabVisible(SeriesListBox->ObjectCount() > 0);
@@ -132,7 +134,8 @@ void TGraphEdit::FillAxes() {
   constexpr int FewAxes = 4, MostRows = 4, LeastHeight = 20, Edge = 6;
   std::vector<std::uint64_t> Chosen;
   for (int Index = 0; Index < FAxes->ObjectCount(); ++Index)
-    if (FAxes->Selected(Index) && FAxes->ObjectAt(Index) != nullptr) Chosen.push_back(FAxes->ObjectAt(Index)->LiveHandle());
+    if (FAxes->Selected(Index) && FAxes->ObjectAt(Index) != nullptr)
+      Chosen.push_back(FAxes->ObjectAt(Index)->LiveHandle());
   TComponent* Current = FAxes->SelectedObject();
   FAxes->ClearObjects();
   if (FGraph == nullptr) return;
@@ -146,10 +149,14 @@ void TGraphEdit::FillAxes() {
   FAxes->SetColumns(Columns);
   FAxes->SetBounds(FAxes->Left(), FAxes->Top(), FAxes->Width(), Rows * FAxes->ItemHeight() + Edge);
   if (FAxes->HasWidget()) FAxes->Widget()->setFixedHeight(Rows * FAxes->ItemHeight() + Edge);
+  std::erase_if(Chosen, [this](std::uint64_t Each) {
+    return FAxes->IndexOfObject(static_cast<TComponent*>(FromLiveHandle(Each))) < 0;
+  });
   if (FAxes->IndexOfObject(Current) < 0) Current = Primary;
   for (int Index = 0; Index < FAxes->ObjectCount(); ++Index) {
     const TComponent* const Axis = FAxes->ObjectAt(Index);
-    FAxes->SetSelected(Index, Axis == Current || std::ranges::find(Chosen, Axis->LiveHandle()) != Chosen.end());
+    const bool WasChosen = std::ranges::find(Chosen, Axis->LiveHandle()) != Chosen.end();
+    FAxes->SetSelected(Index, WasChosen || (Axis == Current && Chosen.empty()));
   }
   FAxes->SetItemIndex(FAxes->IndexOfObject(Current));
   AxesListClick();

@@ -8,13 +8,13 @@ namespace zy {
 ZY_PUBLISHED(TZyGraphSettingsTool, TComponent, Published<&Self::Graph, &Self::SetGraph>("Graph"),
              Published<&Self::ExtendedAxisOptions, &Self::SetExtendedAxisOptions>("ExtendedAxisOptions", false),
              Published<&Self::ExtendedBarLabelOptions, &Self::SetExtendedBarLabelOptions>("ExtendedBarLabelOptions",
-                                                                                         false),
+                                                                                          false),
              Published<&Self::InteractiveCalculationRanges, &Self::SetInteractiveCalculationRanges>(
                  "InteractiveCalculationRanges", true),
              Published<&Self::ShowOutliersSupport, &Self::SetShowOutliersSupport>("ShowOutliersSupport", false),
              Published<&Self::ShowFitCovariance, &Self::SetShowFitCovariance>("ShowFitCovariance", false),
              Published<&Self::ZoomScrollPanningOptions, &Self::SetZoomScrollPanningOptions>("ZoomScrollPanningOptions",
-                                                                                           false),
+                                                                                            false),
              Published<&Self::Caption, &Self::SetCaption>("Caption", ""))
 
 TZyGraphSettingsTool::TZyGraphSettingsTool(TComponent* Owner) : TComponent(Owner) {

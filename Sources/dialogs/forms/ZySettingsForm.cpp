@@ -113,9 +113,8 @@ void TZySettingsForm::AddStyleBar() {
     const float Top = static_cast<float>(Box.Top + Box.Bottom) / 2 - Face.GetHeight() / 2;
     Canvas.DrawString(Family, Face, SolidBrush(Color), static_cast<float>(Box.Left) + Inset, Top);
   });
-  FFontsCombo->SetOnSelect([this](TObject*) {
-    ChangeStyle([this](TZyCaptionEdit& Edit) { Edit.SetFontName(FFontsCombo->Text()); });
-  });
+  FFontsCombo->SetOnSelect(
+      [this](TObject*) { ChangeStyle([this](TZyCaptionEdit& Edit) { Edit.SetFontName(FFontsCombo->Text()); }); });
   FFontsCombo->SetOnKeyPress([this](TObject*, char32_t& Key) { ToFirstLetter(Key); });
 }
 
@@ -127,6 +126,7 @@ void TZySettingsForm::AddUndoBar() {
     Button->SetHint(LoadResString(HintText));
     Button->SetParent(Bar);
     Button->SetAlign(alLeft);
+    Button->SetOnMouseDown([this](TObject*, TMouseButton, TShiftState, int, int) { BeforeUndo(); });
     FUndoButtons.push_back(Button);
   };
   Add(new TZyUndoButton(this), "UndoBtn", _sUndoChanges);
@@ -142,6 +142,7 @@ void TZySettingsForm::ToFirstLetter(char32_t& Letter) {
     if (Family.empty() || Lower(static_cast<unsigned char>(Family.front())) != Lower(Letter)) continue;
     Letter = 0;
     FFontsCombo->SetItemIndex(Index);
+    if (const TNotifyEvent Chosen = FFontsCombo->OnSelect()) Chosen(FFontsCombo);
     return;
   }
 }
@@ -195,6 +196,7 @@ void TZySettingsForm::ShowStyle(bool IsEnabled) {
 }
 
 void TZySettingsForm::Idle() {
+  if (FWatch != nullptr) FWatch->Renew();
   bool IsEnabled = SelectedEdit() != nullptr && (HasKeyboard(*FColorPick) || HasKeyboard(*FFontsCombo));
   std::erase_if(FEdits, [](std::uint64_t Each) { return FromLiveHandle(Each) == nullptr; });
   for (const std::uint64_t Each : FEdits) {
@@ -238,7 +240,12 @@ void TZySettingsForm::TakeUndoStack(TZyUndoStack* Value) {
 
 void TZySettingsForm::Watch() {
   if (FUndoStack == nullptr || FWatch != nullptr) return;
-  FWatch = std::make_unique<TZyUndoWatch>(*FUndoStack, [this] { UpdateControls(); });
+  FWatch = std::make_unique<TZyUndoWatch>(*FUndoStack, [this] {
+    for (const TTabSheet* Page : Pages().Pages())
+      for (TControl* Each : Page->Controls())
+        if (auto* const Frame = dynamic_cast<TZySettingsFrame*>(Each)) Frame->ForgetTyping();
+    UpdateControls();
+  });
 }
 
 // --- Window ---------------------------------------------------------------------------------------------------------

@@ -61,6 +61,8 @@ class TZySettingsForm : public TForm {
   /// Ends what hangs on the form being shown.
   virtual void Hidden() {}
   virtual void Idle();
+  /// Ends what would stand in the way of undo.
+  virtual void BeforeUndo() {}
   TPanel& SecondLine() const { return *FSecondLine; }
 
   void DoShow() override;

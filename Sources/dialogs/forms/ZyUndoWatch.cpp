@@ -23,20 +23,33 @@ struct TZyUndoWatch::THook {
     if (auto Present = Known.lock()) return Present;
     auto Made = std::make_shared<THook>();
     Made->Stack = Stack.LiveHandle();
-    Made->OnUndo = Stack.OnUndo();
-    Made->OnRedo = Stack.OnRedo();
-    const std::weak_ptr<THook> Weak = Made;
-    Stack.SetOnUndo([Weak](TObject* Sender) { Tell(Weak, Sender, &THook::OnUndo); });
-    Stack.SetOnRedo([Weak](TObject* Sender) { Tell(Weak, Sender, &THook::OnRedo); });
     Known = Made;
+    Take(Made, Stack);
     return Made;
+  }
+  /// What stands in the stack's events for the application's own handlers.
+  struct TCall {
+    std::weak_ptr<THook> Hook;
+    TZyUndoStack::TNotifyEvent THook::*Event;
+    void operator()(TObject* Sender) const { Tell(Hook, Sender, Event); }
+  };
+  static bool IsOurs(const TZyUndoStack::TNotifyEvent& Event) { return Event.target<TCall>() != nullptr; }
+  static void Take(const std::shared_ptr<THook>& Hook, TZyUndoStack& Stack) {
+    if (!IsOurs(Stack.OnUndo())) {
+      Hook->OnUndo = Stack.OnUndo();
+      Stack.SetOnUndo(TCall{Hook, &THook::OnUndo});
+    }
+    if (!IsOurs(Stack.OnRedo())) {
+      Hook->OnRedo = Stack.OnRedo();
+      Stack.SetOnRedo(TCall{Hook, &THook::OnRedo});
+    }
   }
   ~THook() {
     All().erase(Stack);
     auto* const Alive = static_cast<TZyUndoStack*>(TPersistent::FromLiveHandle(Stack));
     if (Alive == nullptr) return;
-    Alive->SetOnUndo(std::move(OnUndo));
-    Alive->SetOnRedo(std::move(OnRedo));
+    if (IsOurs(Alive->OnUndo())) Alive->SetOnUndo(std::move(OnUndo));
+    if (IsOurs(Alive->OnRedo())) Alive->SetOnRedo(std::move(OnRedo));
   }
 
   /// What is told may end watches, and the last of them the hook.
@@ -52,6 +65,11 @@ struct TZyUndoWatch::THook {
 TZyUndoWatch::TZyUndoWatch(TZyUndoStack& Stack, std::function<void()> Done)
     : FHook(THook::Of(Stack)), FDone(std::move(Done)) {
   FHook->Watches.push_back(this);
+}
+
+void TZyUndoWatch::Renew() {
+  auto* const Stack = static_cast<TZyUndoStack*>(TPersistent::FromLiveHandle(FHook->Stack));
+  if (Stack != nullptr) THook::Take(FHook, *Stack);
 }
 
 TZyUndoWatch::~TZyUndoWatch() { std::erase(FHook->Watches, this); }

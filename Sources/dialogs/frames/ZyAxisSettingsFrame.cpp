@@ -42,7 +42,8 @@ constexpr int WindowText = 8, GrayText = 17, Window = 5;
 /// Names of the pictures in the order of the positions.
 constexpr const char* PositionImages[] = {"BottomAxisImage", "LeftAxisImage", "TopAxisImage", "RightAxisImage"};
 
-/// A chart's corner with an axis, its numbers and its caption, at one of the four sides: what the distances are between.
+/// A chart's corner with an axis, its numbers and its caption, at one of the four sides: what the distances are
+/// between.
 void DrawAxisImage(Graphics& Canvas, const TPanel& Panel, TZyAxisPosition Position) {
   constexpr float Axis = 12, Tick = 6, Number = 12, Caption = 34, Edge = 50, Inset = 4;
   const bool IsHorizontal = Position == TZyAxisPosition::Bottom || Position == TZyAxisPosition::Top;
@@ -80,7 +81,9 @@ void DrawAxisImage(Graphics& Canvas, const TPanel& Panel, TZyAxisPosition Positi
 
 void TZyAxisSettingsFrame::AddEnds() {
   AddPanel("AxStartStopPanel");
-  AddCheck("AxVisibleCheck", "Visible", _sSettingsVisible);
+  auto& Shown = AddCheck("AxVisibleCheck", "Visible", _sSettingsVisible);
+  Shown.SetHint(LoadResString(_sAxisVisibe));
+  SetLabel(Shown, _sAxisVisibe);
   AddCheck("AxTwistedCheck", "Twisted", _sAxisTwist);
   AddFreeCheck("AxAutrangeCheck", _sAxisAuto, _sAxisAutoRange, [this] {
     const TZyAxisEnd End = Part<TCheckBox>("AxAutrangeCheck").Checked() ? TZyAxisEnd::AutoRange : TZyAxisEnd::Fixed;
@@ -126,7 +129,7 @@ void TZyAxisSettingsFrame::AddScaling() {
   AddLine(_sAxisKind);
   AddCombo("AxScalingCombo", "Scaling", _sAxisScalings);
   AddLine(_sAxisRounding);
-  AddCombo("AxEndRoundingCombo", "EndRounding", _sAxisRoundings);
+  WithoutGroup(AddCombo("AxEndRoundingCombo", "EndRounding", _sAxisRoundings));
   AddCheck("AxShowNumbersCheck", "NumbersVisible", _sAxisShowNumbers);
   AddFont("AxScalingFontButton", "Font");
   AddColor("AxScalingNumbersColorPick", "NumbersColor");
@@ -225,7 +228,7 @@ void TZyAxisSettingsFrame::SetExtendedAxisOptions(bool Value) {
   UpdateControls();
 }
 
-/// The one that is shown comes first; see Targets of the base.
+/// In the order of the list.
 std::vector<TZyAxis*> TZyAxisSettingsFrame::SelectedAxes() const {
   std::vector<TZyAxis*> Result;
   if (FSelectedAxis == nullptr) return Result;
@@ -238,8 +241,7 @@ std::vector<TZyAxis*> TZyAxisSettingsFrame::SelectedAxes() const {
 }
 
 std::vector<TPersistent*> TZyAxisSettingsFrame::Targets() const {
-  std::vector<TZyAxis*> Axes = SelectedAxes();
-  std::ranges::stable_partition(Axes, [this](const TZyAxis* Axis) { return Axis == FSelectedAxis; });
+  const std::vector<TZyAxis*> Axes = SelectedAxes();
   return {Axes.begin(), Axes.end()};
 }
 
@@ -267,8 +269,8 @@ void TZyAxisSettingsFrame::ShowEnds(const TZyAxis& Axis) {
   EnablePart("AxStartEdit", Axis.StartEnd() != TZyAxisEnd::AutoRange && !IsSlave);
   EnablePart("AxStopEdit", Axis.StopEnd() != TZyAxisEnd::AutoRange && !IsSlave);
   for (const char* PartName : {"AxStartEdit", "AxStopEdit"}) Part<TZyDoubleEdit>(PartName).SetAsDateTime(IsDate);
-  const bool HasSlit = FExtendedAxisOptions && (Axis.StartEnd() == TZyAxisEnd::MovingSlit ||
-                                                Axis.StopEnd() == TZyAxisEnd::MovingSlit);
+  const bool HasSlit =
+      FExtendedAxisOptions && (Axis.StartEnd() == TZyAxisEnd::MovingSlit || Axis.StopEnd() == TZyAxisEnd::MovingSlit);
   for (const char* PartName : {"AxSlitWidthEdit", "AxSlitIncrementEdit"}) {
     Part<TZyDoubleEdit>(PartName).SetAsTimeSpan(IsDate);
     ShowPart(PartName, HasSlit);

@@ -24,6 +24,7 @@ class TZyAxisSettingsFrame : public TZySettingsFrame {
 
  protected:
   std::vector<TPersistent*> Targets() const override;
+  TPersistent* Shown() const override { return FSelectedAxis; }
   bool WritesGroups() const override { return FAxesList != nullptr; }
   void ControlsUpdated() override;
 

@@ -6,6 +6,7 @@
 #include "graph/ZyGraph2D.h"
 #include "graph/values/ZyColors.h"
 #include "platform/framework/ScopedFlag.h"
+#include "platform/framework/SystemColors.h"
 #include "series/ZyFunctionSeries.h"
 #include "texts/ZyLocalize.h"
 
@@ -13,11 +14,12 @@ namespace zy {
 
 namespace {
 
-/// The ground that the markers stand on: what is behind the data, or else behind the graph.
+/// The ground that the markers stand on: what is behind the data, the graph, or else the form.
 TZyColor GroundOf(const TZyGraph2D& Graph) {
   for (const TZyColor Color : {Graph.DataAreaColor(), Graph.BackColor()})
     if (GetAlpha(Color) != 0) return Color;
-  return Colors::White;
+  constexpr int ButtonFace = 15;
+  return SystemColor(ButtonFace);
 }
 
 }  // namespace
@@ -30,8 +32,7 @@ TZyFunctionSeries* TZyCurveRange::Curve() const {
 void TZyCurveRange::Begin(TZyFunctionSeries& OfCurve, bool IsDisplay, std::function<void()> Moved) {
   constexpr float LineWidth = 3;
   End();
-  auto* const Graph =
-      OfCurve.XAxis() == nullptr ? nullptr : dynamic_cast<TZyGraph2D*>(OfCurve.XAxis()->Parent());
+  auto* const Graph = OfCurve.XAxis() == nullptr ? nullptr : dynamic_cast<TZyGraph2D*>(OfCurve.XAxis()->Parent());
   if (Graph == nullptr) return;
   FCurve = OfCurve.LiveHandle();
   FIsDisplay = IsDisplay;
@@ -72,12 +73,13 @@ void TZyCurveRange::MarkerMoved() {
   TZyFunctionSeries* const Moved = Curve();
   if (!FCanSet || Moved == nullptr) return;
   const auto [Low, High] = std::minmax({FMarkers[0]->X(), FMarkers[1]->X()});
+  const auto IsAlive = [this, Moved] { return Curve() == Moved; };  // handlers may free it
   if (FIsDisplay) {
     if (Moved->DisplayStart() != Low) {
       Moved->SetDisplayAutoStart(false);
       Moved->SetDisplayStart(Low);
     }
-    if (Moved->DisplayStop() != High) {
+    if (IsAlive() && Moved->DisplayStop() != High) {
       Moved->SetDisplayAutoStop(false);
       Moved->SetDisplayStop(High);
     }
@@ -86,13 +88,13 @@ void TZyCurveRange::MarkerMoved() {
       Moved->SetAutoStart(Low <= Moved->XStart());
       Moved->SetCalculationStart(Low);
     }
-    if (Moved->CalculationStop() != High) {
+    if (IsAlive() && Moved->CalculationStop() != High) {
       Moved->SetAutoStop(High >= Moved->XStop());
       Moved->SetCalculationStop(High);
     }
   }
   Show();
-  if (FMoved) FMoved();
+  if (const auto Told = FMoved) Told();
 }
 
 }  // namespace zy

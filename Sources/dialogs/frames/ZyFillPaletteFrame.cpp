@@ -10,9 +10,9 @@
 
 namespace zy {
 
-ZY_PUBLISHED(TZyFillPaletteFrame, TZySettingsFrame,
-             Published<&Self::Palette, &Self::SetPalette>("Palette").NotStored())
+ZY_PUBLISHED(TZyFillPaletteFrame, TZySettingsFrame, Published<&Self::Palette, &Self::SetPalette>("Palette").NotStored())
 
+/// Access keys are those of the frame around it.
 TZyFillPaletteFrame::TZyFillPaletteFrame(TComponent* Owner)
     : TZySettingsFrame(Owner, TZyFillSettings::StaticClassInfo(), true) {
   constexpr int ListHeight = 130, ItemHeight = 20, Columns = 6, Rows = 9, Edge = 4;
@@ -51,7 +51,6 @@ TZyFillPaletteFrame::TZyFillPaletteFrame(TComponent* Owner)
   Styles.SetHint(LoadResString(_sPaletteStyleHint));
   Styles.SetColumns(Columns);
   Styles.SetBounds(0, 0, Styles.Width(), Rows * ItemHeight + Edge);
-  AllAdded();
 }
 
 TZyFillPaletteFrame::~TZyFillPaletteFrame() { Destroying(); }

@@ -111,7 +111,8 @@ void TZyGraphSettingsFrame::AddZoom() {
   AddCheck("ZoomResetOnDoubleClickCheck", "Zoom.ResetOnDoubleClickBeside", _sZoomResetLabel);
   AddCheck("ZoomResetOnDragFrameCheck", "Zoom.ResetOnRightBottomLeftTopFrame", _sZoomResetFrameLabel);
   AddLine(_sZoomStages);
-  AddRadio("ZoomCircularRadio", "Zoom.BufferType", static_cast<int>(TZyZoomBufferType::AsCircularBuffer), _sZoomCircular)
+  AddRadio("ZoomCircularRadio", "Zoom.BufferType", static_cast<int>(TZyZoomBufferType::AsCircularBuffer),
+           _sZoomCircular)
       .SetHint(LoadResString(_sZoomStagesHint));
   AddRadio("ZoomStackRadio", "Zoom.BufferType", static_cast<int>(TZyZoomBufferType::AsStack), _sZoomStack)
       .SetHint(LoadResString(_sZoomStagesHint));

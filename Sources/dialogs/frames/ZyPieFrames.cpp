@@ -135,7 +135,7 @@ void TZyPieLabelsFrame::AddText() {
             [this](TPersistent& Each) { static_cast<TZyPieChart&>(Each).SetFont(ChosenFont()); });
   AddColor("LabelColorPick", "LabelColor");
   AddGroup("CaptionsGroup", _sGroupCaptions);
-  auto& Captions = AddLines("CaptionsEdit", "Captions", "", "");
+  auto& Captions = AddLines("CaptionsEdit", "Captions", "Font", "LabelColor");
   SetWriter(Captions, [this, &Captions](TPersistent& Object) {
     auto& Chart = static_cast<TZyPieChart&>(Object);
     if (Chart.Captions() == nullptr) return;
@@ -175,8 +175,8 @@ void TZyPieLabelsFrame::AddCallouts() {
   AddSubPanel("CalloutGradientPanel");
   AddGradientFrame("CalloutGradientFrame", "CalloutGradient");
   EndSubPanel();
-  Exclude({"CalloutFrameCheck", "CalloutRaisedCheck", "CalloutLoweredCheck", "CalloutShadowCheck",
-           "CalloutGradientCheck"});
+  Exclude(
+      {"CalloutFrameCheck", "CalloutRaisedCheck", "CalloutLoweredCheck", "CalloutShadowCheck", "CalloutGradientCheck"});
 }
 
 // --- Legends --------------------------------------------------------------------------------------------------------

@@ -81,6 +81,7 @@ TZySeries* TZySelectSeriesFrame::SeriesAt(int Index) const {
 
 void TZySelectSeriesFrame::UpdateList() {
   FSeries.clear();
+  FTicked.clear();
   SeriesCheckListBox->Items().Clear();
   if (FGraph == nullptr) return;
   const auto IsShown = [this](const TZySeries& Series) {
@@ -92,24 +93,26 @@ void TZySelectSeriesFrame::UpdateList() {
   for (const TZySeries* Series : FGraph->RelatedSeries()) {
     if (FFromIncludeInLegend && !Series->IncludeInLegend()) continue;
     FSeries.push_back(Series->LiveHandle());
-    SeriesCheckListBox->SetChecked(SeriesCheckListBox->Items().Add(PlainName(*Series)), IsShown(*Series));
+    FTicked.push_back(IsShown(*Series));
+    SeriesCheckListBox->SetChecked(SeriesCheckListBox->Items().Add(PlainName(*Series)), FTicked.back());
   }
 }
 
 /// Handlers of the application may take series away.
 void TZySelectSeriesFrame::ClickCheck() {
-  for (int Index = 0; Index < SeriesCheckListBox->Items().Count(); ++Index) {
-    TZySeries* const Series = SeriesAt(Index);
-    if (Series == nullptr || FGraph == nullptr) continue;
-    const bool IsOn = SeriesCheckListBox->Checked(Index);
+  for (std::size_t Place = 0; Place < FTicked.size(); ++Place) {
+    const bool IsOn = SeriesCheckListBox->Checked(static_cast<int>(Place));
+    if (FTicked[Place] == IsOn) continue;
+    FTicked[Place] = IsOn;
+    TZySeries* const Series = SeriesAt(static_cast<int>(Place));
+    if (Series == nullptr || FGraph == nullptr) return;
     std::vector<std::uint64_t> Merged;
     for (const TZySeries* Other : FGraph->RelatedSeries())
       if (FFromIncludeInLegend && Other->MergeLegendItemWith() == Series) Merged.push_back(Other->LiveHandle());
-    const bool IsShown = Series->Visible() || (!IsOn && !Merged.empty());
-    if (IsShown == IsOn) continue;
     Series->SetVisible(IsOn);
     for (const std::uint64_t Handle : Merged)
       if (auto* const Other = static_cast<TZySeries*>(FromLiveHandle(Handle))) Other->SetVisible(IsOn);
+    return;
   }
 }
 

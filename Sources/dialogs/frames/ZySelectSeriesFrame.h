@@ -54,6 +54,7 @@ class TZySelectSeriesFrame : public TFrame {
   TZyParentFont FParentsFont{*this, FFont};
   TCheckListBox* SeriesCheckListBox;
   std::vector<std::uint64_t> FSeries;  // live handles, one for each item
+  std::vector<bool> FTicked;           // as they were last seen
 };
 
 }  // namespace zy

@@ -64,9 +64,10 @@ void TZyDragListBox::MouseUp(TMouseButton Button, TShiftState Shift, int X, int 
   if (!WasDragging) return;
   SetCursor(crDefault);
   Invalidate();
-  SetItemIndex(FDragStartIdx);
+  const auto IsThere = [this](int Index) { return Index >= 0 && Index < Items().Count(); };  // it may have shrunk
+  if (IsThere(FDragStartIdx)) SetItemIndex(FDragStartIdx);
   const bool IsInside = X >= 0 && Y >= 0 && X < Width() && Y < Height();
-  if (IsInside && FDragStartIdx >= 0 && FDragOverIdx >= 0 && FDragStartIdx != FDragOverIdx && OnDragged)
+  if (IsInside && IsThere(FDragStartIdx) && IsThere(FDragOverIdx) && FDragStartIdx != FDragOverIdx && OnDragged)
     OnDragged(FDragStartIdx, FDragOverIdx);
 }
 

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "graph/values/ZyStringFunctions.h"
 #include "axes/ZyAxis.h"
 #include "dialogs/controls/ZyDoubleEdit.h"
 #include "dialogs/frames/ZyObjectItems.h"
 #include "graph/ZyGraph2D.h"
+#include "graph/values/ZyStringFunctions.h"
 #include "platform/controls/TButtonControl.h"
 #include "platform/controls/TCustomComboBox.h"
 #include "platform/controls/TPanel.h"
@@ -68,9 +68,19 @@ void TZySeriesSettingsFrame::SetSelectedSeries(TZySeries* Value) {
   SetUndoStack(Value == nullptr ? nullptr : Value->UndoStack());
   if (Value == nullptr) return;
   FillPartners();
+  KeepPlain();
   UpdateControls();
   UpdateGroups();
   HookErrors();
+}
+
+/// Prices are filled with one colour: what is stored otherwise is set right when the user chooses them, as steps that
+/// can be undone, and left alone while a dialog is being filled.
+void TZySeriesSettingsFrame::KeepPlain() {
+  if (!Is(TZyOHLC::StaticClassInfo()) || (UndoStack() != nullptr && !UndoStack()->Enabled())) return;
+  auto& Prices = static_cast<TZyOHLC&>(*FSelectedSeries);
+  Prices.Area().Gradient().SetVisible(false);
+  Prices.Area().SetAreaStyle(TZyAreaStyle::Total);
 }
 
 std::vector<TPersistent*> TZySeriesSettingsFrame::Targets() const {
@@ -93,6 +103,14 @@ void TZySeriesSettingsFrame::SetInteractiveCalculationRanges(bool Value) {
 
 TZyFunctionSeries* TZySeriesSettingsFrame::Curve() const {
   return dynamic_cast<TZyFunctionSeries*>(FSelectedSeries.Get());
+}
+
+void TZySeriesSettingsFrame::ListsChanged() {
+  if (FSelectedSeries == nullptr) return;
+  if (UndoStack() != FSelectedSeries->UndoStack()) SetUndoStack(FSelectedSeries->UndoStack());
+  FillPartners();
+  UpdateControls();
+  UpdateGroups();
 }
 
 /// The other series of the list, as far as the property can have them: curves for what lies beyond, lines for bands.
@@ -225,17 +243,18 @@ void TZySeriesSettingsFrame::ShowRanges() {
   const TZyFunctionSeries& Shown = *Curve();
   const bool IsDate = Shown.XAxis() != nullptr && Shown.XAxis()->Scaling() == TZyAxisScaling::DateTime;
   const bool IsFree = FInteractiveCalculationRanges, IsCoupled = Shown.CoupleCalculationAndDisplay();
-  const std::pair<const char*, bool> Edits[] = {{"RangeCalcStartEdit", IsFree || !Shown.AutoStart()},
-                                                {"RangeCalcStopEdit", IsFree || !Shown.AutoStop()},
-                                                {"RangeDispStartEdit", !IsCoupled && (IsFree || !Shown.DisplayAutoStart())},
-                                                {"RangeDispStopEdit", !IsCoupled && (IsFree || !Shown.DisplayAutoStop())}};
+  const std::pair<const char*, bool> Edits[] = {
+      {"RangeCalcStartEdit", IsFree || !Shown.AutoStart()},
+      {"RangeCalcStopEdit", IsFree || !Shown.AutoStop()},
+      {"RangeDispStartEdit", !IsCoupled && (IsFree || !Shown.DisplayAutoStart())},
+      {"RangeDispStopEdit", !IsCoupled && (IsFree || !Shown.DisplayAutoStop())}};
   for (const auto& [PartName, IsEnabled] : Edits) {
     EnablePart(PartName, IsEnabled);
     Part<TZyDoubleEdit>(PartName).SetAsDateTime(IsDate);
   }
   for (const char* PartName : {"InteractiveCalcRangeBar", "InteractiveDispRangeBar"}) ShowPart(PartName, IsFree);
-  for (const char* PartName : {"RangeCalcStartAutoCheck", "RangeCalcStopAutoCheck", "RangeDispStartAutoCheck",
-                               "RangeDispStopAutoCheck"})
+  for (const char* PartName :
+       {"RangeCalcStartAutoCheck", "RangeCalcStopAutoCheck", "RangeDispStartAutoCheck", "RangeDispStopAutoCheck"})
     ShowPart(PartName, !IsFree);
   for (const char* PartName : {"RangeDispStartAutoCheck", "RangeDispStopAutoCheck", "InteractiveDispRangeBtn"})
     EnablePart(PartName, !IsCoupled);
@@ -252,10 +271,18 @@ void TZySeriesSettingsFrame::RangeButtonClicked(TSpeedButton& Button, bool IsDis
   Button.SetDown(true);
   FRange.Begin(*Curve(), IsDisplay, [this] { UpdateControls(); });
   if (!FRange.IsActive()) Button.SetDown(false);
+  SetRangeGraph(FRange.IsActive() ? dynamic_cast<TZyGraph2D*>(Curve()->XAxis()->Parent()) : nullptr);
+}
+
+/// A graph that dies takes the range along.
+void TZySeriesSettingsFrame::SetRangeGraph(TZyGraph2D* Value) {
+  FRangeGraph = Value;
+  if (Value == nullptr && FRange.IsActive()) EndInteractiveRange();
 }
 
 void TZySeriesSettingsFrame::EndInteractiveRange() {
   FRange.End();
+  FRangeGraph = nullptr;
   for (const char* PartName : {"InteractiveCalcRangeBtn", "InteractiveDispRangeBtn"})
     Part<TSpeedButton>(PartName).SetDown(false);
 }

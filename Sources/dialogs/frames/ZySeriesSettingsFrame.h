@@ -6,6 +6,7 @@
 #include "dialogs/frames/ZyCurveRange.h"
 #include "dialogs/frames/ZySeriesListBox.h"
 #include "dialogs/frames/ZySettingsFrame.h"
+#include "graph/ZyGraph2D.h"
 #include "series/ZySeries.h"
 
 namespace zy {
@@ -34,6 +35,8 @@ class TZySeriesSettingsFrame : public TZySettingsFrame {
   /// The list of the series from which this one was chosen; its items follow the sizes of the samples, and its series
   /// can be named as partners.
   void SetRelatedSeriesList(TZySeriesListBox* List) { FSeriesList = List; }
+  /// Offers what the list and the boxes of axes and data hold by now.
+  void ListsChanged();
   /// Shows the groups for the kind of the series.
   void UpdateGroups();
   /// Ends the setting of a range by markers, as the button that began it does.
@@ -79,9 +82,11 @@ class TZySeriesSettingsFrame : public TZySettingsFrame {
   void AddSymbolLine(const char* CheckName, const char* SymbolsName, const char* SizeName, const char* WidthName,
                      const char* ForeName, const char* BackName, const std::string& Path, TZyText Text);
 
+  void SetRangeGraph(TZyGraph2D* Value);
   void SetOption(bool& Option, bool Value);
   bool Is(const TClassInfo& Class) const { return FSelectedSeries->ClassInfo().InheritsFrom(Class); }
   TZyFunctionSeries* Curve() const;
+  void KeepPlain();
   void ShowBars();
   void ShowLabels();
   void ShowRanges();
@@ -107,6 +112,7 @@ class TZySeriesSettingsFrame : public TZySettingsFrame {
   bool FShowOutOfRangeSupport = false;
   TRef<TZySeries> FSelectedSeries{this, &TZySeriesSettingsFrame::SetSelectedSeries};
   TRef<TComponent> FSeriesList{this};
+  TRef<TZyGraph2D> FRangeGraph{this, &TZySeriesSettingsFrame::SetRangeGraph};  // where the markers are
   TZyCurveRange FRange{*this};
   std::vector<TZyDoubleEdit*> FCoefficients;  // owned by the frame
 };

@@ -352,8 +352,7 @@ void TZySeriesSettingsFrame::AddAssignments() {
   const TClassInfo& Errors = TZyPointWithErrorSeries::StaticClassInfo();
   AddPair("AssignErrorsPanel", Errors, _sAssignErrorsX,
           {{"AssErrXPlusCombo", "DeltaXPlus"}, {"AssErrXMinusCombo", "DeltaXMinus"}});
-  AddPair(nullptr, Errors, _sAssignErrorsY,
-          {{"AssErrYPlusCombo", "DeltaYPlus"}, {"AssErrYMinusCombo", "DeltaYMinus"}});
+  AddPair(nullptr, Errors, _sAssignErrorsY, {{"AssErrYPlusCombo", "DeltaYPlus"}, {"AssErrYMinusCombo", "DeltaYMinus"}});
   EndSubPanel();
 }
 

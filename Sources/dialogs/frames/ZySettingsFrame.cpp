@@ -5,11 +5,13 @@
 #include <exception>
 
 #include "annotations/ZyCaptionEdit.h"
+#include "dialogs/controls/ZyNumericUpDn.h"
+#include "platform/controls/TCustomEdit.h"
 #include "platform/controls/TStatusBar.h"
 #include "platform/framework/ScopedFlag.h"
 #include "texts/Exceptions.h"
-#include "undo/ZyUndoGroup.h"
 #include "texts/ZySettingsTexts.h"
+#include "undo/ZyUndoGroup.h"
 
 namespace zy {
 
@@ -42,18 +44,43 @@ std::vector<TZySetting> TZySettingsFrame::Settings() const {
 // --- From the object to the controls --------------------------------------------------------------------------------
 
 void TZySettingsFrame::UpdateControls() {
-  const std::vector<TPersistent*> Objects = Targets();
-  if (Objects.empty()) return;
+  TPersistent* const Object = Shown();
+  if (Object == nullptr) return;
   const TZyQuietStack Quiet(FUndoStack);
   const TScopedValue Shows(FCanSet, false);
-  for (const TBinding& Binding : FBindings) ShowBinding(Binding, *Objects.front());
-  for (const TCaption& Caption : FCaptions) ShowFont(*Caption.Edit, Caption.FontPath, Caption.ColorPath);
+  for (const TBinding& Binding : FBindings) ShowBinding(Binding, *Object);
+  for (const TCaption& Caption : FCaptions) ShowFont(Caption);
   ControlsUpdated();
   ShowLeads();
 }
 
 void TZySettingsFrame::ShowBinding(const TBinding& Binding, TPersistent& Object) {
-  if (const TZyPropertyPlace Place = FindPlace(Object, Binding.Path)) Binding.Show(Place);
+  if (IsTypedIn(*Binding.Control)) return;
+  const TZyPropertyPlace Place = FindPlace(Object, Binding.Path);
+  if (!Place) return;
+  Binding.Show(Place);
+  if (TCaption* const Caption = CaptionOf(*Binding.Control)) Caption->Seen = Caption->Edit->Caption();
+}
+
+void TZySettingsFrame::ForgetTyping() {
+  for (const TBinding& Binding : FBindings) NoteSeen(*Binding.Control);
+}
+
+TZySettingsFrame::TCaption* TZySettingsFrame::CaptionOf(const TWinControl& Control) {
+  const auto Found = std::ranges::find_if(FCaptions, [&](const TCaption& Each) { return Each.Edit == &Control; });
+  return Found == FCaptions.end() ? nullptr : &*Found;
+}
+
+void TZySettingsFrame::NoteSeen(TWinControl& Control) {
+  if (TCaption* const Caption = CaptionOf(Control)) Caption->Seen = Caption->Edit->Caption();
+  if (auto* const Edit = dynamic_cast<TCustomEdit*>(&Control)) Edit->SetModified(false);
+}
+
+/// What is being typed, and is not applied yet, is left to its user.
+bool TZySettingsFrame::IsTypedIn(const TWinControl& Control) {
+  if (const TCaption* const Caption = CaptionOf(Control)) return Caption->Edit->Caption() != Caption->Seen;
+  const auto* const Edit = dynamic_cast<const TCustomEdit*>(&Control);
+  return Edit != nullptr && Edit->Focused() && dynamic_cast<const TZyNumericUpDn*>(Edit) == nullptr && Edit->Modified();
 }
 
 /// What stands in front of a line is there for what stands behind.
@@ -74,6 +101,8 @@ TZySettingsFrame::TBinding& TZySettingsFrame::BindingOf(const TWinControl& Contr
 
 void TZySettingsFrame::FirstOnly(TWinControl& Control) { BindingOf(Control).FirstOnly = true; }
 
+void TZySettingsFrame::WithoutGroup(TWinControl& Control) { BindingOf(Control).HasGroup = false; }
+
 void TZySettingsFrame::SetLabel(TWinControl& Control, TZyText Label) { BindingOf(Control).Label = Label; }
 
 void TZySettingsFrame::SetAfter(TWinControl& Control, std::function<void()> After) {
@@ -87,6 +116,7 @@ void TZySettingsFrame::SetWriter(TWinControl& Control, std::function<void(TPersi
 void TZySettingsFrame::Edited(const TWinControl& Control) {
   if (!FCanSet) return;
   const auto Index = static_cast<std::size_t>(&BindingOf(Control) - FBindings.data());
+  NoteSeen(*FBindings[Index].Control);
   UserActs([this, Index] { Write(Index); });
 }
 
@@ -94,9 +124,10 @@ void TZySettingsFrame::Edited(const TWinControl& Control) {
 void TZySettingsFrame::Write(std::size_t Index) {
   const TBinding& Binding = FBindings[Index];
   std::vector<std::uint64_t> Handles;
-  for (const TPersistent* Object : Targets()) {
-    Handles.push_back(Object->LiveHandle());
-    if (Binding.FirstOnly) break;
+  if (Binding.FirstOnly) {
+    if (const TPersistent* const Object = Shown()) Handles.push_back(Object->LiveHandle());
+  } else {
+    for (const TPersistent* Object : Targets()) Handles.push_back(Object->LiveHandle());
   }
   const std::uint64_t Alive = LiveHandle();
   std::optional<TZyUndoGroup> Group;
@@ -105,7 +136,7 @@ void TZySettingsFrame::Write(std::size_t Index) {
     if (Object == nullptr) continue;
     const TZyPropertyPlace Place = FindPlace(*Object, Binding.Path);
     if (!Place || Binding.IsSame(Place)) continue;
-    if (WritesGroups() && !Binding.FirstOnly && !Group.has_value()) {
+    if (WritesGroups() && Binding.HasGroup && !Binding.FirstOnly && !Group.has_value()) {
       if (Binding.Label.has_value()) {
         Group.emplace(FUndoStack, *Binding.Label);
       } else {

@@ -62,6 +62,8 @@ class TZySettingsFrame : public TFrame {
 
   /// Brings all controls up to date with the object. Nothing without one.
   virtual void UpdateControls();
+  /// Has the next UpdateControls show the object's own texts where something is being typed.
+  void ForgetTyping();
   /// False while the frame fills its own controls.
   bool CanSet() const { return FCanSet; }
   /// The stack of the object that is shown.
@@ -85,13 +87,22 @@ class TZySettingsFrame : public TFrame {
   /// Edited is the class whose properties the paths begin with. A frame within another one does not scroll by itself.
   TZySettingsFrame(TComponent* Owner, const TClassInfo& Edited, bool IsInner = false);
 
-  /// What a value of the controls is written to; the first one is shown. None of them for nothing to edit.
+  /// What a value of the controls is written to, in this order. None for nothing to edit.
   virtual std::vector<TPersistent*> Targets() const = 0;
   /// Whether all that a control writes is one step, with the label of the property, even for one object.
   virtual bool WritesGroups() const { return false; }
   /// Enables, hides and fills what depends on the object, after the controls took their values.
   virtual void ControlsUpdated() {}
-  void SetUndoStack(TZyUndoStack* Value) { FUndoStack = Value; }
+  /// Runs when another object is taken: its stack. What was typed for the one before is forgotten.
+  void SetUndoStack(TZyUndoStack* Value) {
+    FUndoStack = Value;
+    ForgetTyping();
+  }
+  /// The one that is shown, which gets what is not written to all; the first one unless a frame knows better.
+  virtual TPersistent* Shown() const {
+    const std::vector<TPersistent*> Objects = Targets();
+    return Objects.empty() ? nullptr : Objects.front();
+  }
 
   // --- Building, in constructors. Each control comes behind the last one of its line. ---
 
@@ -166,6 +177,8 @@ class TZySettingsFrame : public TFrame {
   const std::string& PathOf(const TWinControl& Control) { return BindingOf(Control).Path; }
   /// Has what a control writes go to the first object only.
   void FirstOnly(TWinControl& Control);
+  /// Has what a control writes be a step for each object.
+  void WithoutGroup(TWinControl& Control);
   /// Has what a control writes be called by another text than the property's.
   void SetLabel(TWinControl& Control, TZyText Label);
   /// Has After run when a control has written.
@@ -202,6 +215,14 @@ class TZySettingsFrame : public TFrame {
     std::optional<TZyText> Label;
     std::function<void()> After;
     bool FirstOnly = false;
+    bool HasGroup = true;
+  };
+  /// A caption edit, shown in a font and a colour of the object's.
+  struct TCaption {
+    TZyCaptionEdit* Edit;
+    std::string FontPath, ColorPath;
+    bool KeepsSize = false;  // that of the edit
+    std::string Seen = {};   // what the edit held when it was last filled or applied; what differs is being typed
   };
   /// Controls beside each other: what stands in front, and those behind.
   struct TLine {
@@ -226,8 +247,11 @@ class TZySettingsFrame : public TFrame {
   TBinding& BindingOf(const TWinControl& Control);
   void Edited(const TWinControl& Control);
   void Write(std::size_t Index);
+  bool IsTypedIn(const TWinControl& Control);
+  TCaption* CaptionOf(const TWinControl& Control);
+  void NoteSeen(TWinControl& Control);
   void ShowBinding(const TBinding& Binding, TPersistent& Object);
-  void ShowFont(TZyCaptionEdit& Edit, const std::string& FontPath, const std::string& ColorPath);
+  void ShowFont(const TCaption& Caption);
   void AskFont(TWinControl& Control, const std::string& Path);
   TZyFontDialog& FindFontDialog();
   void ShowLeads();
@@ -237,15 +261,9 @@ class TZySettingsFrame : public TFrame {
   [[noreturn]] void MissingPart(std::string_view PartName) const;
 
   const TClassInfo* FClass;
-  TWinControl* FBox;  // holds the groups
-  TWinControl* FGroup = nullptr;   // in which lines are added
+  TWinControl* FBox;                 // holds the groups
+  TWinControl* FGroup = nullptr;     // in which lines are added
   std::vector<TWinControl*> FOuter;  // the groups that the sub-panels lie in
-  /// A caption edit, shown in a font and a colour of the object's.
-  struct TCaption {
-    TZyCaptionEdit* Edit;
-    std::string FontPath, ColorPath;
-  };
-
   std::vector<TBinding> FBindings;
   std::vector<TCaption> FCaptions;
   std::vector<TLine> FLines;

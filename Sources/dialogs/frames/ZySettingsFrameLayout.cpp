@@ -84,7 +84,7 @@ void TZySettingsFrame::ArrangeWidgets() {
     }
     return *Grid;
   };
-  for (const TCaption& Each : FCaptions) ShowFont(*Each.Edit, Each.FontPath, Each.ColorPath);
+  for (const TCaption& Each : FCaptions) ShowFont(Each);
   int LeadWidth = 0;
   for (const TLine& Line : FLines) {
     QGridLayout& Grid = GridOf(*Line.Box);
@@ -109,7 +109,8 @@ void TZySettingsFrame::ArrangeWidgets() {
     const bool IsShort = std::ranges::all_of(
         Line.Controls, [](TWinControl* Each) { return dynamic_cast<TButtonControl*>(Each) != nullptr; });
     if (IsShort) Controls->addStretch();
-    Grid.addLayout(Controls, Row, Line.IsWide || Line.Lead == nullptr ? 0 : 1, 1, Line.IsWide || Line.Lead == nullptr ? 2 : 1);
+    Grid.addLayout(Controls, Row, Line.IsWide || Line.Lead == nullptr ? 0 : 1, 1,
+                   Line.IsWide || Line.Lead == nullptr ? 2 : 1);
   }
   const int Most = Widget()->fontMetrics().horizontalAdvance(QString(34, 'n'));
   for (auto& [Box, Grid] : Grids) Grid->setColumnMinimumWidth(0, std::min(LeadWidth, Most));

@@ -34,7 +34,7 @@ namespace {
 constexpr int ErrorTime = 10000;
 
 /// A single's own digits as a real.
-double Shown(double Value, bool IsSingle) { return IsSingle ? std::round(Value * 1e6) / 1e6 : Value; }
+double Rounded(double Value, bool IsSingle) { return IsSingle ? std::round(Value * 1e6) / 1e6 : Value; }
 
 }  // namespace
 
@@ -228,13 +228,12 @@ TZyNumericUpDn& TZySettingsFrame::AddUpDown(const char* PartName, const char* Pa
   if (IsReal) Edit.ShowAllDigits();
   EnterLine(Edit);
   BindValue(
-      Edit, Path,
-      [&Edit, IsReal] { return IsReal ? TZySettingValue(Edit.Value()) : std::int64_t{Edit.AsInteger()}; },
+      Edit, Path, [&Edit, IsReal] { return IsReal ? TZySettingValue(Edit.Value()) : std::int64_t{Edit.AsInteger()}; },
       [&Edit, IsReal, Single = FindRowOf(*FClass, Path)->IsSingle](const TZySettingValue& Value) {
         const double Number = IsReal ? std::get<double>(Value) : static_cast<double>(std::get<std::int64_t>(Value));
         const bool IsSame =
             Single ? static_cast<float>(Edit.Value()) == static_cast<float>(Number) : Edit.Value() == Number;
-        if (!IsSame) Edit.SetValue(Shown(Number, Single));
+        if (!IsSame) Edit.SetValue(Rounded(Number, Single));
       });
   Edit.SetOnValueChanged([this, &Edit](TObject*) { Edited(Edit); });
   return Edit;
@@ -247,7 +246,7 @@ TZyDoubleEdit& TZySettingsFrame::AddEdit(const char* PartName, const char* Path)
   BindValue(
       Edit, Path, [&Edit] { return TZySettingValue(Edit.Value()); },
       [&Edit, Single = FindRowOf(*FClass, Path)->IsSingle](const TZySettingValue& Value) {
-        if (Edit.Value() != std::get<double>(Value)) Edit.SetValue(Shown(std::get<double>(Value), Single));
+        if (Edit.Value() != std::get<double>(Value)) Edit.SetValue(Rounded(std::get<double>(Value), Single));
       });
   Edit.SetOnExit([this, &Edit](TObject*) { Edited(Edit); });
   Edit.SetOnDblClick([this, &Edit](TObject*) { Edited(Edit); });
@@ -408,12 +407,14 @@ TZySeriesListBox& TZySettingsFrame::AddOrderList(const char* PartName, TZyText H
   EnterLine(List);
   FLines.back().IsWide = true;
   AddLine();
-  const std::tuple<const char*, TZyText, TZyDragListBox::TMove> Buttons[] = {{"TopButton", _sMoveSeriesTop, Top},
-                                                                             {"UpButton", _sMoveSeriesUp, Up},
-                                                                             {"DownButton", _sMoveSeriesDown, Down},
-                                                                             {"BottomButton", _sMoveSeriesBottom, Bottom}};
+  const std::tuple<const char*, TZyText, TZyDragListBox::TMove> Buttons[] = {
+      {"TopButton", _sMoveSeriesTop, Top},
+      {"UpButton", _sMoveSeriesUp, Up},
+      {"DownButton", _sMoveSeriesDown, Down},
+      {"BottomButton", _sMoveSeriesBottom, Bottom}};
   for (const auto& [ButtonName, ButtonHint, Move] : Buttons)
-    EnterLine(*AddMoveButton(*this, *FGroup, ButtonName, ButtonHint, Move, [&List, Move = Move] { List.MoveSelected(Move); }));
+    EnterLine(*AddMoveButton(*this, *FGroup, ButtonName, ButtonHint, Move,
+                             [&List, Move = Move] { List.MoveSelected(Move); }));
   return List;
 }
 
@@ -472,8 +473,8 @@ TScrollBox& TZySettingsFrame::AddScroll(const char* PartName, int PixelHeight) {
 
 TWinControl& TZySettingsFrame::AddTool(const char* PartName, TZyText HintText, TZyGlyph Glyph,
                                        std::function<void()> Click) {
-  auto* const Button = AddToolButton(*this, *FGroup, PartName, HintText, Glyph,
-                                     [this, Click = std::move(Click)] { UserActs(Click); });
+  auto* const Button =
+      AddToolButton(*this, *FGroup, PartName, HintText, Glyph, [this, Click = std::move(Click)] { UserActs(Click); });
   Button->SetTabStop(true);
   EnterLine(*Button);
   return *Button;

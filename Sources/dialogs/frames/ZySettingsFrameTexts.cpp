@@ -8,8 +8,8 @@
 #include "dialogs/frames/ZySettingsFrame.h"
 #include "graph/values/ZyColors.h"
 #include "platform/controls/TButtonControl.h"
-#include "undo/ZyUndoGroup.h"
 #include "texts/ZySettingsTexts.h"
+#include "undo/ZyUndoGroup.h"
 
 namespace zy {
 
@@ -41,19 +41,21 @@ constexpr int CaptionHeight = 56, LinesHeight = 84;
 }  // namespace
 
 /// Shows the edit in the font of the caption, on a ground on which its colour can be read.
-void TZySettingsFrame::ShowFont(TZyCaptionEdit& Edit, const std::string& FontPath, const std::string& ColorPath) {
-  const std::vector<TPersistent*> Objects = Targets();
-  if (Objects.empty() || FontPath.empty()) return;
-  const TZyPropertyPlace FontPlace = FindPlace(*Objects.front(), FontPath);
+void TZySettingsFrame::ShowFont(const TCaption& Caption) {
+  TZyCaptionEdit& Edit = *Caption.Edit;
+  TPersistent* const Object = Shown();
+  if (Object == nullptr || Caption.FontPath.empty()) return;
+  const TZyPropertyPlace FontPlace = FindPlace(*Object, Caption.FontPath);
   const auto* const Present = FontPlace ? dynamic_cast<const TZyFont*>(FontPlace.GetObject()) : nullptr;
   if (Present == nullptr) return;
-  const std::unique_ptr<TControlFont> Shown = Present->AsTFont();
-  if (const TZyPropertyPlace Color = FindPlace(*Objects.front(), ColorPath))
-    Shown->SetColor(static_cast<TZyColor>(std::get<std::int64_t>(Color.Get())));
-  if (!(Edit.ControlFont() == *Shown)) Edit.SetControlFont(*Shown);
+  const std::unique_ptr<TControlFont> Face = Present->AsTFont();
+  if (const TZyPropertyPlace Color = FindPlace(*Object, Caption.ColorPath))
+    Face->SetColor(static_cast<TZyColor>(std::get<std::int64_t>(Color.Get())));
+  if (Caption.KeepsSize) Face->SetSize(Edit.ControlFont().Size());
+  if (!(Edit.ControlFont() == *Face)) Edit.SetControlFont(*Face);
   if (!Edit.HasWidget()) return;
   QPalette Colors = Edit.Widget()->palette();
-  const QColor Ground = QColor::fromRgb(ContrastBackGroundARGB(Shown->Color()));
+  const QColor Ground = QColor::fromRgb(ContrastBackGroundARGB(Face->Color()));
   if (Colors.color(QPalette::Base) == Ground) return;
   Colors.setColor(QPalette::Base, Ground);
   Edit.Widget()->setPalette(Colors);
@@ -68,7 +70,7 @@ TZyCaptionEdit& TZySettingsFrame::AddCaptionEdit(const char* PartName, const cha
   if (Info.Label.has_value()) Edit.SetHint(LoadResString(*Info.Label));
   Edit.SetBounds(0, 0, Edit.Width(), ReturnApplies ? CaptionHeight : LinesHeight);
   EnterLine(Edit);
-  FCaptions.push_back({&Edit, FontPath, ColorPath});
+  FCaptions.push_back({&Edit, FontPath, ColorPath, !ReturnApplies});
   const auto Apply = [this, &Edit](TObject*) { Edited(Edit); };
   Edit.SetOnExit(Apply);
   Edit.SetOnDblClick(Apply);
@@ -125,9 +127,9 @@ void TZySettingsFrame::TakeLines(const TZyCaptionEdit& Edit, TStrings& List) {
 
 /// The dialog waits for its user, in whose course everything may go.
 void TZySettingsFrame::AskFont(TWinControl& Control, const std::string& Path) {
-  const std::vector<TPersistent*> Objects = Targets();
-  if (Objects.empty()) return;
-  const TZyPropertyPlace Place = FindPlace(*Objects.front(), Path);
+  TPersistent* const Object = Shown();
+  if (Object == nullptr) return;
+  const TZyPropertyPlace Place = FindPlace(*Object, Path);
   const auto* const Present = Place ? dynamic_cast<const TZyFont*>(Place.GetObject()) : nullptr;
   if (Present == nullptr) return;
   auto& Dialog = FindFontDialog();
@@ -152,10 +154,11 @@ TButton& TZySettingsFrame::AddFont(const char* PartName, const char* Path) {
   TBinding& Binding = Bind(Button, Path);
   Binding.Show = [](const TZyPropertyPlace&) {};
   Binding.IsSame = [](const TZyPropertyPlace&) { return false; };
-  Binding.Write = [this](const TZyPropertyPlace& Place) { Place.Info->SetObject(*Place.Object, &FindFontDialog().Font()); };
-  Button.SetOnClick([this, &Button](TObject*) {
-    UserActs([this, &Button] { AskFont(Button, BindingOf(Button).Path); });
-  });
+  Binding.Write = [this](const TZyPropertyPlace& Place) {
+    Place.Info->SetObject(*Place.Object, &FindFontDialog().Font());
+  };
+  Button.SetOnClick(
+      [this, &Button](TObject*) { UserActs([this, &Button] { AskFont(Button, BindingOf(Button).Path); }); });
   return Button;
 }
 

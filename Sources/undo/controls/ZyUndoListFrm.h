@@ -60,7 +60,7 @@ class TZyUndoListFrm : public TForm {
   TZyLevelsList* FLevelsList;  // owned by the form, as all in it
   TLabel* FStatusLab;
   std::string FNewest;  // label of the first step that is listed
-  TFocusMark FFocus;   // what had the keyboard before
+  TFocusMark FFocus;    // what had the keyboard before
   TApplicationEvents FIdle;
 };
 
