@@ -13,6 +13,7 @@ build/release/Examples/analysis
 build/release/Examples/equation
 build/release/Examples/measure
 QT_QPA_PLATFORM=offscreen build/release/Examples/undo_buttons  # an open list would keep the user's mouse
+build/release/Examples/studio
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then build/release/Examples/gallery; fi
 build/release/Examples/live
 build/release/Examples/first_chart

@@ -145,6 +145,10 @@ void TZyAxisSettingsFrame::AddTicks() {
   constexpr double LeastFactor = 0.1, MostFactor = 10;
   AddSubPanel("AxTicksPanel");
   AddCheck("AxAutoPartCheck", "AutoTickParts", _sAxisAutoParts);
+  AddLine(_sAxisPartitions);
+  AddEdit("AxMajorTicksPartEdit", "MajorTickPart");
+  AddEdit("AxMinorTicksPartEdit", "TickPart");
+  AddEdit("AxNumbersPartEdit", "LabelPart");
   AddLine(_sAxisLineLabel);
   AddColor("AxLineColorPick", "ForeColor");
   AddUpDown("AxLineWidthUpDown", "AxisThicknes");
@@ -152,14 +156,10 @@ void TZyAxisSettingsFrame::AddTicks() {
   AddColor("AxMajorTicksColorPick", "MajorTickColor");
   AddUpDown("AxMajorTicksWidthUpDown", "MajorTickThicknes");
   AddUpDown("AxMajorTicksLengthUpDown", "MajorTickLength");
-  AddEdit("AxMajorTicksPartEdit", "MajorTickPart");
   AddLine(_sAxisMinorLabel);
   AddColor("AxMinorTicksColorPick", "TickColor");
   AddUpDown("AxMinorTicksWidthUpDown", "TickThicknes");
   AddUpDown("AxMinorTicksLengthUpDown", "TickLength");
-  AddEdit("AxMinorTicksPartEdit", "TickPart");
-  AddLine(_sAxisLabelsEvery);
-  AddEdit("AxNumbersPartEdit", "LabelPart");
   AddLine(_sAxisLabelsDistance);
   AddUpDown("LabelsDistanceEdit", "LabelDistanceFactor", LeastFactor, MostFactor, LeastFactor);
   AddLine(_sAxisTicksPoint);
