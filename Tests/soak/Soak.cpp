@@ -409,11 +409,26 @@ class TSoak {
   int FMade = 0;
 };
 
+/// The cache of shadows takes 16 MiB; it is full from the beginning.
+void FillCaches() {
+  TForm Form;
+  TZyDoubleVector Values(&Form);
+  Values.AddRange({1, 2, 3});
+  TZyPieChart Pie(&Form);
+  Pie.SetValues(&Values);
+  Pie.SetDropShadow(true);
+  for (int Size = 800; Size < 820; ++Size) {
+    Pie.SetBounds(0, 0, Size, Size);
+    PictureOf(Size, Size, [&](Graphics& Gr) { Pie.PaintToImage(Gr); });
+  }
+}
+
 int Run(double Seconds, unsigned Seed) {
   using Clock = std::chrono::steady_clock;
   std::printf("Seed %u\n", Seed);
   std::fflush(stdout);
   const auto End = Clock::now() + std::chrono::duration<double>(Seconds);
+  FillCaches();
   TSoak Soak(Seed);
   std::vector<std::size_t> Memory;
   while (Clock::now() < End || Memory.size() < 8) {

@@ -211,7 +211,8 @@ void TZySettingsForm::Follow() {
 }
 
 void TZySettingsForm::Idle() {
-  if (Visible()) Follow();
+  Follow();
+  FitWidth();
   if (FWatch != nullptr) FWatch->Renew();
   bool IsEnabled = SelectedEdit() != nullptr && (HasKeyboard(*FColorPick) || HasKeyboard(*FFontsCombo));
   std::erase_if(FEdits, [](std::uint64_t Each) { return FromLiveHandle(Each) == nullptr; });

@@ -81,12 +81,14 @@ class TZySettingsForm : public TForm {
   void AddUndoBar();
   void Watch();
   void Follow();
+  void FitWidth();
   void SetUndoStack(TZyUndoStack* Value) { TakeUndoStack(Value); }
   TZyCaptionEdit* SelectedEdit() const;
   void ShowStyle(bool IsEnabled);
   void ChangeStyle(const std::function<void(TZyCaptionEdit&)>& Change);
   void ToFirstLetter(char32_t& Letter);
 
+  int FFittedWidth = 0;  // of the widest lines seen so far
   TPageControl* FPages;
   TPanel* FSecondLine;
   TToolBar* FStyleBar;

@@ -1,5 +1,7 @@
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QScreen>
+#include <QScrollArea>
 #include <QVBoxLayout>
 #include <QWidget>
 #include <algorithm>
@@ -64,6 +66,26 @@ void TZySettingsForm::ArrangePage(TTabSheet& Page) {
     for (TControl* Inner : Control.Controls()) Row->addWidget(static_cast<TWinControl*>(Inner)->Widget());
     Row->addStretch();
   }
+}
+
+/// Grows until the lines of the page in front fit, up to the screen; once for each page that needs more, so that who
+/// makes the form narrower has it so.
+void TZySettingsForm::FitWidth() {
+  TTabSheet* const Page = Pages().ActivePage();
+  if (Page == nullptr || Page->Widget() == nullptr) return;
+  int Missing = 0;
+  for (const auto* const Area : Page->Widget()->findChildren<QScrollArea*>()) {
+    if (!Area->isVisible() || Area->widget() == nullptr) continue;
+    const int Needed = Area->widget()->minimumSizeHint().width();
+    if (Needed <= FFittedWidth) continue;
+    FFittedWidth = Needed;
+    Missing = std::max(Missing, Needed - Area->viewport()->width());
+  }
+  if (Missing <= 0) return;
+  QWidget& Box = *Widget();
+  const int Width = std::min(Box.width() + Missing, Box.screen()->availableGeometry().width());
+  Box.setMaximumWidth(std::max(Box.maximumWidth(), Width));
+  SetWidth(Width);
 }
 
 }  // namespace zy
