@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include "axes/ZyDateTimeText.h"
+#include "common/ChartDialogs.h"
 #include "common/ChartForms.h"
 #include "gallery/RecentFiles.h"
 #include "graph/ZyImageFileNames.h"
@@ -235,20 +236,11 @@ void TGalleryWindow::ShowTitle() {
 }
 
 bool TGalleryWindow::MayLeave() {
-  if (FDocument->Undo().Saved()) return true;
-  const auto Answer =
-      QMessageBox::question(Widget(), Title, "The chart was changed. Save the changes?",
-                            QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-  if (Answer == QMessageBox::Save) return Save();
-  return Answer == QMessageBox::Discard;
+  return examples::MayLeave(Widget(), Title, FDocument->Undo(), [this] { return Save(); });
 }
 
 void TGalleryWindow::AskOpen() {
-  TOpenDialog Dialog;
-  Dialog.Title = "Open a chart";
-  Dialog.Filter = ChartFileFilter(false);
-  Dialog.FileName = FFileName;
-  if (Dialog.Execute(this)) Open(Dialog.FileName);
+  if (const auto Chosen = AskToOpen(this, "Open a chart", ChartFileFilter(false), FFileName)) Open(*Chosen);
 }
 
 void TGalleryWindow::ShowRecent() {
@@ -268,13 +260,9 @@ bool TGalleryWindow::Save() {
 }
 
 bool TGalleryWindow::SaveAs() {
-  TSaveDialog Dialog;
-  Dialog.Title = "Save the chart";
-  Dialog.Filter = ChartFileFilter(true);
-  Dialog.FileName = FEntry != nullptr ? std::filesystem::path(FEntry->Name) : FFileName;
-  if (!Dialog.Execute(this)) return false;
-  SaveTo(Dialog.FileName);
-  return true;
+  const auto Chosen = AskToSave(this, FEntry != nullptr ? std::filesystem::path(FEntry->Name) : FFileName);
+  if (Chosen) SaveTo(*Chosen);
+  return Chosen.has_value();
 }
 
 void TGalleryWindow::SaveTo(const std::filesystem::path& Target) {

@@ -9,7 +9,6 @@
 #include <QPixmap>
 #include <iostream>
 
-#include "dialogs/frames/ZySettingsFrame.h"
 #include "platform/controls/TApplication.h"
 #include "studio/StudioWindow.h"
 
@@ -35,10 +34,10 @@ void PlaySession(TStudioWindow& Window, const std::filesystem::path& Folder) {
   SaveWindow(Window, Folder / "studio.png");
   Window.SaveTo(Folder / "studio.zyx");
   Window.Open(Folder / "studio.zyx");
-  Window.Menu().ShowSettings(*Window.Graph().RelatedSeries().begin().operator*());
-  QWidget& Dialog = *Window.Menu().GraphTool().Dialog()->Widget();
-  SaveWindow(Dialog, Folder / "settings.png");
-  Window.Menu().GraphTool().Dialog()->Close();
+  Window.Menu().ShowSettings(**Window.Graph().RelatedSeries().begin());
+  TGraphEdit& Dialog = *Window.Menu().GraphTool().Dialog();
+  SaveWindow(*Dialog.Widget(), Folder / "settings.png");
+  Dialog.Close();
 }
 
 }  // namespace

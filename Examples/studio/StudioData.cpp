@@ -11,7 +11,7 @@
 namespace zy::examples {
 namespace {
 
-/// Of the first rows that have a field, all must be of the kind that the column is taken for.
+/// False for a column that has a field of another kind, or none.
 template <class TRead>
 bool Fill(TStudioColumn& Column, std::size_t Rows, const TRead& Read) {
   bool HasAny = false;
@@ -28,30 +28,20 @@ std::vector<TStudioColumn> ReadCsv(const std::filesystem::path& FileName) {
   const TCsvFile File(FileName);
   std::vector<TStudioColumn> Result;
   for (std::size_t Index = 0; Index < File.ColumnCount(); ++Index) {
-    const auto Missing = [&](std::size_t Row) { return File.Text(Row, Index).empty(); };
-    TStudioColumn Numbers{File.ColumnName(Index), {}};
-    const auto Real = [&](std::size_t Row) -> std::optional<double> {
-      if (Missing(Row)) return NAN;
-      try {
-        return TextToReal(File.Text(Row, Index));
-      } catch (const EConvertError&) {
-        return std::nullopt;
-      }
-    };
-    if (Fill(Numbers, File.RowCount(), Real)) {
-      Result.push_back(std::move(Numbers));
-      continue;
+    for (const bool IsDate : {false, true}) {
+      TStudioColumn Column{File.ColumnName(Index), {}, IsDate};
+      const auto Read = [&](std::size_t Row) -> std::optional<double> {
+        if (File.Text(Row, Index).empty()) return NAN;
+        try {
+          return IsDate ? File.Day(Row, Index) : TextToReal(File.Text(Row, Index));
+        } catch (const std::exception&) {
+          return std::nullopt;
+        }
+      };
+      if (!Fill(Column, File.RowCount(), Read)) continue;
+      Result.push_back(std::move(Column));
+      break;
     }
-    TStudioColumn Dates{File.ColumnName(Index), {}, true};
-    const auto Day = [&](std::size_t Row) -> std::optional<double> {
-      if (Missing(Row)) return NAN;
-      try {
-        return File.Day(Row, Index);
-      } catch (const EReadError&) {
-        return std::nullopt;
-      }
-    };
-    if (Fill(Dates, File.RowCount(), Day)) Result.push_back(std::move(Dates));
   }
   return Result;
 }

@@ -10,18 +10,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-#include "annotations/ZyLegend.h"
-#include "annotations/ZyMovable.h"
+#include "Charts.h"
+#include "common/ChartDialogs.h"
 #include "common/ChartForms.h"
-#include "looks/ZyLook.h"
-#include "persistence/ZyIO.h"
-#include "platform/controls/TFileDialog.h"
-#include "platform/framework/ClassRegistry.h"
-#include "series/ZyFittedLine.h"
-#include "series/ZyFunctionSeries.h"
-#include "series/ZyPointSeries.h"
-#include "texts/Exceptions.h"
-#include "undo/ZyUndoGroup.h"
 
 namespace zy::examples {
 namespace {
@@ -111,13 +102,9 @@ void TStudioWindow::MakeMenus() {
 void TStudioWindow::MakeColumns() {
   auto* const Page = new QWidget;
   auto* const Form = new QFormLayout(Page);
-  FX = new QComboBox;
-  FY = new QComboBox;
-  FKind = new QComboBox;
+  for (QComboBox** Box : {&FX, &FY, &FKind}) *Box = new QComboBox;
   for (const TKind& Kind : Kinds) FKind->addItem(Kind.Text);
-  Form->addRow("&X", FX);
-  Form->addRow("&Y", FY);
-  Form->addRow("&Kind", FKind);
+  for (const auto& [Label, Box] : {std::pair{"&X", FX}, {"&Y", FY}, {"&Kind", FKind}}) Form->addRow(Label, Box);
   auto* const Add = new QPushButton("&Add series");
   Form->addRow(Add);
   FHelp = new QLabel(
@@ -143,8 +130,7 @@ void TStudioWindow::ShowColumns() {
   for (const TStudioColumn& Column : FColumns)
     for (QComboBox* Box : {FX, FY}) Box->addItem(QString::fromStdString(Column.Name));
   if (FColumns.size() < 2) return;
-  FX->setCurrentIndex(1);
-  FY->setCurrentIndex(1);
+  for (QComboBox* Box : {FX, FY}) Box->setCurrentIndex(1);
 }
 
 // --- The chart ------------------------------------------------------------------------------------------------------
@@ -224,14 +210,14 @@ TZySeries& TStudioWindow::AddSeries(const std::string& Kind, int XColumn, int YC
 }
 
 TZySeries& TStudioWindow::AddCurve(const std::string& Kind, TZySeries& Of) {
-  std::string Formula;
-  if (Kind == "TZyFittedLine" && isVisible())
+  QString Formula;
+  if (Kind == "TZyFittedLine") {
     Formula =
-        QInputDialog::getText(this, Program, "Formula of X with the coefficients A to P", QLineEdit::Normal, "A*X+B")
-            .toStdString();
-  if (Kind == "TZyFittedLine" && Formula.empty()) throw EAbort("No formula");
+        QInputDialog::getText(this, Program, "Formula of X with the coefficients A to P", QLineEdit::Normal, "A*X+B");
+    if (Formula.isEmpty()) throw EAbort("No formula");
+  }
   TZySeries& Series = Join(Kind, Of.ToString() + ", " + Kind.substr(3));
-  if (auto* const Fit = dynamic_cast<TZyFittedLine*>(&Series)) Fit->SetExpression(Formula);
+  if (auto* const Fit = dynamic_cast<TZyFittedLine*>(&Series)) Fit->SetExpression(Formula.toStdString());
   dynamic_cast<TZyFunctionSeries&>(Series).SetOnCalculationError(
       [this](TObject*, const std::exception& Error) { FHelp->setText(QString::fromUtf8(Error.what())); });
   Series.SetXData(Of.XData());
@@ -280,28 +266,21 @@ TZySeries* TStudioWindow::ChooseSeries() {
     Names += QString::fromStdString(Series->ToString());
   }
   if (Offered.empty()) throw EInvalidOperation("Add a series first");
-  bool IsChosen = true;
-  const QString Name = Offered.size() == 1
-                           ? Names.front()
-                           : QInputDialog::getItem(this, Program, "Curve of", Names, 0, false, &IsChosen);
-  return IsChosen ? Offered[static_cast<std::size_t>(Names.indexOf(Name))] : nullptr;
+  const int Chosen = Offered.size() == 1 ? 0 : Choose("Curve of", Names);
+  return Chosen < 0 ? nullptr : Offered[static_cast<std::size_t>(Chosen)];
+}
+
+/// The index of what the user chooses, -1 for nothing.
+int TStudioWindow::Choose(const char* Question, const QStringList& Names) {
+  bool IsChosen = false;
+  const QString Name = QInputDialog::getItem(this, Program, Question, Names, 0, false, &IsChosen);
+  return IsChosen ? static_cast<int>(Names.indexOf(Name)) : -1;
 }
 
 // --- Files ----------------------------------------------------------------------------------------------------------
 
-std::string TStudioWindow::ChooseTable(const std::vector<std::string>& Tables) {
-  QStringList Names;
-  for (const std::string& Table : Tables) Names += QString::fromStdString(Table);
-  bool IsChosen = false;
-  const QString Name = QInputDialog::getItem(this, Program, "Table", Names, 0, false, &IsChosen);
-  return IsChosen ? Name.toStdString() : std::string();
-}
-
 void TStudioWindow::Ask(const char* Title, const std::string& Filter) {
-  TOpenDialog Dialog;
-  Dialog.Title = Title;
-  Dialog.Filter = Filter;
-  if (Dialog.Execute(nullptr)) Open(Dialog.FileName);
+  if (const auto Chosen = AskToOpen(nullptr, Title, Filter)) Open(*Chosen);
 }
 
 void TStudioWindow::Open(const std::filesystem::path& FileName) {
@@ -321,7 +300,12 @@ void TStudioWindow::Open(const std::filesystem::path& FileName) {
 
 /// Another table begins another chart.
 void TStudioWindow::OpenData(const std::filesystem::path& FileName) {
-  auto Columns = LoadColumns(FileName, [this](const std::vector<std::string>& Tables) { return ChooseTable(Tables); });
+  auto Columns = LoadColumns(FileName, [this](const std::vector<std::string>& Tables) {
+    QStringList Names;
+    for (const std::string& Table : Tables) Names += QString::fromStdString(Table);
+    const int Chosen = Choose("Table", Names);
+    return Chosen < 0 ? std::string() : Tables[static_cast<std::size_t>(Chosen)];
+  });
   if (!MayLeave()) return;
   NewChart(FileName.stem().string());
   FColumns = std::move(Columns);
@@ -335,27 +319,16 @@ void TStudioWindow::SaveTo(const std::filesystem::path& FileName) {
   ShowTitle();
 }
 
-bool TStudioWindow::Save() {
-  if (FFileName.empty()) return SaveAs();
-  SaveTo(FFileName);
-  return true;
-}
+bool TStudioWindow::Save() { return FFileName.empty() ? SaveAs() : (SaveTo(FFileName), true); }
 
 bool TStudioWindow::SaveAs() {
-  TSaveDialog Dialog;
-  Dialog.Title = "Save the chart";
-  Dialog.Filter = ChartFileFilter(true);
-  Dialog.FileName = FFileName;
-  if (!Dialog.Execute(nullptr)) return false;
-  SaveTo(Dialog.FileName);
-  return true;
+  const auto Chosen = AskToSave(nullptr, FFileName);
+  if (Chosen) SaveTo(*Chosen);
+  return Chosen.has_value();
 }
 
 bool TStudioWindow::MayLeave() {
-  if (FDocument->Undo().Saved()) return true;
-  const auto Answer = QMessageBox::question(this, Program, "The chart was changed. Save the changes?",
-                                            QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
-  return Answer == QMessageBox::Discard || (Answer == QMessageBox::Save && Save());
+  return examples::MayLeave(this, Program, FDocument->Undo(), [this] { return Save(); });
 }
 
 void TStudioWindow::closeEvent(QCloseEvent* Event) { Event->setAccepted(MayLeave()); }

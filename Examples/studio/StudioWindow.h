@@ -8,7 +8,6 @@
 
 #include "common/ChartDocument.h"
 #include "dialogs/forms/ZyChartMenu.h"
-#include "graph/ZyGraph2D.h"
 #include "studio/StudioData.h"
 
 class QComboBox;
@@ -52,7 +51,7 @@ class TStudioWindow : public QMainWindow {
   TZySeries& Join(const std::string& Kind, const std::string& Caption);
   TZyDoubleVector& VectorOf(int Column);
   TZySeries* ChooseSeries();
-  std::string ChooseTable(const std::vector<std::string>& Tables);
+  int Choose(const char* Question, const QStringList& Names);
   void ShowColumns();
   void ShowTitle();
   bool MayLeave();

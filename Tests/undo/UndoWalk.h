@@ -92,12 +92,16 @@ class TUndoForm {
     return BytesOf(Form);
   }
 
-  /// The same of the form once it is painted, without the boxes of axes, the ends of curves, and the axis that a phase
-  /// without one is given: what these follow from
-  /// is undone, but they are those of the last layout or calculation, and none comes while an axis is missing.
+  /// The same of the form once it is painted, without what only follows.
   std::string Text() {
     Paint();
-    std::string Result = Bytes();
+    return WithoutFollowers(Bytes());
+  }
+
+  /// The bytes of a form without the boxes of axes, the ends of curves, and the axis that a phase without one is given:
+  /// what these follow from is undone, but they are those of the last layout or calculation, and none comes while an
+  /// axis is missing.
+  static std::string WithoutFollowers(std::string Result) {
     for (const std::string_view Name : {"Left", "Top", "Width", "Height", "CalculationStart", "CalculationStop",
                                         "DisplayStart", "DisplayStop", "Offset"}) {
       const std::string Row = std::string("\x07") + static_cast<char>(Name.size()) + std::string(Name);
@@ -238,6 +242,7 @@ class TUndoWalk : public TUndoForm {
       if (!Graphs().empty()) Marker->SetParent(AnyOf(Graphs()));
     }
     if (auto* const Series = dynamic_cast<TZySeries*>(Component)) {
+      if (auto* const Fit = dynamic_cast<TZyFittedLine*>(Series)) Fit->SetIterations(0);  // else each paint improves it
       Series->SetUndoStack(&Stack);
       for (const char* Name : {"XAxis", "YAxis", "XData", "YData"})
         if (const TPropInfo* Info = Series->ClassInfo().FindProperty(Name)) SetAtRandom(*Series, *Info, Form, FRandom);
