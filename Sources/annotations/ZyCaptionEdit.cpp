@@ -1,15 +1,20 @@
 #include "annotations/ZyCaptionEdit.h"
 
+#include <QAction>
+#include <QMenu>
 #include <algorithm>
 
+#include "annotations/ZyVariablePicker.h"
 #include "annotations/captions/ZyRichCaption.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/drawing/Pen.h"
+#include "platform/drawing/QtText.h"
 #include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
 #include "texts/Exceptions.h"
 #include "texts/Utf8.h"
 #include "texts/ZyLocalize.h"
+#include "texts/ZySettingsTexts.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
@@ -374,7 +379,7 @@ void TZyCaptionEdit::AfterEdit(TRichEditAction Action) {
 bool TZyCaptionEdit::UsesKey(TKey Key, TShiftState Shift) const {
   constexpr std::string_view Letters = "BIUOCXVZY";
   if (!Shift.Contains(ssCtrl) || Shift.Contains(ssAlt)) return false;
-  return Key == vkAdd || Key == vkSubtract ||
+  return Key == vkAdd || Key == vkSubtract || Key == vkSpace ||
          (Key < 128 && Letters.find(static_cast<char>(Key)) != std::string_view::npos);
 }
 
@@ -392,6 +397,8 @@ bool TZyCaptionEdit::FlipsFormat(TKey Key) {
       return SetSuperscript(!Superscript()), true;
     case vkSubtract:
       return SetSubscript(!Subscript()), true;
+    case vkSpace:
+      return PickVariable(), true;
     default:
       return false;
   }
@@ -402,6 +409,21 @@ void TZyCaptionEdit::KeyDown(TKey& Key, TShiftState Shift) {
   const bool IsScript = Key == vkAdd || Key == vkSubtract;  // plus needs the shift key on some keyboards
   const bool IsChord = Shift.Contains(ssCtrl) && !Shift.Contains(ssAlt) && (IsScript || !Shift.Contains(ssShift));
   if (IsChord && !ReadOnly() && FlipsFormat(Key)) Key = 0;
+}
+
+// --- The tree of variables ------------------------------------------------------------------------------------------
+
+void TZyCaptionEdit::PickVariable() {
+  if (!HasWidget() || ReadOnly()) return;
+  if (FPicker == nullptr) FPicker = new TZyVariablePicker(*this);
+  FPicker->Open();
+}
+
+void TZyCaptionEdit::AddToMenu(QMenu& Menu) {
+  Menu.addSeparator();
+  QAction* const Line = Menu.addAction(ToQString(LoadResString(_sPickVariable)) + "\tCtrl+Space");
+  Line->setEnabled(!ReadOnly());
+  QObject::connect(Line, &QAction::triggered, Widget(), [this] { HandleEvent([this] { PickVariable(); }); });
 }
 
 /// The name by which the toolkit finds a format that is registered as "TZyCaptionEdit".

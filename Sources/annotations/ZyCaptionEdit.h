@@ -15,6 +15,8 @@
 
 namespace zy {
 
+class TZyVariablePicker;
+
 /// One variable in the text of a caption edit.
 struct TZyCaptionVariableRec {
   int EditStart = 0;   ///< place in the text, a line end counting 1
@@ -68,6 +70,9 @@ class TZyCaptionEdit : public TCustomRichEdit, public IZyEditState {
   /// throws what a formula throws, and changes nothing then. An empty name does nothing.
   std::string SelVariable() const;
   void SetSelVariable(const std::string& Value);
+  /// Opens the tree of variables, as Ctrl+Space and a line of the menu do: what the user chooses there becomes
+  /// SelVariable. Nothing without a widget, and for text that cannot be changed.
+  void PickVariable();
 
   /// Properties that the caption is that of; see TZyPropertyLinks. What cannot be evaluated there shows as "...".
   TZyPropertyLinks& PropertyLinks() { return FLink; }
@@ -93,6 +98,7 @@ class TZyCaptionEdit : public TCustomRichEdit, public IZyEditState {
 
  protected:
   void BeforeEdit(TRichEditAction Action) override;
+  void AddToMenu(QMenu& Menu) override;
   void AfterEdit(TRichEditAction Action) override;
   void Change() override;
   bool UsesKey(TKey Key, TShiftState Shift) const override;
@@ -123,6 +129,7 @@ class TZyCaptionEdit : public TCustomRichEdit, public IZyEditState {
   TZyRichCaption FShown;    // what the text gave when FCaption was shown
   int FLastInputPos = -1;   // where the last typed character went in
   int FLastDeletePos = -1;
+  TZyVariablePicker* FPicker = nullptr;  // owned as a component; null before it was opened
   TZyPropertyLinks FLink{*this, "Caption"};
 };
 

@@ -1,15 +1,18 @@
 #include "annotations/ZyCaptionEdit.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QTextEdit>
+#include <QTreeWidget>
 #include <random>
 
 #include "annotations/CaptionRoundTrip.h"
 #include "controls/ControlSamples.h"
+#include "series/ZyFittedLine.h"
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
@@ -208,6 +211,70 @@ TEST_F(CaptionEditTest, AWalkOfEditsKeepsVariablesWhole) {
     for (const TZyCaptionVariableRec& Each : FEdit.Variables())
       ASSERT_TRUE(Each.Variable == "Plain" || Each.Variable == "Bold") << Each.Variable;
   }
+}
+
+/// In a line that runs to the left the arrows go by what is seen; whichever way they take, none stops inside.
+TEST_F(CaptionEditTest, TextFromRightToLeftKeepsVariablesWhole) {
+  const std::string Caption = "\u05e9\u05dc\u05d5\u05dd <%Plain%> \u05e2\u05d5\u05dc\u05dd";
+  FValue = "\u05d0\u05d1 12";
+  FEdit.SetCaption(Caption);
+  const TZyCaptionVariableRec Variable = FEdit.Variables().at(0);
+  std::mt19937 Random(3);
+  for (int Step = 0; Step < 300; ++Step) {
+    constexpr int Keys[] = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End};
+    Press(Keys[Random() % 4], Random() % 3 == 0 ? Qt::ShiftModifier : Qt::NoModifier);
+    for (const int Place : {FEdit.SelStart(), FEdit.SelStart() + FEdit.SelLength()})
+      ASSERT_FALSE(Place > Variable.EditStart && Place < Variable.EditStart + Variable.EditLength) << Step;
+  }
+  EXPECT_EQ(FEdit.Caption(), Caption);
+  FEdit.Select(Variable.EditStart, 0);
+  QInputMethodEvent Composed("\u05d2", {}), Committed;
+  QCoreApplication::sendEvent(FEdit.Widget(), &Composed);
+  EXPECT_EQ(FEdit.Variables().size(), 1U) << "while it is composed";
+  Committed.setCommitString("\u05d2");
+  QCoreApplication::sendEvent(FEdit.Widget(), &Committed);
+  EXPECT_EQ(FEdit.Caption(), "\u05e9\u05dc\u05d5\u05dd \u05d2<%Plain%> \u05e2\u05d5\u05dc\u05dd");
+}
+
+TEST_F(CaptionEditTest, HugeTextsAreTaken) {
+  std::string Huge(300'000, 'x');
+  for (std::size_t Place = 100; Place < Huge.size(); Place += 100) Huge[Place] = ' ';
+  FEdit.SetCaption(Huge + "<%Plain%>");
+  FEdit.Select(FEdit.ShownLength(), 0);
+  Type("y");
+  EXPECT_EQ(FEdit.Caption().size(), Huge.size() + std::string_view("<%Plain%>y").size());
+  Press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(FEdit.Caption(), Huge + "<%Plain%>");
+}
+
+TEST_F(CaptionEditTest, TheTreeOfVariablesPutsOneIn) {
+  FForm.SetName("Page");
+  TZyFittedLine Fit(&FForm);
+  Fit.SetName("Fit");
+  FEdit.SetFocus();
+  FEdit.SetCaption("a");
+  Press(Qt::Key_Space, Qt::ControlModifier, " ");
+  auto* const Tree = QApplication::activePopupWidget()->findChild<QTreeWidget*>();
+  ASSERT_NE(Tree, nullptr);
+  const auto Key = [Tree](int Code) {
+    QKeyEvent Event(QEvent::KeyPress, Code, Qt::NoModifier);
+    QCoreApplication::sendEvent(Tree, &Event);
+  };
+  Key(Qt::Key_Return);
+  EXPECT_NE(QApplication::activePopupWidget(), nullptr) << "a group is no variable";
+  const auto Found = Tree->findItems("AverageX", Qt::MatchExactly | Qt::MatchRecursive);
+  ASSERT_EQ(Found.size(), 1);
+  EXPECT_EQ(Found.front()->parent()->text(0), "Fit");
+  Tree->setCurrentItem(Found.front());
+  Key(Qt::Key_Return);
+  EXPECT_EQ(FEdit.Caption(), "a<%Page.Fit.AverageX%>");
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  FEdit.SetCaption("<%Page.Fit.AverageX;0.00%>");
+  Press(Qt::Key_Space, Qt::ControlModifier, " ");
+  EXPECT_EQ(Tree->currentItem()->text(0), "AverageX") << "where the caret is";
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  EXPECT_EQ(FEdit.Caption(), "<%Page.Fit.AverageX;0.00%>");
 }
 
 TEST_F(CaptionEditTest, ValuesFollowTheirVariablesAndTheControlOutlivesItsWidget) {

@@ -88,6 +88,7 @@ class TCustomRichEdit::TEditWidget : public QTextEdit {
   void contextMenuEvent(QContextMenuEvent* Event) override {
     const std::unique_ptr<QMenu> Menu(createStandardContextMenu());
     for (QAction* Action : Menu->actions()) Reroute(*Action);
+    if (FOwner != nullptr) FOwner->AddToMenu(*Menu);
     Menu->exec(Event->globalPos());
   }
   QMimeData* createMimeDataFromSelection() const override {

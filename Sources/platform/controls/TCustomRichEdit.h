@@ -10,6 +10,7 @@
 #include "platform/controls/TWinControl.h"
 #include "platform/framework/Alignment.h"
 
+class QMenu;
 class QMimeData;
 class QTextCursor;
 
@@ -99,6 +100,8 @@ class TCustomRichEdit : public TWinControl {
   virtual TRichRuns RunsOfPrivate(const std::string& Bytes);
   /// Draws the place of the caret while another control has the keyboard. Box is that of the caret.
   virtual void PaintCaret(Graphics& Canvas, const RectF& Box, ARGB Ground);
+  /// Adds lines of the control's own to the menu under the right mouse button.
+  virtual void AddToMenu(QMenu&) {}
   /// Has the toolkit's own steps back recorded, or not.
   void SetOwnUndo(bool Value);
   bool IsChanging() const { return FChanging; }
