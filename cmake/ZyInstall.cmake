@@ -1,25 +1,13 @@
 # Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs and Zyphos::Sql, pkg-config files, headers under include/zyphos.
 
 include(CMakePackageConfigHelpers)
+include(ZyPublicHeaders)
 
 get_property(ZyLibraries GLOBAL PROPERTY ZY_LIBRARIES)
 install(TARGETS ${ZyLibraries} EXPORT ZyphosTargets)
 install(EXPORT ZyphosTargets NAMESPACE Zyphos:: DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
 
-# The public headers are Charts.h, Dialogs.h and Sql.h and all that they include; backends, kernels and parts stay at home.
-set(ZyHeaders Charts.h Dialogs.h Sql.h)
-set(ZyToRead ${ZyHeaders})
-while(ZyToRead)
-  list(POP_FRONT ZyToRead Header)
-  file(STRINGS "${PROJECT_SOURCE_DIR}/Sources/${Header}" Includes REGEX "^#include \"")
-  foreach(Line ${Includes})
-    string(REGEX REPLACE "^#include \"([^\"]+)\".*" "\\1" Include "${Line}")
-    if(NOT Include IN_LIST ZyHeaders)
-      list(APPEND ZyHeaders "${Include}")
-      list(APPEND ZyToRead "${Include}")
-    endif()
-  endforeach()
-endwhile()
+zy_public_headers("${PROJECT_SOURCE_DIR}/Sources" ZyHeaders)
 foreach(Header ${ZyHeaders})
   cmake_path(GET Header PARENT_PATH Folder)
   install(FILES "${PROJECT_SOURCE_DIR}/Sources/${Header}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/zyphos/${Folder}")
