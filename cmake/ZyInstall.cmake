@@ -1,45 +1,68 @@
-# Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs and Zyphos::Sql, pkg-config files, headers under include/zyphos.
+# Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs and Zyphos::Sql, pkg-config files, headers under
+# include/zyphos. The part "runtime" is what programs run with, "development" what they are built with.
 
 include(CMakePackageConfigHelpers)
 include(ZyPublicHeaders)
 
 get_property(ZyLibraries GLOBAL PROPERTY ZY_LIBRARIES)
-install(TARGETS ${ZyLibraries} EXPORT ZyphosTargets)
-install(EXPORT ZyphosTargets NAMESPACE Zyphos:: DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
+get_property(ZyComponents GLOBAL PROPERTY ZY_COMPONENTS)
+set(ZyToInstall ${ZyComponents})
+if(NOT BUILD_SHARED_LIBS)
+  list(APPEND ZyToInstall ${ZyLibraries})
+endif()
+install(
+  TARGETS ${ZyToInstall} EXPORT ZyphosTargets
+  LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+  RUNTIME COMPONENT runtime
+  ARCHIVE COMPONENT development)
+install(EXPORT ZyphosTargets NAMESPACE Zyphos:: DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos" COMPONENT development)
 
 zy_public_headers("${PROJECT_SOURCE_DIR}/Sources" ZyHeaders)
 foreach(Header ${ZyHeaders})
   cmake_path(GET Header PARENT_PATH Folder)
-  install(FILES "${PROJECT_SOURCE_DIR}/Sources/${Header}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/zyphos/${Folder}")
+  install(FILES "${PROJECT_SOURCE_DIR}/Sources/${Header}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/zyphos/${Folder}"
+          COMPONENT development)
 endforeach()
 
 configure_package_config_file(cmake/ZyphosConfig.cmake.in "${PROJECT_BINARY_DIR}/ZyphosConfig.cmake"
                               INSTALL_DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/ZyphosConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/ZyphosConfig.cmake" "${PROJECT_BINARY_DIR}/ZyphosConfigVersion.cmake"
-        DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
+        DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos" COMPONENT development)
 
 # The prefix counts from the file itself, so that an installed tree can be moved. Each library stands before those that
 # it links, which were described before it.
 file(RELATIVE_PATH ZyPkgConfigPrefix "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 string(PREPEND ZyPkgConfigPrefix "\${pcfiledir}/")
-set(ZyPkgConfigLibraries "")
-foreach(Library ${ZyLibraries})
-  if(NOT Library MATCHES "^zy_(sql|pick_controls|settings_frames|settings_forms)$")
-    get_target_property(Options ${Library} ZY_CLASS_OPTIONS)
-    list(JOIN Options " " Options)
-    string(PREPEND ZyPkgConfigLibraries "${Options} -l${Library} ")
+foreach(Component ${ZyComponents})
+  set(Libraries "")
+  if(BUILD_SHARED_LIBS)
+    get_target_property(File ${Component} OUTPUT_NAME)
+    set(Libraries "-l${File}")
+    if(NOT APPLE)
+      set(Libraries "-Wl,--push-state,--no-as-needed ${Libraries} -Wl,--pop-state")
+    endif()
+  else()
+    get_target_property(Parts ${Component} ZY_LIBRARIES)
+    foreach(Library ${ZyLibraries})
+      if(Library IN_LIST Parts)
+        get_target_property(Options ${Library} ZY_CLASS_OPTIONS)
+        list(JOIN Options " " Options)
+        string(PREPEND Libraries "${Options} -l${Library} ")
+      endif()
+    endforeach()
   endif()
+  set(ZyPkgConfigLibraries_${Component} "${Libraries}")
 endforeach()
-get_target_property(ZyPkgConfigSqlOptions zy_sql ZY_CLASS_OPTIONS)
-list(JOIN ZyPkgConfigSqlOptions " " ZyPkgConfigSqlOptions)
-set(ZyPkgConfigDialogsLibraries "")
-foreach(Library zy_pick_controls zy_settings_frames zy_settings_forms)
-  get_target_property(Options ${Library} ZY_CLASS_OPTIONS)
-  list(JOIN Options " " Options)
-  string(PREPEND ZyPkgConfigDialogsLibraries "${Options} -l${Library} ")
-endforeach()
+set(ZyPkgConfigRequired "Qt6PrintSupport Qt6Widgets Qt6Gui Qt6Core")
+set(ZyPkgConfigSqlRequired "")
+if(NOT BUILD_SHARED_LIBS)
+  string(APPEND ZyPkgConfigRequired " pugixml")
+  string(APPEND ZyPkgConfigLibraries_zy_charts "-lgif")
+  set(ZyPkgConfigSqlRequired " Qt6Sql")
+  string(APPEND ZyPkgConfigLibraries_zy_sql "-lzy_data -lzy_framework -lzy_texts")
+endif()
 foreach(File zyphos.pc zyphos-dialogs.pc zyphos-sql.pc)
   configure_file("cmake/${File}.in" "${PROJECT_BINARY_DIR}/${File}" @ONLY)
-  install(FILES "${PROJECT_BINARY_DIR}/${File}" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+  install(FILES "${PROJECT_BINARY_DIR}/${File}" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
 endforeach()

@@ -13,11 +13,18 @@ run(${CMAKE_COMMAND} -S "${SOURCE}" -B "${Scratch}/cmake" -G Ninja "-DCMAKE_PREF
     -DCMAKE_CXX_COMPILER=${CXX})
 run(${CMAKE_COMMAND} --build "${Scratch}/cmake")
 run("${Scratch}/cmake/consumer")
+run("${Scratch}/cmake/consumer_of_all")
 
 file(GLOB_RECURSE PcFile "${Scratch}/prefix/zyphos.pc")
 cmake_path(GET PcFile PARENT_PATH PcFolder)
-execute_process(COMMAND ${CMAKE_COMMAND} -E env "PKG_CONFIG_PATH=${PcFolder}" pkg-config --cflags --libs zyphos
-                OUTPUT_VARIABLE Flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-separate_arguments(Flags UNIX_COMMAND "${Flags}")
-run(${CXX} -std=c++20 -fPIC "${SOURCE}/Consumer.cpp" ${Flags} -o "${Scratch}/consumer")
-run("${Scratch}/consumer")
+cmake_path(GET PcFolder PARENT_PATH LibFolder)
+foreach(Packages "zyphos" "zyphos\;zyphos-dialogs\;zyphos-sql")
+  execute_process(COMMAND ${CMAKE_COMMAND} -E env "PKG_CONFIG_PATH=${PcFolder}" pkg-config --cflags --libs ${Packages}
+                  OUTPUT_VARIABLE Flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  separate_arguments(Flags UNIX_COMMAND "${Flags}")
+  if(Packages MATCHES "sql")
+    list(APPEND Flags -DLINKS_ALL)
+  endif()
+  run(${CXX} -std=c++20 -fPIC "${SOURCE}/Consumer.cpp" ${Flags} -o "${Scratch}/consumer")
+  run(${CMAKE_COMMAND} -E env "LD_LIBRARY_PATH=${LibFolder}" "${Scratch}/consumer")
+endforeach()

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Makes Debian packages of the shared libraries, in out/packages: libzyphos0.1 to run programs with, libzyphos-dev to build
+# them with.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/setup.sh dpkg-dev file
+scripts/build.sh shared
+rm -rf out/packages
+mkdir -p out/packages
+cpack --config build/shared/CPackConfig.cmake -B out/packages >out/packages/log || {
+  cat out/packages/log >&2
+  exit 1
+}
+rm -rf out/packages/_CPack_Packages out/packages/log
+ls out/packages/*.deb
