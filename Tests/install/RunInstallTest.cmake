@@ -18,8 +18,9 @@ run("${Scratch}/cmake/consumer_of_all")
 file(GLOB_RECURSE PcFile "${Scratch}/prefix/zyphos.pc")
 cmake_path(GET PcFile PARENT_PATH PcFolder)
 cmake_path(GET PcFolder PARENT_PATH LibFolder)
-foreach(Packages "zyphos" "zyphos\;zyphos-dialogs\;zyphos-sql")
-  execute_process(COMMAND ${CMAKE_COMMAND} -E env "PKG_CONFIG_PATH=${PcFolder}" pkg-config --cflags --libs ${Packages}
+foreach(Packages "zyphos" "zyphos zyphos-dialogs zyphos-sql")
+  separate_arguments(Names UNIX_COMMAND "${Packages}")
+  execute_process(COMMAND ${CMAKE_COMMAND} -E env "PKG_CONFIG_PATH=${PcFolder}" pkg-config --cflags --libs ${Names}
                   OUTPUT_VARIABLE Flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   separate_arguments(Flags UNIX_COMMAND "${Flags}")
   if(Packages MATCHES "sql")
