@@ -1,14 +1,13 @@
 #!/usr/bin/env bash
-# Makes the reference: the guide, the classes of the public headers as their docstrings describe them, and the charts of
-# the gallery beside the code that draws them, in out/reference/html/index.html. Fails for what a docstring gets wrong,
-# and for a class without one. The pictures are those of out/gallery, which are drawn where there are none.
+# Makes the reference: the guide, the classes of the public headers as their docstrings describe them, their published
+# properties, and the charts of the gallery beside the code that draws them, in out/reference/html/index.html. Fails for
+# what a docstring gets wrong, and for a class without one. Pictures are those of out/gallery, drawn where there are none.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh doxygen
-if [[ ! -e out/gallery/shares.png ]]; then
-  scripts/build.sh release gallery
-  QT_QPA_PLATFORM=offscreen build/release/Examples/gallery >/dev/null
-fi
+scripts/build.sh release gallery print_properties >/dev/null
+export QT_QPA_PLATFORM=offscreen
+[[ -e out/gallery/shares.png ]] || build/release/Examples/gallery >/dev/null
 
 Out=out/reference
 rm -rf "$Out"
@@ -39,6 +38,8 @@ for Source in "${Order[@]}"; do
 done
 Section gallery_common "What they share" "gallery/Gallery.h gallery/Gallery.cpp" "" >>"$Page"
 
+build/release/Docs/print_properties >"$Out/pages/Properties.md"
+
 # The other examples that have a picture in the guide.
 Page=$Out/pages/Examples.md
 printf '# Examples {#examples}\n\nWhole programs.\n' >"$Page"
@@ -56,7 +57,7 @@ Guide=$(git ls-files -co --exclude-standard -- 'Docs/*.md')
 {
   cat Docs/Doxyfile
   printf 'PROJECT_NUMBER = %s\nWARN_LOGFILE = %s/log\nINPUT = ' "$Version" "$Out"
-  printf '%s ' $Guide "$Out/pages/Gallery.md" "$Out/pages/Examples.md" "$Out/pages/zy.dox" $Headers
+  printf '%s ' $Guide "$Out"/pages/{Properties,Gallery,Examples}.md "$Out/pages/zy.dox" $Headers
 } | doxygen - >/dev/null
 if grep -vE '(Member .* is not documented\.|^)$' "$Out/log" | grep -v '^ '; then
   echo "The reference has mistakes" >&2
