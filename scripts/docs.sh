@@ -52,6 +52,12 @@ done
 
 printf '/// \\namespace zy\n/// All of the library.\n' >"$Out/pages/zy.dox"
 Headers=$(cmake -P cmake/ZyPublicHeaders.cmake | grep '\.h$' | sed "s|^|$Out/include/zyphos/|")
+# What guides link beside themselves lies three folders up from the pages, and their pictures lie among these. Names of
+# classes become links.
+{
+  printf 's|](\\.\\./|](../../../|\ns|](pictures/|](|\n'
+  sed -nE 's/^(class|struct) (\w+)( final)?( :.*)?( \{.*)?$/\2/p' $Headers | sort -u | sed 's|.*|/^#/!s/`&`/[&](@ref zy::&)/g|'
+} >"$Out/guide.sed"
 Version=$(sed -nE 's/^project\(Zyphos VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)
 Guide=$(git ls-files -co --exclude-standard -- 'Docs/*.md')
 {
