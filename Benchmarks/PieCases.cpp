@@ -1,4 +1,5 @@
-// Pies on a picture of 800 x 600: first paints with their layout, of a pie that has turned since, and repaints.
+// Pies on a picture of 800 x 600: paints with their layout, of a pie that has turned since the last one or has got
+// another size, and repaints.
 
 #include <string>
 
@@ -32,20 +33,24 @@ struct TPie {
   TZyFillPalette* Palette = new TZyFillPalette(&Form);
 };
 
-TResult PaintPie(TZyPieChartType Type, int Count, bool HasCallouts, bool HasShadow, bool Anew) {
+enum class TBefore { Nothing, Turned, Sized };
+
+TResult PaintPie(TZyPieChartType Type, int Count, bool HasCallouts, bool HasShadow, TBefore Before) {
   TPie Pie(Type, Count, HasCallouts, HasShadow);
   Bitmap Picture(PieWidth, PieHeight);
   Graphics Canvas(Picture);
-  float Angle = 0;
-  const auto Turn = [&] {
-    if (Anew) Pie.Chart->SetStartAngle(Angle += 1);
+  int Turns = 0;
+  const auto Change = [&] {
+    ++Turns;
+    if (Before == TBefore::Turned) Pie.Chart->SetStartAngle(static_cast<float>(Turns));
+    if (Before == TBefore::Sized) Pie.Chart->SetBounds(0, 0, PieWidth, PieHeight - Turns % 100);
   };
   const auto Paint = [&] { Pie.Chart->PaintGr(Canvas); };
   Paint();
-  TResult Result = Median(Paint, Turn);
-  const long Before = Allocations();
+  TResult Result = Median(Paint, Change);
+  const long Known = Allocations();
   Paint();
-  Result.Allocations = Allocations() - Before;
+  Result.Allocations = Allocations() - Known;
   return Result;
 }
 
@@ -53,17 +58,20 @@ TResult PaintPie(TZyPieChartType Type, int Count, bool HasCallouts, bool HasShad
 
 std::span<const TCase> PieCases() {
   using enum TZyPieChartType;
+  using enum TBefore;
   constexpr int Few = 8, Many = 100, Most = 10000;
   static const TCase All[] = {
-      {"pie8", 3, [] { return PaintPie(FlatPie, Few, false, true, true); }},
-      {"pie8-plain", 3, [] { return PaintPie(FlatPie, Few, false, false, true); }},
-      {"pie8-repaint", 1.5, [] { return PaintPie(FlatPie, Few, false, true, false); }},
-      {"pie8-solid", 8, [] { return PaintPie(ThreeDPie, Few, false, true, true); }},
-      {"pie8-solid-plain", 8, [] { return PaintPie(ThreeDPie, Few, false, false, true); }},
-      {"pie8-solid-repaint", 4, [] { return PaintPie(ThreeDPie, Few, false, true, false); }},
-      {"pie100", 20, [] { return PaintPie(FlatPie, Many, true, true, true); }},
-      {"pie100-repaint", 10, [] { return PaintPie(FlatPie, Many, true, true, false); }},
-      {"pie1e4", 0, [] { return PaintPie(FlatPie, Most, true, true, true); }},
+      {"pie8", 3, [] { return PaintPie(FlatPie, Few, false, true, Turned); }},
+      {"pie8-plain", 3, [] { return PaintPie(FlatPie, Few, false, false, Turned); }},
+      {"pie8-sized", 3, [] { return PaintPie(FlatPie, Few, false, true, Sized); }},
+      {"pie8-repaint", 1.5, [] { return PaintPie(FlatPie, Few, false, true, Nothing); }},
+      {"pie8-solid", 8, [] { return PaintPie(ThreeDPie, Few, false, true, Turned); }},
+      {"pie8-solid-plain", 8, [] { return PaintPie(ThreeDPie, Few, false, false, Turned); }},
+      {"pie8-solid-sized", 8, [] { return PaintPie(ThreeDPie, Few, false, true, Sized); }},
+      {"pie8-solid-repaint", 4, [] { return PaintPie(ThreeDPie, Few, false, true, Nothing); }},
+      {"pie100", 20, [] { return PaintPie(FlatPie, Many, true, true, Turned); }},
+      {"pie100-repaint", 10, [] { return PaintPie(FlatPie, Many, true, true, Nothing); }},
+      {"pie1e4", 0, [] { return PaintPie(FlatPie, Most, true, true, Turned); }},
   };
   return All;
 }

@@ -108,6 +108,12 @@ bool TZyPiePainter::HasOverlaps() const {
   return FLayout->Shape().Is3D() || Sum > WholeTurn;
 }
 
+/// A whole turn casts the same shadow wherever it starts.
+float TZyPiePainter::ShadowStart() const {
+  constexpr float Whole = 360;
+  return FLayout->Shape().TotalAngle == Whole ? 0 : FLayout->Shape().StartAngle;
+}
+
 /// All that decides the pixels of the shadow, as bytes.
 std::string TZyPiePainter::ShadowLook() const {
   std::string Result = "pie shadow";
@@ -115,8 +121,7 @@ std::string TZyPiePainter::ShadowLook() const {
   const TZyPieCalculation& Layout = *FLayout;
   Add(Layout.PieRect());
   Add(Layout.Shape().Type);
-  for (const float Value :
-       {Layout.WallHeight(), FChart.DonutHoleSize(), Layout.Shape().StartAngle, Layout.Shape().TotalAngle})
+  for (const float Value : {Layout.WallHeight(), FChart.DonutHoleSize(), ShadowStart(), Layout.Shape().TotalAngle})
     Add(Value);
   if (!Layout.AnyExploded()) return Result;
   for (const TZyPieSegment& Segment : Layout.Segments()) {
@@ -138,7 +143,7 @@ GraphicsPath TZyPiePainter::ShadowOutline() const {
   }
   std::optional<RectF> Hole;
   if (Layout.Shape().IsDonut()) Hole = TZyPieFaces::HoleIn(Layout.PieRect(), FChart.DonutHoleSize());
-  TZyPieFaces(Layout.PieRect(), Hole, Layout.WallHeight(), Layout.Shape().StartAngle, Layout.Shape().TotalAngle)
+  TZyPieFaces(Layout.PieRect(), Hole, Layout.WallHeight(), ShadowStart(), Layout.Shape().TotalAngle)
       .AddOutline(Path, false);
   return Path;
 }

@@ -37,6 +37,7 @@ class TZyPiePainter {
   void PaintBackground();
   void PaintEmpty();
   void PaintShadow();
+  float ShadowStart() const;
   std::string ShadowLook() const;
   bool HasOverlaps() const;
   GraphicsPath ShadowOutline() const;

@@ -87,7 +87,7 @@ TEST_F(PieFramesTest, PartsOfABorderExcludeEachOther) {
   for (const auto& Case : Cases) {
     Set(Case.Line, Case.Raised, Case.Lowered, Case.Shadow, Case.Gradient);
     const std::string Before = State();
-    Change(Frame.Part<TWinControl>(Case.Click));
+    ChangeAsUser(Frame.Part<TWinControl>(Case.Click));
     EXPECT_EQ(State(), Case.After) << Before << ", " << Case.Click;
     EXPECT_EQ(FStack.UndoCount(), 1);
     FStack.Undo();

@@ -70,13 +70,13 @@ TEST_F(SettingsFramesTest, SeveralAxesAreOneStep) {
   Frame.SetRelatedAxesList(&List);
   Frame.SetSelectedAxis(FChart.X);
   const TZyColor Old = FChart.Y->ForeColor();
-  Change(Frame.Part<TWinControl>("AxLineColorPick"));
+  ChangeAsUser(Frame.Part<TWinControl>("AxLineColorPick"));
   EXPECT_NE(FChart.Y->ForeColor(), Old);
   EXPECT_EQ(FChart.X->ForeColor(), FChart.Y->ForeColor());
   EXPECT_EQ(FStack.UndoList().Text(), "Axis foreground color\n");
   FStack.Undo();
   EXPECT_EQ(FChart.Y->ForeColor(), Old);
-  Change(Frame.Part<TWinControl>("AxAutrangeCheck"));
+  ChangeAsUser(Frame.Part<TWinControl>("AxAutrangeCheck"));
   EXPECT_EQ(FChart.Y->StopEnd(), TZyAxisEnd::Fixed);
   EXPECT_EQ(FStack.UndoList().Text(), "Axis auto range\n");
   FStack.Undo();
@@ -97,10 +97,10 @@ TEST_F(SettingsFramesTest, EveryControlOfGraphs) {
   ASSERT_NE(Pan, Zoom);
   for (const char* Name : {"ZoomShiftCheck", "ZoomCtrlCheck", "ZoomAltCheck"})
     if (Frame.Part<TCheckBox>(Name).Checked() != Frame.Part<TCheckBox>(std::string("Pan") + (Name + 4)).Checked())
-      Change(Frame.Part<TWinControl>(Name));
+      ChangeAsUser(Frame.Part<TWinControl>(Name));
   for (const char* Name : {"MouseLeftRadio", "MouseMiddleRadio", "MouseRightRadio"})
     if (Frame.Part<TRadioButton>(std::string("Pan") + Name).Checked())
-      Change(Frame.Part<TWinControl>(std::string("Zoom") + Name));
+      ChangeAsUser(Frame.Part<TWinControl>(std::string("Zoom") + Name));
   EXPECT_EQ(Message, "Please set start zooming and start panning differently");
   EXPECT_NE(FChart.Graph->Zoom().StartZoom(), Pan);
   Application().OnShowMessage = nullptr;
@@ -160,7 +160,7 @@ TEST_F(SettingsFramesTest, WhatIsRefusedIsTold) {
   Status->SetParent(&FForm);
   const auto Find = [this](const char* Name) { return dynamic_cast<TZySeries*>(FChart.Form.FindComponent(Name)); };
   Frame.SetSelectedSeries(Find("STZyFittedLine"));
-  Change(Frame.Part<TWinControl>("ExpressionEdit"));
+  ChangeAsUser(Frame.Part<TWinControl>("ExpressionEdit"));
   EXPECT_NE(Status->SimpleText().find("independent variable X"), std::string::npos);
   Frame.SetSelectedSeries(Find("STZyPolynomial"));
   for (int Step = 0; Step < 3; ++Step) SendKey(Frame.Part<TWinControl>("PoliOrderUpDown"), Qt::Key_Up);
@@ -176,7 +176,7 @@ TEST_F(SettingsFramesTest, SolidBarsHaveNoGradient) {
   Bars.Area().SetAreaStyle(TZyAreaStyle::Cross);
   FStack.Clear();
   Frame.SetSelectedSeries(&Bars);
-  Change(Frame.Part<TWinControl>("BarCuboidRadio"));
+  ChangeAsUser(Frame.Part<TWinControl>("BarCuboidRadio"));
   EXPECT_EQ(Bars.BarStyle(), TZyBarStyle::Cuboid);
   EXPECT_FALSE(Bars.Area().Gradient().Visible());
   EXPECT_FALSE(Frame.Part<TWinControl>("SeriesHatchStyles").Enabled());

@@ -2,9 +2,9 @@
 //
 // One form is edited: objects made, freed and changed, undo and redo, saving and loading. The other one is live: data
 // stream in and out and shrink while it is zoomed and painted, further series, axes and coupled graphs come and go, and
-// handlers throw, and free some of them. After each round everything is undone, or taken out again, and the bytes of
-// both forms and the picture of the live one must be those of the beginning; at the end the memory in use must be that
-// of the first rounds.
+// handlers throw, and free some of them. A third one is changed in the settings dialogs, as a user does. After each
+// round everything is undone, or taken out again, and the bytes of the forms and the picture of the live one must be
+// those of the beginning; at the end the memory in use must be that of the first rounds.
 
 #include <malloc.h>
 
@@ -27,6 +27,7 @@
 #include "persistence/RandomChart.h"
 #include "platform/controls/TApplication.h"
 #include "series/ZyPointSeries.h"
+#include "soak/DialogWalk.h"
 #include "undo/UndoWalk.h"
 
 namespace zy::testing {
@@ -80,6 +81,7 @@ class TSoak {
     const std::string Live = BytesOf(FLive.Form);
     const QImage Picture = FLive.Paint().ToQt();
     Edit();
+    UseDialogs();
     for (int Action = 0; Action < 300; ++Action) Use();
     Restore();
     ExpectEqual(BytesOf(FLive.Form), Live, "the live chart is not what it was");
@@ -118,6 +120,18 @@ class TSoak {
     Sample.MakePart();
     ReadBack(Edited.Form, Loaded);
     ExpectEqual(BytesOf(Loaded), BytesOf(Edited.Form), "what was loaded is not what was saved");
+  }
+
+  void UseDialogs() {
+    TDialogWalk User(static_cast<unsigned>(FRandom()));
+    const std::string Before = User.Chart().Text();
+    if (const std::string Wrong = User.Walk(60); !Wrong.empty()) Fail("the dialogs: " + Wrong);
+    const std::string After = User.Chart().Text();
+    const int Steps = User.Chart().Stack.UndoList().Count();
+    User.UndoAll();
+    ExpectEqual(User.Chart().Text(), Before, "the chart of the dialogs is not what it was");
+    User.Chart().Stack.Redo(Steps - 1);
+    ExpectEqual(User.Chart().Text(), After, "what was done in the dialogs does not come again");
   }
 
   // ---- Live ----
@@ -422,7 +436,12 @@ int Run(double Seconds, unsigned Seed) {
 
 /// Arguments: seconds, 20 unless told otherwise, and the seed of a run to repeat.
 int main(int ArgCount, char** Args) {
-  const zy::TApplication Program(ArgCount, Args);
+  zy::TApplication Program(ArgCount, Args);
+  Program.OnShowMessage = [](std::string_view) {};
+  Program.OnException = [](const std::exception& Error) {
+    if (dynamic_cast<const zy::EMathError*>(&Error) == nullptr)
+      zy::testing::Fail(std::string("exception: ") + Error.what());
+  };
   const double Seconds = ArgCount > 1 ? std::atof(Args[1]) : 20;
   const unsigned Seed =
       ArgCount > 2 ? static_cast<unsigned>(std::strtoul(Args[2], nullptr, 10)) : std::random_device()();

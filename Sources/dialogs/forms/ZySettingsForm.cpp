@@ -195,7 +195,23 @@ void TZySettingsForm::ShowStyle(bool IsEnabled) {
   FFontsCombo->SetEnabled(IsEnabled);
 }
 
+/// What the program and its calculations change shows, too, but not under a list that is dropped down.
+void TZySettingsForm::Follow() {
+  const TTabSheet* const Page = Pages().ActivePage();
+  if (Page == nullptr || !FCanSet || QApplication::activePopupWidget() != nullptr) return;
+  const auto Look = [](const TWinControl& Box, const auto& LookInto) -> bool {
+    return std::ranges::any_of(Box.Controls(), [&](TControl* Control) {
+      auto* const Part = dynamic_cast<TWinControl*>(Control);
+      if (Part == nullptr || !Part->Visible()) return false;
+      auto* const Frame = dynamic_cast<TZySettingsFrame*>(Part);
+      return (Frame != nullptr && Frame->IsOutdated()) || LookInto(*Part, LookInto);
+    });
+  };
+  if (Look(*Page, Look)) UpdateControls();
+}
+
 void TZySettingsForm::Idle() {
+  if (Visible()) Follow();
   if (FWatch != nullptr) FWatch->Renew();
   bool IsEnabled = SelectedEdit() != nullptr && (HasKeyboard(*FColorPick) || HasKeyboard(*FFontsCombo));
   std::erase_if(FEdits, [](std::uint64_t Each) { return FromLiveHandle(Each) == nullptr; });

@@ -25,8 +25,8 @@ class TZyDropDnButton;
 /// captions, and a line for messages.
 ///
 /// The tool bar acts on the caption edit that has the keyboard, or had it before the user went to one of the bar's own
-/// boxes. While the form is shown, each undo and redo of its stack brings the controls up to date. It is not modal; the
-/// escape key closes it.
+/// boxes. While the form is shown, each undo and redo of its stack brings the controls up to date, and so does, at the
+/// next idle moment, what the program or a calculation changes. It is not modal; the escape key closes it.
 class TZySettingsForm : public TForm {
   ZY_CLASS(TZySettingsForm, TForm)
   ~TZySettingsForm() override;
@@ -80,6 +80,7 @@ class TZySettingsForm : public TForm {
   void AddStyleBar();
   void AddUndoBar();
   void Watch();
+  void Follow();
   void SetUndoStack(TZyUndoStack* Value) { TakeUndoStack(Value); }
   TZyCaptionEdit* SelectedEdit() const;
   void ShowStyle(bool IsEnabled);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <algorithm>
+#include <bit>
 #include <exception>
 
 #include "annotations/ZyCaptionEdit.h"
@@ -48,16 +49,36 @@ void TZySettingsFrame::UpdateControls() {
   if (Object == nullptr) return;
   const TZyQuietStack Quiet(FUndoStack);
   const TScopedValue Shows(FCanSet, false);
-  for (const TBinding& Binding : FBindings) ShowBinding(Binding, *Object);
+  for (TBinding& Binding : FBindings) ShowBinding(Binding, *Object);
   for (const TCaption& Caption : FCaptions) ShowFont(Caption);
   ControlsUpdated();
   ShowLeads();
 }
 
-void TZySettingsFrame::ShowBinding(const TBinding& Binding, TPersistent& Object) {
-  if (IsTypedIn(*Binding.Control)) return;
+/// Equal for equal values, NaN included; a reference as where it leads to. None where the path ends early.
+std::optional<TZySettingValue> TZySettingsFrame::SeenAt(const TZyPropertyPlace& Place) {
+  if (!Place) return std::nullopt;
+  if (Place.Info->Kind == TPropKind::Class) {
+    const TPersistent* const Object = Place.GetObject();
+    if (const auto* const List = dynamic_cast<const TStrings*>(Object)) return List->Text();
+    return Object == nullptr ? 0 : static_cast<std::int64_t>(Object->LiveHandle());
+  }
+  const TZySettingValue Value = Place.Get();
+  if (const auto* const Real = std::get_if<double>(&Value)) return std::bit_cast<std::int64_t>(*Real);
+  return Value;
+}
+
+bool TZySettingsFrame::IsOutdated() {
+  TPersistent* const Object = Shown();
+  return Object != nullptr && std::ranges::any_of(FBindings, [Object](const TBinding& Binding) {
+           return SeenAt(FindPlace(*Object, Binding.Path)) != Binding.Seen;
+         });
+}
+
+void TZySettingsFrame::ShowBinding(TBinding& Binding, TPersistent& Object) {
   const TZyPropertyPlace Place = FindPlace(Object, Binding.Path);
-  if (!Place) return;
+  Binding.Seen = SeenAt(Place);
+  if (!Place || IsTypedIn(*Binding.Control)) return;
   Binding.Show(Place);
   if (TCaption* const Caption = CaptionOf(*Binding.Control)) Caption->Seen = Caption->Edit->Caption();
 }

@@ -62,6 +62,9 @@ class TZySettingsFrame : public TFrame {
 
   /// Brings all controls up to date with the object. Nothing without one.
   virtual void UpdateControls();
+  /// Whether the object has another value than when its control was filled, as when the program or a calculation sets
+  /// one. Settings objects as a whole (fonts, gradients) do not count.
+  bool IsOutdated();
   /// Has the next UpdateControls show the object's own texts where something is being typed.
   void ForgetTyping();
   /// False while the frame fills its own controls.
@@ -216,6 +219,7 @@ class TZySettingsFrame : public TFrame {
     std::function<void()> After;
     bool FirstOnly = false;
     bool HasGroup = true;
+    std::optional<TZySettingValue> Seen;  // the property when the control was last filled
   };
   /// A caption edit, shown in a font and a colour of the object's.
   struct TCaption {
@@ -250,7 +254,8 @@ class TZySettingsFrame : public TFrame {
   bool IsTypedIn(const TWinControl& Control);
   TCaption* CaptionOf(const TWinControl& Control);
   void NoteSeen(TWinControl& Control);
-  void ShowBinding(const TBinding& Binding, TPersistent& Object);
+  static std::optional<TZySettingValue> SeenAt(const TZyPropertyPlace& Place);
+  void ShowBinding(TBinding& Binding, TPersistent& Object);
   void ShowFont(const TCaption& Caption);
   void AskFont(TWinControl& Control, const std::string& Path);
   TZyFontDialog& FindFontDialog();
