@@ -24,6 +24,7 @@ class TZyWindowSums {
   TZyWindowSums(std::span<const double> X, std::span<const double> Y, std::span<const double> W)
       : FX(X), FY(Y), FW(W) {}
 
+  /// The sums of one window.
   struct TSums {
     double W = 0;   ///< of the weights
     double WY = 0;  ///< of weight times value

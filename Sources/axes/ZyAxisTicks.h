@@ -7,6 +7,7 @@
 
 namespace zy {
 
+/// A tick and what starts at it.
 struct TZyTick {
   float Position = 0;     ///< pixel along the axis, in coordinates of its parent
   double Value = 0;       ///< of the axis

@@ -24,6 +24,7 @@ struct TZyPieShape {
   float Squeeze() const { return Is3D() ? Elevation * 0.01f : 1; }
 };
 
+/// A segment as it was computed; angles are clockwise from the x axis.
 struct TZyPieSegment {
   int DataIndex = 0;
   double Value = 0;      ///< transformed

@@ -6,6 +6,7 @@
 
 namespace zy {
 
+/// The form of a pie chart; the latter two are solids.
 enum class TZyPieChartType { FlatPie, FlatDonut, ThreeDPie, ThreeDDonut };
 ZY_ENUM(TZyPieChartType, "FlatPie", "FlatDonut", "ThreeDPie", "ThreeDDonut")
 

@@ -9,6 +9,7 @@
 
 namespace zy {
 
+/// The form of bars.
 enum class TZyBarStyle { Flat, Cuboid, Cylinder };
 ZY_ENUM(TZyBarStyle, "Flat", "Cuboid", "Cylinder")
 

@@ -14,6 +14,7 @@ class TZyPixelIndex {
  public:
   /// What counts as distance.
   enum class TMetric { Both, X, Y };
+  /// The position of a pixel and its distance by the metric; -1 where there is none.
   struct TNearest {
     int Position = -1;
     float Distance = 0;

@@ -19,6 +19,7 @@ class TZyPointVectorEnum {
   int FIndex = -1;
 };
 
+/// Pixels or other points of single precision.
 class TZyPointVector : public TZyGrowingArray<PointF> {
  public:
   using TZyGrowingArray::TZyGrowingArray;

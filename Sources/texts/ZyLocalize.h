@@ -75,8 +75,8 @@ std::string Format(std::string_view Text, std::initializer_list<TFormatArg> Args
 
 /// Makes a language file the source of all texts. The file is UTF-8, with or without a byte order mark, one row
 /// `symbol = text` a line; blank lines and lines that begin with # are skipped, blanks around symbol and text are
-/// dropped, and \r, \n and \\ in a text stand for carriage return, line feed and backslash. A row that the file does
-/// not have reads in English.
+/// dropped, and `\r`, `\n` and `\\` in a text stand for carriage return, line feed and backslash. A row that the file
+/// does not have reads in English.
 ///
 /// Throws EFileError when the file cannot be opened, EStreamError with file, line and content for a line that is no
 /// such row, an unknown symbol, a symbol given twice and bytes that are no UTF-8. The texts are then those of before

@@ -1,4 +1,5 @@
-// Paints a chart, and reads a form from a stream whose series class this program never names.
+// Paints a chart, and looks for classes that this program never names, as a stored form may do: those of the components
+// that it links, and no other.
 
 #include <cstdio>
 
@@ -15,7 +16,14 @@ int main(int ArgCount, char** Args) {
     Graph->PaintGr(Canvas);
   }
   const bool Painted = Picture.GetPixel(0, 0) == zy::Colors::White;
-  bool Registered = zy::GetClass("TSqlDataSet") == nullptr;  // no SQL in a program that binds no data
+#ifdef LINKS_ALL
+  const bool LinksAll = true;
+#else
+  const bool LinksAll = false;
+#endif
+  bool Registered = true;
+  for (const char* Name : {"TSqlDataSet", "TZyGraphSettingsTool", "TZyColorPickCombo"})
+    Registered = Registered && (zy::GetClass(Name) != nullptr) == LinksAll;
   for (const char* Name :
        {"TZyAxis", "TZyBubbles", "TZyLegend", "TZyLineSeries", "TZyMovingAverage", "TZyRichLabel", "TZyUndoStack"})
     Registered = Registered && zy::GetClass(Name) != nullptr;

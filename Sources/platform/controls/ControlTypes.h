@@ -28,6 +28,7 @@ enum TAnchorKind { akLeft, akTop, akRight, akBottom };
 ZY_ENUM(TAnchorKind, "akLeft", "akTop", "akRight", "akBottom")
 using TAnchors = TSet<TAnchorKind>;
 
+/// The buttons of the mouse.
 enum TMouseButton { mbLeft, mbRight, mbMiddle };
 ZY_ENUM(TMouseButton, "mbLeft", "mbRight", "mbMiddle")
 
@@ -44,6 +45,7 @@ using TControlStyle = TSet<TControlStyleFlag>;
 
 /// Code of a key: capital letters and digits as in ASCII, the others below. 0 is a key that was used up.
 using TKey = std::uint16_t;
+/// Codes of the keys that are neither letters nor digits.
 enum TKeyCode : TKey {
   vkBack = 8,
   vkTab = 9,
@@ -84,6 +86,7 @@ using TMouseWheelEvent =
 using TContextPopupEvent = std::function<void(TObject* Sender, TPoint Place, bool& Handled)>;
 /// What two fingers do on a touch pad. A double tap stands alone; the others come between a begin and an end.
 enum TGestureKind { gkBegin, gkZoom, gkPan, gkEnd, gkDoubleTap };
+/// One step of such a gesture.
 struct TGesture {
   TGestureKind Kind = gkBegin;
   double Scale = 1;   ///< gkZoom: how much larger things become, since the event before

@@ -6,6 +6,7 @@ namespace zy {
 
 /// Number of a mouse pointer's shape, as it stands in stored forms.
 using TCursor = short;
+/// The shapes of the mouse pointer.
 enum TCursorShape : TCursor {
   crDefault = 0,  ///< that of the parent
   crNone = -1,

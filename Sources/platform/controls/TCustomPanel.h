@@ -4,6 +4,7 @@
 
 namespace zy {
 
+/// Whether a line goes around a control.
 enum TBorderStyle { bsNone, bsSingle };
 ZY_ENUM(TBorderStyle, "bsNone", "bsSingle")
 

@@ -12,6 +12,7 @@ namespace zy {
 
 class Graphics;
 
+/// How a page lies.
 enum TPrinterOrientation { poPortrait, poLandscape };
 
 /// Prints documents: on a printer of the system, or into a PDF file.

@@ -8,6 +8,7 @@ class QScrollBar;
 
 namespace zy {
 
+/// The direction of a scroll bar.
 enum TScrollBarKind { sbHorizontal, sbVertical };
 ZY_ENUM(TScrollBarKind, "sbHorizontal", "sbVertical")
 

@@ -23,6 +23,7 @@ class TScrollBox : public TWidgetOf<QScrollArea> {
   bool TakesFocusByClick() const override { return false; }
 };
 
+/// What a bevel draws: a box, a frame, or a line at the top or at the left.
 enum TBevelShape { bsBox, bsFrame, bsTopLine, bsLeftLine };
 ZY_ENUM(TBevelShape, "bsBox", "bsFrame", "bsTopLine", "bsLeftLine")
 

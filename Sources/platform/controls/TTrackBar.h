@@ -10,6 +10,7 @@ namespace zy {
 
 extern template class TWidgetOf<QSlider>;
 
+/// The direction of a track bar.
 enum TTrackBarOrientation { trHorizontal, trVertical };
 ZY_ENUM(TTrackBarOrientation, "trHorizontal", "trVertical")
 

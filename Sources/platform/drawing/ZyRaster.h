@@ -51,6 +51,7 @@ class TRasterPaint {
   virtual void Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const = 0;
 };
 
+/// One colour for every pixel.
 class TSolidPaint : public TRasterPaint {
  public:
   /// Color is 0xAARRGGBB, not premultiplied.
@@ -68,6 +69,7 @@ enum class TRasterJoin { Miter, MiterCut, Bevel, Round };
 /// Ends of lines: at the point, half a width beyond it, or in a half circle about it.
 enum class TRasterCap { Flat, Square, Round };
 
+/// How a line is drawn.
 struct TRasterStroke {
   /// Pixels. What is thinner than a pixel is drawn one pixel wide and paler by that much, unless ExactWidth is set.
   float Width = 1;
@@ -117,6 +119,7 @@ class TZyRaster {
   void FillBox(double Left, double Top, double Right, double Bottom, std::uint32_t Color) {
     FillBox(Left, Top, Right, Bottom, TSolidPaint(Color));
   }
+  /// Edges of an upright box, in device pixels.
   struct TEdges {
     double Left, Top, Right, Bottom;
   };

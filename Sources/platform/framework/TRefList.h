@@ -68,6 +68,7 @@ class TRefListBase {
 template <class T>
 class TRefList : private TRefListBase {
  public:
+  /// Walks the list from either end over what is still in it.
   template <bool Backwards>
   class TIterator {
    public:

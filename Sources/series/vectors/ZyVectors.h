@@ -100,11 +100,13 @@ class TZyBooleanVector : public TZyGrowingArray<std::uint8_t> {
   bool GetValue(int i) const { return TZyGrowingArray::GetValue(i) != 0; }
 };
 
+/// Integers.
 class TZyIntegerVector : public TZyGrowingArray<std::int32_t> {
  public:
   using TZyGrowingArray::TZyGrowingArray;
 };
 
+/// Reals of single precision.
 class TZySingleVector : public TZyGrowingArray<float> {
  public:
   using TZyGrowingArray::TZyGrowingArray;
