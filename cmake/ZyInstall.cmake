@@ -1,4 +1,5 @@
-# Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs and Zyphos::Sql, pkg-config files, headers under include/zyphos.
+# Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs, Zyphos::Models, Zyphos::Sql and Zyphos::Widgets,
+# pkg-config files, headers under include/zyphos.
 
 include(CMakePackageConfigHelpers)
 
@@ -6,8 +7,8 @@ get_property(ZyLibraries GLOBAL PROPERTY ZY_LIBRARIES)
 install(TARGETS ${ZyLibraries} EXPORT ZyphosTargets)
 install(EXPORT ZyphosTargets NAMESPACE Zyphos:: DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
 
-# The public headers are Charts.h, Dialogs.h and Sql.h and all that they include; backends, kernels and parts stay at home.
-set(ZyHeaders Charts.h Dialogs.h Sql.h)
+# The public headers are those of these five and all that they include; backends, kernels and parts stay at home.
+set(ZyHeaders Charts.h Dialogs.h Models.h Sql.h Widgets.h)
 set(ZyToRead ${ZyHeaders})
 while(ZyToRead)
   list(POP_FRONT ZyToRead Header)
@@ -35,23 +36,25 @@ install(FILES "${PROJECT_BINARY_DIR}/ZyphosConfig.cmake" "${PROJECT_BINARY_DIR}/
 # it links, which were described before it.
 file(RELATIVE_PATH ZyPkgConfigPrefix "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 string(PREPEND ZyPkgConfigPrefix "\${pcfiledir}/")
-set(ZyPkgConfigLibraries "")
-foreach(Library ${ZyLibraries})
-  if(NOT Library MATCHES "^zy_(sql|pick_controls|settings_frames|settings_forms)$")
+# zy_pkg_config_libraries(OUT library...): the libraries as a linker takes them.
+function(zy_pkg_config_libraries Out)
+  set(Result "")
+  foreach(Library ${ARGN})
     get_target_property(Options ${Library} ZY_CLASS_OPTIONS)
     list(JOIN Options " " Options)
-    string(PREPEND ZyPkgConfigLibraries "${Options} -l${Library} ")
-  endif()
-endforeach()
-get_target_property(ZyPkgConfigSqlOptions zy_sql ZY_CLASS_OPTIONS)
-list(JOIN ZyPkgConfigSqlOptions " " ZyPkgConfigSqlOptions)
-set(ZyPkgConfigDialogsLibraries "")
-foreach(Library zy_pick_controls zy_settings_frames zy_settings_forms)
-  get_target_property(Options ${Library} ZY_CLASS_OPTIONS)
-  list(JOIN Options " " Options)
-  string(PREPEND ZyPkgConfigDialogsLibraries "${Options} -l${Library} ")
-endforeach()
-foreach(File zyphos.pc zyphos-dialogs.pc zyphos-sql.pc)
+    string(PREPEND Result "${Options} -l${Library} ")
+  endforeach()
+  set(${Out} "${Result}" PARENT_SCOPE)
+endfunction()
+set(ZyDialogs zy_pick_controls zy_settings_frames zy_settings_forms)
+set(ZyCharts ${ZyLibraries})
+list(REMOVE_ITEM ZyCharts zy_sql zy_models zy_widgets ${ZyDialogs})
+zy_pkg_config_libraries(ZyPkgConfigLibraries ${ZyCharts})
+zy_pkg_config_libraries(ZyPkgConfigSqlLibraries zy_sql)
+zy_pkg_config_libraries(ZyPkgConfigDialogsLibraries ${ZyDialogs})
+zy_pkg_config_libraries(ZyPkgConfigModelsLibraries zy_models)
+zy_pkg_config_libraries(ZyPkgConfigWidgetsLibraries zy_widgets)
+foreach(File zyphos.pc zyphos-dialogs.pc zyphos-models.pc zyphos-sql.pc zyphos-widgets.pc)
   configure_file("cmake/${File}.in" "${PROJECT_BINARY_DIR}/${File}" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/${File}" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 endforeach()

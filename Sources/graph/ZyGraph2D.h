@@ -283,6 +283,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   void PaintOverlay(Graphics& Gr) override;
   void EndRead() override;
   std::unique_ptr<TZyChartPicture> MakePicture() override;
+  std::vector<TZyCustomGraph*> ChartsOfPicture() override;
   /// Runs the handler of an event around a gesture. False when the graph did not survive it.
   bool Tell(TZyGestureEvent Event) override;
 

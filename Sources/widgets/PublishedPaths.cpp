@@ -1,4 +1,4 @@
-#include "widgets/ChartProperties.h"
+#include "widgets/PublishedPaths.h"
 
 #include <QColor>
 #include <algorithm>
@@ -35,7 +35,7 @@ bool IsOfControls(const TPersistent& Object, const TPropInfo& Info) {
 }
 
 void Collect(TPersistent& Object, const std::string& Before, const std::vector<std::string>& Parts,
-             std::vector<TZyChartProperty>& Into) {
+             std::vector<TPublishedPath>& Into) {
   for (const TPropInfo* Info : Object.ClassInfo().Properties()) {
     if (IsOfControls(Object, *Info)) continue;
     const std::string Path = Before + Info->Name;
@@ -92,13 +92,13 @@ TVariant AsVariant(const TPropInfo& Info, const QVariant& Value) {
 
 }  // namespace
 
-std::vector<TZyChartProperty> ChartProperties(TPersistent& Object, const std::vector<std::string>& Parts) {
-  std::vector<TZyChartProperty> Result;
+std::vector<TPublishedPath> PublishedPaths(TPersistent& Object, const std::vector<std::string>& Parts) {
+  std::vector<TPublishedPath> Result;
   Collect(Object, {}, Parts, Result);
   return Result;
 }
 
-QVariant ReadChartProperty(TPersistent& Object, std::string_view Path) {
+QVariant ReadPublished(TPersistent& Object, std::string_view Path) {
   const auto [Holder, Info] = Find(Object, Path);
   if (Info == nullptr) return {};
   if (IsColor(*Info)) return QColor::fromRgba(static_cast<QRgb>(Info->GetOrd(*Holder)));
@@ -113,7 +113,7 @@ QVariant ReadChartProperty(TPersistent& Object, std::string_view Path) {
                                         : QVariant(static_cast<int>(Value.AsInteger()));
 }
 
-bool WriteChartProperty(TPersistent& Object, std::string_view Path, const QVariant& Value) {
+bool WritePublished(TPersistent& Object, std::string_view Path, const QVariant& Value) {
   const auto [Holder, Info] = Find(Object, Path);
   if (Info == nullptr) return false;
   SetPropValue(*Holder, Info->Name, AsVariant(*Info, Value));
