@@ -81,8 +81,9 @@ QWidget* TDesignerWidget::createWidget(QWidget* Parent) {
 }
 
 QString TDesignerWidget::domXml() const {
-  return QStringLiteral("<ui language=\"c++\"><widget class=\"%1\" name=\"%2\"><property name=\"geometry\"><rect>"
-                        "<x>0</x><y>0</y><width>%3</width><height>%4</height></rect></property></widget></ui>")
+  return QStringLiteral(
+             "<ui language=\"c++\"><widget class=\"%1\" name=\"%2\"><property name=\"geometry\"><rect>"
+             "<x>0</x><y>0</y><width>%3</width><height>%4</height></rect></property></widget></ui>")
       .arg(FKind.ClassName, FKind.ObjectName)
       .arg(FKind.Width)
       .arg(FKind.Height);

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QDesignerCustomWidgetCollectionInterface>
-#include <QDesignerCustomWidgetInterface>
 #include <QList>
 #include <QObject>
+#include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
+#include <QtUiPlugin/QDesignerCustomWidgetInterface>
 #include <memory>
 #include <vector>
 

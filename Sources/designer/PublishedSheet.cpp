@@ -35,8 +35,9 @@ const TDefaults& DefaultsOf(const ZyControlWidget& Widget) {
 }  // namespace
 
 PublishedSheet::PublishedSheet(ZyControlWidget& Widget, QDesignerPropertySheetExtension& Base,
-                                       QDesignerDynamicPropertySheetExtension* BaseDynamic, QObject* Parent)
+                               QDesignerDynamicPropertySheetExtension* BaseDynamic, QObject* Parent)
     : QObject(Parent), FWidget(&Widget), FBase(Base), FBaseDynamic(BaseDynamic) {
+  connect(&Widget, &QObject::destroyed, this, &QObject::deleteLater);
   Widget.MakeParts();
   const TDefaults& Defaults = DefaultsOf(Widget);
   for (const std::string& Each : Widget.PropertyPaths()) {
@@ -44,6 +45,8 @@ PublishedSheet::PublishedSheet(ZyControlWidget& Widget, QDesignerPropertySheetEx
     FRows.push_back({Path, Defaults.value(Path)});
   }
 }
+
+const ZyControlWidget* PublishedSheet::Widget() const { return FWidget; }
 
 int PublishedSheet::indexOf(const QString& Name) const {
   for (int i = 0; i < FRows.size(); ++i)
@@ -87,7 +90,22 @@ QVariant PublishedSheet::property(int Index) const {
 
 void PublishedSheet::setProperty(int Index, const QVariant& Value) {
   if (!IsOurs(Index)) return FBase.setProperty(Index, Value);
-  if (FWidget != nullptr) FWidget->SetPropertyAt(Row(Index).Path, Value);
+  if (FWidget == nullptr) return;
+  const bool IsText = Row(Index).Default.typeId() == QMetaType::QString;
+  FWidget->SetPropertyAt(Row(Index).Path, IsText && !Value.canConvert<QString>() ? QVariant(TextOf(Value)) : Value);
+}
+
+/// The designer hands texts over in a class of its own, which its own sheet can read alone: it takes one to a property
+/// of the widget, which then has it as a text.
+QString PublishedSheet::TextOf(const QVariant& Value) {
+  const int Index = FBase.indexOf("statusTip");
+  const QVariant Before = FBase.property(Index);
+  const bool WasChanged = FBase.isChanged(Index);
+  FBase.setProperty(Index, Value);
+  const QString Result = FWidget->statusTip();
+  FBase.setProperty(Index, Before);
+  FBase.setChanged(Index, WasChanged);
+  return Result;
 }
 
 bool PublishedSheet::isChanged(int Index) const {
@@ -124,6 +142,9 @@ void PublishedSheetFactory::Register(QExtensionManager& Manager) {
 QObject* PublishedSheetFactory::createExtension(QObject* Object, const QString& Iid, QObject* Parent) const {
   auto* const Widget = qobject_cast<ZyControlWidget*>(Object);
   if (Widget == nullptr || FAsksOthers || (Iid != SheetIid && Iid != DynamicIid)) return nullptr;
+  for (QObject* Child : Parent->children())  // both parts are one sheet
+    if (auto* const Sheet = qobject_cast<PublishedSheet*>(Child); Sheet != nullptr && Sheet->Widget() == Widget)
+      return Sheet;
   const TScopedValue Asks(FAsksOthers, true);
   QExtensionManager& Manager = *extensionManager();
   auto* const Base = qobject_cast<QDesignerPropertySheetExtension*>(Manager.extension(Object, SheetIid));

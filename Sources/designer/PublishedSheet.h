@@ -13,19 +13,22 @@ namespace zy {
 
 class ZyControlWidget;
 
-/// What the designer's property editor shows of a widget of the library: what it shows of any widget, and behind that the
-/// published properties of its control by their paths. Those that are not as in a new one are stored in the form, as
-/// dynamic properties.
+/// What the designer's property editor shows of a widget of the library: what it shows of any widget, and behind that
+/// the published properties of its control by their paths. Those that are not as in a new one are stored in the form,
+/// as dynamic properties.
 class PublishedSheet : public QObject,
-                           public QDesignerPropertySheetExtension,
-                           public QDesignerDynamicPropertySheetExtension {
+                       public QDesignerPropertySheetExtension,
+                       public QDesignerDynamicPropertySheetExtension {
   Q_OBJECT
   Q_INTERFACES(QDesignerPropertySheetExtension QDesignerDynamicPropertySheetExtension)
 
  public:
   /// Of the two parts of the toolkit's own sheet for the widget; they belong to the designer.
   PublishedSheet(ZyControlWidget& Widget, QDesignerPropertySheetExtension& Base,
-                     QDesignerDynamicPropertySheetExtension* BaseDynamic, QObject* Parent);
+                 QDesignerDynamicPropertySheetExtension* BaseDynamic, QObject* Parent);
+
+  /// Null once the widget died.
+  const ZyControlWidget* Widget() const;
 
   int count() const override { return FBase.count() + static_cast<int>(FRows.size()); }
   int indexOf(const QString& Name) const override;
@@ -57,6 +60,7 @@ class PublishedSheet : public QObject,
   };
 
   bool IsOurs(int Index) const { return Index >= FBase.count(); }
+  QString TextOf(const QVariant& Value);
   const TRow& Row(int Index) const { return FRows[Index - FBase.count()]; }
 
   QPointer<ZyControlWidget> FWidget;

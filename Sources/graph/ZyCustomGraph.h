@@ -137,8 +137,8 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   void SaveImage(const std::filesystem::path& FileName, TZyImageFileFormat Format, const TZyPictureSize& Size,
                  bool RemoveTransparency = false, TColor TransparentExchangeColor = 0xFFFFFF);
   /// Draws the chart through an active painter of the toolkit, on whatever device, within Box in the painter's units.
-  /// Without a size the chart is as large as fits in its own proportions, in the middle across and at the top down; with
-  /// one it is laid out for that size first, of which the resolution does not count. Nothing in an empty box.
+  /// Without a size the chart is as large as fits in its own proportions, in the middle across and at the top down;
+  /// with one it is laid out for that size first, of which the resolution does not count. Nothing in an empty box.
   void PaintOn(QPainter& Painter, const RectF& Box, const TZyPictureSize& Size = {});
   /// Puts the chart on the clipboard, in all forms that TClipboard::SetPicture knows.
   void CopyToClipboard();

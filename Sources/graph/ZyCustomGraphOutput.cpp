@@ -66,7 +66,8 @@ void TZyCustomGraph::CopyToClipboard() {
     Clipboard().SetPicture(Picture->Recorded(), Picture->Painted(false, 0));
 }
 
-/// Gives the charts of a picture another extent until the end of the block. Their widgets and parents do not hear of it.
+/// Gives the charts of a picture another extent until the end of the block. Their widgets and parents do not hear of
+/// it.
 class TZyCustomGraph::TResized {
  public:
   TResized(TZyCustomGraph& Chart, TZyChartPicture& Picture, const TZyPictureSize& Size) {

@@ -55,8 +55,8 @@ std::pair<TPersistent*, const TPropInfo*> Find(TPersistent& Object, std::string_
   while (Present != nullptr) {
     const std::size_t Point = Path.find('.');
     const TPropInfo* const Info = GetPropInfo(*Present, Path.substr(0, Point));
-    if (Info == nullptr || Point == std::string_view::npos)
-      return {Present, Info == nullptr || !IsSimple(*Info) ? nullptr : Info};
+    if (Info == nullptr || IsOfControls(*Present, *Info)) return {};
+    if (Point == std::string_view::npos) return {Present, IsSimple(*Info) ? Info : nullptr};
     Present = Info->Kind == TPropKind::Class ? Info->GetObject(*Present) : nullptr;
     Path.remove_prefix(Point + 1);
   }

@@ -10,7 +10,8 @@ namespace zy {
 class TPersistent;
 class TPropInfo;
 
-/// The published properties of a component as the toolkit's editors and forms have them: by paths with points in between
+/// The published properties of a component as the toolkit's editors and forms have them: by paths with points in
+/// between
 /// ("MajorGridVertical.Visible"), with colours as QColor, values of enumerations and sets by their names, reals,
 /// integers, truth values and texts as such.
 

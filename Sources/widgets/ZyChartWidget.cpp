@@ -21,15 +21,15 @@ class ZyChartWidget::TWatched : public TZyWatchedChart<TZyGraph2D> {
   TWatched(TComponent* Owner, ZyChartWidget& Widget) : TZyWatchedChart(Owner, Widget), FChartWidget(&Widget) {}
 
   bool AddRelatedSeries(TZySeries* Series) override {
-    Note();
+    NoteContent();
     return TZyWatchedChart::AddRelatedSeries(Series);
   }
   void RemoveRelatedSeries(TZySeries* Series) override {
-    Note();
+    NoteContent();
     TZyWatchedChart::RemoveRelatedSeries(Series);
   }
   void SeriesInvalidated() override {
-    Note();
+    NoteContent();
     TZyWatchedChart::SeriesInvalidated();
   }
   void ZoomBack() override {
@@ -51,10 +51,6 @@ class ZyChartWidget::TWatched : public TZyWatchedChart<TZyGraph2D> {
   }
 
  private:
-  void Note() {
-    if (FChartWidget != nullptr) FChartWidget->NoteContent();
-  }
-
   QPointer<ZyChartWidget> FChartWidget;
 };
 
@@ -124,8 +120,7 @@ void ZyChartWidget::Join(TZySeries& Series, TZyCustomDoubleVector* X, TZyCustomD
 void ZyChartWidget::ShowSamples() {
   if (!Graph().RelatedSeries().empty()) return;
   Owner().SetDesigning(true);
-  for (int i = 0; i < 2; ++i)
-    AddSeries<TZyLineSeries>(nullptr, new TZyDoubleVector(&Owner()));
+  for (int i = 0; i < 2; ++i) AddSeries<TZyLineSeries>(nullptr, new TZyDoubleVector(&Owner()));
   Owner().SetDesigning(false);
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "graph/ZyGraph2D.h"
 #include "widgets/ZyCustomChartWidget.h"
+#ifndef Q_MOC_RUN  // which cannot read all that this includes
+#include "graph/ZyGraph2D.h"
+#endif
 
 namespace zy {
 

@@ -15,12 +15,12 @@ class TDataModule;
 class TPersistent;
 class TWinControl;
 
-/// Base of the library's controls as widgets of the toolkit: an ordinary widget with a control in it, for layouts, forms
-/// of the designer, signals and slots.
+/// Base of the library's controls as widgets of the toolkit: an ordinary widget with a control in it, for layouts,
+/// forms of the designer, signals and slots.
 ///
-/// The control belongs to the widget and lives as long. Each property that it publishes is one of the widget too, by its
-/// path: `Chart->setProperty("MajorGridVertical.Visible", true)`. Forms of the designer store them so. A path that leads
-/// nowhere is a dynamic property like any other.
+/// The control belongs to the widget and lives as long. Each property that it publishes is one of the widget too, by
+/// its path: `Chart->setProperty("MajorGridVertical.Visible", true)`. Forms of the designer store them so. A path that
+/// leads nowhere is a dynamic property like any other.
 class ZyControlWidget : public QWidget {
   Q_OBJECT
 

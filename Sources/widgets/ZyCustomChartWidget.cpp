@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <algorithm>
 #include <utility>
 
 #include "platform/drawing/QtText.h"
@@ -60,7 +59,8 @@ TPersistent* ZyCustomChartWidget::RootOf(std::string& Path, bool Make) {
 std::vector<std::string> ZyCustomChartWidget::PropertyPaths() const {
   std::vector<std::string> Result = ZyControlWidget::PropertyPaths();
   if (TControl* const Present = const_cast<ZyCustomChartWidget*>(this)->Legend(false))
-    for (const TPublishedPath& Each : PublishedPaths(*Present, {})) Result.push_back(std::string(LegendPart) + Each.Path);
+    for (const TPublishedPath& Each : PublishedPaths(*Present, {}))
+      Result.push_back(std::string(LegendPart) + Each.Path);
   return Result;
 }
 
@@ -74,7 +74,8 @@ void ZyCustomChartWidget::print(QPrinter* Printer) {
   if (Printer == nullptr) return;
   Guarded([&] {
     QPainter Painter;
-    if (!Painter.begin(Printer)) throw EPrinter(Format(LoadResString(_sCannotPrint), {Printer->printerName().toStdString()}));
+    if (!Painter.begin(Printer))
+      throw EPrinter(Format(LoadResString(_sCannotPrint), {Printer->printerName().toStdString()}));
     const QRectF Page = Printer->pageRect(QPrinter::DevicePixel);
     Chart().PaintOn(Painter, {0, 0, static_cast<float>(Page.width()), static_cast<float>(Page.height())});
   });
@@ -93,9 +94,8 @@ void ZyCustomChartWidget::refresh() { Chart().Invalidate(); }
 
 // --- What the chart tells -------------------------------------------------------------------------------------------
 
-void ZyCustomChartWidget::NoteClick(TPoint From, TPoint Place) {
-  const int Way = std::max(std::abs(From.X - Place.X), std::abs(From.Y - Place.Y));
-  if (Way < QApplication::startDragDistance()) emit clicked({Place.X, Place.Y});
+void ZyCustomChartWidget::NoteClick(const QPoint& From, const QPoint& Place) {
+  if ((Place - From).manhattanLength() < QApplication::startDragDistance()) emit clicked(Place);
 }
 
 void ZyCustomChartWidget::NoteContent() {

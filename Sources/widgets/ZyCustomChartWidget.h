@@ -4,8 +4,10 @@
 #include <QPoint>
 #include <QString>
 
-#include "graph/ZyCustomGraph.h"
 #include "widgets/ZyControlWidget.h"
+#ifndef Q_MOC_RUN  // which cannot read all that this includes
+#include "graph/ZyCustomGraph.h"
+#endif
 
 class QPrinter;
 
@@ -68,7 +70,7 @@ class ZyCustomChartWidget : public ZyControlWidget {
   template <class TChart>
   friend class TZyWatchedChart;
 
-  void NoteClick(TPoint From, TPoint Place);
+  void NoteClick(const QPoint& From, const QPoint& Place);
 
   bool FContentNoted = false;
 };

@@ -15,15 +15,12 @@ constexpr const char* ValuesName = "Values";
 
 class ZyPieWidget::TWatched : public TZyWatchedChart<TZyPieChart> {
  public:
-  TWatched(TComponent* Owner, ZyPieWidget& Widget) : TZyWatchedChart(Owner, Widget), FPieWidget(&Widget) {}
+  using TZyWatchedChart::TZyWatchedChart;
 
   void Modified() override {
-    if (FPieWidget != nullptr) FPieWidget->NoteContent();
+    NoteContent();
     TZyWatchedChart::Modified();
   }
-
- private:
-  QPointer<ZyPieWidget> FPieWidget;
 };
 
 ZyPieWidget::ZyPieWidget(QWidget* Parent) : ZyCustomChartWidget(Parent) {
@@ -45,7 +42,9 @@ ZyPieWidget::ZyPieWidget(QWidget* Parent) : ZyCustomChartWidget(Parent) {
 
 ZyPieWidget::~ZyPieWidget() { FreeOwned(); }
 
-TZyDoubleVector* ZyPieWidget::Values() const { return dynamic_cast<TZyDoubleVector*>(Owner().FindComponent(ValuesName)); }
+TZyDoubleVector* ZyPieWidget::Values() const {
+  return dynamic_cast<TZyDoubleVector*>(Owner().FindComponent(ValuesName));
+}
 
 ZyPieWidget::Shape ZyPieWidget::shape() const { return static_cast<Shape>(Graph().PieChartType()); }
 

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "pie/ZyPieDonut.h"
 #include "widgets/ZyCustomChartWidget.h"
+#ifndef Q_MOC_RUN  // which cannot read all that this includes
+#include "pie/ZyPieDonut.h"
+#endif
 
 namespace zy {
 

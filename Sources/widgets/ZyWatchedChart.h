@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QMouseEvent>
 #include <QPointer>
+#include <cstdint>
 #include <exception>
 #include <utility>
 
-#include "platform/framework/ScopedFlag.h"
-#include "series/ZySeries.h"
+#include "platform/framework/TPersistent.h"
 #include "widgets/ZyCustomChartWidget.h"
 
 namespace zy {
@@ -16,37 +17,33 @@ template <class TChart>
 class TZyWatchedChart : public TChart {
  public:
   TZyWatchedChart(TComponent* Owner, ZyCustomChartWidget& Widget) : TChart(Owner), FWidget(&Widget) {
-    this->FPollingThread.OnPoll = [this, Poll = std::move(this->FPollingThread.OnPoll)] {
-      Guarded([&] { Poll(); });
-    };
+    this->FPollingThread.OnPoll = [this, Poll = std::move(this->FPollingThread.OnPoll)] { Guarded([&] { Poll(); }); };
   }
 
  protected:
-  void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override {
-    FPlace = FPressed = {X, Y};
-    TChart::MouseDown(Button, Shift, X, Y);
-  }
-  void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override {
-    FPlace = {X, Y};
-    TChart::MouseUp(Button, Shift, X, Y);
-  }
-  // A handler of the application may have freed the widget, and the chart with it.
-  void Click() override {
-    const QPointer<ZyCustomChartWidget> Widget = FWidget;
-    const TPoint From = FPressed, Place = FPlace;
-    TChart::Click();
-    if (Widget != nullptr) Widget->NoteClick(From, Place);
-  }
-  void DblClick() override {
-    const QPointer<ZyCustomChartWidget> Widget = FWidget;
-    const QPoint Place(FPlace.X, FPlace.Y);
-    TChart::DblClick();
-    if (Widget != nullptr) emit Widget->doubleClicked(Place);
-  }
+  /// Clicks are told wherever they go within the chart, behind what they do there. A handler of the application may
+  /// have freed the widget by then, and the chart with it.
   bool WidgetEvent(QEvent& Event) override {
+    const QPointer<ZyCustomChartWidget> Widget = FWidget;
+    const std::uint64_t Alive = this->LiveHandle();
+    const auto Mouse = Event.type();
+    const QPoint Place =
+        Event.isPointerEvent() ? static_cast<QPointerEvent&>(Event).point(0).position().toPoint() : QPoint();
+    if (Mouse == QEvent::MouseButtonPress) FPressed = Place;
+    const QPoint From = FPressed;
     bool Done = true;
+    FIsPainting = Mouse == QEvent::Paint;
     Guarded([&] { Done = TChart::WidgetEvent(Event); });
+    if (TPersistent::FromLiveHandle(Alive) != nullptr) FIsPainting = false;
+    if (Widget == nullptr) return Done;
+    if (Mouse == QEvent::MouseButtonRelease && static_cast<QMouseEvent&>(Event).button() == Qt::LeftButton)
+      Widget->NoteClick(From, Place);
+    if (Mouse == QEvent::MouseButtonDblClick) emit Widget->doubleClicked(Place);
     return Done;
+  }
+  /// What a paint finds out was noted when it happened.
+  void NoteContent() {
+    if (FWidget != nullptr && !FIsPainting) FWidget->NoteContent();
   }
 
   QPointer<ZyCustomChartWidget> FWidget;
@@ -62,7 +59,8 @@ class TZyWatchedChart : public TChart {
     }
   }
 
-  TPoint FPlace, FPressed;
+  QPoint FPressed;
+  bool FIsPainting = false;
 };
 
 }  // namespace zy

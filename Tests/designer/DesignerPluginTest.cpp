@@ -1,4 +1,5 @@
-// The plug-in for Qt Designer in the hands of those that load it: the toolkit's loaders of forms, and the designer itself.
+// The plug-in for Qt Designer in the hands of those that load it: the toolkit's loaders of forms, and the designer
+// itself.
 
 #include <gtest/gtest.h>
 
@@ -6,12 +7,11 @@
 #include <QBuffer>
 #include <QColor>
 #include <QDesignerComponents>
-#include <QDesignerCustomWidgetCollectionInterface>
-#include <QDesignerCustomWidgetInterface>
 #include <QDesignerDynamicPropertySheetExtension>
 #include <QDesignerFormEditorInterface>
 #include <QDesignerFormWindowInterface>
 #include <QDesignerFormWindowManagerInterface>
+#include <QDesignerIntegration>
 #include <QDesignerPropertyEditorInterface>
 #include <QDesignerPropertySheetExtension>
 #include <QDomDocument>
@@ -20,6 +20,8 @@
 #include <QIcon>
 #include <QPluginLoader>
 #include <QUiLoader>
+#include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
+#include <QtUiPlugin/QDesignerCustomWidgetInterface>
 #include <memory>
 
 namespace {
@@ -105,7 +107,8 @@ QString Stored(const QString& Content, const QString& Widget, const QString& Nam
   for (int i = 0; i < Widgets.size(); ++i) {
     const QDomElement Each = Widgets.at(i).toElement();
     if (Each.attribute("name") != Widget) continue;
-    for (QDomElement Prop = Each.firstChildElement("property"); !Prop.isNull(); Prop = Prop.nextSiblingElement("property"))
+    for (QDomElement Prop = Each.firstChildElement("property"); !Prop.isNull();
+         Prop = Prop.nextSiblingElement("property"))
       if (Prop.attribute("name") == Name) return Prop.attribute("stdset", "1") + ": " + Prop.text();
   }
   return {};
@@ -115,12 +118,11 @@ TEST(DesignerPluginTest, TheDesignerEditsAndStoresWhatChartsPublish) {
   QDesignerFormEditorInterface* const Core = QDesignerComponents::createFormEditor(qApp);
   QDesignerPropertyEditorInterface* const Editor = QDesignerComponents::createPropertyEditor(Core, nullptr);
   Core->setPropertyEditor(Editor);
+  new QDesignerIntegration(Core, Core);
   QDesignerComponents::initializePlugins(Core);
   QDesignerFormWindowInterface* const Window = Core->formWindowManager()->createFormWindow();
   ASSERT_TRUE(Window->setContents(QString(Form)));
   Window->resize(700, 400);
-  Window->show();
-  QApplication::processEvents();
   QWidget* const Chart = Window->findChild<QWidget*>("chart");
   ExpectForm(Window);
   auto* const Sheet = qt_extension<QDesignerPropertySheetExtension*>(Core->extensionManager(), Chart);
@@ -136,7 +138,6 @@ TEST(DesignerPluginTest, TheDesignerEditsAndStoresWhatChartsPublish) {
   EXPECT_EQ(Stored(Content, "chart", "PrimaryXAxis.Caption"), "0: Time");
   Sheet->setProperty(Width, 3.0);
   Content = Window->contents();
-  EXPECT_EQ(Stored(Content, "chart", "DataAreaFrame.Width").toDouble(), 0) << "with stdset in front";
   EXPECT_TRUE(Stored(Content, "chart", "DataAreaFrame.Width").startsWith("0: 3"));
   EXPECT_TRUE(Stored(Content, "pie", "StartAngle").startsWith("0: 30.5"));
   EXPECT_EQ(Stored(Content, "pie", "caption"), "");
@@ -148,8 +149,7 @@ TEST(DesignerPluginTest, TheDesignerEditsAndStoresWhatChartsPublish) {
     Editor->grab().save(Folder + "/designer_properties.png");
     Window->grab().save(Folder + "/designer_form.png");
   }
-  const QMetaObject* const EditorKind = Editor->metaObject();
-  EXPECT_STREQ(EditorKind->superClass()->className(), "QDesignerPropertyEditor");
+  EXPECT_EQ(Editor->object(), Chart);
 }
 
 }  // namespace
@@ -157,6 +157,7 @@ TEST(DesignerPluginTest, TheDesignerEditsAndStoresWhatChartsPublish) {
 int main(int ArgCount, char** Args) {
   testing::InitGoogleTest(&ArgCount, Args);
   QCoreApplication::addLibraryPath(QString(PluginFolder) + "/..");
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication Program(ArgCount, Args);
   return RUN_ALL_TESTS();
 }

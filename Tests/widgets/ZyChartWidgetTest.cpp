@@ -83,7 +83,9 @@ TEST_F(ZyChartWidgetTest, SignalsLeaveTheEventsOfTheChartToTheApplication) {
   EXPECT_TRUE(FChart->Graph().GetCanZoomBack());
   EXPECT_EQ(CountOf(&ZyChartWidget::zoomed, [&] { FChart->Graph().ZoomBack(); }), 1);
   EXPECT_EQ(CountOf(&ZyChartWidget::doubleClicked,
-                    [&] { Send(QEvent::MouseButtonDblClick, {200, 150}, Qt::LeftButton); }),
+                    [&] {
+                      Send(QEvent::MouseButtonDblClick, {200, 150}, Qt::LeftButton);
+                    }),
             1);
   const auto Change = [&](const std::function<void()>& Do) {
     FWindow.grab();
@@ -124,7 +126,8 @@ TEST_F(ZyChartWidgetTest, EveryPublishedPropertyIsOneOfTheWidget) {
   ZyPieWidget Pie;
   FChart->setLegendVisible(true);
   Pie.setLegendVisible(true);
-  for (ZyCustomChartWidget* Widget : {static_cast<ZyCustomChartWidget*>(FChart), static_cast<ZyCustomChartWidget*>(&Pie)}) {
+  for (ZyCustomChartWidget* Widget :
+       {static_cast<ZyCustomChartWidget*>(FChart), static_cast<ZyCustomChartWidget*>(&Pie)}) {
     const std::vector<std::string> Paths = Widget->PropertyPaths();
     EXPECT_GT(Paths.size(), 60u);
     for (const std::string& Each : Paths) {
@@ -149,7 +152,7 @@ TEST_F(ZyChartWidgetTest, EveryPublishedPropertyIsOneOfTheWidget) {
   EXPECT_EQ(Graph.PrimaryXAxis()->Caption(), "größer");
   EXPECT_EQ(dynamic_cast<TZyLegend&>(*FChart->Owner().FindComponent("Legend")).Position(),
             TZyLegendPosition::TopCenterOfGraph);
-  EXPECT_TRUE(Graph.Zoom().ZoomShift() == TShiftState{ssRight});
+  EXPECT_TRUE(Graph.Zoom().StartZoom() == TShiftState{ssRight});
   EXPECT_EQ(FChart->property("of my own"), 7);
   EXPECT_FALSE(FChart->PropertyAt("of my own").isValid());
   EXPECT_FALSE(FChart->PropertyAt("Width").isValid()) << "the layout's business";
@@ -189,7 +192,7 @@ TEST_F(ZyChartWidgetTest, PrintsAndShowsSamplesOnlyInAnEmptyChart) {
   ZyChartWidget Empty;
   Empty.ShowSamples();
   EXPECT_GT(Empty.Graph().RelatedSeries().size(), 0u);
-  for (const TZySeries* Series : Empty.Graph().RelatedSeries()) EXPECT_GT(Series->GetCount(), 1);
+  for (TZySeries* Series : Empty.Graph().RelatedSeries()) EXPECT_GT(Series->GetCount(), 1);
   ZyPieWidget Pie;
   Pie.ShowSamples();
   Pie.resize(300, 300);
