@@ -1,5 +1,5 @@
-# Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs, Zyphos::Models, Zyphos::Sql and Zyphos::Widgets,
-# pkg-config files, headers under include/zyphos.
+# Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs, Zyphos::Models, Zyphos::PickWidgets, Zyphos::Sql and
+# Zyphos::Widgets, pkg-config files, headers under include/zyphos.
 
 include(CMakePackageConfigHelpers)
 
@@ -7,8 +7,8 @@ get_property(ZyLibraries GLOBAL PROPERTY ZY_LIBRARIES)
 install(TARGETS ${ZyLibraries} EXPORT ZyphosTargets)
 install(EXPORT ZyphosTargets NAMESPACE Zyphos:: DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
 
-# The public headers are those of these five and all that they include; backends, kernels and parts stay at home.
-set(ZyHeaders Charts.h Dialogs.h Models.h Sql.h Widgets.h)
+# The public headers are those of these six and all that they include; backends, kernels and parts stay at home.
+set(ZyHeaders Charts.h Dialogs.h Models.h PickWidgets.h Sql.h Widgets.h)
 set(ZyToRead ${ZyHeaders})
 while(ZyToRead)
   list(POP_FRONT ZyToRead Header)
@@ -48,13 +48,14 @@ function(zy_pkg_config_libraries Out)
 endfunction()
 set(ZyDialogs zy_pick_controls zy_settings_frames zy_settings_forms)
 set(ZyCharts ${ZyLibraries})
-list(REMOVE_ITEM ZyCharts zy_sql zy_models zy_widgets ${ZyDialogs})
+list(REMOVE_ITEM ZyCharts zy_sql zy_models zy_widgets zy_pick_widgets ${ZyDialogs})
 zy_pkg_config_libraries(ZyPkgConfigLibraries ${ZyCharts})
 zy_pkg_config_libraries(ZyPkgConfigSqlLibraries zy_sql)
 zy_pkg_config_libraries(ZyPkgConfigDialogsLibraries ${ZyDialogs})
 zy_pkg_config_libraries(ZyPkgConfigModelsLibraries zy_models)
 zy_pkg_config_libraries(ZyPkgConfigWidgetsLibraries zy_widgets)
-foreach(File zyphos.pc zyphos-dialogs.pc zyphos-models.pc zyphos-sql.pc zyphos-widgets.pc)
+zy_pkg_config_libraries(ZyPkgConfigPickWidgetsLibraries zy_pick_widgets)
+foreach(File zyphos.pc zyphos-dialogs.pc zyphos-models.pc zyphos-pick-widgets.pc zyphos-sql.pc zyphos-widgets.pc)
   configure_file("cmake/${File}.in" "${PROJECT_BINARY_DIR}/${File}" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/${File}" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 endforeach()

@@ -4,8 +4,10 @@
 #include <QExtensionManager>
 #include <QIcon>
 #include <QPixmap>
+#include <algorithm>
 
 #include "designer/PublishedSheet.h"
+#include "dialogs/widgets/ZyPickWidgets.h"
 #include "widgets/ZyChartWidget.h"
 #include "widgets/ZyPieWidget.h"
 
@@ -27,11 +29,29 @@ QWidget* Make(QWidget* Parent) {
   return new T(Parent);
 }
 
+constexpr const char* PickHeader = "zyphos/dialogs/widgets/ZyPickWidgets.h";
+
 const TKind Kinds[] = {
     {"zy::ZyChartWidget", "chart", "zyphos/widgets/ZyChartWidget.h", "Charts", "A chart with axes", 480, 320,
      &Make<ZyChartWidget>},
     {"zy::ZyPieWidget", "pie", "zyphos/widgets/ZyPieWidget.h", "Charts", "A pie or donut chart", 320, 320,
      &Make<ZyPieWidget>},
+    {"zy::ZyColorPickWidget", "color", PickHeader, "Chart Controls", "Picks a colour", 60, 24,
+     &Make<ZyColorPickWidget>},
+    {"zy::ZyIntegerEditWidget", "integer", PickHeader, "Chart Controls", "Edits a whole number", 80, 24,
+     &Make<ZyIntegerEditWidget>},
+    {"zy::ZyDoubleEditWidget", "real", PickHeader, "Chart Controls", "Edits a real, a date or a time span", 80, 24,
+     &Make<ZyDoubleEditWidget>},
+    {"zy::ZyNumericUpDnWidget", "steps", PickHeader, "Chart Controls", "Edits a real by steps", 80, 24,
+     &Make<ZyNumericUpDnWidget>},
+    {"zy::ZyDashStylesWidget", "dashes", PickHeader, "Chart Controls", "Picks the dashes of a line", 100, 24,
+     &Make<ZyDashStylesWidget>},
+    {"zy::ZyAreaStylesWidget", "pattern", PickHeader, "Chart Controls", "Picks the pattern of an area", 100, 24,
+     &Make<ZyAreaStylesWidget>},
+    {"zy::ZyPointSymbolsWidget", "symbol", PickHeader, "Chart Controls", "Picks a point symbol", 100, 24,
+     &Make<ZyPointSymbolsWidget>},
+    {"zy::ZyCaptionEditWidget", "captionEdit", PickHeader, "Chart Controls", "Edits a caption with fonts and values",
+     200, 60, &Make<ZyCaptionEditWidget>},
 };
 
 /// One kind of widget.
@@ -60,7 +80,7 @@ class TDesignerWidget : public QDesignerCustomWidgetInterface {
 QIcon TDesignerWidget::icon() const {
   const std::unique_ptr<QWidget> Sample(FKind.Make(nullptr));
   if (auto* const Chart = qobject_cast<ZyControlWidget*>(Sample.get())) Chart->ShowSamples();
-  Sample->resize(96, 72);
+  Sample->resize(std::min(FKind.Width, 96), std::min(FKind.Height, 72));
   return Sample->grab().scaled(48, 48, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 

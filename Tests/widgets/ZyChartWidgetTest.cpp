@@ -15,8 +15,9 @@
 #include <vector>
 
 #include "annotations/ZyLegend.h"
+#include "dialogs/widgets/ZyPickWidgets.h"
 #include "persistence/ZyIO.h"
-#include "platform/framework/Reflection.h"
+#include "platform/controls/TApplication.h"
 #include "platform/framework/TStream.h"
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
@@ -201,6 +202,28 @@ TEST_F(ZyChartWidgetTest, PrintsAndShowsSamplesOnlyInAnEmptyChart) {
   QObject::connect(&Pie, &ZyPieWidget::segmentClicked, &Pie, [&](int Index) { Clicked = Index; });
   emit Pie.clicked({200, 200});  // to the lower right of the middle, where the first segment begins
   EXPECT_EQ(Clicked, 0);
+}
+
+TEST_F(ZyChartWidgetTest, ControlsAreTiedToChartsByTheirNames) {
+  FChart->setObjectName("chart");
+  ZyColorPickWidget Color;
+  ZyNumericUpDnWidget Width;
+  Color.setLinks({"chart.Graph.BackColor"});
+  Width.setProperty("MaxValue", 20.0);
+  Width.setLinks({"chart.Graph.DataAreaFrame.Width"});
+  for (QWidget* Each : {static_cast<QWidget*>(&Color), static_cast<QWidget*>(&Width)}) Each->show();
+  int Changes = 0;
+  QObject::connect(&Color, &ZyLinkedWidget::changed, &Color, [&Changes] { ++Changes; });
+  FChart->setBackColor(Qt::green);
+  FChart->Graph().DataAreaFrame().SetWidth(7);
+  while (!TApplication::Idle()) Settle();
+  EXPECT_EQ(Color.color(), QColor(Qt::green));
+  EXPECT_EQ(Changes, 1);
+  EXPECT_EQ(Width.value(), 7);
+  Color.setColor(Qt::blue);
+  Width.setValue(9);
+  EXPECT_EQ(FChart->backColor(), QColor(Qt::blue));
+  EXPECT_EQ(FChart->Graph().DataAreaFrame().Width(), 9);
 }
 
 }  // namespace
