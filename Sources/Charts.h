@@ -28,6 +28,7 @@
 #include "platform/controls/TFrame.h"
 #include "platform/controls/TPopupMenu.h"
 #include "platform/controls/TPrintDialog.h"
+#include "platform/controls/TPrintPreview.h"
 #include "platform/controls/TPrinter.h"
 #include "platform/controls/TTimer.h"
 #include "platform/controls/ToolBarLook.h"

@@ -1,11 +1,11 @@
-# The public headers: Charts.h, Dialogs.h and Sql.h and all that they include; backends, kernels and parts stay at home.
+# The public headers: those of the components (Charts.h and its like) and all that they include; backends, kernels and parts stay at home.
 # They are what is installed, and what the reference describes, for which `cmake -P` on this file prints them.
 
 cmake_policy(VERSION 3.25)
 
 # zy_public_headers(Sources Out): their paths, relative to the folder Sources.
 function(zy_public_headers Sources Out)
-  set(Headers Charts.h Dialogs.h Sql.h)
+  set(Headers Charts.h Dialogs.h Models.h PickWidgets.h Sql.h Widgets.h)
   set(ToRead ${Headers})
   while(ToRead)
     list(POP_FRONT ToRead Header)

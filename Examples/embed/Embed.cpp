@@ -1,4 +1,4 @@
-// A chart in a window of the toolkit: in a layout, beside ordinary widgets that work on it.
+// A chart in a window of the toolkit: in a layout, beside ordinary widgets that work on it, by signals and slots.
 //
 //   embed [PNG]
 //
@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -14,60 +15,30 @@
 #include <filesystem>
 #include <iostream>
 
-#include "graph/ZyGraph2D.h"
 #include "platform/controls/TApplication.h"
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
+#include "widgets/ZyChartWidget.h"
 
 namespace {
 
 using namespace zy;
 
-/// A chart of a damped oscillation that grows by a stretch at a time. The chart is a component of its own; the vectors
-/// and the series belong to it.
-class TOscillation {
- public:
-  TOscillation() {
-    FGraph.SetBackColor(Colors::White);
-    FGraph.SetCaption("A damped oscillation");
-    FGraph.SetCaptionVisible(true);
-    FGraph.SetCaptionDistanceBefore(8);
-    FGraph.SetDistanceBorderAxisRight(16);
-    FGraph.MajorGridHorizontal().SetColor(0xFFD0D0D0);
-    FGraph.MajorGridVertical().SetColor(0xFFD0D0D0);
-    FGraph.TestPrimaryAxis();
-    FGraph.PrimaryXAxis()->SetCaption("Time in s");
-    FGraph.PrimaryYAxis()->SetCaption("Deflection in mm");
-    FSeries.SetXData(&FTimes);
-    FSeries.SetYData(&FValues);
-    FSeries.SetXAxis(FGraph.PrimaryXAxis());
-    FSeries.SetYAxis(FGraph.PrimaryYAxis());
-    FSeries.Line().SetColor(Colors::DarkBlue);
-    Append();
+/// A damped oscillation, which grows by a stretch at a time.
+void Append(TZyDoubleVector& Times, TZyDoubleVector& Values) {
+  constexpr int Points = 250;
+  for (int Point = 0; Point < Points; ++Point) {
+    const double Time = 0.01 * static_cast<double>(Times.Count());
+    Times.Add(Time);
+    Values.Add(10 * std::exp(-Time / 4) * std::cos(6 * Time));
   }
+}
 
-  void Append() {
-    constexpr int Points = 250;
-    for (int Point = 0; Point < Points; ++Point) {
-      const double Time = 0.01 * static_cast<double>(FTimes.Count());
-      FTimes.Add(Time);
-      FValues.Add(10 * std::exp(-Time / 4) * std::cos(6 * Time));
-    }
-    FGraph.Invalidate();
-  }
-
-  void ShowGrid(bool Value) {
-    FGraph.MajorGridHorizontal().SetVisible(Value);
-    FGraph.MajorGridVertical().SetVisible(Value);
-  }
-
-  TZyGraph2D& Graph() { return FGraph; }
-
- private:
-  TZyGraph2D FGraph;
-  TZyDoubleVector FTimes, FValues;
-  TZyLineSeries FSeries;
-};
+/// What lies at a place of the chart.
+QString TextAt(const ZyChartWidget& Chart, const QPoint& Place) {
+  const TZyFindSeriesPointResult Hit = Chart.Graph().FindSeriesPoint(Place.x(), Place.y());
+  return Hit.Found ? QString("%1 mm after %2 s").arg(Hit.Y, 0, 'f', 2).arg(Hit.X, 0, 'f', 2) : QString();
+}
 
 int Run(int ArgCount, char** Args) {
   const TApplication Program(ArgCount, Args);  // an application with its own QApplication needs none
@@ -76,25 +47,41 @@ int Run(int ArgCount, char** Args) {
   auto* const Center = new QWidget(&Window);
   auto* const Column = new QVBoxLayout(Center);
   auto* const Row = new QHBoxLayout;
-  auto* const Append = new QPushButton("Append points");
+  auto* const Grow = new QPushButton("Append points");
   auto* const Grid = new QCheckBox("Grid");
-  Row->addWidget(Append);
+  auto* const Reading = new QLabel;
+  Row->addWidget(Grow);
   Row->addWidget(Grid);
   Row->addStretch();
+  Row->addWidget(Reading);
   Column->addLayout(Row);
 
-  TOscillation Oscillation;
-  Column->addWidget(Oscillation.Graph().Widget(), 1);
-  QObject::connect(Append, &QPushButton::clicked, &Window, [&] { Oscillation.Append(); });
-  QObject::connect(Grid, &QCheckBox::toggled, &Window, [&](bool Value) { Oscillation.ShowGrid(Value); });
+  auto* const Chart = new ZyChartWidget;
+  Column->addWidget(Chart, 1);
+  Chart->setLook(ZyChartWidget::LightLook);
+  Chart->setCaption("A damped oscillation");
+  Chart->setXCaption("Time in s");
+  Chart->setYCaption("Deflection in mm");
+  auto* const Times = new TZyDoubleVector(&Chart->Owner());
+  auto* const Values = new TZyDoubleVector(&Chart->Owner());
+  Append(*Times, *Values);
+  Chart->AddSeries<TZyLineSeries>(Times, Values)->Line().SetColor(Colors::DarkBlue);
+
+  QObject::connect(Grow, &QPushButton::clicked, Chart, [=] { Append(*Times, *Values); });
+  QObject::connect(Grid, &QCheckBox::toggled, Chart, [=](bool Value) {
+    for (const char* const Lines : {"MajorGridHorizontal.Visible", "MajorGridVertical.Visible"})
+      Chart->setProperty(Lines, Value);
+  });
+  QObject::connect(Chart, &ZyChartWidget::clicked, Reading,
+                   [=](const QPoint& Place) { Reading->setText(TextAt(*Chart, Place)); });
 
   Window.setCentralWidget(Center);
   Window.resize(900, 600);
+  Grid->setChecked(true);
   Window.show();
   if (Program.HasDisplay()) return QApplication::exec();
 
-  Grid->click();
-  Append->click();
+  Grow->click();
   const std::filesystem::path FileName = ArgCount > 1 ? Args[1] : "out/embed.png";
   if (FileName.has_parent_path()) std::filesystem::create_directories(FileName.parent_path());
   if (!Window.grab().save(QString::fromStdString(FileName.string()))) {

@@ -10,8 +10,8 @@ constexpr ARGB TransparentWhite = 0x00FFFFFF;
 
 }  // namespace
 
-Metafile TZyChartPicture::Recorded() {
-  Metafile Result(static_cast<float>(Width()), static_cast<float>(Height()));
+Metafile TZyChartPicture::Recorded(float PageWidth, float PageHeight) {
+  Metafile Result(PageWidth, PageHeight);
   {
     Graphics Gr(Result);
     Paint(Gr, static_cast<float>(-Left()), 0, true);
@@ -19,8 +19,8 @@ Metafile TZyChartPicture::Recorded() {
   return Result;
 }
 
-Bitmap TZyChartPicture::Painted(bool RemoveTransparency, TColor Ground) {
-  Bitmap Result(Width(), Height());
+Bitmap TZyChartPicture::Painted(bool RemoveTransparency, TColor Ground, float PixelRatio) {
+  Bitmap Result(Width(), Height(), PixelRatio);
   Result.SetOpaque(RemoveTransparency);
   {
     Graphics Gr(Result);

@@ -25,10 +25,12 @@ class TZyChartPicture {
   virtual void Paint(Graphics& Gr, float X, float Y, bool AsMetafile) = 0;
 
   bool IsEmpty() const { return Width() <= 0 || Height() <= 0; }
-  /// The picture as a drawing; it must not be empty.
-  Metafile Recorded();
-  /// The picture as the screen would show it; it must not be empty. Without transparency on a ground of that colour.
-  Bitmap Painted(bool RemoveTransparency, TColor Ground);
+  /// The picture as a drawing; it must not be empty. On a page of its own size, or of another one, which cuts it.
+  Metafile Recorded() { return Recorded(static_cast<float>(Width()), static_cast<float>(Height())); }
+  Metafile Recorded(float PageWidth, float PageHeight);
+  /// The picture as a screen of that pixel ratio would show it; it must not be empty. Without transparency on a ground
+  /// of that colour.
+  Bitmap Painted(bool RemoveTransparency, TColor Ground, float PixelRatio = 1);
 };
 
 /// Where on a page, in the units of a printer's Graphics, a picture of these proportions, its width by its height, is

@@ -168,8 +168,13 @@ void TZyCustomGraph::SetBorderStyle(TBorderStyle Value) {
 }
 
 void TZyCustomGraph::SetBounds(int ALeft, int ATop, int AWidth, int AHeight) {
+  if (FHasPictureSize) return;
   if (AWidth != Width() || AHeight != Height()) BoundsChanged();
   TCustomPanel::SetBounds(ALeft, ATop, AWidth, AHeight);
+}
+
+void TZyCustomGraph::ApplyBounds() {
+  if (!FHasPictureSize) TCustomPanel::ApplyBounds();
 }
 
 void TZyCustomGraph::ParentFontChanged() {

@@ -3,12 +3,14 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "annotations/captions/ZyCaptionOfName.h"
 #include "annotations/captions/ZyParentFont.h"
 #include "annotations/captions/ZyRichCaption.h"
 #include "graph/ZyChartPicture.h"
 #include "graph/ZyImageFileFormat.h"
+#include "graph/ZyPictureSize.h"
 #include "graph/ZyPollingThread.h"
 #include "graph/parts/ZyGraphParts.h"
 #include "graph/styles/ZyGradientSettings.h"
@@ -20,6 +22,8 @@
 #include "platform/framework/EnumInfo.h"
 #include "platform/framework/TRefList.h"
 #include "undo/ZyUndoLink.h"
+
+class QPainter;
 
 namespace zy {
 
@@ -124,6 +128,18 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   /// was. Nothing to write and no old file make an empty one. Throws EFileError when the file cannot be written.
   void SaveImage(const std::filesystem::path& FileName, TZyImageFileFormat Format, bool RemoveTransparency = false,
                  TColor TransparentExchangeColor = 0xFFFFFF);
+  /// The same in another size than that of the control, with as many pixels to an inch as told: laid out as a window of
+  /// that size would show it, with what floats at its distance from the corner. Graphs that share an X axis take the
+  /// width, and their shares of the height. The screen stays as it is. Throws ERangeError, as above, for an extent or a
+  /// resolution that no picture can have.
+  void SaveImage(TStream& Stream, TZyImageFileFormat Format, const TZyPictureSize& Size,
+                 bool RemoveTransparency = false, TColor TransparentExchangeColor = 0xFFFFFF);
+  void SaveImage(const std::filesystem::path& FileName, TZyImageFileFormat Format, const TZyPictureSize& Size,
+                 bool RemoveTransparency = false, TColor TransparentExchangeColor = 0xFFFFFF);
+  /// Draws the chart through an active painter of the toolkit, on whatever device, within Box in the painter's units.
+  /// Without a size the chart is as large as fits in its own proportions, in the middle across and at the top down;
+  /// with one it is laid out for that size first, of which the resolution does not count. Nothing in an empty box.
+  void PaintOn(QPainter& Painter, const RectF& Box, const TZyPictureSize& Size = {});
   /// Puts the chart on the clipboard, in all forms that TClipboard::SetPicture knows.
   void CopyToClipboard();
   /// The chart as a picture, in which the pixels of the colour are transparent: those of the ground, and what the chart
@@ -160,11 +176,14 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   /// A chart whose back colour lets something through stands on what lies behind it.
   bool WMEraseBkgnd(Graphics& Gr) override;
   virtual void BoundsChanged() {}
+  void ApplyBounds() override;
   void ParentFontChanged() override;
   /// The title has another font or look of it.
   virtual void TitleFontChanged() { FTitleFont.FontChanged(); }
   /// What goes out of the chart.
   virtual std::unique_ptr<TZyChartPicture> MakePicture() { return nullptr; }
+  /// The charts in that picture, from top to bottom.
+  virtual std::vector<TZyCustomGraph*> ChartsOfPicture() { return {this}; }
 
   TZyRichCaptionObject FTitleRec;
   bool FNeedsRecalculate = false;
@@ -172,8 +191,11 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   TZyPollingThread FPollingThread;
 
  private:
+  class TResized;
   void TakeUndoStack();
   std::unique_ptr<TZyChartPicture> LaidOutPicture();
+  void Encode(TZyChartPicture& Picture, TStream& Stream, TZyImageFileFormat Format, const TZyPictureSize& Size,
+              bool RemoveTransparency, TColor Ground);
 
   TZyParentFont FTitleFont{*this, FTitleRec.CaptionFont()};
   TZyDependentList FObjectsToUpdate;  // the captions that show the chart's name or caption
@@ -187,6 +209,7 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   TZyColor FBackColor = Colors::Transparent;
   TZySmoothingMode FSmoothingMode = TZySmoothingMode::HighQuality;
   int FUpdateCount = 0;
+  bool FHasPictureSize = false;  // neither the parent nor the widget has a say in the extent
   mutable bool FSavesData = true;
   TRefList<IZyGraphLegend> FRelatedLegends{this};
 };

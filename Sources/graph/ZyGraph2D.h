@@ -283,6 +283,9 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   void PaintOverlay(Graphics& Gr) override;
   void EndRead() override;
   std::unique_ptr<TZyChartPicture> MakePicture() override;
+  std::vector<TZyCustomGraph*> ChartsOfPicture() override;
+  /// Runs the handler of an event around a gesture. False when the graph did not survive it.
+  bool Tell(TZyGestureEvent Event) override;
 
  private:
   friend class TZyGraphRecord;
@@ -316,7 +319,6 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   TCursor PointerShape() const override { return Cursor(); }
   void SetPointerShape(TCursor Value) override { SetCursor(Value); }
   void CaptureKeys(bool Value) override { SetKeyCapture(Value); }
-  bool Tell(TZyGestureEvent Event) override;
   void SetMoving(bool& Field, bool Value);
 
   TZyColor FDataAreaColor = Colors::Transparent;

@@ -62,4 +62,9 @@ void TZyGraph2D::PaintToImage(Metafile& Image, float X, float Y) {
 
 std::unique_ptr<TZyChartPicture> TZyGraph2D::MakePicture() { return std::make_unique<TZyGraphPicture>(*this); }
 
+std::vector<TZyCustomGraph*> TZyGraph2D::ChartsOfPicture() {
+  const std::vector<TZyGraph2D*> Graphs = StackedGraphs();
+  return {Graphs.begin(), Graphs.end()};
+}
+
 }  // namespace zy

@@ -232,8 +232,8 @@ class TZyPieChart : public TZyCustomGraph, public IZyVectorReader, public IZyUnd
   void DataReset() override { Modified(); }
   void DataInvalidated() override { Modified(); }
   void DataCleared(const TZyCustomDoubleVector&, bool) override { Modified(); }
-  void DataInserted(const TZyCustomDoubleVector&, int) override { Modified(); }
-  void DataDeleted(const TZyCustomDoubleVector&, int) override { Modified(); }
+  void DataInserted(const TZyCustomDoubleVector&, int, int) override { Modified(); }
+  void DataDeleted(const TZyCustomDoubleVector&, int, int) override { Modified(); }
 
   /// Size of the font at the last change by the user, which sizes are compared with.
   float OldFontSize() const { return FOldFontSize; }

@@ -337,12 +337,12 @@ void TZySeries::DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinked
   RangesModified();
 }
 
-void TZySeries::DataInserted(const TZyCustomDoubleVector& Vector, int Idx) {
-  if (FY.Vector() == &Vector) ValueInsertedLinkedMarkers(Idx);
+void TZySeries::DataInserted(const TZyCustomDoubleVector& Vector, int Idx, int Number) {
+  if (FY.Vector() == &Vector) ValueInsertedLinkedMarkers(Idx, Number);
 }
 
-void TZySeries::DataDeleted(const TZyCustomDoubleVector& Vector, int Idx) {
-  if (FY.Vector() == &Vector) DeleteLinkedMarkers(Idx);
+void TZySeries::DataDeleted(const TZyCustomDoubleVector& Vector, int Idx, int Number) {
+  if (FY.Vector() == &Vector) DeleteLinkedMarkers(Idx, Number);
 }
 
 }  // namespace zy

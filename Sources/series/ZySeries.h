@@ -250,14 +250,14 @@ class TZySeries : public TComponent,
   void SwapDataVecs();
   /// What happens to the markers that snapped to points of this series when points go, or one goes or comes.
   void ClearLinkedMarkers();
-  void DeleteLinkedMarkers(int Idx);
-  void ValueInsertedLinkedMarkers(int Idx);
+  void DeleteLinkedMarkers(int Idx, int Number = 1);
+  void ValueInsertedLinkedMarkers(int Idx, int Number = 1);
 
   void DataReset() override;
   void DataInvalidated() override;
   void DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMarkers) override;
-  void DataInserted(const TZyCustomDoubleVector& Vector, int Idx) override;
-  void DataDeleted(const TZyCustomDoubleVector& Vector, int Idx) override;
+  void DataInserted(const TZyCustomDoubleVector& Vector, int Idx, int Number) override;
+  void DataDeleted(const TZyCustomDoubleVector& Vector, int Idx, int Number) override;
 
   /// What the record of every series has; a kind calls the inherited operation, then tells its own level.
   void Fields(TZyArchive& Archive) override;

@@ -277,19 +277,20 @@ void TZySeries::ClearLinkedMarkers() {
   for (IZySnappingMarker* Marker : LinkedMarkers()) delete &Marker->Control();
 }
 
-void TZySeries::DeleteLinkedMarkers(int Idx) {
+void TZySeries::DeleteLinkedMarkers(int Idx, int Number) {
   for (IZySnappingMarker* Marker : LinkedMarkers()) {
-    if (Marker->SnappedIdx() == Idx) {
+    const int Behind = Marker->SnappedIdx() - Idx;
+    if (Behind >= Number) {
+      Marker->TakeSnappedIdx(Marker->SnappedIdx() - Number);
+    } else if (Behind >= 0) {
       delete &Marker->Control();
-    } else if (Marker->SnappedIdx() > Idx) {
-      Marker->TakeSnappedIdx(Marker->SnappedIdx() - 1);
     }
   }
 }
 
-void TZySeries::ValueInsertedLinkedMarkers(int Idx) {
+void TZySeries::ValueInsertedLinkedMarkers(int Idx, int Number) {
   for (IZySnappingMarker* Marker : LinkedMarkers())
-    if (Marker->SnappedIdx() >= Idx) Marker->TakeSnappedIdx(Marker->SnappedIdx() + 1);
+    if (Marker->SnappedIdx() >= Idx) Marker->TakeSnappedIdx(Marker->SnappedIdx() + Number);
 }
 
 }  // namespace zy

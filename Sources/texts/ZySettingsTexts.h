@@ -14,7 +14,7 @@ enum TSettingsText : std::uint16_t {
 #define ZY_TEXT(Symbol, Text) Place##Symbol,
 #include "texts/ZySettingsTextRows.inl"
 #undef ZY_TEXT
-  EndOfTexts
+  EndOfSettingsTexts
 };
 
 }  // namespace detail
@@ -22,8 +22,5 @@ enum TSettingsText : std::uint16_t {
 #define ZY_TEXT(Symbol, Text) inline constexpr TZyText Symbol = static_cast<TZyText>(detail::Place##Symbol);
 #include "texts/ZySettingsTextRows.inl"
 #undef ZY_TEXT
-
-/// Number of all rows, those of the dialogs included.
-inline constexpr std::size_t AllTextCount = detail::EndOfTexts;
 
 }  // namespace zy

@@ -5,8 +5,15 @@
 
 #include <csignal>
 
+#include <QApplication>
 #include <QImage>
+#include <QPainter>
+#include <QPrintPreviewWidget>
 #include <QPrinter>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QWidget>
+#include <cmath>
 #include <tuple>
 
 #include "annotations/ZyRichLabel.h"
@@ -15,6 +22,7 @@
 #include "graph/OtherPrograms.h"
 #include "platform/controls/TClipboard.h"
 #include "platform/controls/TLabel.h"
+#include "platform/controls/TPrintPreview.h"
 #include "platform/controls/TPrinter.h"
 #include "platform/drawing/Metafile.h"
 #include "platform/drawing/TBitmap.h"
@@ -217,6 +225,66 @@ TEST(GraphImageTest, CoupledGraphsAreOnePicture) {
   EXPECT_EQ(Picture.GetHeight(), 450);
 }
 
+TEST(GraphImageTest, HasTheSizeAndTheResolutionThatWereAskedFor) {
+  TOutputChart Chart;
+  QWidget Window;
+  auto* const Column = new QVBoxLayout(&Window);
+  Column->addWidget(Chart.Graph->Widget());
+  Window.resize(420, 300);
+  Window.show();
+  QApplication::processEvents();
+  const QRect Place = Chart.Graph->Widget()->geometry();
+  const Bitmap Before = Chart.Paint();
+  const auto Saved = [&Chart](TZyImageFileFormat Format, const TZyPictureSize& Size) {
+    TMemoryStream Stream;
+    Chart.Graph->SaveImage(Stream, Format, Size);
+    return QByteArray::fromStdString(AsText(Stream));
+  };
+  const QImage Printed = QImage::fromData(Saved(PNG, TZyPictureSize::Millimeters(160, 100, 300)));
+  EXPECT_EQ(Printed.size(), QSize(1890, 1181)) << "160 / 25.4 * 300";
+  EXPECT_EQ(Printed.dotsPerMeterX(), 11811);
+  EXPECT_TRUE(Saved(SVG, TZyPictureSize::Millimeters(127, 100)).contains("width=\"480\""));  // 5 inches
+  // Twice as fine is what a screen of double density shows.
+  const QImage Fine = QImage::fromData(Saved(PNG, TZyPictureSize::Pixels(600, 400, 192)));
+  EXPECT_EQ(Chart.Paint().ToQt(), Before.ToQt()) << "the screen stays";
+  EXPECT_EQ(Chart.Graph->Widget()->geometry(), Place);
+  TOutputChart Plain;
+  Bitmap Wanted(300, 200, 2);
+  Plain.Graph->PaintToImage(Wanted);
+  EXPECT_EQ(Fine.convertToFormat(QImage::Format_ARGB32), Wanted.ToQt().convertToFormat(QImage::Format_ARGB32));
+  EXPECT_THROW(Saved(PNG, TZyPictureSize::Pixels(40'000, 10)), ERangeError);
+  EXPECT_THROW(Saved(PNG, {0, 0, std::nan("")}), ERangeError);
+  EXPECT_EQ(Chart.Graph->Width(), Place.width());
+
+  // On a form that gives the chart its place, with another graph on its axis and a scroll bar.
+  TOutputChart Aligned;
+  Aligned.Form.SetBounds(0, 0, 500, 400);
+  Aligned.Graph->SetAlign(alTop);
+  TZyGraph2D& Lower = Aligned.AddCoupled();
+  Lower.SetAlign(alClient);
+  Aligned.Paint();
+  Aligned.X->SetStart(0.5);
+  TMemoryStream Stream;
+  Aligned.Graph->SaveImage(Stream, PNG, TZyPictureSize::Pixels(701, 555));
+  EXPECT_EQ(TOutputChart::PictureOf(AsText(Stream)).ToQt().size(), QSize(701, 555));
+  EXPECT_EQ(Aligned.Graph->BoundsRect(), (TRect{0, 0, 500, 200}));
+  EXPECT_EQ(Lower.BoundsRect(), (TRect{0, 200, 500, 400}));
+}
+
+TEST(GraphImageTest, AnyPainterOfTheToolkitTakesIt) {
+  TOutputChart Chart;
+  QImage Sheet(800, 600, QImage::Format_RGB32);
+  Sheet.fill(Qt::white);
+  QPainter Painter(&Sheet);
+  Chart.Graph->PaintOn(Painter, {100, 50, 600, 500});  // 3 to 2 fits 600 by 400
+  Painter.end();
+  EXPECT_EQ(Sheet.pixel(400, 50 + 2 * 130), Colors::Orange);
+  EXPECT_EQ(Sheet.pixel(101, 51), Colors::Navy);
+  EXPECT_EQ(Sheet.pixel(698, 448), Colors::Navy);
+  for (const QPoint& Outside : {QPoint(98, 50), QPoint(702, 50), QPoint(400, 47), QPoint(400, 453)})
+    EXPECT_EQ(Sheet.pixel(Outside), 0xFFFFFFFFu) << Outside.x();
+}
+
 TEST(GraphMetafileTest, IsAnEnhancedMetafile) {
   TOutputChart Chart;
   const std::unique_ptr<TMetafile> Copy = Chart.Graph->AsTMetafile();
@@ -298,6 +366,35 @@ class TFullDisk {
   void (*FHandler)(int);
   rlimit FBefore;
 };
+
+TEST(GraphPrintTest, ThePreviewShowsPagesWithoutAPrinter) {
+  TOutputChart Chart;
+  TPrinter Printer;
+  int Pages = 0, Orange = 0;
+  const auto LookAndClose = [&] {
+    QWidget* const Dialog = QApplication::activeModalWidget();
+    ASSERT_NE(Dialog, nullptr);
+    auto* const Preview = Dialog->findChild<QPrintPreviewWidget*>();
+    Pages = Preview->pageCount();
+    const QImage Shown = Dialog->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    for (int Y = 0; Y < Shown.height(); ++Y)
+      for (int X = 0; X < Shown.width(); ++X) Orange += Shown.pixel(X, Y) == Colors::Orange;
+    Dialog->close();
+  };
+  QTimer::singleShot(100, LookAndClose);
+  const auto Print = [&Chart](TPrinter& To) {
+    To.BeginDoc();
+    Chart.Graph->PrintTo(&To, {0, 0, To.PageWidth(), To.PageHeight()});
+    To.NewPage();
+    Chart.Graph->PrintTo(&To, {0, 0, To.PageWidth(), To.PageHeight()});
+    To.EndDoc();
+  };
+  EXPECT_FALSE(TPrintPreview::Execute(Printer, Print));
+  EXPECT_EQ(Pages, 2);
+  EXPECT_GT(Orange, 1000);
+  EXPECT_THROW(TPrintPreview::Execute(Printer, [](TPrinter& To) { To.EndDoc(); }), EPrinter);
+  EXPECT_FALSE(Printer.Printing());
+}
 
 TEST(PrinterTest, SaysWhatItCannotDo) {
   TOutputChart Chart;

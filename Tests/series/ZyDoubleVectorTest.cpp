@@ -120,8 +120,16 @@ TEST(ZyDoubleVectorTest, ExtremesSumsAndMarksDescribeTheDataAfterAnyChange) {
         Vector.Add(Model.Rows.back().first);
       }
     } else if (Way == 1) {
-      while (Vector.Count() > Any) Vector.Delete(Vector.Count() - 1);
+      Vector.DeleteRange(Any, std::numeric_limits<int>::max());
       Model.Rows.resize(static_cast<std::size_t>(Any));
+    } else if (Way < 20) {
+      const std::vector<double> Many(static_cast<std::size_t>(Roll(4)), n);
+      Vector.InsertRange(Any, Many);
+      for (const double Each : Many) Model.Rows.emplace(Model.Rows.begin() + Any, Each, false);
+    } else if (Way < 35) {
+      const int Number = Roll(4);
+      Vector.DeleteRange(Any, Number);
+      Model.Rows.erase(At, At + std::min(Number, static_cast<int>(Model.Rows.end() - At)));
     } else if (Way < 100) {
       EXPECT_EQ(Vector.Insert(Any, n), static_cast<int>(Model.Rows.size()) + 1);
       Model.Rows.emplace(At, n, false);

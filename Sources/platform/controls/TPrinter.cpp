@@ -101,10 +101,10 @@ int TPrinter::PageHeight() const { return AsPixels(FPrinter->pageRect(QPrinter::
 /// A PDF file is put together in memory: the toolkit does not tell when it cannot write to one.
 void TPrinter::BeginDoc() {
   CheckIdle();
-  const bool IsFile = !FFileName.empty();
+  const bool IsFile = !FFileName.empty() && !FIsPreview;
   const std::filesystem::path Folder = FFileName.parent_path();
   if (IsFile && !Folder.empty() && !std::filesystem::is_directory(Folder)) Fail();
-  if (!IsFile && (FPrinter->outputFormat() != QPrinter::NativeFormat || !FPrinter->isValid()))
+  if (!IsFile && !FIsPreview && (FPrinter->outputFormat() != QPrinter::NativeFormat || !FPrinter->isValid()))
     throw EPrinter(LoadResString(_sNoPrinter));
   FPrinter->setDocName(ToQString(FTitle));
   QPagedPaintDevice* Device = FPrinter.get();

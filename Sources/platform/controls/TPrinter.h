@@ -76,6 +76,7 @@ class TPrinter {
   QPrinter& ToQt() { return *FPrinter; }
 
  private:
+  friend class TPrintPreview;
   void CheckIdle() const;
   void CheckPrinting() const;
   [[noreturn]] void Fail() const;
@@ -91,6 +92,7 @@ class TPrinter {
   std::unique_ptr<TPdf> FPdf;  // while a document for the PDF file is open
   std::string FTitle;
   int FPageNumber = 0;
+  bool FIsPreview = false;  // documents go to the toolkit's printer, whatever that stands for
 };
 
 }  // namespace zy

@@ -94,7 +94,27 @@ int TZyCustomDoubleVector::Insert(int Idx, double n) {
   SetValue(Idx, n);
   // A 0 is what stands there already, and told nobody; it may be an extreme all the same.
   if (n == 0) TellOutOfRange();
-  for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataInserted(*this, Idx);
+  for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataInserted(*this, Idx, 1);
+  return FCount;
+}
+
+int TZyCustomDoubleVector::InsertRange(int Idx, std::span<const double> Range) {
+  if (Idx < 0 || Idx > FCount) VectorIndexOutOfRange(Idx);
+  if (Range.size() > static_cast<std::size_t>(std::numeric_limits<int>::max() - FCount))
+    VectorIndexOutOfRange(std::numeric_limits<int>::max());
+  if (Range.empty()) return FCount;
+  const auto Number = static_cast<int>(Range.size());
+  const bool Appends = Idx == FCount;
+  FArray.insert(FArray.begin() + Idx, Range.begin(), Range.end());
+  CheckCount(FCount + Number);
+  if (Appends) {  // what was scanned before stays so
+    ResetRelatedSeries();
+    return FCount;
+  }
+  FOutliers.Inserted(Idx, Number);
+  FPyramid.Changed(Idx, FCount);
+  TellOutOfRange();
+  for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataInserted(*this, Idx, Number);
   return FCount;
 }
 
@@ -117,7 +137,20 @@ void TZyCustomDoubleVector::Delete(int Idx, bool WithLinkedMarkers) {
   if (RangesGo) ResetRanges();
   // A marker that goes may run foreign code, which finds the vector as it is now.
   if (WithLinkedMarkers)
-    for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataDeleted(*this, Idx);
+    for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataDeleted(*this, Idx, 1);
+  ResetRelatedSeries();
+}
+
+void TZyCustomDoubleVector::DeleteRange(int Idx, int Number, bool WithLinkedMarkers) {
+  if (Idx < 0 || Idx >= FCount || Number <= 0) return;
+  Number = std::min(Number, FCount - Idx);
+  FOutliers.Deleted(Idx, Number);
+  FArray.erase(FArray.begin() + Idx, FArray.begin() + Idx + Number);
+  FCount -= Number;
+  FPyramid.Changed(Idx, FCount);
+  ResetRanges();
+  if (WithLinkedMarkers)
+    for (IZyVectorReader* Reader : FRelatedSeries) Reader->DataDeleted(*this, Idx, Number);
   ResetRelatedSeries();
 }
 

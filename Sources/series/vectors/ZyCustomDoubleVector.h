@@ -83,9 +83,13 @@ class TZyCustomDoubleVector : public TComponent {
   int Add(double n);
   /// Puts a value in front of the one at Idx and returns the new count; Idx may be Count. Throws ERangeError outside.
   int Insert(int Idx, double n);
+  /// The same for many at the price of one.
+  int InsertRange(int Idx, std::span<const double> Range);
   /// Removes a value; nothing outside the vector. With WithLinkedMarkers, markers on the point of a series that has
   /// this vector as Y data go as well, and those behind it move along.
   void Delete(int Idx, bool WithLinkedMarkers = true);
+  /// The same for Number values from Idx on, or for those that there are, at the price of one.
+  void DeleteRange(int Idx, int Number, bool WithLinkedMarkers = true);
   /// Removes all values and marks, and keeps the storage.
   void Clear(bool WithLinkedMarkers = true);
   /// All values, for readers that walk them; valid until the vector changes. Empty for a vector without data.

@@ -39,15 +39,16 @@ void TZyOutliers::Clear() {
   FSorted.clear();
 }
 
-void TZyOutliers::Inserted(int Idx) {
+void TZyOutliers::Inserted(int Idx, int Number) {
   for (std::vector<int>* Indexes : {&FMarked, &FSorted})
-    for (int& Each : *Indexes) Each += Each >= Idx ? 1 : 0;
+    for (int& Each : *Indexes) Each += Each >= Idx ? Number : 0;
 }
 
-void TZyOutliers::Deleted(int Idx) {
-  Remove(Idx);
-  for (std::vector<int>* Indexes : {&FMarked, &FSorted})
-    for (int& Each : *Indexes) Each -= Each > Idx ? 1 : 0;
+void TZyOutliers::Deleted(int Idx, int Number) {
+  for (std::vector<int>* Indexes : {&FMarked, &FSorted}) {
+    std::erase_if(*Indexes, [=](int Each) { return Each >= Idx && Each - Idx < Number; });
+    for (int& Each : *Indexes) Each -= Each > Idx ? Number : 0;
+  }
 }
 
 }  // namespace zy

@@ -21,9 +21,9 @@ class TZyOutliers {
   /// Whether there was one.
   bool Remove(int Idx);
   void Clear();
-  /// Keeps the marks on their values when one comes in at Idx, or leaves there.
-  void Inserted(int Idx);
-  void Deleted(int Idx);
+  /// Keeps the marks on their values when Number of them come in at Idx, or leave there.
+  void Inserted(int Idx, int Number = 1);
+  void Deleted(int Idx, int Number = 1);
 
  private:
   std::vector<int> FMarked, FSorted;

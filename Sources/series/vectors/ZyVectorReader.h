@@ -21,9 +21,9 @@ class IZyVectorReader {
   virtual void DataWritten(const TZyCustomDoubleVector& /*Vector*/, int /*Idx*/) { DataInvalidated(); }
   /// The vector is empty now. With WithLinkedMarkers, markers that hold on to its points go as well.
   virtual void DataCleared(const TZyCustomDoubleVector& Vector, bool WithLinkedMarkers) = 0;
-  /// A value came in at Idx, or is about to leave there; markers on the points behind move along.
-  virtual void DataInserted(const TZyCustomDoubleVector& Vector, int Idx) = 0;
-  virtual void DataDeleted(const TZyCustomDoubleVector& Vector, int Idx) = 0;
+  /// Number values came in at Idx, or left there; markers on the points behind move along.
+  virtual void DataInserted(const TZyCustomDoubleVector& Vector, int Idx, int Number) = 0;
+  virtual void DataDeleted(const TZyCustomDoubleVector& Vector, int Idx, int Number) = 0;
 };
 
 }  // namespace zy

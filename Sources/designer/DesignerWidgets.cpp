@@ -1,0 +1,126 @@
+#include "designer/DesignerWidgets.h"
+
+#include <QDesignerFormEditorInterface>
+#include <QExtensionManager>
+#include <QIcon>
+#include <QPixmap>
+#include <algorithm>
+
+#include "designer/PublishedSheet.h"
+#include "dialogs/widgets/ZyPickWidgets.h"
+#include "widgets/ZyChartWidget.h"
+#include "widgets/ZyPieWidget.h"
+
+namespace zy {
+namespace {
+
+struct TKind {
+  const char* ClassName;  // with its namespace
+  const char* ObjectName;
+  const char* Header;
+  const char* Group;
+  const char* Help;
+  int Width, Height;
+  QWidget* (*Make)(QWidget* Parent);
+};
+
+template <class T>
+QWidget* Make(QWidget* Parent) {
+  return new T(Parent);
+}
+
+constexpr const char* PickHeader = "zyphos/dialogs/widgets/ZyPickWidgets.h";
+
+const TKind Kinds[] = {
+    {"zy::ZyChartWidget", "chart", "zyphos/widgets/ZyChartWidget.h", "Charts", "A chart with axes", 480, 320,
+     &Make<ZyChartWidget>},
+    {"zy::ZyPieWidget", "pie", "zyphos/widgets/ZyPieWidget.h", "Charts", "A pie or donut chart", 320, 320,
+     &Make<ZyPieWidget>},
+    {"zy::ZyColorPickWidget", "color", PickHeader, "Chart Controls", "Picks a colour", 60, 24,
+     &Make<ZyColorPickWidget>},
+    {"zy::ZyIntegerEditWidget", "integer", PickHeader, "Chart Controls", "Edits a whole number", 80, 24,
+     &Make<ZyIntegerEditWidget>},
+    {"zy::ZyDoubleEditWidget", "real", PickHeader, "Chart Controls", "Edits a real, a date or a time span", 80, 24,
+     &Make<ZyDoubleEditWidget>},
+    {"zy::ZyNumericUpDnWidget", "steps", PickHeader, "Chart Controls", "Edits a real by steps", 80, 24,
+     &Make<ZyNumericUpDnWidget>},
+    {"zy::ZyDashStylesWidget", "dashes", PickHeader, "Chart Controls", "Picks the dashes of a line", 100, 24,
+     &Make<ZyDashStylesWidget>},
+    {"zy::ZyAreaStylesWidget", "pattern", PickHeader, "Chart Controls", "Picks the pattern of an area", 100, 24,
+     &Make<ZyAreaStylesWidget>},
+    {"zy::ZyPointSymbolsWidget", "symbol", PickHeader, "Chart Controls", "Picks a point symbol", 100, 24,
+     &Make<ZyPointSymbolsWidget>},
+    {"zy::ZyCaptionEditWidget", "captionEdit", PickHeader, "Chart Controls", "Edits a caption with fonts and values",
+     200, 60, &Make<ZyCaptionEditWidget>},
+};
+
+/// One kind of widget.
+class TDesignerWidget : public QDesignerCustomWidgetInterface {
+ public:
+  explicit TDesignerWidget(const TKind& Kind) : FKind(Kind) {}
+
+  QString name() const override { return FKind.ClassName; }
+  QString group() const override { return FKind.Group; }
+  QString toolTip() const override { return FKind.Help; }
+  QString whatsThis() const override { return FKind.Help; }
+  QString includeFile() const override { return FKind.Header; }
+  QIcon icon() const override;
+  bool isContainer() const override { return false; }
+  bool isInitialized() const override { return FCore != nullptr; }
+  void initialize(QDesignerFormEditorInterface* Core) override;
+  QWidget* createWidget(QWidget* Parent) override;
+  QString domXml() const override;
+
+ private:
+  const TKind& FKind;
+  QDesignerFormEditorInterface* FCore = nullptr;  // none in a program that loads forms
+};
+
+/// The widget itself, small.
+QIcon TDesignerWidget::icon() const {
+  const std::unique_ptr<QWidget> Sample(FKind.Make(nullptr));
+  if (auto* const Chart = qobject_cast<ZyControlWidget*>(Sample.get())) Chart->ShowSamples();
+  Sample->resize(std::min(FKind.Width, 96), std::min(FKind.Height, 72));
+  return Sample->grab().scaled(48, 48, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+void TDesignerWidget::initialize(QDesignerFormEditorInterface* Core) {
+  if (isInitialized() || Core == nullptr) return;
+  FCore = Core;
+  constexpr const char* HasSheets = "zyphosPropertySheets";
+  if (Core->property(HasSheets).toBool() || Core->extensionManager() == nullptr) return;
+  Core->setProperty(HasSheets, true);
+  PublishedSheetFactory::Register(*Core->extensionManager());
+}
+
+QWidget* TDesignerWidget::createWidget(QWidget* Parent) {
+  QWidget* const Result = FKind.Make(Parent);
+  if (auto* const Chart = qobject_cast<ZyControlWidget*>(Result); Chart != nullptr && FCore != nullptr)
+    Chart->ShowSamples();
+  return Result;
+}
+
+QString TDesignerWidget::domXml() const {
+  return QStringLiteral(
+             "<ui language=\"c++\"><widget class=\"%1\" name=\"%2\"><property name=\"geometry\"><rect>"
+             "<x>0</x><y>0</y><width>%3</width><height>%4</height></rect></property></widget></ui>")
+      .arg(FKind.ClassName, FKind.ObjectName)
+      .arg(FKind.Width)
+      .arg(FKind.Height);
+}
+
+}  // namespace
+
+DesignerWidgets::DesignerWidgets(QObject* Parent) : QObject(Parent) {
+  for (const TKind& Kind : Kinds) FWidgets.push_back(std::make_unique<TDesignerWidget>(Kind));
+}
+
+DesignerWidgets::~DesignerWidgets() = default;
+
+QList<QDesignerCustomWidgetInterface*> DesignerWidgets::customWidgets() const {
+  QList<QDesignerCustomWidgetInterface*> Result;
+  for (const auto& Widget : FWidgets) Result.push_back(Widget.get());
+  return Result;
+}
+
+}  // namespace zy

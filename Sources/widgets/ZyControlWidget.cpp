@@ -1,0 +1,105 @@
+#include "widgets/ZyControlWidget.h"
+
+#include <QDynamicPropertyChangeEvent>
+#include <QMetaMethod>
+#include <QVBoxLayout>
+
+#include "platform/controls/TApplication.h"
+#include "platform/controls/TWinControl.h"
+#include "platform/framework/Application.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
+#include "widgets/PublishedPaths.h"
+
+namespace zy {
+
+ZyControlWidget::ZyControlWidget(QWidget* Parent) : QWidget(Parent), FOwner(std::make_unique<TDataModule>()) {
+  auto* const Layout = new QVBoxLayout(this);
+  Layout->setContentsMargins(0, 0, 0, 0);
+  TakeName();
+  connect(this, &QObject::objectNameChanged, this, &ZyControlWidget::TakeName);
+}
+
+ZyControlWidget::~ZyControlWidget() = default;
+
+void ZyControlWidget::Show(TWinControl& Value) {
+  FControl = &Value;
+  QWidget* const Inner = Value.Widget();
+  layout()->addWidget(Inner);
+  setFocusProxy(Inner);
+}
+
+TComponent& ZyControlWidget::Owner() const { return *FOwner; }
+
+void ZyControlWidget::FreeOwned() {
+  FControl = nullptr;
+  FOwner->DestroyComponents();
+}
+
+void ZyControlWidget::TakeName() {
+  const std::string Wanted = objectName().toStdString();
+  const auto IsFree = [this](const std::string& Name) {
+    const TComponent* const Other = Screen().FindByName(Name);
+    return Other == nullptr || Other == FOwner.get();
+  };
+  try {
+    if (!Wanted.empty() && IsFree(Wanted)) return FOwner->SetName(Wanted);
+  } catch (const EComponentError&) {
+    // No identifier: the name stays as it is.
+  }
+  for (int i = 1; FOwner->Name().empty(); ++i)
+    if (const std::string Name = "ChartWidget" + IntToStr(i); IsFree(Name)) FOwner->SetName(Name);
+}
+
+// --- Properties -----------------------------------------------------------------------------------------------------
+
+TPersistent* ZyControlWidget::RootOf(std::string&, bool) { return FControl; }
+
+std::vector<std::string> ZyControlWidget::PropertyPaths() const {
+  std::vector<std::string> Result;
+  for (const TPublishedPath& Each : PublishedPaths(*FControl, Parts())) Result.push_back(Each.Path);
+  return Result;
+}
+
+QVariant ZyControlWidget::PropertyAt(const QString& Path) const {
+  std::string Rest = Path.toStdString();
+  TPersistent* const Root = const_cast<ZyControlWidget*>(this)->RootOf(Rest, false);
+  return Root == nullptr ? QVariant() : ReadPublished(*Root, Rest);
+}
+
+bool ZyControlWidget::SetPropertyAt(const QString& Path, const QVariant& Value) {
+  bool IsSet = false;
+  Guarded([&] {
+    std::string Rest = Path.toStdString();
+    TPersistent* const Root = RootOf(Rest, true);
+    IsSet = Root != nullptr && WritePublished(*Root, Rest, Value);
+  });
+  return IsSet;
+}
+
+/// Forms set published properties as dynamic ones.
+bool ZyControlWidget::event(QEvent* Event) {
+  if (Event->type() == QEvent::DynamicPropertyChange && FControl != nullptr) {
+    const QByteArray Name = static_cast<QDynamicPropertyChangeEvent*>(Event)->propertyName();
+    if (const QVariant Value = property(Name.constData()); Value.isValid()) SetPropertyAt(Name, Value);
+  }
+  return QWidget::event(Event);
+}
+
+// --- Errors ---------------------------------------------------------------------------------------------------------
+
+bool ZyControlWidget::TellError(const char* Text) {
+  if (!isSignalConnected(QMetaMethod::fromSignal(&ZyControlWidget::errorOccurred))) return false;
+  emit errorOccurred(QString::fromUtf8(Text));
+  return true;
+}
+
+void ZyControlWidget::Guarded(const std::function<void()>& Proc) {
+  try {
+    Proc();
+  } catch (const std::exception& Error) {
+    if (!TellError(Error.what())) TApplication::HandleException(Error);
+  }
+}
+
+}  // namespace zy

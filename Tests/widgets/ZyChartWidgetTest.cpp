@@ -1,0 +1,230 @@
+#include "widgets/ZyChartWidget.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QPrinter>
+#include <QTemporaryDir>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "annotations/ZyLegend.h"
+#include "dialogs/widgets/ZyPickWidgets.h"
+#include "persistence/ZyIO.h"
+#include "platform/controls/TApplication.h"
+#include "platform/framework/TStream.h"
+#include "series/ZyLineSeries.h"
+#include "series/vectors/ZyDoubleVector.h"
+#include "texts/Exceptions.h"
+#include "widgets/PublishedPaths.h"
+#include "widgets/ZyPieWidget.h"
+
+namespace zy::testing {
+namespace {
+
+/// A chart widget in a shown window, with a line from (0, 0) to (2, 4).
+class ZyChartWidgetTest : public ::testing::Test {
+ protected:
+  ZyChartWidgetTest() {
+    auto* const Column = new QVBoxLayout(&FWindow);
+    Column->addWidget(FChart);
+    FValues->AddRange({0, 1, 4});
+    FSeries = FChart->AddSeries<TZyLineSeries>(nullptr, FValues);
+    FWindow.resize(500, 400);
+    FWindow.show();
+    Settle();
+  }
+  static void Settle() {
+    QApplication::processEvents();
+    QApplication::processEvents();
+  }
+  void Send(QEvent::Type Type, const QPoint& Place, Qt::MouseButtons Buttons) const {
+    QWidget* const Target = FChart->Graph().Widget();
+    QMouseEvent Event(Type, Place, Target->mapToGlobal(Place), Qt::LeftButton, Buttons, Qt::NoModifier);
+    QApplication::sendEvent(Target, &Event);
+  }
+  void Drag(const QPoint& From, const QPoint& To) const {
+    Send(QEvent::MouseButtonPress, From, Qt::LeftButton);
+    Send(QEvent::MouseMove, To, Qt::LeftButton);
+    Send(QEvent::MouseButtonRelease, To, Qt::NoButton);
+  }
+  template <class S>
+  int CountOf(S Signal, const std::function<void()>& Do) const {
+    int Result = 0;
+    const auto Connection = QObject::connect(FChart, Signal, FChart, [&Result] { ++Result; });
+    Do();
+    Settle();
+    QObject::disconnect(Connection);
+    return Result;
+  }
+
+  QWidget FWindow;
+  QPointer<ZyChartWidget> FChart = new ZyChartWidget;
+  TZyDoubleVector* FValues = new TZyDoubleVector(&FChart->Owner());
+  TZyLineSeries* FSeries = nullptr;
+};
+
+TEST_F(ZyChartWidgetTest, SignalsLeaveTheEventsOfTheChartToTheApplication) {
+  int Handled = 0;
+  QPoint Told;
+  FChart->Graph().SetOnClick([&](TObject*) { ++Handled; });
+  FChart->Graph().SetOnEndZoom([&](TObject*) { ++Handled; });
+  QObject::connect(FChart, &ZyChartWidget::clicked, &FWindow, [&](const QPoint& Place) { Told = Place; });
+  Drag({200, 150}, {200, 150});
+  EXPECT_EQ(Told, QPoint(200, 150));
+  EXPECT_EQ(Handled, 1);
+  EXPECT_EQ(CountOf(&ZyChartWidget::zoomed, [&] { Drag({200, 100}, {350, 220}); }), 1);
+  EXPECT_EQ(Told, QPoint(200, 150)) << "a drag is no click";
+  EXPECT_TRUE(FChart->Graph().GetCanZoomBack());
+  EXPECT_EQ(CountOf(&ZyChartWidget::zoomed, [&] { FChart->Graph().ZoomBack(); }), 1);
+  EXPECT_EQ(CountOf(&ZyChartWidget::doubleClicked,
+                    [&] {
+                      Send(QEvent::MouseButtonDblClick, {200, 150}, Qt::LeftButton);
+                    }),
+            1);
+  const auto Change = [&](const std::function<void()>& Do) {
+    FWindow.grab();
+    Settle();
+    return CountOf(&ZyChartWidget::contentChanged, Do);
+  };
+  EXPECT_EQ(Change([&] {
+              for (int i = 0; i < 100; ++i) FValues->Add(i);
+            }),
+            1)
+      << "once for all";
+  EXPECT_EQ(Change([&] { delete FSeries; }), 1);
+  EXPECT_EQ(Change([] {}), 0);
+}
+
+TEST_F(ZyChartWidgetTest, ErrorsAreToldOrGoToTheApplication) {
+  FChart->Graph().SetOnClick([](TObject*) { throw Exception("no such point"); });
+  std::vector<std::string> Told;
+  QObject::connect(FChart, &ZyChartWidget::errorOccurred, &FWindow,
+                   [&](const QString& Text) { Told.push_back(Text.toStdString()); });
+  Drag({200, 150}, {200, 150});
+  FSeries->SetOnGetPen([](TObject*, TZyPenEventArgs&) { throw Exception("no pen"); });
+  FWindow.grab();
+  FChart->setProperty("PrimaryXAxis.Position", "Nowhere");
+  ASSERT_EQ(Told.size(), 3u);
+  EXPECT_EQ(Told[0], "no such point");
+  EXPECT_EQ(Told[1], "no pen");
+  EXPECT_TRUE(Told[2].find("Position") != std::string::npos && Told[2].find("Nowhere") != std::string::npos) << Told[2];
+}
+
+TEST_F(ZyChartWidgetTest, AnyPartMayBeDeletedFromASlot) {
+  QObject::connect(FChart, &ZyChartWidget::clicked, &FWindow, [&] { delete FChart.data(); });
+  Drag({200, 150}, {200, 150});
+  EXPECT_EQ(FChart, nullptr);
+}
+
+TEST_F(ZyChartWidgetTest, EveryPublishedPropertyIsOneOfTheWidget) {
+  ZyPieWidget Pie;
+  FChart->setLegendVisible(true);
+  Pie.setLegendVisible(true);
+  for (ZyCustomChartWidget* Widget :
+       {static_cast<ZyCustomChartWidget*>(FChart), static_cast<ZyCustomChartWidget*>(&Pie)}) {
+    const std::vector<std::string> Paths = Widget->PropertyPaths();
+    EXPECT_GT(Paths.size(), 60u);
+    for (const std::string& Each : Paths) {
+      const QString Path = QString::fromStdString(Each);
+      const QVariant Before = Widget->PropertyAt(Path);
+      ASSERT_TRUE(Before.isValid()) << Each;
+      ASSERT_TRUE(Widget->SetPropertyAt(Path, Before)) << Each;
+      ASSERT_EQ(Widget->PropertyAt(Path), Before) << Each;
+    }
+  }
+  FChart->setProperty("MajorGridVertical.Visible", true);
+  FChart->setProperty("MajorGridVertical.Color", QColor(1, 2, 3, 4));
+  FChart->setProperty("MajorGridVertical.Width", 2.5);
+  FChart->setProperty("PrimaryXAxis.Caption", QString("größer"));
+  FChart->setProperty("Legend.Position", "TopCenterOfGraph");
+  FChart->setProperty("Zoom.StartZoom", "[ssRight]");
+  FChart->setProperty("of my own", 7);
+  TZyGraph2D& Graph = FChart->Graph();
+  EXPECT_TRUE(Graph.MajorGridVertical().Visible());
+  EXPECT_EQ(Graph.MajorGridVertical().Color(), 0x04010203u);
+  EXPECT_EQ(Graph.MajorGridVertical().Width(), 2.5f);
+  EXPECT_EQ(Graph.PrimaryXAxis()->Caption(), "größer");
+  EXPECT_EQ(dynamic_cast<TZyLegend&>(*FChart->Owner().FindComponent("Legend")).Position(),
+            TZyLegendPosition::TopCenterOfGraph);
+  EXPECT_TRUE(Graph.Zoom().StartZoom() == TShiftState{ssRight});
+  EXPECT_EQ(FChart->property("of my own"), 7);
+  EXPECT_FALSE(FChart->PropertyAt("of my own").isValid());
+  EXPECT_FALSE(FChart->PropertyAt("Width").isValid()) << "the layout's business";
+  EXPECT_FALSE(FChart->PropertyAt("OnClick").isValid());
+}
+
+TEST_F(ZyChartWidgetTest, NamesItsOwnerSoThatStoredChartsFindTheirParts) {
+  ZyChartWidget First, Second;
+  EXPECT_NE(First.Owner().Name(), Second.Owner().Name());
+  FChart->setObjectName("voltage");
+  EXPECT_EQ(GetComponentRef(FSeries), "voltage.LineSeries1");
+  First.setObjectName("voltage");
+  EXPECT_NE(First.Owner().Name(), "voltage") << "taken";
+  const std::string Before = Second.Owner().Name();
+  Second.setObjectName("two words");
+  EXPECT_EQ(Second.Owner().Name(), Before);
+  FValues->SetName("Values");
+  TMemoryStream Stream;
+  FChart->Graph().WriteTo(Stream);
+  FValues->Clear();
+  delete FSeries;
+  Stream.SetPosition(0);
+  FChart->Graph().ReadFrom(Stream);
+  EXPECT_EQ(FChart->Graph().RelatedSeries().size(), 1u);
+  EXPECT_EQ(FValues->Sum(), 5);
+}
+
+TEST_F(ZyChartWidgetTest, PrintsAndShowsSamplesOnlyInAnEmptyChart) {
+  const QTemporaryDir Folder;
+  QPrinter Printer(QPrinter::HighResolution);
+  Printer.setOutputFormat(QPrinter::PdfFormat);
+  Printer.setOutputFileName(Folder.filePath("chart.pdf"));
+  FChart->print(&Printer);
+  EXPECT_GT(QFileInfo(Folder.filePath("chart.pdf")).size(), 1000);
+  FChart->ShowSamples();
+  EXPECT_EQ(FChart->Graph().RelatedSeries().size(), 1u);
+  ZyChartWidget Empty;
+  Empty.ShowSamples();
+  EXPECT_GT(Empty.Graph().RelatedSeries().size(), 0u);
+  for (TZySeries* Series : Empty.Graph().RelatedSeries()) EXPECT_GT(Series->GetCount(), 1);
+  ZyPieWidget Pie;
+  Pie.ShowSamples();
+  Pie.resize(300, 300);
+  Pie.grab();
+  int Clicked = -1;
+  QObject::connect(&Pie, &ZyPieWidget::segmentClicked, &Pie, [&](int Index) { Clicked = Index; });
+  emit Pie.clicked({200, 200});  // to the lower right of the middle, where the first segment begins
+  EXPECT_EQ(Clicked, 0);
+}
+
+TEST_F(ZyChartWidgetTest, ControlsAreTiedToChartsByTheirNames) {
+  FChart->setObjectName("chart");
+  ZyColorPickWidget Color;
+  ZyNumericUpDnWidget Width;
+  Color.setLinks({"chart.Graph.BackColor"});
+  Width.setProperty("MaxValue", 20.0);
+  Width.setLinks({"chart.Graph.DataAreaFrame.Width"});
+  for (QWidget* Each : {static_cast<QWidget*>(&Color), static_cast<QWidget*>(&Width)}) Each->show();
+  int Changes = 0;
+  QObject::connect(&Color, &ZyLinkedWidget::changed, &Color, [&Changes] { ++Changes; });
+  FChart->setBackColor(Qt::green);
+  FChart->Graph().DataAreaFrame().SetWidth(7);
+  while (!TApplication::Idle()) Settle();
+  EXPECT_EQ(Color.color(), QColor(Qt::green));
+  EXPECT_EQ(Changes, 1);
+  EXPECT_EQ(Width.value(), 7);
+  Color.setColor(Qt::blue);
+  Width.setValue(9);
+  EXPECT_EQ(FChart->backColor(), QColor(Qt::blue));
+  EXPECT_EQ(FChart->Graph().DataAreaFrame().Width(), 9);
+}
+
+}  // namespace
+}  // namespace zy::testing
