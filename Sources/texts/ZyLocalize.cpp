@@ -10,7 +10,7 @@
 
 #include "texts/Exceptions.h"
 #include "texts/Utf8.h"
-#include "texts/ZySettingsTexts.h"
+#include "texts/ZyTableTexts.h"
 
 namespace zy {
 namespace {
@@ -27,6 +27,8 @@ constexpr std::array<TRow, AllTextCount> Rows{{
 #include "texts/ZyPlatformTextRows.inl"
 
 #include "texts/ZySettingsTextRows.inl"
+
+#include "texts/ZyTableTextRows.inl"
 #undef ZY_TEXT
 }};
 

@@ -23,7 +23,4 @@ enum TSettingsText : std::uint16_t {
 #include "texts/ZySettingsTextRows.inl"
 #undef ZY_TEXT
 
-/// Number of all rows, those of the dialogs included.
-inline constexpr std::size_t AllTextCount = detail::EndOfTexts;
-
 }  // namespace zy
