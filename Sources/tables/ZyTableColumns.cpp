@@ -62,19 +62,19 @@ std::vector<TZyTableColumn> DivideAmongColumns(std::span<const TZyTableBlock> Bl
   return Result;
 }
 
-void AppendPoints(const TZyTableColumn& Column, std::vector<TZyTablePoint>& Points) {
-  const std::size_t First = Points.size();
+void AppendPoints(const TZyTableColumn& Column, std::size_t Share, std::vector<TZyTablePoint>& Points) {
+  const std::size_t First = Points.size(), Many = std::max(ManyPoints, PointsOfDense * (Share + 1));
   std::vector<TZyTablePoint> Rows;
   for (const TZyTableBlock& Block : Column.Blocks) {
     AppendRows(Block, Rows);
-    if (Rows.size() > ManyPoints) break;
+    if (Rows.size() > Many) break;
   }
-  if (Rows.size() <= ManyPoints) {
+  if (Rows.size() <= Many) {
     Points.insert(Points.end(), Rows.begin(), Rows.end());
     return;
   }
   const TZyTableBlock& Whole = Column.Whole;
-  Rows.resize(PointsOfDense);
+  Rows.resize(PointsOfDense * Share);
   for (const TZyTablePoint& Each :
        {TZyTablePoint{Whole.MinX, Whole.Min}, {Whole.MaxX, Whole.Max}, {Whole.LastX, Whole.Last}})
     Rows.push_back(Each);

@@ -37,7 +37,8 @@ std::vector<TZyTableColumn> DivideAmongColumns(std::span<const TZyTableBlock> Bl
 
 /// What a line shows of a column that is a pixel wide: its first, smallest, largest and last row (Jugel, Jerzak,
 /// Hackenbroich, Markl: M4, PVLDB 7(10), 2014), in the order of X. Some more of the first rows come along, so that the
-/// series, which reduces such columns again, takes it for the dense column that it is; of a column of few rows all do.
-void AppendPoints(const TZyTableColumn& Column, std::vector<TZyTablePoint>& Points);
+/// series, which reduces such columns again, takes it for the dense column that it is: the more, the fewer columns have
+/// rows. One of so many has them, in Share. Of a column of few rows all come.
+void AppendPoints(const TZyTableColumn& Column, std::size_t Share, std::vector<TZyTablePoint>& Points);
 
 }  // namespace zy

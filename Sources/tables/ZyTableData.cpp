@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "axes/ZyAxis.h"
 #include "platform/controls/TTimer.h"
@@ -183,17 +184,18 @@ void TZyTableData::AskRange() {
   Ask(std::move(Edges));
 }
 
-/// Between the columns of pixels from one before to one behind the axis, where a series divides them.
+/// The ends of the axis, and between them where a series divides columns of pixels.
 std::vector<double> TZyTableData::PixelEdges() const {
   constexpr float MostPixels = 20000;
-  std::vector<double> Result;
-  const float First = FXAxis->NumberToWorld(FXAxis->Start()), Last = FXAxis->NumberToWorld(FXAxis->Stop());
-  if (!(std::fabs(Last - First) >= 1) || std::fabs(Last - First) > MostPixels) return Result;
-  const auto From = static_cast<int>(std::floor(std::min(First, Last))) - 2;
-  const auto To = static_cast<int>(std::ceil(std::max(First, Last))) + 1;
+  const double Low = std::min(FXAxis->Start(), FXAxis->Stop()), High = std::max(FXAxis->Start(), FXAxis->Stop());
+  const float First = FXAxis->NumberToWorld(Low), Last = FXAxis->NumberToWorld(High);
+  if (!(std::fabs(Last - First) >= 1) || std::fabs(Last - First) > MostPixels) return {};
+  std::vector<double> Result{Low, std::nextafter(High, std::numeric_limits<double>::infinity())};
+  const auto From = static_cast<int>(std::floor(std::min(First, Last))) - 1;
+  const auto To = static_cast<int>(std::ceil(std::max(First, Last)));
   for (int Pixel = From; Pixel <= To; ++Pixel) {
     const double Edge = FXAxis->WorldToNumber(static_cast<float>(Pixel) + 0.5f);
-    if (std::isfinite(Edge)) Result.push_back(Edge);
+    if (Edge > Low && Edge <= High) Result.push_back(Edge);
   }
   std::ranges::sort(Result);
   const auto Repeated = std::ranges::unique(Result);

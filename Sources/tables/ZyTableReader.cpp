@@ -22,7 +22,7 @@ constexpr double Infinity = std::numeric_limits<double>::infinity();
 /// Ranges of one statement: some hundred kilobytes of text, which every engine takes.
 constexpr std::size_t MostRanges = 4096;
 /// Pieces of a column of pixels that are grouped apart, so that more rows than ends and extremes come of it.
-constexpr int PiecesOfColumn = 3;
+constexpr std::size_t PiecesOfColumn = 3, MostPieces = 64;
 
 double Above(double Value) { return std::nextafter(Value, Infinity); }
 
@@ -77,6 +77,23 @@ std::vector<double> RecordEdges(double Low, double High, double Width) {
 /// The index of the column from edge to edge that holds a value within them.
 std::size_t ColumnAt(std::span<const double> Edges, double X) {
   return static_cast<std::size_t>(std::upper_bound(Edges.begin(), Edges.end(), X) - Edges.begin()) - 1;
+}
+
+/// Each column, as far as it lies within the ranges, in some pieces.
+std::vector<TZyTableRange> PiecesOf(std::span<const TZyTableRange> Ranges, std::span<const double> Edges,
+                                    std::size_t Pieces) {
+  std::vector<TZyTableRange> Result;
+  for (const TZyTableRange& Range : Ranges)
+    for (std::size_t i = ColumnAt(Edges, Range.Low); i + 1 < Edges.size() && Edges[i] < Range.High; ++i) {
+      const double Width = (Edges[i + 1] - Edges[i]) / static_cast<double>(Pieces);
+      for (std::size_t Piece = 0; Piece < Pieces; ++Piece) {
+        const double Low = Edges[i] + static_cast<double>(Piece) * Width;
+        const double High = Piece + 1 == Pieces ? Edges[i + 1] : Edges[i] + static_cast<double>(Piece + 1) * Width;
+        const TZyTableRange Part{std::max(Low, Range.Low), std::min(High, Range.High)};
+        if (Part.Low < Part.High) Result.push_back(Part);
+      }
+    }
+  return Result;
 }
 
 }  // namespace
@@ -220,12 +237,13 @@ std::optional<TZyTableAnswer> TZyTableReader::Answer(const TZyTableQuestion& Que
   std::vector<TZyTableBlock> Blocks;
   TakeBlocks(Edges, Blocks);
   std::vector<TZyTablePoint> Points;
-  for (const TZyTableColumn& Column : DivideAmongColumns(Blocks, Edges)) {
+  const std::vector<TZyTableColumn> Columns = DivideAmongColumns(Blocks, Edges);
+  for (const TZyTableColumn& Column : Columns) {
     Result.Total.Append(Column.Whole);
     if (Question.Kind == TZyTableKind::Records) {
       Result.Records.push_back(Column.Whole);
     } else {
-      AppendPoints(Column, Points);
+      AppendPoints(Column, Edges.size() / Columns.size(), Points);
     }
   }
   for (const auto& [X, Y] : Points) Result.Records.push_back({X, Y, X, Y, X, Y, X, Y, 1, Y});
@@ -301,21 +319,32 @@ void TZyTableReader::TakeRows(const TRanges& Ranges, std::vector<TZyTableBlock>&
       [&](const QSqlQuery& Query) { Blocks.push_back(RowOf(Query, FFields, FTitle)); });
 }
 
+/// Where so few rows come of it that a series would not reduce them, the rows themselves are taken.
 void TZyTableReader::TakeColumns(const TRanges& Ranges, std::span<const double> Edges,
                                  std::vector<TZyTableBlock>& Blocks) {
-  TRanges Pieces;
-  for (const TZyTableRange& Range : Ranges)
-    for (std::size_t i = ColumnAt(Edges, Range.Low); i + 1 < Edges.size() && Edges[i] < Range.High; ++i)
-      for (int Piece = 0; Piece < PiecesOfColumn; ++Piece) {
-        const auto At = [&](int Part) {
-          return Part == PiecesOfColumn ? Edges[i + 1] : Edges[i] + (Edges[i + 1] - Edges[i]) * Part / PiecesOfColumn;
-        };
-        const TZyTableRange Part{std::max(At(Piece), Range.Low), std::min(At(Piece + 1), Range.High)};
-        if (Part.Low < Part.High) Pieces.push_back(Part);
-      }
+  constexpr std::int64_t FewRows = 16;
+  const std::optional<TZyTableRange> Whole = Ranges.empty() ? std::nullopt : Ends();
+  if (!Whole) return;
+  TRanges Within;
+  std::size_t Columns = 0;
+  for (const TZyTableRange& Range : Ranges) {
+    const TZyTableRange Part{std::max(Range.Low, Whole->Low), std::min(Range.High, Above(Whole->High))};
+    if (!(Part.Low < Part.High)) continue;
+    Within.push_back(Part);
+    Columns += ColumnAt(Edges, std::nextafter(Part.High, -Infinity)) - ColumnAt(Edges, Part.Low) + 1;
+  }
+  if (Within.empty()) return;
+  std::vector<TZyTableBlock> Found;
+  std::int64_t Rows = 0;
   InSlices(
-      Pieces, [this](auto Slice) { return FStatements->Blocks(Slice); },
-      [&](const QSqlQuery& Query) { Blocks.push_back(BlockOf(Query, FFields, FTitle)); });
+      PiecesOf(Within, Edges, std::min(PiecesOfColumn * Edges.size() / Columns, MostPieces)),
+      [this](auto Slice) { return FStatements->Blocks(Slice); },
+      [&](const QSqlQuery& Query) {
+        Found.push_back(BlockOf(Query, FFields, FTitle));
+        Rows += Found.back().Count;
+      });
+  if (Rows <= FewRows * static_cast<std::int64_t>(Edges.size())) return TakeRows(Within, Blocks);
+  Blocks.insert(Blocks.end(), Found.begin(), Found.end());
 }
 
 /// A statement at a time for so many ranges as take some tenths of a second, since no driver stops one under way.
