@@ -126,7 +126,8 @@ void TZyTableReader::Test() {
   for (int i = 0; i < Layout.count() && !FConnection.IsEmbedded(); ++i)
     if (!IsNumber(Layout.field(i).metaType().id()))
       throw EDatabaseError(Format(LoadResString(_sTableNoNumbers), {FTitle, *Fields[i], FFields.Table}));
-  FStatements.emplace(Names, !FConnection.IsEmbedded() && IsInteger(Layout.field(0).metaType().id()));
+  const bool IsServer = !FConnection.IsEmbedded();
+  FStatements.emplace(Names, TZyTableDialect{IsServer, IsServer && IsInteger(Layout.field(0).metaType().id())});
 }
 
 std::string TZyTableReader::Notice(std::int64_t Rows) {
@@ -291,7 +292,7 @@ TZyTableReader::TRanges TZyTableReader::TakeLevel(TZyTableSummary& Summary, int 
                                                   const TRanges& Gaps, std::vector<TZyTableBlock>& Blocks) {
   std::vector<TZyTableBlock> Found;
   InSlices(
-      Gaps, [&](auto Slice) { return TZyTableStatements::SummaryBlocks(Summary.QuotedName(), Level, Slice); },
+      Gaps, [&](auto Slice) { return FStatements->SummaryBlocks(Summary.QuotedName(), Level, Slice); },
       [&](const QSqlQuery& Query) { Found.push_back(BlockOf(Query, FFields, FTitle)); });
   std::ranges::sort(Found, IsBefore);
   TRanges Result;

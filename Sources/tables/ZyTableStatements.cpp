@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace zy {
@@ -32,8 +33,8 @@ std::string ValuesOf(std::span<const TZyTableRange> Ranges, bool Numbered, const
 
 }  // namespace
 
-TZyTableStatements::TZyTableStatements(TZyTableFields Quoted, bool HasWholeX)
-    : FFields(std::move(Quoted)), FHasWholeX(HasWholeX) {}
+TZyTableStatements::TZyTableStatements(TZyTableFields Quoted, TZyTableDialect Dialect)
+    : FFields(std::move(Quoted)), FDialect(Dialect) {}
 
 /// With an exponent, so that no engine takes a large number for an integer.
 std::string TZyTableStatements::Literal(double Value) {
@@ -44,7 +45,7 @@ std::string TZyTableStatements::Literal(double Value) {
 
 /// A whole number is not below a limit exactly when it is not below the next whole one.
 std::string TZyTableStatements::LimitOf(double X) const {
-  if (!FHasWholeX) return Literal(X);
+  if (!FDialect.HasWholeX) return Literal(X);
   const double Whole = std::ceil(X);
   return std::to_string(static_cast<long long>(Whole < -LargestWhole  ? -LargestWhole
                                                : Whole > LargestWhole ? LargestWhole
@@ -56,13 +57,30 @@ std::string TZyTableStatements::ListOf(std::span<const TZyTableRange> Ranges, bo
                  ValuesOf(Ranges, Numbered, [this](double X) { return LimitOf(X); }), ")"});
 }
 
-/// A difference with itself is 0 for numbers alone: neither for a null, nor for what is no number, nor for an infinity.
+/// On a server these are limits that nulls, infinities and not-a-number do not keep. In an embedded database texts would
+/// not keep them either, which are to be told of: there it is a difference that is 0 for all but nulls and infinities.
 std::string TZyTableStatements::IsFinite() const {
-  std::string Result = Joined({"t.", FFields.First, " - t.", FFields.First, " = 0"});
-  if (FFields.IsSingle()) return Result;
-  for (const std::string* Field : {&FFields.Max, &FFields.Min, &FFields.Last})
-    Result += Joined({" AND t.", *Field, " - t.", *Field, " = 0"});
+  const std::string Largest = Literal(std::numeric_limits<double>::max());
+  std::string Result;
+  for (const std::string* Field : {&FFields.First, &FFields.Max, &FFields.Min, &FFields.Last}) {
+    if (!Result.empty() && FFields.IsSingle()) break;
+    if (!Result.empty()) Result += " AND ";
+    Result += FDialect.IsServer ? Joined({"t.", *Field, " BETWEEN -", Largest, " AND ", Largest})
+                                : Joined({"t.", *Field, " - t.", *Field, " = 0"});
+  }
   return Result;
+}
+
+std::string TZyTableStatements::InRange() const {
+  return Joined({"t.", FFields.X, " >= c.lo AND t.", FFields.X, " < c.hi AND ", IsFinite()});
+}
+
+/// The fields of the rows of each range. An order within keeps a server from taking the ranges out of the subquery again.
+std::string TZyTableStatements::EachOf(const std::string& Fields, const std::string& Table, const std::string& Condition,
+                                       const std::string& Order) const {
+  if (!FDialect.IsServer) return Joined({" SELECT ", Fields, " FROM c CROSS JOIN ", Table, " t WHERE ", Condition});
+  return Joined({" SELECT r.* FROM c CROSS JOIN LATERAL (SELECT ", Fields, " FROM ", Table, " t WHERE ", Condition,
+                 " ORDER BY ", Order, ") r"});
 }
 
 std::string TZyTableStatements::RowFields() const {
@@ -82,6 +100,13 @@ std::string TZyTableStatements::Ends() const {
 /// looked for afterwards, from the left end of the range: all in all each row is read twice.
 std::string TZyTableStatements::Blocks(std::span<const TZyTableRange> Ranges) const {
   const std::string &Table = FFields.Table, &X = FFields.X;
+  const std::string Whole =
+      Joined({"MIN(t.", X, ") AS x0, MAX(t.", X, ") AS x1, MIN(t.", FFields.Min, ") AS ylow, MAX(t.", FFields.Max,
+              ") AS yhigh, COUNT(*) AS n, SUM(t.", FFields.Last, ") AS s FROM "});
+  const std::string Grouped =
+      FDialect.IsServer ? Joined({"SELECT c.i, r.* FROM c CROSS JOIN LATERAL (SELECT ", Whole, Table, " t WHERE ", InRange(),
+                                  ") r WHERE r.n > 0"})
+                        : Joined({"SELECT c.i AS i, ", Whole, "c CROSS JOIN ", Table, " t WHERE ", InRange(), " GROUP BY c.i"});
   const auto ValueAt = [&](const char* Extreme, const std::string& Field, const char* At) {
     return Joined({"(SELECT ", Extreme, "(t.", Field, ") FROM ", Table, " t WHERE t.", X, " = q.", At, " AND ", IsFinite(),
                    ")"});
@@ -90,17 +115,13 @@ std::string TZyTableStatements::Blocks(std::span<const TZyTableRange> Ranges) co
     return Joined({"(SELECT MIN(t.", X, ") FROM ", Table, " t WHERE t.", X, " >= q.x0 AND t.", X, " <= q.x1 AND t.", Field,
                    " = q.", Value, ")"});
   };
-  return Joined({ListOf(Ranges, true), ", q AS (SELECT c.i AS i, MIN(t.", X, ") AS x0, MAX(t.", X, ") AS x1, MIN(t.",
-                 FFields.Min, ") AS ymin, MAX(t.", FFields.Max, ") AS ymax, COUNT(*) AS n, SUM(t.", FFields.Last,
-                 ") AS s FROM c CROSS JOIN ", Table, " t WHERE t.", X, " >= c.lo AND t.", X, " < c.hi AND ", IsFinite(),
-                 " GROUP BY c.i) SELECT q.x0, ", ValueAt("MIN", FFields.First, "x0"), ", q.x1, ",
-                 ValueAt("MAX", FFields.Last, "x1"), ", ", PlaceOf(FFields.Min, "ymin"), ", q.ymin, ",
-                 PlaceOf(FFields.Max, "ymax"), ", q.ymax, q.n, q.s FROM q ORDER BY q.i"});
+  return Joined({ListOf(Ranges, true), ", q AS (", Grouped, ") SELECT q.x0, ", ValueAt("MIN", FFields.First, "x0"),
+                 ", q.x1, ", ValueAt("MAX", FFields.Last, "x1"), ", ", PlaceOf(FFields.Min, "ylow"), ", q.ylow, ",
+                 PlaceOf(FFields.Max, "yhigh"), ", q.yhigh, q.n, q.s FROM q ORDER BY q.i"});
 }
 
 std::string TZyTableStatements::Rows(std::span<const TZyTableRange> Ranges) const {
-  return Joined({ListOf(Ranges, false), " SELECT ", RowFields(), " FROM c CROSS JOIN ", FFields.Table, " t WHERE t.",
-                 FFields.X, " >= c.lo AND t.", FFields.X, " < c.hi AND ", IsFinite()});
+  return ListOf(Ranges, false) + EachOf(RowFields(), FFields.Table, InRange(), "t." + FFields.X);
 }
 
 std::string TZyTableStatements::RowAt(const char* Extreme, const char* Relation, double X) const {
@@ -114,10 +135,10 @@ std::string TZyTableStatements::RowBefore(double X) const { return RowAt("MAX", 
 std::string TZyTableStatements::RowFrom(double X) const { return RowAt("MIN", " >= ", X); }
 
 std::string TZyTableStatements::SummaryBlocks(const std::string& QuotedSummary, int Level,
-                                              std::span<const TZyTableRange> Ranges) {
-  return Joined({"WITH c (lo, hi) AS (VALUES ", ValuesOf(Ranges, false, Literal), ") SELECT ", BlockFields,
-                 " FROM c CROSS JOIN ", QuotedSummary, " t WHERE t.lvl = ", std::to_string(Level),
-                 " AND t.x0 >= c.lo AND t.x0 < c.hi"});
+                                              std::span<const TZyTableRange> Ranges) const {
+  return Joined({"WITH c (lo, hi) AS (VALUES ", ValuesOf(Ranges, false, Literal), ")",
+                 EachOf(BlockFields, QuotedSummary,
+                        Joined({"t.lvl = ", std::to_string(Level), " AND t.x0 >= c.lo AND t.x0 < c.hi"}), "t.x0")});
 }
 
 }  // namespace zy

@@ -20,13 +20,20 @@ struct TZyTableFields {
   bool IsSingle() const { return First == Max && First == Min && First == Last; }
 };
 
-/// The questions to a table in plain SQL: nothing in them is one engine's own. Names are taken as they stand, so that
-/// quotes around them are the caller's. Rows whose values are null, or not finite, are left out everywhere.
+/// What engines differ in.
+struct TZyTableDialect {
+  /// A server: it knows the standard's LATERAL, with which it looks up each range by the index, whatever it guesses of
+  /// their lengths; and its columns have types. An embedded database takes joins in the order in which they stand.
+  bool IsServer = false;
+  /// X is an integer column: limits are whole numbers then, or else a server would convert the column and lose its index.
+  bool HasWholeX = false;
+};
+
+/// The questions to a table in plain SQL. Names are taken as they stand, so that quotes around them are the caller's.
+/// Rows whose values are null, or not finite, are left out everywhere.
 class TZyTableStatements {
  public:
-  /// HasWholeX tells that X is an integer column: limits are whole numbers then, or else an engine would convert the
-  /// column and lose its index.
-  TZyTableStatements(TZyTableFields Quoted, bool HasWholeX);
+  TZyTableStatements(TZyTableFields Quoted, TZyTableDialect Dialect);
 
   /// The least and the greatest X.
   std::string Ends() const;
@@ -39,12 +46,12 @@ class TZyTableStatements {
   std::string RowBefore(double X) const;
   std::string RowFrom(double X) const;
   /// Blocks of a level of a summary table (see TZyTableSummary) that begin in the ranges, in the order of BlockFields.
-  static std::string SummaryBlocks(const std::string& QuotedSummary, int Level, std::span<const TZyTableRange> Ranges);
+  std::string SummaryBlocks(const std::string& QuotedSummary, int Level, std::span<const TZyTableRange> Ranges) const;
 
   /// A real as every engine reads it back.
   static std::string Literal(double Value);
   /// Names of the fields of a block, in their order.
-  static constexpr const char* BlockFields = "x0, y0, x1, y1, xmin, ymin, xmax, ymax, n, s";
+  static constexpr const char* BlockFields = "x0, y0, x1, y1, xlow, ylow, xhigh, yhigh, n, s";
 
  private:
   std::string LimitOf(double X) const;
@@ -52,9 +59,12 @@ class TZyTableStatements {
   std::string IsFinite() const;
   std::string RowFields() const;
   std::string RowAt(const char* Extreme, const char* Relation, double X) const;
+  std::string InRange() const;
+  std::string EachOf(const std::string& Fields, const std::string& Table, const std::string& Condition,
+                     const std::string& Order) const;
 
   TZyTableFields FFields;
-  bool FHasWholeX;
+  TZyTableDialect FDialect;
 };
 
 }  // namespace zy

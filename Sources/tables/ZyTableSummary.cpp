@@ -56,6 +56,7 @@ TZyTableSummary::TZyTableSummary(TSqlConnection& Connection, TZyTableFields Fiel
       FQuotedFields(TZyTableReader::Quoted(Connection, FFields)),
       FName(std::move(Name)),
       FQuotedName(Connection.QuotedTable(FName).toStdString()),
+      FStatements(FQuotedFields, {!Connection.IsEmbedded(), false}),
       FHoldsUntil(-Infinity),
       FWrittenUntil(Nothing) {}
 
@@ -138,7 +139,7 @@ void TZyTableSummary::Drop() {
 void TZyTableSummary::Make() {
   FConnection.Run(ToQt("CREATE TABLE " + FQuotedName +
                        " (lvl INTEGER NOT NULL, x0 DOUBLE PRECISION NOT NULL, y0 DOUBLE PRECISION, x1 DOUBLE PRECISION, y1 "
-                       "DOUBLE PRECISION, xmin DOUBLE PRECISION, ymin DOUBLE PRECISION, xmax DOUBLE PRECISION, ymax DOUBLE "
+                       "DOUBLE PRECISION, xlow DOUBLE PRECISION, ylow DOUBLE PRECISION, xhigh DOUBLE PRECISION, yhigh DOUBLE "
                        "PRECISION, n BIGINT, s DOUBLE PRECISION, PRIMARY KEY (lvl, x0))" +
                        (FConnection.IsEmbedded() ? " WITHOUT ROWID" : "")));
   FConnection.Run(ToQt("INSERT INTO " + FQuotedName + " (lvl, x0) VALUES (0, " + TZyTableStatements::Literal(Nothing) + ")"));
@@ -208,7 +209,7 @@ void TZyTableSummary::Write() {
 
 double TZyTableSummary::ReadPiece(const TZyTableRange& Piece, std::int64_t& Rows) {
   const TZyTableRange Ranges[] = {Piece};
-  QSqlQuery Query = FConnection.Run(ToQt(TZyTableStatements(FQuotedFields, false).Rows(Ranges) + " ORDER BY t." + FQuotedFields.X));
+  QSqlQuery Query = FConnection.Run(ToQt(FStatements.Rows(Ranges) + " ORDER BY " + (FConnection.IsEmbedded() ? "t." : "r.") + FQuotedFields.X));
   std::int64_t Number = 0;
   for (; Query.next(); ++Number) TakeRow(TZyTableReader::RowOf(Query, FFields, FName));
   FConnection.CheckEnd(Query);
@@ -224,7 +225,7 @@ void TZyTableSummary::Update(const TProgress& Progress, bool Anew) {
     Find();
   }
   const double SummedUp = TakeUp();
-  QSqlQuery Query = FConnection.Run(ToQt(TZyTableStatements(FQuotedFields, false).Ends()));
+  QSqlQuery Query = FConnection.Run(ToQt(FStatements.Ends()));
   if (!Query.next() || Query.value(0).isNull()) return;
   double Low = std::max(Query.value(0).toDouble(), std::nextafter(SummedUp, Infinity));
   const double Stop = std::nextafter(Query.value(1).toDouble(), Infinity);

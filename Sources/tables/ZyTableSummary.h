@@ -61,6 +61,7 @@ class TZyTableSummary {
   TSqlConnection& FConnection;
   TZyTableFields FFields, FQuotedFields;
   std::string FName, FQuotedName;
+  TZyTableStatements FStatements;
   double FHoldsUntil;
   int FLevels = 0;
   std::vector<TLevel> FOpen;  // from blocks of rows upwards

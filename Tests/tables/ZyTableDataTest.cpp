@@ -110,18 +110,6 @@ class ZyTableDataTest : public ::testing::TestWithParam<const char*> {
       const Bitmap Wanted = Held.Paint(), Got = Answered(Asked);
       EXPECT_EQ(Differing(Got, Wanted), 0);
       EXPECT_LT(Data.RecordCount(), 25000);
-      if (std::getenv("ZY_KEEP_PICTURES") != nullptr) {
-        if (Differing(Got, Wanted) > 0) {
-        Wanted.Save("/tmp/large-held.png");
-        Got.Save("/tmp/large-asked.png");
-        printf("axis %.17g %.17g px %g %g\n", Held.X->Start(), Asked.X->Start(), Held.X->NumberToWorld(Held.X->Start()), Asked.X->NumberToWorld(Asked.X->Start()));
-        for (auto* c : {&Held, &Asked}) { int k = c->Series.PointIndex()[0]; for (int j = std::max(0, k - 3); j < k + 5; ++j) printf("  [%d] %.17g %g %d %g\n", j, c->Series.XData()->GetValue(j), c->Series.YData()->GetValue(j), c->Series.HasValuesAt(j), c->X->NumberToWorld(c->Series.XData()->GetValue(j))); }
-        printf("held %zu asked %zu\n", Held.Series.Points().size(), Asked.Series.Points().size());
-        for (size_t i = 0; i < std::min(Held.Series.Points().size(), Asked.Series.Points().size()); ++i) {
-          auto p = Held.Series.Points()[i], q = Asked.Series.Points()[i];
-          if (p.X != q.X || p.Y != q.Y) { printf("%zu: %g %g / %g %g\n", i, p.X, p.Y, q.X, q.Y); break; }
-        } }
-      }
     }
     Data.Close();
   }
