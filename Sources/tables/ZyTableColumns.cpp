@@ -1,6 +1,7 @@
 #include "tables/ZyTableColumns.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace zy {
 namespace {
@@ -43,6 +44,19 @@ void TZyTableBlock::Append(const TZyTableBlock& Next) {
   }
   Count += Next.Count;
   Sum += Next.Sum;
+}
+
+void TZyTableBlock::Insert(const TZyTableBlock& Row) {
+  const TZyTableBlock Old = *this;
+  if (Old.Count == 0 || Row.FirstX >= Old.LastX) return Append(Row);
+  // In front of the others: first all is as if the row were the first, then what lies before it is put back.
+  *this = Row;
+  Append(Old);
+  if (Old.FirstX > Row.FirstX) return;
+  FirstX = Old.FirstX;
+  First = Old.First;
+  if (Old.Min <= Row.Min) std::tie(Min, MinX) = std::tie(Old.Min, Old.MinX);
+  if (Old.Max >= Row.Max) std::tie(Max, MaxX) = std::tie(Old.Max, Old.MaxX);
 }
 
 std::vector<TZyTableColumn> DivideAmongColumns(std::span<const TZyTableBlock> Blocks, std::span<const double> Edges) {

@@ -19,6 +19,8 @@ struct TZyTableBlock {
 
   /// The block of these rows and those of another one, which stand behind them. Of equal extremes the first counts.
   void Append(const TZyTableBlock& Next);
+  /// The block with one row more, which may stand anywhere.
+  void Insert(const TZyTableBlock& Row);
 };
 
 struct TZyTablePoint {

@@ -128,7 +128,7 @@ void TZyTableData::Start() {
 void TZyTableData::DropRecords() {
   FWorker.reset();
   FRecords.clear();
-  FWhole = FRange = {};
+  FWhole = FNewWhole = FRange = {};
   FAsked.clear();
   SetWaiting(false);
 }
@@ -165,7 +165,7 @@ void TZyTableData::Merge() {
 }
 
 bool TZyTableData::IsExcerpt() const {
-  return static_cast<std::int64_t>(FRecords.size()) < FWhole.Total.Count || FIsWaiting;
+  return static_cast<std::int64_t>(FRecords.size()) < FWhole.Total.Count;
 }
 
 // --- Questions and answers ------------------------------------------------------------------------------------------
@@ -232,27 +232,36 @@ void TZyTableData::TakeAnswers() {
   if (!FWorker->IsBusy()) SetWaiting(false);
 }
 
-/// The first answer for the whole table leads to a question for the range, when a layout follows it or has been.
+/// A renewed answer for the whole table waits for that for the range, so that they take effect together.
 void TZyTableData::TakeAnswer(TZyTableAnswer& Answer) {
   FFailure = Answer.Error;
+  const std::string Notice = std::exchange(Answer.Notice, {});
   if (!FFailure.empty()) {
+    FNewWhole = {};
     FAsked.clear();  // so that it is asked for again
   } else if (Answer.IsWhole) {
-    FWhole = std::move(Answer);
+    FNewWhole = std::move(Answer);
+    AskRange();
+    if (FRange.Number == 0 || FAsked.empty()) TakeWhole();
   } else {
     FRange = std::move(Answer);
+    TakeWhole();
   }
-  const std::string Notice = std::exchange(FWhole.Notice, {});
   const std::uint64_t Handle = LiveHandle();
   try {
     const TScopedValue Taking(FIsTaking, true);
-    Refresh();
+    if (FNewWhole.Number == 0) Refresh();
   } catch (const EDatabaseError&) {
     // LastError and the links have it.
   }
   if (FromLiveHandle(Handle) == nullptr) return;
-  if (FFailure.empty() && FWorker != nullptr && FAsked.empty()) AskRange();
   if (const TZyNoticeEvent Handler = FOnNotice; Handler && !Notice.empty()) Handler(this, Notice);
+}
+
+void TZyTableData::TakeWhole() {
+  if (FNewWhole.Number == 0) return;
+  FWhole = std::exchange(FNewWhole, {});
+  if (FRange.Number < FWhole.Number) FRange = {};
 }
 
 // --- Waiting --------------------------------------------------------------------------------------------------------

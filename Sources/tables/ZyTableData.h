@@ -131,6 +131,7 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
   void AskRange();
   void TakeAnswers();
   void TakeAnswer(TZyTableAnswer& Answer);
+  void TakeWhole();
   void Merge();
   void SetWaiting(bool Value);
   void ShowCursor(bool Busy);
@@ -144,6 +145,7 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
   TZyNoticeEvent FOnNotice;
 
   TZyTableAnswer FWhole, FRange;
+  TZyTableAnswer FNewWhole;  // until the answer for the range is there as well
   std::vector<TZyTableBlock> FRecords;
   std::vector<double> FAsked;  // edges
   unsigned FQuestions = 0;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "platform/sql/SqlConnection.h"
@@ -132,15 +133,24 @@ void TZyTableReader::Test() {
 
 std::string TZyTableReader::Notice(std::int64_t Rows) {
   constexpr std::int64_t ManyRows = 2000000;
-  if (const std::string Statement = MissingIndex(); !Statement.empty())
-    return Format(LoadResString(_sTableNoIndex), {FTitle, FFields.Table, FFields.X, Statement});
+  if (!MissingIndex().empty())
+    return Format(LoadResString(_sTableNoIndex), {FTitle, FFields.Table, FFields.X, MissingIndex()});
   if (Rows < ManyRows || FHasSummary) return {};
   return Format(LoadResString(_sTableNoSummary), {FTitle, FFields.Table, Rows});
 }
 
+void TZyTableReader::TestIndex() {
+  if (!MissingIndex().empty()) throw EDatabaseError(Notice(0));
+}
+
 /// The statement that makes the index that is missing; empty when there is one, when there can be none, as for a view,
 /// and for an engine that cannot be asked.
-std::string TZyTableReader::MissingIndex() {
+const std::string& TZyTableReader::MissingIndex() {
+  if (!FMissingIndex) FMissingIndex = FindMissingIndex();
+  return *FMissingIndex;
+}
+
+std::string TZyTableReader::FindMissingIndex() {
   const QString Table = QString::fromStdString(FFields.Table), X = QString::fromStdString(FFields.X);
   const TZyTableFields Names = Quoted(FConnection, FFields);
   const QStringList Key = FConnection.PrimaryKey(QString::fromStdString(Names.Table));
@@ -264,7 +274,7 @@ void TZyTableReader::TakeBlocks(std::span<const double> Edges, std::vector<TZyTa
   TRanges Gaps{{Edges.front(), Edges.back()}};
   double HoldsUntil = -Infinity;
   TZyTableSummary Summary(FConnection, FFields, FSummary);
-  FHasSummary = Summary.Find();
+  FHasSummary = MissingIndex().empty() && Summary.Find();
   if (FHasSummary) {
     HoldsUntil = Summary.HoldsUntil();
     Gaps = TakeSummary(Summary, Edges, Blocks);
@@ -337,8 +347,10 @@ void TZyTableReader::TakeColumns(const TRanges& Ranges, std::span<const double> 
   if (Within.empty()) return;
   std::vector<TZyTableBlock> Found;
   std::int64_t Rows = 0;
+  const TRanges Pieces = PiecesOf(Within, Edges, std::min(PiecesOfColumn * Edges.size() / Columns, MostPieces));
+  if (!MissingIndex().empty()) return ScanRows(Pieces, Blocks);
   InSlices(
-      PiecesOf(Within, Edges, std::min(PiecesOfColumn * Edges.size() / Columns, MostPieces)),
+      Pieces,
       [this](auto Slice) { return FStatements->Blocks(Slice); },
       [&](const QSqlQuery& Query) {
         Found.push_back(BlockOf(Query, FFields, FTitle));
@@ -346,6 +358,22 @@ void TZyTableReader::TakeColumns(const TRanges& Ranges, std::span<const double> 
       });
   if (Rows <= FewRows * static_cast<std::int64_t>(Edges.size())) return TakeRows(Within, Blocks);
   Blocks.insert(Blocks.end(), Found.begin(), Found.end());
+}
+
+/// Without an index each range would read the whole table: here one statement reads it once, in any order.
+void TZyTableReader::ScanRows(const TRanges& Pieces, std::vector<TZyTableBlock>& Blocks) {
+  constexpr int Often = 4096;
+  std::vector<TZyTableBlock> Found(Pieces.size());
+  const TZyTableRange Whole[] = {{Pieces.front().Low, Pieces.back().High}};
+  QSqlQuery Query = FConnection.Run(QString::fromStdString(FStatements->Rows(Whole)));
+  for (int i = 0; Query.next(); ++i) {
+    if (i % Often == 0) TestCancelled();
+    const TZyTableBlock Row = RowOf(Query, FFields, FTitle);
+    const auto Behind = std::ranges::upper_bound(Pieces, Row.FirstX, {}, &TZyTableRange::Low);
+    if (Behind != Pieces.begin()) Found[static_cast<std::size_t>(Behind - Pieces.begin()) - 1].Insert(Row);
+  }
+  FConnection.CheckEnd(Query);
+  std::ranges::copy_if(Found, std::back_inserter(Blocks), [](const TZyTableBlock& Each) { return Each.Count > 0; });
 }
 
 /// A statement at a time for so many ranges as take some tenths of a second, since no driver stops one under way.

@@ -58,6 +58,8 @@ class TZyTableReader {
   /// What would make questions to a table of so many rows faster: the index or the summary that is missing, an empty
   /// text for nothing.
   std::string Notice(std::int64_t Rows);
+  /// Throws EDatabaseError when the index is missing.
+  void TestIndex();
   /// Answers a question. Empty when Cancelled said so in between. Throws EDatabaseError.
   std::optional<TZyTableAnswer> Answer(const TZyTableQuestion& Question, const TCancelled& Cancelled);
   /// All rows from first to last, some at a time: Visit gets them as blocks of one row each. False from it ends that.
@@ -73,7 +75,8 @@ class TZyTableReader {
   struct TCancel {};
   using TRanges = std::vector<TZyTableRange>;
 
-  std::string MissingIndex();
+  const std::string& MissingIndex();
+  std::string FindMissingIndex();
   std::optional<TZyTableRange> Ends();
   std::vector<double> WholeEdges(const TZyTableQuestion& Question, const TZyTableRange& Range) const;
   void TakeBlocks(std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
@@ -82,6 +85,7 @@ class TZyTableReader {
                     std::vector<TZyTableBlock>& Blocks);
   void TakeRows(const TRanges& Ranges, std::vector<TZyTableBlock>& Blocks);
   void TakeColumns(const TRanges& Ranges, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
+  void ScanRows(const TRanges& Pieces, std::vector<TZyTableBlock>& Blocks);
   template <class TStatement, class TTake>
   void InSlices(const TRanges& Ranges, const TStatement& Statement, const TTake& Take);
   std::vector<TZyTableBlock> RowsOf(const std::string& Statement);
@@ -93,6 +97,7 @@ class TZyTableReader {
   std::optional<TZyTableStatements> FStatements;  // once the table was tested
   TCancelled FCancelled;
   bool FHasSummary = false;
+  std::optional<std::string> FMissingIndex;  // once it was looked for
 };
 
 }  // namespace zy

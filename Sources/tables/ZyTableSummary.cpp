@@ -218,6 +218,7 @@ double TZyTableSummary::ReadPiece(const TZyTableRange& Piece, std::int64_t& Rows
 }
 
 void TZyTableSummary::Update(const TProgress& Progress, bool Anew) {
+  TZyTableReader(FConnection, FFields, FName, FFields.Table).TestIndex();
   const bool IsThere = Find();
   if (Anew || !IsThere) {
     Drop();

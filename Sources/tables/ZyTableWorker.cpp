@@ -53,7 +53,7 @@ std::vector<TZyTableAnswer> TZyTableWorker::TakeAnswers() {
 
 bool TZyTableWorker::IsBusy() const {
   const std::lock_guard Lock(FMutex);
-  return FIsRunning || FWhole || FRange;
+  return FIsRunning || FWhole || FRange || !FAnswers.empty();
 }
 
 void TZyTableWorker::Wait() {

@@ -39,9 +39,9 @@ class TZyTableWorker {
 
   void Ask(TZyTableQuestion Question);
   std::vector<TZyTableAnswer> TakeAnswers();
-  /// Whether a question waits or is under way.
+  /// Whether a question waits or is under way, or an answer is not taken yet.
   bool IsBusy() const;
-  /// Returns when it is not any more.
+  /// Returns when no question waits or is under way any more.
   void Wait();
 
  private:

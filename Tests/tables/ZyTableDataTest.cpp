@@ -14,7 +14,6 @@
 #include "graph/SampleChart.h"
 #include "platform/data/TDataSource.h"
 #include "platform/sql/TSqlDataSet.h"
-#include "series/ZyCandleSticks.h"
 #include "series/ZyLinearRegression.h"
 #include "texts/Exceptions.h"
 
@@ -32,6 +31,10 @@ struct TBoundChart : TSampleChart {
     }
     Series.Line().SetColor(Colors::DarkBlue);
   }
+  Bitmap Picture(float Ratio) {
+    return PictureOf(Graph->Width(), Graph->Height(), [this](Graphics& Gr) { Graph->PaintGr(Gr); }, Ratio);
+  }
+
   TDataSource Source;
   TZyLineSeries& Series = *AddSeries("Series");
 };
@@ -58,6 +61,7 @@ class ZyTableDataTest : public ::testing::TestWithParam<const char*> {
       Base.ExecSQL("DROP FUNCTION IF EXISTS rows_t_v_summary_drawback() CASCADE");
       Base.ExecSQL("DROP TABLE IF EXISTS rows_t_v_summary");
       Base.ExecSQL("DROP TABLE IF EXISTS rows");
+      Base.ExecSQL("DROP TABLE IF EXISTS other");
     }
     Data.SetConnectionText(Address);
     Data.SetTableName("rows");
@@ -84,12 +88,12 @@ class ZyTableDataTest : public ::testing::TestWithParam<const char*> {
       Base.ExecSQL("INSERT INTO rows VALUES " + Rows);
     }
   }
-  /// The picture of the chart once all answers are there.
-  Bitmap Answered(TBoundChart& Chart) {
+  /// Paints the chart until all answers are there.
+  void Answered(TBoundChart& Chart) {
     do Chart.Paint();
     while (Data.WaitForAnswer());
     EXPECT_EQ(Data.LastError(), "");
-    return Chart.Paint();
+    Chart.Paint();
   }
   /// Compares with a vector of all rows, over ranges from all rows to a few and beyond the end.
   void ExpectSamePictures(const std::string& What) {
@@ -107,8 +111,8 @@ class ZyTableDataTest : public ::testing::TestWithParam<const char*> {
         if (Share < 1) Chart->FixEnds(Chart->X, Start * Length, (Start + Share) * Length);
         Chart->Series.Area().SetVisible(Share == 0.1);
       }
-      const Bitmap Wanted = Held.Paint(), Got = Answered(Asked);
-      EXPECT_EQ(Differing(Got, Wanted), 0);
+      Answered(Asked);
+      for (const float Ratio : {1.0f, 2.0f}) EXPECT_EQ(Differing(Asked.Picture(Ratio), Held.Picture(Ratio)), 0);
       EXPECT_LT(Data.RecordCount(), 25000);
     }
     Data.Close();
@@ -127,6 +131,11 @@ TEST_P(ZyTableDataTest, ThePictureIsThatOfAVectorWithAllRows) {
   Data.MakeSummary();
   Data.Open();
   ExpectSamePictures("from the summary");
+  Base.ExecSQL("CREATE TABLE other AS SELECT t, v FROM rows");
+  Data.SetTableName("other");
+  Data.Open();
+  ExpectSamePictures("from a table without an index");
+  Data.SetTableName("rows");
   Append(60000, 70000);
   Base.ExecSQL("DELETE FROM rows WHERE t > 41000 AND t < 41100");
   Base.ExecSQL("UPDATE rows SET v = 20 WHERE t > 50000 AND t < 50002");
@@ -135,6 +144,138 @@ TEST_P(ZyTableDataTest, ThePictureIsThatOfAVectorWithAllRows) {
   Data.MakeSummary();
   Data.Open();
   ExpectSamePictures("from a summary brought up to date");
+}
+
+/// Records against all rows, counted and summed here.
+TEST_P(ZyTableDataTest, RecordsSumUpStretchesOfRoundWidth) {
+  MakeRows(30000);
+  TSqlDataSet All;
+  All.SetConnectionText(Address);
+  All.SetQuery("SELECT t, v FROM rows WHERE v IS NOT NULL ORDER BY t");
+  All.Open();
+  std::vector<std::pair<double, double>> Rows;
+  All.Walk([&] { Rows.emplace_back(All.FieldByName("t").AsFloat(), All.FieldByName("v").AsFloat()); });
+  Data.SetKind(TZyTableKind::Records);
+  for (const bool HasSummary : {false, true}) {
+    if (HasSummary) Data.MakeSummary();
+    Data.Open();
+    TBoundChart Chart(Data, "high");
+    Data.SetXAxis(Chart.X);
+    Chart.FixEnds(Chart.X, 10000, 20000);
+    Answered(Chart);
+    // 6 of some 650 pixels for 10000 are 92 or so.
+    constexpr double Width = 100;
+    auto Row = Rows.begin();
+    int Compared = 0;
+    Data.Walk([&] {
+      const double X = Data.FieldByName("t").AsFloat(), Start = std::floor(X / Width) * Width;
+      if (X < 9900 || X >= 20100) return;
+      double High = -1e9, Low = 1e9, Sum = 0, Count = 0;
+      while (Row->first < Start) ++Row;
+      const auto First = Row;
+      for (; Row != Rows.end() && Row->first < Start + Width; ++Row, ++Count) {
+        High = std::max(High, Row->second);
+        Low = std::min(Low, Row->second);
+        Sum += Row->second;
+      }
+      const std::pair<const char*, double> Wanted[] = {
+          {"t", First->first}, {"open", First->second}, {"high", High},         {"low", Low},
+          {"sum", Sum},        {"count", Count},        {"mean", Sum / Count}, {"close", (Row - 1)->second}};
+      for (const auto& [Field, Value] : Wanted) EXPECT_NEAR(Data.FieldByName(Field).AsFloat(), Value, 1e-9) << Field << X;
+      ++Compared;
+    });
+    EXPECT_EQ(Compared, 102);
+    Data.SetXAxis(nullptr);
+    Data.Close();
+  }
+}
+
+TEST_P(ZyTableDataTest, TellsOfTheWholeAndRefusesWhatNeedsAllOfIt) {
+  MakeRows(40000);
+  Data.Open();
+  TBoundChart Chart(Data);
+  Data.SetXAxis(Chart.X);
+  auto& Line = *new TZyLinearRegression(&Chart.Form);
+  Line.SetXData(Chart.Series.XData());
+  Line.SetYData(Chart.Series.YData());
+  std::string Refusal;
+  Line.SetOnCalculationError([&](TObject*, const std::exception& Error) { Refusal = Error.what(); });
+  Line.SetXAxis(Chart.X);
+  Line.SetYAxis(Chart.Y);
+  Answered(Chart);
+  double Sum = 0, Low = 1e9, High = -1e9, Before = -1;
+  std::int64_t Count = 0;
+  Data.ForEachBlock([&](std::span<const double> X, std::span<const double> Y) {
+    EXPECT_LT(X.size(), 200000u);
+    for (std::size_t i = 0; i < X.size(); Before = X[i++]) EXPECT_GT(X[i], Before);
+    for (const double Value : Y) Sum += Value, Low = std::min(Low, Value), High = std::max(High, Value);
+    Count += static_cast<std::int64_t>(Y.size());
+    return true;
+  });
+  EXPECT_EQ(Count, 40000 - 40);
+  EXPECT_EQ(Data.Total().Count, Count);
+  EXPECT_NEAR(Data.Total().Sum, Sum, 1e-6);
+  EXPECT_EQ(Data.Total().Min, Low);
+  EXPECT_EQ(Data.Total().Max, High);
+  EXPECT_EQ(Chart.Series.YData()->Minimum(), Low);
+  EXPECT_EQ(Chart.Series.YData()->Maximum(), High);
+  EXPECT_NE(Refusal.find("39960 rows of table \"rows\""), std::string::npos) << Refusal;
+  Base.ExecSQL("DELETE FROM rows WHERE t > 500");
+  Data.Refresh();
+  Answered(Chart);
+  Refusal.clear();
+  Line.RangesModified();
+  Chart.Paint();
+  EXPECT_EQ(Refusal, "") << "few rows are all there";
+  EXPECT_EQ(Line.XData()->Count(), 501);
+}
+
+TEST_P(ZyTableDataTest, AFaultLeavesTheChartAndIsToldByItsName) {
+  MakeRows(20000, "");
+  std::string Notice;
+  int Notices = 0;
+  Data.SetOnNotice([&](TObject*, const std::string& Text) { Notice = Text, ++Notices; });
+  Data.Open();
+  TBoundChart Chart(Data);
+  Data.SetXAxis(Chart.X);
+  Answered(Chart);
+  const std::size_t Mark = Notice.find("CREATE INDEX");
+  ASSERT_NE(Mark, std::string::npos) << Notice;
+  Base.ExecSQL(Notice.substr(Mark));
+  const auto Pan = [&](double Start) {
+    Chart.FixEnds(Chart.X, Start, Start + 5000);
+    Chart.Paint();
+    Data.WaitForAnswer();
+  };
+  Pan(1000);
+  const int Records = Data.RecordCount();
+  Base.ExecSQL("ALTER TABLE rows RENAME COLUMN v TO w");
+  Pan(2000);
+  EXPECT_NE(Data.LastError().find("v"), std::string::npos);
+  EXPECT_NE(Data.LastError().find("refuses"), std::string::npos) << Data.LastError();
+  EXPECT_EQ(dynamic_cast<TZyDoubleVector*>(Chart.Series.YData())->DataLink().Error(), Data.LastError());
+  EXPECT_EQ(Data.RecordCount(), Records);
+  EXPECT_NE(MessageOf<EDatabaseError>([&] { Data.Refresh(); }), "");
+  Base.ExecSQL("ALTER TABLE rows RENAME COLUMN w TO v");
+  Data.Refresh();
+  Answered(Chart);
+  Base.ExecSQL("DELETE FROM rows");
+  Data.Refresh();
+  Answered(Chart);
+  EXPECT_EQ(Data.RecordCount(), 0);
+  EXPECT_EQ(Notices, 1);
+  Data.Close();
+  Base.ExecSQL("DROP TABLE rows");
+  Base.ExecSQL("CREATE TABLE rows (t DOUBLE PRECISION PRIMARY KEY, v TEXT)");
+  Base.ExecSQL("INSERT INTO rows VALUES (1, 'warm'), (2, 'cold')");
+  std::string Error = MessageOf<EDatabaseError>([&] { Data.Open(); });
+  if (Error.empty()) {  // a database whose values have kinds, and not its columns
+    Data.WaitForAnswer();
+    Error = Data.LastError();
+    EXPECT_NE(Error.find("warm"), std::string::npos) << Error;
+  }
+  EXPECT_NE(Error.find("column \"v\" of table \"rows\""), std::string::npos) << Error;
+  EXPECT_NE(Error.find("Signal"), std::string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, ZyTableDataTest, ::testing::Values("Sqlite", "Postgres"),
