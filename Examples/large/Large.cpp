@@ -9,12 +9,14 @@
 #include <sys/resource.h>
 
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <string>
 
+#include "common/Pictures.h"
 #include "graph/ZyGraph2D.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
@@ -22,6 +24,8 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/sql/TSqlDataSet.h"
+#include "series/ZyBars.h"
+#include "series/ZyCandleSticks.h"
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "tables/ZyTableData.h"
@@ -71,7 +75,7 @@ void MakeTable(TSqlDataSet& Base, std::int64_t Rows) {
   }
 }
 
-/// A chart of one line over the table.
+/// A chart of one series over the table.
 class TLargeForm : public TForm {
  public:
   explicit TLargeForm(const std::string& File) {
@@ -93,25 +97,53 @@ class TLargeForm : public TForm {
     FData->SetXAxis(FGraph->PrimaryXAxis());
     FData->SetOnNotice([](TObject*, const std::string& Text) { std::cout << Text << '\n'; });
     FSource->SetDataSet(FData);
-    auto* const Series = new TZyLineSeries(this);
-    for (auto* Vector : {FTimes, FValues}) Vector->SetDataSource(FSource);
-    FTimes->SetDataField("t");
-    FValues->SetDataField("v");
-    Series->SetXData(FTimes);
-    Series->SetYData(FValues);
-    Series->SetXAxis(FGraph->PrimaryXAxis());
-    Series->SetYAxis(FGraph->PrimaryYAxis());
+  }
+
+  /// A line, with what lies below it or without.
+  void ShowLine(bool HasArea) {
+    auto& Line = *new TZyLineSeries(this);
+    Line.Line().SetColor(Colors::SteelBlue);
+    Line.Area().SetVisible(HasArea);
+    Line.SetYData(Column("v"));
+    Join(Line);
+  }
+  /// The mean of each stretch of time as a bar.
+  void ShowBars() {
+    FData->SetKind(TZyTableKind::Records);
+    auto& Bars = *new TZyBars(this);
+    Bars.SetYData(Column("mean"));
+    Join(Bars);
+  }
+  /// The first, highest, lowest and last value of each.
+  void ShowCandles() {
+    FData->SetKind(TZyTableKind::Records);
+    auto& Candles = *new TZyCandleSticks(this);
+    Candles.SetOpenData(Column("open"));
+    Candles.SetHighData(Column("high"));
+    Candles.SetLowData(Column("low"));
+    Candles.SetCloseData(Column("close"));
+    Join(Candles);
   }
 
   TZyGraph2D& Graph() { return *FGraph; }
   TZyTableData& Data() { return *FData; }
 
  private:
+  TZyDoubleVector* Column(const char* Field) {
+    auto* const Result = new TZyDoubleVector(this);
+    Result->SetDataSource(FSource);
+    Result->SetDataField(Field);
+    return Result;
+  }
+  void Join(TZySeries& Series) {
+    Series.SetXData(Column("t"));
+    Series.SetXAxis(FGraph->PrimaryXAxis());
+    Series.SetYAxis(FGraph->PrimaryYAxis());
+  }
+
   TZyGraph2D* FGraph = new TZyGraph2D(this);
   TZyTableData* FData = new TZyTableData(this);
   TDataSource* FSource = new TDataSource(this);
-  TZyDoubleVector* FTimes = new TZyDoubleVector(this);
-  TZyDoubleVector* FValues = new TZyDoubleVector(this);
 };
 
 void Draw(TLargeForm& Form, Bitmap& Picture) {
@@ -131,7 +163,7 @@ void DrawRange(TLargeForm& Form, const std::filesystem::path& File, const char* 
   Picture.Save(File);
 }
 
-void DrawAll(TLargeForm& Form, const std::filesystem::path& Folder) {
+void DrawZooms(TLargeForm& Form, const std::filesystem::path& Folder) {
   const auto Start = TClock::now();
   Form.Data().Open();
   Form.Data().WaitForAnswer();
@@ -150,6 +182,27 @@ void DrawAll(TLargeForm& Form, const std::filesystem::path& Folder) {
   rusage Usage;
   getrusage(RUSAGE_SELF, &Usage);
   std::printf("Largest memory: %ld MB\n", Usage.ru_maxrss / 1024);
+}
+
+/// The other kinds of series, over a hundredth of the table.
+void DrawKinds(const std::string& File, const std::filesystem::path& Folder) {
+  const std::pair<const char*, void (*)(TLargeForm&)> Kinds[] = {
+      {"area", [](TLargeForm& Form) { Form.ShowLine(true); }},
+      {"bars", [](TLargeForm& Form) { Form.ShowBars(); }},
+      {"candles", [](TLargeForm& Form) { Form.ShowCandles(); }}};
+  for (const auto& [Name, Show] : Kinds) {
+    TLargeForm Form(File);
+    Show(Form);
+    Form.Data().Open();
+    Form.Data().WaitForAnswer();
+    Bitmap Picture(Form.Width(), Form.Height());
+    Draw(Form, Picture);
+    const double First = Form.Data().Total().FirstX, Length = Form.Data().Total().LastX - First;
+    Form.Graph().PrimaryXAxis()->ZoomIn(First + 0.6 * Length, First + 0.61 * Length);
+    do Draw(Form, Picture);
+    while (Form.Data().WaitForAnswer());
+    examples::SavePictures(Folder / Name, Form.Width(), Form.Height(), [&](Graphics& Gr) { Form.Graph().PaintGr(Gr); });
+  }
 }
 
 /// The table and its summary, made where they are missing.
@@ -193,8 +246,11 @@ int main(int ArgCount, char** Args) {
     const std::string File = (Folder / "signal.db").string();
     Prepare(File, Rows);
     TLargeForm Form(File);
+    Form.ShowLine(false);
     if (!Shows || !Program.HasDisplay()) {
-      DrawAll(Form, Folder);
+      DrawZooms(Form, Folder);
+      DrawKinds(File, Folder);
+      std::cout << "Wrote " << (Folder / "all.png").string() << '\n';
       return 0;
     }
     Form.Data().Open();

@@ -139,12 +139,14 @@ TFieldValue TZyTableData::GetValue(int Row, int Field) const {
   const double Values[] = {Record.FirstX, Record.First, Record.Max, Record.Min,
                            Record.Last,   Record.Sum / Count, Record.Sum, Count};
   TFieldValue Result;
+  if (Record.Count == 0 && Field > 0) return Result;
   Result.Type = TFieldType::Float;
   Result.Real = Values[Field];
   return Result;
 }
 
-/// The range that was asked for last, between what is known of the whole table beside it.
+/// The range that was asked for last, between what is known of the whole table beside it. Behind the last of Records
+/// stands one with nothing but X, where it ends: bars need an end more than they have values.
 void TZyTableData::Merge() {
   std::vector<TZyTableBlock> Records;
   Records.reserve(FWhole.Records.size() + FRange.Records.size() + 2);
@@ -161,11 +163,17 @@ void TZyTableData::Merge() {
       if (Each.FirstX >= FRange.High) Add(Each);
     });
   }
+  if (FKind == TZyTableKind::Records && !Records.empty()) {
+    const double Last = Records.back().FirstX;
+    TZyTableBlock End;
+    End.FirstX = HasRange && Last >= FRange.Low && Last < FRange.High ? FRange.Close : FWhole.Close;
+    Add(End);
+  }
   FRecords = std::move(Records);
 }
 
 bool TZyTableData::IsExcerpt() const {
-  return static_cast<std::int64_t>(FRecords.size()) < FWhole.Total.Count;
+  return std::ranges::count(FRecords, 1, &TZyTableBlock::Count) < FWhole.Total.Count;
 }
 
 // --- Questions and answers ------------------------------------------------------------------------------------------

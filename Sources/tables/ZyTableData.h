@@ -39,7 +39,7 @@ inline std::string_view TypeName<TZyNoticeEvent>() {
 /// (and some more, or all where they are few), the rows next to the axis at both sides, and a coarser excerpt of all that
 /// lies beyond, so that ranges of axes, zooming out and panning know the whole table. The picture is that of a vector
 /// with all rows. Of Records, for bars and candles, there is one for each stretch of RecordWidth pixels, with the fields
-/// `open`, `high`, `low`, `close`, `mean`, `sum`, `count` beside X.
+/// `open`, `high`, `low`, `close`, `mean`, `sum`, `count` beside X, and behind the last one its end alone.
 ///
 /// The table is asked whenever a layout gave the axis other ends or another length, on a thread of its own. Until it has
 /// answered, the chart shows the records that are there. Rows with nulls are left out. An answer that fails leaves the

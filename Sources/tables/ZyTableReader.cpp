@@ -257,6 +257,7 @@ std::optional<TZyTableAnswer> TZyTableReader::Answer(const TZyTableQuestion& Que
       AppendPoints(Column, Edges.size() / Columns.size(), Points);
     }
   }
+  if (!Columns.empty()) Result.Close = Edges[ColumnAt(Edges, Columns.back().Whole.FirstX) + 1];
   for (const auto& [X, Y] : Points) Result.Records.push_back({X, Y, X, Y, X, Y, X, Y, 1, Y});
   if (!Result.IsWhole) {
     Result.Before = RowsOf(FStatements->RowBefore(Result.Low));

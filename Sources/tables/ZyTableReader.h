@@ -35,6 +35,7 @@ struct TZyTableAnswer {
   unsigned Number = 0;
   bool IsWhole = false;
   double Low = 0, High = 0;  // the range that was asked for
+  double Close = 0;          // where the last of the records ends
   std::vector<TZyTableBlock> Records;
   TZyTableBlock Total;                          // of the range
   std::vector<TZyTableBlock> Before, Behind;    // the rows next to it, if any

@@ -1,5 +1,7 @@
 #include "tables/ZyTableWorker.h"
 
+#include <cmath>
+
 #include "platform/sql/SqlConnection.h"
 
 namespace zy {
@@ -8,6 +10,14 @@ namespace {
 /// Whether a text names a database in memory, which belongs to one connection.
 bool IsInMemory(const std::string& Connection) {
   return Connection.empty() || Connection == ":memory:" || Connection == "sqlite:" || Connection == "sqlite::memory:";
+}
+
+/// Whether a range is another one of the same length, of which at least half is the same.
+bool IsPanned(const TZyTableQuestion& Old, const TZyTableQuestion& New) {
+  constexpr double Alike = 0.01, Half = 0.5;
+  const double Length = Old.Edges.back() - Old.Edges.front(), NewLength = New.Edges.back() - New.Edges.front();
+  return std::fabs(NewLength - Length) <= Alike * Length &&
+         std::fabs(New.Edges.front() - Old.Edges.front()) <= Half * Length;
 }
 
 }  // namespace
@@ -36,8 +46,9 @@ void TZyTableWorker::Ask(TZyTableQuestion Question) {
   const bool IsWhole = Question.Edges.empty();
   {
     const std::lock_guard Lock(FMutex);
+    const bool IsRival = FIsRunning && FRunning.Edges.empty() == IsWhole;
+    if (IsRival && (IsWhole || !IsPanned(FRunning, Question))) FIsOutdated = true;
     PlaceOf(IsWhole) = std::move(Question);
-    if (FIsRunning && FWholeIsRunning == IsWhole) FIsOutdated = true;
   }
   if (FThread.joinable()) {
     FChanged.notify_all();
@@ -88,12 +99,11 @@ void TZyTableWorker::Execute() {
 /// Answers one of the questions that wait, the one for the whole table first. Whether there was one.
 bool TZyTableWorker::Step(std::unique_lock<std::mutex>& Lock) {
   if (!FWhole && !FRange) return false;
-  FWholeIsRunning = FWhole.has_value();
-  const TZyTableQuestion Question = *std::exchange(PlaceOf(FWholeIsRunning), {});
+  FRunning = *std::exchange(PlaceOf(FWhole.has_value()), {});
   FIsRunning = true;
   FIsOutdated = false;
   Lock.unlock();
-  std::optional<TZyTableAnswer> Given = Answer(Question);
+  std::optional<TZyTableAnswer> Given = Answer(FRunning);  // nobody writes it while it runs
   Lock.lock();
   FIsRunning = false;
   const bool IsWanted = Given.has_value() && !FIsOutdated;

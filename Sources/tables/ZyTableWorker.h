@@ -57,10 +57,10 @@ class TZyTableWorker {
   mutable std::mutex FMutex;
   std::condition_variable FChanged;
   std::optional<TZyTableQuestion> FWhole, FRange;  // those that wait
+  TZyTableQuestion FRunning;                       // the one under way
   bool FIsRunning = false, FStops = false;
   std::vector<TZyTableAnswer> FAnswers;
-  std::atomic<bool> FIsOutdated = false;  // the one under way
-  bool FWholeIsRunning = false;
+  std::atomic<bool> FIsOutdated = false;  // the one under way is
 
   // Of the thread that asks.
   std::shared_ptr<TSqlConnection> FConnection;

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <random>
 
+#include "controls/ControlSamples.h"
 #include "framework/Bytes.h"
 #include "framework/Errors.h"
 #include "graph/SampleChart.h"
@@ -167,8 +168,10 @@ TEST_P(ZyTableDataTest, RecordsSumUpStretchesOfRoundWidth) {
     constexpr double Width = 100;
     auto Row = Rows.begin();
     int Compared = 0;
+    double End = 0;  // of the last record
     Data.Walk([&] {
       const double X = Data.FieldByName("t").AsFloat(), Start = std::floor(X / Width) * Width;
+      if (Data.FieldByName("open").IsNull()) End = X;
       if (X < 9900 || X >= 20100) return;
       double High = -1e9, Low = 1e9, Sum = 0, Count = 0;
       while (Row->first < Start) ++Row;
@@ -185,6 +188,7 @@ TEST_P(ZyTableDataTest, RecordsSumUpStretchesOfRoundWidth) {
       ++Compared;
     });
     EXPECT_EQ(Compared, 102);
+    EXPECT_GE(End, Rows.back().first);
     Data.SetXAxis(nullptr);
     Data.Close();
   }
@@ -276,6 +280,63 @@ TEST_P(ZyTableDataTest, AFaultLeavesTheChartAndIsToldByItsName) {
   }
   EXPECT_NE(Error.find("column \"v\" of table \"rows\""), std::string::npos) << Error;
   EXPECT_NE(Error.find("Signal"), std::string::npos);
+}
+
+TEST_P(ZyTableDataTest, ShowsWhatItHasUntilTheNewestQuestionIsAnswered) {
+  MakeRows(20000);
+  std::string Events;
+  Data.SetOnAsked([&](TObject*) { Events += "asked "; });
+  Data.SetOnAnswered([&](TObject*) { Events += "answered "; });
+  Data.Open();
+  TBoundChart Chart(Data);
+  Data.SetXAxis(Chart.X);
+  Answered(Chart);
+  Events.clear();
+  for (int i = 0; i < 50; ++i) {
+    Chart.FixEnds(Chart.X, 100 * i, 100 * i + 1000);
+    Chart.Paint();
+    EXPECT_GT(Chart.Series.Points().size(), 3u) << "of the whole table";
+    EXPECT_TRUE(Data.IsWaiting());
+  }
+  EXPECT_EQ(Events, "asked ");
+  // No answer but the last one is left, whatever was on its way.
+  while (Data.IsWaiting()) HandleEvents();
+  EXPECT_EQ(Events, "asked answered ");
+  int Rows = 0;
+  Data.Walk([&] { Rows += std::fabs(Data.FieldByName("t").AsFloat() - 5400) <= 500; });
+  EXPECT_EQ(Rows, 1000 - 1);
+  EXPECT_EQ(Chart.Graph->Cursor(), crDefault);
+}
+
+TEST_P(ZyTableDataTest, AConnectionThatIsLostOrLockedIsTriedAgain) {
+  MakeRows(5000);
+  Data.Open();
+  TBoundChart Chart(Data);
+  Data.SetXAxis(Chart.X);
+  Answered(Chart);
+  const int Records = Data.RecordCount();
+  const bool IsServer = std::string(GetParam()) == "Postgres";
+  const auto Server = [](const char* Command) {
+    ASSERT_EQ(std::system((std::getenv("ZYPHOS_POSTGRES_CTL") + std::string(Command)).c_str()), 0);
+  };
+  if (IsServer) {
+    Server(" stop -m immediate");
+  } else {
+    Base.ExecSQL("BEGIN EXCLUSIVE");
+  }
+  Chart.FixEnds(Chart.X, 1000, 1100);
+  Chart.Paint();
+  Data.WaitForAnswer();
+  EXPECT_NE(Data.LastError().find(IsServer ? "was lost" : "locked"), std::string::npos) << Data.LastError();
+  EXPECT_EQ(Data.RecordCount(), Records);
+  if (IsServer) {
+    Server(" start");
+  } else {
+    Base.ExecSQL("COMMIT");
+  }
+  Chart.FixEnds(Chart.X, 1000, 1200);  // the next zoom asks again
+  Answered(Chart);
+  EXPECT_EQ(Data.LastError(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, ZyTableDataTest, ::testing::Values("Sqlite", "Postgres"),
