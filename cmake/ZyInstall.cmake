@@ -1,4 +1,4 @@
-# Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs and Zyphos::Sql, pkg-config files, headers under include/zyphos.
+# Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs, Zyphos::Sql and Zyphos::Tables, pkg-config files, headers under include/zyphos.
 
 include(CMakePackageConfigHelpers)
 
@@ -6,8 +6,8 @@ get_property(ZyLibraries GLOBAL PROPERTY ZY_LIBRARIES)
 install(TARGETS ${ZyLibraries} EXPORT ZyphosTargets)
 install(EXPORT ZyphosTargets NAMESPACE Zyphos:: DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
 
-# The public headers are Charts.h, Dialogs.h and Sql.h and all that they include; backends, kernels and parts stay at home.
-set(ZyHeaders Charts.h Dialogs.h Sql.h)
+# The public headers are Charts.h, Dialogs.h, Sql.h and Tables.h and all that they include; backends, kernels and parts stay at home.
+set(ZyHeaders Charts.h Dialogs.h Sql.h Tables.h)
 set(ZyToRead ${ZyHeaders})
 while(ZyToRead)
   list(POP_FRONT ZyToRead Header)
@@ -37,7 +37,7 @@ file(RELATIVE_PATH ZyPkgConfigPrefix "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "$
 string(PREPEND ZyPkgConfigPrefix "\${pcfiledir}/")
 set(ZyPkgConfigLibraries "")
 foreach(Library ${ZyLibraries})
-  if(NOT Library MATCHES "^zy_(sql|pick_controls|settings_frames|settings_forms)$")
+  if(NOT Library MATCHES "^zy_(sql|tables|pick_controls|settings_frames|settings_forms)$")
     get_target_property(Options ${Library} ZY_CLASS_OPTIONS)
     list(JOIN Options " " Options)
     string(PREPEND ZyPkgConfigLibraries "${Options} -l${Library} ")
@@ -45,13 +45,15 @@ foreach(Library ${ZyLibraries})
 endforeach()
 get_target_property(ZyPkgConfigSqlOptions zy_sql ZY_CLASS_OPTIONS)
 list(JOIN ZyPkgConfigSqlOptions " " ZyPkgConfigSqlOptions)
+get_target_property(ZyPkgConfigTablesOptions zy_tables ZY_CLASS_OPTIONS)
+list(JOIN ZyPkgConfigTablesOptions " " ZyPkgConfigTablesOptions)
 set(ZyPkgConfigDialogsLibraries "")
 foreach(Library zy_pick_controls zy_settings_frames zy_settings_forms)
   get_target_property(Options ${Library} ZY_CLASS_OPTIONS)
   list(JOIN Options " " Options)
   string(PREPEND ZyPkgConfigDialogsLibraries "${Options} -l${Library} ")
 endforeach()
-foreach(File zyphos.pc zyphos-dialogs.pc zyphos-sql.pc)
+foreach(File zyphos.pc zyphos-dialogs.pc zyphos-sql.pc zyphos-tables.pc)
   configure_file("cmake/${File}.in" "${PROJECT_BINARY_DIR}/${File}" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/${File}" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 endforeach()
