@@ -1,5 +1,5 @@
-# Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs, Zyphos::Models, Zyphos::PickWidgets, Zyphos::Sql and
-# Zyphos::Widgets, pkg-config files, headers under include/zyphos. The part "runtime" is what programs run with, "development"
+# Install rules: find_package(Zyphos) with Zyphos::Charts, Zyphos::Dialogs, Zyphos::Models, Zyphos::PickWidgets, Zyphos::Sql,
+# Zyphos::Tables and Zyphos::Widgets, pkg-config files, headers under include/zyphos. The part "runtime" is what programs run with, "development"
 # what they are built with.
 
 include(CMakePackageConfigHelpers)
@@ -63,7 +63,7 @@ if(NOT BUILD_SHARED_LIBS)
   set(ZyPkgConfigSqlRequired " Qt6Sql")
   string(APPEND ZyPkgConfigLibraries_zy_sql "-lzy_data -lzy_framework -lzy_texts")
 endif()
-foreach(File zyphos.pc zyphos-dialogs.pc zyphos-models.pc zyphos-pick-widgets.pc zyphos-sql.pc zyphos-widgets.pc)
+foreach(File zyphos.pc zyphos-dialogs.pc zyphos-models.pc zyphos-pick-widgets.pc zyphos-sql.pc zyphos-tables.pc zyphos-widgets.pc)
   configure_file("cmake/${File}.in" "${PROJECT_BINARY_DIR}/${File}" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/${File}" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
 endforeach()

@@ -5,7 +5,7 @@ cmake_policy(VERSION 3.25)
 
 # zy_public_headers(Sources Out): their paths, relative to the folder Sources.
 function(zy_public_headers Sources Out)
-  set(Headers Charts.h Dialogs.h Models.h PickWidgets.h Sql.h Widgets.h)
+  set(Headers Charts.h Dialogs.h Models.h PickWidgets.h Sql.h Tables.h Widgets.h)
   set(ToRead ${Headers})
   while(ToRead)
     list(POP_FRONT ToRead Header)

@@ -15,6 +15,7 @@ build/release/Examples/measure
 QT_QPA_PLATFORM=offscreen build/release/Examples/undo_buttons  # an open list would keep the user's mouse
 build/release/Examples/studio
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then build/release/Examples/gallery; fi
+QT_QPA_PLATFORM=offscreen build/release/Examples/large --rows 1e6  # the hundred million rows of a run without it take minutes
 build/release/Examples/live
 build/release/Examples/first_chart
 QT_QPA_PLATFORM=offscreen build/release/Examples/gallery  # its files, whatever display there is

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 
+#include "axes/ZyAxisWatcher.h"
 #include "graph/parts/ZyAxisGraph.h"
 #include "graph/parts/ZyGraphParts.h"
 #include "platform/controls/TScrollBar.h"
@@ -78,6 +79,7 @@ void TZyAxisLayout::TellListeners(TWinControl& Parent) {
   ForEach([](TControl* Control) {
     if (auto* const Marker = dynamic_cast<IZyGraphMarker*>(Control)) Marker->UpdatePosition();
   });
+  TZyAxisWatcher::Tell(Parent);
 }
 
 // --- Ends -----------------------------------------------------------------------------------------------------------

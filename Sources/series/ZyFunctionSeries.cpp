@@ -8,15 +8,33 @@
 #include "analysis/ZyParseFktLists.h"
 #include "graph/parts/ZySeriesGraph.h"
 #include "persistence/ZyArchive.h"
+#include "platform/data/DataExcerpt.h"
+#include "platform/data/TDataSet.h"
 #include "platform/drawing/ClipGuard.h"
 #include "platform/framework/TPropInfo.h"
 #include "series/ZyPointLook.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "texts/Exceptions.h"
+#include "texts/ZyTableTexts.h"
 #include "undo/ZyChange.h"
 #include "undo/ZyUndoGroup.h"
 
 namespace zy {
+namespace {
+
+/// What leaves out rows is good for a picture, and for no curve.
+void TestIsWhole(const TZyFunctionSeries& Series) {
+  for (const TZyCustomDoubleVector* Each : Series.Vectors()) {
+    const auto* const Vector = dynamic_cast<const TZyDoubleVector*>(Each);
+    if (Vector == nullptr || Vector->DataSource() == nullptr) continue;
+    const auto* const Excerpt = dynamic_cast<const IDataExcerpt*>(Vector->DataSource()->DataSet());
+    if (Excerpt != nullptr && Excerpt->IsExcerpt())
+      throw EMathError(
+          Format(LoadResString(_sTableExcerpt), {Series.ToString(), Excerpt->RowCount(), Excerpt->RowSource()}));
+  }
+}
+
+}  // namespace
 
 // The display range is published by the kinds whose curve reaches beyond its data.
 ZY_PUBLISHED(
@@ -90,6 +108,7 @@ void TZyFunctionSeries::Calculate() {
   try {
     const TCalculating Calculating{Alive, FIsCalculating = true};
     FHasCurve = false;
+    TestIsWhole(*this);
     CalculateFunction();
     UpdateVariablesObjects(*ObjectsToUpdate());
     if (FYAxis != nullptr) FYAxis->RangeModified();

@@ -10,7 +10,7 @@
 
 #include "texts/Exceptions.h"
 #include "texts/Utf8.h"
-#include "texts/ZyQtTexts.h"
+#include "texts/ZyTableTexts.h"
 
 namespace zy {
 namespace {
@@ -29,6 +29,8 @@ constexpr std::array<TRow, AllTextCount> Rows{{
 #include "texts/ZySettingsTextRows.inl"
 
 #include "texts/ZyQtTextRows.inl"
+
+#include "texts/ZyTableTextRows.inl"
 #undef ZY_TEXT
 }};
 

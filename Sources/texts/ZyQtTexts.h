@@ -13,7 +13,7 @@ enum TQtText : std::uint16_t {
 #define ZY_TEXT(Symbol, Text) Place##Symbol,
 #include "texts/ZyQtTextRows.inl"
 #undef ZY_TEXT
-  EndOfTexts
+  EndOfQtTexts
 };
 
 }  // namespace detail
@@ -21,8 +21,5 @@ enum TQtText : std::uint16_t {
 #define ZY_TEXT(Symbol, Text) inline constexpr TZyText Symbol = static_cast<TZyText>(detail::Place##Symbol);
 #include "texts/ZyQtTextRows.inl"
 #undef ZY_TEXT
-
-/// Number of all rows.
-inline constexpr std::size_t AllTextCount = detail::EndOfTexts;
 
 }  // namespace zy

@@ -1,5 +1,5 @@
 #include "texts/ZyLocalize.h"
-#include "texts/ZyQtTexts.h"
+#include "texts/ZyTableTexts.h"
 
 #include <gtest/gtest.h>
 

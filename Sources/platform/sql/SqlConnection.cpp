@@ -7,6 +7,7 @@
 #include <QSqlIndex>
 #include <QUrl>
 #include <QUrlQuery>
+#include <atomic>
 #include <map>
 
 #include "texts/Exceptions.h"
@@ -44,8 +45,12 @@ std::shared_ptr<TSqlConnection> TSqlConnection::Share(const std::string& Text) {
   return Result;
 }
 
+std::unique_ptr<TSqlConnection> TSqlConnection::Own(const std::string& Text) {
+  return std::unique_ptr<TSqlConnection>(new TSqlConnection(Text));
+}
+
 TSqlConnection::TSqlConnection(const std::string& Text) {
-  static int Count = 0;
+  static std::atomic<int> Count = 0;
   FName = QStringLiteral("zyphos %1").arg(++Count);
   const std::size_t Mark = Text.find(':');
   const std::string Scheme = Mark == std::string::npos ? std::string() : Text.substr(0, Mark);

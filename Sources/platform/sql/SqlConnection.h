@@ -11,11 +11,13 @@
 namespace zy {
 
 /// A connection that all data sets with the same connection text share. It is made when the first statement runs, and
-/// again after it was lost; it closes with the last data set that uses it.
+/// again after it was lost; it closes with the last data set that uses it. Each belongs to the thread that made it.
 class TSqlConnection {
  public:
   /// The connection of this text (see TSqlDataSet). Throws EDatabaseError for a text that is no address.
   static std::shared_ptr<TSqlConnection> Share(const std::string& Text);
+  /// A connection of the caller's own, for the thread that calls. A database in memory is another one for each.
+  static std::unique_ptr<TSqlConnection> Own(const std::string& Text);
 
   TSqlConnection(const TSqlConnection&) = delete;
   TSqlConnection& operator=(const TSqlConnection&) = delete;
@@ -33,6 +35,9 @@ class TSqlConnection {
   QString QuotedField(const QString& Name);
   /// Names of the fields of the primary key of a table in quotes; none when it has no such key or is a view.
   QStringList PrimaryKey(const QString& Table);
+  /// Whether it is an embedded database, and whether one in memory, which no other connection sees.
+  bool IsEmbedded() const { return FServer.isEmpty(); }
+  bool IsInMemory() const { return FServer.isEmpty() && FFile.isEmpty(); }
   /// Where the database lies, without user and password, for messages.
   const std::string& Place() const { return FPlace; }
 

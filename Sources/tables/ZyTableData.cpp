@@ -1,0 +1,327 @@
+#include "tables/ZyTableData.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "axes/ZyAxis.h"
+#include "platform/controls/TTimer.h"
+#include "platform/controls/TWinControl.h"
+#include "platform/framework/ScopedFlag.h"
+#include "platform/framework/TPropInfo.h"
+#include "platform/sql/SqlConnection.h"
+#include "tables/ZyTableSummary.h"
+#include "tables/ZyTableWorker.h"
+#include "texts/Exceptions.h"
+#include "texts/ZyTableTexts.h"
+
+namespace zy {
+namespace {
+
+/// Milliseconds of waiting that need no hour glass.
+constexpr int Moment = 200;
+
+constexpr const char* RecordFields[] = {"open", "high", "low", "close", "mean", "sum", "count"};
+
+}  // namespace
+
+ZY_PUBLISHED(TZyTableData, TDataSet, Published<&Self::ConnectionText, &Self::SetConnectionText>("ConnectionText", ""),
+             Published<&Self::TableName, &Self::SetTableName>("TableName", ""),
+             Published<&Self::XField, &Self::SetXField>("XField", ""),
+             Published<&Self::YField, &Self::SetYField>("YField", ""),
+             Published<&Self::OpenField, &Self::SetOpenField>("OpenField", ""),
+             Published<&Self::HighField, &Self::SetHighField>("HighField", ""),
+             Published<&Self::LowField, &Self::SetLowField>("LowField", ""),
+             Published<&Self::CloseField, &Self::SetCloseField>("CloseField", ""),
+             Published<&Self::Kind, &Self::SetKind>("Kind", TZyTableKind::Points),
+             Published<&Self::RecordWidth, &Self::SetRecordWidth>("RecordWidth", 6.0f),
+             Published<&Self::SummaryTable, &Self::SetSummaryTable>("SummaryTable", ""),
+             Published<&Self::XAxis, &Self::SetXAxis>("XAxis"), Published<&Self::OnAsked>("OnAsked"),
+             Published<&Self::OnAnswered>("OnAnswered"), Published<&Self::OnNotice>("OnNotice"),
+             Published<&Self::Active, &Self::SetActive>("Active", false))
+
+TZyTableData::TZyTableData(TComponent* Owner) : TDataSet(Owner), FCursorTimer(std::make_unique<TTimer>()) {
+  FCursorTimer->SetEnabled(false);
+  FCursorTimer->SetInterval(Moment);
+  FCursorTimer->SetOnTimer([this](TObject*) { ShowCursor(true); });
+}
+
+TZyTableData::~TZyTableData() {
+  Destroying();
+  FWorker.reset();
+  ShowCursor(false);
+}
+
+// --- Properties -----------------------------------------------------------------------------------------------------
+
+void TZyTableData::SetSource(std::string& Field, const std::string& Value) {
+  if (Value == Field) return;
+  if (Active()) Close();
+  Field = Value;
+}
+
+void TZyTableData::SetKind(TZyTableKind Value) {
+  if (Value == FKind) return;
+  if (Active()) Close();
+  FKind = Value;
+}
+
+void TZyTableData::SetRecordWidth(float Value) {
+  Value = Value >= 1 ? Value : 1;
+  if (Value == FRecordWidth) return;
+  if (Active()) Close();
+  FRecordWidth = Value;
+}
+
+void TZyTableData::SetXAxis(TZyAxis* Value) {
+  if (Value == FXAxis) return;
+  FXAxis = Value;
+  FWatcher.reset();
+  if (Value == nullptr) return;
+  FWatcher = std::make_unique<TZyAxisWatcher>([this](const TWinControl& Parent) { Follow(Parent); });
+  if (Active() && Value->Parent() != nullptr) Follow(*Value->Parent());
+}
+
+TZyTableFields TZyTableData::Fields() const {
+  TZyTableFields Result = FFields;
+  for (std::string* Field : {&Result.First, &Result.Max, &Result.Min, &Result.Last})
+    if (Field->empty() || FKind == TZyTableKind::Points) *Field = FYField;
+  return Result;
+}
+
+std::string TZyTableData::Summary() const {
+  return FSummaryTable.empty() ? TZyTableSummary::NameFor(Fields()) : FSummaryTable;
+}
+
+// --- Reading --------------------------------------------------------------------------------------------------------
+
+/// What an answer brought, or the beginning: the table is tested at once, and then asked.
+std::vector<TFieldDef> TZyTableData::ReadRecords() {
+  if (FIsTaking) {
+    if (!FFailure.empty()) throw EDatabaseError(FFailure);
+    Merge();
+  } else {
+    Start();
+  }
+  std::vector<TFieldDef> Result{{FFields.X, TFieldType::Float}};
+  if (FKind == TZyTableKind::Points) {
+    Result.push_back({FYField, TFieldType::Float});
+  } else {
+    for (const char* Name : RecordFields) Result.push_back({Name, TFieldType::Float});
+  }
+  return Result;
+}
+
+void TZyTableData::Start() {
+  const TZyTableFields Names = Fields();
+  for (const std::string* Each : {&Names.Table, &Names.X, &Names.First, &Names.Max, &Names.Min, &Names.Last})
+    if (Each->empty()) throw EDatabaseError(Format(LoadResString(_sTableUnset), {Title()}));
+  const std::shared_ptr<TSqlConnection> Connection = TSqlConnection::Share(FConnectionText);
+  TZyTableReader(*Connection, Names, Summary(), Title()).Test();
+  if (FWorker == nullptr)
+    FWorker = std::make_unique<TZyTableWorker>(TZyTableSource{FConnectionText, Names, Summary(), Title()},
+                                               [this] { TakeAnswers(); });
+  FAsked.clear();
+  Ask({});
+}
+
+void TZyTableData::DropRecords() {
+  FWorker.reset();
+  FRecords.clear();
+  FWhole = FNewWhole = FRange = {};
+  FAsked.clear();
+  SetWaiting(false);
+}
+
+TFieldValue TZyTableData::GetValue(int Row, int Field) const {
+  const TZyTableBlock& Record = FRecords[static_cast<std::size_t>(Row)];
+  const auto Count = static_cast<double>(Record.Count);
+  const double Values[] = {Record.FirstX, Record.First, Record.Max, Record.Min,
+                           Record.Last,   Record.Sum / Count, Record.Sum, Count};
+  TFieldValue Result;
+  if (Record.Count == 0 && Field > 0) return Result;
+  Result.Type = TFieldType::Float;
+  Result.Real = Values[Field];
+  return Result;
+}
+
+/// The range that was asked for last, between what is known of the whole table beside it. Behind the last of Records
+/// stands one with nothing but X, where it ends: bars need an end more than they have values.
+void TZyTableData::Merge() {
+  std::vector<TZyTableBlock> Records;
+  Records.reserve(FWhole.Records.size() + FRange.Records.size() + 2);
+  const auto Add = [&Records](const TZyTableBlock& Each) {
+    if (Records.empty() || Records.back().FirstX < Each.FirstX) Records.push_back(Each);
+  };
+  const bool HasRange = FRange.Low < FRange.High;
+  const auto Beside = std::ranges::partition_point(
+      FWhole.Records, [&](const TZyTableBlock& Each) { return !HasRange || Each.FirstX < FRange.Low; });
+  std::for_each(FWhole.Records.begin(), Beside, Add);
+  if (HasRange) {
+    for (const auto* Part : {&FRange.Before, &FRange.Records, &FRange.Behind}) std::ranges::for_each(*Part, Add);
+    std::for_each(Beside, FWhole.Records.end(), [&](const TZyTableBlock& Each) {
+      if (Each.FirstX >= FRange.High) Add(Each);
+    });
+  }
+  if (FKind == TZyTableKind::Records && !Records.empty()) {
+    const double Last = Records.back().FirstX;
+    TZyTableBlock End;
+    End.FirstX = HasRange && Last >= FRange.Low && Last < FRange.High ? FRange.Close : FWhole.Close;
+    Add(End);
+  }
+  FRecords = std::move(Records);
+}
+
+bool TZyTableData::IsExcerpt() const {
+  return std::ranges::count(FRecords, 1, &TZyTableBlock::Count) < FWhole.Total.Count;
+}
+
+// --- Questions and answers ------------------------------------------------------------------------------------------
+
+/// After a layout: asks when the columns are others. Only notes and asks, since the layout is not quite over.
+void TZyTableData::Follow(const TWinControl& Parent) {
+  if (FXAxis == nullptr || FXAxis->Parent() != &Parent || FWorker == nullptr || FWhole.Number == 0) return;
+  AskRange();
+}
+
+void TZyTableData::AskRange() {
+  if (FXAxis == nullptr || FXAxis->Parent() == nullptr || FXAxis->NeedsRecalculate()) return;
+  std::vector<double> Edges = PixelEdges();
+  if (Edges.size() < 2 || Edges == FAsked) return;
+  FAsked = Edges;
+  Ask(std::move(Edges));
+}
+
+/// The ends of the axis, and between them where a series divides columns of pixels.
+std::vector<double> TZyTableData::PixelEdges() const {
+  constexpr float MostPixels = 20000;
+  const double Low = std::min(FXAxis->Start(), FXAxis->Stop()), High = std::max(FXAxis->Start(), FXAxis->Stop());
+  const float First = FXAxis->NumberToWorld(Low), Last = FXAxis->NumberToWorld(High);
+  if (!(std::fabs(Last - First) >= 1) || std::fabs(Last - First) > MostPixels) return {};
+  std::vector<double> Result{Low, std::nextafter(High, std::numeric_limits<double>::infinity())};
+  const auto From = static_cast<int>(std::floor(std::min(First, Last))) - 1;
+  const auto To = static_cast<int>(std::ceil(std::max(First, Last)));
+  for (int Pixel = From; Pixel <= To; ++Pixel) {
+    const double Edge = FXAxis->WorldToNumber(static_cast<float>(Pixel) + 0.5f);
+    if (Edge > Low && Edge <= High) Result.push_back(Edge);
+  }
+  std::ranges::sort(Result);
+  const auto Repeated = std::ranges::unique(Result);
+  Result.erase(Repeated.begin(), Repeated.end());
+  return Result;
+}
+
+void TZyTableData::Ask(std::vector<double> Edges) {
+  TZyTableQuestion Question;
+  Question.Number = ++FQuestions;
+  Question.Kind = FKind;
+  if (Edges.size() > 1)
+    Question.Width =
+        static_cast<double>(FRecordWidth) * (Edges.back() - Edges.front()) / static_cast<double>(Edges.size() - 1);
+  Question.Edges = std::move(Edges);
+  FWorker->Ask(std::move(Question));
+  SetWaiting(true);
+}
+
+bool TZyTableData::WaitForAnswer() {
+  if (!FIsWaiting) return false;
+  FWorker->Wait();
+  TakeAnswers();
+  return true;
+}
+
+void TZyTableData::TakeAnswers() {
+  if (FWorker == nullptr) return;
+  const std::uint64_t Handle = LiveHandle();
+  for (TZyTableAnswer& Answer : FWorker->TakeAnswers()) {
+    TakeAnswer(Answer);
+    if (FromLiveHandle(Handle) == nullptr || FWorker == nullptr) return;
+  }
+  if (!FWorker->IsBusy()) SetWaiting(false);
+}
+
+/// A renewed answer for the whole table waits for that for the range, so that they take effect together.
+void TZyTableData::TakeAnswer(TZyTableAnswer& Answer) {
+  FFailure = Answer.Error;
+  const std::string Notice = std::exchange(Answer.Notice, {});
+  if (!FFailure.empty()) {
+    FNewWhole = {};
+    FAsked.clear();  // so that it is asked for again
+  } else if (Answer.IsWhole) {
+    FNewWhole = std::move(Answer);
+    AskRange();
+    if (FRange.Number == 0 || FAsked.empty()) TakeWhole();
+  } else {
+    FRange = std::move(Answer);
+    TakeWhole();
+  }
+  const std::uint64_t Handle = LiveHandle();
+  try {
+    const TScopedValue Taking(FIsTaking, true);
+    if (FNewWhole.Number == 0) Refresh();
+  } catch (const EDatabaseError&) {
+    // LastError and the links have it.
+  }
+  if (FromLiveHandle(Handle) == nullptr) return;
+  if (const TZyNoticeEvent Handler = FOnNotice; Handler && !Notice.empty()) Handler(this, Notice);
+}
+
+void TZyTableData::TakeWhole() {
+  if (FNewWhole.Number == 0) return;
+  FWhole = std::exchange(FNewWhole, {});
+  if (FRange.Number < FWhole.Number) FRange = {};
+}
+
+// --- Waiting --------------------------------------------------------------------------------------------------------
+
+void TZyTableData::SetWaiting(bool Value) {
+  if (Value == FIsWaiting) return;
+  FIsWaiting = Value;
+  FCursorTimer->SetEnabled(Value);
+  if (!Value) ShowCursor(false);
+  if (const TNotifyEvent Handler = Value ? FOnAsked : FOnAnswered; Handler && !IsDestroying()) Handler(this);
+}
+
+/// A cursor that somebody set meanwhile stays.
+void TZyTableData::ShowCursor(bool Busy) {
+  FCursorTimer->SetEnabled(false);
+  if (Busy == (FBusyControl != nullptr)) return;
+  if (Busy) {
+    if (FXAxis == nullptr || FXAxis->Parent() == nullptr) return;
+    FBusyControl = FXAxis->Parent();
+    FOldCursor = FBusyControl->Cursor();
+    FBusyControl->SetCursor(crHourGlass);
+  } else {
+    if (FBusyControl->Cursor() == crHourGlass) FBusyControl->SetCursor(FOldCursor);
+    FBusyControl = nullptr;
+  }
+}
+
+// --- All rows -------------------------------------------------------------------------------------------------------
+
+void TZyTableData::MakeSummary(const std::function<bool(std::int64_t Rows)>& Progress, bool Anew) {
+  const std::shared_ptr<TSqlConnection> Connection = TSqlConnection::Share(FConnectionText);
+  TZyTableSummary(*Connection, Fields(), Summary()).Update(Progress, Anew);
+}
+
+void TZyTableData::DropSummary() {
+  const std::shared_ptr<TSqlConnection> Connection = TSqlConnection::Share(FConnectionText);
+  TZyTableSummary(*Connection, Fields(), Summary()).Drop();
+}
+
+void TZyTableData::ForEachBlock(
+    const std::function<bool(std::span<const double> X, std::span<const double> Y)>& Visit) {
+  const std::shared_ptr<TSqlConnection> Connection = TSqlConnection::Share(FConnectionText);
+  std::vector<double> X, Y;
+  TZyTableReader(*Connection, Fields(), Summary(), Title()).ForEachBlock([&](std::span<const TZyTableBlock> Rows) {
+    X.clear();
+    Y.clear();
+    for (const TZyTableBlock& Row : Rows) {
+      X.push_back(Row.LastX);
+      Y.push_back(Row.Last);
+    }
+    return Visit(X, Y);
+  });
+}
+
+}  // namespace zy

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "tables/ZyTableColumns.h"
+#include "tables/ZyTableStatements.h"
+
+class QSqlQuery;
+
+namespace zy {
+
+class TSqlConnection;
+class TZyTableSummary;
+
+/// How rows become records.
+enum class TZyTableKind {
+  Points,  ///< some rows of each column of pixels, for lines and areas
+  Records  ///< one record for each stretch of X that is some pixels wide, for bars, bars of prices and candles
+};
+
+/// What is asked of a table.
+struct TZyTableQuestion {
+  unsigned Number = 0;  // of all questions; a later one replaces an earlier one
+  TZyTableKind Kind = TZyTableKind::Points;
+  std::vector<double> Edges;  // of the columns, ascending; none asks for the whole table
+  double Width = 0;           // of records in X, 0 for none in particular
+};
+
+/// What a table answers. Points are blocks of one row each.
+struct TZyTableAnswer {
+  unsigned Number = 0;
+  bool IsWhole = false;
+  double Low = 0, High = 0;  // the range that was asked for
+  double Close = 0;          // where the last of the records ends
+  std::vector<TZyTableBlock> Records;
+  TZyTableBlock Total;                          // of the range
+  std::vector<TZyTableBlock> Before, Behind;    // the rows next to it, if any
+  double Seconds = 0;                           // that it took
+  std::string Error;                            // empty when there was none
+  std::string Notice;                           // what would make questions faster, told once
+};
+
+/// Asks a table through one connection. Belongs to the thread of that connection.
+class TZyTableReader {
+ public:
+  using TCancelled = std::function<bool()>;
+  /// Number of columns of the whole table, and the most statements' ranges at a time.
+  static constexpr int WholeColumns = 1000;
+
+  /// Title names the data in messages. Summary is the name of the summary table, which need not exist.
+  TZyTableReader(TSqlConnection& Connection, TZyTableFields Fields, std::string Summary, std::string Title);
+
+  /// Tests that table and columns are there and may hold numbers. Throws EDatabaseError.
+  void Test();
+  /// What would make questions to a table of so many rows faster: the index or the summary that is missing, an empty
+  /// text for nothing.
+  std::string Notice(std::int64_t Rows);
+  /// Throws EDatabaseError when the index is missing.
+  void TestIndex();
+  /// Answers a question. Empty when Cancelled said so in between. Throws EDatabaseError.
+  std::optional<TZyTableAnswer> Answer(const TZyTableQuestion& Question, const TCancelled& Cancelled);
+  /// All rows from first to last, some at a time: Visit gets them as blocks of one row each. False from it ends that.
+  void ForEachBlock(const std::function<bool(std::span<const TZyTableBlock>)>& Visit);
+
+  /// The row, or the block of BlockFields, on which a query stands. Throws EDatabaseError for a text.
+  static TZyTableBlock RowOf(const QSqlQuery& Query, const TZyTableFields& Fields, const std::string& Title);
+  static TZyTableBlock BlockOf(const QSqlQuery& Query, const TZyTableFields& Fields, const std::string& Title);
+  /// The fields in the quotes that the database wants.
+  static TZyTableFields Quoted(TSqlConnection& Connection, const TZyTableFields& Fields);
+
+ private:
+  struct TCancel {};
+  using TRanges = std::vector<TZyTableRange>;
+
+  const std::string& MissingIndex();
+  std::string FindMissingIndex();
+  std::optional<TZyTableRange> Ends();
+  std::vector<double> WholeEdges(const TZyTableQuestion& Question, const TZyTableRange& Range) const;
+  void TakeBlocks(std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
+  TRanges TakeSummary(TZyTableSummary& Summary, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
+  TRanges TakeLevel(TZyTableSummary& Summary, int Level, std::span<const double> Edges, const TRanges& Gaps,
+                    std::vector<TZyTableBlock>& Blocks);
+  void TakeRows(const TRanges& Ranges, std::vector<TZyTableBlock>& Blocks);
+  void TakeColumns(const TRanges& Ranges, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
+  void ScanRows(const TRanges& Pieces, std::vector<TZyTableBlock>& Blocks);
+  template <class TStatement, class TTake>
+  void InSlices(const TRanges& Ranges, const TStatement& Statement, const TTake& Take);
+  std::vector<TZyTableBlock> RowsOf(const std::string& Statement);
+  void TestCancelled() const;
+
+  TSqlConnection& FConnection;
+  TZyTableFields FFields;
+  std::string FSummary, FTitle;
+  std::optional<TZyTableStatements> FStatements;  // once the table was tested
+  TCancelled FCancelled;
+  bool FHasSummary = false;
+  std::optional<std::string> FMissingIndex;  // once it was looked for
+};
+
+}  // namespace zy

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "tables/ZyTableColumns.h"
+#include "tables/ZyTableStatements.h"
+
+namespace zy {
+
+class TSqlConnection;
+
+/// A table beside a table that has its rows summed up: blocks of some rows with their ends, extremes, number and sum, on
+/// the next level blocks of those, and so on. A wide range is put together of few blocks, and of rows only where a block
+/// reaches beyond an edge, so that it costs hardly more than a narrow one, and no value is left out.
+///
+/// Its columns are `lvl`, 1 for blocks of rows, and those of TZyTableStatements::BlockFields; the row of level 0 has in
+/// `x0` up to where it holds. Rows behind that are read from the table itself. Triggers draw the place back when rows
+/// before it change, come or go; Update goes on from there. A summary whose triggers are gone with their table is
+/// ignored. Engines other than SQLite and PostgreSQL get no triggers: there Update is to be called after such a change,
+/// with Anew.
+class TZyTableSummary {
+ public:
+  /// What is told between two pieces of work: the rows done so far. False stops it; what is done stays.
+  using TProgress = std::function<bool(std::int64_t Rows)>;
+
+  /// Name is that of the summary; Fields are those of the table, without quotes. The connection must outlive it.
+  TZyTableSummary(TSqlConnection& Connection, TZyTableFields Fields, std::string Name);
+
+  /// The name that a summary of these fields has as long as none is chosen.
+  static std::string NameFor(const TZyTableFields& Fields);
+  /// Looks whether there is a summary that holds, and how far; to be called before the two below.
+  bool Find();
+  double HoldsUntil() const { return FHoldsUntil; }
+  int Levels() const { return FLevels; }
+  const std::string& QuotedName() const { return FQuotedName; }
+
+  /// Makes the summary, or brings it up to date. Anew starts at the first row. Throws EDatabaseError; what was written
+  /// until then holds.
+  void Update(const TProgress& Progress, bool Anew = false);
+  /// Drops the table and its triggers.
+  void Drop();
+
+ private:
+  struct TLevel {
+    TZyTableBlock Open;  // of blocks that came since the last one was closed
+    int Parts = 0;
+  };
+
+  void Make();
+  void MakeTriggers();
+  bool HasTriggers();
+  double TakeUp();
+  void TakeRow(const TZyTableBlock& Row);
+  void Close(std::size_t Level);
+  void Write();
+  double ReadPiece(const TZyTableRange& Piece, std::int64_t& Rows);
+
+  TSqlConnection& FConnection;
+  TZyTableFields FFields, FQuotedFields;
+  std::string FName, FQuotedName;
+  TZyTableStatements FStatements;
+  double FHoldsUntil;
+  int FLevels = 0;
+  std::vector<TLevel> FOpen;  // from blocks of rows upwards
+  std::vector<std::string> FNew;
+  double FWrittenUntil;
+};
+
+}  // namespace zy
