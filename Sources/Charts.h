@@ -32,6 +32,7 @@
 #include "platform/controls/TPrinter.h"
 #include "platform/controls/TTimer.h"
 #include "platform/controls/ToolBarLook.h"
+#include "platform/controls/Translators.h"
 #include "platform/data/TDataSet.h"
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/FontFamily.h"

@@ -25,8 +25,13 @@ foreach(Header ${ZyHeaders})
           COMPONENT development)
 endforeach()
 
+# The texts in other languages, for applications to ship: they belong to the table of this very version.
+get_property(ZyLanguageFiles GLOBAL PROPERTY ZY_LANGUAGE_FILES)
+set(ZyLanguagesFolder "${CMAKE_INSTALL_DATADIR}/zyphos/languages")
+install(FILES ${ZyLanguageFiles} DESTINATION "${ZyLanguagesFolder}" COMPONENT development)
+
 configure_package_config_file(cmake/ZyphosConfig.cmake.in "${PROJECT_BINARY_DIR}/ZyphosConfig.cmake"
-                              INSTALL_DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos")
+                              INSTALL_DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos" PATH_VARS ZyLanguagesFolder)
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/ZyphosConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/ZyphosConfig.cmake" "${PROJECT_BINARY_DIR}/ZyphosConfigVersion.cmake"
         DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos" COMPONENT development)
