@@ -100,7 +100,10 @@ std::vector<TZyTableRange> PiecesOf(std::span<const TZyTableRange> Ranges, std::
 }  // namespace
 
 TZyTableReader::TZyTableReader(TSqlConnection& Connection, TZyTableFields Fields, std::string Summary, std::string Title)
-    : FConnection(Connection), FFields(std::move(Fields)), FSummary(std::move(Summary)), FTitle(std::move(Title)) {}
+    : FConnection(Connection),
+      FFields(std::move(Fields)),
+      FSummary(Connection, FFields, std::move(Summary)),
+      FTitle(std::move(Title)) {}
 
 TZyTableFields TZyTableReader::Quoted(TSqlConnection& Connection, const TZyTableFields& Fields) {
   const auto Field = [&](const std::string& Name) {
@@ -220,11 +223,14 @@ void TZyTableReader::TestCancelled() const {
 }
 
 std::vector<double> TZyTableReader::WholeEdges(const TZyTableQuestion& Question, const TZyTableRange& Range) const {
-  const double Width = (Range.High - Range.Low) / WholeColumns;
-  if (Question.Kind == TZyTableKind::Records && Width > 0) return RecordEdges(Range.Low, Range.High, Width);
+  const double Width = (Range.High - Range.Low) / static_cast<double>(WholeColumns);
+  if (Question.Kind == TZyTableKind::Records && Above(Range.Low) < Range.High)
+    return RecordEdges(Range.Low, Range.High, Width);
   std::vector<double> Result;
-  for (int i = 0; i < WholeColumns && (i == 0 || Width > 0); ++i) Result.push_back(Range.Low + i * Width);
-  Result.push_back(Above(Range.High));
+  for (std::size_t i = 0; i < WholeColumns; ++i)
+    if (const double Edge = Range.Low + static_cast<double>(i) * Width; i == 0 || Edge > Result.back())
+      Result.push_back(Edge);
+  if (Range.High > Result.back()) Result.push_back(Range.High);
   return Result;
 }
 
@@ -239,14 +245,20 @@ std::optional<TZyTableAnswer> TZyTableReader::Answer(const TZyTableQuestion& Que
   if (Result.IsWhole) {
     const std::optional<TZyTableRange> Range = Ends();
     if (!Range) return Result;
-    Edges = WholeEdges(Question, *Range);
+    Edges = {Range->Low, Above(Range->High)};
   } else if (Question.Kind == TZyTableKind::Records && Question.Width > 0) {
     Edges = RecordEdges(Edges.front(), Edges.back(), Question.Width);
   }
   Result.Low = Edges.front();
   Result.High = Edges.back();
   std::vector<TZyTableBlock> Blocks;
-  TakeBlocks(Edges, Blocks);
+  FHasSummary = MissingIndex().empty() && FSummary.Find();
+  if (Result.IsWhole && FHasSummary) {
+    Edges = TakeWhole(Edges, Blocks);
+  } else {
+    if (Result.IsWhole) Edges = WholeEdges(Question, {Edges.front(), Edges.back()});
+    TakeBlocks(Edges, Blocks);
+  }
   std::vector<TZyTablePoint> Points;
   const std::vector<TZyTableColumn> Columns = DivideAmongColumns(Blocks, Edges);
   for (const TZyTableColumn& Column : Columns) {
@@ -273,13 +285,30 @@ std::optional<TZyTableAnswer> TZyTableReader::Answer(const TZyTableQuestion& Que
 /// and grouped by columns beyond.
 void TZyTableReader::TakeBlocks(std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks) {
   TRanges Gaps{{Edges.front(), Edges.back()}};
-  double HoldsUntil = -Infinity;
-  TZyTableSummary Summary(FConnection, FFields, FSummary);
-  FHasSummary = MissingIndex().empty() && Summary.Find();
-  if (FHasSummary) {
-    HoldsUntil = Summary.HoldsUntil();
-    Gaps = TakeSummary(Summary, Edges, Blocks);
+  for (int Level = FSummary.Levels(); FHasSummary && Level > 0; --Level) Gaps = TakeLevel(Level, Edges, Gaps, Blocks);
+  TakeGaps(Gaps, Edges, Blocks);
+}
+
+/// Of the whole table some thousand blocks as they are, and what is behind them: columns without edges within a block
+/// cost no rows. Gives their edges.
+std::vector<double> TZyTableReader::TakeWhole(std::span<const double> Ends, std::vector<TZyTableBlock>& Blocks) {
+  TRanges Gaps;
+  int Level = FSummary.Levels();
+  for (; Level > 0 && Blocks.size() < WholeColumns; --Level) {
+    Blocks.clear();
+    Gaps = TakeLevel(Level, Ends, {{Ends.front(), Ends.back()}}, Blocks);
   }
+  for (; Level > 0; --Level) Gaps = TakeLevel(Level, Ends, Gaps, Blocks);
+  TakeGaps(Gaps, Ends, Blocks);
+  std::vector<double> Edges;
+  for (std::size_t i = 0; i < Blocks.size(); i += std::max<std::size_t>(Blocks.size() / WholeColumns, 1))
+    if (Edges.empty() || Blocks[i].FirstX > Edges.back()) Edges.push_back(Blocks[i].FirstX);
+  Edges.push_back(Ends.back());
+  return Edges;
+}
+
+void TZyTableReader::TakeGaps(const TRanges& Gaps, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks) {
+  const double HoldsUntil = FHasSummary ? FSummary.HoldsUntil() : -Infinity;
   TRanges Few, Many;
   for (const TZyTableRange& Gap : Gaps) {
     if (Gap.Low < HoldsUntil) Few.push_back({Gap.Low, std::min(Gap.High, HoldsUntil)});
@@ -290,20 +319,13 @@ void TZyTableReader::TakeBlocks(std::span<const double> Edges, std::vector<TZyTa
   std::ranges::stable_sort(Blocks, IsBefore);
 }
 
-TZyTableReader::TRanges TZyTableReader::TakeSummary(TZyTableSummary& Summary, std::span<const double> Edges,
-                                                    std::vector<TZyTableBlock>& Blocks) {
-  TRanges Gaps{{Edges.front(), Edges.back()}};
-  for (int Level = Summary.Levels(); Level > 0; --Level) Gaps = TakeLevel(Summary, Level, Edges, Gaps, Blocks);
-  return Gaps;
-}
-
 /// Takes the blocks of a level that lie within a gap and within a column, and gives the gaps that are left. Blocks of a
 /// level stand without rows between them.
-TZyTableReader::TRanges TZyTableReader::TakeLevel(TZyTableSummary& Summary, int Level, std::span<const double> Edges,
-                                                  const TRanges& Gaps, std::vector<TZyTableBlock>& Blocks) {
+TZyTableReader::TRanges TZyTableReader::TakeLevel(int Level, std::span<const double> Edges, const TRanges& Gaps,
+                                                  std::vector<TZyTableBlock>& Blocks) {
   std::vector<TZyTableBlock> Found;
   InSlices(
-      Gaps, [&](auto Slice) { return FStatements->SummaryBlocks(Summary.QuotedName(), Level, Slice); },
+      Gaps, [&](auto Slice) { return FStatements->SummaryBlocks(FSummary.QuotedName(), Level, Slice); },
       [&](const QSqlQuery& Query) { Found.push_back(BlockOf(Query, FFields, FTitle)); });
   std::ranges::sort(Found, IsBefore);
   TRanges Result;
@@ -313,7 +335,7 @@ TZyTableReader::TRanges TZyTableReader::TakeLevel(TZyTableSummary& Summary, int 
     for (bool IsFirst = true; Next != Found.end() && Next->FirstX < Gap.High; ++Next, IsFirst = false) {
       if (IsFirst && From < Next->FirstX) Result.push_back({From, Next->FirstX});
       From = Above(Next->LastX);
-      const double Limit = std::min({Gap.High, Summary.HoldsUntil(), Edges[ColumnAt(Edges, Next->FirstX) + 1]});
+      const double Limit = std::min({Gap.High, FSummary.HoldsUntil(), Edges[ColumnAt(Edges, Next->FirstX) + 1]});
       if (Next->LastX < Limit) {
         Blocks.push_back(*Next);
       } else {

@@ -8,13 +8,13 @@
 
 #include "tables/ZyTableColumns.h"
 #include "tables/ZyTableStatements.h"
+#include "tables/ZyTableSummary.h"
 
 class QSqlQuery;
 
 namespace zy {
 
 class TSqlConnection;
-class TZyTableSummary;
 
 /// How rows become records.
 enum class TZyTableKind {
@@ -49,7 +49,7 @@ class TZyTableReader {
  public:
   using TCancelled = std::function<bool()>;
   /// Number of columns of the whole table, and the most statements' ranges at a time.
-  static constexpr int WholeColumns = 1000;
+  static constexpr std::size_t WholeColumns = 1000;
 
   /// Title names the data in messages. Summary is the name of the summary table, which need not exist.
   TZyTableReader(TSqlConnection& Connection, TZyTableFields Fields, std::string Summary, std::string Title);
@@ -81,9 +81,9 @@ class TZyTableReader {
   std::optional<TZyTableRange> Ends();
   std::vector<double> WholeEdges(const TZyTableQuestion& Question, const TZyTableRange& Range) const;
   void TakeBlocks(std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
-  TRanges TakeSummary(TZyTableSummary& Summary, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
-  TRanges TakeLevel(TZyTableSummary& Summary, int Level, std::span<const double> Edges, const TRanges& Gaps,
-                    std::vector<TZyTableBlock>& Blocks);
+  std::vector<double> TakeWhole(std::span<const double> Ends, std::vector<TZyTableBlock>& Blocks);
+  TRanges TakeLevel(int Level, std::span<const double> Edges, const TRanges& Gaps, std::vector<TZyTableBlock>& Blocks);
+  void TakeGaps(const TRanges& Gaps, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
   void TakeRows(const TRanges& Ranges, std::vector<TZyTableBlock>& Blocks);
   void TakeColumns(const TRanges& Ranges, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
   void ScanRows(const TRanges& Pieces, std::vector<TZyTableBlock>& Blocks);
@@ -94,7 +94,8 @@ class TZyTableReader {
 
   TSqlConnection& FConnection;
   TZyTableFields FFields;
-  std::string FSummary, FTitle;
+  TZyTableSummary FSummary;
+  std::string FTitle;
   std::optional<TZyTableStatements> FStatements;  // once the table was tested
   TCancelled FCancelled;
   bool FHasSummary = false;
