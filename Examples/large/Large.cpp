@@ -2,9 +2,9 @@
 //
 //   large [--rows NUMBER] [--show] [FOLDER]
 //
-// The first run makes the table, signal.db in the folder (out/large), and beside it the summary that wide ranges are read
-// from; that takes some minutes for the hundred million rows of a run without --rows. Then pictures of ever smaller
-// ranges go to the folder, with the times that they took. With --show the chart comes up in a window instead.
+// The first run makes the table, signal.db in the folder (out/large), and beside it the summary that wide ranges are
+// read from; that takes some minutes for the hundred million rows of a run without --rows. Then pictures of ever
+// smaller ranges go to the folder, with the times that they took. With --show the chart comes up in a window instead.
 
 #include <sys/resource.h>
 
@@ -56,21 +56,25 @@ void MakeTable(TSqlDataSet& Base, std::int64_t Rows) {
   Base.ExecSQL("CREATE TABLE signal (t REAL PRIMARY KEY, v REAL) WITHOUT ROWID");
   Base.ExecSQL("CREATE TEMP TABLE maker (i INTEGER, seed INTEGER, drift REAL)");
   Base.ExecSQL("INSERT INTO maker VALUES (0, 1, 0)");
-  const std::string Noise = "((seed >> 8) / 4194304.0 - 1)";           // of 31 bits, -1 to 1
+  const std::string Noise = "((seed >> 8) / 4194304.0 - 1)";                       // of 31 bits, -1 to 1
   const std::string Day = "(i * 0.1 / 86400 - CAST(i * 0.1 / 86400 AS INTEGER))";  // part of the day
   for (std::int64_t First = 0; First < Rows; First += Piece) {
     const std::string Last = std::to_string(std::min(First + Piece, Rows));
     Base.ExecSQL(
-        "WITH RECURSIVE g (i, seed, drift) AS (SELECT i, seed, drift FROM maker UNION ALL SELECT i + 1, (seed * 1103515245 + "
+        "WITH RECURSIVE g (i, seed, drift) AS (SELECT i, seed, drift FROM maker UNION ALL SELECT i + 1, (seed * "
+        "1103515245 + "
         "12345) & 2147483647, drift * 0.99999 + 0.01 * " +
-        Noise + " FROM g WHERE i + 1 < " + Last +
-        ") INSERT INTO signal SELECT i * 0.1 + 0.02 * " + Noise + ", CASE WHEN i % 1000 = 999 THEN NULL ELSE 20 + drift + 0.4 * " +
-        Noise + " + 24 * " + Day + " * (1 - " + Day + ") + CASE WHEN i % 1234567 = 890 THEN 15 ELSE 0 END END FROM g");
+        Noise + " FROM g WHERE i + 1 < " + Last + ") INSERT INTO signal SELECT i * 0.1 + 0.02 * " + Noise +
+        ", CASE WHEN i % 1000 = 999 THEN NULL ELSE 20 + drift + 0.4 * " + Noise + " + 24 * " + Day + " * (1 - " + Day +
+        ") + CASE WHEN i % 1234567 = 890 THEN 15 ELSE 0 END END FROM g");
     // Where the next piece begins: the last state of the generator is computed once more.
-    Base.ExecSQL("WITH RECURSIVE g (i, seed, drift) AS (SELECT i, seed, drift FROM maker UNION ALL SELECT i + 1, (seed * "
-                 "1103515245 + 12345) & 2147483647, drift * 0.99999 + 0.01 * " +
-                 Noise + " FROM g WHERE i < " + Last + ") UPDATE maker SET (i, seed, drift) = (SELECT i, seed, drift FROM g "
-                 "WHERE i = " + Last + ")");
+    Base.ExecSQL(
+        "WITH RECURSIVE g (i, seed, drift) AS (SELECT i, seed, drift FROM maker UNION ALL SELECT i + 1, (seed * "
+        "1103515245 + 12345) & 2147483647, drift * 0.99999 + 0.01 * " +
+        Noise + " FROM g WHERE i < " + Last +
+        ") UPDATE maker SET (i, seed, drift) = (SELECT i, seed, drift FROM g "
+        "WHERE i = " +
+        Last + ")");
     ShowProgress("Making", std::min(First + Piece, Rows), Rows);
   }
 }
@@ -158,8 +162,8 @@ void DrawRange(TLargeForm& Form, const std::filesystem::path& File, const char* 
   Draw(Form, Picture);
   const double AtOnce = MillisecondsSince(Start);
   while (Form.Data().WaitForAnswer()) Draw(Form, Picture);
-  std::printf("%-24s %7.1f ms, with what was there after %5.1f ms; %d records\n", What, MillisecondsSince(Start), AtOnce,
-              Form.Data().RecordCount());
+  std::printf("%-24s %7.1f ms, with what was there after %5.1f ms; %d records\n", What, MillisecondsSince(Start),
+              AtOnce, Form.Data().RecordCount());
   Picture.Save(File);
 }
 

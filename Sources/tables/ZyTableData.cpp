@@ -136,7 +136,7 @@ void TZyTableData::DropRecords() {
 TFieldValue TZyTableData::GetValue(int Row, int Field) const {
   const TZyTableBlock& Record = FRecords[static_cast<std::size_t>(Row)];
   const auto Count = static_cast<double>(Record.Count);
-  const double Values[] = {Record.FirstX, Record.First, Record.Max, Record.Min,
+  const double Values[] = {Record.FirstX, Record.First,       Record.Max, Record.Min,
                            Record.Last,   Record.Sum / Count, Record.Sum, Count};
   TFieldValue Result;
   if (Record.Count == 0 && Field > 0) return Result;

@@ -35,15 +35,15 @@ inline std::string_view TypeName<TZyNoticeEvent>() {
 /// A table that no memory holds: a data set whose records are what a picture needs of it. Vectors take them through a
 /// data source and a field name as those of any data set, and series draw them as any data.
 ///
-/// Of Points, for lines and areas, these are for each column of pixels of XAxis the first, smallest, largest and last row
-/// (and some more, or all where they are few), the rows next to the axis at both sides, and a coarser excerpt of all that
-/// lies beyond, so that ranges of axes, zooming out and panning know the whole table. The picture is that of a vector
-/// with all rows. Of Records, for bars and candles, there is one for each stretch of RecordWidth pixels, with the fields
-/// `open`, `high`, `low`, `close`, `mean`, `sum`, `count` beside X, and behind the last one its end alone.
+/// Of Points, for lines and areas, these are for each column of pixels of XAxis the first, smallest, largest and last
+/// row (and some more, or all where they are few), the rows next to the axis at both sides, and a coarser excerpt of
+/// all that lies beyond, so that ranges of axes, zooming out and panning know the whole table. The picture is that of a
+/// vector with all rows. Of Records, for bars and candles, there is one for each stretch of RecordWidth pixels, with
+/// the fields `open`, `high`, `low`, `close`, `mean`, `sum`, `count` beside X, and behind the last one its end alone.
 ///
-/// The table is asked whenever a layout gave the axis other ends or another length, on a thread of its own. Until it has
-/// answered, the chart shows the records that are there. Rows with nulls are left out. An answer that fails leaves the
-/// records as they are, tells LastError and the links, and is asked for again by Refresh or by the next zoom.
+/// The table is asked whenever a layout gave the axis other ends or another length, on a thread of its own. Until it
+/// has answered, the chart shows the records that are there. Rows with nulls are left out. An answer that fails leaves
+/// the records as they are, tells LastError and the links, and is asked for again by Refresh or by the next zoom.
 ///
 /// For other things than pictures the records are an excerpt, and curves that are computed refuse them.
 class TZyTableData : public TDataSet, public IDataExcerpt {
@@ -84,8 +84,8 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
   TZyAxis* XAxis() const { return FXAxis; }
   void SetXAxis(TZyAxis* Value);
 
-  /// A question is under way: it runs when that begins, and OnAnswered when none is any more, whatever the outcome. While
-  /// one takes longer than a moment, the parent of the axis shows the hour glass.
+  /// A question is under way: it runs when that begins, and OnAnswered when none is any more, whatever the outcome.
+  /// While one takes longer than a moment, the parent of the axis shows the hour glass.
   const TNotifyEvent& OnAsked() const { return FOnAsked; }
   void SetOnAsked(TNotifyEvent Value) { FOnAsked = std::move(Value); }
   const TNotifyEvent& OnAnswered() const { return FOnAnswered; }
@@ -94,8 +94,8 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
   void SetOnNotice(TZyNoticeEvent Value) { FOnNotice = std::move(Value); }
 
   bool IsWaiting() const { return FIsWaiting; }
-  /// Waits for the answer and takes it, for programs without an event loop. A chart asks when it is laid out: paint, wait,
-  /// paint. Whether there was anything to wait for.
+  /// Waits for the answer and takes it, for programs without an event loop. A chart asks when it is laid out: paint,
+  /// wait, paint. Whether there was anything to wait for.
   bool WaitForAnswer();
   /// Number, ends, extremes and sum of all rows as of the last Open or Refresh.
   const TZyTableBlock& Total() const { return FWhole.Total; }

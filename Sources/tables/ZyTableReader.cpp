@@ -48,10 +48,11 @@ bool IsNumber(int Type) {
 
 bool IsInteger(int Type) { return IsNumber(Type) && Type != QMetaType::Float && Type != QMetaType::Double; }
 
-double NumberOf(const QVariant& Value, const std::string& Field, const TZyTableFields& Fields, const std::string& Title) {
+double NumberOf(const QVariant& Value, const std::string& Field, const TZyTableFields& Fields,
+                const std::string& Title) {
   if (!IsNumber(Value.typeId()) && !Value.isNull())
-    throw EDatabaseError(Format(LoadResString(_sTableTextValue),
-                                {Title, Field, Fields.Table, Value.toString().left(40).toStdString()}));
+    throw EDatabaseError(
+        Format(LoadResString(_sTableTextValue), {Title, Field, Fields.Table, Value.toString().left(40).toStdString()}));
   return Value.toDouble();
 }
 
@@ -99,7 +100,8 @@ std::vector<TZyTableRange> PiecesOf(std::span<const TZyTableRange> Ranges, std::
 
 }  // namespace
 
-TZyTableReader::TZyTableReader(TSqlConnection& Connection, TZyTableFields Fields, std::string Summary, std::string Title)
+TZyTableReader::TZyTableReader(TSqlConnection& Connection, TZyTableFields Fields, std::string Summary,
+                               std::string Title)
     : FConnection(Connection),
       FFields(std::move(Fields)),
       FSummary(Connection, FFields, std::move(Summary)),
@@ -122,9 +124,9 @@ TZyTableFields TZyTableReader::Quoted(TSqlConnection& Connection, const TZyTable
 /// An embedded database has kinds of values and not of columns: there a text shows when it is read.
 void TZyTableReader::Test() {
   const TZyTableFields Names = Quoted(FConnection, FFields);
-  QSqlQuery Query = FConnection.Run(QString::fromStdString("SELECT t." + Names.X + ", t." + Names.First + ", t." + Names.Max +
-                                                           ", t." + Names.Min + ", t." + Names.Last + " FROM " + Names.Table +
-                                                           " t WHERE 1 = 0"));
+  QSqlQuery Query = FConnection.Run(QString::fromStdString("SELECT t." + Names.X + ", t." + Names.First + ", t." +
+                                                           Names.Max + ", t." + Names.Min + ", t." + Names.Last +
+                                                           " FROM " + Names.Table + " t WHERE 1 = 0"));
   const QSqlRecord Layout = Query.record();
   const std::string* const Fields[] = {&FFields.X, &FFields.First, &FFields.Max, &FFields.Min, &FFields.Last};
   for (int i = 0; i < Layout.count() && !FConnection.IsEmbedded(); ++i)
@@ -161,13 +163,15 @@ std::string TZyTableReader::FindMissingIndex() {
   QString Statement;
   QVariantList Values;
   if (FConnection.IsEmbedded()) {
-    Statement = "SELECT (SELECT COUNT(*) FROM pragma_index_list(?) l, pragma_index_info(l.name) i WHERE i.seqno = 0 AND "
-                "lower(i.name) = lower(?)) + (SELECT COUNT(*) FROM sqlite_master WHERE type = 'view' AND name = ?)";
+    Statement =
+        "SELECT (SELECT COUNT(*) FROM pragma_index_list(?) l, pragma_index_info(l.name) i WHERE i.seqno = 0 AND "
+        "lower(i.name) = lower(?)) + (SELECT COUNT(*) FROM sqlite_master WHERE type = 'view' AND name = ?)";
     Values = {Table, X, Table};
   } else {
-    Statement = "SELECT (SELECT COUNT(*) FROM pg_index i JOIN pg_attribute a ON a.attrelid = i.indrelid AND a.attnum = "
-                "i.indkey[0] WHERE i.indrelid = c.oid AND a.attname = ?) + CASE WHEN c.relkind IN ('r', 'p') THEN 0 ELSE 1 "
-                "END FROM pg_class c WHERE c.oid = CAST(? AS regclass)";
+    Statement =
+        "SELECT (SELECT COUNT(*) FROM pg_index i JOIN pg_attribute a ON a.attrelid = i.indrelid AND a.attnum = "
+        "i.indkey[0] WHERE i.indrelid = c.oid AND a.attname = ?) + CASE WHEN c.relkind IN ('r', 'p') THEN 0 ELSE 1 "
+        "END FROM pg_class c WHERE c.oid = CAST(? AS regclass)";
     Values = {X, QString::fromStdString(Names.Table)};
   }
   QSqlQuery Query = FConnection.Run(Statement, Values);
@@ -175,8 +179,8 @@ std::string TZyTableReader::FindMissingIndex() {
   std::string Columns = Names.X;
   for (const std::string* Each : {&Names.First, &Names.Max, &Names.Min, &Names.Last})
     if (Columns.find(*Each) == std::string::npos) Columns += ", " + *Each;
-  return "CREATE INDEX " + FConnection.QuotedField(Table.section('.', -1) + "_" + X).toStdString() + " ON " + Names.Table +
-         " (" + Columns + ")";
+  return "CREATE INDEX " + FConnection.QuotedField(Table.section('.', -1) + "_" + X).toStdString() + " ON " +
+         Names.Table + " (" + Columns + ")";
 }
 
 TZyTableBlock TZyTableReader::RowOf(const QSqlQuery& Query, const TZyTableFields& Fields, const std::string& Title) {
@@ -196,7 +200,8 @@ TZyTableBlock TZyTableReader::BlockOf(const QSqlQuery& Query, const TZyTableFiel
                                       &Fields.Min, &Fields.X,     &Fields.Max, &Fields.Last, &Fields.Last};
   double Values[10];
   for (int i = 0; i < 10; ++i) Values[i] = NumberOf(Query.value(i), *Names[i], Fields, Title);
-  TZyTableBlock Block{Values[0], Values[1], Values[2], Values[3], Values[4], Values[5], Values[6], Values[7], 0, Values[9]};
+  TZyTableBlock Block{Values[0], Values[1], Values[2], Values[3], Values[4],
+                      Values[5], Values[6], Values[7], 0,         Values[9]};
   Block.Count = static_cast<std::int64_t>(Values[8]);
   return Block;
 }
@@ -234,7 +239,8 @@ std::vector<double> TZyTableReader::WholeEdges(const TZyTableQuestion& Question,
   return Result;
 }
 
-std::optional<TZyTableAnswer> TZyTableReader::Answer(const TZyTableQuestion& Question, const TCancelled& Cancelled) try {
+std::optional<TZyTableAnswer> TZyTableReader::Answer(const TZyTableQuestion& Question,
+                                                     const TCancelled& Cancelled) try {
   const auto Start = std::chrono::steady_clock::now();
   FCancelled = Cancelled;
   if (!FStatements) Test();
@@ -373,8 +379,7 @@ void TZyTableReader::TakeColumns(const TRanges& Ranges, std::span<const double> 
   const TRanges Pieces = PiecesOf(Within, Edges, std::min(PiecesOfColumn * Edges.size() / Columns, MostPieces));
   if (!MissingIndex().empty()) return ScanRows(Pieces, Blocks);
   InSlices(
-      Pieces,
-      [this](auto Slice) { return FStatements->Blocks(Slice); },
+      Pieces, [this](auto Slice) { return FStatements->Blocks(Slice); },
       [&](const QSqlQuery& Query) {
         Found.push_back(BlockOf(Query, FFields, FTitle));
         Rows += Found.back().Count;

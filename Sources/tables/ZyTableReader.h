@@ -37,11 +37,11 @@ struct TZyTableAnswer {
   double Low = 0, High = 0;  // the range that was asked for
   double Close = 0;          // where the last of the records ends
   std::vector<TZyTableBlock> Records;
-  TZyTableBlock Total;                          // of the range
-  std::vector<TZyTableBlock> Before, Behind;    // the rows next to it, if any
-  double Seconds = 0;                           // that it took
-  std::string Error;                            // empty when there was none
-  std::string Notice;                           // what would make questions faster, told once
+  TZyTableBlock Total;                        // of the range
+  std::vector<TZyTableBlock> Before, Behind;  // the rows next to it, if any
+  double Seconds = 0;                         // that it took
+  std::string Error;                          // empty when there was none
+  std::string Notice;                         // what would make questions faster, told once
 };
 
 /// Asks a table through one connection. Belongs to the thread of that connection.

@@ -57,8 +57,9 @@ std::string TZyTableStatements::ListOf(std::span<const TZyTableRange> Ranges, bo
                  ValuesOf(Ranges, Numbered, [this](double X) { return LimitOf(X); }), ")"});
 }
 
-/// On a server these are limits that nulls, infinities and not-a-number do not keep. In an embedded database texts would
-/// not keep them either, which are to be told of: there it is a difference that is 0 for all but nulls and infinities.
+/// On a server these are limits that nulls, infinities and not-a-number do not keep. In an embedded database texts
+/// would not keep them either, which are to be told of: there it is a difference that is 0 for all but nulls and
+/// infinities.
 std::string TZyTableStatements::IsFinite() const {
   const std::string Largest = Literal(std::numeric_limits<double>::max());
   std::string Result;
@@ -75,9 +76,10 @@ std::string TZyTableStatements::InRange() const {
   return Joined({"t.", FFields.X, " >= c.lo AND t.", FFields.X, " < c.hi AND ", IsFinite()});
 }
 
-/// The fields of the rows of each range. An order within keeps a server from taking the ranges out of the subquery again.
-std::string TZyTableStatements::EachOf(const std::string& Fields, const std::string& Table, const std::string& Condition,
-                                       const std::string& Order) const {
+/// The fields of the rows of each range. An order within keeps a server from taking the ranges out of the subquery
+/// again.
+std::string TZyTableStatements::EachOf(const std::string& Fields, const std::string& Table,
+                                       const std::string& Condition, const std::string& Order) const {
   if (!FDialect.IsServer) return Joined({" SELECT ", Fields, " FROM c CROSS JOIN ", Table, " t WHERE ", Condition});
   return Joined({" SELECT r.* FROM c CROSS JOIN LATERAL (SELECT ", Fields, " FROM ", Table, " t WHERE ", Condition,
                  " ORDER BY ", Order, ") r"});
@@ -85,7 +87,8 @@ std::string TZyTableStatements::EachOf(const std::string& Fields, const std::str
 
 std::string TZyTableStatements::RowFields() const {
   if (FFields.IsSingle()) return Joined({"t.", FFields.X, ", t.", FFields.First});
-  return Joined({"t.", FFields.X, ", t.", FFields.First, ", t.", FFields.Max, ", t.", FFields.Min, ", t.", FFields.Last});
+  return Joined(
+      {"t.", FFields.X, ", t.", FFields.First, ", t.", FFields.Max, ", t.", FFields.Min, ", t.", FFields.Last});
 }
 
 /// Two statements within one: an engine finds a single extreme by an index, and not both at once.
@@ -104,16 +107,17 @@ std::string TZyTableStatements::Blocks(std::span<const TZyTableRange> Ranges) co
       Joined({"MIN(t.", X, ") AS x0, MAX(t.", X, ") AS x1, MIN(t.", FFields.Min, ") AS ylow, MAX(t.", FFields.Max,
               ") AS yhigh, COUNT(*) AS n, SUM(t.", FFields.Last, ") AS s FROM "});
   const std::string Grouped =
-      FDialect.IsServer ? Joined({"SELECT c.i, r.* FROM c CROSS JOIN LATERAL (SELECT ", Whole, Table, " t WHERE ", InRange(),
-                                  ") r WHERE r.n > 0"})
-                        : Joined({"SELECT c.i AS i, ", Whole, "c CROSS JOIN ", Table, " t WHERE ", InRange(), " GROUP BY c.i"});
+      FDialect.IsServer
+          ? Joined({"SELECT c.i, r.* FROM c CROSS JOIN LATERAL (SELECT ", Whole, Table, " t WHERE ", InRange(),
+                    ") r WHERE r.n > 0"})
+          : Joined({"SELECT c.i AS i, ", Whole, "c CROSS JOIN ", Table, " t WHERE ", InRange(), " GROUP BY c.i"});
   const auto ValueAt = [&](const char* Extreme, const std::string& Field, const char* At) {
-    return Joined({"(SELECT ", Extreme, "(t.", Field, ") FROM ", Table, " t WHERE t.", X, " = q.", At, " AND ", IsFinite(),
-                   ")"});
+    return Joined(
+        {"(SELECT ", Extreme, "(t.", Field, ") FROM ", Table, " t WHERE t.", X, " = q.", At, " AND ", IsFinite(), ")"});
   };
   const auto PlaceOf = [&](const std::string& Field, const char* Value) {
-    return Joined({"(SELECT MIN(t.", X, ") FROM ", Table, " t WHERE t.", X, " >= q.x0 AND t.", X, " <= q.x1 AND t.", Field,
-                   " = q.", Value, ")"});
+    return Joined({"(SELECT MIN(t.", X, ") FROM ", Table, " t WHERE t.", X, " >= q.x0 AND t.", X, " <= q.x1 AND t.",
+                   Field, " = q.", Value, ")"});
   };
   return Joined({ListOf(Ranges, true), ", q AS (", Grouped, ") SELECT q.x0, ", ValueAt("MIN", FFields.First, "x0"),
                  ", q.x1, ", ValueAt("MAX", FFields.Last, "x1"), ", ", PlaceOf(FFields.Min, "ylow"), ", q.ylow, ",
@@ -125,9 +129,9 @@ std::string TZyTableStatements::Rows(std::span<const TZyTableRange> Ranges) cons
 }
 
 std::string TZyTableStatements::RowAt(const char* Extreme, const char* Relation, double X) const {
-  return Joined({"SELECT ", RowFields(), " FROM ", FFields.Table, " t WHERE t.", FFields.X, " = (SELECT ", Extreme, "(t.",
-                 FFields.X, ") FROM ", FFields.Table, " t WHERE t.", FFields.X, Relation, LimitOf(X), " AND ", IsFinite(),
-                 ") AND ", IsFinite()});
+  return Joined({"SELECT ", RowFields(), " FROM ",  FFields.Table, " t WHERE t.", FFields.X,     " = (SELECT ",
+                 Extreme,   "(t.",       FFields.X, ") FROM ",     FFields.Table, " t WHERE t.", FFields.X,
+                 Relation,  LimitOf(X),  " AND ",   IsFinite(),    ") AND ",      IsFinite()});
 }
 
 std::string TZyTableStatements::RowBefore(double X) const { return RowAt("MAX", " < ", X); }

@@ -25,7 +25,8 @@ struct TZyTableDialect {
   /// A server: it knows the standard's LATERAL, with which it looks up each range by the index, whatever it guesses of
   /// their lengths; and its columns have types. An embedded database takes joins in the order in which they stand.
   bool IsServer = false;
-  /// X is an integer column: limits are whole numbers then, or else a server would convert the column and lose its index.
+  /// X is an integer column: limits are whole numbers then, or else a server would convert the column and lose its
+  /// index.
   bool HasWholeX = false;
 };
 
@@ -37,8 +38,8 @@ class TZyTableStatements {
 
   /// The least and the greatest X.
   std::string Ends() const;
-  /// One grouped statement for first, smallest, largest and last row of each range, with count and sum. The records have
-  /// the order of BlockFields; ranges without rows give none.
+  /// One grouped statement for first, smallest, largest and last row of each range, with count and sum. The records
+  /// have the order of BlockFields; ranges without rows give none.
   std::string Blocks(std::span<const TZyTableRange> Ranges) const;
   /// The rows themselves: X and the one value, or X, first, max, min, last.
   std::string Rows(std::span<const TZyTableRange> Ranges) const;

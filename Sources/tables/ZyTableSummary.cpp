@@ -72,8 +72,8 @@ bool TZyTableSummary::Find() {
   const QString Bare = ToQt(FName).section('.', -1);
   if (!FConnection.Opened().tables().contains(Bare)) return false;
   if (!HasTriggers()) return false;
-  QSqlQuery Query = FConnection.Run(ToQt("SELECT t.x0, (SELECT MAX(lvl) FROM " + FQuotedName + ") FROM " + FQuotedName +
-                                         " t WHERE t.lvl = 0"));
+  QSqlQuery Query = FConnection.Run(
+      ToQt("SELECT t.x0, (SELECT MAX(lvl) FROM " + FQuotedName + ") FROM " + FQuotedName + " t WHERE t.lvl = 0"));
   if (!Query.next()) return false;
   FHoldsUntil = Query.value(0).toDouble();
   FLevels = Query.value(1).toInt();
@@ -85,7 +85,8 @@ bool TZyTableSummary::Find() {
 /// Triggers go with their table. One that was dropped and made again has none, and what was summed up is not its own.
 bool TZyTableSummary::HasTriggers() {
   const QString Name = ToQt(FName).section('.', -1) + "_change";
-  const QString From = FConnection.IsEmbedded() ? "sqlite_master WHERE type = 'trigger' AND name = ?" : "pg_trigger WHERE tgname = ?";
+  const QString From =
+      FConnection.IsEmbedded() ? "sqlite_master WHERE type = 'trigger' AND name = ?" : "pg_trigger WHERE tgname = ?";
   QSqlQuery Query = FConnection.Run("SELECT COUNT(*) FROM " + From, {Name});
   return Query.next() && Query.value(0).toInt() > 0;
 }
@@ -109,8 +110,8 @@ void TZyTableSummary::MakeTriggers() {
     return;
   }
   FConnection.Run(ToQt("CREATE OR REPLACE FUNCTION " + Quoted("_drawback") +
-                       "() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN IF TG_OP = 'TRUNCATE' THEN UPDATE " + FQuotedName +
-                       " SET x0 = " + TZyTableStatements::Literal(Nothing) +
+                       "() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN IF TG_OP = 'TRUNCATE' THEN UPDATE " +
+                       FQuotedName + " SET x0 = " + TZyTableStatements::Literal(Nothing) +
                        " WHERE lvl = 0; RETURN NULL; END IF; IF TG_OP <> 'INSERT' THEN " + DrawBack("OLD") +
                        "END IF; IF TG_OP <> 'DELETE' THEN " + DrawBack("NEW") + "END IF; RETURN NULL; END $$"));
   const auto Make = [&](const char* Ending, const char* Events, const char* Each) {
@@ -137,12 +138,14 @@ void TZyTableSummary::Drop() {
 
 /// The triggers come first: a row that changes while the summary is made draws it back as well.
 void TZyTableSummary::Make() {
-  FConnection.Run(ToQt("CREATE TABLE " + FQuotedName +
-                       " (lvl INTEGER NOT NULL, x0 DOUBLE PRECISION NOT NULL, y0 DOUBLE PRECISION, x1 DOUBLE PRECISION, y1 "
-                       "DOUBLE PRECISION, xlow DOUBLE PRECISION, ylow DOUBLE PRECISION, xhigh DOUBLE PRECISION, yhigh DOUBLE "
-                       "PRECISION, n BIGINT, s DOUBLE PRECISION, PRIMARY KEY (lvl, x0))" +
-                       (FConnection.IsEmbedded() ? " WITHOUT ROWID" : "")));
-  FConnection.Run(ToQt("INSERT INTO " + FQuotedName + " (lvl, x0) VALUES (0, " + TZyTableStatements::Literal(Nothing) + ")"));
+  FConnection.Run(
+      ToQt("CREATE TABLE " + FQuotedName +
+           " (lvl INTEGER NOT NULL, x0 DOUBLE PRECISION NOT NULL, y0 DOUBLE PRECISION, x1 DOUBLE PRECISION, y1 "
+           "DOUBLE PRECISION, xlow DOUBLE PRECISION, ylow DOUBLE PRECISION, xhigh DOUBLE PRECISION, yhigh DOUBLE "
+           "PRECISION, n BIGINT, s DOUBLE PRECISION, PRIMARY KEY (lvl, x0))" +
+           (FConnection.IsEmbedded() ? " WITHOUT ROWID" : "")));
+  FConnection.Run(
+      ToQt("INSERT INTO " + FQuotedName + " (lvl, x0) VALUES (0, " + TZyTableStatements::Literal(Nothing) + ")"));
   MakeTriggers();
 }
 
@@ -151,13 +154,14 @@ void TZyTableSummary::Make() {
 double TZyTableSummary::TakeUp() {
   FOpen.assign(1, {});
   FWrittenUntil = FHoldsUntil;
-  FConnection.Run(ToQt("DELETE FROM " + FQuotedName + " WHERE lvl > 0 AND x1 >= " + TZyTableStatements::Literal(FHoldsUntil)));
+  FConnection.Run(
+      ToQt("DELETE FROM " + FQuotedName + " WHERE lvl > 0 AND x1 >= " + TZyTableStatements::Literal(FHoldsUntil)));
   for (int Level = 1; Level <= FLevels; ++Level) {
     const std::string Above = std::to_string(Level + 1), Here = std::to_string(Level);
-    QSqlQuery Query = FConnection.Run(
-        ToQt(std::string("SELECT ") + TZyTableStatements::BlockFields + " FROM " + FQuotedName + " WHERE lvl = " + Here +
-             " AND x0 > COALESCE((SELECT MAX(x1) FROM " + FQuotedName + " WHERE lvl = " + Above + "), " +
-             TZyTableStatements::Literal(Nothing) + ") ORDER BY x0"));
+    QSqlQuery Query =
+        FConnection.Run(ToQt(std::string("SELECT ") + TZyTableStatements::BlockFields + " FROM " + FQuotedName +
+                             " WHERE lvl = " + Here + " AND x0 > COALESCE((SELECT MAX(x1) FROM " + FQuotedName +
+                             " WHERE lvl = " + Above + "), " + TZyTableStatements::Literal(Nothing) + ") ORDER BY x0"));
     FOpen.emplace_back();
     TZyTableBlock Last;
     while (Query.next()) {
@@ -198,7 +202,8 @@ void TZyTableSummary::Write() {
     std::string Rows;
     for (std::size_t i = First; i < std::min(First + RowsOfInsert, FNew.size()); ++i)
       Rows += (Rows.empty() ? "" : ", ") + FNew[i];
-    FConnection.Run(ToQt("INSERT INTO " + FQuotedName + " (lvl, " + TZyTableStatements::BlockFields + ") VALUES " + Rows));
+    FConnection.Run(
+        ToQt("INSERT INTO " + FQuotedName + " (lvl, " + TZyTableStatements::BlockFields + ") VALUES " + Rows));
   }
   FConnection.Run(ToQt("UPDATE " + FQuotedName + " SET x0 = " + TZyTableStatements::Literal(Until) +
                        " WHERE lvl = 0 AND x0 = " + TZyTableStatements::Literal(FWrittenUntil)));
@@ -209,7 +214,8 @@ void TZyTableSummary::Write() {
 
 double TZyTableSummary::ReadPiece(const TZyTableRange& Piece, std::int64_t& Rows) {
   const TZyTableRange Ranges[] = {Piece};
-  QSqlQuery Query = FConnection.Run(ToQt(FStatements.Rows(Ranges) + " ORDER BY " + (FConnection.IsEmbedded() ? "t." : "r.") + FQuotedFields.X));
+  QSqlQuery Query = FConnection.Run(
+      ToQt(FStatements.Rows(Ranges) + " ORDER BY " + (FConnection.IsEmbedded() ? "t." : "r.") + FQuotedFields.X));
   std::int64_t Number = 0;
   for (; Query.next(); ++Number) TakeRow(TZyTableReader::RowOf(Query, FFields, FName));
   FConnection.CheckEnd(Query);

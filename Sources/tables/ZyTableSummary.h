@@ -12,9 +12,9 @@ namespace zy {
 
 class TSqlConnection;
 
-/// A table beside a table that has its rows summed up: blocks of some rows with their ends, extremes, number and sum, on
-/// the next level blocks of those, and so on. A wide range is put together of few blocks, and of rows only where a block
-/// reaches beyond an edge, so that it costs hardly more than a narrow one, and no value is left out.
+/// A table beside a table that has its rows summed up: blocks of some rows with their ends, extremes, number and sum,
+/// on the next level blocks of those, and so on. A wide range is put together of few blocks, and of rows only where a
+/// block reaches beyond an edge, so that it costs hardly more than a narrow one, and no value is left out.
 ///
 /// Its columns are `lvl`, 1 for blocks of rows, and those of TZyTableStatements::BlockFields; the row of level 0 has in
 /// `x0` up to where it holds. Rows behind that are read from the table itself. Triggers draw the place back when rows

@@ -23,8 +23,8 @@ struct TZyTableSource {
 };
 
 /// Asks a table off the control thread, by a connection of its own; nothing else is shared but questions and answers,
-/// under one lock. A database in memory, which no second connection sees, is asked on the control thread, from the event
-/// loop.
+/// under one lock. A database in memory, which no second connection sees, is asked on the control thread, from the
+/// event loop.
 ///
 /// There is at most one question for the whole table and one for a range of it: a newer one takes the place of an older
 /// one that waits, and ends one under way after its present statement. All members are for the control thread.

@@ -33,7 +33,8 @@ struct TBoundChart : TSampleChart {
     Series.Line().SetColor(Colors::DarkBlue);
   }
   Bitmap Picture(float Ratio) {
-    return PictureOf(Graph->Width(), Graph->Height(), [this](Graphics& Gr) { Graph->PaintGr(Gr); }, Ratio);
+    return PictureOf(
+        Graph->Width(), Graph->Height(), [this](Graphics& Gr) { Graph->PaintGr(Gr); }, Ratio);
   }
 
   TDataSource Source;
@@ -57,6 +58,7 @@ class ZyTableDataTest : public ::testing::TestWithParam<const char*> {
     if (!IsServer) std::fclose(std::fopen((Folder / "rows.db").c_str(), "w"));
     Address = IsServer ? Server : (Folder / "rows.db").string();
     Base.SetConnectionText(Address);
+    if (!IsServer) Base.ExecSQL("PRAGMA synchronous = OFF");
     if (IsServer) {
       Base.ExecSQL("SET client_min_messages = warning");
       Base.ExecSQL("DROP FUNCTION IF EXISTS rows_t_v_summary_drawback() CASCADE");
@@ -105,8 +107,13 @@ class ZyTableDataTest : public ::testing::TestWithParam<const char*> {
     TBoundChart Held(All), Asked(Data);
     Data.SetXAxis(Asked.X);
     const double Length = All.RecordCount();
-    for (const auto& [Start, Share] : {std::pair{0.0, 1.0}, {0.31, 0.1}, {0.6, 0.1}, {0.123, 0.013}, {0.7, 0.001},
-                                       {0.35, 20 / Length}, {0.9, 0.3}}) {
+    for (const auto& [Start, Share] : {std::pair{0.0, 1.0},
+                                       {0.31, 0.1},
+                                       {0.6, 0.1},
+                                       {0.123, 0.013},
+                                       {0.7, 0.001},
+                                       {0.35, 20 / Length},
+                                       {0.9, 0.3}}) {
       SCOPED_TRACE(What + ", from " + std::to_string(Start) + ", share " + std::to_string(Share));
       for (TBoundChart* Chart : {&Held, &Asked}) {
         if (Share < 1) Chart->FixEnds(Chart->X, Start * Length, (Start + Share) * Length);
@@ -182,9 +189,10 @@ TEST_P(ZyTableDataTest, RecordsSumUpStretchesOfRoundWidth) {
         Sum += Row->second;
       }
       const std::pair<const char*, double> Wanted[] = {
-          {"t", First->first}, {"open", First->second}, {"high", High},         {"low", Low},
+          {"t", First->first}, {"open", First->second}, {"high", High},        {"low", Low},
           {"sum", Sum},        {"count", Count},        {"mean", Sum / Count}, {"close", (Row - 1)->second}};
-      for (const auto& [Field, Value] : Wanted) EXPECT_NEAR(Data.FieldByName(Field).AsFloat(), Value, 1e-9) << Field << X;
+      for (const auto& [Field, Value] : Wanted)
+        EXPECT_NEAR(Data.FieldByName(Field).AsFloat(), Value, 1e-9) << Field << X;
       ++Compared;
     });
     EXPECT_EQ(Compared, 102);
