@@ -117,7 +117,7 @@ void TZyTableData::Start() {
   for (const std::string* Each : {&Names.Table, &Names.X, &Names.First, &Names.Max, &Names.Min, &Names.Last})
     if (Each->empty()) throw EDatabaseError(Format(LoadResString(_sTableUnset), {Title()}));
   const std::shared_ptr<TSqlConnection> Connection = TSqlConnection::Share(FConnectionText);
-  TZyTableReader(*Connection, Names, Summary(), Title()).Test();
+  TZyTable(*Connection, Names, Title()).Statements();
   if (FWorker == nullptr)
     FWorker = std::make_unique<TZyTableWorker>(TZyTableSource{FConnectionText, Names, Summary(), Title()},
                                                [this] { TakeAnswers(); });
@@ -301,12 +301,14 @@ void TZyTableData::ShowCursor(bool Busy) {
 
 void TZyTableData::MakeSummary(const std::function<bool(std::int64_t Rows)>& Progress, bool Anew) {
   const std::shared_ptr<TSqlConnection> Connection = TSqlConnection::Share(FConnectionText);
-  TZyTableSummary(*Connection, Fields(), Summary()).Update(Progress, Anew);
+  TZyTable Table(*Connection, Fields(), Title());
+  TZyTableSummary(Table, Summary()).Update(Progress, Anew);
 }
 
 void TZyTableData::DropSummary() {
   const std::shared_ptr<TSqlConnection> Connection = TSqlConnection::Share(FConnectionText);
-  TZyTableSummary(*Connection, Fields(), Summary()).Drop();
+  TZyTable Table(*Connection, Fields(), Title());
+  TZyTableSummary(Table, Summary()).Drop();
 }
 
 void TZyTableData::ForEachBlock(

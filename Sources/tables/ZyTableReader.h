@@ -6,15 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "tables/ZyTableColumns.h"
-#include "tables/ZyTableStatements.h"
-
-class QSqlQuery;
+#include "tables/ZyTable.h"
+#include "tables/ZyTableSummary.h"
 
 namespace zy {
 
 class TSqlConnection;
-class TZyTableSummary;
 
 /// How rows become records.
 enum class TZyTableKind {
@@ -49,56 +46,40 @@ class TZyTableReader {
  public:
   using TCancelled = std::function<bool()>;
   /// Number of columns of the whole table, and the most statements' ranges at a time.
-  static constexpr int WholeColumns = 1000;
+  static constexpr std::size_t WholeColumns = 1000;
 
   /// Title names the data in messages. Summary is the name of the summary table, which need not exist.
   TZyTableReader(TSqlConnection& Connection, TZyTableFields Fields, std::string Summary, std::string Title);
 
-  /// Tests that table and columns are there and may hold numbers. Throws EDatabaseError.
-  void Test();
   /// What would make questions to a table of so many rows faster: the index or the summary that is missing, an empty
   /// text for nothing.
   std::string Notice(std::int64_t Rows);
-  /// Throws EDatabaseError when the index is missing.
-  void TestIndex();
   /// Answers a question. Empty when Cancelled said so in between. Throws EDatabaseError.
   std::optional<TZyTableAnswer> Answer(const TZyTableQuestion& Question, const TCancelled& Cancelled);
   /// All rows from first to last, some at a time: Visit gets them as blocks of one row each. False from it ends that.
   void ForEachBlock(const std::function<bool(std::span<const TZyTableBlock>)>& Visit);
 
-  /// The row, or the block of BlockFields, on which a query stands. Throws EDatabaseError for a text.
-  static TZyTableBlock RowOf(const QSqlQuery& Query, const TZyTableFields& Fields, const std::string& Title);
-  static TZyTableBlock BlockOf(const QSqlQuery& Query, const TZyTableFields& Fields, const std::string& Title);
-  /// The fields in the quotes that the database wants.
-  static TZyTableFields Quoted(TSqlConnection& Connection, const TZyTableFields& Fields);
-
  private:
   struct TCancel {};
   using TRanges = std::vector<TZyTableRange>;
 
-  const std::string& MissingIndex();
-  std::string FindMissingIndex();
-  std::optional<TZyTableRange> Ends();
   std::vector<double> WholeEdges(const TZyTableQuestion& Question, const TZyTableRange& Range) const;
   void TakeBlocks(std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
-  TRanges TakeSummary(TZyTableSummary& Summary, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
-  TRanges TakeLevel(TZyTableSummary& Summary, int Level, std::span<const double> Edges, const TRanges& Gaps,
-                    std::vector<TZyTableBlock>& Blocks);
+  std::vector<double> TakeWhole(std::span<const double> Ends, std::vector<TZyTableBlock>& Blocks);
+  TRanges TakeLevel(int Level, std::span<const double> Edges, const TRanges& Gaps, std::vector<TZyTableBlock>& Blocks);
+  void TakeGaps(const TRanges& Gaps, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
   void TakeRows(const TRanges& Ranges, std::vector<TZyTableBlock>& Blocks);
   void TakeColumns(const TRanges& Ranges, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
   void ScanRows(const TRanges& Pieces, std::vector<TZyTableBlock>& Blocks);
   template <class TStatement, class TTake>
   void InSlices(const TRanges& Ranges, const TStatement& Statement, const TTake& Take);
-  std::vector<TZyTableBlock> RowsOf(const std::string& Statement);
   void TestCancelled() const;
 
+  TZyTable FTable;
   TSqlConnection& FConnection;
-  TZyTableFields FFields;
-  std::string FSummary, FTitle;
-  std::optional<TZyTableStatements> FStatements;  // once the table was tested
+  TZyTableSummary FSummary;
   TCancelled FCancelled;
   bool FHasSummary = false;
-  std::optional<std::string> FMissingIndex;  // once it was looked for
 };
 
 }  // namespace zy

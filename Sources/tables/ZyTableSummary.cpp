@@ -8,8 +8,8 @@
 #include <limits>
 
 #include "platform/sql/SqlConnection.h"
-#include "tables/ZyTableReader.h"
 #include "texts/Exceptions.h"
+#include "texts/ZyTableTexts.h"
 
 namespace zy {
 namespace {
@@ -50,13 +50,11 @@ std::string RowText(int Level, const TZyTableBlock& Block) {
 
 }  // namespace
 
-TZyTableSummary::TZyTableSummary(TSqlConnection& Connection, TZyTableFields Fields, std::string Name)
-    : FConnection(Connection),
-      FFields(std::move(Fields)),
-      FQuotedFields(TZyTableReader::Quoted(Connection, FFields)),
+TZyTableSummary::TZyTableSummary(TZyTable& Table, std::string Name)
+    : FTable(Table),
+      FConnection(Table.Connection()),
       FName(std::move(Name)),
-      FQuotedName(Connection.QuotedTable(FName).toStdString()),
-      FStatements(FQuotedFields, {!Connection.IsEmbedded(), false}),
+      FQuotedName(FConnection.QuotedTable(FName).toStdString()),
       FHoldsUntil(-Infinity),
       FWrittenUntil(Nothing) {}
 
@@ -96,13 +94,13 @@ void TZyTableSummary::MakeTriggers() {
   const QString Base = ToQt(FName).section('.', -1);
   const auto Quoted = [&](const char* Ending) { return FConnection.QuotedField(Base + Ending).toStdString(); };
   const auto DrawBack = [&](const char* Row) {
-    const std::string X = std::string(Row) + "." + FQuotedFields.X;
+    const std::string X = std::string(Row) + "." + FTable.Quoted().X;
     return "UPDATE " + FQuotedName + " SET x0 = " + X + " WHERE lvl = 0 AND x0 > " + X + "; ";
   };
   if (FConnection.IsEmbedded()) {
     const auto Make = [&](const char* Ending, const char* Event, const std::string& Work) {
       FConnection.Run(ToQt("CREATE TRIGGER IF NOT EXISTS " + Quoted(Ending) + " AFTER " + Event + " ON " +
-                           FQuotedFields.Table + " BEGIN " + Work + "END"));
+                           FTable.Quoted().Table + " BEGIN " + Work + "END"));
     };
     Make("_insert", "INSERT", DrawBack("NEW"));
     Make("_delete", "DELETE", DrawBack("OLD"));
@@ -115,7 +113,7 @@ void TZyTableSummary::MakeTriggers() {
                        " WHERE lvl = 0; RETURN NULL; END IF; IF TG_OP <> 'INSERT' THEN " + DrawBack("OLD") +
                        "END IF; IF TG_OP <> 'DELETE' THEN " + DrawBack("NEW") + "END IF; RETURN NULL; END $$"));
   const auto Make = [&](const char* Ending, const char* Events, const char* Each) {
-    FConnection.Run(ToQt("CREATE TRIGGER " + Quoted(Ending) + " AFTER " + Events + " ON " + FQuotedFields.Table +
+    FConnection.Run(ToQt("CREATE TRIGGER " + Quoted(Ending) + " AFTER " + Events + " ON " + FTable.Quoted().Table +
                          " FOR EACH " + Each + " EXECUTE FUNCTION " + Quoted("_drawback") + "()"));
   };
   Make("_change", "INSERT OR UPDATE OR DELETE", "ROW");
@@ -165,7 +163,7 @@ double TZyTableSummary::TakeUp() {
     FOpen.emplace_back();
     TZyTableBlock Last;
     while (Query.next()) {
-      Last = TZyTableReader::BlockOf(Query, FFields, FName);
+      Last = FTable.BlockOf(Query);
       FOpen.back().Open.Append(Last);
       ++FOpen.back().Parts;
     }
@@ -214,17 +212,19 @@ void TZyTableSummary::Write() {
 
 double TZyTableSummary::ReadPiece(const TZyTableRange& Piece, std::int64_t& Rows) {
   const TZyTableRange Ranges[] = {Piece};
-  QSqlQuery Query = FConnection.Run(
-      ToQt(FStatements.Rows(Ranges) + " ORDER BY " + (FConnection.IsEmbedded() ? "t." : "r.") + FQuotedFields.X));
+  QSqlQuery Query = FConnection.Run(ToQt(FTable.Statements().Rows(Ranges) + " ORDER BY " +
+                                         (FConnection.IsEmbedded() ? "t." : "r.") + FTable.Quoted().X));
   std::int64_t Number = 0;
-  for (; Query.next(); ++Number) TakeRow(TZyTableReader::RowOf(Query, FFields, FName));
+  for (; Query.next(); ++Number) TakeRow(FTable.RowOf(Query));
   FConnection.CheckEnd(Query);
   Rows += Number;
   return static_cast<double>(Number) / static_cast<double>(RowsOfPiece);
 }
 
 void TZyTableSummary::Update(const TProgress& Progress, bool Anew) {
-  TZyTableReader(FConnection, FFields, FName, FFields.Table).TestIndex();
+  if (!FTable.MissingIndex().empty())
+    throw EDatabaseError(Format(LoadResString(_sTableNoIndex),
+                                {FTable.Title(), FTable.Fields().Table, FTable.Fields().X, FTable.MissingIndex()}));
   const bool IsThere = Find();
   if (Anew || !IsThere) {
     Drop();
@@ -232,11 +232,10 @@ void TZyTableSummary::Update(const TProgress& Progress, bool Anew) {
     Find();
   }
   const double SummedUp = TakeUp();
-  QSqlQuery Query = FConnection.Run(ToQt(FStatements.Ends()));
-  if (!Query.next() || Query.value(0).isNull()) return;
-  double Low = std::max(Query.value(0).toDouble(), std::nextafter(SummedUp, Infinity));
-  const double Stop = std::nextafter(Query.value(1).toDouble(), Infinity);
-  Query.finish();
+  const std::optional<TZyTableRange> Ends = FTable.Ends();
+  if (!Ends) return;
+  double Low = std::max(Ends->Low, std::nextafter(SummedUp, Infinity));
+  const double Stop = Ends->High;
   std::int64_t Rows = 0;
   for (double Width = (Stop - Low) / 1000; Low < Stop;) {
     const double High = std::min(std::max(Low + Width, std::nextafter(Low, Infinity)), Stop);

@@ -5,12 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "tables/ZyTableColumns.h"
-#include "tables/ZyTableStatements.h"
+#include "tables/ZyTable.h"
 
 namespace zy {
-
-class TSqlConnection;
 
 /// A table beside a table that has its rows summed up: blocks of some rows with their ends, extremes, number and sum,
 /// on the next level blocks of those, and so on. A wide range is put together of few blocks, and of rows only where a
@@ -26,8 +23,8 @@ class TZyTableSummary {
   /// What is told between two pieces of work: the rows done so far. False stops it; what is done stays.
   using TProgress = std::function<bool(std::int64_t Rows)>;
 
-  /// Name is that of the summary; Fields are those of the table, without quotes. The connection must outlive it.
-  TZyTableSummary(TSqlConnection& Connection, TZyTableFields Fields, std::string Name);
+  /// Name is that of the summary. The table must outlive it.
+  TZyTableSummary(TZyTable& Table, std::string Name);
 
   /// The name that a summary of these fields has as long as none is chosen.
   static std::string NameFor(const TZyTableFields& Fields);
@@ -37,8 +34,8 @@ class TZyTableSummary {
   int Levels() const { return FLevels; }
   const std::string& QuotedName() const { return FQuotedName; }
 
-  /// Makes the summary, or brings it up to date. Anew starts at the first row. Throws EDatabaseError; what was written
-  /// until then holds.
+  /// Makes the summary, or brings it up to date. Anew starts at the first row. Throws EDatabaseError, also for a table
+  /// without an index; what was written until then holds.
   void Update(const TProgress& Progress, bool Anew = false);
   /// Drops the table and its triggers.
   void Drop();
@@ -58,10 +55,9 @@ class TZyTableSummary {
   void Write();
   double ReadPiece(const TZyTableRange& Piece, std::int64_t& Rows);
 
+  TZyTable& FTable;
   TSqlConnection& FConnection;
-  TZyTableFields FFields, FQuotedFields;
   std::string FName, FQuotedName;
-  TZyTableStatements FStatements;
   double FHoldsUntil;
   int FLevels = 0;
   std::vector<TLevel> FOpen;  // from blocks of rows upwards
