@@ -3,11 +3,15 @@
 #include <QDesignerFormEditorInterface>
 #include <QExtensionManager>
 #include <QIcon>
+#include <QMessageBox>
 #include <QPixmap>
 #include <algorithm>
 
+#include "designer/ChartTaskMenu.h"
 #include "designer/PublishedSheet.h"
 #include "dialogs/widgets/ZyPickWidgets.h"
+#include "platform/drawing/QtText.h"
+#include "texts/ZyQtTexts.h"
 #include "widgets/ZyChartWidget.h"
 #include "widgets/ZyPieWidget.h"
 
@@ -18,8 +22,7 @@ struct TKind {
   const char* ClassName;  // with its namespace
   const char* ObjectName;
   const char* Header;
-  const char* Group;
-  const char* Help;
+  TZyText Group, Help;
   int Width, Height;
   QWidget* (*Make)(QWidget* Parent);
 };
@@ -32,26 +35,26 @@ QWidget* Make(QWidget* Parent) {
 constexpr const char* PickHeader = "zyphos/dialogs/widgets/ZyPickWidgets.h";
 
 const TKind Kinds[] = {
-    {"zy::ZyChartWidget", "chart", "zyphos/widgets/ZyChartWidget.h", "Charts", "A chart with axes", 480, 320,
+    {"zy::ZyChartWidget", "chart", "zyphos/widgets/ZyChartWidget.h", _sDesignerCharts, _sDesignerChart, 480, 320,
      &Make<ZyChartWidget>},
-    {"zy::ZyPieWidget", "pie", "zyphos/widgets/ZyPieWidget.h", "Charts", "A pie or donut chart", 320, 320,
+    {"zy::ZyPieWidget", "pie", "zyphos/widgets/ZyPieWidget.h", _sDesignerCharts, _sDesignerPie, 320, 320,
      &Make<ZyPieWidget>},
-    {"zy::ZyColorPickWidget", "color", PickHeader, "Chart Controls", "Picks a colour", 60, 24,
+    {"zy::ZyColorPickWidget", "color", PickHeader, _sDesignerControls, _sDesignerColor, 60, 24,
      &Make<ZyColorPickWidget>},
-    {"zy::ZyIntegerEditWidget", "integer", PickHeader, "Chart Controls", "Edits a whole number", 80, 24,
+    {"zy::ZyIntegerEditWidget", "integer", PickHeader, _sDesignerControls, _sDesignerInteger, 80, 24,
      &Make<ZyIntegerEditWidget>},
-    {"zy::ZyDoubleEditWidget", "real", PickHeader, "Chart Controls", "Edits a real, a date or a time span", 80, 24,
+    {"zy::ZyDoubleEditWidget", "real", PickHeader, _sDesignerControls, _sDesignerReal, 80, 24,
      &Make<ZyDoubleEditWidget>},
-    {"zy::ZyNumericUpDnWidget", "steps", PickHeader, "Chart Controls", "Edits a real by steps", 80, 24,
+    {"zy::ZyNumericUpDnWidget", "steps", PickHeader, _sDesignerControls, _sDesignerSteps, 80, 24,
      &Make<ZyNumericUpDnWidget>},
-    {"zy::ZyDashStylesWidget", "dashes", PickHeader, "Chart Controls", "Picks the dashes of a line", 100, 24,
+    {"zy::ZyDashStylesWidget", "dashes", PickHeader, _sDesignerControls, _sDesignerDashes, 100, 24,
      &Make<ZyDashStylesWidget>},
-    {"zy::ZyAreaStylesWidget", "pattern", PickHeader, "Chart Controls", "Picks the pattern of an area", 100, 24,
+    {"zy::ZyAreaStylesWidget", "pattern", PickHeader, _sDesignerControls, _sDesignerPattern, 100, 24,
      &Make<ZyAreaStylesWidget>},
-    {"zy::ZyPointSymbolsWidget", "symbol", PickHeader, "Chart Controls", "Picks a point symbol", 100, 24,
+    {"zy::ZyPointSymbolsWidget", "symbol", PickHeader, _sDesignerControls, _sDesignerSymbol, 100, 24,
      &Make<ZyPointSymbolsWidget>},
-    {"zy::ZyCaptionEditWidget", "captionEdit", PickHeader, "Chart Controls", "Edits a caption with fonts and values",
-     200, 60, &Make<ZyCaptionEditWidget>},
+    {"zy::ZyCaptionEditWidget", "captionEdit", PickHeader, _sDesignerControls, _sDesignerCaption, 200, 60,
+     &Make<ZyCaptionEditWidget>},
 };
 
 /// One kind of widget.
@@ -60,9 +63,9 @@ class TDesignerWidget : public QDesignerCustomWidgetInterface {
   explicit TDesignerWidget(const TKind& Kind) : FKind(Kind) {}
 
   QString name() const override { return FKind.ClassName; }
-  QString group() const override { return FKind.Group; }
-  QString toolTip() const override { return FKind.Help; }
-  QString whatsThis() const override { return FKind.Help; }
+  QString group() const override { return ToQString(LoadResString(FKind.Group)); }
+  QString toolTip() const override { return ToQString(LoadResString(FKind.Help)); }
+  QString whatsThis() const override { return ToQString(LoadResString(FKind.Help)); }
   QString includeFile() const override { return FKind.Header; }
   QIcon icon() const override;
   bool isContainer() const override { return false; }
@@ -91,12 +94,21 @@ void TDesignerWidget::initialize(QDesignerFormEditorInterface* Core) {
   if (Core->property(HasSheets).toBool() || Core->extensionManager() == nullptr) return;
   Core->setProperty(HasSheets, true);
   PublishedSheetFactory::Register(*Core->extensionManager());
+  ChartTaskMenuFactory::Register(*Core->extensionManager());
 }
 
+/// On a form of the designer it shows samples, and says why a property could not be set.
 QWidget* TDesignerWidget::createWidget(QWidget* Parent) {
   QWidget* const Result = FKind.Make(Parent);
-  if (auto* const Chart = qobject_cast<ZyControlWidget*>(Result); Chart != nullptr && FCore != nullptr)
-    Chart->ShowSamples();
+  auto* const Widget = qobject_cast<ZyControlWidget*>(Result);
+  if (Widget == nullptr || FCore == nullptr) return Result;
+  Widget->ShowSamples();
+  QObject::connect(Widget, &ZyControlWidget::errorOccurred, Widget, [Widget](const QString& Text) {
+    auto* const Box = new QMessageBox(QMessageBox::Warning, ToQString(LoadResString(_sDesignerError)), Text,
+                                      QMessageBox::Ok, Widget->window());
+    Box->setAttribute(Qt::WA_DeleteOnClose);
+    Box->open();
+  });
   return Result;
 }
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QBuffer>
 #include <QColor>
@@ -14,6 +15,7 @@
 #include <QDesignerIntegration>
 #include <QDesignerPropertyEditorInterface>
 #include <QDesignerPropertySheetExtension>
+#include <QDesignerTaskMenuExtension>
 #include <QDomDocument>
 #include <QExtensionManager>
 #include <QFormBuilder>
@@ -22,6 +24,7 @@
 #include <QUiLoader>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -143,6 +146,17 @@ TEST(DesignerPluginTest, TheDesignerEditsAndStoresWhatChartsPublish) {
   EXPECT_EQ(Stored(Content, "pie", "caption"), "");
   ASSERT_TRUE(Sheet->reset(Width));
   EXPECT_EQ(Stored(Window->contents(), "chart", "DataAreaFrame.Width"), "");
+  auto* const Menu = qt_extension<QDesignerTaskMenuExtension*>(Core->extensionManager(), Chart);
+  ASSERT_NE(Menu, nullptr);
+  Window->setDirty(false);
+  const auto CountShown = [] {
+    return std::ranges::count_if(QApplication::topLevelWidgets(),
+                                 [](const QWidget* Each) { return Each->isVisible(); });
+  };
+  const auto Before = CountShown();
+  Menu->preferredEditAction()->trigger();
+  EXPECT_EQ(CountShown(), Before + 1) << "the settings dialog";
+  EXPECT_TRUE(Window->isDirty());
   Editor->setObject(Chart);
   Editor->resize(420, 900);
   if (const QByteArray Folder = qgetenv("ZY_PICTURES"); !Folder.isEmpty()) {
