@@ -242,6 +242,9 @@ class TZyAxis : public TGraphicControl, public TZyRecord, public IZyUndoUser {
   const TZyAxisTransform& Transform() const { return FTransform; }
   /// The caption, or the name of the component without one.
   const std::string& ToString() const { return Caption().empty() ? Name() : Caption(); }
+  /// The caption without its markup, or the name, with the first and the last label; the items are the labels.
+  std::string AccessibleName() const override;
+  std::vector<std::string> AccessibleItems() const override { return LabelTexts(); }
 
   /// Set while a layout pass runs, one for the process: it stops paints and resizes from entering it again.
   inline static bool LayoutRunning = false;

@@ -5,6 +5,7 @@
 #include "axes/ZyAxisPainter.h"
 #include "graph/parts/ZyAxisGraph.h"
 #include "platform/controls/TWinControl.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 
@@ -23,6 +24,12 @@ std::string TZyAxis::LabelText(std::string Text, double Value) {
   TZyScaleLabelEventArgs Args{Value, std::move(Text)};
   mGetScaleLabel(this, Args);
   return std::move(Args.Caption);
+}
+
+std::string TZyAxis::AccessibleName() const {
+  std::string Title = Caption().empty() ? Name() : FCaptionRec.PlainText();
+  const std::vector<std::string> Labels = LabelTexts();
+  return Labels.empty() ? Title : Format(LoadResString(_sToldRange), {Title, Labels.front(), Labels.back()});
 }
 
 /// The extent of the control along the axis. Where a graph's layout gives it one, a new control and one whose parent

@@ -243,6 +243,12 @@ std::vector<std::string> TZyGraph2D::Diagnose() {
   return Result;
 }
 
+std::vector<std::string> TZyGraph2D::AccessibleItems() const {
+  std::vector<std::string> Result;
+  for (const TZySeries* Series : FRelatedSeries) Result.push_back(Series->AccessibleText());
+  return Result;
+}
+
 void TZyGraph2D::BoundsChanged() {
   if (FPrimaryYAxis != nullptr) FPrimaryYAxis->CheckResize();
   if (FPrimaryXAxis != nullptr) FPrimaryXAxis->CheckResize();

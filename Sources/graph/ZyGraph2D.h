@@ -196,6 +196,9 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   /// Says in sentences why nothing is to be seen: of the graph, of its series, and of those of the same owner that have
   /// not come into any graph. Empty when everything shows. Takes new data and the layout that is due.
   std::vector<std::string> Diagnose();
+  /// What a screen reader says of the series, in their order. Axes, legends and markers stand beside it, as the
+  /// controls that they are.
+  std::vector<std::string> AccessibleItems() const override;
   void RemoveRelatedSeries(TZySeries* Series) override { FRelatedSeries.Remove(Series); }
   /// A series has computed its pixels.
   void PointsCalculated() override { FPointsAreStale = false; }

@@ -232,6 +232,21 @@ bool TZyGraphGestures::ScrollByKey(bool Horizontal, bool Forward) {
   return true;
 }
 
+/// A place beside the data area zooms the axes along it alone.
+bool TZyGraphGestures::ZoomAlongByKey(TKey Key) {
+  constexpr int Beside = -1;
+  TPoint Place = FTarget.MiddleOfData();
+  if (Key == vkRight || Key == vkLeft) {
+    Place.Y = Beside;
+  } else if (Key == vkUp || Key == vkDown) {
+    Place.X = Beside;
+  } else {
+    return false;
+  }
+  ZoomStep(Place, Key == vkRight || Key == vkUp ? 1 / ZoomOutStep : ZoomOutStep);
+  return true;
+}
+
 bool TZyGraphGestures::KeyDown(TKey Key, TShiftState Shift) {
   if (!FTarget.Zoom().Auto() || !FTarget.Zoom().KeyboardZoom()) return false;
   if (Key == vkEscape) {
@@ -239,7 +254,8 @@ bool TZyGraphGestures::KeyDown(TKey Key, TShiftState Shift) {
     Cancel();
     return true;
   }
-  if (FKind == TKind::Frame || FTarget.Panning() || Shift.Contains(ssAlt) || Shift.Contains(ssCtrl)) return false;
+  if (FKind == TKind::Frame || FTarget.Panning() || Shift.Contains(ssAlt)) return false;
+  if (Shift.Contains(ssCtrl)) return ZoomAlongByKey(Key);
   switch (Key) {
     case vkLeft:
       return ScrollByKey(true, false);
@@ -258,6 +274,10 @@ bool TZyGraphGestures::KeyDown(TKey Key, TShiftState Shift) {
     case vkHome:
       if (!FTarget.GetCanZoomBack()) return false;
       FTarget.ZoomReset();
+      return true;
+    case vkBack:
+      if (!FTarget.GetCanZoomBack()) return false;
+      FTarget.ZoomBack();
       return true;
     default:
       return false;

@@ -92,6 +92,7 @@ class TZyGraphGestures {
   bool EndPinch();
   void ZoomStep(TPoint Place, double Factor);
   bool ScrollByKey(bool Horizontal, bool Forward);
+  bool ZoomAlongByKey(TKey Key);
 
   IZyGestureTarget& FTarget;
   TKind FKind = TKind::None;

@@ -72,8 +72,9 @@ class TZyZoomSettings : public TPersistent {
   /// range.
   bool TouchGestures() const { return FTouchGestures; }
   void SetTouchGestures(bool Value);
-  /// Whether a chart that has the keyboard is panned by the arrow keys, zoomed by plus and minus and shown whole by
-  /// Home. Escape ends a mouse gesture without effect.
+  /// Whether a chart that has the keyboard is panned by the arrow keys, zoomed by plus and minus, in one direction by
+  /// the arrows with ctrl, and shown whole by Home; Backspace goes one stage back. Escape ends a mouse gesture without
+  /// effect.
   bool KeyboardZoom() const { return FKeyboardZoom; }
   void SetKeyboardZoom(bool Value);
 

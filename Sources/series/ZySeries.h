@@ -158,6 +158,10 @@ class TZySeries : public TComponent,
   /// The caption, or the name of the component without one.
   const std::string& ToString() const { return FCaption.empty() ? Name() : FCaption; }
 
+  /// What a screen reader says of it: caption or name, kind, number of points, and their range in X and Y, as of the
+  /// last paint.
+  std::string AccessibleText() const;
+
   /// The vectors that the series reads, null for those that are not there.
   std::vector<TZyCustomDoubleVector*> Vectors() const;
 

@@ -33,6 +33,32 @@ ZY_TEXT(_sVariantConversion, "Cannot convert %s to %s")
 ZY_TEXT(_sGraphLook, "Look of the chart")
 ZY_TEXT(_sSeriesColor, "Color of the series")
 
+// ---- What a screen reader says of a chart ----
+
+ZY_TEXT(_sToldRange, "%s: %s to %s")
+ZY_TEXT(_sToldHidden, "%s, %s: hidden")
+ZY_TEXT(_sToldEmpty, "%s, %s: no points")
+ZY_TEXT(_sToldSeries, "%s, %s: %d points, X %s to %s, Y %s to %s")
+ZY_TEXT(_sToldArrows, "arrows")
+ZY_TEXT(_sToldBars, "bars")
+ZY_TEXT(_sToldBubbles, "bubbles")
+ZY_TEXT(_sToldCandleSticks, "candlesticks")
+ZY_TEXT(_sToldDifferential, "slope")
+ZY_TEXT(_sToldDiscreteFourier, "Fourier transform")
+ZY_TEXT(_sToldFittedLine, "fitted line")
+ZY_TEXT(_sToldFunctionSeries, "function")
+ZY_TEXT(_sToldIntegral, "integral")
+ZY_TEXT(_sToldInterpolation, "interpolation")
+ZY_TEXT(_sToldCustomGeneralLinearLeastSquares, "least squares")
+ZY_TEXT(_sToldLineSeries, "line")
+ZY_TEXT(_sToldLinearRegression, "linear regression")
+ZY_TEXT(_sToldMovingAverage, "moving average")
+ZY_TEXT(_sToldOHLC, "OHLC bars")
+ZY_TEXT(_sToldPointSeries, "points")
+ZY_TEXT(_sToldPointWithErrorSeries, "points with errors")
+ZY_TEXT(_sToldPolynomial, "polynomial")
+ZY_TEXT(_sToldKind, "series")
+
 // ---- Why a chart is empty: what, and where it lacks ----
 
 ZY_TEXT(_sDiagNoSeries, "%s has no series: one joins when it has both axes and data")

@@ -24,7 +24,12 @@ class TToldTarget : public IZyGestureTarget {
   void ZoomBack() override { Log += " back"; }
   void ZoomReset() override { Log += " reset"; }
   bool ZoomToFrame(TPoint, TPoint) override { return Log += " to", true; }
-  bool ZoomAround(TPoint, double Factor) override { return Log += Factor < 1 ? " in" : " out", true; }
+  bool ZoomAround(TPoint Place, double Factor) override {
+    Log += Factor < 1 ? " in" : " out";
+    if (Place.X < 0) Log += " Y";
+    if (Place.Y < 0) Log += " X";
+    return true;
+  }
   bool MouseInDataArea() const override { return IsInside; }
   TPoint MiddleOfData() const override { return {}; }
   bool Panning() const override { return IsPanning; }
@@ -90,6 +95,9 @@ const std::map<char, bool (*)(TZyGraphGestures&)> Steps = {
     {'e', [](auto& User) { return User.KeyDown(vkEscape, {}); }},
     {'+', [](auto& User) { return User.KeyDown(vkAdd, {}); }},
     {'H', [](auto& User) { return User.KeyDown(vkHome, {}); }},
+    {'B', [](auto& User) { return User.KeyDown(vkBack, {}); }},
+    {'^', [](auto& User) { return User.KeyDown(vkUp, {ssCtrl}); }},
+    {'<', [](auto& User) { return User.KeyDown(vkLeft, {ssCtrl}); }},
     {'>', [](auto& User) { return User.KeyDown(vkRight, {}); }},
     {'w', [](auto& User) { return User.MouseWheel({ssCtrl}, 60, {}); }},
     {'p', [](auto& User) { return User.Pad({.Kind = gkPan, .DeltaX = 10, .DeltaY = 5}); }},
@@ -138,7 +146,8 @@ TEST(ZyGraphGesturesTest, DoWhatTheUserAsks) {
       {"hidden meanwhile", Plain, "dmhmDmhm", "z # # # p pan -40,30 undo P"},
       {"no gesture beside a thumb, and nothing to take back", Thumb, "ewpz+>", ""},
       {"half notches", Plain, "www", "z in Z"},
-      {"keys", Plain, "+>H", "z in Z right reset"},
+      {"keys", Plain, "+>BH", "z in Z right back reset"},
+      {"keys for one direction", Plain, "^<", "z in Y Z z out X Z"},
       {"without the keyboard", Keyless, "+>H", ""},
       {"pad", Plain, "ppx", "p pan -10,5 pan -20,10 keep P"},
       {"pinch", Plain, "zpzxt", "z pinch 2 pinch 4 pinched Z reset"},
