@@ -220,7 +220,7 @@ void TZyTableReader::TakeRows(const TRanges& Ranges, std::vector<TZyTableBlock>&
 /// Where so few rows come of it that a series would not reduce them, the rows themselves are taken.
 void TZyTableReader::TakeColumns(const TRanges& Ranges, std::span<const double> Edges,
                                  std::vector<TZyTableBlock>& Blocks) {
-  constexpr std::int64_t FewRows = 16;
+  constexpr std::size_t FewRows = 16;  // of a column
   const std::optional<TZyTableRange> Whole = Ranges.empty() ? std::nullopt : FTable.Ends();
   if (!Whole) return;
   TRanges Within;
@@ -233,22 +233,24 @@ void TZyTableReader::TakeColumns(const TRanges& Ranges, std::span<const double> 
   }
   if (Within.empty()) return;
   std::vector<TZyTableBlock> Found;
-  std::int64_t Rows = 0;
+  std::size_t Rows = 0;
   const TRanges Pieces = PiecesOf(Within, Edges, std::min(PiecesOfColumn * Edges.size() / Columns, MostPieces));
-  if (!FTable.MissingIndex().empty()) return ScanRows(Pieces, Blocks);
+  if (!FTable.MissingIndex().empty()) return ScanRows(Pieces, FewRows * Edges.size(), Blocks);
   InSlices(
       Pieces, [this](auto Slice) { return FTable.Statements().Blocks(Slice); },
       [&](const QSqlQuery& Query) {
         Found.push_back(FTable.BlockOf(Query));
-        Rows += Found.back().Count;
+        Rows += static_cast<std::size_t>(Found.back().Count);
       });
-  if (Rows <= FewRows * static_cast<std::int64_t>(Edges.size())) return TakeRows(Within, Blocks);
+  if (Rows <= FewRows * Edges.size()) return TakeRows(Within, Blocks);
   Blocks.insert(Blocks.end(), Found.begin(), Found.end());
 }
 
-/// Without an index each range would read the whole table: here one statement reads it once, in any order.
-void TZyTableReader::ScanRows(const TRanges& Pieces, std::vector<TZyTableBlock>& Blocks) {
+/// Without an index each range would read the whole table: here one statement reads it once, in any order. Up to
+/// FewRows are taken as they are.
+void TZyTableReader::ScanRows(const TRanges& Pieces, std::size_t FewRows, std::vector<TZyTableBlock>& Blocks) {
   constexpr int Often = 4096;
+  std::vector<TZyTableBlock> Rows;
   std::vector<TZyTableBlock> Found(Pieces.size());
   const TZyTableRange Whole[] = {{Pieces.front().Low, Pieces.back().High}};
   QSqlQuery Query = FConnection.Run(QString::fromStdString(FTable.Statements().Rows(Whole)));
@@ -256,9 +258,12 @@ void TZyTableReader::ScanRows(const TRanges& Pieces, std::vector<TZyTableBlock>&
     if (i % Often == 0) TestCancelled();
     const TZyTableBlock Row = FTable.RowOf(Query);
     const auto Behind = std::ranges::upper_bound(Pieces, Row.FirstX, {}, &TZyTableRange::Low);
-    if (Behind != Pieces.begin()) Found[static_cast<std::size_t>(Behind - Pieces.begin()) - 1].Insert(Row);
+    if (Behind == Pieces.begin()) continue;
+    Found[static_cast<std::size_t>(Behind - Pieces.begin()) - 1].Insert(Row);
+    if (Rows.size() <= FewRows) Rows.push_back(Row);
   }
   FConnection.CheckEnd(Query);
+  if (Rows.size() <= FewRows) return static_cast<void>(Blocks.insert(Blocks.end(), Rows.begin(), Rows.end()));
   std::ranges::copy_if(Found, std::back_inserter(Blocks), [](const TZyTableBlock& Each) { return Each.Count > 0; });
 }
 

@@ -70,7 +70,7 @@ class TZyTableReader {
   void TakeGaps(const TRanges& Gaps, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
   void TakeRows(const TRanges& Ranges, std::vector<TZyTableBlock>& Blocks);
   void TakeColumns(const TRanges& Ranges, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
-  void ScanRows(const TRanges& Pieces, std::vector<TZyTableBlock>& Blocks);
+  void ScanRows(const TRanges& Pieces, std::size_t FewRows, std::vector<TZyTableBlock>& Blocks);
   template <class TStatement, class TTake>
   void InSlices(const TRanges& Ranges, const TStatement& Statement, const TTake& Take);
   void TestCancelled() const;

@@ -118,7 +118,8 @@ QString Stored(const QString& Content, const QString& Widget, const QString& Nam
 }
 
 TEST(DesignerPluginTest, TheDesignerEditsAndStoresWhatChartsPublish) {
-  QDesignerFormEditorInterface* const Core = QDesignerComponents::createFormEditor(qApp);
+  const std::unique_ptr<QDesignerFormEditorInterface> Made(QDesignerComponents::createFormEditor(nullptr));
+  QDesignerFormEditorInterface* const Core = Made.get();
   QDesignerPropertyEditorInterface* const Editor = QDesignerComponents::createPropertyEditor(Core, nullptr);
   Core->setPropertyEditor(Editor);
   new QDesignerIntegration(Core, Core);
