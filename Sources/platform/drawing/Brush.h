@@ -201,6 +201,14 @@ class PathGradientBrush : public Brush {
   std::unique_ptr<Brush> Clone() const override { return std::make_unique<PathGradientBrush>(*this); }
   /// Whether the shape is no ellipse.
   bool IsFan() const { return !FIsEllipse; }
+  /// The gradient of an ellipse, in coordinates in which that is the circle of radius 1 about the origin. For Graphics.
+  struct TRadial {
+    RectF Ellipse;                         // in the brush's coordinates
+    double FocusX, FocusY;                 // where the first colour is
+    double Outside;                        // the radius up to which the last colour goes on
+    std::vector<TGradientStop> FromFocus;  // to the circle
+  };
+  TRadial Radial() const;
   /// Paints the fan on an empty picture, which lies at ToPicture, seen from the brush's coordinates. For Graphics.
   void PaintFan(QImage& Picture, const QTransform& ToPicture) const;
   QBrush ToQt(const RectF& Box) const override;

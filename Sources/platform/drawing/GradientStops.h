@@ -19,6 +19,9 @@ ARGB ColorAt(std::span<const TGradientStop> Stops, float Position);
 /// The colour that lies at Part, from 0 to 1, of the way from one to another.
 ARGB Mix(ARGB From, ARGB To, float Part);
 
+/// The colours of equal steps along a gradient, premultiplied.
+void FillSteps(std::span<std::uint32_t> Colors, std::span<const TGradientStop> Stops);
+
 /// The toolkit's stops, squeezed into 0 to Scale.
 QGradientStops AsQt(std::span<const TGradientStop> Stops, double Scale);
 

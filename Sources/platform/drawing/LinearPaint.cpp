@@ -30,33 +30,7 @@ TLinearPaint::TLinearPaint(const LinearGradientBrush& Brush, const QTransform& T
   FAtOrigin = (Middle + (Origin - Middle) / Stretched) * FSteps;
   FAlongX = AlongX / Stretched * FSteps;
   FAlongY = AlongY / Stretched * FSteps;
-  int First = 0;
-  for (std::size_t Index = 1; Index < Stops.size(); ++Index) {
-    const int Last = static_cast<int>(std::lround(Stops[Index].Position * static_cast<float>(FSteps)));
-    FillSteps(First, Last, Stops[Index - 1], Stops[Index]);
-    First = Last;
-  }
-}
-
-/// The colours of the steps from First to before Last; see Mix. Written out for the compiler's vectoriser, channel
-/// after channel, as it is done for each shape anew.
-void TLinearPaint::FillSteps(int First, int Last, const TGradientStop& From, const TGradientStop& To) {
-  const float Length = std::max(To.Position - From.Position, 1e-6f), StepLength = 1 / static_cast<float>(FSteps);
-  std::fill(FColors.begin() + First, FColors.begin() + Last, 0);
-  for (int Shift = 0; Shift < 32; Shift += 8) {
-    const auto A = static_cast<float>(From.Color >> Shift & 255), B = static_cast<float>(To.Color >> Shift & 255);
-    const float Slope = (B - A) / Length * StepLength;
-    const float Start = A + (B - A) / Length * (StepLength / 2 - From.Position) + 0.5f;
-    for (int Step = First; Step < Last; ++Step) {
-      const float Value = std::clamp(Start + Slope * static_cast<float>(Step), 0.5f, 255.5f);
-      FColors[static_cast<std::size_t>(Step)] |= static_cast<ARGB>(static_cast<int>(Value)) << Shift;
-    }
-  }
-  const bool IsOpaque = From.Color >> 24 == 255 && To.Color >> 24 == 255;
-  for (int Step = First; Step < Last && !IsOpaque; ++Step) {
-    std::uint32_t& Color = FColors[static_cast<std::size_t>(Step)];
-    Color = qPremultiply(Color);
-  }
+  FillSteps(std::span(FColors).first(static_cast<std::size_t>(FSteps)), Stops);
 }
 
 void TLinearPaint::Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const {

@@ -21,7 +21,6 @@ class TLinearPaint : public TRasterPaint {
 
  private:
   static constexpr int MostSteps = 1024;
-  void FillSteps(int First, int Last, const TGradientStop& From, const TGradientStop& To);
 
   int FSteps = 1;                                  // a power of two
   std::array<std::uint32_t, MostSteps> FColors;    // premultiplied, along the gradient

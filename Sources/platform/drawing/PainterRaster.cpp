@@ -9,6 +9,7 @@
 #include "platform/drawing/PainterBackend.h"
 #include "platform/drawing/PainterShapes.h"
 #include "platform/drawing/QtGeometry.h"
+#include "platform/drawing/RadialPaint.h"
 #include "platform/framework/WideRegisters.h"
 
 namespace zy {
@@ -37,6 +38,8 @@ class TPainterBackend::TInk {
       FSolid.emplace(Solid->GetColor());
     else if (const auto* const Linear = dynamic_cast<const LinearGradientBrush*>(&Brush))
       FOther = std::make_unique<TLinearPaint>(*Linear, AsQt(Backend.DeviceTransform(State, TGrid::Centers)));
+    else if (const auto* const Path = dynamic_cast<const PathGradientBrush*>(&Brush); Path != nullptr && !Path->IsFan())
+      FOther = std::make_unique<TRadialPaint>(*Path, AsQt(Backend.DeviceTransform(State, Grid)));
     else
       FOther = Backend.PictureOf(State, Grid, Brush, BoundsOf(Figures, Margin));
   }

@@ -84,27 +84,29 @@ QBrush PathGradientBrush::ToQt(const RectF& Box) const {
   return Result;
 }
 
-/// A circle of radius 1 about the origin that is stretched to the ellipse.
-QBrush PathGradientBrush::RadialBrush() const {
+PathGradientBrush::TRadial PathGradientBrush::Radial() const {
   const double RadiusX = FBounds.Width / 2, RadiusY = FBounds.Height / 2;
-  const double CenterX = FBounds.X + RadiusX, CenterY = FBounds.Y + RadiusY;
-  QPointF Focus((FCenter.X - CenterX) / RadiusX, (FCenter.Y - CenterY) / RadiusY);
+  QPointF Focus((FCenter.X - FBounds.X - RadiusX) / RadiusX, (FCenter.Y - FBounds.Y - RadiusY) / RadiusY);
   const double Distance = std::hypot(Focus.x(), Focus.y());
   constexpr double Farthest = 0.99;  // a focus on the circle itself has no gradient
   if (Distance > Farthest) Focus *= Farthest / Distance;
-  const double Outside = 1 + Rim / std::max(RadiusX, RadiusY);
-  QRadialGradient Gradient(QPointF(0, 0), Outside, Focus);
-  std::vector<TGradientStop> FromCenter;
-  if (FStops.empty()) FromCenter = {{0, FCenterColor}, {1, FSurroundColors.front()}};
+  TRadial Result{FBounds, Focus.x(), Focus.y(), 1 + Rim / std::max(RadiusX, RadiusY), {}};
+  if (FStops.empty()) Result.FromFocus = {{0, FCenterColor}, {1, FSurroundColors.front()}};
   for (auto Stop = FStops.rbegin(); Stop != FStops.rend(); ++Stop)
-    FromCenter.push_back({1 - Stop->Position, Stop->Color});
-  QGradientStops Stops = AsQt(FromCenter, 1 / Outside);
-  const QColor Edge = QColor::fromRgba(FromCenter.back().Color);
+    Result.FromFocus.push_back({1 - Stop->Position, Stop->Color});
+  return Result;
+}
+
+QBrush PathGradientBrush::RadialBrush() const {
+  const TRadial Radial = this->Radial();
+  QRadialGradient Gradient(QPointF(0, 0), Radial.Outside, QPointF(Radial.FocusX, Radial.FocusY));
+  QGradientStops Stops = AsQt(Radial.FromFocus, 1 / Radial.Outside);
+  const QColor Edge = QColor::fromRgba(Radial.FromFocus.back().Color);
   Stops.append({1 - 1e-6, Edge});
   Stops.append({1, QColor(Edge.red(), Edge.green(), Edge.blue(), 0)});
   SetStops(Gradient, Stops);
   QBrush Result(Gradient);
-  Result.setTransform(QTransform(RadiusX, 0, 0, RadiusY, CenterX, CenterY));
+  Result.setTransform(UnitCircleTo(FBounds));
   return Result;
 }
 

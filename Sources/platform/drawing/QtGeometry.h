@@ -16,6 +16,12 @@
 
 namespace zy {
 
+/// What takes the circle of radius 1 about the origin to an ellipse.
+inline QTransform UnitCircleTo(const RectF& Ellipse) {
+  const double RadiusX = Ellipse.Width / 2, RadiusY = Ellipse.Height / 2;
+  return {RadiusX, 0, 0, RadiusY, Ellipse.X + RadiusX, Ellipse.Y + RadiusY};
+}
+
 inline bool AreFinite(std::initializer_list<float> Values) {
   return std::all_of(Values.begin(), Values.end(), [](float Value) { return std::isfinite(Value); });
 }
