@@ -24,6 +24,8 @@ void zy::examples::MakeCurves(TChartDocument& Document) {
   Points.Line().SetVisible(false);
   Points.PointSymbol().SetSize(8);
   Points.PointSymbol().SetPointSymbol(TZyPointSymbol::Circle);
+  Points.PointSymbol().SetBorderColor(Colors::Black);
+  Points.PointSymbol().SetFillColor(Colors::White);
   Points.SetCaption("points");
   Chart.AddLegend(Graph, TPoint{680, 360});
 }

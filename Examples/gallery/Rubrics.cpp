@@ -29,12 +29,14 @@ void zy::examples::MakeRubrics(TChartDocument& Document) {
   Axis.SetStopEnd(TZyAxisEnd::FirstSet);
 
   const TZyColor Tints[] = {Colors::DimGray, Colors::DarkOrange, Colors::SeaGreen};
+  const TZyPointSymbol Symbols[] = {TZyPointSymbol::Square, TZyPointSymbol::Circle, TZyPointSymbol::Diamond};
   std::size_t Count = 0;
   for (const auto& [Source, Values] : Sources) {
-    const TZyColor Tint = Tints[Count++ % std::size(Tints)];
+    const TZyColor Tint = Tints[Count % std::size(Tints)];
     auto& Series = Chart.AddSeries<TZyPointSeries>(Graph, &Middles, *Values, Tint);
     Series.SetCaption(Source);
     Series.Line().SetWidth(2);
+    Series.PointSymbol().SetPointSymbol(Symbols[Count++ % std::size(Symbols)]);
     Series.PointSymbol().SetBorderColor(Tint);
     Series.PointSymbol().SetFillColor(Tint);
     Series.PointSymbol().SetSize(9);
