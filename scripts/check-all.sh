@@ -9,4 +9,5 @@ scripts/soak.sh 120 asan
 scripts/test.sh tsan
 scripts/tidy.sh
 scripts/packages.sh
+scripts/test-packages.sh
 scripts/fuzz.sh 300

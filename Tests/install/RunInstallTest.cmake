@@ -1,5 +1,5 @@
-# Installs the build in BUILD into a scratch folder, moves it, and builds and runs the consumer against it: with CMake,
-# and with the compiler CXX and pkg-config. SOURCE is the folder of this file.
+# Installs the build in BUILD into a scratch folder, moves it, and builds and runs programs against it, the first chart of the
+# README among them: with CMake, and with the compiler CXX and pkg-config. SOURCE is the folder of this file.
 function(run)
   execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
@@ -9,12 +9,24 @@ file(REMOVE_RECURSE "${Scratch}")
 run(${CMAKE_COMMAND} --install "${BUILD}" --prefix "${Scratch}/first")
 file(RENAME "${Scratch}/first" "${Scratch}/prefix")
 
+run(${CMAKE_COMMAND} "-DREADME=${SOURCE}/../../README.md" "-DOUT=${Scratch}/FirstChart.cpp" -P
+    "${SOURCE}/WriteFirstChart.cmake")
+function(draw_first_chart Program)
+  run(${ARGN} ${CMAKE_COMMAND} -E chdir "${Scratch}" "${Program}")
+  file(SIZE "${Scratch}/chart.png" Size)
+  if(Size LESS 2000)
+    message(FATAL_ERROR "A picture of ${Size} bytes")
+  endif()
+  file(REMOVE "${Scratch}/chart.png")
+endfunction()
+
 run(${CMAKE_COMMAND} -S "${SOURCE}" -B "${Scratch}/cmake" -G Ninja "-DCMAKE_PREFIX_PATH=${Scratch}/prefix"
-    -DCMAKE_CXX_COMPILER=${CXX})
+    -DCMAKE_CXX_COMPILER=${CXX} "-DFIRST_CHART=${Scratch}/FirstChart.cpp")
 run(${CMAKE_COMMAND} --build "${Scratch}/cmake")
 run("${Scratch}/cmake/consumer")
 run("${Scratch}/cmake/consumer_of_all")
 run("${Scratch}/cmake/qt_consumer")
+draw_first_chart("${Scratch}/cmake/first_chart")
 
 file(GLOB_RECURSE PcFile "${Scratch}/prefix/zyphos.pc")
 cmake_path(GET PcFile PARENT_PATH PcFolder)
@@ -33,4 +45,8 @@ foreach(Packages "zyphos" "zyphos zyphos-dialogs zyphos-sql" "zyphos-widgets zyp
   endif()
   run(${CXX} -std=c++20 -fPIC "${SOURCE}/${Program}" ${Flags} -o "${Scratch}/consumer")
   run(${CMAKE_COMMAND} -E env "LD_LIBRARY_PATH=${LibFolder}" "${Scratch}/consumer")
+  if(Packages STREQUAL "zyphos")
+    run(${CXX} -std=c++20 -fPIC "${Scratch}/FirstChart.cpp" ${Flags} -o "${Scratch}/first_chart")
+    draw_first_chart("${Scratch}/first_chart" ${CMAKE_COMMAND} -E env "LD_LIBRARY_PATH=${LibFolder}")
+  endif()
 endforeach()
