@@ -58,6 +58,8 @@ TTables AllTables() {
   AddSettings<TZyArrowSettings>(Tables);
   AddSettings<TZyAreaSettings>(Tables);
   AddSettings<TZyFillSettings>(Tables);
+  AddSettings<TZyPointSymbolSettings>(Tables);
+  AddSettings<TZyAxisArrowPoint>(Tables);
   AddSettings<TZyFont>(Tables);
   std::vector<std::unique_ptr<TComponent>> Components;
   for (const TClassInfo* Class : RegisteredClasses()) {

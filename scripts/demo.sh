@@ -7,6 +7,7 @@ mkdir -p out
 build/release/Examples/palette
 build/release/Examples/captions
 build/release/Examples/caption_editor
+build/release/Examples/controls
 build/release/Examples/embed
 build/release/Examples/form
 build/release/Examples/analysis
