@@ -5,6 +5,7 @@
 #include "axes/ZyAxisPainter.h"
 #include "graph/parts/ZyAxisGraph.h"
 #include "platform/controls/TWinControl.h"
+#include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
 
 namespace zy {
@@ -29,7 +30,15 @@ std::string TZyAxis::LabelText(std::string Text, double Value) {
 std::string TZyAxis::AccessibleName() const {
   std::string Title = Caption().empty() ? Name() : FCaptionRec.PlainText();
   const std::vector<std::string> Labels = LabelTexts();
-  return Labels.empty() ? Title : Format(LoadResString(_sToldRange), {Title, Labels.front(), Labels.back()});
+  if (Labels.empty()) return Title;
+  const std::string Power = FTicks.HasExponent() ? "E" + IntToStr(FTicks.Exponent()) : std::string();
+  const auto Spoken = [&Power](std::string Label) {
+    constexpr std::string_view Raised = "\\+";  // of the powers of a logarithmic axis
+    if (const std::size_t Place = Label.find(Raised); Place != std::string::npos)
+      Label.replace(Place, Raised.size(), "^");
+    return Label + Power;
+  };
+  return Format(LoadResString(_sToldRange), {Title, Spoken(Labels.front()), Spoken(Labels.back())});
 }
 
 /// The extent of the control along the axis. Where a graph's layout gives it one, a new control and one whose parent

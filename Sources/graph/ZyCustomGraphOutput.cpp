@@ -18,6 +18,9 @@
 #include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TStream.h"
 #include "platform/framework/WholeFile.h"
+#include "texts/Exceptions.h"
+#include "texts/NumberText.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 
@@ -70,7 +73,8 @@ void TZyCustomGraph::CopyToClipboard() {
 /// it.
 class TZyCustomGraph::TResized {
  public:
-  TResized(TZyCustomGraph& Chart, TZyChartPicture& Picture, const TZyPictureSize& Size) {
+  /// An exception of a layout brings the extent back as well.
+  TResized(TZyCustomGraph& Chart, TZyChartPicture& Picture, const TZyPictureSize& Size) : TResized() {
     Picture.LayOut();
     if (!(Size.Width > 0) && !(Size.Height > 0)) return;
     const int Width = Size.Width > 0 ? Extent(Size.Width) : Picture.Width();
@@ -98,6 +102,7 @@ class TZyCustomGraph::TResized {
     TZyCustomGraph* Chart;
   };
 
+  TResized() = default;
   static int Extent(double Pixels) {
     return static_cast<int>(std::min(std::ceil(Pixels - 1e-6), static_cast<double>(TControl::MostExtent)));
   }
@@ -122,6 +127,21 @@ class TZyCustomGraph::TResized {
   std::vector<TChart> FCharts;
 };
 
+namespace {
+
+/// Throws ERangeError for what no picture and no page can have, before anything is laid out for it.
+void TestSize(const TZyPictureSize& Size, bool IsDrawing) {
+  constexpr double Most = 32767;
+  const double Ratio = IsDrawing ? 1 : Size.Dpi / 96;
+  for (const double Extent : {Size.Width, Size.Height}) {
+    const double Stored = Extent * Ratio;
+    if (!std::isfinite(Stored) || !(Ratio > 0) || (Extent > 0 && (Extent < 1 || Stored < 1)) || Stored > Most)
+      throw ERangeError(Format(LoadResString(_sPictureSize), {FloatToStr(Stored)}));
+  }
+}
+
+}  // namespace
+
 void TZyCustomGraph::Encode(TZyChartPicture& Picture, TStream& Stream, TZyImageFileFormat Format,
                             const TZyPictureSize& Size, bool RemoveTransparency, TColor Ground) {
   const double Width = Size.Width > 0 ? Size.Width : Picture.Width();
@@ -145,6 +165,7 @@ void TZyCustomGraph::SaveImage(TStream& Stream, TZyImageFileFormat Format, const
                                bool RemoveTransparency, TColor TransparentExchangeColor) {
   const std::unique_ptr<TZyChartPicture> Picture = MakePicture();
   if (Picture == nullptr || EncoderOf(Format).empty()) return;
+  TestSize(Size, IsDrawing(Format));
   const TResized Resized(*this, *Picture, Size);
   if (!Picture->IsEmpty()) Encode(*Picture, Stream, Format, Size, RemoveTransparency, TransparentExchangeColor);
 }

@@ -58,13 +58,6 @@ void Apply(TZyAxis& Axis, const TZyLook& Look) {
   Axis.SetDistanceNumbersCaption(6);
 }
 
-void Apply(TZyCustomLegend& Legend, const TZyLook& Look) {
-  Legend.SetBackColor(Look.Back);
-  Legend.SetFont(TLookFont(Legend.Font(), Look, Look.TextSize));
-  Legend.SetCaptionFont(TLookFont(Legend.CaptionFont(), Look, CaptionSize(Look)));
-  Show(Legend.Frame(), Look.Frame);
-}
-
 void Apply(TZyMovable& Marker, const TZyLook& Look) {
   Marker.SetFont(TLookFont(Marker.Font(), Look, Look.TextSize));
   Marker.SetCaptionBackColor(WithAlphaOf(Look.Back, Marker.CaptionBackColor()));
@@ -147,6 +140,14 @@ void SetSeriesColor(TZySeries& Series, TZyColor Color) {
   }
 }
 
+void ApplyLook(TZyCustomLegend& Legend, const TZyLook& Look) {
+  const TZyUndoGroup Group(Legend.UndoStack(), _sGraphLook);
+  Legend.SetBackColor(Look.Back);
+  Legend.SetFont(TLookFont(Legend.Font(), Look, Look.TextSize));
+  Legend.SetCaptionFont(TLookFont(Legend.CaptionFont(), Look, CaptionSize(Look)));
+  Show(Legend.Frame(), Look.Frame);
+}
+
 void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look) {
   Graph.TestPrimaryAxis();
   const TZyUndoGroup Group(Graph.UndoStack(), _sGraphLook);
@@ -154,7 +155,7 @@ void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look) {
   ApplyToGraph(Graph, Look);
   for (TZyAxis* Axis : Graph.Axes()) Apply(*Axis, Look);
   for (IZyGraphLegend* Each : Graph.RelatedLegends())
-    if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(Each)) Apply(*Legend, Look);
+    if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(Each)) ApplyLook(*Legend, Look);
   for (TControl* Control : Graph.Controls())
     if (auto* const Marker = dynamic_cast<TZyMovable*>(Control)) Apply(*Marker, Look);
   std::size_t Next = 0;

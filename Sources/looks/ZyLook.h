@@ -7,6 +7,7 @@
 
 namespace zy {
 
+class TZyCustomLegend;
 class TZyGraph2D;
 class TZySeries;
 
@@ -46,6 +47,9 @@ struct TZyLook {
 /// Captions, visibility of what is more than a line of the grid, dash styles, symbols and gradients stay as they are;
 /// margins become those in which texts keep clear of each other.
 void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look);
+
+/// The same for one legend, as for one that comes later.
+void ApplyLook(TZyCustomLegend& Legend, const TZyLook& Look);
 
 /// One colour for a series: its line, its area and symbols, whose translucency stays. A series that is added to a chart
 /// which has its look takes the next colour of the look by ApplyLook, or one by this.

@@ -10,9 +10,12 @@ namespace {
 
 /// The text of the class or of the nearest base that has one; an application's own kind is one of those, too.
 std::string KindOf(const TZySeries& Series) {
-  for (const TClassInfo* Class = &Series.ClassInfo(); Class != nullptr; Class = Class->Parent())
-    if (const auto Row = FindText("_sTold" + std::string(Class->Name()).substr(std::string_view("TZy").size())))
-      return LoadResString(*Row);
+  constexpr std::string_view Prefix = "TZy";
+  for (const TClassInfo* Class = &Series.ClassInfo(); Class != nullptr; Class = Class->Parent()) {
+    const std::string_view Name = Class->Name();
+    if (!Name.starts_with(Prefix)) continue;
+    if (const auto Row = FindText("_sTold" + std::string(Name.substr(Prefix.size())))) return LoadResString(*Row);
+  }
   return LoadResString(_sToldKind);
 }
 

@@ -10,6 +10,7 @@
 
 #include "platform/sql/SqlConnection.h"
 #include "texts/Exceptions.h"
+#include "texts/NumberText.h"
 #include "texts/ZyTableTexts.h"
 
 namespace zy {
@@ -75,15 +76,13 @@ const TZyTableStatements& TZyTable::Statements() {
 
 const std::string& TZyTable::MissingIndex() {
   if (FMissingIndex) return *FMissingIndex;
-  FMissingIndex.emplace();
-  if (HasIndex()) return *FMissingIndex;
+  if (HasIndex()) return FMissingIndex.emplace();
   std::string Columns = FQuoted.X;
   for (const std::string* Each : {&FQuoted.First, &FQuoted.Max, &FQuoted.Min, &FQuoted.Last})
     if (Columns.find(*Each) == std::string::npos) Columns += ", " + *Each;
   const QString Name = ToQt(FFields.Table).section('.', -1) + "_" + ToQt(FFields.X);
-  *FMissingIndex =
-      "CREATE INDEX " + FConnection.QuotedField(Name).toStdString() + " ON " + FQuoted.Table + " (" + Columns + ")";
-  return *FMissingIndex;
+  return FMissingIndex.emplace("CREATE INDEX " + FConnection.QuotedField(Name).toStdString() + " ON " + FQuoted.Table +
+                               " (" + Columns + ")");
 }
 
 /// What the drivers tell of is the primary key alone; the rest is in tables of the engines' own.
@@ -159,8 +158,27 @@ std::vector<TZyTableBlock> TZyTable::RowsOf(const std::string& Statement) {
 std::optional<TZyTableRange> TZyTable::Ends() {
   QSqlQuery Query = FConnection.Run(ToQt(Statements().Ends()));
   if (!Query.next() || Query.value(0).isNull()) return {};
-  return TZyTableRange{NumberOf(Query, 0, FFields.X),
-                       std::nextafter(NumberOf(Query, 1, FFields.X), std::numeric_limits<double>::infinity())};
+  const double Low = NumberOf(Query, 0, FFields.X), High = NumberOf(Query, 1, FFields.X);
+  for (const double End : {Low, High})
+    if (!std::isfinite(End))
+      throw EDatabaseError(
+          Format(LoadResString(_sTableTextValue), {FTitle, FFields.X, FFields.Table, RealToText(End)}));
+  return TZyTableRange{Low, std::nextafter(High, std::numeric_limits<double>::infinity())};
+}
+
+std::vector<TZyTableBlock> TZyTable::TakePage(double& X, std::size_t Most) {
+  for (;; Most *= 2) {
+    std::vector<TZyTableBlock> Rows = RowsOf(Statements().Page(X, Most));
+    if (Rows.size() < Most) {
+      X = std::numeric_limits<double>::infinity();
+      return Rows;
+    }
+    const double Last = Rows.back().FirstX;  // of which there may be more
+    if (Rows.front().FirstX == Last) continue;
+    while (Rows.back().FirstX == Last) Rows.pop_back();
+    X = Last;
+    return Rows;
+  }
 }
 
 }  // namespace zy

@@ -36,8 +36,17 @@ class TZyTable {
   TZyTableBlock BlockOf(const QSqlQuery& Query) const;
   /// All rows of a statement.
   std::vector<TZyTableBlock> RowsOf(const std::string& Statement);
-  /// The least and the greatest X, as a range that holds both; nothing for an empty table.
+  /// The least and the greatest X, as a range that holds both; nothing for an empty table. Throws EDatabaseError for
+  /// one that is not finite.
   std::optional<TZyTableRange> Ends();
+  /// Some rows from X on in their order, about Most, but all of one X. X becomes that of the next ones, infinite at the
+  /// end.
+  std::vector<TZyTableBlock> TakePage(double& X, std::size_t Most);
+  /// Looks anew for columns and index when they are asked for, as others may have changed them.
+  void Forget() {
+    FStatements.reset();
+    FMissingIndex.reset();
+  }
 
  private:
   double NumberOf(const QSqlQuery& Query, int Index, const std::string& Field) const;

@@ -97,7 +97,7 @@ std::string TZyTableData::Summary() const {
 
 /// What an answer brought, or the beginning: the table is tested at once, and then asked.
 std::vector<TFieldDef> TZyTableData::ReadRecords() {
-  if (FIsTaking) {
+  if (std::exchange(FIsTaking, false)) {  // what a handler asks for meanwhile is a question again
     if (!FFailure.empty()) throw EDatabaseError(FFailure);
     Merge();
   } else {
@@ -130,7 +130,9 @@ void TZyTableData::DropRecords() {
   FRecords.clear();
   FWhole = FNewWhole = FRange = {};
   FAsked.clear();
-  SetWaiting(false);
+  FTried.clear();
+  FIsWaiting = false;  // without a word, in the middle of closing
+  ShowCursor(false);
 }
 
 TFieldValue TZyTableData::GetValue(int Row, int Field) const {
@@ -172,16 +174,25 @@ void TZyTableData::Merge() {
   FRecords = std::move(Records);
 }
 
+/// A table that grew since may show more rows in the range than the whole of it had.
 bool TZyTableData::IsExcerpt() const {
-  return std::ranges::count(FRecords, 1, &TZyTableBlock::Count) < FWhole.Total.Count;
+  const auto HasAll = [](const std::vector<TZyTableBlock>& Records, const TZyTableBlock& Total) {
+    return std::ranges::count(Records, 1, &TZyTableBlock::Count) >= Total.Count;
+  };
+  if (FRange.Number > 0 && (!HasAll(FRange.Records, FRange.Total) || FRange.Total.Count > FWhole.Total.Count))
+    return true;
+  return !HasAll(FRecords, FWhole.Total);
 }
 
 // --- Questions and answers ------------------------------------------------------------------------------------------
 
 /// After a layout: asks when the columns are others. Only notes and asks, since the layout is not quite over.
 void TZyTableData::Follow(const TWinControl& Parent) {
-  if (FXAxis == nullptr || FXAxis->Parent() != &Parent || FWorker == nullptr || FWhole.Number == 0) return;
-  AskRange();
+  if (FXAxis == nullptr || FXAxis->Parent() != &Parent || FWorker == nullptr) return;
+  if (FWhole.Number > 0) return AskRange();
+  if (FIsWaiting) return;
+  std::vector<double> Edges = PixelEdges();  // a zoom tries once more what failed
+  if (Edges != std::exchange(FTried, Edges)) Ask({});
 }
 
 void TZyTableData::AskRange() {
@@ -257,12 +268,13 @@ void TZyTableData::TakeAnswer(TZyTableAnswer& Answer) {
   }
   const std::uint64_t Handle = LiveHandle();
   try {
-    const TScopedValue Taking(FIsTaking, true);
-    if (FNewWhole.Number == 0) Refresh();
+    FIsTaking = FNewWhole.Number == 0;
+    if (FIsTaking) Refresh();
   } catch (const EDatabaseError&) {
     // LastError and the links have it.
   }
   if (FromLiveHandle(Handle) == nullptr) return;
+  FIsTaking = false;
   if (const TZyNoticeEvent Handler = FOnNotice; Handler && !Notice.empty()) Handler(this, Notice);
 }
 

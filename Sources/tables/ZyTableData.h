@@ -148,6 +148,7 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
   TZyTableAnswer FNewWhole;  // until the answer for the range is there as well
   std::vector<TZyTableBlock> FRecords;
   std::vector<double> FAsked;  // edges
+  std::vector<double> FTried;  // edges at which the whole was asked for once more
   unsigned FQuestions = 0;
   bool FIsTaking = false;  // an answer becomes the records
   bool FIsWaiting = false;

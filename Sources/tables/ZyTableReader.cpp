@@ -107,6 +107,7 @@ std::optional<TZyTableAnswer> TZyTableReader::Answer(const TZyTableQuestion& Que
   Result.IsWhole = Question.Edges.empty();
   std::vector<double> Edges = Question.Edges;
   if (Result.IsWhole) {
+    FTable.Forget();
     const std::optional<TZyTableRange> Range = FTable.Ends();
     if (!Range) return Result;
     Edges = {Range->Low, Range->High};
@@ -118,7 +119,7 @@ std::optional<TZyTableAnswer> TZyTableReader::Answer(const TZyTableQuestion& Que
   std::vector<TZyTableBlock> Blocks;
   FHasSummary = FTable.MissingIndex().empty() && FSummary.Find();
   if (Result.IsWhole && FHasSummary) {
-    Edges = TakeWhole(Edges, Blocks);
+    Edges = TakeWhole(Question, {Edges.front(), Edges.back()}, Blocks);
   } else {
     if (Result.IsWhole) Edges = WholeEdges(Question, {Edges.front(), Edges.back()});
     TakeBlocks(Edges, Blocks);
@@ -145,42 +146,46 @@ std::optional<TZyTableAnswer> TZyTableReader::Answer(const TZyTableQuestion& Que
   return {};
 }
 
-/// From the summary what it has, the rest from the table: a few rows beside each edge up to where the summary holds,
-/// and grouped by columns beyond.
+/// Up to where the summary holds.
+double TZyTableReader::SummaryEnd() const { return FHasSummary ? FSummary.HoldsUntil() : -Infinity; }
+
+/// Up to where the summary holds what it has, and a few rows beside each edge; from there on the table, grouped by
+/// columns. A row that came late between two blocks lies behind that place, which it drew back.
 void TZyTableReader::TakeBlocks(std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks) {
-  TRanges Gaps{{Edges.front(), Edges.back()}};
-  for (int Level = FSummary.Levels(); FHasSummary && Level > 0; --Level) Gaps = TakeLevel(Level, Edges, Gaps, Blocks);
-  TakeGaps(Gaps, Edges, Blocks);
+  const double HoldsUntil = std::min(SummaryEnd(), Edges.back());
+  if (Edges.front() < HoldsUntil) {
+    TRanges Gaps{{Edges.front(), HoldsUntil}};
+    for (int Level = FSummary.Levels(); Level > 0; --Level) Gaps = TakeLevel(Level, Edges, Gaps, Blocks);
+    TakeRows(Gaps, Blocks);
+  }
+  if (HoldsUntil < Edges.back()) TakeColumns({{std::max(Edges.front(), HoldsUntil), Edges.back()}}, Edges, Blocks);
+  std::ranges::stable_sort(Blocks, IsBefore);
 }
 
-/// Of the whole table some thousand blocks as they are, and what is behind them: columns without edges within a block
-/// cost no rows. Gives their edges.
-std::vector<double> TZyTableReader::TakeWhole(std::span<const double> Ends, std::vector<TZyTableBlock>& Blocks) {
-  TRanges Gaps;
-  int Level = FSummary.Levels();
-  for (; Level > 0 && Blocks.size() < WholeColumns; --Level) {
-    Blocks.clear();
-    Gaps = TakeLevel(Level, Ends, {{Ends.front(), Ends.back()}}, Blocks);
+/// Of the whole table some thousand blocks as they are, and as many columns of what is behind them: columns without
+/// edges within a block cost no rows. Gives their edges.
+std::vector<double> TZyTableReader::TakeWhole(const TZyTableQuestion& Question, const TZyTableRange& Whole,
+                                              std::vector<TZyTableBlock>& Blocks) {
+  const double HoldsUntil = std::clamp(SummaryEnd(), Whole.Low, Whole.High);
+  if (Whole.Low < HoldsUntil) {
+    const double Ends[] = {Whole.Low, HoldsUntil};
+    TRanges Gaps{{Whole.Low, HoldsUntil}};
+    int Level = FSummary.Levels();
+    for (; Level > 0 && Blocks.size() < WholeColumns; --Level) {
+      Blocks.clear();
+      Gaps = TakeLevel(Level, Ends, {{Whole.Low, HoldsUntil}}, Blocks);
+    }
+    for (; Level > 0; --Level) Gaps = TakeLevel(Level, Ends, Gaps, Blocks);
+    TakeRows(Gaps, Blocks);
   }
-  for (; Level > 0; --Level) Gaps = TakeLevel(Level, Ends, Gaps, Blocks);
-  TakeGaps(Gaps, Ends, Blocks);
+  if (HoldsUntil < Whole.High)
+    TakeColumns({{HoldsUntil, Whole.High}}, WholeEdges(Question, {HoldsUntil, Whole.High}), Blocks);
+  std::ranges::stable_sort(Blocks, IsBefore);
   std::vector<double> Edges;
   for (std::size_t i = 0; i < Blocks.size(); i += std::max<std::size_t>(Blocks.size() / WholeColumns, 1))
     if (Edges.empty() || Blocks[i].FirstX > Edges.back()) Edges.push_back(Blocks[i].FirstX);
-  Edges.push_back(Ends.back());
+  Edges.push_back(Whole.High);
   return Edges;
-}
-
-void TZyTableReader::TakeGaps(const TRanges& Gaps, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks) {
-  const double HoldsUntil = FHasSummary ? FSummary.HoldsUntil() : -Infinity;
-  TRanges Few, Many;
-  for (const TZyTableRange& Gap : Gaps) {
-    if (Gap.Low < HoldsUntil) Few.push_back({Gap.Low, std::min(Gap.High, HoldsUntil)});
-    if (Gap.High > HoldsUntil) Many.push_back({std::max(Gap.Low, HoldsUntil), Gap.High});
-  }
-  TakeRows(Few, Blocks);
-  TakeColumns(Many, Edges, Blocks);
-  std::ranges::stable_sort(Blocks, IsBefore);
 }
 
 /// Takes the blocks of a level that lie within a gap and within a column, and gives the gaps that are left. Blocks of a
@@ -199,7 +204,7 @@ TZyTableReader::TRanges TZyTableReader::TakeLevel(int Level, std::span<const dou
     for (bool IsFirst = true; Next != Found.end() && Next->FirstX < Gap.High; ++Next, IsFirst = false) {
       if (IsFirst && From < Next->FirstX) Result.push_back({From, Next->FirstX});
       From = Above(Next->LastX);
-      const double Limit = std::min({Gap.High, FSummary.HoldsUntil(), Edges[ColumnAt(Edges, Next->FirstX) + 1]});
+      const double Limit = std::min(Gap.High, Edges[ColumnAt(Edges, Next->FirstX) + 1]);
       if (Next->LastX < Limit) {
         Blocks.push_back(*Next);
       } else {
@@ -234,7 +239,8 @@ void TZyTableReader::TakeColumns(const TRanges& Ranges, std::span<const double> 
   if (Within.empty()) return;
   std::vector<TZyTableBlock> Found;
   std::size_t Rows = 0;
-  const TRanges Pieces = PiecesOf(Within, Edges, std::min(PiecesOfColumn * Edges.size() / Columns, MostPieces));
+  const TRanges Pieces =
+      PiecesOf(Within, Edges, std::clamp<std::size_t>(PiecesOfColumn * Edges.size() / Columns, 1, MostPieces));
   if (!FTable.MissingIndex().empty()) return ScanRows(Pieces, FewRows * Edges.size(), Blocks);
   InSlices(
       Pieces, [this](auto Slice) { return FTable.Statements().Blocks(Slice); },
@@ -289,21 +295,13 @@ void TZyTableReader::InSlices(const TRanges& Ranges, const TStatement& Statement
 
 // --- All rows -------------------------------------------------------------------------------------------------------
 
-/// By stretches of X that are made longer and shorter, so that each holds some ten thousand rows.
 void TZyTableReader::ForEachBlock(const std::function<bool(std::span<const TZyTableBlock>)>& Visit) {
-  constexpr std::size_t Wanted = 50000;
+  constexpr std::size_t PageLength = 50000;
   const std::optional<TZyTableRange> Range = FTable.Ends();
   if (!Range) return;
-  double Width = (Range->High - Range->Low) / 1000;
-  for (double Low = Range->Low; Low < Range->High;) {
-    const double High = std::min(std::max(Low + Width, Above(Low)), Range->High);
-    const TZyTableRange Piece[] = {{Low, High}};
-    std::vector<TZyTableBlock> Rows = FTable.RowsOf(FTable.Statements().Rows(Piece));
-    std::ranges::stable_sort(Rows, IsBefore);
+  for (double X = Range->Low; X < Range->High;) {
+    const std::vector<TZyTableBlock> Rows = FTable.TakePage(X, PageLength);
     if (!Rows.empty() && !Visit(Rows)) return;
-    Low = High;
-    if (Rows.size() < Wanted / 2) Width *= 2;
-    if (Rows.size() > Wanted * 2) Width /= 2;
   }
 }
 

@@ -65,15 +65,16 @@ class TZyTableReader {
 
   std::vector<double> WholeEdges(const TZyTableQuestion& Question, const TZyTableRange& Range) const;
   void TakeBlocks(std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
-  std::vector<double> TakeWhole(std::span<const double> Ends, std::vector<TZyTableBlock>& Blocks);
+  std::vector<double> TakeWhole(const TZyTableQuestion& Question, const TZyTableRange& Whole,
+                                std::vector<TZyTableBlock>& Blocks);
   TRanges TakeLevel(int Level, std::span<const double> Edges, const TRanges& Gaps, std::vector<TZyTableBlock>& Blocks);
-  void TakeGaps(const TRanges& Gaps, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
   void TakeRows(const TRanges& Ranges, std::vector<TZyTableBlock>& Blocks);
   void TakeColumns(const TRanges& Ranges, std::span<const double> Edges, std::vector<TZyTableBlock>& Blocks);
   void ScanRows(const TRanges& Pieces, std::size_t FewRows, std::vector<TZyTableBlock>& Blocks);
   template <class TStatement, class TTake>
   void InSlices(const TRanges& Ranges, const TStatement& Statement, const TTake& Take);
   void TestCancelled() const;
+  double SummaryEnd() const;
 
   TZyTable FTable;
   TSqlConnection& FConnection;

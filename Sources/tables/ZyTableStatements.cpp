@@ -128,6 +128,11 @@ std::string TZyTableStatements::Rows(std::span<const TZyTableRange> Ranges) cons
   return ListOf(Ranges, false) + EachOf(RowFields(), FFields.Table, InRange(), "t." + FFields.X);
 }
 
+std::string TZyTableStatements::Page(double X, std::size_t Most) const {
+  return Joined({"SELECT ", RowFields(), " FROM ", FFields.Table, " t WHERE t.", FFields.X, " >= ", LimitOf(X), " AND ",
+                 IsFinite(), " ORDER BY t.", FFields.X, " LIMIT ", std::to_string(Most)});
+}
+
 std::string TZyTableStatements::RowAt(const char* Extreme, const char* Relation, double X) const {
   return Joined({"SELECT ", RowFields(), " FROM ",  FFields.Table, " t WHERE t.", FFields.X,     " = (SELECT ",
                  Extreme,   "(t.",       FFields.X, ") FROM ",     FFields.Table, " t WHERE t.", FFields.X,

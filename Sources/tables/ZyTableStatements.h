@@ -43,6 +43,8 @@ class TZyTableStatements {
   std::string Blocks(std::span<const TZyTableRange> Ranges) const;
   /// The rows themselves: X and the one value, or X, first, max, min, last.
   std::string Rows(std::span<const TZyTableRange> Ranges) const;
+  /// At most so many rows from X on, in their order.
+  std::string Page(double X, std::size_t Most) const;
   /// The last row before X, and the first one from X on, in the same fields.
   std::string RowBefore(double X) const;
   std::string RowFrom(double X) const;

@@ -2,10 +2,14 @@
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <QSqlRecord>
 #include <QVariant>
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstdio>
 #include <limits>
+#include <utility>
 
 #include "platform/sql/SqlConnection.h"
 #include "texts/Exceptions.h"
@@ -19,26 +23,47 @@ constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr int RowsOfBlock = 64, BlocksOfBlock = 8;
 constexpr std::size_t MostLevels = 16;
 /// Rows that are read at a time, about.
-constexpr std::int64_t RowsOfPiece = 200000;
+constexpr std::size_t RowsOfPage = 100000;
 constexpr std::size_t RowsOfInsert = 200;
 /// What stands for "from the first row on" in the row of level 0.
 constexpr double Nothing = -std::numeric_limits<double>::max();
 
 QString ToQt(const std::string& Text) { return QString::fromStdString(Text); }
 
-/// Makes what a scope writes one transaction.
+/// Makes what a scope reads and writes one transaction, while which nobody else writes to the table. Throws
+/// EDatabaseError, also within a transaction of the caller's.
 class TTransaction {
  public:
-  explicit TTransaction(TSqlConnection& Connection) : FDatabase(Connection.Opened()) { FDatabase.transaction(); }
-  ~TTransaction() {
-    if (!FIsDone) FDatabase.rollback();
+  explicit TTransaction(TZyTable& Table) : FConnection(Table.Connection()) {
+    FConnection.Run(FConnection.IsEmbedded() ? "BEGIN IMMEDIATE" : "BEGIN");
+    if (!FConnection.IsEmbedded()) FConnection.Run(ToQt("LOCK TABLE " + Table.Quoted().Table + " IN SHARE MODE"));
   }
-  void Commit() { FIsDone = FDatabase.commit(); }
+  ~TTransaction() {
+    if (!FIsDone) FConnection.Opened().rollback();
+  }
+  void Commit() {
+    FConnection.Run("COMMIT");
+    FIsDone = true;
+  }
 
  private:
-  QSqlDatabase& FDatabase;
+  TSqlConnection& FConnection;
   bool FIsDone = false;
 };
+
+/// A name of at most so many bytes as leave room for the endings of triggers: servers cut longer ones, some to the
+/// same.
+std::string Shortened(const std::string& Name) {
+  constexpr std::size_t Most = 48, Kept = 36;
+  if (Name.size() <= Most) return Name;
+  std::uint32_t Hash = 2166136261u;  // FNV-1a
+  for (const char Letter : Name) Hash = (Hash ^ static_cast<unsigned char>(Letter)) * 16777619u;
+  std::size_t Length = Kept;
+  while ((static_cast<unsigned char>(Name[Length]) & 0xC0u) == 0x80u) --Length;  // not within a character of UTF-8
+  char Digits[9];
+  std::snprintf(Digits, sizeof Digits, "%08x", Hash);
+  return Name.substr(0, Length) + '_' + Digits;
+}
 
 std::string RowText(int Level, const TZyTableBlock& Block) {
   std::string Result = "(" + std::to_string(Level);
@@ -61,15 +86,45 @@ TZyTableSummary::TZyTableSummary(TZyTable& Table, std::string Name)
 std::string TZyTableSummary::NameFor(const TZyTableFields& Fields) {
   std::string Result = Fields.Table + "_" + Fields.X + "_" + Fields.First;
   if (!Fields.IsSingle()) Result += "_" + Fields.Max + "_" + Fields.Min + "_" + Fields.Last;
-  return Result + "_summary";
+  Result += "_summary";
+  const std::size_t Bare = Fields.Table.rfind('.') + 1;
+  return Fields.Table.substr(0, Bare) + Shortened(Result.substr(Bare));
+}
+
+/// Name of a trigger or a function of the summary.
+std::string TZyTableSummary::PartName(const char* Ending) const {
+  return Shortened(FName.substr(FName.rfind('.') + 1)) + Ending;
+}
+
+/// The function of a server's triggers, in the schema of the summary.
+std::string TZyTableSummary::FunctionName() const {
+  return FConnection.QuotedTable(FName.substr(0, FName.rfind('.') + 1) + PartName("_drawback")).toStdString();
+}
+
+bool TZyTableSummary::IsThere() {
+  QSqlQuery Query =
+      FConnection.IsEmbedded()
+          ? FConnection.Run(
+                "SELECT COUNT(*) FROM sqlite_master WHERE type IN ('table', 'view') AND lower(name) = lower(?)",
+                {ToQt(FName).section('.', -1)})
+          : FConnection.Run("SELECT COUNT(*) WHERE to_regclass(?) IS NOT NULL", {ToQt(FQuotedName)});
+  return Query.next() && Query.value(0).toInt() > 0;
+}
+
+/// Throws EDatabaseError when there is something of that name which is no summary.
+void TZyTableSummary::TestIsNoOther() {
+  if (!IsThere()) return;
+  const QSqlQuery Query = FConnection.Run(ToQt("SELECT * FROM " + FQuotedName + " WHERE 1 = 0"));
+  QStringList Columns;
+  for (int i = 0; i < Query.record().count(); ++i) Columns.append(Query.record().fieldName(i));
+  if (Columns.join(", ") != ToQt(std::string("lvl, ") + TZyTableStatements::BlockFields))
+    throw EDatabaseError(Format(LoadResString(_sTableNotSummary), {FTable.Title(), FName}));
 }
 
 bool TZyTableSummary::Find() {
   FLevels = 0;
   FHoldsUntil = -Infinity;
-  const QString Bare = ToQt(FName).section('.', -1);
-  if (!FConnection.Opened().tables().contains(Bare)) return false;
-  if (!HasTriggers()) return false;
+  if (!IsThere() || !HasTriggers()) return false;
   QSqlQuery Query = FConnection.Run(
       ToQt("SELECT t.x0, (SELECT MAX(lvl) FROM " + FQuotedName + ") FROM " + FQuotedName + " t WHERE t.lvl = 0"));
   if (!Query.next()) return false;
@@ -80,19 +135,23 @@ bool TZyTableSummary::Find() {
 
 // --- Triggers -------------------------------------------------------------------------------------------------------
 
-/// Triggers go with their table. One that was dropped and made again has none, and what was summed up is not its own.
+/// Triggers go with their table, also where it gets another name. One that was dropped and made again has none, and
+/// what was summed up is not its own.
 bool TZyTableSummary::HasTriggers() {
-  const QString Name = ToQt(FName).section('.', -1) + "_change";
-  const QString From =
-      FConnection.IsEmbedded() ? "sqlite_master WHERE type = 'trigger' AND name = ?" : "pg_trigger WHERE tgname = ?";
-  QSqlQuery Query = FConnection.Run("SELECT COUNT(*) FROM " + From, {Name});
+  const QString Name = ToQt(PartName("_change"));
+  QSqlQuery Query =
+      FConnection.IsEmbedded()
+          ? FConnection.Run(
+                "SELECT COUNT(*) FROM sqlite_master WHERE type = 'trigger' AND name = ? AND lower(tbl_name) = lower(?)",
+                {Name, ToQt(FTable.Fields().Table).section('.', -1)})
+          : FConnection.Run("SELECT COUNT(*) FROM pg_trigger WHERE tgname = ? AND tgrelid = to_regclass(?)",
+                            {Name, ToQt(FTable.Quoted().Table)});
   return Query.next() && Query.value(0).toInt() > 0;
 }
 
 /// A row that comes, goes or changes draws back the place up to which the summary holds.
 void TZyTableSummary::MakeTriggers() {
-  const QString Base = ToQt(FName).section('.', -1);
-  const auto Quoted = [&](const char* Ending) { return FConnection.QuotedField(Base + Ending).toStdString(); };
+  const auto Quoted = [&](const char* Ending) { return FConnection.QuotedField(ToQt(PartName(Ending))).toStdString(); };
   const auto DrawBack = [&](const char* Row) {
     const std::string X = std::string(Row) + "." + FTable.Quoted().X;
     return "UPDATE " + FQuotedName + " SET x0 = " + X + " WHERE lvl = 0 AND x0 > " + X + "; ";
@@ -107,27 +166,29 @@ void TZyTableSummary::MakeTriggers() {
     Make("_change", "UPDATE", DrawBack("OLD") + DrawBack("NEW"));
     return;
   }
-  FConnection.Run(ToQt("CREATE OR REPLACE FUNCTION " + Quoted("_drawback") +
-                       "() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN IF TG_OP = 'TRUNCATE' THEN UPDATE " +
+  FConnection.Run(ToQt("CREATE OR REPLACE FUNCTION " + FunctionName() +
+                       "() RETURNS trigger LANGUAGE plpgsql SECURITY DEFINER SET search_path FROM CURRENT AS "
+                       "$zy_summary$ BEGIN IF TG_OP = 'TRUNCATE' THEN UPDATE " +
                        FQuotedName + " SET x0 = " + TZyTableStatements::Literal(Nothing) +
                        " WHERE lvl = 0; RETURN NULL; END IF; IF TG_OP <> 'INSERT' THEN " + DrawBack("OLD") +
-                       "END IF; IF TG_OP <> 'DELETE' THEN " + DrawBack("NEW") + "END IF; RETURN NULL; END $$"));
+                       "END IF; IF TG_OP <> 'DELETE' THEN " + DrawBack("NEW") +
+                       "END IF; RETURN NULL; END $zy_summary$"));
   const auto Make = [&](const char* Ending, const char* Events, const char* Each) {
     FConnection.Run(ToQt("CREATE TRIGGER " + Quoted(Ending) + " AFTER " + Events + " ON " + FTable.Quoted().Table +
-                         " FOR EACH " + Each + " EXECUTE FUNCTION " + Quoted("_drawback") + "()"));
+                         " FOR EACH " + Each + " EXECUTE FUNCTION " + FunctionName() + "()"));
   };
   Make("_change", "INSERT OR UPDATE OR DELETE", "ROW");
   Make("_truncate", "TRUNCATE", "STATEMENT");
 }
 
 void TZyTableSummary::Drop() {
-  const QString Base = ToQt(FName).section('.', -1);
-  const auto Quoted = [&](const char* Ending) { return FConnection.QuotedField(Base + Ending).toStdString(); };
+  TestIsNoOther();
+  const auto Quoted = [&](const char* Ending) { return FConnection.QuotedField(ToQt(PartName(Ending))).toStdString(); };
   if (FConnection.IsEmbedded()) {
     for (const char* Ending : {"_insert", "_delete", "_change"})
       FConnection.Run(ToQt("DROP TRIGGER IF EXISTS " + Quoted(Ending)));
   } else {
-    FConnection.Run(ToQt("DROP FUNCTION IF EXISTS " + Quoted("_drawback") + "() CASCADE"));
+    FConnection.Run(ToQt("DROP FUNCTION IF EXISTS " + FunctionName() + "() CASCADE"));
   }
   FConnection.Run(ToQt("DROP TABLE IF EXISTS " + FQuotedName));
 }
@@ -193,9 +254,7 @@ void TZyTableSummary::Close(std::size_t Level) {
 
 /// Writes what was closed, and that the summary holds up to the first row that is in no block yet. Where a trigger drew
 /// it back meanwhile it stays drawn back.
-void TZyTableSummary::Write() {
-  const double Until = FOpen[0].Parts > 0 ? FOpen[0].Open.FirstX : FWrittenUntil;
-  TTransaction Transaction(FConnection);
+void TZyTableSummary::Write(double Until) {
   for (std::size_t First = 0; First < FNew.size(); First += RowsOfInsert) {
     std::string Rows;
     for (std::size_t i = First; i < std::min(First + RowsOfInsert, FNew.size()); ++i)
@@ -205,46 +264,43 @@ void TZyTableSummary::Write() {
   }
   FConnection.Run(ToQt("UPDATE " + FQuotedName + " SET x0 = " + TZyTableStatements::Literal(Until) +
                        " WHERE lvl = 0 AND x0 = " + TZyTableStatements::Literal(FWrittenUntil)));
-  Transaction.Commit();
   FNew.clear();
   FWrittenUntil = Until;
-}
-
-double TZyTableSummary::ReadPiece(const TZyTableRange& Piece, std::int64_t& Rows) {
-  const TZyTableRange Ranges[] = {Piece};
-  QSqlQuery Query = FConnection.Run(ToQt(FTable.Statements().Rows(Ranges) + " ORDER BY " +
-                                         (FConnection.IsEmbedded() ? "t." : "r.") + FTable.Quoted().X));
-  std::int64_t Number = 0;
-  for (; Query.next(); ++Number) TakeRow(FTable.RowOf(Query));
-  FConnection.CheckEnd(Query);
-  Rows += Number;
-  return static_cast<double>(Number) / static_cast<double>(RowsOfPiece);
 }
 
 void TZyTableSummary::Update(const TProgress& Progress, bool Anew) {
   if (!FTable.MissingIndex().empty())
     throw EDatabaseError(Format(LoadResString(_sTableNoIndex),
                                 {FTable.Title(), FTable.Fields().Table, FTable.Fields().X, FTable.MissingIndex()}));
-  const bool IsThere = Find();
-  if (Anew || !IsThere) {
+  if (Anew || !Find()) {
     Drop();
     Make();
     Find();
   }
-  const double SummedUp = TakeUp();
   const std::optional<TZyTableRange> Ends = FTable.Ends();
   if (!Ends) return;
-  double Low = std::max(Ends->Low, std::nextafter(SummedUp, Infinity));
-  const double Stop = Ends->High;
   std::int64_t Rows = 0;
-  for (double Width = (Stop - Low) / 1000; Low < Stop;) {
-    const double High = std::min(std::max(Low + Width, std::nextafter(Low, Infinity)), Stop);
-    const double Filling = ReadPiece({Low, High}, Rows);
-    Low = High;
-    Width *= Filling < 0.5 ? 2 : Filling > 2 ? 0.5 : 1;
-    if (FNew.size() >= 2000 || Low >= Stop) Write();
+  for (double Low = std::max(Ends->Low, std::nextafter(TakeUp(), Infinity)); Low < Ends->High;) {
+    Low = AddPage(Low, Rows);
     if (Progress && !Progress(Rows)) break;
   }
+}
+
+/// Rows of the last block, which is not full, are read once more with the next page, since others may change them until
+/// then. Gives where that begins.
+double TZyTableSummary::AddPage(double Low, std::int64_t& Rows) {
+  TTransaction Transaction(FTable);
+  const double Start = Low;
+  const std::vector<TZyTableBlock> Page = FTable.TakePage(Low, RowsOfPage);
+  for (const TZyTableBlock& Row : Page) TakeRow(Row);
+  if (FOpen[0].Parts > 0 && FOpen[0].Open.FirstX <= Start && std::isfinite(Low)) Close(0);  // all of one X
+  const TLevel Open = std::exchange(FOpen[0], {});
+  Write(Open.Parts > 0 ? Open.Open.FirstX : std::isfinite(Low) ? Low : FWrittenUntil);
+  Transaction.Commit();
+  Rows += static_cast<std::int64_t>(Page.size());
+  if (Open.Parts == 0 || !std::isfinite(Low)) return Low;
+  Rows -= Open.Parts;
+  return Open.Open.FirstX;
 }
 
 }  // namespace zy

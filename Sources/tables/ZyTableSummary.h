@@ -34,8 +34,9 @@ class TZyTableSummary {
   int Levels() const { return FLevels; }
   const std::string& QuotedName() const { return FQuotedName; }
 
-  /// Makes the summary, or brings it up to date. Anew starts at the first row. Throws EDatabaseError, also for a table
-  /// without an index; what was written until then holds.
+  /// Makes the summary, or brings it up to date. Anew starts at the first row. Others wait with what they write to the
+  /// table while some ten thousand rows of it are summed up. Throws EDatabaseError, also for a table without an index
+  /// and for another table of the summary's name; what was written until then holds.
   void Update(const TProgress& Progress, bool Anew = false);
   /// Drops the table and its triggers.
   void Drop();
@@ -48,12 +49,16 @@ class TZyTableSummary {
 
   void Make();
   void MakeTriggers();
+  std::string PartName(const char* Ending) const;
+  std::string FunctionName() const;
+  bool IsThere();
+  void TestIsNoOther();
   bool HasTriggers();
   double TakeUp();
   void TakeRow(const TZyTableBlock& Row);
   void Close(std::size_t Level);
-  void Write();
-  double ReadPiece(const TZyTableRange& Piece, std::int64_t& Rows);
+  void Write(double Until);
+  double AddPage(double Low, std::int64_t& Rows);
 
   TZyTable& FTable;
   TSqlConnection& FConnection;

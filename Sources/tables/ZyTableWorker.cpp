@@ -47,7 +47,7 @@ void TZyTableWorker::Ask(TZyTableQuestion Question) {
   {
     const std::lock_guard Lock(FMutex);
     const bool IsRival = FIsRunning && FRunning.Edges.empty() == IsWhole;
-    if (IsRival && (IsWhole || !IsPanned(FRunning, Question))) FIsOutdated = true;
+    if (IsRival && !IsWhole && !IsPanned(FRunning, Question)) FIsOutdated = true;
     PlaceOf(IsWhole) = std::move(Question);
   }
   if (FThread.joinable()) {

@@ -8,3 +8,4 @@ ZY_TEXT(_sTableNoIndex,
 ZY_TEXT(_sTableNoSummary,
         "%s: table \"%s\" has %d rows and no summary, so that wide ranges take long. MakeSummary makes one")
 ZY_TEXT(_sTableExcerpt, "%s cannot be computed: its data are only what a picture needs of the %d rows of table \"%s\"")
+ZY_TEXT(_sTableNotSummary, "%s: table \"%s\" is no summary of another table, and is left alone")

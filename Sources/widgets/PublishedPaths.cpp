@@ -37,7 +37,7 @@ bool IsOfControls(const TPersistent& Object, const TPropInfo& Info) {
 void Collect(TPersistent& Object, const std::string& Before, const std::vector<std::string>& Parts,
              std::vector<TPublishedPath>& Into) {
   for (const TPropInfo* Info : Object.ClassInfo().Properties()) {
-    if (IsOfControls(Object, *Info)) continue;
+    if (IsOfControls(Object, *Info) || Info->IsNeverStored()) continue;  // the same value by another property
     const std::string Path = Before + Info->Name;
     if (IsSimple(*Info)) {
       Into.push_back({Path, Info});

@@ -1,5 +1,8 @@
 #include "widgets/ZyChartWidget.h"
 
+#include <algorithm>
+#include <optional>
+
 #include "annotations/ZyLegend.h"
 #include "looks/ZyLook.h"
 #include "looks/ZyPaletteLook.h"
@@ -32,6 +35,10 @@ class ZyChartWidget::TWatched : public TZyWatchedChart<TZyGraph2D> {
     NoteContent();
     TZyWatchedChart::SeriesInvalidated();
   }
+  /// Zooming, panning, layouts for other extents are no other content.
+  void SeriesModified() override {
+    Quietly([this] { TZyWatchedChart::SeriesModified(); });
+  }
   void ZoomBack() override {
     TZyWatchedChart::ZoomBack();
     if (FChartWidget != nullptr) emit FChartWidget->zoomed();
@@ -42,6 +49,9 @@ class ZyChartWidget::TWatched : public TZyWatchedChart<TZyGraph2D> {
   }
 
  protected:
+  void BoundsChanged() override {
+    Quietly([this] { TZyWatchedChart::BoundsChanged(); });
+  }
   bool Tell(TZyGestureEvent Event) override {
     const QPointer<ZyChartWidget> Widget = FChartWidget;
     if (!TZyWatchedChart::Tell(Event)) return false;
@@ -63,38 +73,64 @@ ZyChartWidget::ZyChartWidget(QWidget* Parent) : ZyCustomChartWidget(Parent) {
 
 ZyChartWidget::~ZyChartWidget() { FreeOwned(); }
 
-void ZyChartWidget::setLook(Look Value) {
-  FLook = Value;
-  delete Part(FollowerName);
+namespace {
+
+/// The look itself; none for one that is the application's own.
+std::optional<TZyLook> LookOf(ZyChartWidget::Look Value) {
   switch (Value) {
-    case OwnLook:
-      return;
-    case LightLook:
-      return ApplyLook(Graph(), TZyLook::Light());
-    case DarkLook:
-      return ApplyLook(Graph(), TZyLook::Dark());
-    case PrintLook:
-      return ApplyLook(Graph(), TZyLook::Print());
-    case HighContrastLook:
-      return ApplyLook(Graph(), TZyLook::HighContrast());
-    case PaletteLook: {
-      auto* const Follower = new TZyPaletteLook(&Owner());
-      Follower->SetName(FollowerName);
-      return Follower->SetGraph(&Graph());
-    }
+    case ZyChartWidget::LightLook:
+      return TZyLook::Light();
+    case ZyChartWidget::DarkLook:
+      return TZyLook::Dark();
+    case ZyChartWidget::PrintLook:
+      return TZyLook::Print();
+    case ZyChartWidget::HighContrastLook:
+      return TZyLook::HighContrast();
+    case ZyChartWidget::PaletteLook:
+      return TZyLook::OfPalette();
+    default:
+      return std::nullopt;
   }
 }
 
-QString ZyChartWidget::xCaption() const { return ToQString(Graph().PrimaryXAxis()->Caption()); }
+}  // namespace
 
-void ZyChartWidget::setXCaption(const QString& Value) {
-  Guarded([&] { Graph().PrimaryXAxis()->SetCaption(Value.toStdString()); });
+void ZyChartWidget::setLook(Look Value) {
+  FLook = Value;
+  delete Part(FollowerName);
+  Guarded([&] {
+    if (Value != PaletteLook) {
+      if (const std::optional<TZyLook> Present = LookOf(Value)) ApplyLook(Graph(), *Present);
+      return;
+    }
+    auto* const Follower = new TZyPaletteLook(&Owner());
+    Follower->SetName(FollowerName);
+    Follower->SetGraph(&Graph());
+  });
 }
 
-QString ZyChartWidget::yCaption() const { return ToQString(Graph().PrimaryYAxis()->Caption()); }
+QString ZyChartWidget::xCaption() const {
+  const TZyAxis* const Axis = Graph().PrimaryXAxis();
+  return Axis == nullptr ? QString() : ToQString(Axis->Caption());
+}
+
+void ZyChartWidget::setXCaption(const QString& Value) {
+  Guarded([&] {
+    Graph().TestPrimaryAxis();
+    Graph().PrimaryXAxis()->SetCaption(Value.toStdString());
+  });
+}
+
+QString ZyChartWidget::yCaption() const {
+  const TZyAxis* const Axis = Graph().PrimaryYAxis();
+  return Axis == nullptr ? QString() : ToQString(Axis->Caption());
+}
 
 void ZyChartWidget::setYCaption(const QString& Value) {
-  Guarded([&] { Graph().PrimaryYAxis()->SetCaption(Value.toStdString()); });
+  Guarded([&] {
+    Graph().TestPrimaryAxis();
+    Graph().PrimaryYAxis()->SetCaption(Value.toStdString());
+  });
 }
 
 TControl* ZyChartWidget::Legend(bool Make) {
@@ -105,6 +141,7 @@ TControl* ZyChartWidget::Legend(bool Make) {
   Result->SetParent(&Graph());
   Result->SetGraph(&Graph());
   Result->SetPosition(TZyLegendPosition::RightCenterOfAxis);
+  if (const std::optional<TZyLook> Present = LookOf(FLook)) ApplyLook(*Result, *Present);
   return Result;
 }
 
@@ -114,6 +151,10 @@ void ZyChartWidget::Join(TZySeries& Series, TZyCustomDoubleVector* X, TZyCustomD
   Series.SetXData(X);
   Series.SetYData(Y);
   Graph().AddSeries(Series);
+  if (const std::optional<TZyLook> Present = LookOf(FLook); Present && !Present->SeriesColors.empty()) {
+    const std::size_t Place = std::max<std::size_t>(Graph().RelatedSeries().size(), 1) - 1;
+    SetSeriesColor(Series, Present->SeriesColors[Place % Present->SeriesColors.size()]);
+  }
 }
 
 /// Vectors that are given to series while a form is designed get samples by themselves.

@@ -2,6 +2,7 @@
 
 #include <QDynamicPropertyChangeEvent>
 #include <QMetaMethod>
+#include <QPointer>
 #include <QVBoxLayout>
 
 #include "platform/controls/TApplication.h"
@@ -77,12 +78,17 @@ bool ZyControlWidget::SetPropertyAt(const QString& Path, const QVariant& Value) 
   return IsSet;
 }
 
-/// Forms set published properties as dynamic ones.
+/// Forms set published properties as dynamic ones. These are taken off again: the toolkit does not tell of a value that
+/// is the one from before, while the control may have another one since.
 bool ZyControlWidget::event(QEvent* Event) {
-  if (Event->type() == QEvent::DynamicPropertyChange && FControl != nullptr) {
-    const QByteArray Name = static_cast<QDynamicPropertyChangeEvent*>(Event)->propertyName();
-    if (const QVariant Value = property(Name.constData()); Value.isValid()) SetPropertyAt(Name, Value);
-  }
+  if (Event->type() != QEvent::DynamicPropertyChange || FControl == nullptr) return QWidget::event(Event);
+  const QByteArray Name = static_cast<QDynamicPropertyChangeEvent*>(Event)->propertyName();
+  const QVariant Value = property(Name.constData());
+  const QPointer<ZyControlWidget> Alive = this;
+  if (!Value.isValid()) return QWidget::event(Event);
+  const bool IsSet = SetPropertyAt(Name, Value);  // what is told of an error may delete the widget
+  if (Alive == nullptr) return true;
+  if (IsSet || PropertyAt(Name).isValid()) setProperty(Name.constData(), QVariant());
   return QWidget::event(Event);
 }
 

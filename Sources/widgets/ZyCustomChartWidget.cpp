@@ -53,7 +53,8 @@ void ZyCustomChartWidget::setLegendVisible(bool Value) {
 TPersistent* ZyCustomChartWidget::RootOf(std::string& Path, bool Make) {
   if (!Path.starts_with(LegendPart)) return &Chart();
   Path.erase(0, LegendPart.size());
-  return Legend(Make);
+  if (Make) MakeParts();  // which legendVisible alone shows
+  return Legend(false);
 }
 
 std::vector<std::string> ZyCustomChartWidget::PropertyPaths() const {

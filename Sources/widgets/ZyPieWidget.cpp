@@ -21,6 +21,11 @@ class ZyPieWidget::TWatched : public TZyWatchedChart<TZyPieChart> {
     NoteContent();
     TZyWatchedChart::Modified();
   }
+
+ protected:
+  void BoundsChanged() override {
+    Quietly([this] { TZyWatchedChart::BoundsChanged(); });
+  }
 };
 
 ZyPieWidget::ZyPieWidget(QWidget* Parent) : ZyCustomChartWidget(Parent) {

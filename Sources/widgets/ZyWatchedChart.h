@@ -25,16 +25,17 @@ class TZyWatchedChart : public TChart {
   /// have freed the widget by then, and the chart with it.
   bool WidgetEvent(QEvent& Event) override {
     const QPointer<ZyCustomChartWidget> Widget = FWidget;
-    const std::uint64_t Alive = this->LiveHandle();
     const auto Mouse = Event.type();
     const QPoint Place =
-        Event.isPointerEvent() ? static_cast<QPointerEvent&>(Event).point(0).position().toPoint() : QPoint();
+        Event.isSinglePointEvent() ? static_cast<QSinglePointEvent&>(Event).position().toPoint() : QPoint();
     if (Mouse == QEvent::MouseButtonPress) FPressed = Place;
     const QPoint From = FPressed;
     bool Done = true;
-    FIsPainting = Mouse == QEvent::Paint;
-    Guarded([&] { Done = TChart::WidgetEvent(Event); });
-    if (TPersistent::FromLiveHandle(Alive) != nullptr) FIsPainting = false;
+    const auto Handle = [&] { Guarded([&] { Done = TChart::WidgetEvent(Event); }); };
+    if (Mouse == QEvent::Paint)
+      Quietly(Handle);
+    else
+      Handle();
     if (Widget == nullptr) return Done;
     if (Mouse == QEvent::MouseButtonRelease && static_cast<QMouseEvent&>(Event).button() == Qt::LeftButton)
       Widget->NoteClick(From, Place);
@@ -43,7 +44,23 @@ class TZyWatchedChart : public TChart {
   }
   /// What a paint finds out was noted when it happened.
   void NoteContent() {
-    if (FWidget != nullptr && !FIsPainting) FWidget->NoteContent();
+    if (FWidget != nullptr && FQuiet == 0) FWidget->NoteContent();
+  }
+  /// Runs something that is no other content. It may free the chart.
+  template <class F>
+  void Quietly(F Do) {
+    const std::uint64_t Alive = this->LiveHandle();
+    const auto Leave = [this, Alive] {
+      if (TPersistent::FromLiveHandle(Alive) != nullptr) --FQuiet;
+    };
+    ++FQuiet;
+    try {
+      Do();
+    } catch (...) {
+      Leave();
+      throw;
+    }
+    Leave();
   }
 
   QPointer<ZyCustomChartWidget> FWidget;
@@ -60,7 +77,7 @@ class TZyWatchedChart : public TChart {
   }
 
   QPoint FPressed;
-  bool FIsPainting = false;
+  int FQuiet = 0;
 };
 
 }  // namespace zy

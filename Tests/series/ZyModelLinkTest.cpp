@@ -42,6 +42,7 @@ class TTableModel : public QAbstractTableModel {
     ++Reads;
     return Role == Qt::DisplayRole ? Rows[At(Index.row())][At(Index.column())] : QVariant();
   }
+  QModelIndex MakeIndex(int Row, int Column) const { return createIndex(Row, Column); }
   static std::size_t At(int Place) { return static_cast<std::size_t>(Place); }
 
   void InsertRows(int First, std::vector<TRow> New) {
@@ -318,6 +319,9 @@ TEST(ZyModelLinkTest, AStormCostsWhatItChanges) {
             }),
             10)
       << "once";
+  Model.Reset(Cells.NextRows(100, 1));
+  emit Model.dataChanged(Model.index(0, 0), Model.MakeIndex(100, 0));  // a row more than there are
+  EXPECT_EQ(Vector.Count(), 100);
   EXPECT_TRUE(AreSame(Vector.Values(), PlainColumn(Model, 0)));
 }
 

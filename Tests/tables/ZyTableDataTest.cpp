@@ -154,6 +154,66 @@ TEST_P(ZyTableDataTest, ThePictureIsThatOfAVectorWithAllRows) {
   ExpectSamePictures("from a summary brought up to date");
 }
 
+/// What the whole table is told to be, against what it is.
+TEST_P(ZyTableDataTest, ASummaryFollowsWhateverHappensToItsTable) {
+  const auto ExpectWhole = [this](const std::string& What) {
+    SCOPED_TRACE(What);
+    TSqlDataSet All;
+    All.SetConnectionText(Address);
+    All.SetQuery("SELECT COUNT(v) AS n, SUM(v) AS s FROM rows");
+    All.Open();
+    Data.Open();
+    while (Data.WaitForAnswer()) continue;
+    EXPECT_EQ(Data.LastError(), "");
+    const double Number = All.FieldByName("n").AsFloat();
+    EXPECT_EQ(static_cast<double>(Data.Total().Count), Number);
+    EXPECT_NEAR(Data.Total().Sum, All.FieldByName("s").AsFloat(), 1e-6);
+    EXPECT_LT(Data.RecordCount(), 12000);
+    std::int64_t Visited = 0;
+    Data.ForEachBlock([&](std::span<const double> X, auto) {
+      Visited += static_cast<std::int64_t>(X.size());
+      return true;
+    });
+    EXPECT_EQ(static_cast<double>(Visited), Number);
+    Data.Close();
+  };
+  MakeRows(40);
+  Data.MakeSummary();
+  ExpectWhole("fewer rows than a block");
+  Append(40, 40000);
+  Data.MakeSummary([](std::int64_t) { return false; });
+  ExpectWhole("summed up in part");
+  Data.MakeSummary();
+  for (int i = 1; i < 400; ++i)  // between two blocks, among others
+    Base.ExecSQL("INSERT INTO rows VALUES (" + TZyTableStatements::Literal(20000 + i * 3 + 0.45) + ", 1)");
+  ExpectWhole("rows that came late");
+  Data.MakeSummary();
+  ExpectWhole("and were summed up");
+  Base.ExecSQL("UPDATE rows SET v = 3 WHERE t > 100 AND t < 101");
+  ExpectWhole("nearly all behind the end of the summary");
+  Data.MakeSummary([&](std::int64_t) {
+    Base.ExecSQL("UPDATE rows SET v = v + 1 WHERE t > 39000");
+    return true;
+  });
+  ExpectWhole("rows that changed while it was made");
+  Base.ExecSQL("INSERT INTO rows VALUES (1.6e9, 5)");
+  Data.MakeSummary();
+  ExpectWhole("an X far away");
+  Base.ExecSQL("ALTER TABLE rows RENAME TO other");
+  MakeRows(300, "");
+  Base.ExecSQL("CREATE INDEX rows_t2 ON rows (t)");
+  ExpectWhole("another table of the name");
+  Data.SetSummaryTable("rows");
+  EXPECT_NE(MessageOf<EDatabaseError>([&] { Data.MakeSummary(); }).find("is no summary"), std::string::npos);
+  EXPECT_NE(MessageOf<EDatabaseError>([&] { Data.DropSummary(); }).find("is no summary"), std::string::npos);
+  ExpectWhole("left alone");
+  Data.SetSummaryTable(std::string(80, 'x'));
+  Data.MakeSummary();
+  Data.MakeSummary();
+  ExpectWhole("a long name");
+  Data.DropSummary();
+}
+
 /// Records against all rows, counted and summed here.
 TEST_P(ZyTableDataTest, RecordsSumUpStretchesOfRoundWidth) {
   MakeRows(30000);

@@ -98,6 +98,14 @@ TEST_F(ZyChartWidgetTest, SignalsLeaveTheEventsOfTheChartToTheApplication) {
             }),
             1)
       << "once for all";
+  EXPECT_EQ(Change([&] { FChart->Graph().ZoomToFrame({200, 100}, {350, 220}); }), 0) << "a zoom";
+  EXPECT_EQ(Change([&] {
+              TMemoryStream File;
+              FChart->Graph().SaveImage(File, TZyImageFileFormat::PNG, TZyPictureSize::Pixels(300, 200));
+              FWindow.resize(FWindow.width() + 20, FWindow.height());
+            }),
+            0)
+      << "other extents";
   EXPECT_EQ(Change([&] { delete FSeries; }), 1);
   EXPECT_EQ(Change([] {}), 0);
 }
@@ -155,6 +163,10 @@ TEST_F(ZyChartWidgetTest, EveryPublishedPropertyIsOneOfTheWidget) {
             TZyLegendPosition::TopCenterOfGraph);
   EXPECT_TRUE(Graph.Zoom().StartZoom() == TShiftState{ssRight});
   EXPECT_EQ(FChart->property("of my own"), 7);
+  Graph.MajorGridVertical().SetVisible(false);
+  FChart->setProperty("MajorGridVertical.Visible", true);
+  EXPECT_TRUE(Graph.MajorGridVertical().Visible()) << "the same value once more";
+  EXPECT_FALSE(FChart->legendVisible()) << "made for its position";
   EXPECT_FALSE(FChart->PropertyAt("of my own").isValid());
   EXPECT_FALSE(FChart->PropertyAt("Width").isValid()) << "the layout's business";
   EXPECT_FALSE(FChart->PropertyAt("OnClick").isValid());

@@ -153,7 +153,8 @@ void TZyModelLink::DataChanged(const QModelIndex& First, const QModelIndex& Last
   if (!IsOurs(First.parent()) || FColumn < First.column() || FColumn > Last.column()) return;
   const auto Tells = [this](int Role) { return Role == FRole || (IsShown(Role) && IsShown(FRole)); };
   if (!Roles.isEmpty() && std::none_of(Roles.begin(), Roles.end(), Tells)) return;
-  Carry(FModel->rowCount(FRoot), [&] { TakeChanged(First.row(), Last.row() - First.row() + 1); });
+  const int Rows = FModel->rowCount(FRoot), Behind = std::min(Last.row() + 1, Rows);  // some models tell of a row more
+  if (First.row() < Behind) Carry(Rows, [&] { TakeChanged(First.row(), Behind - First.row()); });
 }
 
 void TZyModelLink::RowsInserted(const QModelIndex& Parent, int First, int Last) {
@@ -217,8 +218,9 @@ void TZyModelLink::LayoutChanges() {
 void TZyModelLink::LayoutChanged() {
   if (FAnchor.isValid()) FColumn = FAnchor.column();
   FAnchor = QModelIndex();
-  ReadAgain();
-  ForgetOrder();
+  const auto Alive = LiveHandle();
+  ReadAgain();  // a handler of what is fed may delete the link
+  if (TPersistent::FromLiveHandle(Alive) != nullptr) ForgetOrder();
 }
 
 void TZyModelLink::ModelDied() {

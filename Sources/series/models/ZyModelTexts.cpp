@@ -37,14 +37,15 @@ void TZyModelTexts::Write(F Proc) {
   const auto Restore = [&] {
     if (TPersistent::FromLiveHandle(Handle) != nullptr) Texts.OnChanging = std::move(Changing);
   };
+  Texts.BeginUpdate();
   try {
-    Texts.BeginUpdate();
     Proc(Texts);
-    Texts.EndUpdate();
   } catch (...) {
     Restore();
+    if (TPersistent::FromLiveHandle(Handle) != nullptr) Texts.EndUpdate();
     throw;
   }
+  Texts.EndUpdate();
   Restore();
 }
 
