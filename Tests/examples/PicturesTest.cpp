@@ -103,7 +103,9 @@ INSTANTIATE_TEST_SUITE_P(All, GalleryPictures, ::testing::ValuesIn(Entries().beg
 /// Charts side by side, four in a row.
 class TSheet {
  public:
-  explicit TSheet(int Count) : FPicture(4 * Width, (Count + 3) / 4 * Height) { Graphics(FPicture).Clear(Colors::White); }
+  explicit TSheet(int Count) : FPicture(4 * Width, (Count + 3) / 4 * Height) {
+    Graphics(FPicture).Clear(Colors::White);
+  }
   void Put(TSampleChart& Chart) {
     Graphics Gr(FPicture);
     Gr.TranslateTransform(static_cast<float>(FPlace % 4 * Width), static_cast<float>(FPlace / 4 * Height));

@@ -98,7 +98,7 @@ TEST_F(ZyChartWidgetTest, SignalsLeaveTheEventsOfTheChartToTheApplication) {
             }),
             1)
       << "once for all";
-  EXPECT_EQ(Change([&] { FChart->Graph().ZoomToFrame({200, 100}, {350, 220}); }), 0) << "a zoom";
+  EXPECT_EQ(Change([&] { Drag({200, 100}, {350, 220}); }), 0) << "a zoom";
   EXPECT_EQ(Change([&] {
               TMemoryStream File;
               FChart->Graph().SaveImage(File, TZyImageFileFormat::PNG, TZyPictureSize::Pixels(300, 200));
