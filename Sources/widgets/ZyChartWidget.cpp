@@ -39,6 +39,9 @@ class ZyChartWidget::TWatched : public TZyWatchedChart<TZyGraph2D> {
   void SeriesModified() override {
     Quietly([this] { TZyWatchedChart::SeriesModified(); });
   }
+  void Calculate() override {
+    Quietly([this] { TZyWatchedChart::Calculate(); });
+  }
   void ZoomBack() override {
     TZyWatchedChart::ZoomBack();
     if (FChartWidget != nullptr) emit FChartWidget->zoomed();
