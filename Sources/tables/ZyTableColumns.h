@@ -23,6 +23,7 @@ struct TZyTableBlock {
   void Insert(const TZyTableBlock& Row);
 };
 
+/// A point that a line is drawn through.
 struct TZyTablePoint {
   double X, Y;
 };
