@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh dpkg-dev file
 scripts/build.sh shared
-cmake -DBUILD="$PWD/build/shared" -DSOURCE="$PWD/Tests/install" -DCXX="${CXX:-c++}" -P Tests/install/RunInstallTest.cmake >/dev/null
+QT_QPA_PLATFORM=offscreen cmake -DBUILD="$PWD/build/shared" -DSOURCE="$PWD/Tests/install" -DCXX="${CXX:-c++}" -P Tests/install/RunInstallTest.cmake >/dev/null
 rm -rf out/packages
 mkdir -p out/packages
 cpack --config build/shared/CPackConfig.cmake -B out/packages >out/packages/log || {
