@@ -11,6 +11,7 @@ chmod 755 "$Root"
 # shellcheck source=/dev/null
 Suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
 mmdebstrap --quiet --variant=minbase "$Suite" "$Root"
+cp /etc/resolv.conf "$Root/etc/resolv.conf"
 mkdir "$Root/first"
 cp out/packages/*.deb "$Root/first"
 cmake -DREADME=README.md -DOUT="$Root/first/FirstChart.cpp" -P Tests/install/WriteFirstChart.cmake
@@ -24,8 +25,9 @@ PROJECT
 cat >"$Root/first/run" <<'RUN'
 set -eu
 cd /first
-export DEBIAN_FRONTEND=noninteractive QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=/tmp
-apt-get -qq install -y --no-install-recommends ./libzyphos*.deb g++ cmake make pkg-config fonts-dejavu-core >/dev/null
+export DEBIAN_FRONTEND=noninteractive QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=/run
+apt-get -qq update
+apt-get -qq install -y --no-install-recommends ./libzyphos*.deb g++ cmake make pkg-config fonts-dejavu-core >/dev/null 2>&1
 cmake -S . -B build >/dev/null
 cmake --build build >/dev/null
 build/first_chart
