@@ -7,7 +7,6 @@
 #include "axes/ZyAxis.h"
 #include "platform/controls/TTimer.h"
 #include "platform/controls/TWinControl.h"
-#include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/sql/SqlConnection.h"
 #include "tables/ZyTableSummary.h"
