@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QPointer>
 #include <algorithm>
 
 #include "designer/ChartTaskMenu.h"
@@ -98,7 +99,7 @@ class TDesignerWidget : public QDesignerCustomWidgetInterface {
  private:
   const TKind& FKind;
   bool FIsChart;
-  QDesignerFormEditorInterface* FCore = nullptr;  // none in a program that loads forms
+  QPointer<QDesignerFormEditorInterface> FCore;  // none in a program that loads forms
 };
 
 /// The widget itself, small; on a chart what lies on one.

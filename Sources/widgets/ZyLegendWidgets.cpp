@@ -7,6 +7,17 @@
 
 namespace zy {
 
+/// A legend that no chart lays out measures itself when its widget is painted.
+template <class TLegend>
+class ZyCustomLegendWidget::TWatched : public TZyPlacedControl<TLegend> {
+ public:
+  using TZyPlacedControl<TLegend>::TZyPlacedControl;
+  void Modified() override {
+    TLegend::Modified();
+    if (this->FWidget != nullptr && this->FWidget->ChartWidget() == nullptr) this->FWidget->update();
+  }
+};
+
 // --- The chart ------------------------------------------------------------------------------------------------------
 
 /// The name that it has now.
@@ -39,6 +50,7 @@ void ZyCustomLegendWidget::showEvent(QShowEvent* Event) {
 
 void ZyCustomLegendWidget::paintEvent(QPaintEvent* Event) {
   Find();
+  if (ChartWidget() == nullptr) Guarded([this] { Legend().PreparePaint(); });
   ZyPlacedWidget::paintEvent(Event);
 }
 
@@ -65,7 +77,7 @@ ZyCustomChartWidget* ZyCustomLegendWidget::Nearest() const {
 // --- Of charts with axes --------------------------------------------------------------------------------------------
 
 ZyLegendWidget::ZyLegendWidget(QWidget* Parent) : ZyCustomLegendWidget(Parent) {
-  auto* const Result = new TZyPlacedControl<TZyLegend>(&Owner(), *this);
+  auto* const Result = new TWatched<TZyLegend>(&Owner(), *this);
   Result->SetName("Legend");
   Place(*Result);
 }
@@ -91,7 +103,7 @@ bool ZyLegendWidget::TakesPlace() const { return Control().Position() == TZyLege
 // --- Of pies --------------------------------------------------------------------------------------------------------
 
 ZyPieLegendWidget::ZyPieLegendWidget(QWidget* Parent) : ZyCustomLegendWidget(Parent) {
-  auto* const Result = new TZyPlacedControl<TZyPieLegend>(&Owner(), *this);
+  auto* const Result = new TWatched<TZyPieLegend>(&Owner(), *this);
   Result->SetName("Legend");
   Place(*Result);
 }

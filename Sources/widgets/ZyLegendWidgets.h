@@ -26,6 +26,8 @@ class ZyCustomLegendWidget : public ZyPlacedWidget {
 
  protected:
   using ZyPlacedWidget::ZyPlacedWidget;
+  template <class TLegend>
+  class TWatched;
   void Joined() override;
   /// Has the legend list that chart, which fits, or none.
   virtual void List(ZyCustomChartWidget* Chart) = 0;

@@ -70,7 +70,7 @@ void ZyPlacedWidget::Follow() {
   if (FPlaced == nullptr || FIsTaking) return;
   if (FChart == nullptr) return updateGeometry();
   if (TakesPlace() && pos() != FKnown) return TakePlace();  // a place from the time when it was hidden
-  const QPoint Corner = FChart->Chart().Widget()->pos();
+  const QPoint Corner = FChart->contentsRect().topLeft();
   const QRect Box(Corner.x() + FPlaced->Left(), Corner.y() + FPlaced->Top(), FPlaced->Width(), FPlaced->Height());
   FKnown = Box.topLeft();
   setGeometry(Box);
@@ -81,7 +81,7 @@ void ZyPlacedWidget::TakePlace() {
   FKnown = pos();
   Guarded([&] {
     const TScopedValue Taking(FIsTaking, true);
-    const QPoint Place = pos() - FChart->Chart().Widget()->pos();
+    const QPoint Place = pos() - FChart->contentsRect().topLeft();
     FPlaced->SetBounds(Place.x(), Place.y(), FPlaced->Width(), FPlaced->Height());
     if (!FIsDesigned) return;
     Owner().SetDesigning(true);
