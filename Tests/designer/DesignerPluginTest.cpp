@@ -313,10 +313,10 @@ TEST_F(DesignerTest, ALookIsNoChangeOfWhatItGives) {
   EXPECT_NE(ChartProperty(Chart, "BackColor"), Back);
   EXPECT_NE(ChartProperty(Limit, "Line.Color"), Line);
   const QString Dark = FWindow->contents();
-  Set(Chart, "PrimaryXAxis.AxisColor", QColor(Qt::red));
+  Set(Chart, "PrimaryXAxis.Caption", "Time");
   Set(Chart, "look", OwnLook);
-  EXPECT_EQ(StoredOf(Chart), QStringList("PrimaryXAxis.AxisColor"));
-  SheetOf(Chart)->reset(SheetOf(Chart)->indexOf("PrimaryXAxis.AxisColor"));
+  EXPECT_EQ(StoredOf(Chart), QStringList("PrimaryXAxis.Caption"));
+  SheetOf(Chart)->reset(SheetOf(Chart)->indexOf("PrimaryXAxis.Caption"));
   ExpectNone();
   EXPECT_EQ(ChartProperty(Chart, "BackColor"), Back);
   EXPECT_EQ(ChartProperty(Limit, "Line.Color"), Line);
@@ -330,7 +330,8 @@ TEST_F(DesignerTest, WhatTheSettingsDialogChangesIsAStepOfTheForm) {
   QWidget* const Chart = Load(Form);
   auto* const Menu = qt_extension<QDesignerTaskMenuExtension*>(FCore->extensionManager(), Chart);
   ASSERT_NE(Menu, nullptr);
-  FEditor->setObject(Chart);
+  FWindow->clearSelection(false);
+  FWindow->selectWidget(Chart);
   const auto Shown = [this] {
     for (const QTreeWidget* Tree : FEditor->findChildren<QTreeWidget*>())
       for (const QTreeWidgetItem* Item : Tree->findItems("DataAreaFrame.Width", Qt::MatchRecursive | Qt::MatchExactly))
