@@ -37,8 +37,8 @@ TTool& ToolOf(ZyCustomChartWidget& Widget) {
 /// Shows the dialog, with the page of a legend in front; returns whether it is open from then on.
 template <class TTool>
 std::function<bool()> Open(TTool& Tool, ZyCustomChartWidget* Chart, ZyCustomLegendWidget* Legend) {
-  if (Legend != nullptr)
-    Tool.Show(Legend->Legend());
+  if (Legend != nullptr && Legend->Legend() != nullptr)
+    Tool.Show(*Legend->Legend());
   else
     Tool.Show();
   return [&Tool, Alive = QPointer<ZyCustomChartWidget>(Chart)] {

@@ -60,6 +60,7 @@ std::vector<std::string> ZyControlWidget::PropertyPaths() const {
   std::vector<std::string> Result;
   std::string None;
   TPersistent* const Root = const_cast<ZyControlWidget*>(this)->RootOf(None, false);
+  if (Root == nullptr) return Result;
   for (const TPublishedPath& Each : PublishedPaths(*Root, Parts())) Result.push_back(Each.Path);
   return Result;
 }

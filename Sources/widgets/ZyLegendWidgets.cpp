@@ -31,7 +31,7 @@ void ZyCustomLegendWidget::setChart(const QString& Value) {
   Find();
 }
 
-TZyCustomLegend& ZyCustomLegendWidget::Legend() const { return static_cast<TZyCustomLegend&>(Placed()); }
+TZyCustomLegend* ZyCustomLegendWidget::Legend() const { return static_cast<TZyCustomLegend*>(Placed()); }
 
 ZyCustomChartWidget* ZyCustomLegendWidget::Listed() const { return ChartWidget() != nullptr ? ChartWidget() : FFound.data(); }
 
@@ -50,16 +50,16 @@ void ZyCustomLegendWidget::showEvent(QShowEvent* Event) {
 
 void ZyCustomLegendWidget::paintEvent(QPaintEvent* Event) {
   Find();
-  if (ChartWidget() == nullptr) Guarded([this] { Legend().PreparePaint(); });
+  if (ChartWidget() == nullptr && Legend() != nullptr) Guarded([this] { Legend()->PreparePaint(); });
   ZyPlacedWidget::paintEvent(Event);
 }
 
 void ZyCustomLegendWidget::Find() {
-  if (Listed() != nullptr) return;
+  if (Placed() == nullptr || Listed() != nullptr) return;
   FFound = Nearest();
   Guarded([this] {
     List(FFound);
-    if (FFound != nullptr) FFound->GiveLook(Legend());
+    if (FFound != nullptr) FFound->GiveLook(*Legend());
   });
 }
 
@@ -82,12 +82,14 @@ ZyLegendWidget::ZyLegendWidget(QWidget* Parent) : ZyCustomLegendWidget(Parent) {
   Place(*Result);
 }
 
-TZyLegend& ZyLegendWidget::Control() const { return static_cast<TZyLegend&>(Placed()); }
+TZyLegend* ZyLegendWidget::Control() const { return static_cast<TZyLegend*>(Placed()); }
 
-ZyLegendWidget::Position ZyLegendWidget::position() const { return static_cast<Position>(Control().Position()); }
+ZyLegendWidget::Position ZyLegendWidget::position() const {
+  return Control() == nullptr ? Position() : static_cast<Position>(Control()->Position());
+}
 
 void ZyLegendWidget::setPosition(Position Value) {
-  Guarded([&] { Control().SetPosition(static_cast<TZyLegendPosition>(Value)); });
+  if (Control() != nullptr) Guarded([&] { Control()->SetPosition(static_cast<TZyLegendPosition>(Value)); });
 }
 
 bool ZyLegendWidget::Fits(const ZyCustomChartWidget& Chart) const {
@@ -95,10 +97,10 @@ bool ZyLegendWidget::Fits(const ZyCustomChartWidget& Chart) const {
 }
 
 void ZyLegendWidget::List(ZyCustomChartWidget* Chart) {
-  Control().SetGraph(Chart == nullptr ? nullptr : &static_cast<ZyChartWidget*>(Chart)->Graph());
+  Control()->SetGraph(Chart == nullptr ? nullptr : &static_cast<ZyChartWidget*>(Chart)->Graph());
 }
 
-bool ZyLegendWidget::TakesPlace() const { return Control().Position() == TZyLegendPosition::FreeFloating; }
+bool ZyLegendWidget::TakesPlace() const { return Control()->Position() == TZyLegendPosition::FreeFloating; }
 
 // --- Of pies --------------------------------------------------------------------------------------------------------
 
@@ -108,12 +110,14 @@ ZyPieLegendWidget::ZyPieLegendWidget(QWidget* Parent) : ZyCustomLegendWidget(Par
   Place(*Result);
 }
 
-TZyPieLegend& ZyPieLegendWidget::Control() const { return static_cast<TZyPieLegend&>(Placed()); }
+TZyPieLegend* ZyPieLegendWidget::Control() const { return static_cast<TZyPieLegend*>(Placed()); }
 
-ZyPieLegendWidget::Position ZyPieLegendWidget::position() const { return static_cast<Position>(Control().Position()); }
+ZyPieLegendWidget::Position ZyPieLegendWidget::position() const {
+  return Control() == nullptr ? Position() : static_cast<Position>(Control()->Position());
+}
 
 void ZyPieLegendWidget::setPosition(Position Value) {
-  Guarded([&] { Control().SetPosition(static_cast<TZyPieLegendPosition>(Value)); });
+  if (Control() != nullptr) Guarded([&] { Control()->SetPosition(static_cast<TZyPieLegendPosition>(Value)); });
 }
 
 bool ZyPieLegendWidget::IsPlace(const QString& Path) const { return Path == "Position"; }
@@ -123,7 +127,7 @@ bool ZyPieLegendWidget::Fits(const ZyCustomChartWidget& Chart) const {
 }
 
 void ZyPieLegendWidget::List(ZyCustomChartWidget* Chart) {
-  Control().SetPieChart(Chart == nullptr ? nullptr : &static_cast<ZyPieWidget*>(Chart)->Graph());
+  Control()->SetPieChart(Chart == nullptr ? nullptr : &static_cast<ZyPieWidget*>(Chart)->Graph());
 }
 
 }  // namespace zy

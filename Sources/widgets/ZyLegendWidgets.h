@@ -18,8 +18,8 @@ class ZyCustomLegendWidget : public ZyPlacedWidget {
  public:
   QString chart() const;
   void setChart(const QString& Value);
-  /// The legend as far as all kinds have it in common.
-  TZyCustomLegend& Legend() const;
+  /// The legend as far as all kinds have it in common, null once it was freed.
+  TZyCustomLegend* Legend() const;
   /// What is listed; null while there is nothing.
   ZyCustomChartWidget* Listed() const;
   ZyControlWidget* LooksLike() const override;
@@ -68,7 +68,7 @@ class ZyLegendWidget : public ZyCustomLegendWidget {
   Q_ENUM(Position)
 
   Q_INVOKABLE explicit ZyLegendWidget(QWidget* Parent = nullptr);
-  TZyLegend& Control() const;
+  TZyLegend* Control() const;
   Position position() const;
   void setPosition(Position Value);
 
@@ -89,7 +89,7 @@ class ZyPieLegendWidget : public ZyCustomLegendWidget {
   Q_ENUM(Position)
 
   Q_INVOKABLE explicit ZyPieLegendWidget(QWidget* Parent = nullptr);
-  TZyPieLegend& Control() const;
+  TZyPieLegend* Control() const;
   Position position() const;
   void setPosition(Position Value);
   bool IsPlace(const QString& Path) const override;

@@ -31,10 +31,11 @@ template <class TMarker>
 void ZyMarkerWidget::Make() {
   auto* const Result = new TWatched<TMarker>(&Owner(), *this);
   Result->SetName("Marker");
+  Result->SetSubComponent(true);  // a chart that is read frees its markers and makes those of the record
   Place(*Result);
 }
 
-TZyMovable& ZyMarkerWidget::Marker() const { return static_cast<TZyMovable&>(Placed()); }
+TZyMovable* ZyMarkerWidget::Marker() const { return static_cast<TZyMovable*>(Placed()); }
 
 bool ZyMarkerWidget::IsPlace(const QString& Path) const { return Path == "X" || Path == "Y"; }
 
@@ -47,7 +48,7 @@ void ZyMarkerWidget::Joined() {
   auto* const Chart = static_cast<ZyChartWidget*>(ChartWidget());
   if (Chart != nullptr) Chart->Graph().TestPrimaryAxis();
   const auto Stand = [&](const char* Name, TZyAxis* Primary) {
-    if (GetPropInfo(Marker(), Name) != nullptr) SetObjectProp(Marker(), Name, Primary);
+    if (GetPropInfo(*Marker(), Name) != nullptr) SetObjectProp(*Marker(), Name, Primary);
   };
   Stand("XAxis", Chart == nullptr ? nullptr : Chart->Graph().PrimaryXAxis());
   Stand("YAxis", Chart == nullptr ? nullptr : Chart->Graph().PrimaryYAxis());
@@ -56,17 +57,15 @@ void ZyMarkerWidget::Joined() {
 ZyHorizontalMarkerWidget::ZyHorizontalMarkerWidget(QWidget* Parent) : ZyMarkerWidget(Parent) {
   Make<TZyHorizontalMarker>();
 }
-TZyHorizontalMarker& ZyHorizontalMarkerWidget::Control() const { return static_cast<TZyHorizontalMarker&>(Placed()); }
+TZyHorizontalMarker* ZyHorizontalMarkerWidget::Control() const { return static_cast<TZyHorizontalMarker*>(Placed()); }
 
 ZyVerticalMarkerWidget::ZyVerticalMarkerWidget(QWidget* Parent) : ZyMarkerWidget(Parent) { Make<TZyVerticalMarker>(); }
-TZyVerticalMarker& ZyVerticalMarkerWidget::Control() const { return static_cast<TZyVerticalMarker&>(Placed()); }
+TZyVerticalMarker* ZyVerticalMarkerWidget::Control() const { return static_cast<TZyVerticalMarker*>(Placed()); }
 
 ZyCrossHairWidget::ZyCrossHairWidget(QWidget* Parent) : ZyMarkerWidget(Parent) { Make<TZyCrossHair>(); }
-TZyCrossHair& ZyCrossHairWidget::Control() const { return static_cast<TZyCrossHair&>(Placed()); }
+TZyCrossHair* ZyCrossHairWidget::Control() const { return static_cast<TZyCrossHair*>(Placed()); }
 
 ZyArrowLabelWidget::ZyArrowLabelWidget(QWidget* Parent) : ZyMarkerWidget(Parent) { Make<TZyLabelWithArrowMarker>(); }
-TZyLabelWithArrowMarker& ZyArrowLabelWidget::Control() const {
-  return static_cast<TZyLabelWithArrowMarker&>(Placed());
-}
+TZyLabelWithArrowMarker* ZyArrowLabelWidget::Control() const { return static_cast<TZyLabelWithArrowMarker*>(Placed()); }
 
 }  // namespace zy

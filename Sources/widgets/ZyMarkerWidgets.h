@@ -20,8 +20,9 @@ class ZyMarkerWidget : public ZyPlacedWidget {
   Q_OBJECT
 
  public:
-  /// The marker as far as all kinds have it in common.
-  TZyMovable& Marker() const;
+  /// The marker as far as all kinds have it in common, null once it was freed. It is a part of the widget: records of
+  /// the chart have nothing of it.
+  TZyMovable* Marker() const;
   bool IsPlace(const QString& Path) const override;
 
  signals:
@@ -48,7 +49,7 @@ class ZyHorizontalMarkerWidget : public ZyMarkerWidget {
 
  public:
   Q_INVOKABLE explicit ZyHorizontalMarkerWidget(QWidget* Parent = nullptr);
-  TZyHorizontalMarker& Control() const;
+  TZyHorizontalMarker* Control() const;
 };
 
 /// A line at a value of the X axis.
@@ -57,7 +58,7 @@ class ZyVerticalMarkerWidget : public ZyMarkerWidget {
 
  public:
   Q_INVOKABLE explicit ZyVerticalMarkerWidget(QWidget* Parent = nullptr);
-  TZyVerticalMarker& Control() const;
+  TZyVerticalMarker* Control() const;
 };
 
 /// Two lines with a handle where they cross.
@@ -66,7 +67,7 @@ class ZyCrossHairWidget : public ZyMarkerWidget {
 
  public:
   Q_INVOKABLE explicit ZyCrossHairWidget(QWidget* Parent = nullptr);
-  TZyCrossHair& Control() const;
+  TZyCrossHair* Control() const;
 };
 
 /// A caption with an arrow that points at a place.
@@ -75,7 +76,7 @@ class ZyArrowLabelWidget : public ZyMarkerWidget {
 
  public:
   Q_INVOKABLE explicit ZyArrowLabelWidget(QWidget* Parent = nullptr);
-  TZyLabelWithArrowMarker& Control() const;
+  TZyLabelWithArrowMarker* Control() const;
 };
 
 }  // namespace zy

@@ -37,7 +37,8 @@ class ZyPlacedWidget : public ZyControlWidget {
   explicit ZyPlacedWidget(QWidget* Parent);
   /// For the end of constructors of heirs: takes the control, which Owner owns.
   void Place(TGraphicControl& Control);
-  TGraphicControl& Placed() const { return *FPlaced; }
+  /// Null once it was freed.
+  TGraphicControl* Placed() const { return FPlaced; }
   bool IsDesigned() const { return FIsDesigned; }
   /// Whether a chart is one for this control.
   virtual bool Fits(const ZyCustomChartWidget& Chart) const = 0;
@@ -73,6 +74,9 @@ template <class TControl>
 class TZyPlacedControl : public TControl {
  public:
   TZyPlacedControl(TComponent* Owner, ZyPlacedWidget& Widget) : TControl(Owner), FWidget(&Widget) {}
+  ~TZyPlacedControl() override {
+    if (FWidget != nullptr) FWidget->FPlaced = nullptr;
+  }
 
   void SetBounds(int Left, int Top, int Width, int Height) override {
     TControl::SetBounds(Left, Top, Width, Height);
