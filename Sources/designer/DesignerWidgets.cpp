@@ -45,7 +45,7 @@ const TKind Kinds[] = {
      &Make<ZyChartWidget>},
     {"zy::ZyPieWidget", "pie", "zyphos/widgets/ZyPieWidget.h", _sDesignerCharts, _sDesignerPie, 320, 320,
      &Make<ZyPieWidget>},
-    {"zy::ZyLegendWidget", "legend", LegendHeader, _sDesignerCharts, _sDesignerLegend, 100, 40, &Make<ZyLegendWidget>,
+    {"zy::ZyLegendWidget", "legend", LegendHeader, _sDesignerCharts, _sDesignerLegend, 180, 48, &Make<ZyLegendWidget>,
      &Make<ZyChartWidget>},
     {"zy::ZyPieLegendWidget", "pieLegend", LegendHeader, _sDesignerCharts, _sDesignerPieLegend, 60, 80,
      &Make<ZyPieLegendWidget>, &Make<ZyPieWidget>},

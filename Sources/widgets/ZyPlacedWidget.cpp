@@ -1,11 +1,13 @@
 #include "widgets/ZyPlacedWidget.h"
 
 #include <QEvent>
-#include <algorithm>
-#include <utility>
+#include <QPaintEngine>
+#include <QPainter>
 
+#include "graph/parts/ZyGraphParts.h"
 #include "platform/controls/TGraphicControl.h"
 #include "platform/controls/TPanel.h"
+#include "platform/drawing/Graphics.h"
 #include "platform/framework/ScopedFlag.h"
 #include "widgets/ZyCustomChartWidget.h"
 
@@ -105,6 +107,19 @@ void ZyPlacedWidget::resizeEvent(QResizeEvent* Event) {
 void ZyPlacedWidget::showEvent(QShowEvent* Event) {
   ZyControlWidget::showEvent(Event);
   Follow();
+}
+
+/// The chart paints the control; but the designer drags a picture of the widget alone.
+void ZyPlacedWidget::paintEvent(QPaintEvent*) {
+  if (!FIsDesigned || FChart == nullptr || FPlaced == nullptr) return;
+  QPainter Painter(this);
+  const QPaintDevice& Target = *Painter.paintEngine()->paintDevice();
+  if (QSize(Target.width(), Target.height()) != (QSizeF(size()) * devicePixelRatioF()).toSize()) return;
+  Guarded([&] {
+    Graphics Canvas(Painter);
+    if (auto* const Marker = dynamic_cast<IZyPicturePart*>(FPlaced)) Marker->PaintGr(Canvas);
+    if (auto* const Legend = dynamic_cast<IZyGraphLegend*>(FPlaced)) Legend->PaintGr(Canvas);
+  });
 }
 
 bool ZyPlacedWidget::event(QEvent* Event) {

@@ -49,6 +49,7 @@ class ZyPlacedWidget : public ZyControlWidget {
 
   TPersistent* RootOf(std::string& Path, bool Make) override;
   bool event(QEvent* Event) override;
+  void paintEvent(QPaintEvent* Event) override;
   void moveEvent(QMoveEvent* Event) override;
   void resizeEvent(QResizeEvent* Event) override;
   void showEvent(QShowEvent* Event) override;

@@ -16,6 +16,7 @@
 #include <QDesignerPropertyEditorInterface>
 #include <QDesignerPropertySheetExtension>
 #include <QDesignerTaskMenuExtension>
+#include <QDesignerWidgetFactoryInterface>
 #include <QDomDocument>
 #include <QEventLoop>
 #include <QExtensionManager>
@@ -265,6 +266,7 @@ TEST_F(DesignerTest, StoresWhatLiesOnCharts) {
   EXPECT_GT(Find("beside")->grab().toImage().pixelColor(40, 14).blue(), 200) << "the item of the first series";
   if (const QByteArray Folder = qgetenv("ZY_PICTURES"); !Folder.isEmpty())
     FWindow->grab().save(Folder + "/designer_form.png");
+  EXPECT_EQ(Find("limit")->grab().toImage().pixelColor(50, 2), QColor(Qt::black)) << "what the designer drags";
   // Whoever drags a frame in the designer drags what is in it.
   Find("instant")->move(Find("instant")->pos() + QPoint(33, 7));
   Find("segments")->move(5, 5);
@@ -274,6 +276,13 @@ TEST_F(DesignerTest, StoresWhatLiesOnCharts) {
   EXPECT_NEAR(X, 3, 0.02) << "33 pixels are a tenth of the axis";
   EXPECT_EQ(ChartProperty(Find("segments"), "Position"), "LeftTop");
   EXPECT_GT(Find("docked")->y(), 250) << "the layout's business";
+  QWidget* const New = FCore->widgetFactory()->createWidget("zy::ZyVerticalMarkerWidget", Chart);
+  ASSERT_NE(New, nullptr);
+  New->setGeometry(Find("instant")->x() + 66, 40, 5, 100);
+  FWindow->manageWidget(New);
+  New->show();
+  Settle();
+  EXPECT_NEAR(ChartProperty(New, "X").toDouble(), X + 2, 0.02) << "where it was dropped";
   EXPECT_EQ(Load(qPrintable(FWindow->contents()))->findChildren<QWidget*>("instant").size(), 1);
   Settle();
   EXPECT_EQ(ChartProperty(Find("instant"), "X"), X);
