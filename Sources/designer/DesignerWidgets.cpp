@@ -75,8 +75,6 @@ const TKind Kinds[] = {
      &Make<ZyCaptionEditWidget>},
 };
 
-QIcon Icon(QWidget& Sample) { return Sample.grab().scaled(48, 48, Qt::KeepAspectRatio, Qt::SmoothTransformation); }
-
 /// One kind of widget.
 class TDesignerWidget : public QDesignerCustomWidgetInterface {
  public:
@@ -102,25 +100,30 @@ class TDesignerWidget : public QDesignerCustomWidgetInterface {
   QPointer<QDesignerFormEditorInterface> FCore;  // none in a program that loads forms
 };
 
-/// The widget itself, small; on a chart what lies on one.
+/// The widget itself, small; of what lies on a chart the piece of a chart within its axes.
 QIcon TDesignerWidget::icon() const {
-  const auto Show = [](QWidget* Sample) {
-    if (auto* const Widget = qobject_cast<ZyControlWidget*>(Sample)) Widget->ShowSamples();
+  const auto Small = [](const QPixmap& Picture) {
+    return Picture.scaled(48, 48, Qt::KeepAspectRatio, Qt::SmoothTransformation);
   };
-  const std::unique_ptr<QWidget> Ground(FKind.MakeGround == nullptr ? nullptr : FKind.MakeGround(nullptr));
-  if (Ground == nullptr) {
-    const std::unique_ptr<QWidget> Sample(FKind.Make(nullptr));
-    Show(Sample.get());
+  const auto Made = [](QWidget* (*Make)(QWidget*), QWidget* Parent) {
+    QWidget* const Result = Make(Parent);
+    if (auto* const Widget = qobject_cast<ZyControlWidget*>(Result)) Widget->ShowSamples();
+    return Result;
+  };
+  if (FKind.MakeGround == nullptr) {
+    const std::unique_ptr<QWidget> Sample(Made(FKind.Make, nullptr));
     Sample->resize(std::min(FKind.Width, 96), std::min(FKind.Height, 72));
-    return Icon(*Sample);
+    return Small(Sample->grab());
   }
-  Show(Ground.get());
-  Ground->resize(96, 72);
+  const bool HasAxes = FKind.MakeGround == &Make<ZyChartWidget>;
+  const QRect Piece(HasAxes ? 80 : 0, HasAxes ? 16 : 0, 96, 72);
+  const std::unique_ptr<QWidget> Ground(Made(FKind.MakeGround, nullptr));
+  Ground->resize(HasAxes ? QSize(192, 160) : Piece.size());
   Ground->grab();  // lays it out
-  QWidget* const Sample = FKind.Make(Ground.get());
-  Show(Sample);
-  Sample->move(48, 36);
-  return Icon(*Ground);
+  auto* const Sample = static_cast<ZyControlWidget*>(Made(FKind.Make, Ground.get()));
+  for (const char* Line : {"Line.Width", "Arrow.Width"}) Sample->SetPropertyAt(Line, 2);
+  Sample->move(Piece.topLeft() + QPoint(32, 18));
+  return Small(Ground->grab(Piece));
 }
 
 void TDesignerWidget::initialize(QDesignerFormEditorInterface* Core) {
