@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "annotations/ZyLegend.h"
+#include "annotations/ZyMovable.h"
 #include "looks/ZyLook.h"
 #include "looks/ZyPaletteLook.h"
 #include "platform/drawing/QtText.h"
@@ -144,8 +145,15 @@ TControl* ZyChartWidget::Legend(bool Make) {
   Result->SetParent(&Graph());
   Result->SetGraph(&Graph());
   Result->SetPosition(TZyLegendPosition::RightCenterOfAxis);
-  if (const std::optional<TZyLook> Present = LookOf(FLook)) ApplyLook(*Result, *Present);
+  GiveLook(*Result);
   return Result;
+}
+
+void ZyChartWidget::GiveLook(TControl& Part) const {
+  const std::optional<TZyLook> Present = LookOf(FLook);
+  if (!Present) return;
+  if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(&Part)) ApplyLook(*Legend, *Present);
+  if (auto* const Marker = dynamic_cast<TZyMovable*>(&Part)) ApplyLook(*Marker, *Present);
 }
 
 void ZyChartWidget::Join(TZySeries& Series, TZyCustomDoubleVector* X, TZyCustomDoubleVector* Y) {

@@ -47,6 +47,7 @@ class ZyChartWidget : public ZyCustomChartWidget {
     return Series;
   }
   void ShowSamples() override;
+  void GiveLook(TControl& Part) const override;
 
  signals:
   /// The user zoomed, by whatever gesture, or went back.
