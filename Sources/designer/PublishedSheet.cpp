@@ -108,8 +108,7 @@ void PublishedSheet::Declare(int Index, const std::function<void()>& Do) {
   QList<PublishedSheet*> Sheets{this};
   if (auto* const Form = QDesignerFormWindowInterface::findFormWindow(FWidget))
     for (ZyControlWidget* Each : Form->findChildren<ZyControlWidget*>())
-      if (auto* const Sheet = Each->LooksLike() == FWidget ? SheetOf(FManager, Each) : nullptr)
-        Sheets.push_back(Sheet);
+      if (auto* const Sheet = Each->LooksLike() == FWidget ? SheetOf(FManager, Each) : nullptr) Sheets.push_back(Sheet);
   QList<QHash<QString, QVariant>> Before;
   for (const PublishedSheet* Each : Sheets) Before.push_back(Each->AsNew());
   Do();
