@@ -85,7 +85,8 @@ const std::string& TZyTable::MissingIndex() {
                                " (" + Columns + ")");
 }
 
-/// What the drivers tell of is the primary key alone; the rest is in tables of the engines' own.
+/// What the drivers tell of is the primary key alone; the rest is in tables of the engines' own. An index counts that
+/// begins with X and finds stretches of it in all rows: no partial one, and none that is hashed, half made or of blocks.
 bool TZyTable::HasIndex() const {
   const QString X = ToQt(FFields.X);
   const QStringList Key = FConnection.PrimaryKey(ToQt(FQuoted.Table));
@@ -94,14 +95,17 @@ bool TZyTable::HasIndex() const {
   QVariantList Values;
   if (FConnection.IsEmbedded()) {
     Statement =
-        "SELECT (SELECT COUNT(*) FROM pragma_index_list(?) l, pragma_index_info(l.name) i WHERE i.seqno = 0 AND "
-        "lower(i.name) = lower(?)) + (SELECT COUNT(*) FROM sqlite_master WHERE type = 'view' AND name = ?)";
-    Values = {ToQt(FFields.Table), X, ToQt(FFields.Table)};
+        "SELECT (SELECT COUNT(*) FROM pragma_index_list(?) l, pragma_index_info(l.name) i WHERE l.partial = 0 AND "
+        "i.seqno = 0 AND lower(i.name) = lower(?)) + (SELECT COUNT(*) FROM sqlite_master WHERE type = 'view' AND "
+        "name = ?)";
+    const QString Bare = ToQt(FFields.Table).section('.', -1);
+    Values = {Bare, X, Bare};
   } else {
     Statement =
         "SELECT (SELECT COUNT(*) FROM pg_index i JOIN pg_attribute a ON a.attrelid = i.indrelid AND a.attnum = "
-        "i.indkey[0] WHERE i.indrelid = c.oid AND a.attname = ?) + CASE WHEN c.relkind IN ('r', 'p') THEN 0 ELSE 1 "
-        "END FROM pg_class c WHERE c.oid = CAST(? AS regclass)";
+        "i.indkey[0] JOIN pg_class o ON o.oid = i.indexrelid JOIN pg_am m ON m.oid = o.relam WHERE i.indrelid = c.oid AND "
+        "a.attname = ? AND i.indisvalid AND i.indpred IS NULL AND m.amname = 'btree') + CASE WHEN c.relkind IN "
+        "('r', 'p') THEN 0 ELSE 1 END FROM pg_class c WHERE c.oid = CAST(? AS regclass)";
     Values = {X, ToQt(FQuoted.Table)};
   }
   QSqlQuery Query = FConnection.Run(Statement, Values);
