@@ -33,7 +33,9 @@ void ZyCustomLegendWidget::setChart(const QString& Value) {
 
 TZyCustomLegend* ZyCustomLegendWidget::Legend() const { return static_cast<TZyCustomLegend*>(Placed()); }
 
-ZyCustomChartWidget* ZyCustomLegendWidget::Listed() const { return ChartWidget() != nullptr ? ChartWidget() : FFound.data(); }
+ZyCustomChartWidget* ZyCustomLegendWidget::Listed() const {
+  return ChartWidget() != nullptr ? ChartWidget() : FFound.data();
+}
 
 ZyControlWidget* ZyCustomLegendWidget::LooksLike() const { return Listed(); }
 

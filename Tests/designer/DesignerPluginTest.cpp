@@ -193,6 +193,9 @@ TEST_F(DesignerTest, EditsAndStoresWhatChartsPublish) {
   EXPECT_TRUE(Stored(Content, "chart", "DataAreaFrame.Width").startsWith("0: 3"));
   EXPECT_TRUE(Stored(Content, "pie", "StartAngle").startsWith("0: 30.5"));
   EXPECT_EQ(Stored(Content, "pie", "caption"), "");
+  EXPECT_TRUE(Content.contains("<cstring>TopCenterOfGraph</cstring>")) << "nothing for translators";
+  Set(Chart, "Legend.Position", QByteArray("rightt"));
+  EXPECT_EQ(ChartProperty(Chart, "Legend.Position"), "RightTopOfAxis") << "what it begins";
   ASSERT_TRUE(Sheet->reset(Width));
   EXPECT_EQ(Stored(FWindow->contents(), "chart", "DataAreaFrame.Width"), "");
 }
@@ -217,8 +220,9 @@ QString FormWithAll() {
   };
   const auto Widget = [&Classes](const char* Class, const char* Name, const QString& Content) {
     const QString Row =
-        QStringLiteral("<customwidget><class>zy::%1</class><extends>QWidget</extends><header>zyphos/Widgets.h</header>"
-                       "<container>%2</container></customwidget>")
+        QStringLiteral(
+            "<customwidget><class>zy::%1</class><extends>QWidget</extends><header>zyphos/Widgets.h</header>"
+            "<container>%2</container></customwidget>")
             .arg(Class)
             .arg(QString(Class) == "ZyChartWidget" || QString(Class) == "ZyPieWidget");
     if (!Classes.contains(Row)) Classes += Row;
@@ -227,8 +231,9 @@ QString FormWithAll() {
   const QString OnChart =
       Widget("ZyLegendWidget", "floating", Rect(150, 20, 90, 40) + Text("Frame.Visible", "true")) +
       Widget("ZyLegendWidget", "docked",
-             Rect(0, 0, 90, 40) + "<property name=\"position\"><enum>zy::ZyLegendWidget::BottomCenterOfAxis</enum>"
-                                  "</property>") +
+             Rect(0, 0, 90, 40) +
+                 "<property name=\"position\"><enum>zy::ZyLegendWidget::BottomCenterOfAxis</enum>"
+                 "</property>") +
       Widget("ZyHorizontalMarkerWidget", "limit", Rect(0, 0, 100, 5) + Real("Y", 1.5)) +
       Widget("ZyVerticalMarkerWidget", "instant", Rect(0, 0, 5, 100) + Real("X", 2)) +
       Widget("ZyCrossHairWidget", "cross", Rect(0, 0, 20, 20) + Real("X", 5) + Real("Y", 3)) +
@@ -243,8 +248,9 @@ QString FormWithAll() {
   Widgets += Widget("ZyDashStylesWidget", "dashes", Rect(560, 300, 100, 24));
   Widgets += Widget("ZyPointSymbolsWidget", "symbol", Rect(560, 330, 100, 24));
   Widgets += Widget("ZyCaptionEditWidget", "captionEdit", Rect(10, 320, 300, 60));
-  return QStringLiteral("<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\">%1%2</widget>"
-                        "<customwidgets>%3</customwidgets></ui>")
+  return QStringLiteral(
+             "<ui version=\"4.0\"><class>Form</class><widget class=\"QWidget\" name=\"Form\">%1%2</widget>"
+             "<customwidgets>%3</customwidgets></ui>")
       .arg(Rect(0, 0, 690, 400), Widgets, Classes);
 }
 
@@ -301,7 +307,8 @@ TEST_F(DesignerTest, StoresWhatLiesOnCharts) {
 
 TEST_F(DesignerTest, ALookIsNoChangeOfWhatItGives) {
   QWidget* const Chart = Load(qPrintable(FormWithAll()));
-  QWidget *const Legend = FWindow->findChild<QWidget*>("floating"), *const Beside = FWindow->findChild<QWidget*>("beside");
+  QWidget *const Legend = FWindow->findChild<QWidget*>("floating"), *const Beside =
+                                                                        FWindow->findChild<QWidget*>("beside");
   QWidget* const Limit = FWindow->findChild<QWidget*>("limit");
   FWindow->grab();
   const QVariant Back = ChartProperty(Chart, "BackColor"), Line = ChartProperty(Limit, "Line.Color");
