@@ -343,6 +343,19 @@ void TZyCustomLegend::SetItemPositions() {
   SetBounds(Left(), Top(), Grid.Width() + Shadow.X, Grid.Height() + Shadow.Y);
 }
 
+/// The whole line of an item, from its symbol to the end of its caption.
+int TZyCustomLegend::ItemAt(int X, int Y) const {
+  for (std::size_t Index = 0; Index < FItemRects.size(); ++Index) {
+    const TRect& Symbol = FItemRects[Index];
+    const TZyRichCaptionObject& Text = *FLegendCaptions[Index];
+    const int Half = RoundToPixels(Text.Height() / 2), Middle = RoundToPixels(Text.Y);
+    const int Right = std::max(Symbol.Right, RoundToPixels(Text.X + Text.Width()));
+    const int Top = std::min(Symbol.Top, Middle - Half), Bottom = std::max(Symbol.Bottom, Middle + Half);
+    if (X >= Symbol.Left && X < Right && Y >= Top && Y < Bottom) return static_cast<int>(Index);
+  }
+  return -1;
+}
+
 bool TZyCustomLegend::HasShadow() const {
   constexpr unsigned LeastAlpha = 200;
   return FDropShadow && (GetAlpha(FBackColor) >= LeastAlpha || FBackgroundGradient.Visible());

@@ -135,6 +135,8 @@ class TZyCustomLegend : public TGraphicControl, public TZyRecord, public IZyGrap
   /// What is shown: the areas of the symbols, in pixels of the legend, and beside each its caption.
   const std::vector<TRect>& ItemRects() const { return FItemRects; }
   const TZyRichCaptionObjects& LegendCaptions() const { return FLegendCaptions; }
+  /// The item whose symbol or caption lies at a place in the legend, -1 for none.
+  int ItemAt(int X, int Y) const;
 
   /// Nothing; an heir tells what it has.
   void Fields(TZyArchive&) override {}

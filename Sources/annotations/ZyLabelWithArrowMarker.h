@@ -96,8 +96,8 @@ class TZyLabelWithArrowMarker : public TZyMovable {
   void ShowGrips();
   void KeepGrips(bool (*Keeps)(const TZyArrowGrip& Grip));
   bool IsBoxUnderMouse() const;
-  void TellArrowEndMoving() { Tell(FOnArrowEndMoving); }
-  void TellArrowEndMoved() { Tell(FOnArrowEndMoved); }
+  void TellArrowEndMoving() { TellMove(FOnArrowEndMoving, false); }
+  void TellArrowEndMoved() { TellMove(FOnArrowEndMoved, true); }
   void PaintArrow(Graphics& Gr);
   bool IsOnArrow(int X, int Y) const;
   void ArrowFields(TZyArchive& Archive);

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "graph/ZyGraph2D.h"
+#include "graph/parts/ZyMarkerListener.h"
 #include "platform/drawing/Graphics.h"
 #include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
@@ -205,6 +206,11 @@ bool TZyMovable::Tell(const TNotifyEvent& Event) {
   const std::uint64_t Alive = LiveHandle();
   if (const TNotifyEvent Handler = Event) Handler(this);
   return FromLiveHandle(Alive) != nullptr;
+}
+
+void TZyMovable::TellMove(const TNotifyEvent& Event, bool IsOver) {
+  if (!Tell(Event)) return;
+  if (auto* const Listener = dynamic_cast<IZyMarkerListener*>(Parent())) Listener->MarkerMoves(*this, IsOver);
 }
 
 /// What no heir paints is a cross.

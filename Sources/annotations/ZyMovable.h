@@ -146,8 +146,10 @@ class TZyMovable : public TZyDraggedControl, public TZyRecord, public IZyGraphMa
   /// X or Y changed otherwise than by their setters.
   virtual void PlaceChanged() { Modified(); }
   /// Tell the events; they may free the marker.
-  virtual void TellMoving() { Tell(FOnMoving); }
-  virtual void TellMoved() { Tell(FOnMoved); }
+  virtual void TellMoving() { TellMove(FOnMoving, false); }
+  virtual void TellMoved() { TellMove(FOnMoved, true); }
+  /// The handler of the event, and then a parent that listens.
+  void TellMove(const TNotifyEvent& Event, bool IsOver);
   /// Returns whether the marker is still there.
   bool Tell(const TNotifyEvent& Event);
   /// Stands on the axes and at the values of another marker, without a step of undo and without telling anybody.

@@ -244,7 +244,8 @@ class TZyAxis : public TGraphicControl, public TZyRecord, public IZyUndoUser {
   const std::string& ToString() const { return Caption().empty() ? Name() : Caption(); }
   /// The caption without its markup, or the name, with the first and the last label; the items are the labels.
   std::string AccessibleName() const override;
-  std::vector<std::string> AccessibleItems() const override { return LabelTexts(); }
+  /// The labels without markup, each with the power of ten that stands apart.
+  std::vector<std::string> AccessibleItems() const override;
 
   /// Set while a layout pass runs, one for the process: it stops paints and resizes from entering it again.
   inline static bool LayoutRunning = false;

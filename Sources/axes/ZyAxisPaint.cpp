@@ -29,16 +29,29 @@ std::string TZyAxis::LabelText(std::string Text, double Value) {
 
 std::string TZyAxis::AccessibleName() const {
   std::string Title = Caption().empty() ? Name() : FCaptionRec.PlainText();
-  const std::vector<std::string> Labels = LabelTexts();
-  if (Labels.empty()) return Title;
+  const std::vector<std::string> Labels = AccessibleItems();
+  return Labels.empty() ? Title : Format(LoadResString(_sToldRange), {Title, Labels.front(), Labels.back()});
+}
+
+/// Without its markup the power of a logarithmic axis, and any other text that is raised, would run into what it stands
+/// at.
+std::vector<std::string> TZyAxis::AccessibleItems() const {
+  constexpr std::string_view Raised = "\\+";
   const std::string Power = FTicks.HasExponent() ? "E" + IntToStr(FTicks.Exponent()) : std::string();
-  const auto Spoken = [&Power](std::string Label) {
-    constexpr std::string_view Raised = "\\+";  // of the powers of a logarithmic axis
-    if (const std::size_t Place = Label.find(Raised); Place != std::string::npos)
-      Label.replace(Place, Raised.size(), "^");
-    return Label + Power;
-  };
-  return Format(LoadResString(_sToldRange), {Title, Spoken(Labels.front()), Spoken(Labels.back())});
+  std::vector<std::string> Result;
+  for (const auto& Label : FLabels.Labels()) {
+    std::string Text = Label->Caption();
+    if (Text.find(Raised) == std::string::npos) {
+      Result.push_back(Label->PlainText() + Power);
+      continue;
+    }
+    for (std::size_t Place; (Place = Text.find(Raised)) != std::string::npos;) Text.replace(Place, Raised.size(), "^");
+    TZyRichCaptionObject Shown;
+    Shown.SetCaption(Text);
+    Shown.ParseIfNeeded();
+    Result.push_back(Shown.PlainText() + Power);
+  }
+  return Result;
 }
 
 /// The extent of the control along the axis. Where a graph's layout gives it one, a new control and one whose parent

@@ -243,7 +243,9 @@ std::vector<std::string> TZyGraph2D::Diagnose() {
   return Result;
 }
 
+/// Ranges of series are unknown between new data and the next layout, which is done for them.
 std::vector<std::string> TZyGraph2D::AccessibleItems() const {
+  if (!FPaintsScreen) const_cast<TZyGraph2D*>(this)->BringUpToDate();
   std::vector<std::string> Result;
   for (const TZySeries* Series : FRelatedSeries) Result.push_back(Series->AccessibleText());
   return Result;

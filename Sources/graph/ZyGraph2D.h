@@ -115,7 +115,7 @@ class TZyGraph2D : public TZyCustomGraph, public IZyUndoHolder, public IZySeries
   /// move there is no stage.
   bool ZoomAround(TPoint Place, double Factor) override { return FStages.ZoomAround(Place, Factor); }
   /// Moves the axes of a scroll bar's direction, as the bar asks.
-  void Scroll(TObject* Sender, TScrollCode ScrollCode, int& ScrollPos);
+  virtual void Scroll(TObject* Sender, TScrollCode ScrollCode, int& ScrollPos);
   /// The range of scroll bars.
   static constexpr int WholeScrollBar = 10000;
 

@@ -86,7 +86,8 @@ void TZyPieChart::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) 
 void TZyPieChart::KeyDown(TKey& Key, TShiftState Shift) {
   const std::uint64_t Alive = LiveHandle();
   TZyCustomGraph::KeyDown(Key, Shift);
-  if (Key == 0 || FromLiveHandle(Alive) == nullptr || !TabStop() || !Shift.Empty() || GetCount() == 0) return;
+  if (Key == 0 || FromLiveHandle(Alive) == nullptr || !Shift.Empty() || GetCount() == 0) return;
+  if (!TabStop() && !Focused()) return;  // keys that only passed by, as during a gesture of something else
   const int Count = GetCount(), Active = std::min(FActiveSegment, Count - 1);
   switch (Key) {
     case vkRight:

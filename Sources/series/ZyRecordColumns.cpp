@@ -23,6 +23,14 @@ TSheet& Sheet() {
 
 }  // namespace
 
+bool TZyRecordLook::IsOpaque() const {
+  return std::ranges::all_of(Colors, [](TZyColor Color) { return GetAlpha(Color) == 255; });
+}
+
+std::uint8_t TZyRecordLook::InkOf(std::size_t Place) const {
+  return static_cast<std::uint8_t>(std::ranges::find(Colors, Colors[Place]) - Colors.begin() + 1);
+}
+
 TZyRecordColumns::TPixels TZyRecordColumns::OfLine(float From, float To, float Width) {
   const float Reach = ReachOf(Width);
   return {Rounded(From - Reach), Rounded(To - Reach) + static_cast<int>(2 * Reach)};

@@ -24,13 +24,9 @@ struct TZyRecordLook {
   static constexpr std::size_t MostColors = 6;
   std::array<TZyColor, MostColors> Colors{};
 
-  bool IsOpaque() const {
-    return std::ranges::all_of(Colors, [](TZyColor Color) { return GetAlpha(Color) == 255; });
-  }
+  bool IsOpaque() const;
   /// The ink of a colour by its place: the same for equal colours, never 0.
-  std::uint8_t InkOf(std::size_t Place) const {
-    return static_cast<std::uint8_t>(std::ranges::find(Colors, Colors[Place]) - Colors.begin() + 1);
-  }
+  std::uint8_t InkOf(std::size_t Place) const;
   bool operator==(const TZyRecordLook&) const = default;
 };
 

@@ -27,6 +27,8 @@ void TZySeriesInput::TestUnchanged(unsigned Before) {
   if (FChanges != Before) throw EAbort(LoadResString(_sSeriesChanged));
 }
 
+std::span<float> TZySeriesInput::AddPixels(int Number) { return FPixels.Extend(Number); }
+
 void TZySeriesInput::SwapWith(TZySeriesInput& Other) {
   NoteChange();
   TZyCustomDoubleVector* const Own = FVector;

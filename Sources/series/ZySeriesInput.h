@@ -88,7 +88,7 @@ class TZySeriesInput {
   std::span<const float> Pixels() const { return FPixels.Values(); }
   void AddPixel(float Value) { FPixels.Add(Value); }
   /// Room for those of Number points more, to be written.
-  std::span<float> AddPixels(int Number) { return FPixels.Extend(Number); }
+  std::span<float> AddPixels(int Number);
   void KeepPixels(int Count) { FPixels.Shrink(Count); }
   /// Exchanges vectors and transformations of two inputs of a series.
   void SwapWith(TZySeriesInput& Other);

@@ -1,7 +1,10 @@
 #include "widgets/ZyChartWidget.h"
 
+#include <QMetaMethod>
 #include <algorithm>
+#include <array>
 #include <optional>
+#include <utility>
 
 #include "annotations/ZyLegend.h"
 #include "annotations/ZyMovable.h"
@@ -44,12 +47,21 @@ class ZyChartWidget::TWatched : public TZyWatchedChart<TZyGraph2D> {
     Quietly([this] { TZyWatchedChart::Calculate(); });
   }
   void ZoomBack() override {
+    const bool Had = GetCanZoomBack();
     TZyWatchedChart::ZoomBack();
-    if (FChartWidget != nullptr) emit FChartWidget->zoomed();
+    if (Had && FChartWidget != nullptr) emit FChartWidget->zoomed();
   }
   void ZoomReset() override {
+    const bool Had = GetCanZoomBack();
     TZyWatchedChart::ZoomReset();
-    if (FChartWidget != nullptr) emit FChartWidget->zoomed();
+    if (Had && FChartWidget != nullptr) emit FChartWidget->zoomed();
+  }
+  /// By the bars and by keys. A thumb is told of when it is let go.
+  void Scroll(TObject* Sender, TScrollCode ScrollCode, int& ScrollPos) override {
+    const std::array<double, 4> Before = Ends();
+    TZyWatchedChart::Scroll(Sender, ScrollCode, ScrollPos);
+    if (ScrollCode == scTrack || ScrollCode == scEndScroll || FChartWidget == nullptr) return;
+    if (ScrollCode == scPosition || Ends() != Before) emit FChartWidget->panned();
   }
 
  protected:
@@ -57,14 +69,21 @@ class ZyChartWidget::TWatched : public TZyWatchedChart<TZyGraph2D> {
     Quietly([this] { TZyWatchedChart::BoundsChanged(); });
   }
   bool Tell(TZyGestureEvent Event) override {
+    constexpr void (ZyChartWidget::*Signals[])() = {&ZyChartWidget::zoomStarted, &ZyChartWidget::zoomed,
+                                                    &ZyChartWidget::panStarted, &ZyChartWidget::panned};
     const QPointer<ZyChartWidget> Widget = FChartWidget;
     if (!TZyWatchedChart::Tell(Event)) return false;
-    if (Widget != nullptr && Event == TZyGestureEvent::EndZoom) emit Widget->zoomed();
-    if (Widget != nullptr && Event == TZyGestureEvent::EndPanning) emit Widget->panned();
+    if (Widget != nullptr) emit(Widget->*Signals[static_cast<int>(Event)])();
     return Widget != nullptr;
   }
 
  private:
+  std::array<double, 4> Ends() const {
+    const TZyAxis *const X = PrimaryXAxis(), *const Y = PrimaryYAxis();
+    return {X != nullptr ? X->Start() : 0, X != nullptr ? X->Stop() : 0, Y != nullptr ? Y->Start() : 0,
+            Y != nullptr ? Y->Stop() : 0};
+  }
+
   QPointer<ZyChartWidget> FChartWidget;
 };
 
@@ -72,7 +91,7 @@ ZyChartWidget::ZyChartWidget(QWidget* Parent) : ZyCustomChartWidget(Parent) {
   auto* const Chart = new TWatched(&Owner(), *this);
   Chart->SetName("Graph");
   Chart->TestPrimaryAxis();
-  Show(*Chart);
+  ShowChart(*Chart);
 }
 
 ZyChartWidget::~ZyChartWidget() { FreeOwned(); }
@@ -100,6 +119,7 @@ std::optional<TZyLook> LookOf(ZyChartWidget::Look Value) {
 }  // namespace
 
 void ZyChartWidget::setLook(Look Value) {
+  if (Value < OwnLook || Value > PaletteLook) return;  // of a form, which may have any number
   FLook = Value;
   delete Part(FollowerName);
   Guarded([&] {
@@ -154,6 +174,34 @@ void ZyChartWidget::GiveLook(TControl& Part) const {
   if (!Present) return;
   if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(&Part)) ApplyLook(*Legend, *Present);
   if (auto* const Marker = dynamic_cast<TZyMovable*>(&Part)) ApplyLook(*Marker, *Present);
+}
+
+// --- What the mouse is over -----------------------------------------------------------------------------------------
+
+/// The slot of one may delete the series, or the widget.
+void ZyChartWidget::ClickedAt(const QPoint& Place) {
+  const auto [Clicked, Item] = Asked(TLegendItem(), [&] { return LegendItemAt(Place); });
+  if (const auto* const Legend = dynamic_cast<TZyLegend*>(Clicked)) {
+    const std::vector<TZySeries*> Items = Legend->Items();
+    TZySeries* const Series = Item < 0 ? nullptr : Items[static_cast<std::size_t>(Item)];
+    if (Series != nullptr) emit legendItemClicked(Series);
+    return;
+  }
+  if (!isSignalConnected(QMetaMethod::fromSignal(&ZyChartWidget::pointClicked))) return;
+  const auto Hit = Asked(TZyFindSeriesPointResult(), [&] { return Graph().FindSeriesPoint(Place.x(), Place.y()); });
+  if (Hit.Found) emit pointClicked(Hit.InSeries, Hit.Index);
+}
+
+/// Each move looks for a point, so it does as long as somebody hears of it.
+void ZyChartWidget::HoversAt(const std::optional<QPoint>& Place) {
+  if (!isSignalConnected(QMetaMethod::fromSignal(&ZyChartWidget::pointHovered))) return;
+  TZyFindSeriesPointResult Hit;
+  if (Place) Hit = Asked(Hit, [&] { return Graph().FindSeriesPoint(Place->x(), Place->y()); });
+  const std::uint64_t Series = Hit.Found ? Hit.InSeries->LiveHandle() : 0;
+  const int Index = Hit.Found ? Hit.Index : -1;
+  if (Series == std::exchange(FHovered, Series) && Index == FHoveredIndex) return;
+  FHoveredIndex = Index;
+  emit pointHovered(Hit.Found ? Hit.InSeries : nullptr, Index);
 }
 
 void ZyChartWidget::Join(TZySeries& Series, TZyCustomDoubleVector* X, TZyCustomDoubleVector* Y) {

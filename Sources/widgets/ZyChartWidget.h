@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "widgets/ZyCustomChartWidget.h"
 #ifndef Q_MOC_RUN  // which cannot read all that this includes
 #include "graph/ZyGraph2D.h"
@@ -15,6 +17,7 @@ namespace zy {
 ///     connect(Chart, &ZyChartWidget::clicked, this, &Window::ShowPoint);
 class ZyChartWidget : public ZyCustomChartWidget {
   Q_OBJECT
+  Q_MOC_INCLUDE("series/ZySeries.h")
   /// Colours, fonts and grid, given to what the chart has at that time; see ApplyLook. PaletteLook follows the palette
   /// of the application.
   Q_PROPERTY(Look look READ look WRITE setLook)
@@ -50,14 +53,29 @@ class ZyChartWidget : public ZyCustomChartWidget {
   void GiveLook(TControl& Part) const override;
 
  signals:
-  /// The user zoomed, by whatever gesture, or went back.
+  /// A gesture of the user that may zoom has begun. A frame that comes to nothing has no end.
+  void zoomStarted();
+  /// A gesture has ended, or the ranges went back: by the user, or by ZoomBack and ZoomReset of the chart, as far as
+  /// there was something to go back to. What else the program does to the ranges is not told.
   void zoomed();
-  /// The user moved the ranges.
+  /// The user has begun to move the ranges by the mouse or a touch pad; steps of keys and scroll bars have no
+  /// beginning.
+  void panStarted();
+  /// The user moved the ranges, or gave a move up.
   void panned();
+  /// The mouse has come over a point, as FindSeriesPoint has it: its series, and its index in the data. Null and -1
+  /// when it lies over none any more, or has left. Not told while a button is pressed.
+  void pointHovered(zy::TZySeries* Series, int Index);
+  /// A click on a point.
+  void pointClicked(zy::TZySeries* Series, int Index);
+  /// A click on an item of a legend in the chart.
+  void legendItemClicked(zy::TZySeries* Series);
 
  protected:
   std::vector<std::string> Parts() const override { return {"PrimaryXAxis", "PrimaryYAxis"}; }
   TControl* Legend(bool Make) override;
+  void ClickedAt(const QPoint& Place) override;
+  void HoversAt(const std::optional<QPoint>& Place) override;
 
  private:
   class TWatched;
@@ -65,6 +83,8 @@ class ZyChartWidget : public ZyCustomChartWidget {
   void Join(TZySeries& Series, TZyCustomDoubleVector* X, TZyCustomDoubleVector* Y);
   TComponent* Part(const char* Name) const { return Owner().FindComponent(Name); }
 
+  std::uint64_t FHovered = 0;  // the live handle of the series
+  int FHoveredIndex = -1;
   Look FLook = OwnLook;
 };
 

@@ -1,11 +1,15 @@
 #include "widgets/ZyCustomChartWidget.h"
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <memory>
 #include <utility>
 
+#include "annotations/ZyCustomLegend.h"
 #include "platform/drawing/QtText.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
@@ -24,6 +28,12 @@ ZyCustomChartWidget::ZyCustomChartWidget(QWidget* Parent) : ZyControlWidget(Pare
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
+void ZyCustomChartWidget::ShowChart(TZyCustomGraph& Value) {
+  Show(Value);
+  Value.SetTabStop(true);
+  setFocusPolicy(Qt::StrongFocus);  // which the chart's own widget, the proxy, takes as well
+}
+
 // --- Properties -----------------------------------------------------------------------------------------------------
 
 QString ZyCustomChartWidget::caption() const { return ToQString(Chart().Caption()); }
@@ -38,7 +48,7 @@ void ZyCustomChartWidget::setCaption(const QString& Value) {
 QColor ZyCustomChartWidget::backColor() const { return ToQt(Chart().BackColor()); }
 
 void ZyCustomChartWidget::setBackColor(const QColor& Value) {
-  Chart().SetBackColor(Value.isValid() ? Value.rgba() : Colors::Transparent);
+  Guarded([&] { Chart().SetBackColor(Value.isValid() ? Value.rgba() : Colors::Transparent); });
 }
 
 bool ZyCustomChartWidget::legendVisible() const {
@@ -47,7 +57,9 @@ bool ZyCustomChartWidget::legendVisible() const {
 }
 
 void ZyCustomChartWidget::setLegendVisible(bool Value) {
-  if (TControl* const Present = Legend(Value)) Present->SetVisible(Value);
+  Guarded([&] {
+    if (TControl* const Present = Legend(Value)) Present->SetVisible(Value);
+  });
 }
 
 TPersistent* ZyCustomChartWidget::RootOf(std::string& Path, bool Make) {
@@ -78,25 +90,74 @@ void ZyCustomChartWidget::print(QPrinter* Printer) {
     if (!Painter.begin(Printer))
       throw EPrinter(Format(LoadResString(_sCannotPrint), {Printer->printerName().toStdString()}));
     const QRectF Page = Printer->pageRect(QPrinter::DevicePixel);
-    Chart().PaintOn(Painter, {0, 0, static_cast<float>(Page.width()), static_cast<float>(Page.height())});
+    const QPointF Corner = Printer->fullPage() ? Page.topLeft() : QPointF();  // the origin is the paper's then
+    Chart().PaintOn(Painter, {static_cast<float>(Corner.x()), static_cast<float>(Corner.y()),
+                              static_cast<float>(Page.width()), static_cast<float>(Page.height())});
   });
 }
 
+/// The window may be deleted while the dialog is there, and the dialog with it.
 void ZyCustomChartWidget::printPreview() {
   QPrinter Printer(QPrinter::HighResolution);
   Printer.setPageOrientation(QPageLayout::Landscape);
   Printer.setDocName(ToQString(Chart().CaptionAsString()));
-  QPrintPreviewDialog Dialog(&Printer, window());
-  connect(&Dialog, &QPrintPreviewDialog::paintRequested, this, &ZyCustomChartWidget::print);
-  Dialog.exec();
+  const QPointer Dialog = new QPrintPreviewDialog(&Printer, window());
+  connect(Dialog, &QPrintPreviewDialog::paintRequested, this, &ZyCustomChartWidget::print);
+  Dialog->exec();
+  delete Dialog;
 }
 
 void ZyCustomChartWidget::refresh() { Chart().Invalidate(); }
 
 // --- What the chart tells -------------------------------------------------------------------------------------------
 
-void ZyCustomChartWidget::NoteClick(const QPoint& From, const QPoint& Place) {
-  if ((Place - From).manhattanLength() < QApplication::startDragDistance()) emit clicked(Place);
+namespace {
+
+QPoint PlaceOf(const QEvent& Event) {
+  return Event.isSinglePointEvent() ? static_cast<const QSinglePointEvent&>(Event).position().toPoint() : QPoint();
+}
+
+bool IsOfLeftButton(const QEvent& Event) { return static_cast<const QMouseEvent&>(Event).button() == Qt::LeftButton; }
+
+}  // namespace
+
+/// What went as far as a drag once stays one.
+void ZyCustomChartWidget::NotePress(const QEvent& Event) {
+  const auto Type = Event.type();
+  if ((Type == QEvent::MouseButtonPress || Type == QEvent::MouseButtonDblClick) && IsOfLeftButton(Event))
+    FPressed = PlaceOf(Event);
+  if (FPressed && (Type == QEvent::MouseMove || Type == QEvent::MouseButtonRelease) &&
+      (PlaceOf(Event) - *FPressed).manhattanLength() >= QApplication::startDragDistance())
+    FPressed.reset();
+}
+
+void ZyCustomChartWidget::TellMouse(const QEvent& Event) {
+  const QPoint Place = PlaceOf(Event);
+  switch (Event.type()) {
+    case QEvent::MouseButtonRelease: {
+      if (!IsOfLeftButton(Event) || !std::exchange(FPressed, std::nullopt)) return;
+      const QPointer<ZyCustomChartWidget> Alive = this;
+      emit clicked(Place);
+      if (Alive != nullptr) ClickedAt(Place);
+      return;
+    }
+    case QEvent::MouseButtonDblClick:
+      if (IsOfLeftButton(Event)) emit doubleClicked(Place);
+      return;
+    case QEvent::MouseMove:
+      if (static_cast<const QMouseEvent&>(Event).buttons() == Qt::NoButton) HoversAt(Place);
+      return;
+    case QEvent::Leave:
+      return HoversAt(std::nullopt);
+    default:
+      return;
+  }
+}
+
+ZyCustomChartWidget::TLegendItem ZyCustomChartWidget::LegendItemAt(const QPoint& Place) const {
+  auto* const Legend = dynamic_cast<TZyCustomLegend*>(Chart().ControlAtPos(Place.x(), Place.y()));
+  if (Legend == nullptr) return {};
+  return {Legend, Legend->ItemAt(Place.x() - Legend->Left(), Place.y() - Legend->Top())};
 }
 
 void ZyCustomChartWidget::NoteContent() {

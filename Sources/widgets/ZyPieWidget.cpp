@@ -1,5 +1,8 @@
 #include "widgets/ZyPieWidget.h"
 
+#include <QMetaMethod>
+#include <utility>
+
 #include "pie/ZyFillPalette.h"
 #include "pie/ZyPieLegend.h"
 #include "series/vectors/ZyDoubleVector.h"
@@ -38,11 +41,7 @@ ZyPieWidget::ZyPieWidget(QWidget* Parent) : ZyCustomChartWidget(Parent) {
   Chart->SetName("Pie");
   Chart->SetValues(Numbers);
   Chart->SetSegmentSettingsPalette(Palette);
-  Show(*Chart);
-  connect(this, &ZyCustomChartWidget::clicked, this, [this](const QPoint& Place) {
-    const int Segment = Graph().SegmentAt(static_cast<float>(Place.x()), static_cast<float>(Place.y()));
-    if (Segment >= 0) emit segmentClicked(Segment);
-  });
+  ShowChart(*Chart);
 }
 
 ZyPieWidget::~ZyPieWidget() { FreeOwned(); }
@@ -53,7 +52,10 @@ TZyDoubleVector* ZyPieWidget::Values() const {
 
 ZyPieWidget::Shape ZyPieWidget::shape() const { return static_cast<Shape>(Graph().PieChartType()); }
 
-void ZyPieWidget::setShape(Shape Value) { Graph().SetPieChartType(static_cast<TZyPieChartType>(Value)); }
+void ZyPieWidget::setShape(Shape Value) {
+  if (Value < FlatPie || Value > ThreeDDonut) return;  // of a form, which may have any number
+  Guarded([&] { Graph().SetPieChartType(static_cast<TZyPieChartType>(Value)); });
+}
 
 TControl* ZyPieWidget::Legend(bool Make) {
   auto* Result = dynamic_cast<TZyPieLegend*>(Owner().FindComponent(LegendName));
@@ -63,6 +65,33 @@ TControl* ZyPieWidget::Legend(bool Make) {
   Result->SetParent(&Graph());
   Result->SetPieChart(&Graph());
   return Result;
+}
+
+// --- What the mouse is over -----------------------------------------------------------------------------------------
+
+/// The index of the value whose segment is seen at a place, -1 for none.
+int ZyPieWidget::ValueAt(const QPoint& Place) {
+  return Asked(-1, [&] {
+    const int Segment = Graph().SegmentAt(static_cast<float>(Place.x()), static_cast<float>(Place.y()));
+    return Segment < 0 ? -1 : Graph().GetLegendItemIndex(Segment);
+  });
+}
+
+void ZyPieWidget::ClickedAt(const QPoint& Place) {
+  const auto [Clicked, Item] = Asked(TLegendItem(), [&] { return LegendItemAt(Place); });
+  if (Clicked != nullptr) {
+    const int Index = Item < 0 || Item >= Graph().GetCount() ? -1 : Graph().GetLegendItemIndex(Item);
+    if (Index >= 0) emit legendItemClicked(Index);
+  } else if (const int Index = ValueAt(Place); Index >= 0) {
+    emit segmentClicked(Index);
+  }
+}
+
+/// Each move looks for a segment, so it does as long as somebody hears of it.
+void ZyPieWidget::HoversAt(const std::optional<QPoint>& Place) {
+  if (!isSignalConnected(QMetaMethod::fromSignal(&ZyPieWidget::segmentHovered))) return;
+  const int Index = Place ? ValueAt(*Place) : -1;
+  if (Index != std::exchange(FHovered, Index)) emit segmentHovered(Index);
 }
 
 void ZyPieWidget::ShowSamples() {

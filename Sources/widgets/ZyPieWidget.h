@@ -39,11 +39,20 @@ class ZyPieWidget : public ZyCustomChartWidget {
  signals:
   /// A click on a segment, with the index of its value.
   void segmentClicked(int Index);
+  /// The mouse has come over a segment; -1 when it lies over none any more, or has left.
+  void segmentHovered(int Index);
+  /// A click on an item of a legend in the chart, with the index of its value.
+  void legendItemClicked(int Index);
 
  protected:
   TControl* Legend(bool Make) override;
+  void ClickedAt(const QPoint& Place) override;
+  void HoversAt(const std::optional<QPoint>& Place) override;
 
  private:
+  int ValueAt(const QPoint& Place);
+
+  int FHovered = -1;
   class TWatched;
 };
 

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QApplication>
+#include <QDeadlineTimer>
 #include <QWidget>
 
+#include "annotations/ZyLegend.h"
 #include "graph/SampleChart.h"
 #include "series/ZyBars.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {
@@ -53,6 +57,67 @@ TEST(ZyGraphAccessTest, ScreenReadersFindAxesAndSeries) {
   Bars->SetVisible(false);
   Paint();
   EXPECT_EQ(TreeOf(Node), Axes + "ZyBars1, bars: hidden\nZyLineSeries1, line: no points\n");
+}
+
+TEST(ZyGraphAccessTest, LabelsAreToldAsTheyAreMeant) {
+  TSampleChart Chart(400, 300);
+  Chart.X->SetScaling(TZyAxisScaling::LogEE);
+  Chart.AddSeries("Dose", {1, 100}, {0, 5e6});
+  Chart.Paint();
+  EXPECT_EQ(Chart.X->AccessibleItems(), (std::vector<std::string>{"10^0", "10^1", "10^2"}));
+  EXPECT_EQ(Chart.Y->AccessibleItems().back(), "5E6");
+}
+
+std::string Heard;  // what screen readers are told
+
+void Hear(QAccessibleEvent* Event) {
+  const char* const Kind = Event->type() == QAccessible::ObjectCreated     ? "+"
+                           : Event->type() == QAccessible::ObjectDestroyed ? "-"
+                           : Event->type() == QAccessible::NameChanged     ? "="
+                                                                           : nullptr;
+  if (Kind == nullptr || Event->object() != nullptr) return;  // of the toolkit's own
+  Heard += Kind + Event->accessibleInterface()->text(QAccessible::Name).section(',', 0, 0).toStdString() + ' ';
+}
+
+TEST(ZyGraphAccessTest, ScreenReadersAreToldWhatComesGoesAndChanges) {
+  TSampleChart Chart(300, 200);
+  for (TZyAxis* Axis : {Chart.X, Chart.Y}) Axis->SetNumbersVisible(false);
+  TZySeries* const First = Chart.AddSeries("A", {1, 2}, {1, 2});
+  First->SetCaption("first");
+  Chart.Form.Show();
+  const auto HeardAfter = [&](const std::function<void()>& Do) {
+    Heard.clear();
+    Do();
+    Chart.Graph->Widget()->grab();
+    for (const QDeadlineTimer Deadline(400); !Deadline.hasExpired();) QApplication::processEvents();
+    return Heard;
+  };
+  QAccessible::installUpdateHandler(Hear);
+  const QAccessibleInterface& Node = *QAccessible::queryAccessibleInterface(Chart.Graph->Widget());
+  EXPECT_GT(Node.childCount(), 0);
+  EXPECT_EQ(HeardAfter([&] { Chart.X->SetCaption("unheard"); }), "") << "nobody is there";
+  QAccessible::setActive(true);
+  EXPECT_EQ(HeardAfter([] {}), "=unheard ");
+  EXPECT_EQ(HeardAfter([] {}), "");
+  EXPECT_EQ(HeardAfter([&] { First->SetCaption("renamed"); }), "=renamed ");
+  TZySeries* Second = nullptr;
+  EXPECT_EQ(HeardAfter([&] {
+              Second = Chart.AddSeries("B", {1, 2}, {1, 2});
+              Second->SetCaption("second");
+            }),
+            "+second ");
+  auto* const Legend = new TZyLegend(&Chart.Form);
+  Legend->SetName("Legend");
+  EXPECT_EQ(HeardAfter([&] { Legend->SetParent(Chart.Graph); }), "+Legend ");
+  EXPECT_EQ(HeardAfter([&] { Second->SetIncludeInLegend(false); }), "- ") << "an entry";
+  EXPECT_EQ(HeardAfter([&] { delete Legend; }), "- ");
+  EXPECT_EQ(HeardAfter([&] { delete Second; }), "- ");
+  Chart.X->SetOnGetScaleLabel([](TObject*, TZyScaleLabelEventArgs&) { throw Exception("no label"); });
+  Chart.X->SetNumbersVisible(true);
+  EXPECT_NO_THROW(Node.childCount());
+  Chart.X->SetOnGetScaleLabel({});
+  QAccessible::setActive(false);
+  QAccessible::installUpdateHandler(nullptr);
 }
 
 }  // namespace

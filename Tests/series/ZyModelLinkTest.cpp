@@ -228,6 +228,37 @@ TEST(ZyModelLinkTest, VectorsAndTextsEqualAPlainReadingAfterAnyWalk) {
   }
 }
 
+TEST(ZyModelLinkTest, SlotsMayChangeTheModelAgainBeforeTheLinkHearsOfIt) {
+  TTableModel Model;
+  Model.Marks = {0};
+  for (int i = 0; i < 10; ++i) Model.Rows.push_back({QVariant(i)});
+  int Left = 0;
+  const auto Again = [&](const auto& Do) {
+    return [&Left, Do] {
+      if (Left-- > 0) Do();
+    };
+  };
+  using M = QAbstractItemModel;
+  QObject::connect(&Model, &M::rowsMoved, &Model, Again([&] { Model.MoveRows(1, 2, 9); }));
+  QObject::connect(&Model, &M::rowsInserted, &Model, Again([&] { Model.SetCells(0, 0, 0, [] { return 77; }); }));
+  QObject::connect(&Model, &M::rowsRemoved, &Model, Again([&] { Model.Reverse(); }));
+  TZyDoubleVector Vector;
+  TZyModelNumbers Link;
+  Link.SetVector(&Vector);
+  Link.Bind(&Model, 0);
+  for (const std::function<void()>& Do : std::initializer_list<std::function<void()>>{
+           [&] { Model.MoveRows(0, 3, 8); }, [&] { Model.InsertRows(0, {{QVariant(5)}}); },
+           [&] { Model.RemoveRows(2, 3); }}) {
+    Left = 2;
+    Do();
+    EXPECT_TRUE(AreSame(Vector.Values(), PlainColumn(Model, 0)));
+  }
+  Left = 0;
+  Model.Reads = 0;
+  Model.InsertRows(2, {{QVariant(5)}});
+  EXPECT_EQ(Model.Reads, 1) << "as before";
+}
+
 TEST(ZyModelLinkTest, FollowsTheToolkitsProxiesAndItemsOfTrees) {
   QStandardItemModel Items(0, 2);
   QSortFilterProxyModel Sorted;

@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QPrinter>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
 #include <QWheelEvent>
+#include <QWindow>
 #include <functional>
 #include <memory>
 #include <string>
@@ -49,10 +52,20 @@ class ZyChartWidgetTest : public ::testing::Test {
     QApplication::processEvents();
     QApplication::processEvents();
   }
+  static void Send(QEvent::Type Type, const QPoint& Place, Qt::MouseButtons Buttons, TWinControl& To) {
+    QMouseEvent Event(Type, Place, To.Widget()->mapToGlobal(Place), Qt::LeftButton, Buttons, Qt::NoModifier);
+    QApplication::sendEvent(To.Widget(), &Event);
+  }
   void Send(QEvent::Type Type, const QPoint& Place, Qt::MouseButtons Buttons) const {
-    QWidget* const Target = FChart->Graph().Widget();
-    QMouseEvent Event(Type, Place, Target->mapToGlobal(Place), Qt::LeftButton, Buttons, Qt::NoModifier);
-    QApplication::sendEvent(Target, &Event);
+    Send(Type, Place, Buttons, FChart->Graph());
+  }
+  /// As the window gets it, which brings it to what has the keyboard.
+  void Press(Qt::Key Key, const QString& Text = {}) const {
+    for (const auto Type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      QKeyEvent Event(Type, Key, Qt::NoModifier, Text);
+      QApplication::sendEvent(FWindow.windowHandle(), &Event);
+    }
+    Settle();
   }
   void Drag(const QPoint& From, const QPoint& To) const {
     Send(QEvent::MouseButtonPress, From, Qt::LeftButton);
@@ -113,6 +126,115 @@ TEST_F(ZyChartWidgetTest, SignalsLeaveTheEventsOfTheChartToTheApplication) {
       << "other extents";
   EXPECT_EQ(Change([&] { delete FSeries; }), 1);
   EXPECT_EQ(Change([] {}), 0);
+}
+
+TEST_F(ZyChartWidgetTest, TellsBeginAndEndOfZoomsAndPansThatAre) {
+  std::string Told;
+  const auto Note = [&](void (ZyChartWidget::*Signal)(), const char* Name) {
+    QObject::connect(FChart, Signal, FChart, [&Told, Name] { Told += Name; });
+  };
+  Note(&ZyChartWidget::zoomStarted, "<");
+  Note(&ZyChartWidget::zoomed, ">");
+  Note(&ZyChartWidget::panStarted, "[");
+  Note(&ZyChartWidget::panned, "]");
+  QObject::connect(FChart, &ZyChartWidget::clicked, FChart, [&Told] { Told += "c"; });
+  const auto ToldOf = [&](const std::function<void()>& Do) {
+    Told.clear();
+    Do();
+    Settle();
+    return Told;
+  };
+  TZyGraph2D& Graph = FChart->Graph();
+  EXPECT_EQ(ToldOf([&] {
+              Graph.ZoomBack();
+              Graph.PrimaryXAxis()->SetScaling(TZyAxisScaling::DateTime);
+              Graph.PrimaryXAxis()->SetScaling(TZyAxisScaling::Normal);
+            }),
+            "")
+      << "nothing to go back to";
+  EXPECT_EQ(ToldOf([&] { Drag({200, 100}, {350, 220}); }), "<>");
+  EXPECT_EQ(ToldOf([&] {
+              Graph.SetFocus();
+              Press(Qt::Key_Right);
+            }),
+            "]");
+  Graph.Zoom().SetZoomShift({ssRight});
+  Graph.Zoom().SetPanningShift({ssLeft});
+  EXPECT_EQ(ToldOf([&] { Drag({200, 100}, {210, 120}); }), "[]");
+  EXPECT_EQ(ToldOf([&] { Graph.ZoomReset(); }), ">");
+  EXPECT_EQ(ToldOf([&] {
+              Send(QEvent::MouseButtonPress, {200, 150}, Qt::LeftButton);
+              for (const int X : {300, 200}) Send(QEvent::MouseMove, {X, 150}, Qt::LeftButton);
+              Send(QEvent::MouseButtonRelease, {200, 150}, Qt::NoButton);
+            }),
+            "")
+      << "a drag that comes back is no click";
+}
+
+TEST_F(ZyChartWidgetTest, TellsPointsItemsOfLegendsAndMarkers) {
+  std::string Told;
+  const auto Point = [&](TZySeries* Series, int Index) {
+    Told += (Series == FSeries ? " point " : " none ") + std::to_string(Index);
+  };
+  QObject::connect(FChart, &ZyChartWidget::pointHovered, FChart, Point);
+  QObject::connect(FChart, &ZyChartWidget::pointClicked, FChart, Point);
+  QObject::connect(FChart, &ZyChartWidget::legendItemClicked, FChart,
+                   [&](TZySeries* Series) { Told += Series == FSeries ? " item" : " other"; });
+  const auto PixelOf = [&](double X, double Y) {
+    const auto Of = [](const TZyAxis* Axis, double Value) { return qRound(Axis->NumberToWorld(Value)); };
+    return QPoint(Of(FChart->Graph().PrimaryXAxis(), X), Of(FChart->Graph().PrimaryYAxis(), Y));
+  };
+  FChart->setLegendVisible(true);
+  auto* const Marker = new TZyVerticalMarker(&FChart->Owner());
+  Marker->SetParent(&FChart->Graph());
+  Marker->SetXAxis(FChart->Graph().PrimaryXAxis());
+  Marker->SetX(0.5);
+  QObject::connect(FChart, &ZyChartWidget::markerMoving, FChart, [&] { Told += " moving"; });
+  QObject::connect(FChart, &ZyChartWidget::markerMoved, FChart,
+                   [&](TZyMovable* Which) { Told += Which == Marker ? " moved" : " other"; });
+  FWindow.grab();
+  const QPoint One = PixelOf(1, 1);
+  for (const QPoint& Place : {One, One, One + QPoint(0, 30)}) Send(QEvent::MouseMove, Place, Qt::NoButton);
+  EXPECT_EQ(std::exchange(Told, {}), " point 1 none -1");
+  Drag(One, One);
+  EXPECT_EQ(std::exchange(Told, {}), " point 1");
+  const auto& Legend = dynamic_cast<TZyLegend&>(*FChart->Owner().FindComponent("Legend"));
+  const TRect Item = Legend.ItemRects().at(0);
+  const QPoint OnCaption(Legend.Left() + Item.Right + 10, Legend.Top() + (Item.Top + Item.Bottom) / 2);
+  Drag(OnCaption, OnCaption);
+  EXPECT_EQ(std::exchange(Told, {}), " item");
+  Drag(PixelOf(0.5, 3), PixelOf(1.5, 3));
+  EXPECT_EQ(std::exchange(Told, {}), " moving moved");
+  Marker->SetX(1);
+  EXPECT_EQ(Told, " moved");
+}
+
+TEST_F(ZyChartWidgetTest, TakesKeysByTabulatorAndClickUnlessToldOtherwise) {
+  auto* const Pie = new ZyPieWidget;
+  Pie->Values()->AddRange({45, 30, 15, 10});
+  QLineEdit Before(&FWindow);
+  for (QWidget* Each : {static_cast<QWidget*>(Pie), static_cast<QWidget*>(&Before)})
+    FWindow.layout()->addWidget(Each), Each->show();
+  FWindow.activateWindow();
+  Settle();
+  QWidget::setTabOrder(&Before, FChart);
+  QWidget::setTabOrder(FChart, Pie);
+  Before.setFocus();
+  Press(Qt::Key_Tab);
+  EXPECT_TRUE(FChart->hasFocus());
+  EXPECT_EQ(CountOf(&ZyChartWidget::zoomed, [&] { Press(Qt::Key_Plus, "+"); }), 1);
+  for (const Qt::Key Key : {Qt::Key_Tab, Qt::Key_Right, Qt::Key_Right}) Press(Key);
+  EXPECT_TRUE(Pie->hasFocus());
+  EXPECT_EQ(Pie->Graph().ActiveSegment(), 1);
+  FChart->setFocusPolicy(Qt::NoFocus);
+  Pie->setFocusPolicy(Qt::ClickFocus);
+  Pie->Graph().SetControlStyle(Pie->Graph().ControlStyle());
+  Before.setFocus();
+  Press(Qt::Key_Tab);
+  EXPECT_FALSE(FChart->hasFocus() || Pie->hasFocus());
+  Pie->setFocus();
+  Press(Qt::Key_Right);
+  EXPECT_EQ(Pie->Graph().ActiveSegment(), 2);
 }
 
 TEST_F(ZyChartWidgetTest, ErrorsAreToldOrGoToTheApplication) {
@@ -217,10 +339,18 @@ TEST_F(ZyChartWidgetTest, PrintsAndShowsSamplesOnlyInAnEmptyChart) {
   Pie.ShowSamples();
   Pie.resize(300, 300);
   Pie.grab();
-  int Clicked = -1;
+  Pie.Graph().SetOrderAscending(true);
+  Pie.grab();
+  int Clicked = -1, Hovered = -1;
   QObject::connect(&Pie, &ZyPieWidget::segmentClicked, &Pie, [&](int Index) { Clicked = Index; });
-  emit Pie.clicked({200, 200});  // to the lower right of the middle, where the first segment begins
-  EXPECT_EQ(Clicked, 0);
+  QObject::connect(&Pie, &ZyPieWidget::segmentHovered, &Pie, [&](int Index) { Hovered = Index; });
+  Send(QEvent::MouseMove, {200, 200}, Qt::NoButton, Pie.Graph());
+  for (const auto Type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+    Send(Type, {200, 200}, Qt::LeftButton, Pie.Graph());
+  EXPECT_EQ(Clicked, 2) << "45 degrees below the right, where 10 of 100 come before and 15 lie";
+  EXPECT_EQ(Hovered, 2);
+  Send(QEvent::MouseMove, {1, 1}, Qt::NoButton, Pie.Graph());
+  EXPECT_EQ(Hovered, -1);
 }
 
 TEST_F(ZyChartWidgetTest, MarkersAreChildrenOfTheChart) {

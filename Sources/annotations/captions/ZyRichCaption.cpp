@@ -123,6 +123,12 @@ namespace {
 
 }  // namespace
 
+int TZyRichCaptionObjects::Count() const { return static_cast<int>(size()); }
+
+void TZyRichCaptionObjects::SetCount(int Value) { resize(static_cast<std::size_t>(Value < 0 ? 0 : Value)); }
+
+void TZyRichCaptionObjects::Clear() { clear(); }
+
 int TZyRichCaptionObjects::Add(std::unique_ptr<TZyRichCaptionObject> Value) {
   push_back(std::move(Value));
   return Count();

@@ -94,7 +94,7 @@ class TZyRichCaptionObject : public TZyVariableDependent {
 /// Captions in the order of their painting, which belong to this list; an element may be null.
 class TZyRichCaptionObjects : public std::vector<std::unique_ptr<TZyRichCaptionObject>> {
  public:
-  int Count() const { return static_cast<int>(size()); }
+  int Count() const;
   /// Appends, and returns the new count.
   int Add(std::unique_ptr<TZyRichCaptionObject> Value);
   /// Throws ERangeError outside 0 to Count - 1.
@@ -103,8 +103,8 @@ class TZyRichCaptionObjects : public std::vector<std::unique_ptr<TZyRichCaptionO
   void SetValue(int i, std::unique_ptr<TZyRichCaptionObject> Value);
   /// Removes one element; nothing outside the list.
   void Delete(int i);
-  void SetCount(int Value) { resize(static_cast<std::size_t>(Value < 0 ? 0 : Value)); }
-  void Clear() { clear(); }
+  void SetCount(int Value);
+  void Clear();
 };
 
 }  // namespace zy

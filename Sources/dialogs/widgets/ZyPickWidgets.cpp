@@ -43,7 +43,9 @@ ZyColorPickWidget::ZyColorPickWidget(QWidget* Parent) : ZyLinkedWidget(Parent) {
 }
 TZyColorPickCombo& ZyColorPickWidget::Control() const { return As<TZyColorPickCombo>(); }
 QColor ZyColorPickWidget::color() const { return QColor::fromRgba(Control().ActiveColor()); }
-void ZyColorPickWidget::setColor(const QColor& Value) { Control().SetActiveColor(Value.rgba()); }
+void ZyColorPickWidget::setColor(const QColor& Value) {
+  Guarded([&] { Control().SetActiveColor(Value.rgba()); });
+}
 
 ZyIntegerEditWidget::ZyIntegerEditWidget(QWidget* Parent) : ZyLinkedWidget(Parent) {
   Make<TZyIntegerEdit>(&TZyIntegerEdit::SetOnValueChanged);

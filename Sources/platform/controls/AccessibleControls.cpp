@@ -2,11 +2,14 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QElapsedTimer>
+#include <QTimer>
 #include <QVariant>
 #include <QWidget>
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -18,6 +21,19 @@ namespace {
 
 constexpr const char* HandleProperty = "zyControl";  // of a widget: the live handle of its control
 
+/// What a control says of itself, which may be the application's code; the toolkit carries no exception.
+template <class F>
+auto Asked(F Ask) {
+  decltype(Ask()) Result{};
+  TWinControl::HandleEvent([&] { Result = Ask(); });
+  return Result;
+}
+
+void Tell(QAccessibleInterface& Node, QAccessible::Event Event) {
+  QAccessibleEvent Told(&Node, Event);
+  QAccessible::updateAccessibility(&Told);
+}
+
 /// What the two kinds of nodes below a widget have in common. A node stands as long as its widget, and is empty once
 /// its control died.
 class TNode : public QAccessibleInterface {
@@ -28,10 +44,18 @@ class TNode : public QAccessibleInterface {
   TControl* Control() const { return dynamic_cast<TControl*>(TPersistent::FromLiveHandle(FHandle)); }
   QAccessible::Id Id() const { return FId; }
 
-  bool isValid() const override { return Control() != nullptr && Control()->Parent() != nullptr; }
+  bool IsThere() const { return Control() != nullptr && Control()->Parent() != nullptr; }
+  /// Tells that it is gone, for which the toolkit wants it valid once more.
+  void TellEnd() {
+    FEnds = true;
+    Tell(*this, QAccessible::ObjectDestroyed);
+    FEnds = false;
+  }
+
+  bool isValid() const override { return FEnds || IsThere(); }
   QObject* object() const override { return nullptr; }
   QRect rect() const override {
-    if (!isValid()) return {};
+    if (!IsThere()) return {};
     const TPoint Corner = Control()->ClientToScreen({0, 0});
     return {Corner.X, Corner.Y, Control()->Width(), Control()->Height()};
   }
@@ -45,14 +69,35 @@ class TNode : public QAccessibleInterface {
  private:
   std::uint64_t FHandle;
   QAccessible::Id FId = 0;
+  bool FEnds = false;
+};
+
+/// The texts of a control's items. They are asked for one by one, while the control makes all at a time, so they last
+/// for a moment.
+class TItemTexts {
+ public:
+  const std::vector<std::string>& Renew(const TControl& Control) {
+    FTexts = Asked([&] { return Control.AccessibleItems(); });
+    FAge.start();
+    return FTexts;
+  }
+  const std::vector<std::string>& Of(const TControl& Control) {
+    constexpr int Lasting = 100;  // milliseconds
+    return FAge.isValid() && FAge.elapsed() < Lasting ? FTexts : Renew(Control);
+  }
+  void Forget() { FAge.invalidate(); }
+
+ private:
+  std::vector<std::string> FTexts;
+  QElapsedTimer FAge;
 };
 
 /// An item of a control, below the node of the control.
 class TItemNode : public TNode {
  public:
   using TFindParent = std::function<QAccessibleInterface*()>;
-  TItemNode(const TControl& Control, TFindParent Parent, int Index)
-      : TNode(Control), FFindParent(std::move(Parent)), FIndex(static_cast<std::size_t>(Index)) {}
+  TItemNode(const TControl& Control, TFindParent Parent, TItemTexts& Texts, std::size_t Index)
+      : TNode(Control), FFindParent(std::move(Parent)), FTexts(&Texts), FIndex(Index) {}
 
   QAccessibleInterface* parent() const override { return FFindParent(); }
   QAccessibleInterface* child(int) const override { return nullptr; }
@@ -60,14 +105,16 @@ class TItemNode : public TNode {
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
   QAccessible::Role role() const override { return QAccessible::ListItem; }
   QString text(QAccessible::Text Kind) const override {
-    if (Kind != QAccessible::Name || !isValid()) return {};
-    const std::vector<std::string> Items = Control()->AccessibleItems();
+    if (Kind != QAccessible::Name || !IsThere()) return {};
+    const std::vector<std::string>& Items = FTexts->Of(*Control());
     return FIndex < Items.size() ? QString::fromStdString(Items[FIndex]) : QString();
   }
+  bool isValid() const override { return TNode::isValid() && (!IsThere() || FIndex < FTexts->Of(*Control()).size()); }
   QAccessible::State state() const override { return parent() != nullptr ? parent()->state() : QAccessible::State(); }
 
  private:
   TFindParent FFindParent;
+  TItemTexts* FTexts;  // of the node of the control, as this one is
   std::size_t FIndex;
 };
 
@@ -77,11 +124,25 @@ class TItemNodes {
   ~TItemNodes() {
     for (const TItemNode* Item : FItems) QAccessible::deleteAccessibleInterface(Item->Id());
   }
-  static int Count(const TControl& Control) { return static_cast<int>(Control.AccessibleItems().size()); }
+  TItemTexts& Texts() { return FTexts; }
+  int Count(const TControl& Control) { return static_cast<int>(FTexts.Renew(Control).size()); }
+  /// Null where there is no such item.
   TItemNode* At(const TControl& Control, const TItemNode::TFindParent& Parent, int Index) {
-    while (FItems.size() <= static_cast<std::size_t>(Index))
-      FItems.push_back(new TItemNode(Control, Parent, static_cast<int>(FItems.size())));
-    return FItems[static_cast<std::size_t>(Index)];
+    const auto Place = static_cast<std::size_t>(Index);
+    return Index < 0 || Place >= FTexts.Of(Control).size() ? nullptr : Make(Control, Parent, Place);
+  }
+  /// Tells what is different from Old now.
+  void TellChanges(const TControl& Control, const TItemNode::TFindParent& Parent, const std::vector<std::string>& Old) {
+    const std::vector<std::string> New = FTexts.Of(Control);
+    for (std::size_t Place = 0; Place < std::max(Old.size(), New.size()); ++Place) {
+      if (Place >= New.size()) {
+        if (Place < FItems.size()) FItems[Place]->TellEnd();
+      } else if (Place >= Old.size()) {
+        Tell(*Make(Control, Parent, Place), QAccessible::ObjectCreated);
+      } else if (New[Place] != Old[Place]) {
+        Tell(*Make(Control, Parent, Place), QAccessible::NameChanged);
+      }
+    }
   }
   int IndexOf(const QAccessibleInterface* Child) const {
     const auto Found = std::ranges::find(FItems, Child);
@@ -89,6 +150,12 @@ class TItemNodes {
   }
 
  private:
+  TItemNode* Make(const TControl& Control, const TItemNode::TFindParent& Parent, std::size_t Place) {
+    while (FItems.size() <= Place) FItems.push_back(new TItemNode(Control, Parent, FTexts, FItems.size()));
+    return FItems[Place];
+  }
+
+  TItemTexts FTexts;
   std::vector<TItemNode*> FItems;  // the toolkit's, under their numbers
 };
 
@@ -98,23 +165,21 @@ class TControlNode : public TNode, public QAccessibleActionInterface {
   TControlNode(const TGraphicControl& Control, QWidget& Window) : TNode(Control), FWindow(&Window) {}
 
   QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(FWindow); }
-  int childCount() const override { return isValid() ? TItemNodes::Count(*Control()) : 0; }
+  int childCount() const override { return IsThere() ? FItems.Count(*Control()) : 0; }
   QAccessibleInterface* child(int Index) const override {
-    if (Index < 0 || Index >= childCount()) return nullptr;
-    return FItems.At(
-        *Control(), [List = Id()] { return QAccessible::accessibleInterface(List); }, Index);
+    return IsThere() ? FItems.At(*Control(), Finder(), Index) : nullptr;
   }
   int indexOfChild(const QAccessibleInterface* Child) const override { return FItems.IndexOf(Child); }
   QAccessible::Role role() const override { return IsButton() ? QAccessible::ButtonDropDown : QAccessible::List; }
   QString text(QAccessible::Text Kind) const override {
-    if (!isValid()) return {};
-    if (Kind == QAccessible::Name) return QString::fromStdString(Part().AccessibleName());
+    if (!IsThere()) return {};
+    if (Kind == QAccessible::Name) return QString::fromStdString(Asked([&] { return Part().AccessibleName(); }));
     return Kind == QAccessible::Description ? QString::fromStdString(Control()->Hint()) : QString();
   }
   QAccessible::State state() const override {
     QAccessible::State Result;
     Result.readOnly = !IsButton();
-    if (!isValid()) return Result;
+    if (!IsThere()) return Result;
     Result.hasPopup = IsButton();
     Result.disabled = IsButton() && !Control()->Enabled();
     Result.invisible = !Control()->Visible();
@@ -123,6 +188,9 @@ class TControlNode : public TNode, public QAccessibleActionInterface {
     return Result;
   }
 
+  TItemTexts& Texts() { return FItems.Texts(); }
+  void TellItems(const std::vector<std::string>& Old) { FItems.TellChanges(*Control(), Finder(), Old); }
+
   // A button is pressed, and its list brought up, by the keys that do so.
   void* interface_cast(QAccessible::InterfaceType Type) override {
     if (Type == QAccessible::ActionInterface && IsButton()) return static_cast<QAccessibleActionInterface*>(this);
@@ -130,14 +198,17 @@ class TControlNode : public TNode, public QAccessibleActionInterface {
   }
   QStringList actionNames() const override { return {pressAction(), showMenuAction()}; }
   void doAction(const QString& Name) override {
-    if (!isValid() || !Control()->Enabled()) return;
+    if (!IsThere() || !Control()->Enabled()) return;
     TKey Key = Name == showMenuAction() ? vkDown : vkReturn;
     TWinControl::HandleEvent([&] { Part().KeyDown(Key, {}); });
   }
   QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
  private:
-  bool IsButton() const { return isValid() && Part().AccessibleRole() == TAccessibleRole::DropDownButton; }
+  TItemNode::TFindParent Finder() const {
+    return [List = Id()] { return QAccessible::accessibleInterface(List); };
+  }
+  bool IsButton() const { return IsThere() && Part().AccessibleRole() == TAccessibleRole::DropDownButton; }
   TGraphicControl& Part() const { return dynamic_cast<TGraphicControl&>(*Control()); }
 
   QWidget* FWindow;
@@ -154,6 +225,7 @@ class TWindowNode : public QAccessibleWidget {
   }
 
   int childCount() const override {
+    if (!FTold) FTold = Present();  // from now on there is somebody to be told of changes
     return QAccessibleWidget::childCount() + static_cast<int>(Parts().size()) + ItemCount();
   }
   QAccessibleInterface* child(int Index) const override {
@@ -162,9 +234,7 @@ class TWindowNode : public QAccessibleWidget {
     const std::vector<TGraphicControl*> All = Parts();
     const int Place = Index - Own, Item = Place - static_cast<int>(All.size());
     if (Item < 0) return NodeOf(*All[static_cast<std::size_t>(Place)]);
-    if (Item >= ItemCount()) return nullptr;
-    return FItems.At(
-        *Control(), [Window = widget()] { return QAccessible::queryAccessibleInterface(Window); }, Item);
+    return Control() == nullptr ? nullptr : FItems.At(*Control(), Finder(), Item);
   }
   int indexOfChild(const QAccessibleInterface* Child) const override {
     const std::vector<TGraphicControl*> All = Parts();
@@ -180,16 +250,70 @@ class TWindowNode : public QAccessibleWidget {
     return QAccessibleWidget::childAt(X, Y);
   }
 
+  /// Has it told soon what is different, if it was asked what there is.
+  void NoteChange() {
+    constexpr int Soon = 200;  // milliseconds
+    if (!FTold || std::exchange(FWaits, true)) return;
+    QTimer::singleShot(Soon, widget(), [Window = widget()] {
+      if (auto* const Node = dynamic_cast<TWindowNode*>(QAccessible::queryAccessibleInterface(Window)))
+        Node->TellChanges();
+    });
+  }
+
  private:
+  /// What a reader was told of a control in the window, and of the window itself, which has the handle 0.
+  struct TTold {
+    std::string Name;
+    std::vector<std::string> Items;
+  };
+  using TAllTold = std::map<std::uint64_t, TTold>;
+
+  TAllTold Present() const {
+    TAllTold Result;
+    if (Control() == nullptr) return Result;
+    Result[0].Items = FItems.Texts().Renew(*Control());
+    for (const TGraphicControl* Part : Parts())
+      Result[Part->LiveHandle()] = {Asked([&] { return Part->AccessibleName(); }), NodeOf(*Part)->Texts().Renew(*Part)};
+    return Result;
+  }
+  void TellChanges() {
+    FWaits = false;
+    const TAllTold New = Present(), Old = std::exchange(FTold, New).value_or(New);
+    for (const auto& [Handle, Told] : Old)
+      if (const auto Node = FNodes.find(Handle); !New.contains(Handle) && Node != FNodes.end()) Node->second->TellEnd();
+    std::erase_if(FNodes, [](const auto& Each) {
+      const bool IsDead = Each.second->Control() == nullptr;
+      if (IsDead) QAccessible::deleteAccessibleInterface(Each.second->Id());
+      return IsDead;
+    });
+    for (const auto& [Handle, Told] : New) {
+      const auto Before = Old.find(Handle);
+      if (Handle == 0) {
+        if (Before != Old.end()) FItems.TellChanges(*Control(), Finder(), Before->second.Items);
+        continue;
+      }
+      TControlNode& Node = *FNodes.at(Handle);
+      if (Before == Old.end()) {
+        Tell(Node, QAccessible::ObjectCreated);
+        continue;
+      }
+      if (Before->second.Name != Told.Name) Tell(Node, QAccessible::NameChanged);
+      Node.TellItems(Before->second.Items);
+    }
+  }
+  TItemNode::TFindParent Finder() const {
+    return [Window = widget()] { return QAccessible::queryAccessibleInterface(Window); };
+  }
   const TWinControl* Control() const { return dynamic_cast<const TWinControl*>(TPersistent::FromLiveHandle(FHandle)); }
-  int ItemCount() const { return Control() == nullptr ? 0 : TItemNodes::Count(*Control()); }
+  int ItemCount() const { return Control() == nullptr ? 0 : FItems.Count(*Control()); }
   /// The controls without a window, which stand behind the widgets; the items of the window itself come last.
   std::vector<TGraphicControl*> Parts() const {
     std::vector<TGraphicControl*> Result;
     if (Control() == nullptr) return Result;
     for (TControl* Child : Control()->Controls()) {
       auto* const Part = dynamic_cast<TGraphicControl*>(Child);
-      if (Part != nullptr && Part->Visible() && !Part->AccessibleName().empty()) Result.push_back(Part);
+      if (Part != nullptr && Part->Visible() && !Asked([&] { return Part->AccessibleName(); }).empty())
+        Result.push_back(Part);
     }
     return Result;
   }
@@ -202,6 +326,8 @@ class TWindowNode : public QAccessibleWidget {
   std::uint64_t FHandle;
   mutable TItemNodes FItems;
   mutable std::map<std::uint64_t, TControlNode*> FNodes;  // the toolkit's, under their numbers
+  mutable std::optional<TAllTold> FTold;
+  bool FWaits = false;
 };
 
 QAccessibleInterface* NodeOfWidget(const QString&, QObject* Object) {
@@ -217,6 +343,11 @@ QAccessibleInterface* NodeOfWidget(const QString&, QObject* Object) {
 void TellScreenReaders(QWidget& Widget, const TWinControl& Control) {
   static const bool IsInstalled = (QAccessible::installFactory(NodeOfWidget), true);
   if (IsInstalled) Widget.setProperty(HandleProperty, QVariant::fromValue<qulonglong>(Control.LiveHandle()));
+}
+
+void TellScreenReadersOfPaint(QWidget& Widget) {
+  if (!QAccessible::isActive()) return;
+  if (auto* const Node = dynamic_cast<TWindowNode*>(QAccessible::queryAccessibleInterface(&Widget))) Node->NoteChange();
 }
 
 }  // namespace zy

@@ -50,6 +50,10 @@ void TMenuItem::SetParentComponent(TComponent* Value) {
   if (Outer != nullptr) Outer->Insert(Outer->FItems.size(), *this);
 }
 
+int TMenuItem::ChildIndex(const TComponent& Child) const { return IndexIn(FItems, Child); }
+
+void TMenuItem::SetChildIndex(TComponent& Child, int Index) { MoveIn(FItems, Child, Index); }
+
 void TMenuItem::GetChildren(const std::function<void(TComponent*)>& Proc, TComponent* Root) {
   for (TMenuItem* Item : std::vector(FItems))
     if (Item->Owner() == Root) Proc(Item);

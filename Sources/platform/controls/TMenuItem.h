@@ -27,8 +27,8 @@ class TMenuItem : public TComponent {
   TComponent* ParentComponent() const override { return FParent; }
   void SetParentComponent(TComponent* Value) override;
   void GetChildren(const std::function<void(TComponent*)>& Proc, TComponent* Root) override;
-  int ChildIndex(const TComponent& Child) const override { return IndexIn(FItems, Child); }
-  void SetChildIndex(TComponent& Child, int Index) override { MoveIn(FItems, Child, Index); }
+  int ChildIndex(const TComponent& Child) const override;
+  void SetChildIndex(TComponent& Child, int Index) override;
 
   /// The items in this one, from the top down.
   const std::vector<TMenuItem*>& Items() const { return FItems; }

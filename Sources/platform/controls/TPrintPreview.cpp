@@ -1,6 +1,7 @@
 #include "platform/controls/TPrintPreview.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <exception>
@@ -18,19 +19,22 @@ bool TPrintPreview::Execute(TPrinter& Printer, const std::function<void(TPrinter
     throw EInvalidOperation(Format(LoadResString(_sWidgetNeedsApplication), {Printer.Title()}));
   Printer.CheckIdle();
   const TScopedValue Preview(Printer.FIsPreview, true);
-  QPrintPreviewDialog Dialog(&Printer.ToQt(), Above != nullptr ? Above->Widget()->window() : nullptr);
+  // The window may be deleted while the dialog is there, and the dialog with it.
+  const QPointer Dialog =
+      new QPrintPreviewDialog(&Printer.ToQt(), Above != nullptr ? Above->Widget()->window() : nullptr);
   std::exception_ptr Failure;
-  QObject::connect(&Dialog, &QPrintPreviewDialog::paintRequested, &Dialog, [&](QPrinter*) {
+  QObject::connect(Dialog, &QPrintPreviewDialog::paintRequested, Dialog, [&](QPrinter*) {
     if (Failure != nullptr) return;
     try {
       Print(Printer);
     } catch (...) {
       Failure = std::current_exception();
       Printer.Abort();
-      QMetaObject::invokeMethod(&Dialog, &QDialog::reject, Qt::QueuedConnection);
+      QMetaObject::invokeMethod(Dialog, &QDialog::reject, Qt::QueuedConnection);
     }
   });
-  const bool IsPrinted = Dialog.exec() == QDialog::Accepted;
+  const bool IsPrinted = Dialog->exec() == QDialog::Accepted;
+  delete Dialog;
   if (Failure != nullptr) std::rethrow_exception(Failure);
   return IsPrinted;
 }

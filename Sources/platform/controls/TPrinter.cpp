@@ -138,6 +138,8 @@ void TPrinter::NewPage() {
   StartPage();
 }
 
+QPrinter& TPrinter::ToQt() { return *FPrinter; }
+
 Graphics& TPrinter::Handle() {
   CheckPrinting();
   if (FPage == nullptr) StartPage();  // no new page was to be had

@@ -73,7 +73,7 @@ class TPrinter {
   Graphics& Handle();
 
   /// The toolkit's printer, for its dialogs, paper and margins.
-  QPrinter& ToQt() { return *FPrinter; }
+  QPrinter& ToQt();
 
  private:
   friend class TPrintPreview;

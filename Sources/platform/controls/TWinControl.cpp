@@ -395,6 +395,7 @@ void TWinControl::PaintWidget(const QRegion& Exposed) {
     PaintAbove(Canvas);
   }
   if (FFocusShown && FWidget->hasFocus()) PaintFocus(Screen);
+  TellScreenReadersOfPaint(*FWidget);
 }
 
 /// Around the active control, if there is one, as the place of the keyboard.

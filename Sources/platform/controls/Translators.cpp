@@ -5,9 +5,11 @@
 #include <QPointer>
 #include <QString>
 #include <algorithm>
+#include <exception>
 #include <sstream>
 #include <string>
 
+#include "platform/controls/TApplication.h"
 #include "texts/ZyTableTexts.h"
 
 namespace zy {
@@ -46,7 +48,12 @@ class TFilter : public QObject {
  public:
   using QObject::QObject;
   bool eventFilter(QObject* Watched, QEvent* Event) override {
-    if (Event->type() == QEvent::LanguageChange && Watched == QCoreApplication::instance()) LoadTranslations();
+    if (Event->type() != QEvent::LanguageChange || Watched != QCoreApplication::instance()) return false;
+    try {
+      LoadTranslations();
+    } catch (const std::exception& Error) {
+      TApplication::HandleException(Error);
+    }
     return false;
   }
 };

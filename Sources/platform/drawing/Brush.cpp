@@ -11,6 +11,11 @@ namespace zy {
 
 Brush::~Brush() = default;
 
+std::unique_ptr<Brush> SolidBrush::Clone() const { return std::make_unique<SolidBrush>(*this); }
+std::unique_ptr<Brush> HatchBrush::Clone() const { return std::make_unique<HatchBrush>(*this); }
+std::unique_ptr<Brush> LinearGradientBrush::Clone() const { return std::make_unique<LinearGradientBrush>(*this); }
+std::unique_ptr<Brush> PathGradientBrush::Clone() const { return std::make_unique<PathGradientBrush>(*this); }
+
 QBrush SolidBrush::ToQt(const RectF&) const { return QBrush(QColor::fromRgba(FColor)); }
 
 LinearGradientBrush::LinearGradientBrush(PointF Start, PointF Stop, ARGB First, ARGB Last)

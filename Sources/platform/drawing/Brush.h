@@ -39,7 +39,7 @@ class SolidBrush : public Brush {
 
   ARGB GetColor() const { return FColor; }
   void SetColor(ARGB Value) { FColor = Value; }
-  std::unique_ptr<Brush> Clone() const override { return std::make_unique<SolidBrush>(*this); }
+  std::unique_ptr<Brush> Clone() const override;
   QBrush ToQt(const RectF& Box) const override;
 
  private:
@@ -114,7 +114,7 @@ class HatchBrush : public Brush {
   HatchStyle GetHatchStyle() const { return FStyle; }
   ARGB GetForegroundColor() const { return FForeColor; }
   ARGB GetBackgroundColor() const { return FBackColor; }
-  std::unique_ptr<Brush> Clone() const override { return std::make_unique<HatchBrush>(*this); }
+  std::unique_ptr<Brush> Clone() const override;
   QBrush ToQt(const RectF& Box) const override;
 
   /// The pattern of a style: eight rows from the top, the leftmost pixel in the highest bit; set bits are foreground.
@@ -162,7 +162,7 @@ class LinearGradientBrush : public Brush {
   PointF GetStop() const { return FStop; }
   const Matrix& GetTransform() const { return FTransform; }
   void SetTransform(const Matrix& Value) { FTransform = Value; }
-  std::unique_ptr<Brush> Clone() const override { return std::make_unique<LinearGradientBrush>(*this); }
+  std::unique_ptr<Brush> Clone() const override;
   QBrush ToQt(const RectF& Box) const override;
 
  private:
@@ -198,7 +198,7 @@ class PathGradientBrush : public Brush {
   void SetInterpolationColors(std::span<const ARGB> Colors, std::span<const float> Positions);
   const Matrix& GetTransform() const { return FTransform; }
   void SetTransform(const Matrix& Value) { FTransform = Value; }
-  std::unique_ptr<Brush> Clone() const override { return std::make_unique<PathGradientBrush>(*this); }
+  std::unique_ptr<Brush> Clone() const override;
   /// Whether the shape is no ellipse.
   bool IsFan() const { return !FIsEllipse; }
   /// The gradient of an ellipse, in coordinates in which that is the circle of radius 1 about the origin. For Graphics.

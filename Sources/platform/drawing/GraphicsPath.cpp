@@ -25,6 +25,7 @@ GraphicsPath& GraphicsPath::operator=(const GraphicsPath& Other) {
 }
 GraphicsPath::GraphicsPath(GraphicsPath&& Other) noexcept = default;
 GraphicsPath& GraphicsPath::operator=(GraphicsPath&& Other) noexcept = default;
+std::unique_ptr<GraphicsPath> GraphicsPath::Clone() const { return std::make_unique<GraphicsPath>(*this); }
 
 void GraphicsPath::LineTo(PointF Point) {
   if (FOpen) {

@@ -31,7 +31,7 @@ class GraphicsPath {
   GraphicsPath& operator=(const GraphicsPath& Other);
   GraphicsPath(GraphicsPath&& Other) noexcept;
   GraphicsPath& operator=(GraphicsPath&& Other) noexcept;
-  std::unique_ptr<GraphicsPath> Clone() const { return std::make_unique<GraphicsPath>(*this); }
+  std::unique_ptr<GraphicsPath> Clone() const;
 
   void AddLine(float X1, float Y1, float X2, float Y2);
   void AddLines(std::span<const PointF> Points);

@@ -58,6 +58,14 @@ TDataModule::~TDataModule() {
   Screen().RemoveDataModule(this);
 }
 
+void TScreen::AddForm(TComponent* Form) { FForms.push_back(Form); }
+
+void TScreen::RemoveForm(TComponent* Form) { std::erase(FForms, Form); }
+
+void TScreen::AddDataModule(TComponent* Module) { FDataModules.push_back(Module); }
+
+void TScreen::RemoveDataModule(TComponent* Module) { std::erase(FDataModules, Module); }
+
 TComponent* TScreen::FindByName(std::string_view Name) const {
   if (Name.empty()) return nullptr;
   for (const auto* List : {&FDataModules, &FForms})

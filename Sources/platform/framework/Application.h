@@ -63,10 +63,10 @@ class TScreen {
   TComponent* FindByName(std::string_view Name) const;
 
   /// For the constructors and destructors of forms and data modules.
-  void AddForm(TComponent* Form) { FForms.push_back(Form); }
-  void RemoveForm(TComponent* Form) { std::erase(FForms, Form); }
-  void AddDataModule(TComponent* Module) { FDataModules.push_back(Module); }
-  void RemoveDataModule(TComponent* Module) { std::erase(FDataModules, Module); }
+  void AddForm(TComponent* Form);
+  void RemoveForm(TComponent* Form);
+  void AddDataModule(TComponent* Module);
+  void RemoveDataModule(TComponent* Module);
 
  private:
   std::vector<TComponent*> FForms;

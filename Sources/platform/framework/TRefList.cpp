@@ -41,6 +41,8 @@ bool TRefListBase::Leave(void* Object) {
   return true;
 }
 
+bool TRefListBase::Has(void* Object) const { return FByObject.contains(Object); }
+
 void TRefListBase::Clear() {
   std::fill(FPlaces.begin(), FPlaces.end(), nullptr);
   std::fill(FTaken.begin(), FTaken.end(), 0);

@@ -30,7 +30,7 @@ class TRefListBase {
 
   bool Enter(void* Object, TComponent* Component);
   bool Leave(void* Object);
-  bool Has(void* Object) const { return FByObject.contains(Object); }
+  bool Has(void* Object) const;
   void* At(std::size_t Index) const;
   TComponent& Holder() const { return FHolder; }
   /// Runs the holder's operation that takes a dying object out.

@@ -38,6 +38,10 @@ void TStream::CopyFrom(TStream& Source, std::int64_t Count) {
   }
 }
 
+TMemoryStream::TMemoryStream(std::span<const std::byte> Bytes) : FBytes(Bytes.begin(), Bytes.end()) {}
+
+std::span<const std::byte> TMemoryStream::Bytes() const { return FBytes; }
+
 std::size_t TMemoryStream::Read(void* Buffer, std::size_t Count) {
   const std::size_t Left = FPosition < FBytes.size() ? FBytes.size() - FPosition : 0;
   const std::size_t Got = std::min(Count, Left);

@@ -51,7 +51,7 @@ class TStream {
 class TMemoryStream : public TStream {
  public:
   TMemoryStream() = default;
-  explicit TMemoryStream(std::span<const std::byte> Bytes) : FBytes(Bytes.begin(), Bytes.end()) {}
+  explicit TMemoryStream(std::span<const std::byte> Bytes);
 
   std::size_t Read(void* Buffer, std::size_t Count) override;
   std::size_t Write(const void* Buffer, std::size_t Count) override;
@@ -59,7 +59,7 @@ class TMemoryStream : public TStream {
   std::int64_t Size() const override { return static_cast<std::int64_t>(FBytes.size()); }
   void SetSize(std::int64_t Value) override;
   /// The bytes; valid until the stream is written to.
-  std::span<const std::byte> Bytes() const { return FBytes; }
+  std::span<const std::byte> Bytes() const;
 
  private:
   std::vector<std::byte> FBytes;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "texts/Exceptions.h"
 #include "texts/NumberText.h"
@@ -21,6 +22,24 @@ bool SameText(std::string_view Left, std::string_view Lower) {
 }
 
 }  // namespace
+
+TVariant::TVariant() noexcept = default;
+TVariant::TVariant(bool Value) : FValue(Value) {}
+TVariant::TVariant(int Value) : FValue(std::int64_t{Value}) {}
+TVariant::TVariant(unsigned Value) : FValue(std::int64_t{Value}) {}
+TVariant::TVariant(long Value) : FValue(static_cast<std::int64_t>(Value)) {}
+TVariant::TVariant(long long Value) : FValue(static_cast<std::int64_t>(Value)) {}
+TVariant::TVariant(double Value) : FValue(Value) {}
+TVariant::TVariant(const char* Value) : FValue(std::string(Value)) {}
+TVariant::TVariant(std::string_view Value) : FValue(std::string(Value)) {}
+TVariant::TVariant(std::string Value) : FValue(std::move(Value)) {}
+TVariant::TVariant(TArray Value) : FValue(std::move(Value)) {}
+TVariant::TVariant(const TVariant& Other) = default;
+TVariant::TVariant(TVariant&& Other) noexcept = default;
+TVariant& TVariant::operator=(const TVariant& Other) = default;
+TVariant& TVariant::operator=(TVariant&& Other) noexcept = default;
+TVariant::~TVariant() = default;
+bool TVariant::operator==(const TVariant& Other) const = default;
 
 bool TVariant::AsBoolean() const {
   if (const bool* Value = std::get_if<bool>(&FValue)) return *Value;

@@ -16,17 +16,23 @@ class TVariant {
  public:
   using TArray = std::vector<TVariant>;
 
-  TVariant() = default;
-  TVariant(bool Value) : FValue(Value) {}
-  TVariant(int Value) : FValue(std::int64_t{Value}) {}
-  TVariant(unsigned Value) : FValue(std::int64_t{Value}) {}
-  TVariant(long Value) : FValue(static_cast<std::int64_t>(Value)) {}
-  TVariant(long long Value) : FValue(static_cast<std::int64_t>(Value)) {}
-  TVariant(double Value) : FValue(Value) {}
-  TVariant(const char* Value) : FValue(std::string(Value)) {}
-  TVariant(std::string_view Value) : FValue(std::string(Value)) {}
-  TVariant(std::string Value) : FValue(std::move(Value)) {}
-  TVariant(TArray Value) : FValue(std::move(Value)) {}
+  // In the source file, with all else that makes, copies and compares: every file with a chart compiles this header.
+  TVariant() noexcept;
+  TVariant(bool Value);
+  TVariant(int Value);
+  TVariant(unsigned Value);
+  TVariant(long Value);
+  TVariant(long long Value);
+  TVariant(double Value);
+  TVariant(const char* Value);
+  TVariant(std::string_view Value);
+  TVariant(std::string Value);
+  TVariant(TArray Value);
+  TVariant(const TVariant& Other);
+  TVariant(TVariant&& Other) noexcept;
+  TVariant& operator=(const TVariant& Other);
+  TVariant& operator=(TVariant&& Other) noexcept;
+  ~TVariant();
 
   bool IsNull() const { return std::holds_alternative<std::monostate>(FValue); }
   bool IsBoolean() const { return std::holds_alternative<bool>(FValue); }
@@ -47,7 +53,7 @@ class TVariant {
   /// The elements. Throws EConvertError when this is no array.
   const TArray& AsArray() const;
 
-  bool operator==(const TVariant&) const = default;
+  bool operator==(const TVariant& Other) const;
 
  private:
   std::variant<std::monostate, bool, std::int64_t, double, std::string, TArray> FValue;

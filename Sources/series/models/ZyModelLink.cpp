@@ -31,6 +31,7 @@ void TZyModelLink::Bind(QAbstractItemModel* Model, int Column, int Role, const Q
     throw EInvalidOperation(LoadResString(_sModelThread));
   if (Root.isValid() && Root.model() != Model) throw EInvalidOperation(LoadResString(_sModelOtherRoot));
   FContext.reset();
+  FPending = 0;
   FModel = Model;
   FColumn = std::max(Column, -1);
   FRole = Role;
@@ -69,9 +70,18 @@ void TZyModelLink::Connect() {
   using T = TZyModelLink;
   FContext = std::make_unique<QObject>();
   On(&M::dataChanged, &T::DataChanged);
+  On(&M::rowsAboutToBeInserted, &T::RowsBegin);
+  On(&M::rowsAboutToBeRemoved, &T::RowsBegin);
+  On(&M::rowsAboutToBeMoved, &T::RowsBegin);
+  On(&M::rowsInserted, &T::RowsEnd);
+  On(&M::rowsRemoved, &T::RowsEnd);
+  On(&M::rowsMoved, &T::RowsEnd);
   On(&M::rowsInserted, &T::RowsInserted);
   On(&M::rowsRemoved, &T::RowsRemoved);
   On(&M::rowsMoved, &T::RowsMoved);
+  On(&M::rowsInserted, &T::RowsSettle);
+  On(&M::rowsRemoved, &T::RowsSettle);
+  On(&M::rowsMoved, &T::RowsSettle);
   On(&M::columnsInserted, &T::ColumnsInserted);
   On(&M::columnsRemoved, &T::ColumnsRemoved);
   On(&M::columnsMoved, &T::ColumnsMoved);
@@ -129,15 +139,16 @@ class TZyModelLink::TReading {
 };
 
 /// Carries over a change of single rows, before which there were RowsBefore. Where that cannot be, all is read, at once
-/// or as soon as possible.
+/// or as soon as possible. A slot that hears the model before the link does may change it again: that change is told
+/// first then, and neither is one of what the link has.
 template <class F>
 void TZyModelLink::Carry(int RowsBefore, F Take) {
   if (HeldRows() < 0) return;
-  if (FUpdating > 0 || FReading) {
+  if (FUpdating > 0 || FReading || FPending > 0) {
     FStale = true;
     return;
   }
-  if (!FFollows || HeldRows() != RowsBefore) return ReadAll();
+  if (!FFollows || FStale || HeldRows() != RowsBefore) return ReadAll();
   {
     const TReading Reading(*this);
     FStale = false;
@@ -146,6 +157,12 @@ void TZyModelLink::Carry(int RowsBefore, F Take) {
   }
   if (FStale) return ReadAll();
   TellUnfit();
+}
+
+void TZyModelLink::RowsEnd() { FPending = std::max(FPending - 1, 0); }
+
+void TZyModelLink::RowsSettle() {
+  if (FStale && FPending == 0 && FUpdating == 0 && !FReading) ReadAgain();
 }
 
 void TZyModelLink::DataChanged(const QModelIndex& First, const QModelIndex& Last, const QList<int>& Roles) {
@@ -204,12 +221,12 @@ void TZyModelLink::ColumnsMoved(const QModelIndex& From, int First, int Last, co
 
 /// Columns and root may have come or gone.
 void TZyModelLink::CheckStructure() {
-  FStale = FStale || FReading;
+  FStale = FStale || FReading || FPending > 0;
   if (HasColumn() != FFollows) ReadAgain();
 }
 
 void TZyModelLink::LayoutChanges() {
-  if (!FFollows || FReading || FUpdating > 0) return;
+  if (!FFollows || FReading || FUpdating > 0 || FPending > 0) return;
   if (HeldRows() > 0) FAnchor = IndexOf(0);
   NoteOrder();
 }
@@ -225,6 +242,7 @@ void TZyModelLink::LayoutChanged() {
 
 void TZyModelLink::ModelDied() {
   FModel.clear();
+  FPending = 0;
   FFollows = false;
   SetError(LoadResString(_sModelGone));
 }
@@ -241,7 +259,10 @@ void TZyModelLink::ReadAgain() {
     return;
   }
   FStale = FUpdating > 0 || FReading;
-  if (!FStale) ReadAll();
+  if (FStale) return;
+  const auto Alive = LiveHandle();
+  ReadAll();  // a handler of what is fed may delete the link
+  if (TPersistent::FromLiveHandle(Alive) != nullptr) FStale = FStale || FPending > 0;
 }
 
 /// A model may tell of changes while it is read, as those do that compute or load their cells then; a second reading

@@ -103,6 +103,9 @@ class TZyModelLink : public TComponent {
   void Carry(int RowsBefore, F Take);
   void Guarded(const std::function<void()>& Proc);
   void ReadAll();
+  void RowsBegin() { ++FPending; }
+  void RowsEnd();
+  void RowsSettle();
   void DataChanged(const QModelIndex& First, const QModelIndex& Last, const QList<int>& Roles);
   void RowsInserted(const QModelIndex& Parent, int First, int Last);
   void RowsRemoved(const QModelIndex& Parent, int First, int Last);
@@ -126,6 +129,7 @@ class TZyModelLink : public TComponent {
   int FColumn = 0;
   int FRole = Qt::DisplayRole;
   int FUpdating = 0;
+  int FPending = 0;  // changes of rows that the model has begun and not told the end of
   bool FHasRoot = false;
   bool FFollows = false;  // what is fed had the column's cells after the last signal
   bool FReading = false;
