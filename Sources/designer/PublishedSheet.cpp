@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QMetaProperty>
 #include <QPalette>
+#include <QRegularExpression>
 
 #include "platform/framework/ScopedFlag.h"
 #include "widgets/ZyControlWidget.h"
@@ -17,6 +18,15 @@ const QString DynamicIid = Q_TYPEID(QDesignerDynamicPropertySheetExtension);
 
 PublishedSheet* SheetOf(QExtensionManager& Manager, QObject* Widget) {
   return dynamic_cast<PublishedSheet*>(qt_extension<QDesignerPropertySheetExtension*>(&Manager, Widget));
+}
+
+/// The name that a text begins, whatever its case; the text itself where that is none or several.
+QString Completed(const QString& Text, const QStringList& Names) {
+  const QStringList Fitting =
+      Text.isEmpty() ? QStringList()
+                     : QStringList(Names).filter(QRegularExpression('^' + QRegularExpression::escape(Text),
+                                                                    QRegularExpression::CaseInsensitiveOption));
+  return Fitting.size() == 1 && !Names.contains(Text) ? Fitting.front() : Text;
 }
 
 }  // namespace
@@ -157,16 +167,23 @@ void PublishedSheet::setAttribute(int Index, bool Value) {
   if (!IsOurs(Index)) FBase.setAttribute(Index, Value);
 }
 
+/// Values of enumerations and sets are bytes: texts would be given to translators. The designer's own lists are out of
+/// reach, since a form stores what they hold in a way that only compilers of forms, and declared properties, can read.
 QVariant PublishedSheet::property(int Index) const {
   if (!IsOurs(Index)) return FBase.property(Index);
-  return FWidget == nullptr ? QVariant() : FWidget->PropertyAt(Path(Index));
+  if (FWidget == nullptr) return {};
+  const QVariant Value = FWidget->PropertyAt(Path(Index));
+  const bool IsName = Value.typeId() == QMetaType::QString && !FWidget->NamesAt(Path(Index)).isEmpty();
+  return IsName ? QVariant(Value.toString().toUtf8()) : Value;
 }
 
 void PublishedSheet::setProperty(int Index, const QVariant& Value) {
   if (FWidget == nullptr) return;
   if (!IsOurs(Index)) return Declare(Index, [&] { FBase.setProperty(Index, Value); });
-  const bool IsText = property(Index).typeId() == QMetaType::QString;
-  FWidget->SetPropertyAt(Path(Index), IsText && !Value.canConvert<QString>() ? QVariant(TextOf(Value)) : Value);
+  const bool IsText = FWidget->PropertyAt(Path(Index)).typeId() == QMetaType::QString;
+  const QVariant Given = IsText && !Value.canConvert<QString>() ? QVariant(TextOf(Value)) : Value;
+  const QStringList Names = FWidget->NamesAt(Path(Index));
+  FWidget->SetPropertyAt(Path(Index), Names.isEmpty() ? Given : QVariant(Completed(Given.toString(), Names)));
 }
 
 /// The designer hands texts over in a class of its own, which its own sheet can read alone: it takes one to a property
@@ -186,7 +203,7 @@ bool PublishedSheet::isChanged(int Index) const {
   if (!IsOurs(Index)) return FBase.isChanged(Index);
   if (FWidget == nullptr) return false;
   if (FWidget->IsPlace(Path(Index))) return true;
-  return FWidget->IsStoredAt(Path(Index)) && property(Index) != Default(Path(Index));
+  return FWidget->IsStoredAt(Path(Index)) && FWidget->PropertyAt(Path(Index)) != Default(Path(Index));
 }
 
 void PublishedSheet::setChanged(int Index, bool Value) {

@@ -126,6 +126,12 @@ bool IsPublishedStored(TPersistent& Object, std::string_view Path) {
   return false;
 }
 
+std::span<const std::string_view> PublishedNames(TPersistent& Object, std::string_view Path) {
+  const TPropInfo* const Info = Find(Object, Path).second;
+  if (Info == nullptr || Info->Values == nullptr || Info->TypeName() == "Boolean") return {};
+  return Info->Values->Values;
+}
+
 bool WritePublished(TPersistent& Object, std::string_view Path, const QVariant& Value) {
   const auto [Holder, Info] = Find(Object, Path);
   if (Info == nullptr) return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QVariant>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,8 @@ std::vector<TPublishedPath> PublishedPaths(TPersistent& Object, const std::vecto
 QVariant ReadPublished(TPersistent& Object, std::string_view Path);
 /// Whether the property, and each that it is part of, is stored for the objects as they are; see TPropInfo::StoredIf.
 bool IsPublishedStored(TPersistent& Object, std::string_view Path);
+/// The names that the value of an enumeration or a set is made of; empty for any other property.
+std::span<const std::string_view> PublishedNames(TPersistent& Object, std::string_view Path);
 /// Writes through the property's setter; false when there is none at that path. Throws EConvertError or ERangeError,
 /// with the property's name, for a value that does not fit.
 bool WritePublished(TPersistent& Object, std::string_view Path, const QVariant& Value);

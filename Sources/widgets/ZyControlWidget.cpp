@@ -7,6 +7,7 @@
 
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TWinControl.h"
+#include "platform/drawing/QtText.h"
 #include "platform/framework/Application.h"
 #include "texts/Exceptions.h"
 #include "texts/NumberText.h"
@@ -79,6 +80,14 @@ bool ZyControlWidget::SetPropertyAt(const QString& Path, const QVariant& Value) 
     IsSet = Root != nullptr && WritePublished(*Root, Rest, Value);
   });
   return IsSet;
+}
+
+QStringList ZyControlWidget::NamesAt(const QString& Path) const {
+  QStringList Result;
+  std::string Rest = Path.toStdString();
+  if (TPersistent* const Root = const_cast<ZyControlWidget*>(this)->RootOf(Rest, false))
+    for (const std::string_view Each : PublishedNames(*Root, Rest)) Result.push_back(ToQString(Each));
+  return Result;
 }
 
 bool ZyControlWidget::IsStoredAt(const QString& Path) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <QWidget>
 #include <functional>
@@ -38,6 +39,8 @@ class ZyControlWidget : public QWidget {
   Q_INVOKABLE QVariant PropertyAt(const QString& Path) const;
   /// Writes it; false for a path that leads nowhere, or a value that does not fit, which errorOccurred tells.
   Q_INVOKABLE bool SetPropertyAt(const QString& Path, const QVariant& Value);
+  /// The names that the value of an enumeration or a set at a path is made of; empty for any other.
+  QStringList NamesAt(const QString& Path) const;
   /// Whether the value counts now, where it is another one than a new control has: a font that is the parent's, for
   /// one, does not.
   bool IsStoredAt(const QString& Path) const;

@@ -193,6 +193,9 @@ TEST_F(DesignerTest, EditsAndStoresWhatChartsPublish) {
   EXPECT_TRUE(Stored(Content, "chart", "DataAreaFrame.Width").startsWith("0: 3"));
   EXPECT_TRUE(Stored(Content, "pie", "StartAngle").startsWith("0: 30.5"));
   EXPECT_EQ(Stored(Content, "pie", "caption"), "");
+  EXPECT_TRUE(Content.contains("<cstring>TopCenterOfGraph</cstring>")) << "nothing for translators";
+  Set(Chart, "Legend.Position", QByteArray("rightt"));
+  EXPECT_EQ(ChartProperty(Chart, "Legend.Position"), "RightTopOfAxis") << "what it begins";
   ASSERT_TRUE(Sheet->reset(Width));
   EXPECT_EQ(Stored(FWindow->contents(), "chart", "DataAreaFrame.Width"), "");
 }
