@@ -18,6 +18,9 @@ for ((Round = 0; Round < Rounds; ++Round)); do
     Start=${EPOCHREALTIME/,/.}
     "$Program" --cold out/cold.png 2>>out/bench.log
     echo "cold I-cold $Start ${EPOCHREALTIME/,/.}" >>"$Rows"
+    Start=${EPOCHREALTIME/,/.}
+    "$Program" --cold-toolkit out/cold-toolkit.png 2>>out/bench.log
+    echo "cold I-cold-toolkit $Start ${EPOCHREALTIME/,/.}" >>"$Rows"
   done
 done
 awk -v Rounds="$Rounds" '

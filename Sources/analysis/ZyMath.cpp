@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <numbers>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -106,8 +108,28 @@ double Exp10(double Exponent) {
   return Power <= LargestDouble ? Power : LargestDouble;
 }
 
+namespace {
+
+/// The decimal exponent of a number that no rounding of its digits takes into the next decade; nothing for others.
+std::optional<int> PlainExponent(double Value) {
+  const double Size = std::fabs(Value);
+  if (!(Size >= 1e-30 && Size <= 1e30)) return {};
+  int Binary = 0;
+  std::frexp(Size, &Binary);
+  int Exponent = static_cast<int>(std::floor((Binary - 1) * std::numbers::ln2 / std::numbers::ln10));  // or one more
+  const auto Mantissa = [&] { return Exponent < 0 ? Size * PowerOfTen(-Exponent) : Size / PowerOfTen(Exponent); };
+  if (Mantissa() >= 10) ++Exponent;
+  const double Lead = Mantissa();
+  constexpr double Slightly = 1e-5;
+  if (Lead < 1 + Slightly || Lead > 10 - Slightly) return {};
+  return Exponent;
+}
+
+}  // namespace
+
 int Real10thExponent(double Value) {
   if (!std::isfinite(Value)) return 0;
+  if (const std::optional<int> Plain = PlainExponent(Value)) return *Plain;
   const TScientific Number(Value, 6);
   std::string_view Digits = Number.Exponent();
   if (Digits.front() == '+') Digits.remove_prefix(1);

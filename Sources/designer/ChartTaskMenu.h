@@ -2,33 +2,57 @@
 
 #include <QDesignerTaskMenuExtension>
 #include <QExtensionFactory>
+#include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QString>
+#include <QVariant>
+#include <functional>
 
 class QAction;
+class QDesignerFormWindowInterface;
 class QExtensionManager;
 
 namespace zy {
 
+class ZyControlWidget;
 class ZyCustomChartWidget;
 
-/// What the context menu of a chart on a form has in front, and a double click does: the settings dialog of the chart.
-/// What is set there is a property like those of the property editor, and stored with the form; series are the
-/// application's.
+/// What the context menu of a chart or a legend on a form has in front, and a double click does: the settings dialog of
+/// the chart. What is set there is a property like those of the property editor, stored with the form, and a step of
+/// the designer's undo; series are the application's.
 class ChartTaskMenu : public QObject, public QDesignerTaskMenuExtension {
   Q_OBJECT
   Q_INTERFACES(QDesignerTaskMenuExtension)
 
  public:
-  ChartTaskMenu(ZyCustomChartWidget& Widget, QObject* Parent);
+  ChartTaskMenu(ZyControlWidget& Widget, QObject* Parent);
+  ~ChartTaskMenu() override;
   QAction* preferredEditAction() const override { return FSettings; }
   QList<QAction*> taskActions() const override { return {FSettings}; }
 
  private:
-  void ShowSettings();
+  /// A published property of the chart, or of what lies on it.
+  struct TValue {
+    QPointer<ZyControlWidget> Widget;
+    QString Path;
+    QVariant Value;
+    bool operator==(const TValue&) const = default;
+  };
+  using TValues = QList<TValue>;
+  class TStep;
 
-  QPointer<ZyCustomChartWidget> FWidget;
-  QAction* FSettings;  // a child
+  void ShowSettings();
+  void Watch();
+  void Unwatch();
+  ZyCustomChartWidget* Chart() const;
+  TValues Values() const;
+  static TValues Without(TValues Values, const TValues& Others);
+
+  QPointer<ZyControlWidget> FWidget;
+  QAction* FSettings;              // a child
+  std::function<bool()> FIsShown;  // the dialog
+  TValues FKnown;                  // since the last step
 };
 
 /// Makes these menus.

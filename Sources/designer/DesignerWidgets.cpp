@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QPointer>
 #include <algorithm>
 
 #include "designer/ChartTaskMenu.h"
@@ -13,6 +14,8 @@
 #include "platform/drawing/QtText.h"
 #include "texts/ZyQtTexts.h"
 #include "widgets/ZyChartWidget.h"
+#include "widgets/ZyLegendWidgets.h"
+#include "widgets/ZyMarkerWidgets.h"
 #include "widgets/ZyPieWidget.h"
 
 namespace zy {
@@ -25,6 +28,7 @@ struct TKind {
   TZyText Group, Help;
   int Width, Height;
   QWidget* (*Make)(QWidget* Parent);
+  QWidget* (*MakeGround)(QWidget* Parent) = nullptr;  // the chart of a legend or a marker
 };
 
 template <class T>
@@ -33,12 +37,26 @@ QWidget* Make(QWidget* Parent) {
 }
 
 constexpr const char* PickHeader = "zyphos/dialogs/widgets/ZyPickWidgets.h";
+constexpr const char* LegendHeader = "zyphos/widgets/ZyLegendWidgets.h";
+constexpr const char* MarkerHeader = "zyphos/widgets/ZyMarkerWidgets.h";
 
 const TKind Kinds[] = {
     {"zy::ZyChartWidget", "chart", "zyphos/widgets/ZyChartWidget.h", _sDesignerCharts, _sDesignerChart, 480, 320,
      &Make<ZyChartWidget>},
     {"zy::ZyPieWidget", "pie", "zyphos/widgets/ZyPieWidget.h", _sDesignerCharts, _sDesignerPie, 320, 320,
      &Make<ZyPieWidget>},
+    {"zy::ZyLegendWidget", "legend", LegendHeader, _sDesignerCharts, _sDesignerLegend, 180, 48, &Make<ZyLegendWidget>,
+     &Make<ZyChartWidget>},
+    {"zy::ZyPieLegendWidget", "pieLegend", LegendHeader, _sDesignerCharts, _sDesignerPieLegend, 60, 80,
+     &Make<ZyPieLegendWidget>, &Make<ZyPieWidget>},
+    {"zy::ZyHorizontalMarkerWidget", "horizontalMarker", MarkerHeader, _sDesignerCharts, _sDesignerHorizontalMarker,
+     100, 5, &Make<ZyHorizontalMarkerWidget>, &Make<ZyChartWidget>},
+    {"zy::ZyVerticalMarkerWidget", "verticalMarker", MarkerHeader, _sDesignerCharts, _sDesignerVerticalMarker, 5, 100,
+     &Make<ZyVerticalMarkerWidget>, &Make<ZyChartWidget>},
+    {"zy::ZyCrossHairWidget", "crossHair", MarkerHeader, _sDesignerCharts, _sDesignerCrossHair, 20, 20,
+     &Make<ZyCrossHairWidget>, &Make<ZyChartWidget>},
+    {"zy::ZyArrowLabelWidget", "arrowLabel", MarkerHeader, _sDesignerCharts, _sDesignerArrowLabel, 60, 60,
+     &Make<ZyArrowLabelWidget>, &Make<ZyChartWidget>},
     {"zy::ZyColorPickWidget", "color", PickHeader, _sDesignerControls, _sDesignerColor, 60, 24,
      &Make<ZyColorPickWidget>},
     {"zy::ZyIntegerEditWidget", "integer", PickHeader, _sDesignerControls, _sDesignerInteger, 80, 24,
@@ -60,7 +78,9 @@ const TKind Kinds[] = {
 /// One kind of widget.
 class TDesignerWidget : public QDesignerCustomWidgetInterface {
  public:
-  explicit TDesignerWidget(const TKind& Kind) : FKind(Kind) {}
+  explicit TDesignerWidget(const TKind& Kind)
+      : FKind(Kind),
+        FIsChart(std::ranges::any_of(Kinds, [&](const TKind& Each) { return Each.MakeGround == Kind.Make; })) {}
 
   QString name() const override { return FKind.ClassName; }
   QString group() const override { return ToQString(LoadResString(FKind.Group)); }
@@ -68,7 +88,7 @@ class TDesignerWidget : public QDesignerCustomWidgetInterface {
   QString whatsThis() const override { return ToQString(LoadResString(FKind.Help)); }
   QString includeFile() const override { return FKind.Header; }
   QIcon icon() const override;
-  bool isContainer() const override { return false; }
+  bool isContainer() const override { return FIsChart; }  // for legends and markers
   bool isInitialized() const override { return FCore != nullptr; }
   void initialize(QDesignerFormEditorInterface* Core) override;
   QWidget* createWidget(QWidget* Parent) override;
@@ -76,15 +96,34 @@ class TDesignerWidget : public QDesignerCustomWidgetInterface {
 
  private:
   const TKind& FKind;
-  QDesignerFormEditorInterface* FCore = nullptr;  // none in a program that loads forms
+  bool FIsChart;
+  QPointer<QDesignerFormEditorInterface> FCore;  // none in a program that loads forms
 };
 
-/// The widget itself, small.
+/// The widget itself, small; of what lies on a chart the piece of a chart within its axes.
 QIcon TDesignerWidget::icon() const {
-  const std::unique_ptr<QWidget> Sample(FKind.Make(nullptr));
-  if (auto* const Chart = qobject_cast<ZyControlWidget*>(Sample.get())) Chart->ShowSamples();
-  Sample->resize(std::min(FKind.Width, 96), std::min(FKind.Height, 72));
-  return Sample->grab().scaled(48, 48, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+  const auto Small = [](const QPixmap& Picture) {
+    return Picture.scaled(48, 48, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+  };
+  const auto Made = [](QWidget* (*Make)(QWidget*), QWidget* Parent) {
+    QWidget* const Result = Make(Parent);
+    if (auto* const Widget = qobject_cast<ZyControlWidget*>(Result)) Widget->ShowSamples();
+    return Result;
+  };
+  if (FKind.MakeGround == nullptr) {
+    const std::unique_ptr<QWidget> Sample(Made(FKind.Make, nullptr));
+    Sample->resize(std::min(FKind.Width, 96), std::min(FKind.Height, 72));
+    return Small(Sample->grab());
+  }
+  const bool HasAxes = FKind.MakeGround == &Make<ZyChartWidget>;
+  const QRect Piece(HasAxes ? 80 : 0, HasAxes ? 16 : 0, 96, 72);
+  const std::unique_ptr<QWidget> Ground(Made(FKind.MakeGround, nullptr));
+  Ground->resize(HasAxes ? QSize(192, 160) : Piece.size());
+  Ground->grab();  // lays it out
+  auto* const Sample = static_cast<ZyControlWidget*>(Made(FKind.Make, Ground.get()));
+  for (const char* Line : {"Line.Width", "Arrow.Width"}) Sample->SetPropertyAt(Line, 2);
+  Sample->move(Piece.topLeft() + QPoint(32, 18));
+  return Small(Ground->grab(Piece));
 }
 
 void TDesignerWidget::initialize(QDesignerFormEditorInterface* Core) {

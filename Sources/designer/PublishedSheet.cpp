@@ -1,8 +1,10 @@
 #include "designer/PublishedSheet.h"
 
+#include <QDesignerFormWindowInterface>
 #include <QExtensionManager>
-#include <QHash>
-#include <memory>
+#include <QGuiApplication>
+#include <QMetaProperty>
+#include <QPalette>
 
 #include "platform/framework/ScopedFlag.h"
 #include "widgets/ZyControlWidget.h"
@@ -13,66 +15,139 @@ namespace {
 const QString SheetIid = Q_TYPEID(QDesignerPropertySheetExtension);
 const QString DynamicIid = Q_TYPEID(QDesignerDynamicPropertySheetExtension);
 
-using TDefaults = QHash<QString, QVariant>;
-
-/// The values of a new widget of that kind, with the samples that it has on the form.
-const TDefaults& DefaultsOf(const ZyControlWidget& Widget) {
-  static QHash<QByteArray, TDefaults> Known;
-  const QMetaObject& Kind = *Widget.metaObject();
-  const auto Found = Known.constFind(Kind.className());
-  if (Found != Known.constEnd()) return *Found;
-  TDefaults& Result = Known[Kind.className()];
-  const std::unique_ptr<QObject> Made(Kind.newInstance(Q_ARG(QWidget*, nullptr)));
-  auto* const Fresh = qobject_cast<ZyControlWidget*>(Made.get());
-  if (Fresh == nullptr) return Result;
-  Fresh->ShowSamples();
-  Fresh->MakeParts();
-  for (const std::string& Path : Fresh->PropertyPaths())
-    Result.insert(QString::fromStdString(Path), Fresh->PropertyAt(QString::fromStdString(Path)));
-  return Result;
+PublishedSheet* SheetOf(QExtensionManager& Manager, QObject* Widget) {
+  return dynamic_cast<PublishedSheet*>(qt_extension<QDesignerPropertySheetExtension*>(&Manager, Widget));
 }
 
 }  // namespace
 
 PublishedSheet::PublishedSheet(ZyControlWidget& Widget, QDesignerPropertySheetExtension& Base,
-                               QDesignerDynamicPropertySheetExtension* BaseDynamic, QObject* Parent)
-    : QObject(Parent), FWidget(&Widget), FBase(Base), FBaseDynamic(BaseDynamic) {
+                               QDesignerDynamicPropertySheetExtension* BaseDynamic, QExtensionManager& Manager,
+                               QObject* Parent)
+    : QObject(Parent), FWidget(&Widget), FBase(Base), FBaseDynamic(BaseDynamic), FManager(Manager) {
   connect(&Widget, &QObject::destroyed, this, &QObject::deleteLater);
   Widget.MakeParts();
-  const TDefaults& Defaults = DefaultsOf(Widget);
-  for (const std::string& Each : Widget.PropertyPaths()) {
-    const QString Path = QString::fromStdString(Each);
-    FRows.push_back({Path, Defaults.value(Path)});
-  }
+  for (const std::string& Each : Widget.PropertyPaths()) FPaths.push_back(QString::fromStdString(Each));
 }
 
 const ZyControlWidget* PublishedSheet::Widget() const { return FWidget; }
 
+// --- What a new widget has ------------------------------------------------------------------------------------------
+
+/// The properties of the widgets' own classes that the form stores, in its order.
+PublishedSheet::TDeclared PublishedSheet::Declared() const {
+  TDeclared Result;
+  const QMetaObject& Kind = *FWidget->metaObject();
+  for (int i = ZyControlWidget::staticMetaObject.propertyCount(); i < Kind.propertyCount(); ++i) {
+    const char* const Name = Kind.property(i).name();
+    const int Index = FBase.indexOf(Name);
+    if (Index >= 0 && FBase.isChanged(Index)) Result.push_back({Name, FWidget->property(Name)});
+  }
+  return Result;
+}
+
+/// The sheet of the chart that gives the widget its look, null for none.
+const PublishedSheet* PublishedSheet::Chart() const {
+  ZyControlWidget* const Chart = FWidget->LooksLike();
+  return Chart == nullptr ? nullptr : SheetOf(FManager, Chart);
+}
+
+/// What the defaults depend on.
+QList<PublishedSheet::TDeclared> PublishedSheet::Key() const {
+  QList<TDeclared> Result;
+  if (const PublishedSheet* const Other = Chart()) Result = Other->Key();
+  Result.push_back(Declared());
+  Result.back().push_back({"palette", QGuiApplication::palette().cacheKey()});
+  return Result;
+}
+
+/// With the samples that it has on the form.
+std::unique_ptr<ZyControlWidget> PublishedSheet::MakeNew(QWidget* On) const {
+  std::unique_ptr<QObject> Made(FWidget->metaObject()->newInstance(Q_ARG(QWidget*, On)));
+  auto* const Result = qobject_cast<ZyControlWidget*>(Made.get());
+  if (Result == nullptr) return nullptr;
+  Made.release();
+  Result->ShowSamples();
+  Result->MakeParts();
+  for (const auto& [Name, Value] : Declared()) Result->setProperty(Name, Value);
+  return std::unique_ptr<ZyControlWidget>(Result);
+}
+
+QVariant PublishedSheet::Default(const QString& Path) const {
+  if (const QList<TDeclared> Present = Key(); Present != FKey) {
+    FKey = Present;
+    FDefaults.clear();
+    const PublishedSheet* const Other = Chart();
+    const std::unique_ptr<ZyControlWidget> On = Other == nullptr ? nullptr : Other->MakeNew(nullptr);
+    if (const std::unique_ptr<ZyControlWidget> Fresh = MakeNew(On.get()))
+      for (const QString& Each : FPaths) FDefaults.insert(Each, Fresh->PropertyAt(Each));
+  }
+  return FDefaults.value(Path);
+}
+
+/// Those that are as in a new widget.
+QHash<QString, QVariant> PublishedSheet::AsNew() const {
+  QHash<QString, QVariant> Result;
+  for (const QString& Each : FPaths)
+    if (const QVariant Value = FWidget->PropertyAt(Each); Value == Default(Each)) Result.insert(Each, Value);
+  return Result;
+}
+
+/// Makes what was as in a new widget so again, unless it is another value since.
+void PublishedSheet::Renew(const QHash<QString, QVariant>& Before) {
+  for (auto Each = Before.cbegin(); Each != Before.cend(); ++Each)
+    if (Each.value() != Default(Each.key()) && FWidget->PropertyAt(Each.key()) == Each.value())
+      FWidget->SetPropertyAt(Each.key(), Default(Each.key()));
+}
+
+/// Runs a change of a property that is not published. A declared one may change what is new, here and in what lies on
+/// the chart.
+void PublishedSheet::Declare(int Index, const std::function<void()>& Do) {
+  const int Place = FWidget->metaObject()->indexOfProperty(FBase.propertyName(Index).toUtf8());
+  if (Place < ZyControlWidget::staticMetaObject.propertyCount()) return Do();
+  QList<PublishedSheet*> Sheets{this};
+  if (auto* const Form = QDesignerFormWindowInterface::findFormWindow(FWidget))
+    for (ZyControlWidget* Each : Form->findChildren<ZyControlWidget*>())
+      if (auto* const Sheet = Each->LooksLike() == FWidget ? SheetOf(FManager, Each) : nullptr)
+        Sheets.push_back(Sheet);
+  QList<QHash<QString, QVariant>> Before;
+  for (const PublishedSheet* Each : Sheets) Before.push_back(Each->AsNew());
+  Do();
+  for (qsizetype i = 0; i < Sheets.size(); ++i) Sheets[i]->Renew(Before[i]);
+}
+
+// --- Rows -----------------------------------------------------------------------------------------------------------
+
 int PublishedSheet::indexOf(const QString& Name) const {
-  for (int i = 0; i < FRows.size(); ++i)
-    if (FRows[i].Path == Name) return FBase.count() + i;
-  return FBase.indexOf(Name);
+  const auto Found = static_cast<int>(FPaths.indexOf(Name));
+  return Found >= 0 ? FBase.count() + Found : FBase.indexOf(Name);
 }
 
 QString PublishedSheet::propertyName(int Index) const {
-  return IsOurs(Index) ? Row(Index).Path : FBase.propertyName(Index);
+  return IsOurs(Index) ? Path(Index) : FBase.propertyName(Index);
 }
 
 /// A heading for each part of the control.
 QString PublishedSheet::propertyGroup(int Index) const {
   if (!IsOurs(Index)) return FBase.propertyGroup(Index);
-  const qsizetype Point = Row(Index).Path.lastIndexOf('.');
-  return Point < 0 ? QStringLiteral("Published") : Row(Index).Path.left(Point);
+  const qsizetype Point = Path(Index).lastIndexOf('.');
+  return Point < 0 ? QStringLiteral("Published") : Path(Index).left(Point);
 }
 
 void PublishedSheet::setPropertyGroup(int Index, const QString& Group) {
   if (!IsOurs(Index)) FBase.setPropertyGroup(Index, Group);
 }
 
+bool PublishedSheet::hasReset(int Index) const {
+  return IsOurs(Index) ? FWidget != nullptr && !FWidget->IsPlace(Path(Index)) : FBase.hasReset(Index);
+}
+
 bool PublishedSheet::reset(int Index) {
-  if (!IsOurs(Index)) return FBase.reset(Index);
-  setProperty(Index, Row(Index).Default);
-  return true;
+  if (FWidget == nullptr || !hasReset(Index)) return false;
+  if (IsOurs(Index)) return FWidget->SetPropertyAt(Path(Index), Default(Path(Index)));
+  bool Result = false;
+  Declare(Index, [&] { Result = FBase.reset(Index); });
+  return Result;
 }
 
 void PublishedSheet::setVisible(int Index, bool Value) {
@@ -85,14 +160,14 @@ void PublishedSheet::setAttribute(int Index, bool Value) {
 
 QVariant PublishedSheet::property(int Index) const {
   if (!IsOurs(Index)) return FBase.property(Index);
-  return FWidget == nullptr ? QVariant() : FWidget->PropertyAt(Row(Index).Path);
+  return FWidget == nullptr ? QVariant() : FWidget->PropertyAt(Path(Index));
 }
 
 void PublishedSheet::setProperty(int Index, const QVariant& Value) {
-  if (!IsOurs(Index)) return FBase.setProperty(Index, Value);
   if (FWidget == nullptr) return;
-  const bool IsText = Row(Index).Default.typeId() == QMetaType::QString;
-  FWidget->SetPropertyAt(Row(Index).Path, IsText && !Value.canConvert<QString>() ? QVariant(TextOf(Value)) : Value);
+  if (!IsOurs(Index)) return Declare(Index, [&] { FBase.setProperty(Index, Value); });
+  const bool IsText = property(Index).typeId() == QMetaType::QString;
+  FWidget->SetPropertyAt(Path(Index), IsText && !Value.canConvert<QString>() ? QVariant(TextOf(Value)) : Value);
 }
 
 /// The designer hands texts over in a class of its own, which its own sheet can read alone: it takes one to a property
@@ -109,11 +184,14 @@ QString PublishedSheet::TextOf(const QVariant& Value) {
 }
 
 bool PublishedSheet::isChanged(int Index) const {
-  return IsOurs(Index) ? property(Index) != Row(Index).Default : FBase.isChanged(Index);
+  if (!IsOurs(Index)) return FBase.isChanged(Index);
+  if (FWidget == nullptr) return false;
+  if (FWidget->IsPlace(Path(Index))) return true;
+  return FWidget->IsStoredAt(Path(Index)) && property(Index) != Default(Path(Index));
 }
 
 void PublishedSheet::setChanged(int Index, bool Value) {
-  if (!IsOurs(Index)) FBase.setChanged(Index, Value);
+  if (FWidget != nullptr && !IsOurs(Index)) Declare(Index, [&] { FBase.setChanged(Index, Value); });
 }
 
 int PublishedSheet::addDynamicProperty(const QString& Name, const QVariant& Value) {
@@ -150,7 +228,7 @@ QObject* PublishedSheetFactory::createExtension(QObject* Object, const QString& 
   auto* const Base = qobject_cast<QDesignerPropertySheetExtension*>(Manager.extension(Object, SheetIid));
   if (Base == nullptr) return nullptr;
   auto* const Dynamic = qobject_cast<QDesignerDynamicPropertySheetExtension*>(Manager.extension(Object, DynamicIid));
-  return new PublishedSheet(*Widget, *Base, Dynamic, Parent);
+  return new PublishedSheet(*Widget, *Base, Dynamic, Manager, Parent);
 }
 
 }  // namespace zy

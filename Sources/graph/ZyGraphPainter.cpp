@@ -6,7 +6,7 @@
 #include "graph/ZyGraph2D.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/ClipGuard.h"
-#include "platform/drawing/Graphics.h"
+#include "platform/drawing/LineGatherer.h"
 #include "series/ZySeries.h"
 #include "texts/Exceptions.h"
 
@@ -93,11 +93,11 @@ RectF TZyGraphPainter::DataClip(const TZySeries& Series) {
   return {Left, Top, Right - Left, Bottom - Top};
 }
 
-/// Asked of each axis once in a paint.
+/// Asked of each axis once in a paint, unless there are very many.
 TZyBeyond TZyGraphPainter::BeyondOf(const TZyAxis& Axis) {
-  const auto Known = std::ranges::find(FBeyond, &Axis, &std::pair<const TZyAxis*, TZyBeyond>::first);
-  if (Known != FBeyond.end()) return Known->second;
-  return FBeyond.emplace_back(&Axis, Axis.DataBeyond()).second;
+  const auto Known = std::ranges::find(FBeyond, &Axis, &TAsked::Axis);
+  if (Known != FBeyond.end()) return Known->Beyond;
+  return (FBeyond[FAsked++ % FBeyond.size()] = {&Axis, Axis.DataBeyond()}).Beyond;
 }
 
 RectF TZyGraphPainter::Client() const {
@@ -107,6 +107,7 @@ RectF TZyGraphPainter::Client() const {
 template <class TDraw>
 void TZyGraphPainter::PaintClippedToData(const TDraw& Draw) {
   const TClipGuard Saved(FGr);
+  const TLineGatherer Gatherer(FGr);
   std::optional<TClipGuard> Cut;
   RectF Present = Client();
   for (TZySeries* Series : FGraph.RelatedSeries()) {

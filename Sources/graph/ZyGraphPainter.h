@@ -1,7 +1,7 @@
 #pragma once
 
-#include <utility>
-#include <vector>
+#include <array>
+#include <cstddef>
 
 #include "axes/ZyScaleKind.h"
 #include "graph/ZyDataAreaPainter.h"
@@ -37,7 +37,12 @@ class TZyGraphPainter {
   Graphics& FGr;
   TZyDataAreaLook FLook;
   TZyDataAreaPainter FDataArea;
-  std::vector<std::pair<const TZyAxis*, TZyBeyond>> FBeyond;
+  struct TAsked {
+    const TZyAxis* Axis = nullptr;
+    TZyBeyond Beyond;
+  };
+  std::array<TAsked, 8> FBeyond;  // of the axes that were asked last
+  std::size_t FAsked = 0;
 };
 
 }  // namespace zy

@@ -25,6 +25,7 @@ class TTicker {
     {
       const std::lock_guard Lock(FMutex);
       FPostBoxes.push_back(&PostBox);
+      if (FPostBoxes.size() > 1) return;  // it runs already
     }
     FChanged.notify_one();
   }

@@ -58,12 +58,6 @@ void Apply(TZyAxis& Axis, const TZyLook& Look) {
   Axis.SetDistanceNumbersCaption(6);
 }
 
-void Apply(TZyMovable& Marker, const TZyLook& Look) {
-  Marker.SetFont(TLookFont(Marker.Font(), Look, Look.TextSize));
-  Marker.SetCaptionBackColor(WithAlphaOf(Look.Back, Marker.CaptionBackColor()));
-  Marker.Line().SetColor(Look.Axis);
-}
-
 void ApplyToGraph(TZyGraph2D& Graph, const TZyLook& Look) {
   Graph.SetBackColor(Look.Back);
   Graph.SetDataAreaColor(Look.DataArea);
@@ -148,6 +142,13 @@ void ApplyLook(TZyCustomLegend& Legend, const TZyLook& Look) {
   Show(Legend.Frame(), Look.Frame);
 }
 
+void ApplyLook(TZyMovable& Marker, const TZyLook& Look) {
+  const TZyUndoGroup Group(Marker.UndoStack(), _sGraphLook);
+  Marker.SetFont(TLookFont(Marker.Font(), Look, Look.TextSize));
+  Marker.SetCaptionBackColor(WithAlphaOf(Look.Back, Marker.CaptionBackColor()));
+  Marker.Line().SetColor(Look.Axis);
+}
+
 void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look) {
   Graph.TestPrimaryAxis();
   const TZyUndoGroup Group(Graph.UndoStack(), _sGraphLook);
@@ -157,7 +158,7 @@ void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look) {
   for (IZyGraphLegend* Each : Graph.RelatedLegends())
     if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(Each)) ApplyLook(*Legend, Look);
   for (TControl* Control : Graph.Controls())
-    if (auto* const Marker = dynamic_cast<TZyMovable*>(Control)) Apply(*Marker, Look);
+    if (auto* const Marker = dynamic_cast<TZyMovable*>(Control)) ApplyLook(*Marker, Look);
   std::size_t Next = 0;
   for (TZySeries* Series : Graph.RelatedSeries()) {
     if (!Look.SeriesColors.empty()) SetSeriesColor(*Series, Look.SeriesColors[Next++ % Look.SeriesColors.size()]);

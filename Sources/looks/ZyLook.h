@@ -9,6 +9,7 @@ namespace zy {
 
 class TZyCustomLegend;
 class TZyGraph2D;
+class TZyMovable;
 class TZySeries;
 
 /// How a chart looks as a whole. A copy of one of those below is where an own look begins:
@@ -50,6 +51,8 @@ void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look);
 
 /// The same for one legend, as for one that comes later.
 void ApplyLook(TZyCustomLegend& Legend, const TZyLook& Look);
+/// The same for one marker.
+void ApplyLook(TZyMovable& Marker, const TZyLook& Look);
 
 /// One colour for a series: its line, its area and symbols, whose translucency stays. A series that is added to a chart
 /// which has its look takes the next colour of the look by ApplyLook, or one by this.

@@ -74,7 +74,6 @@ ZY_PUBLISHED(TZySeries, TComponent, Published<&Self::Visible, &Self::SetVisible>
 
 TZySeries::TZySeries(TComponent* Owner)
     : TComponent(Owner),
-      FIndexer(std::make_unique<TZyIndexer>()),
       FXStart(LargestDouble),
       FXStop(-LargestDouble),
       FYStart(LargestDouble),

@@ -441,7 +441,7 @@ class TZySeries : public TComponent,
   float SymbolSize() const { return FPointSymbolSettings->Size(); }
 
   bool FDoPointSettingsStorage = false;  // the kind has point symbols, and stores their settings
-  std::unique_ptr<TZyIndexer> FIndexer;
+  std::unique_ptr<TZyIndexer> FIndexer;  // made when it is needed first
   std::vector<TZySeriesInput*> FInputs;  // in the order of the members; above them, since they enter it
   TZySeriesInput FX{*this, "XData", TZyInputUse::Coordinate};
   TZySeriesInput FY{*this, "YData", TZyInputUse::Coordinate};

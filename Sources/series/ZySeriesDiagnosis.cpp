@@ -32,7 +32,7 @@ std::string TZySeries::WhyNotJoined() const {
 std::string TZySeries::WhyNoPoints() const {
   int Number = std::numeric_limits<int>::max();
   for (const TZySeriesInput* Input : FInputs) {
-    if (!Input->IsNeeded() || Input->Vector() == FIndexer.get()) continue;
+    if (!Input->IsNeeded() || (FIndexer != nullptr && Input->Vector() == FIndexer.get())) continue;
     if (Input->Count() == 0) return Format(LoadResString(_sDiagEmpty), {ToString(), Input->PropName()});
     Number = std::min(Number, Input->Count());
   }

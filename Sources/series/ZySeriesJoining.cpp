@@ -97,6 +97,7 @@ void TZySeries::TakeDefaultAxis(IZyAxisGraph& FromGraph) {
 
 void TZySeries::SwapDataVecs() {
   FX.SwapWith(FY);
+  if (FIndexer == nullptr) return;
   if (FX.Vector() == FIndexer.get()) FIndexer->SetRefVector(FY.Vector());
   if (FY.Vector() == FIndexer.get()) FIndexer->SetRefVector(FX.Vector());
 }
@@ -128,6 +129,8 @@ void TZySeries::TestAllAssigned() {
 
 /// The index stands in for a missing coordinate, and is as long as the other one.
 void TZySeries::PointIndexer() {
+  if (HasOwnData(FX) && HasOwnData(FY)) return;
+  if (FIndexer == nullptr) FIndexer = std::make_unique<TZyIndexer>();
   for (TZySeriesInput* Coordinate : {&FX, &FY})
     if (!*Coordinate) Coordinate->Point(FIndexer.get());
   if (!HasOwnData(FX)) FIndexer->SetRefVector(FY.Vector());

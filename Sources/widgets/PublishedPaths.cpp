@@ -113,6 +113,19 @@ QVariant ReadPublished(TPersistent& Object, std::string_view Path) {
                                         : QVariant(static_cast<int>(Value.AsInteger()));
 }
 
+bool IsPublishedStored(TPersistent& Object, std::string_view Path) {
+  TPersistent* Present = &Object;
+  for (std::string_view Rest = Path; Present != nullptr;) {
+    const std::size_t Point = Rest.find('.');
+    const TPropInfo* const Info = GetPropInfo(*Present, Rest.substr(0, Point));
+    if (Info == nullptr || !Info->IsStored(*Present)) return false;
+    if (Point == std::string_view::npos) return true;
+    Present = Info->Kind == TPropKind::Class ? Info->GetObject(*Present) : nullptr;
+    Rest.remove_prefix(Point + 1);
+  }
+  return false;
+}
+
 bool WritePublished(TPersistent& Object, std::string_view Path, const QVariant& Value) {
   const auto [Holder, Info] = Find(Object, Path);
   if (Info == nullptr) return false;

@@ -27,6 +27,8 @@ std::vector<TPublishedPath> PublishedPaths(TPersistent& Object, const std::vecto
 
 /// The value at a path; invalid when there is none.
 QVariant ReadPublished(TPersistent& Object, std::string_view Path);
+/// Whether the property, and each that it is part of, is stored for the objects as they are; see TPropInfo::StoredIf.
+bool IsPublishedStored(TPersistent& Object, std::string_view Path);
 /// Writes through the property's setter; false when there is none at that path. Throws EConvertError or ERangeError,
 /// with the property's name, for a value that does not fit.
 bool WritePublished(TPersistent& Object, std::string_view Path, const QVariant& Value);

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "annotations/ZyLegend.h"
+#include "annotations/ZyMovable.h"
 #include "looks/ZyLook.h"
 #include "looks/ZyPaletteLook.h"
 #include "platform/drawing/QtText.h"
@@ -165,8 +166,15 @@ TControl* ZyChartWidget::Legend(bool Make) {
   Result->SetParent(&Graph());
   Result->SetGraph(&Graph());
   Result->SetPosition(TZyLegendPosition::RightCenterOfAxis);
-  if (const std::optional<TZyLook> Present = LookOf(FLook)) ApplyLook(*Result, *Present);
+  GiveLook(*Result);
   return Result;
+}
+
+void ZyChartWidget::GiveLook(TControl& Part) const {
+  const std::optional<TZyLook> Present = LookOf(FLook);
+  if (!Present) return;
+  if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(&Part)) ApplyLook(*Legend, *Present);
+  if (auto* const Marker = dynamic_cast<TZyMovable*>(&Part)) ApplyLook(*Marker, *Present);
 }
 
 // --- What the mouse is over -----------------------------------------------------------------------------------------
@@ -196,6 +204,7 @@ void ZyChartWidget::HoversAt(const std::optional<QPoint>& Place) {
   FHoveredIndex = Index;
   emit pointHovered(Hit.Found ? Hit.InSeries : nullptr, Index);
 }
+
 
 void ZyChartWidget::Join(TZySeries& Series, TZyCustomDoubleVector* X, TZyCustomDoubleVector* Y) {
   constexpr std::size_t Prefix = 3;  // of the names of classes

@@ -50,6 +50,7 @@ class ZyChartWidget : public ZyCustomChartWidget {
     return Series;
   }
   void ShowSamples() override;
+  void GiveLook(TControl& Part) const override;
 
  signals:
   /// A gesture of the user that may zoom has begun. A frame that comes to nothing has no end.

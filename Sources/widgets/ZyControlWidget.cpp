@@ -58,7 +58,10 @@ TPersistent* ZyControlWidget::RootOf(std::string&, bool) { return FControl; }
 
 std::vector<std::string> ZyControlWidget::PropertyPaths() const {
   std::vector<std::string> Result;
-  for (const TPublishedPath& Each : PublishedPaths(*FControl, Parts())) Result.push_back(Each.Path);
+  std::string None;
+  TPersistent* const Root = const_cast<ZyControlWidget*>(this)->RootOf(None, false);
+  if (Root == nullptr) return Result;
+  for (const TPublishedPath& Each : PublishedPaths(*Root, Parts())) Result.push_back(Each.Path);
   return Result;
 }
 
@@ -76,6 +79,12 @@ bool ZyControlWidget::SetPropertyAt(const QString& Path, const QVariant& Value) 
     IsSet = Root != nullptr && WritePublished(*Root, Rest, Value);
   });
   return IsSet;
+}
+
+bool ZyControlWidget::IsStoredAt(const QString& Path) const {
+  std::string Rest = Path.toStdString();
+  TPersistent* const Root = const_cast<ZyControlWidget*>(this)->RootOf(Rest, false);
+  return Root != nullptr && IsPublishedStored(*Root, Rest);
 }
 
 /// Forms set published properties as dynamic ones. These are taken off again: the toolkit does not tell of a value that

@@ -38,11 +38,18 @@ class ZyControlWidget : public QWidget {
   Q_INVOKABLE QVariant PropertyAt(const QString& Path) const;
   /// Writes it; false for a path that leads nowhere, or a value that does not fit, which errorOccurred tells.
   Q_INVOKABLE bool SetPropertyAt(const QString& Path, const QVariant& Value);
+  /// Whether the value counts now, where it is another one than a new control has: a font that is the parent's, for
+  /// one, does not.
+  bool IsStoredAt(const QString& Path) const;
 
   /// For the designer: gives an empty control something to show, and has parts be there, seen or not, so that their
   /// properties can be edited.
   virtual void ShowSamples() {}
   virtual void MakeParts() {}
+  /// Whether a property is a place that the mouse gives, and forms store in any case.
+  virtual bool IsPlace(const QString& /*Path*/) const { return false; }
+  /// The chart widget that gives this one its look, null for none.
+  virtual ZyControlWidget* LooksLike() const { return nullptr; }
 
  signals:
   /// An exception in an event or a paint of the control, or a property that could not be set. While nothing is

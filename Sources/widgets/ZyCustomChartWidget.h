@@ -43,6 +43,8 @@ class ZyCustomChartWidget : public ZyControlWidget {
 
   std::vector<std::string> PropertyPaths() const override;
   void MakeParts() override;
+  /// Gives a legend or a marker that comes later the look that the chart was given.
+  virtual void GiveLook(TControl& /*Part*/) const {}
 
   QSize sizeHint() const override { return {480, 320}; }
   QSize minimumSizeHint() const override { return {80, 60}; }

@@ -98,6 +98,7 @@ void ZyPieWidget::ShowSamples() {
   TZyDoubleVector* const Numbers = Values();
   if (Numbers == nullptr || Numbers->Count() > 0) return;
   Numbers->AddRange({45, 30, 15, 10});
+  for (const char* Text : {"A", "B", "C", "D"}) Graph().Captions()->Add(Text);
 }
 
 }  // namespace zy

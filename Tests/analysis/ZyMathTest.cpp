@@ -4,7 +4,11 @@
 
 #include <climits>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <limits>
+#include <random>
 #include <tuple>
 #include <utility>
 
@@ -48,6 +52,15 @@ TEST(ZyMathTest, ExponentsAndDigitsAreThoseOfThePrintedNumber) {
   for (const auto& [Value, Exponent, Digits] : Cases) {
     EXPECT_EQ(Real10thExponent(Value), Exponent) << Value;
     EXPECT_EQ(LastSignificant(Value), Digits) << Value;
+  }
+  std::mt19937_64 Random(5);
+  for (int i = 0; i < 20'000; ++i) {
+    const double Power = std::pow(10.0, std::uniform_int_distribution<int>(-40, 40)(Random));
+    const double Value = i % 2 == 0 ? Power * std::uniform_real_distribution<double>(0.99999, 1.00001)(Random)
+                                    : -Power * std::uniform_real_distribution<double>(1, 10)(Random);
+    char Printed[40];
+    std::snprintf(Printed, sizeof Printed, "%.6e", Value);
+    ASSERT_EQ(Real10thExponent(Value), std::atoi(std::strchr(Printed, 'e') + 1)) << Printed;
   }
 }
 

@@ -11,7 +11,9 @@
 #include <random>
 #include <vector>
 
+#include "platform/drawing/ZyRasterThinQueue.h"
 #include "platform/drawing/ZySymbolStamps.h"
+#include "platform/framework/TCrew.h"
 
 namespace zy {
 namespace {
@@ -215,6 +217,76 @@ TEST(ZyRasterThin, LooksAsTheToolkitDrawsIt) {
       Painter.drawPolyline(ToQt(Points));
     });
   }
+}
+
+/// As many processors as the machine may not have.
+class TProcessors {
+ public:
+  explicit TProcessors(int Count) { TCrew::SetProcessors(Count); }
+  ~TProcessors() { TCrew::SetProcessors(0); }
+};
+
+/// Lines of every slope, length and colour, within the picture, across its edges and far beyond.
+std::vector<TPoints> ManyLines(const TCanvas& Canvas) {
+  std::mt19937 Random(3);
+  const auto Between = [&](float Low, float High) { return std::uniform_real_distribution<float>(Low, High)(Random); };
+  const auto Width = static_cast<float>(Canvas.Width()), Height = static_cast<float>(Canvas.Height());
+  std::vector<TPoints> Result;
+  for (int i = 0; i < 300; ++i) {
+    const float Reach = i % 7 == 0 ? 1e4f : i % 3 == 0 ? 40 : -5, Step = Between(0.2f, 30), Slope = Between(0, 2);
+    TPoints& Line = Result.emplace_back();
+    float X = Between(-Reach, Width + Reach);
+    for (int k = 0; k < 200; ++k) {
+      X = i % 2 == 0 ? Between(-Reach, Width + Reach) : X < Width ? X + Step : -Reach;
+      const float Level = Line.empty() || k % 9 == 0 ? Between(-Reach, Height + Reach) : Line.back().Y;
+      Line.push_back({X, i % 5 == 0 ? Level : Level + Between(-Slope, Slope) * Step});
+    }
+  }
+  return Result;
+}
+
+TEST(ZyRasterThin, AllProcessorsDrawThePixelsOfOne) {
+  TCanvas One(700, 300), All(700, 300);
+  const std::vector<TPoints> Each = ManyLines(One);
+  const TRasterClip Clip{{3, 5, 690, 290}};
+  const auto Draw = [&](TCanvas& Canvas, TRasterThinQueue* Queue) {
+    for (std::size_t i = 0; i < Each.size(); ++i)
+      TZyRaster(Canvas.Target(), Clip)
+          .ThinLine(Each[i], i % 4 == 0 ? 0.6f : 1, TRasterCap::Square,
+                    static_cast<std::uint32_t>(0x00335511 * i) | (i % 3 == 0 ? 0x50000000u : 0xFF000000u), Queue);
+  };
+  Draw(One, nullptr);
+  for (const int Count : {1, 2, 5, 64}) {
+    const TProcessors Processors(Count);
+    TRasterThinQueue Queue;
+    for (int Round = 0; Round < 2; ++Round) {  // the second one finds the memory of the first
+      for (int Y = 0; Y < All.Height(); ++Y) std::fill_n(&All.At(0, Y), All.Width(), 0u);
+      Draw(All, &Queue);
+      Queue.Finish();
+      EXPECT_TRUE(Queue.IsEmpty());
+      for (int Y = 0; Y < All.Height(); ++Y)
+        ASSERT_TRUE(std::equal(&One.At(0, Y), &One.At(0, Y) + One.Width(), &All.At(0, Y)))
+            << "row " << Y << " by " << Count;
+    }
+  }
+}
+
+TEST(ZySymbolStamps, AllProcessorsDrawThePixelsOfOne) {
+  TCanvas One(300, 200), All(300, 200);
+  std::mt19937 Random(4);
+  std::uniform_real_distribution<float> X(-20, 320), Y(-20, 220);
+  TPoints Places(20'000);
+  for (PointF& Place : Places) Place = {X(Random), Y(Random)};
+  const auto Paint = [](const TRasterTarget& Stamp, PointF Anchor) {
+    TZyRaster(Stamp, {{0, 0, Stamp.Width, Stamp.Height}})
+        .FillBox(Anchor.X - 4, Anchor.Y - 3, Anchor.X + 5, Anchor.Y + 9, 0x60FF0080 ^ static_cast<unsigned>(Anchor.X));
+  };
+  for (const auto& [Canvas, Count] : {std::pair(&One, 1), std::pair(&All, 3)}) {
+    const TProcessors Processors(Count);
+    TZySymbolStamps().Draw(Canvas->Target(), Canvas->Clip(), "box", {-5, -4, 12, 15}, Places, Paint);
+  }
+  for (int Row = 0; Row < One.Height(); ++Row)
+    ASSERT_TRUE(std::equal(&One.At(0, Row), &One.At(0, Row) + One.Width(), &All.At(0, Row))) << "row " << Row;
 }
 
 TEST(ZyRasterFill, LooksAsTheToolkitDrawsIt) {

@@ -17,16 +17,20 @@
 #include <utility>
 #include <vector>
 
+#include "annotations/ZyCrossHair.h"
 #include "annotations/ZyLegend.h"
 #include "annotations/ZyLineMarkers.h"
 #include "dialogs/widgets/ZyPickWidgets.h"
 #include "persistence/ZyIO.h"
+#include "pie/ZyPieLegend.h"
 #include "platform/controls/TApplication.h"
 #include "platform/framework/TStream.h"
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "texts/Exceptions.h"
 #include "widgets/PublishedPaths.h"
+#include "widgets/ZyLegendWidgets.h"
+#include "widgets/ZyMarkerWidgets.h"
 #include "widgets/ZyPieWidget.h"
 
 namespace zy::testing {
@@ -330,6 +334,87 @@ TEST_F(ZyChartWidgetTest, PrintsAndShowsSamplesOnlyInAnEmptyChart) {
   EXPECT_EQ(Hovered, 2);
   Send(QEvent::MouseMove, {1, 1}, Qt::NoButton, Pie.Graph());
   EXPECT_EQ(Hovered, -1);
+}
+
+TEST_F(ZyChartWidgetTest, MarkersAreChildrenOfTheChart) {
+  auto* const Instant = new ZyVerticalMarkerWidget(FChart);
+  Instant->setGeometry(3, 3, 50, 50);
+  Instant->setProperty("X", 0.5);
+  Instant->show();
+  Settle();
+  TZyGraph2D& Graph = FChart->Graph();
+  const auto PixelOf = [&](double Value) { return static_cast<int>(Graph.PrimaryXAxis()->NumberToWorld(Value)); };
+  EXPECT_EQ(Instant->Control()->X(), 0.5) << "whatever the form's geometry was";
+  EXPECT_NEAR(Instant->geometry().center().x(), PixelOf(0.5), 1);
+  FWindow.resize(700, 400);
+  Settle();
+  EXPECT_NEAR(Instant->geometry().center().x(), PixelOf(0.5), 1);
+  int Moved = 0;
+  QObject::connect(Instant, &ZyMarkerWidget::moved, Instant, [&Moved] { ++Moved; });
+  EXPECT_EQ(FChart->childAt(PixelOf(0.5), 150), Graph.Widget()) << "the mouse goes through";
+  Drag({PixelOf(0.5), 150}, {PixelOf(1.5), 150});
+  EXPECT_EQ(Moved, 1);
+  EXPECT_NEAR(Instant->PropertyAt("X").toDouble(), 1.5, 0.02);
+  Instant->hide();
+  EXPECT_FALSE(Instant->Control()->Visible());
+  TMemoryStream Stream;
+  FChart->Graph().WriteTo(Stream);
+  Stream.SetPosition(0);
+  FChart->Graph().ReadFrom(Stream);
+  ASSERT_NE(Instant->Control(), nullptr) << "no part of the record";
+  Instant->setParent(&FWindow);
+  EXPECT_EQ(Instant->Control()->XAxis(), nullptr);
+  EXPECT_EQ(Instant->ChartWidget(), nullptr);
+  Instant->setParent(FChart);
+  EXPECT_EQ(Instant->Control()->XAxis(), Graph.PrimaryXAxis());
+  const QPointer<ZyCrossHairWidget> Cross = new ZyCrossHairWidget(FChart);
+  delete Cross->Control();
+  EXPECT_FALSE(Cross->PropertyAt("X").isValid() || Cross->SetPropertyAt("X", 1));
+  delete FChart;
+  EXPECT_EQ(Cross, nullptr);
+}
+
+TEST_F(ZyChartWidgetTest, LegendsStandOnChartsOrBesideThem) {
+  ZyChartWidget Other;
+  FChart->setObjectName("first");
+  FChart->setLook(ZyChartWidget::DarkLook);
+  auto* const On = new ZyLegendWidget(FChart);
+  On->setGeometry(40, 30, 10, 10);
+  On->show();
+  Settle();
+  EXPECT_EQ(On->pos(), QPoint(40, 30));
+  EXPECT_EQ(On->Control()->Left(), 40);
+  EXPECT_GT(On->width(), 60) << "as large as its items";
+  EXPECT_EQ(On->Control()->BackColor(), FChart->Graph().BackColor()) << "the look came before";
+  On->setPosition(ZyLegendWidget::TopCenterOfGraph);
+  FWindow.grab();
+  Settle();
+  EXPECT_NEAR(On->geometry().center().x(), FChart->width() / 2, 1);
+  EXPECT_LT(On->y(), 30);
+  auto* const Beside = new ZyLegendWidget(&FWindow);
+  EXPECT_EQ(Beside->Listed(), FChart) << "the nearest";
+  Beside->setChart("none");
+  EXPECT_EQ(Beside->Listed(), nullptr);
+  Beside->setChart("first");
+  FChart->setObjectName("renamed");
+  EXPECT_EQ(Beside->chart(), "renamed");
+  FWindow.layout()->addWidget(Beside);
+  FWindow.grab();
+  Settle();
+  EXPECT_EQ(Beside->Control()->Items().size(), 1u);
+  EXPECT_GT(Beside->sizeHint().width(), 60);
+  const int Before = Beside->sizeHint().height();
+  FChart->AddSeries<TZyLineSeries>(nullptr, FValues);
+  Settle();
+  FWindow.grab();
+  EXPECT_GT(Beside->sizeHint().height(), Before) << "one more";
+  ZyPieWidget Pie;
+  auto* const Segments = new ZyPieLegendWidget(&Pie);
+  EXPECT_EQ(Segments->Control()->PieChart(), &Pie.Graph());
+  EXPECT_EQ((new ZyLegendWidget(&Pie))->Listed(), nullptr) << "another kind of chart";
+  delete FChart;
+  EXPECT_EQ(Beside->Listed(), nullptr);
+  Beside->grab();
 }
 
 TEST_F(ZyChartWidgetTest, ControlsAreTiedToChartsByTheirNames) {

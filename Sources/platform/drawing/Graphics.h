@@ -107,6 +107,10 @@ class Graphics {
   /// is to be drawn until ReleaseHDC, which puts the painter back as it was.
   QPainter* GetHDC() { return FBackend->GetHDC(FState); }
   void ReleaseHDC() { FBackend->ReleaseHDC(); }
+  /// From now on until it is called with false, thin lines may be drawn as late as anything else is, or at the end: by
+  /// all processors of the machine, when there are many. The picture of a bitmap is not to be looked at in between. Use
+  /// TLineGatherer.
+  void GatherLines(bool Gathers) { FBackend->GatherLines(Gathers); }
   /// Gives every pixel within the clip this colour, alpha included; nothing of what was there shines through.
   void Clear(ARGB Color);
 

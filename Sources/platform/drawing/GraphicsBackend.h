@@ -92,6 +92,8 @@ class TGraphicsBackend {
   /// Fills a shape that does not overlap itself many times; see Graphics::FillTrail. False when the target has no
   /// quicker way than one by one.
   virtual bool FillTrail(const TDrawState&, const Brush&, const TShape&, PointF, int) { return false; }
+  /// See Graphics::GatherLines.
+  virtual void GatherLines(bool) {}
   /// See Graphics::GetHDC.
   virtual QPainter* GetHDC(const TDrawState&) { return nullptr; }
   virtual void ReleaseHDC() {}

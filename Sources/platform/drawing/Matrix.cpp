@@ -37,13 +37,6 @@ bool Matrix::IsTranslation() const {
   return FElements[0] == 1 && FElements[1] == 0 && FElements[2] == 0 && FElements[3] == 1;
 }
 
-PointF Matrix::TransformPoint(PointF Point) const {
-  const double X = Point.X;
-  const double Y = Point.Y;
-  return {static_cast<float>(X * FElements[0] + Y * FElements[2] + FElements[4]),
-          static_cast<float>(X * FElements[1] + Y * FElements[3] + FElements[5])};
-}
-
 void Matrix::Multiply(const Matrix& Other, MatrixOrder Order) {
   *this = Order == MatrixOrderPrepend ? Chain(Other, *this) : Chain(*this, Other);
 }

@@ -23,7 +23,11 @@ class Matrix {
   const std::array<double, 6>& Elements() const { return FElements; }
   /// Whether it is a translation or nothing at all.
   bool IsTranslation() const;
-  PointF TransformPoint(PointF Point) const;
+  PointF TransformPoint(PointF Point) const {
+    const double X = Point.X, Y = Point.Y;
+    return {static_cast<float>(X * FElements[0] + Y * FElements[2] + FElements[4]),
+            static_cast<float>(X * FElements[1] + Y * FElements[3] + FElements[5])};
+  }
   /// The factor by which it enlarges every length, 0 when different directions are treated differently.
   double UniformScale() const;
   /// A copy, for callers that keep one by pointer.

@@ -36,7 +36,10 @@ TPainterBackend::TPainterBackend(Bitmap& Target)
 
 TPainterBackend::TPainterBackend(QPainter& Target) : FPainter(&Target) { Begin(); }
 
-TPainterBackend::~TPainterBackend() { FPainter->restore(); }
+TPainterBackend::~TPainterBackend() {
+  Settle();
+  FPainter->restore();
+}
 
 // The painter as it came stays on its own stack throughout: its clip cannot be widened, only gone back to.
 void TPainterBackend::Begin() {
@@ -101,6 +104,7 @@ bool TPainterBackend::IsBox(const Region::TPart& Part) const {
 
 /// Gives the toolkit's painter the clip, once it is to draw.
 void TPainterBackend::ClipPainter() {
+  Settle();
   if (FIsPainterClipped) return;
   FIsPainterClipped = true;
   FPainter->restore();
@@ -153,7 +157,7 @@ void TPainterBackend::PaintLayer(const TDrawState& State, TGrid Grid, const std:
   const auto Left = static_cast<float>(FClipBox.Left), Top = static_cast<float>(FClipBox.Top);
   const auto Right = static_cast<float>(FClipBox.Right), Bottom = static_cast<float>(FClipBox.Bottom);
   const PointF Corners[] = {{Left, Top}, {Right, Top}, {Right, Bottom}, {Left, Bottom}};
-  TZyRaster(TargetOf(*FImage), RasterClip())
+  TZyRaster(SettledPixels(), RasterClip())
       .FillPolygon(Corners, true, TPicturePaint(std::move(Layer), FClipBox.Left, FClipBox.Top));
 }
 
@@ -331,6 +335,7 @@ QPainter* TPainterBackend::GetHDC(const TDrawState& State) {
 void TPainterBackend::ReleaseHDC() { FPainter->restore(); }
 
 void TPainterBackend::ClearThroughMask(ARGB Color) {
+  Settle();
   const ARGB Premultiplied = qPremultiply(Color);
   for (int Y = FClipBox.Top; Y < FClipBox.Bottom; ++Y) {
     auto* const Row = reinterpret_cast<QRgb*>(FImage->scanLine(Y));

@@ -34,6 +34,7 @@ class TPainterBackend : public TGraphicsBackend {
                   const std::function<void(Graphics&)>& Paint) override;
   bool FillBoxes(const TDrawState& State, const Brush& Brush, std::span<const RectF> Boxes) override;
   bool FillTrail(const TDrawState& State, const Brush& Brush, const TShape& Shape, PointF Step, int Count) override;
+  void GatherLines(bool Gathers) override;
   QPainter* GetHDC(const TDrawState& State) override;
   void ReleaseHDC() override;
 
@@ -52,6 +53,9 @@ class TPainterBackend : public TGraphicsBackend {
   QTransform WorldTransform(const TDrawState& State, TGrid Grid) const;
   Matrix DeviceTransform(const TDrawState& State, TGrid Grid) const;
   TRasterClip RasterClip() const;
+  /// The picture's pixels for whatever is drawn now: what was gathered is in them.
+  TRasterTarget SettledPixels();
+  void Settle();
 
   void DrawPlain(const TDrawState& State, const Pen& Pen, const TShape& Shape);
   bool StrokeByRaster(const TDrawState& State, const Pen& Pen, const TShape& Shape);
@@ -83,6 +87,7 @@ class TPainterBackend : public TGraphicsBackend {
 
   std::unique_ptr<QPainter> FOwnPainter;
   QPainter* FPainter;
+  bool FGathers = false, FHasGathered = false;  // thin lines
   QImage* FImage = nullptr;  // what the painter paints on, when it is a picture that can be written directly
   std::unique_ptr<QTransform> FBase, FDeviceBase;  // the painter's transform as it came; the same to stored pixels
   TRasterRect FOuterBox;                           // what the painter's own clip leaves of the picture

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/LinearPaint.h"
@@ -10,6 +11,7 @@
 #include "platform/drawing/PainterShapes.h"
 #include "platform/drawing/QtGeometry.h"
 #include "platform/drawing/RadialPaint.h"
+#include "platform/drawing/ZyRasterThinQueue.h"
 #include "platform/framework/WideRegisters.h"
 
 namespace zy {
@@ -19,6 +21,12 @@ constexpr std::size_t FewestCornersForRaster = 64;  // of a polygon; below, the 
 
 TRasterCap CapOf(LineCap Cap) {
   return Cap == LineCapSquare ? TRasterCap::Square : Cap == LineCapRound ? TRasterCap::Round : TRasterCap::Flat;
+}
+
+/// The lines that one backend of the thread gathers at a time.
+TRasterThinQueue& Gathered() {
+  thread_local TRasterThinQueue Result;
+  return Result;
 }
 
 TRasterJoin JoinOf(LineJoin Join) {
@@ -91,7 +99,7 @@ bool TPainterBackend::StrokeByRaster(const TDrawState& State, const Pen& Pen, co
   Stroke.Dashes = Dashes;
   const TInk Paint(*this, State, TGrid::Centers, Pen.GetBrush(), Figures, Width * std::max(Pen.GetMiterLimit(), 1.0f));
   if (Paint.Get() == nullptr) return true;
-  TZyRaster Raster(TargetOf(*FImage), RasterClip());
+  TZyRaster Raster(SettledPixels(), RasterClip());
   for (std::span<const PointF> Figure : Figures) {
     Stroke.Closed = Shape.Kind == TShape::Polygon;
     if (Shape.Kind != TShape::Lines && Figure.size() > 2 && Figure.front() == Figure.back()) {
@@ -115,7 +123,7 @@ bool TPainterBackend::StrokeBox(const Pen& Pen, const TShape& Shape, const Matri
   const float AcrossX = A.X == B.X ? Half : Cap, AcrossY = A.X == B.X ? Cap : Half;
   const auto [Left, Right] = std::minmax(A.X, B.X);
   const auto [Top, Bottom] = std::minmax(A.Y, B.Y);
-  TZyRaster(TargetOf(*FImage), RasterClip())
+  TZyRaster(SettledPixels(), RasterClip())
       .FillBox(static_cast<double>(Left - AcrossX), static_cast<double>(Top - AcrossY),
                static_cast<double>(Right + AcrossX), static_cast<double>(Bottom + AcrossY), Solid->GetColor());
   return true;
@@ -132,7 +140,7 @@ bool TPainterBackend::StrokeFrame(const Pen& Pen, const TShape& Shape, const Mat
   if (!CutsCorners && (!IsMiter || Pen.GetMiterLimit() < Sharp)) return false;
   if (!KeepsBoxes(AsQt(Device)) || Shape.Rect.Width == 0 || Shape.Rect.Height == 0) return false;
   const QRectF Box = AsQt(Device).mapRect(AsQt(Shape.Rect)).normalized();
-  TZyRaster(TargetOf(*FImage), RasterClip())
+  TZyRaster(SettledPixels(), RasterClip())
       .FillFrame({Box.left(), Box.top(), Box.right(), Box.bottom()}, static_cast<double>(Width), CutsCorners,
                  Solid->GetColor());
   return true;
@@ -152,8 +160,27 @@ bool TPainterBackend::StrokeThin(const Pen& Pen, const TShape& Shape, const Matr
   for (const PointF& Point : Shape.Points) Points.push_back(Device.TransformPoint(Point));
   if (Shape.Kind == TShape::Polygon) Points.push_back(Points.front());
   const TRasterCap Cap = Shape.Kind == TShape::Polygon ? TRasterCap::Flat : CapOf(Pen.GetEndCap());
-  TZyRaster(TargetOf(*FImage), RasterClip()).ThinLine(Points, Width, Cap, Solid->GetColor());
+  if (!FGathers || !(FHasGathered || Gathered().IsEmpty())) {
+    TZyRaster(SettledPixels(), RasterClip()).ThinLine(Points, Width, Cap, Solid->GetColor());
+    return true;
+  }
+  FHasGathered = true;
+  TZyRaster(TargetOf(*FImage), RasterClip()).ThinLine(Points, Width, Cap, Solid->GetColor(), &Gathered());
   return true;
+}
+
+void TPainterBackend::GatherLines(bool Gathers) {
+  Settle();
+  FGathers = Gathers;
+}
+
+void TPainterBackend::Settle() {
+  if (std::exchange(FHasGathered, false)) Gathered().Finish();
+}
+
+TRasterTarget TPainterBackend::SettledPixels() {
+  Settle();
+  return TargetOf(*FImage);
 }
 
 /// The outline of a path or a sector in a thin, solid line of an opaque colour.
@@ -162,7 +189,7 @@ bool TPainterBackend::StrokeThinOutline(const Pen& Pen, const TShape& Shape, con
   const bool IsOutline = Shape.Kind == TShape::Path || Shape.Kind == TShape::Pie;
   if (Solid == nullptr || !IsOutline || Width != 1 || Pen.GetDashStyle() != DashStyleSolid) return false;
   if (Solid->GetColor() >> 24 != 255) return false;
-  TZyRaster Raster(TargetOf(*FImage), RasterClip());
+  TZyRaster Raster(SettledPixels(), RasterClip());
   for (const std::vector<PointF>& Figure : FiguresOf(Device, Shape)) {
     if (Figure.size() < 2) continue;
     const TRasterCap Cap = Figure.front() == Figure.back() ? TRasterCap::Flat : CapOf(Pen.GetEndCap());
@@ -184,7 +211,7 @@ bool TPainterBackend::FillBox(const TDrawState& State, const Brush& Brush, const
   const auto IsWhole = [](double Value) { return Value == std::floor(Value); };
   const bool FitsPixels = IsWhole(Box.left()) && IsWhole(Box.top()) && IsWhole(Box.right()) && IsWhole(Box.bottom());
   if (!FitsPixels && State.Smoothing == SmoothingModeNone) return false;
-  TZyRaster Raster(TargetOf(*FImage), RasterClip());
+  TZyRaster Raster(SettledPixels(), RasterClip());
   if (Solid != nullptr)
     Raster.FillBox(Box.left(), Box.top(), Box.right(), Box.bottom(), Solid->GetColor());
   else
@@ -209,7 +236,7 @@ bool TPainterBackend::FillBoxes(const TDrawState& State, const Brush& Brush, std
     if (!IsWhole(Box.X) || !IsWhole(Box.Y) || !IsWhole(Box.Width) || !IsWhole(Box.Height)) return false;
     Pixels.push_back(WholePixels(Device.mapRect(AsQt(Box))));
   }
-  TZyRaster(TargetOf(*FImage), RasterClip()).FillBoxes(Pixels, Solid->GetColor());
+  TZyRaster(SettledPixels(), RasterClip()).FillBoxes(Pixels, Solid->GetColor());
   return true;
 }
 
@@ -223,7 +250,7 @@ bool TPainterBackend::FillTrail(const TDrawState& State, const Brush& Brush, con
   const PointF From = Device.TransformPoint({0, 0}), To = Device.TransformPoint(Step);
   const std::span<const std::vector<PointF>> Figures = FiguresOf(Device, Shape);
   const std::vector<std::span<const PointF>> Polygons(Figures.begin(), Figures.end());
-  TZyRaster(TargetOf(*FImage), RasterClip())
+  TZyRaster(SettledPixels(), RasterClip())
       .FillTrail(Polygons, {To.X - From.X, To.Y - From.Y}, Count, Solid->GetColor());
   return true;
 }
@@ -242,7 +269,7 @@ bool TPainterBackend::FillByRaster(const TDrawState& State, const Brush& Brush, 
       Shape.Kind == TShape::Path ? Shape.Outline->GetFillMode() == FillModeWinding : Shape.Mode == FillModeWinding;
   thread_local std::vector<std::span<const PointF>> Polygons;  // kept for its memory
   Polygons.assign(Figures.begin(), Figures.end());
-  TZyRaster(TargetOf(*FImage), RasterClip())
+  TZyRaster(SettledPixels(), RasterClip())
       .FillPolygons(Polygons, Winding, *Paint.Get(), State.Smoothing != SmoothingModeNone);
   return true;
 }

@@ -184,7 +184,7 @@ bool TPainterBackend::DrawSegments(const TDrawState& State, const Pen& Pen, std:
   const std::optional<TSegmentPen> Used = SegmentPenOf(Pen, static_cast<float>(Scale));
   if (!Used) return false;
   Prepare(State);
-  const TRasterTarget Target = TargetOf(*FImage);
+  const TRasterTarget Target = SettledPixels();
   const TRasterClip Clip = RasterClip();
   if (Clip.Box.IsEmpty()) return true;
   constexpr double PixelsPerBox = 40;          // that are summed up in the time of one box

@@ -53,7 +53,7 @@ bool TPainterBackend::DrawStamps(const TDrawState& State, std::string_view Look,
   thread_local TZySymbolStamps Stamps(MostLooks);
   Places.clear();
   for (const PointF& Point : Points) Places.push_back(FromQt(Device).TransformPoint(Point));
-  Stamps.Draw(TargetOf(*FImage), RasterClip(), Key, Room, Places, std::cref(PaintStamp));
+  Stamps.Draw(SettledPixels(), RasterClip(), Key, Room, Places, std::cref(PaintStamp));
   Kept = std::move(Places);
   return true;
 }
@@ -105,7 +105,7 @@ bool TPainterBackend::DrawStringByStamp(const TDrawState& State, std::string_vie
   const PointF Place{static_cast<float>(Anchor.x()), static_cast<float>(Height)};
   constexpr std::size_t MostTexts = 512;
   thread_local TZySymbolStamps Stamps(MostTexts);
-  if (Stamps.DrawMade(TargetOf(*FImage), RasterClip(), Key, Place)) return true;
+  if (Stamps.DrawMade(SettledPixels(), RasterClip(), Key, Place)) return true;
 
   const QFont Face = FaceOf(Font, State.Hint);
   const QString Written = ToShownLine(Text);
@@ -116,7 +116,7 @@ bool TPainterBackend::DrawStringByStamp(const TDrawState& State, std::string_vie
   const QRectF Box = Way.mapRect(Lines.adjusted(-Room, -Room, Room, Room));
   const RectF Extent{static_cast<float>(Box.x()), static_cast<float>(Box.y()), static_cast<float>(Box.width()),
                      static_cast<float>(Box.height())};
-  Stamps.Draw(TargetOf(*FImage), RasterClip(), Key, Extent, {&Place, 1},
+  Stamps.Draw(SettledPixels(), RasterClip(), Key, Extent, {&Place, 1},
               [&](const TRasterTarget& Stamp, PointF StampAnchor) {
                 QImage Picture(reinterpret_cast<uchar*>(Stamp.Pixels), Stamp.Width, Stamp.Height, Stamp.Stride * 4,
                                QImage::Format_ARGB32_Premultiplied);

@@ -13,6 +13,7 @@
 #include "platform/drawing/ZyRasterComb.h"
 #include "platform/drawing/ZyRasterStroke.h"
 #include "platform/drawing/ZyRasterThin.h"
+#include "platform/drawing/ZyRasterThinQueue.h"
 
 namespace zy {
 namespace {
@@ -326,12 +327,16 @@ void TZyRaster::StrokeLines(std::span<const PointF> Points, const TRasterStroke&
   this->Paint(Kept.Cells, true, Alpha, Paint);
 }
 
-void TZyRaster::ThinLine(std::span<const PointF> Points, float Width, TRasterCap Cap, std::uint32_t Color) {
+void TZyRaster::ThinLine(std::span<const PointF> Points, float Width, TRasterCap Cap, std::uint32_t Color,
+                         TRasterThinQueue* Queue) {
   if (FClip.Box.IsEmpty() || !(Width > 0)) return;
   const auto Alpha = static_cast<std::uint32_t>(std::lround(static_cast<float>(Color >> 24) * std::min(Width, 1.0f)));
   std::uint32_t Ink = 0;
   TSolidPaint((Color & 0x00FFFFFF) | Alpha << 24).IsSolid(Ink);
-  TRasterThin(FTarget, FClip.Box, Ink).Line(Points, Cap, Cap);
+  if (Queue != nullptr)
+    Queue->Add(FTarget, FClip.Box, Ink, Points, Cap);
+  else
+    TRasterThin(FTarget, FClip.Box, Ink).Line(Points, Cap, Cap);
 }
 
 namespace {

@@ -9,6 +9,7 @@
 namespace zy {
 
 class TRasterCells;
+class TRasterThinQueue;
 
 /// Premultiplied ARGB32 pixels that somebody else owns. Stride is the distance of two rows in pixels.
 struct TRasterTarget {
@@ -111,8 +112,9 @@ class TZyRaster {
   void StrokeLines(std::span<const PointF> Points, const TRasterStroke& Stroke, const TRasterPaint& Paint);
   /// The line through Points, one pixel wide or thinner, which is paler: segment after segment, as the toolkit draws
   /// thin lines, at a fifth of the cost. Color is 0xAARRGGBB. Corners are not joined, and where a translucent line
-  /// meets itself it is darker. The clip's mask does not count.
-  void ThinLine(std::span<const PointF> Points, float Width, TRasterCap Cap, std::uint32_t Color);
+  /// meets itself it is darker. The clip's mask does not count. With a queue it is drawn when that is finished.
+  void ThinLine(std::span<const PointF> Points, float Width, TRasterCap Cap, std::uint32_t Color,
+                TRasterThinQueue* Queue = nullptr);
   /// The upright box between the edges. The clip's mask does not count.
   void FillBox(double Left, double Top, double Right, double Bottom, const TRasterPaint& Paint);
   /// The same in a colour 0xAARRGGBB that is not premultiplied.

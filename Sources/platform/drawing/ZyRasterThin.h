@@ -18,6 +18,9 @@ class TRasterThin {
   /// Color is premultiplied; Clip lies within the target.
   TRasterThin(const TRasterTarget& Target, const TRasterRect& Clip, std::uint32_t Color);
 
+  /// Draws only the columns from Left up to, but not including, Right: the same pixels as without.
+  TRasterThin(const TRasterTarget& Target, const TRasterRect& Clip, std::uint32_t Color, int Left, int Right);
+
   /// The line through Points, finite device pixels with their corners at integers; caps other than flat ones go on for
   /// half a pixel.
   void Line(std::span<const PointF> Points, TRasterCap StartCap, TRasterCap EndCap);
@@ -26,6 +29,8 @@ class TRasterThin {
   struct TInk {
     TRasterTarget Target;
     TRasterRect Clip;
+    TRasterRect Shown;  // what of it is drawn
+    bool ShowsAll;
     std::uint16_t Alpha;
     std::int16_t Channels[16];  // of the colour, as they lie in four pixels
   };

@@ -4,11 +4,13 @@
 #include <cmath>
 
 #include "platform/drawing/ZyRasterBlend.h"
+#include "platform/framework/TCrew.h"
 
 namespace zy {
 namespace {
 
 constexpr std::size_t MostPixels = std::size_t{4} << 20;
+constexpr std::size_t FewestSpread = 10'000;  // symbols that are shared out among the processors
 constexpr int RowUnit = 4;  // rows of stamps end with transparent pixels, so that they are blended in whole groups
 
 /// The box around the pixels that are not transparent, in a picture of Width columns. What lies within what was found
@@ -27,6 +29,12 @@ TRasterRect InkOf(const std::uint32_t* Row, int Stride, int Width, int Height) {
   return Ink;
 }
 
+/// As std::floor, which is a call where the compiler counts on no more than the oldest processors.
+int FloorOf(float Value) {
+  const auto Whole = static_cast<int>(Value);
+  return Whole - (static_cast<float>(Whole) > Value ? 1 : 0);
+}
+
 /// Whether a large picture is hardly larger than what it shows, so that it is kept as it is.
 bool InkFills(const TRasterRect& Ink, int Stride, int Height) {
   constexpr std::int64_t Large = 1 << 16;
@@ -40,7 +48,7 @@ bool InkFills(const TRasterRect& Ink, int Stride, int Height) {
 TZySymbolStamps::TZySymbolStamps(std::size_t Capacity) : FCapacity(std::max<std::size_t>(Capacity, 1)) {}
 
 TZySymbolStamps::TQuarters::TQuarters(const PointF& Place)
-    : X(static_cast<int>(std::floor(Place.X * 4 + 0.5f))), Y(static_cast<int>(std::floor(Place.Y * 4 + 0.5f))) {}
+    : X(FloorOf(Place.X * 4 + 0.5f)), Y(FloorOf(Place.Y * 4 + 0.5f)) {}
 
 void TZySymbolStamps::Clear() {
   FIndex.clear();
@@ -97,14 +105,37 @@ void TZySymbolStamps::Draw(const TRasterTarget& Target, const TRasterClip& Clip,
                       std::abs(Extent.X) <= LargestExtent && std::abs(Extent.Y) <= LargestExtent;
   if (Within.Box.IsEmpty() || !Usable) return;
   TLook& Used = LookOf(Look);
+  const bool IsSpread = Places.size() >= FewestSpread && TCrew::Processors() > 1;
+  thread_local std::vector<TQuarters> Spread;  // kept for its memory
+  Spread.clear();
   for (const PointF& Place : Places) {
     if (!MayShow(Within.Box, Place)) continue;
     const TQuarters At(Place);
     TStamp& Stamp = Used.Stamps[At.Stamp()];
     if (!Stamp.Made)
       Make(Stamp, Extent, {static_cast<float>(At.X & 3) / 4, static_cast<float>(At.Y & 3) / 4}, PaintSymbol);
-    Blit(Target, Within, Stamp, At.X >> 2, At.Y >> 2);
+    IsSpread ? Spread.push_back(At) : Blit(Target, Within, Stamp, At.X >> 2, At.Y >> 2);
   }
+  if (IsSpread) DrawInLanes(Target, Within, Used, Spread);
+}
+
+/// Draws all in their order, each processor in rows of its own.
+void TZySymbolStamps::DrawInLanes(const TRasterTarget& Target, const TRasterClip& Clip, const TLook& Look,
+                                  std::span<const TQuarters> Places) {
+  TRasterRect Reach{0, 0, 0, 0};
+  for (const TStamp& Stamp : Look.Stamps) {
+    Reach.Top = std::min(Reach.Top, Stamp.Box.Top);
+    Reach.Bottom = std::max(Reach.Bottom, Stamp.Box.Bottom);
+  }
+  const int Lanes = 2 * TCrew::Processors(), Height = Clip.Box.Bottom - Clip.Box.Top;
+  InParallel(Lanes, [&](int Lane) {
+    TRasterClip Own = Clip;
+    Own.Box.Top = Clip.Box.Top + Height * Lane / Lanes;
+    Own.Box.Bottom = Clip.Box.Top + Height * (Lane + 1) / Lanes;
+    for (const TQuarters& At : Places)
+      if ((At.Y >> 2) + Reach.Bottom > Own.Box.Top && (At.Y >> 2) + Reach.Top < Own.Box.Bottom)
+        Blit(Target, Own, Look.Stamps[At.Stamp()], At.X >> 2, At.Y >> 2);
+  });
 }
 
 /// Paints a stamp for anchors with this fraction of a pixel, and trims it.

@@ -63,6 +63,8 @@ class TZySymbolStamps {
   TLook& LookOf(std::string_view Key);
   static bool MayShow(const TRasterRect& Box, const PointF& Place);
   void Make(TStamp& Stamp, const RectF& Extent, PointF Fraction, const TPaintSymbol& PaintSymbol);
+  static void DrawInLanes(const TRasterTarget& Target, const TRasterClip& Clip, const TLook& Look,
+                          std::span<const TQuarters> Places);
   static void Blit(const TRasterTarget& Target, const TRasterClip& Clip, const TStamp& Stamp, int X, int Y);
 
   std::size_t FCapacity;

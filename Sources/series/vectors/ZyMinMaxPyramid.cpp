@@ -4,11 +4,15 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/framework/TCrew.h"
+#include "platform/framework/WiderAsWell.h"
+
 namespace zy {
 namespace {
 
-constexpr std::size_t Block = 64;  // values under a node of the lowest level
-constexpr std::size_t Fan = 16;    // nodes under a node of the others
+constexpr std::size_t Block = 64;                            // values under a node of the lowest level
+constexpr std::size_t Fan = 16;                              // nodes under a node of the others
+constexpr std::size_t NodesOfPiece = 4096, MostPieces = 64;  // of the lowest level, that one processor takes at a time
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
 std::size_t NodesFor(std::size_t Count, std::size_t Size) { return (Count + Size - 1) / Size; }
@@ -19,32 +23,37 @@ int IndexOf(std::span<const double> Values, std::size_t First, double Value) {
   return static_cast<int>(First);
 }
 
-}  // namespace
+struct TScan {
+  double Low, High, Sum;
+};
 
 /// Independent lanes, so that a compiler can work on several values at a time: neither order nor rounding of a sum may
 /// it change by itself. A sum that is not finite tells that some value is not.
-TZyMinMaxPyramid::TNode TZyMinMaxPyramid::ExtremesOf(std::span<const double> Values) {
+ZY_WIDER_AS_WELL TScan ScanOf(const double* Value, std::size_t Count) {
   constexpr std::size_t Lanes = 8;
   double Lows[Lanes], Highs[Lanes], Sums[Lanes];
   std::fill_n(Lows, Lanes, Infinity);
   std::fill_n(Highs, Lanes, -Infinity);
   std::fill_n(Sums, Lanes, 0.0);
-  const auto Take = [&](std::size_t Lane, double Value) {
-    Lows[Lane] = Value < Lows[Lane] ? Value : Lows[Lane];
-    Highs[Lane] = Value > Highs[Lane] ? Value : Highs[Lane];
-    Sums[Lane] += Value;
+  const auto Take = [&](std::size_t Lane, double Low, double High, double Sum) {
+    Lows[Lane] = Low < Lows[Lane] ? Low : Lows[Lane];
+    Highs[Lane] = High > Highs[Lane] ? High : Highs[Lane];
+    Sums[Lane] += Sum;
   };
-  const double* Value = Values.data();
-  std::size_t Left = Values.size();
-  for (; Left >= Lanes; Left -= Lanes, Value += Lanes)
-    for (std::size_t Lane = 0; Lane < Lanes; ++Lane) Take(Lane, Value[Lane]);
-  for (std::size_t Lane = 0; Lane < Left; ++Lane) Take(Lane, Value[Lane]);
-  TNode Node{Infinity, -Infinity, 0};
-  for (std::size_t Lane = 0; Lane < Lanes; ++Lane) {
-    Node.Low = std::min(Node.Low, Lows[Lane]);
-    Node.High = std::max(Node.High, Highs[Lane]);
-    Node.Sum += Sums[Lane];
-  }
+  for (; Count >= Lanes; Count -= Lanes, Value += Lanes)
+    for (std::size_t Lane = 0; Lane < Lanes; ++Lane) Take(Lane, Value[Lane], Value[Lane], Value[Lane]);
+  for (std::size_t Lane = 0; Lane < Count; ++Lane) Take(Lane, Value[Lane], Value[Lane], Value[Lane]);
+  for (std::size_t Half = Lanes / 2; Half > 0; Half /= 2)
+    for (std::size_t Lane = 0; Lane < Half; ++Lane)
+      Take(Lane, Lows[Lane + Half], Highs[Lane + Half], Sums[Lane + Half]);
+  return {Lows[0], Highs[0], Sums[0]};
+}
+
+}  // namespace
+
+TZyMinMaxPyramid::TNode TZyMinMaxPyramid::ExtremesOf(std::span<const double> Values) {
+  const TScan Scan = ScanOf(Values.data(), Values.size());
+  TNode Node{Scan.Low, Scan.High, Scan.Sum};
   if (std::isfinite(Node.Sum)) return Node;
   Node = {Infinity, -Infinity, 0};
   for (const double Each : Values) {
@@ -83,8 +92,13 @@ void TZyMinMaxPyramid::Refresh(std::span<const double> Values) {
   std::size_t Nodes = NodesFor(Count, Block);
   if (FLevels.empty()) FLevels.emplace_back();
   FLevels[0].resize(Nodes);
-  for (std::size_t Node = First; Node < Last; ++Node)
-    FLevels[0][Node] = ExtremesOf(Values.subspan(Node * Block, std::min(Block, Count - Node * Block)));
+  const std::size_t Pieces = std::clamp<std::size_t>((Last - First) / NodesOfPiece, 1, MostPieces);
+  InParallel(static_cast<int>(Pieces), [&](int Piece) {
+    const auto Edge = [&](std::size_t i) { return First + (Last - First) * i / Pieces; };
+    for (std::size_t Node = Edge(static_cast<std::size_t>(Piece)); Node < Edge(static_cast<std::size_t>(Piece) + 1);
+         ++Node)
+      FLevels[0][Node] = ExtremesOf(Values.subspan(Node * Block, std::min(Block, Count - Node * Block)));
+  });
   std::size_t Level = 0;
   for (; Nodes > Fan; ++Level) {
     const std::size_t Above = NodesFor(Nodes, Fan);

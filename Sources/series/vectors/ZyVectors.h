@@ -24,10 +24,10 @@ class TZyGrowingArray {
  public:
   /// NewCount is the first capacity and the step of growth; 128 when it is below 1.
   explicit TZyGrowingArray(int NewCount = 0)
-      : FIncrement(NewCount < 1 ? DefaultIncrement : NewCount), FArray(static_cast<std::size_t>(FIncrement)) {}
+      : FIncrement(NewCount < 1 ? DefaultIncrement : NewCount), FCapacity(FIncrement) {}
 
   int Count() const { return FCount; }
-  int Capacity() const { return static_cast<int>(FArray.size()); }
+  int Capacity() const { return FCapacity; }
   /// Throws ERangeError outside 0 to Count - 1.
   const T& GetValue(int i) const {
     if (i < 0 || i >= FCount) detail::VectorIndexOutOfRange(i);
@@ -54,10 +54,9 @@ class TZyGrowingArray {
   }
   /// Makes room for, and extends the vector to, so many elements.
   void CheckCount(int NewCount) {
-    if (Capacity() < NewCount) {
-      const int Steps = (NewCount - Capacity() + FIncrement - 1) / FIncrement;
-      FArray.resize(FArray.size() + static_cast<std::size_t>(Steps) * static_cast<std::size_t>(FIncrement));
-    }
+    if (FCapacity < NewCount) FCapacity += (NewCount - FCapacity + FIncrement - 1) / FIncrement * FIncrement;
+    if (FCount < NewCount && FArray.size() < static_cast<std::size_t>(FCapacity))
+      FArray.resize(static_cast<std::size_t>(FCapacity));
     FCount = std::max(FCount, NewCount);
   }
   /// Number elements more, to be written; valid until the vector grows.
@@ -68,12 +67,14 @@ class TZyGrowingArray {
   }
   /// Only grows.
   void SetCapacity(int Value) {
-    if (Value > Capacity()) FArray.resize(static_cast<std::size_t>(Value));
+    if (Value <= FCapacity) return;
+    FArray.resize(static_cast<std::size_t>(Value));
+    FCapacity = Value;
   }
   /// Makes capacity and count exactly this.
   void SetCount(int Value) {
-    FArray.resize(static_cast<std::size_t>(std::max(Value, 0)));
-    FCount = Capacity();
+    FCount = FCapacity = std::max(Value, 0);
+    FArray.resize(static_cast<std::size_t>(FCount));
   }
   /// The elements in use; valid until the vector grows.
   std::span<const T> Values() const { return {FArray.data(), static_cast<std::size_t>(FCount)}; }
@@ -90,7 +91,8 @@ class TZyGrowingArray {
 
   int FCount = 0;
   int FIncrement;
-  std::vector<T> FArray;
+  int FCapacity;
+  std::vector<T> FArray;  // empty until the first element comes
 };
 
 /// Booleans of one byte each.
