@@ -205,7 +205,6 @@ void ZyChartWidget::HoversAt(const std::optional<QPoint>& Place) {
   emit pointHovered(Hit.Found ? Hit.InSeries : nullptr, Index);
 }
 
-
 void ZyChartWidget::Join(TZySeries& Series, TZyCustomDoubleVector* X, TZyCustomDoubleVector* Y) {
   constexpr std::size_t Prefix = 3;  // of the names of classes
   Series.SetName(Owner().FirstFreeName(Series.ClassName() + Prefix));
