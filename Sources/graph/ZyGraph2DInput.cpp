@@ -19,17 +19,22 @@ void TZyGraph2D::MouseMove(TShiftState Shift, int X, int Y) {
 }
 
 void TZyGraph2D::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
-  if (FGestures.MouseUp(Button)) TZyCustomGraph::MouseUp(Button, Shift, X, Y);
+  const std::uint64_t Alive = LiveHandle();
+  if (FGestures.MouseUp(Button) && FromLiveHandle(Alive) != nullptr) TZyCustomGraph::MouseUp(Button, Shift, X, Y);
 }
 
+// An heir may tell of the way back, and may be freed for it.
+
 void TZyGraph2D::Click() {
+  const std::uint64_t Alive = LiveHandle();
   FGestures.Click();
-  TZyCustomGraph::Click();
+  if (FromLiveHandle(Alive) != nullptr) TZyCustomGraph::Click();
 }
 
 void TZyGraph2D::DblClick() {
+  const std::uint64_t Alive = LiveHandle();
   FGestures.DblClick();
-  TZyCustomGraph::DblClick();
+  if (FromLiveHandle(Alive) != nullptr) TZyCustomGraph::DblClick();
 }
 
 // The application's handler comes first and may free the chart.

@@ -3,6 +3,7 @@
 #include <QMetaMethod>
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -183,7 +184,7 @@ void ZyChartWidget::ClickedAt(const QPoint& Place) {
   const auto [Clicked, Item] = Asked(TLegendItem(), [&] { return LegendItemAt(Place); });
   if (const auto* const Legend = dynamic_cast<TZyLegend*>(Clicked)) {
     const std::vector<TZySeries*> Items = Legend->Items();
-    TZySeries* const Series = Item < 0 ? nullptr : Items[static_cast<std::size_t>(Item)];
+    TZySeries* const Series = Item < 0 || Item >= std::ssize(Items) ? nullptr : Items[static_cast<std::size_t>(Item)];
     if (Series != nullptr) emit legendItemClicked(Series);
     return;
   }

@@ -29,6 +29,20 @@ auto Asked(F Ask) {
   return Result;
 }
 
+/// Knows whether somebody reads the screen, who may come and go while the application runs.
+class TReaders : public QAccessible::ActivationObserver {
+ public:
+  static bool AreThere() {
+    static const TReaders& Only = *new TReaders;  // which the toolkit's list of observers may outlive
+    return Only.FAreThere;
+  }
+  void accessibilityActiveChanged(bool IsActive) override { FAreThere = IsActive; }
+
+ private:
+  TReaders() { QAccessible::installActivationObserver(this); }
+  bool FAreThere = QAccessible::isActive();
+};
+
 void Tell(QAccessibleInterface& Node, QAccessible::Event Event) {
   QAccessibleEvent Told(&Node, Event);
   QAccessible::updateAccessibility(&Told);
@@ -346,7 +360,7 @@ void TellScreenReaders(QWidget& Widget, const TWinControl& Control) {
 }
 
 void TellScreenReadersOfPaint(QWidget& Widget) {
-  if (!QAccessible::isActive()) return;
+  if (!TReaders::AreThere()) return;
   if (auto* const Node = dynamic_cast<TWindowNode*>(QAccessible::queryAccessibleInterface(&Widget))) Node->NoteChange();
 }
 
