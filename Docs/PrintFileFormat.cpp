@@ -10,6 +10,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Charts.h"
@@ -73,8 +74,8 @@ TTables AllTables() {
     for (const TClassInfo* Class = &Component->ClassInfo(); Class != nullptr; Class = Class->Parent()) ++Result;
     return Result;
   };
-  std::ranges::sort(Components, {}, Name);
-  std::ranges::stable_sort(Components, {}, Depth);
+  std::ranges::sort(Components, {},
+                    [&](const auto& Component) { return std::pair(Depth(Component), Name(Component)); });
   for (const std::unique_ptr<TComponent>& Component : Components)
     Add(Tables, Component->ClassInfo(), dynamic_cast<TZyRecord&>(*Component));
   return Tables;

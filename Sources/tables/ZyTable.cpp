@@ -86,7 +86,8 @@ const std::string& TZyTable::MissingIndex() {
 }
 
 /// What the drivers tell of is the primary key alone; the rest is in tables of the engines' own. An index counts that
-/// begins with X and finds stretches of it in all rows: no partial one, and none that is hashed, half made or of blocks.
+/// begins with X and finds stretches of it in all rows: no partial one, and none that is hashed, half made or of
+/// blocks.
 bool TZyTable::HasIndex() const {
   const QString X = ToQt(FFields.X);
   const QStringList Key = FConnection.PrimaryKey(ToQt(FQuoted.Table));
@@ -103,7 +104,8 @@ bool TZyTable::HasIndex() const {
   } else {
     Statement =
         "SELECT (SELECT COUNT(*) FROM pg_index i JOIN pg_attribute a ON a.attrelid = i.indrelid AND a.attnum = "
-        "i.indkey[0] JOIN pg_class o ON o.oid = i.indexrelid JOIN pg_am m ON m.oid = o.relam WHERE i.indrelid = c.oid AND "
+        "i.indkey[0] JOIN pg_class o ON o.oid = i.indexrelid JOIN pg_am m ON m.oid = o.relam WHERE i.indrelid = c.oid "
+        "AND "
         "a.attname = ? AND i.indisvalid AND i.indpred IS NULL AND m.amname = 'btree') + CASE WHEN c.relkind IN "
         "('r', 'p') THEN 0 ELSE 1 END FROM pg_class c WHERE c.oid = CAST(? AS regclass)";
     Values = {X, ToQt(FQuoted.Table)};
