@@ -27,9 +27,11 @@ struct TRasterThinQueue::TBlock {
   std::vector<PointF> Points;
   std::atomic<int> Waiting = 0;  // lanes that have yet to draw it
 
+  /// Forgets the lines. The memory of very long ones is given back.
   void Clear() {
     Lines.clear();
     Points.clear();
+    if (Points.capacity() > 4 * PointsOfBlock) Points.shrink_to_fit();
   }
   void Draw(const TRasterTarget& Target, int Left, int Right) const {
     for (const TLine& Line : Lines) {
@@ -45,12 +47,12 @@ TRasterThinQueue::~TRasterThinQueue() = default;
 
 void TRasterThinQueue::Add(const TRasterTarget& Target, const TRasterRect& Clip, std::uint32_t Color,
                            std::span<const PointF> Points, TRasterCap Cap) {
+  if (IsEmpty()) FTarget = Target;  // which others read from then on
   if (FNext == nullptr) {
     const auto Free = std::ranges::find_if(FBlocks, [](const auto& Block) { return Block->Waiting.load() == 0; });
     FNext = Free != FBlocks.end() ? Free->get() : FBlocks.emplace_back(std::make_unique<TBlock>()).get();
     FNext->Clear();
   }
-  FTarget = Target;
   const std::size_t First = FNext->Points.size();
   FNext->Points.insert(FNext->Points.end(), Points.begin(), Points.end());
   FNext->Lines.push_back({Clip, Color, Cap, First, Points.size()});
@@ -77,6 +79,7 @@ void TRasterThinQueue::Finish() {
   FCrew.reset();
   if (FNext != nullptr) FNext->Draw(FTarget, 0, FTarget.Width);
   FNext = nullptr;
+  for (const std::unique_ptr<TBlock>& Block : FBlocks) Block->Clear();
 }
 
 }  // namespace zy

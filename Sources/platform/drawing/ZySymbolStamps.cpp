@@ -122,10 +122,10 @@ void TZySymbolStamps::Draw(const TRasterTarget& Target, const TRasterClip& Clip,
 /// Draws all in their order, each processor in rows of its own.
 void TZySymbolStamps::DrawInLanes(const TRasterTarget& Target, const TRasterClip& Clip, const TLook& Look,
                                   std::span<const TQuarters> Places) {
-  TRasterRect Reach{0, 0, 0, 0};
+  int Above = 0, Below = 0;  // of a place, that a stamp reaches
   for (const TStamp& Stamp : Look.Stamps) {
-    Reach.Top = std::min(Reach.Top, Stamp.Box.Top);
-    Reach.Bottom = std::max(Reach.Bottom, Stamp.Box.Bottom);
+    Above = std::min(Above, Stamp.Box.Top);
+    Below = std::max(Below, Stamp.Box.Bottom);
   }
   const int Lanes = 2 * TCrew::Processors(), Height = Clip.Box.Bottom - Clip.Box.Top;
   InParallel(Lanes, [&](int Lane) {
@@ -133,7 +133,7 @@ void TZySymbolStamps::DrawInLanes(const TRasterTarget& Target, const TRasterClip
     Own.Box.Top = Clip.Box.Top + Height * Lane / Lanes;
     Own.Box.Bottom = Clip.Box.Top + Height * (Lane + 1) / Lanes;
     for (const TQuarters& At : Places)
-      if ((At.Y >> 2) + Reach.Bottom > Own.Box.Top && (At.Y >> 2) + Reach.Top < Own.Box.Bottom)
+      if ((At.Y >> 2) + Below > Own.Box.Top && (At.Y >> 2) + Above < Own.Box.Bottom)
         Blit(Target, Own, Look.Stamps[At.Stamp()], At.X >> 2, At.Y >> 2);
   });
 }

@@ -30,7 +30,8 @@ class TCrew {
 
   /// Processors that the program may use, one at least.
   static int Processors();
-  /// For the tests: what Processors() answers from now on; 0 for what the machine has.
+  /// What Processors() answers from now on: for a program that keeps some for itself, and for tests; 0 for all that the
+  /// machine has.
   static void SetProcessors(int Count);
 
  private:
