@@ -39,7 +39,7 @@ TVariant::TVariant(TVariant&& Other) noexcept = default;
 TVariant& TVariant::operator=(const TVariant& Other) = default;
 TVariant& TVariant::operator=(TVariant&& Other) noexcept = default;
 TVariant::~TVariant() = default;
-bool TVariant::operator==(const TVariant& Other) const = default;
+bool TVariant::operator==(const TVariant& Other) const { return FValue == Other.FValue; }
 
 bool TVariant::AsBoolean() const {
   if (const bool* Value = std::get_if<bool>(&FValue)) return *Value;
