@@ -40,7 +40,8 @@ function(zy_compile_options Target)
 endfunction()
 
 # Every program that links Target gets all classes of its sources, also those that only a stored form names: the linker
-# takes the object files for the sake of the variables that ZY_PUBLISHED makes.
+# takes the object files for the sake of the variables that ZY_PUBLISHED makes. A program whose property
+# ZYPHOS_NAMED_CLASSES_ONLY is set gets those that it refers to.
 function(zy_keep_classes Target)
   set(Options "")
   foreach(Source ${ARGN})
@@ -57,7 +58,7 @@ function(zy_keep_classes Target)
       endif()
     endforeach()
   endforeach()
-  target_link_options(${Target} INTERFACE ${Options})
+  target_link_options(${Target} INTERFACE "$<$<NOT:$<BOOL:$<TARGET_PROPERTY:ZYPHOS_NAMED_CLASSES_ONLY>>>:${Options}>")
   set_property(TARGET ${Target} PROPERTY ZY_CLASS_OPTIONS "${Options}")
 endfunction()
 
@@ -70,10 +71,15 @@ function(zy_include_directories Target Scope)
   target_compile_features(${Target} ${Scope} cxx_std_20)
 endfunction()
 
-# zy_add_library(zy_name SOURCES a.cpp ... [LINK targets...]): a library of the tree, installed and exported, or where shared
-# libraries are built a part of the file of its component.
+# zy_add_library(zy_name [SOURCES a.cpp ...] [COMPACT b.cpp ...] [LINK targets...]): a library of the tree, installed and
+# exported, or where shared libraries are built a part of the file of its component. COMPACT are sources that no paint and
+# no loop over data runs through: a release has them small rather than quick.
 function(zy_add_library Target)
-  cmake_parse_arguments(Arg "" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(Arg "" "" "SOURCES;COMPACT;LINK" ${ARGN})
+  if(NOT MSVC)
+    set_source_files_properties(${Arg_COMPACT} PROPERTIES COMPILE_OPTIONS "$<$<CONFIG:Release>:-Os>")
+  endif()
+  list(APPEND Arg_SOURCES ${Arg_COMPACT})
   if(BUILD_SHARED_LIBS)
     add_library(${Target} OBJECT ${Arg_SOURCES})
     set_target_properties(${Target} PROPERTIES VISIBILITY_INLINES_HIDDEN ON)
@@ -83,6 +89,11 @@ function(zy_add_library Target)
   else()
     add_library(${Target} STATIC ${Arg_SOURCES})
     zy_keep_classes(${Target} ${Arg_SOURCES})
+    if(NOT MSVC AND NOT APPLE)
+      # Programs leave out what they do not call.
+      target_compile_options(${Target} PRIVATE $<$<CONFIG:Release>:-ffunction-sections> $<$<CONFIG:Release>:-fdata-sections>)
+      target_link_options(${Target} INTERFACE "LINKER:--gc-sections")
+    endif()
   endif()
   zy_include_directories(${Target} PUBLIC)
   target_link_libraries(${Target} PUBLIC ${Arg_LINK})

@@ -27,6 +27,7 @@ run("${Scratch}/cmake/consumer")
 run("${Scratch}/cmake/consumer_of_all")
 run("${Scratch}/cmake/qt_consumer")
 draw_first_chart("${Scratch}/cmake/first_chart")
+draw_first_chart("${Scratch}/cmake/small_chart")
 
 file(GLOB_RECURSE PcFile "${Scratch}/prefix/zyphos.pc")
 cmake_path(GET PcFile PARENT_PATH PcFolder)

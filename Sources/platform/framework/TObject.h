@@ -72,11 +72,11 @@ class TClassInfo {
 };
 
 /// Declares the run-time description of a class; stands first in the class body, and leaves it at `public:`.
-#define ZY_CLASS(Class, Base)                       \
- public:                                            \
-  using Inherited = Base;                           \
-  using Self = Class;                               \
-  static const ::zy::TClassInfo& StaticClassInfo(); \
+#define ZY_CLASS(Class, Base)                                     \
+ public:                                                          \
+  using Inherited = Base;                                         \
+  using Self = Class;                                             \
+  [[gnu::cold]] static const ::zy::TClassInfo& StaticClassInfo(); \
   const ::zy::TClassInfo& ClassInfo() const override { return StaticClassInfo(); }
 
 }  // namespace zy

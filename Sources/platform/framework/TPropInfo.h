@@ -212,7 +212,7 @@ struct TPropRow {
     }
   }
 
-  static TPropInfo Make(const char* Name) {
+  [[gnu::cold]] static TPropInfo Make(const char* Name) {
     PropName = Name;
     TPropInfo Info;
     Info.Name = Name;
@@ -278,12 +278,12 @@ TPropInfo TPropInfo::StoredIf() && {
 /// Row of a property without a default: it is always streamed. Setter may be left out for an owned object, which is
 /// then written by Assign, and for an event.
 template <auto Getter, auto Setter = nullptr>
-TPropInfo Published(const char* Name) {
+[[gnu::cold]] TPropInfo Published(const char* Name) {
   return detail::TPropRow<Getter, Setter>::Make(Name);
 }
 /// The same with the label under which a change can be undone.
 template <auto Getter, auto Setter>
-TPropInfo Published(const char* Name, TZyText Label) {
+[[gnu::cold]] TPropInfo Published(const char* Name, TZyText Label) {
   TPropInfo Info = detail::TPropRow<Getter, Setter>::Make(Name);
   Info.Label = Label;
   return Info;
@@ -291,7 +291,7 @@ TPropInfo Published(const char* Name, TZyText Label) {
 
 /// Row of a property with its default, the value of a new object; equal values are not streamed.
 template <auto Getter, auto Setter>
-TPropInfo Published(const char* Name, typename detail::TPropRow<Getter, Setter>::TValue Default) {
+[[gnu::cold]] TPropInfo Published(const char* Name, typename detail::TPropRow<Getter, Setter>::TValue Default) {
   TPropInfo Info = detail::TPropRow<Getter, Setter>::Make(Name);
   using TValue = typename detail::TPropRow<Getter, Setter>::TValue;
   if constexpr (detail::TPropRow<Getter, Setter>::IsOrdinal) {
@@ -302,7 +302,8 @@ TPropInfo Published(const char* Name, typename detail::TPropRow<Getter, Setter>:
   return Info;
 }
 template <auto Getter, auto Setter>
-TPropInfo Published(const char* Name, typename detail::TPropRow<Getter, Setter>::TValue Default, TZyText Label) {
+[[gnu::cold]] TPropInfo Published(const char* Name, typename detail::TPropRow<Getter, Setter>::TValue Default,
+                                  TZyText Label) {
   TPropInfo Info = Published<Getter, Setter>(Name, std::move(Default));
   Info.Label = Label;
   return Info;
@@ -310,7 +311,7 @@ TPropInfo Published(const char* Name, typename detail::TPropRow<Getter, Setter>:
 
 /// Publishes rows of the base classes, as they are described there, in this class and in this order: their names, with
 /// blanks between them.
-inline TPropInfo Republished(const char* Names) {
+[[gnu::cold]] inline TPropInfo Republished(const char* Names) {
   TPropInfo Info;
   Info.Name = Names;
   Info.IsRepublished = true;
