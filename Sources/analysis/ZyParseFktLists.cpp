@@ -108,25 +108,82 @@ void NoteDependency(TZyVariableContainer* Container, TZyVariableDependent* Depen
 
 // ---- Containers ----
 
-TZyVariableContainer::TZyVariableContainer() {
-  // The lists are made before the first container, and so outlive even one that is a static object.
-  GlobalVariableList();
-  GlobalStringList();
-  GlobalArrayList();
+void RegisterAsked();
+
+namespace {
+
+/// The lists of what containers have, and the containers whose entries are still to come, in the order of their making.
+struct TContainerLists {
+  TContainerLists() {
+    Variables.SetBeforeLook(&RegisterAsked);
+    Strings.SetBeforeLook(&RegisterAsked);
+    Arrays.SetBeforeLook(&RegisterAsked);
+  }
+
+  TZyDoubleGetterList Variables;
+  TZyStringGetterList Strings;
+  TZyDoubleArraysList Arrays;
+  TZyVariableContainer* FirstWaiting = nullptr;
+  TZyVariableContainer* LastWaiting = nullptr;
+  bool Registering = false;
+};
+
+TContainerLists& ContainerLists() {
+  static TContainerLists Lists;
+  return Lists;
 }
+
+}  // namespace
+
+/// Enters what waits. A container that enters its own rows finds the lists as they are.
+void RegisterAsked() {
+  TContainerLists& Lists = ContainerLists();
+  if (Lists.Registering) return;
+  struct TRegistering {
+    bool& Flag;
+    explicit TRegistering(bool& AFlag) : Flag(AFlag) { Flag = true; }
+    ~TRegistering() { Flag = false; }
+  } const Registering(Lists.Registering);
+  while (TZyVariableContainer* const Container = Lists.FirstWaiting) {
+    Container->LeaveWaiting();
+    Container->RegisterVariables();
+  }
+}
+
+/// The lists are made before the first container, and so outlive even one that is a static object.
+TZyVariableContainer::TZyVariableContainer() { ContainerLists(); }
 
 TZyVariableContainer::~TZyVariableContainer() { DeRegisterVariables(); }
 
+void TZyVariableContainer::RegisterWhenAsked() {
+  TContainerLists& Lists = ContainerLists();
+  if (FPrevious != nullptr || Lists.FirstWaiting == this) return;
+  FPrevious = Lists.LastWaiting;
+  (FPrevious == nullptr ? Lists.FirstWaiting : FPrevious->FNext) = this;
+  Lists.LastWaiting = this;
+}
+
+void TZyVariableContainer::LeaveWaiting() {
+  TContainerLists& Lists = ContainerLists();
+  if (FPrevious == nullptr && Lists.FirstWaiting != this) return;
+  (FPrevious == nullptr ? Lists.FirstWaiting : FPrevious->FNext) = FNext;
+  (FNext == nullptr ? Lists.LastWaiting : FNext->FPrevious) = FPrevious;
+  FNext = FPrevious = nullptr;
+}
+
 void TZyVariableContainer::DeRegisterVariables() {
-  RemoveFromVariablesList(this, GlobalVariableList());
-  RemoveFromStringList(this, GlobalStringList());
-  RemoveFromArrayList(this, GlobalArrayList());
+  LeaveWaiting();
+  TContainerLists& Lists = ContainerLists();
+  Lists.Variables.RemoveContainer(this);
+  Lists.Strings.RemoveContainer(this);
+  Lists.Arrays.RemoveContainer(this);
 }
 
 // ---- Lists ----
 
 template <typename TRec>
 void TZyRecList<TRec>::Put(TRec Row) {
+  if (FBeforeLook != nullptr) FBeforeLook();
   std::vector<std::size_t>& Own = FPlaces[ContainerOf(Row)];
   const auto Found =
       std::find_if(Own.begin(), Own.end(), [&](std::size_t Place) { return SameName(FRows[Place].Id, Row.Id); });
@@ -143,6 +200,7 @@ void TZyRecList<TRec>::Clear() {
 
 template <typename TRec>
 void TZyRecList<TRec>::RemoveIf(const std::function<bool(const TRec&)>& Gone) {
+  if (FBeforeLook != nullptr) FBeforeLook();
   for (std::size_t Place = 0; Place < FRows.size(); ++Place) {
     if (!FIsThere[Place] || !Gone(FRows[Place])) continue;
     Release(FRows[Place]);
@@ -167,6 +225,7 @@ void TZyRecList<TRec>::RemoveContainer(const TZyVariableContainer* Container) {
 
 template <typename TRec>
 const std::vector<TRec>& TZyRecList<TRec>::Rows() const {
+  if (FBeforeLook != nullptr) FBeforeLook();
   Compact();
   return FRows;
 }
@@ -223,20 +282,11 @@ TZyFunctionsList& GlobalFunctionList() {
   return List;
 }
 
-TZyDoubleGetterList& GlobalVariableList() {
-  static TZyDoubleGetterList List;
-  return List;
-}
+TZyDoubleGetterList& GlobalVariableList() { return ContainerLists().Variables; }
 
-TZyStringGetterList& GlobalStringList() {
-  static TZyStringGetterList List;
-  return List;
-}
+TZyStringGetterList& GlobalStringList() { return ContainerLists().Strings; }
 
-TZyDoubleArraysList& GlobalArrayList() {
-  static TZyDoubleArraysList List;
-  return List;
-}
+TZyDoubleArraysList& GlobalArrayList() { return ContainerLists().Arrays; }
 
 void AddFunctionToList(std::string_view Id, std::string_view Comment, TZyOnePrmFunction Function,
                        TZyFunctionsList& List) {

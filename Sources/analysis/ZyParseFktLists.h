@@ -71,8 +71,21 @@ class TZyVariableContainer {
   /// Where to note who uses the entries; null when that is of no interest.
   virtual TZyDependentList* ObjectsToUpdate() { return nullptr; }
 
+  /// Enters what it has into the global lists.
+  virtual void RegisterVariables() {}
+  /// Has RegisterVariables called before anybody looks at a global list the next time: for constructors, so that
+  /// objects whose entries nobody asks for cost nothing. The entries stand where they would have been put at once.
+  void RegisterWhenAsked();
   /// Takes all its entries out of the global lists.
   void DeRegisterVariables();
+
+ private:
+  friend void RegisterAsked();
+
+  void LeaveWaiting();
+
+  TZyVariableContainer* FNext = nullptr;  // among those that wait to be asked
+  TZyVariableContainer* FPrevious = nullptr;
 };
 
 /// Throws EMathError: the variable of that name does not exist any more.
@@ -164,12 +177,15 @@ class TZyRecList {
   TZyRecList() = default;
   TZyRecList(const TZyRecList&) = delete;
   TZyRecList& operator=(const TZyRecList&) = delete;
-  ~TZyRecList() { Clear(); }
+  ~TZyRecList() {
+    FBeforeLook = nullptr;
+    Clear();
+  }
 
   auto begin() const { return Rows().begin(); }
   auto end() const { return Rows().end(); }
   bool empty() const { return size() == 0; }
-  std::size_t size() const { return FRows.size() - FGone; }
+  std::size_t size() const { return Rows().size(); }
   const TRec& operator[](std::size_t Index) const { return Rows()[Index]; }
   /// The first entry of that full name, ignoring case; null when there is none. The names of a long list are noted, so
   /// that most look-ups do not grow with it; of entries that took the same name later, either may be found.
@@ -182,6 +198,8 @@ class TZyRecList {
   /// Removes all entries of one container.
   void RemoveContainer(const TZyVariableContainer* Container);
   void Clear();
+  /// For the lists of the process: has containers that wait enter their rows before anybody looks, or puts another one.
+  void SetBeforeLook(void (*Value)()) { FBeforeLook = Value; }
 
  private:
   const std::vector<TRec>& Rows() const;
@@ -194,6 +212,7 @@ class TZyRecList {
   mutable std::unordered_map<const TZyVariableContainer*, std::vector<std::size_t>> FPlaces;  // of a container's rows
   mutable std::unordered_map<std::string, std::size_t> FNoted;  // rows by the full names that they had, in upper case
   mutable std::size_t FNotedRows = 0;
+  void (*FBeforeLook)() = nullptr;
 };
 
 using TZyFunctionsList = TZyRecList<TZyFunctionRec>;

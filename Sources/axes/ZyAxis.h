@@ -206,6 +206,8 @@ class TZyAxis : public TGraphicControl, public TZyRecord, public IZyUndoUser {
   TZyAxisEnd StartEnd() const { return FEnds.Rules.StartEnd; }
   /// MovingSlit is for the stop only and counts as Fixed here.
   void SetStartEnd(TZyAxisEnd Value);
+  /// MovingSlit makes the start Fixed, switches Zoom().Auto of the graph off, and takes the scroll bar of the direction
+  /// away; another end does not bring them back.
   TZyAxisEnd StopEnd() const { return FEnds.Rules.StopEnd; }
   void SetStopEnd(TZyAxisEnd Value);
   /// Both ends at once, as a zoom sets them: without undo, and the ends that the user set stay known.

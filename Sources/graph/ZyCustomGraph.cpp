@@ -49,7 +49,7 @@ TZyCustomGraph::TZyCustomGraph(TComponent* Owner)
   };
   FTitleRec.Alignment = TZyContentAlignment::TopCenter;
   TCustomPanel::SetBounds(0, 0, 600, 400);
-  TZyCustomGraph::RegisterVariables();
+  RegisterWhenAsked();
 }
 
 TZyCustomGraph::~TZyCustomGraph() {

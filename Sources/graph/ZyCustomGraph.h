@@ -53,6 +53,7 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   /// Where the title stands along the width. Centred at first.
   TAlignment CaptionAlignment() const { return FCaptionAlignment; }
   void SetCaptionAlignment(TAlignment Value);
+  /// False at first.
   bool CaptionVisible() const { return FCaptionVisible; }
   void SetCaptionVisible(bool Value);
   /// Pixels above and below the title.
@@ -71,6 +72,7 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   /// (TZyFont::PushToUndoStack).
   virtual TZyFont& Font() { return FTitleRec.CaptionFont(); }
   virtual void SetFont(const TZyFont& Value);
+  /// Transparent at first: what lies behind the chart shows, and its pictures are transparent.
   TZyColor BackColor() const { return FBackColor; }
   void SetBackColor(TZyColor Value);
   /// Drawn over the back colour while it is visible.
@@ -81,6 +83,7 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   /// Hands the stack on to all that belongs to the chart.
   virtual void SetUndoStack(TZyUndoStack* Value);
 
+  /// Nest; after the last EndUpdate the next paint lays out.
   void BeginUpdate() { ++FUpdateCount; }
   void EndUpdate();
   bool Updating() const { return FUpdateCount > 0; }
@@ -94,9 +97,8 @@ class TZyCustomGraph : public TCustomPanel, public TZyRecord, public TZyVariable
   const std::string& CaptionAsString() const { return Caption().empty() ? Name() : Caption(); }
   /// Evaluates and measures the title anew; the chart is laid out at the next paint. Throws as SetCaption does.
   void ParseCaption();
-  /// Enters what captions can name of the chart, "Name" and "Caption", into the list of text variables. The constructor
-  /// of each class calls its own.
-  virtual void RegisterVariables();
+  /// Enters what captions can name of the chart, "Name" and "Caption", into the list of text variables.
+  void RegisterVariables() override;
   std::string VariablesRef() const override;
   TZyDependentList* ObjectsToUpdate() override { return &FObjectsToUpdate; }
   /// Whether the component is one that the chart itself owns.

@@ -28,7 +28,7 @@ TZyDiscreteFourier::TZyDiscreteFourier(TComponent* Owner)
   Phase().SetXValueTransformation(
       [this](TObject* Sender, const TZyTransformEventArgs& e) { return GetFrequency(Sender, e); });
   Initialize(StaticClassInfo().Name());
-  TZyDiscreteFourier::RegisterVariables();
+  RegisterWhenAsked();
 }
 
 TZyDiscreteFourier::~TZyDiscreteFourier() { Destroying(); }

@@ -30,7 +30,7 @@ TZyFittedLine::TZyFittedLine(TComponent* Owner)
   constexpr int DefaultIterations = 300;
   FFit.SetIterations(DefaultIterations);
   Initialize(StaticClassInfo().Name());
-  TZyFittedLine::RegisterVariables();
+  RegisterWhenAsked();
 }
 
 // --- Properties -----------------------------------------------------------------------------------------------------

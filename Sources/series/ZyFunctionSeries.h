@@ -24,7 +24,7 @@ inline std::string_view TypeName<TZyCalculationErrorHandler>() {
 /// exception goes on to the caller.
 ///
 /// A kind of curve makes its calculation in the constructor and overrides `GetY`, `GetFormula` and, where it has
-/// variables, `RegisterVariables`.
+/// variables, `RegisterVariables`, for which the constructor ends with `RegisterWhenAsked`.
 class TZyFunctionSeries : public TZyLineSeries {
   ZY_CLASS(TZyFunctionSeries, TZyLineSeries)
   using TNotifyEvent = std::function<void(TObject* Sender)>;

@@ -43,7 +43,7 @@ TZyInterpolation::TZyInterpolation(TComponent* Owner, TBase)
   FInterpolation.OnInformation = [this](std::string_view Text) {
     if (!ReadsRecord() && !IsLoading()) Application().ShowMessage(Text);
   };
-  TZyInterpolation::RegisterVariables();
+  RegisterWhenAsked();
 }
 
 // --- Settings -------------------------------------------------------------------------------------------------------

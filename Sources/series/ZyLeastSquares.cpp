@@ -59,7 +59,7 @@ void TZyCustomGeneralLinearLeastSquares::Fields(TZyArchive& Archive) {
 TZyGeneralLinearLeastSquares::TZyGeneralLinearLeastSquares(TComponent* Owner)
     : TZyCustomGeneralLinearLeastSquares(Owner, std::make_unique<TZyGeneralLinearLeastSquaresCalculation>()) {
   Initialize(StaticClassInfo().Name());
-  TZyGeneralLinearLeastSquares::RegisterVariables();
+  RegisterWhenAsked();
 }
 
 void TZyGeneralLinearLeastSquares::SetBasisFunction(TZyGeneralLinearFittingHandler Value) {
@@ -78,7 +78,7 @@ TZyPolynomial::TZyPolynomial(TComponent* Owner)
     : TZyCustomGeneralLinearLeastSquares(Owner, std::make_unique<TZyPolynomialCalculation>()) {
   Poly().SmallestOrder = 2;
   Initialize(StaticClassInfo().Name());
-  TZyPolynomial::RegisterVariables();
+  RegisterWhenAsked();
 }
 
 /// All terms up to the order of 5; beyond, the first ones and the last.

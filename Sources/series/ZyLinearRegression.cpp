@@ -35,7 +35,7 @@ TZyLinearRegression::TZyLinearRegression(TComponent* Owner)
   FConfidenceIntervalLine->SetVisible(false);
   FConfidenceIntervalArea->SetForeColor(Translucent(10));
   Initialize(StaticClassInfo().Name());
-  TZyLinearRegression::RegisterVariables();
+  RegisterWhenAsked();
 }
 
 void TZyLinearRegression::SetUndoStack(TZyUndoStack* Value) {

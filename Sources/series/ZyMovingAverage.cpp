@@ -24,7 +24,7 @@ TZyMovingAverage::TZyMovingAverage(TComponent* Owner)
     : TZyFunctionSeries(Owner, std::make_unique<TZyMovingAverageCalculation>()),
       FAvg(static_cast<TZyMovingAverageCalculation&>(Calculation())) {
   Initialize(StaticClassInfo().Name());
-  TZyMovingAverage::RegisterVariables();
+  RegisterWhenAsked();
 }
 
 double TZyMovingAverage::GetY(double AtX) const {

@@ -81,16 +81,14 @@ TZySeries::TZySeries(TComponent* Owner)
       FLineSettings(std::make_unique<TZyLineSettings>([this] { TestVisibleChanged(); })),
       FAreaSettings(std::make_unique<TZyAreaSettings>([this] { TestVisibleChanged(); })),
       FPointSymbolSettings(std::make_unique<TZyPointSymbolSettings>([this] { TestVisibleChanged(); })),
-      FOutOfRangeSymbolSettings(std::make_unique<TZyPointSymbolSettings>([this] { TestVisibleChanged(); })),
-      FOutOfRangePen(Colors::DimGray),
-      FOutOfRangeBrush(Colors::LightGray) {
+      FOutOfRangeSymbolSettings(std::make_unique<TZyPointSymbolSettings>([this] { TestVisibleChanged(); })) {
   const TLook& Look = NextLook();
   FLineSettings->SetColor(Look.Line);
   TakeLook(*FPointSymbolSettings, Look.Symbol, Look.Border, Look.Fill);
   TakeLook(*FOutOfRangeSymbolSettings, Look.Symbol, Colors::DimGray, Colors::LightGray);
-  FSymbolPen.SetOwn(std::make_unique<TZyPen>(Look.Border));
-  FSymbolBrush.SetOwn(std::make_unique<SolidBrush>(Look.Border));
-  TZySeries::RegisterVariables();
+  FSymbolPen.SetOwn(std::make_shared<TZyPen>(Look.Border));
+  FSymbolBrush.SetOwn(std::make_shared<SolidBrush>(Look.Border));
+  RegisterWhenAsked();
 }
 
 void TZySeries::Initialize(std::string_view KindName) {

@@ -63,7 +63,8 @@ class TZySeries : public TComponent,
 
   bool Visible() const { return FVisible; }
   void SetVisible(bool Value);
-  /// Text for legends. Trailing blanks are dropped.
+  /// Text for legends and for Diagnose. At first it is the first name that is free for the class, so that series
+  /// without names are called alike. Trailing blanks are dropped.
   const TZyRichCaption& Caption() const { return FCaption; }
   void SetCaption(const TZyRichCaption& Value);
   bool IncludeInLegend() const { return FIncludeInLegend; }
@@ -91,9 +92,9 @@ class TZySeries : public TComponent,
   bool HasOwnXData() const { return HasOwnData(FX); }
   bool HasOwnYData() const { return HasOwnData(FY); }
   TZyLineSettings& Line() { return *FLineSettings; }
-  /// What lies below the line, down to the start of the Y axis or to 0.
+  /// What lies below the line, down to the start of the Y axis or to 0. Hidden at first.
   TZyAreaSettings& Area() { return *FAreaSettings; }
-  /// The area goes to the line of this series instead.
+  /// The area goes to the line of this series instead, and is made visible by the next paint.
   TZyLineSeries* DrawBandTo() const;
   void SetDrawBandTo(TZyLineSeries* Value);
   /// Events that turn the values of the vectors into those that the axes show. A point whose value becomes one that is
@@ -226,8 +227,8 @@ class TZySeries : public TComponent,
   // ---- Variables of formulas and captions ----
 
   /// Enters what they can name of the series, "Name" and "Caption", into the list of text variables. The constructor of
-  /// each kind that has more calls its own.
-  virtual void RegisterVariables();
+  /// each kind that has more calls RegisterWhenAsked.
+  void RegisterVariables() override;
   std::string VariablesRef() const override;
   TZyDependentList* ObjectsToUpdate() override { return &FObjectsToUpdate; }
 
@@ -461,7 +462,7 @@ class TZySeries : public TComponent,
     float Column;  // its middle
   };
 
-  void EnterInput(TZySeriesInput& Input) { FInputs.push_back(&Input); }
+  void EnterInput(TZySeriesInput& Input);
   void LeaveInput(TZySeriesInput& Input);
   template <class TStore>
   void ChangeJoining(const char* PropName, const TStore& Store);
@@ -510,6 +511,9 @@ class TZySeries : public TComponent,
   bool HasTranslucentSymbols() const;
   bool SymbolsCoverThemselves() const;
   void ShootHolesToClip(Graphics& Gr);
+  /// What every symbol out of range is drawn with, whatever colours its settings have.
+  static const TZyPen& OutOfRangePen();
+  static const Brush& OutOfRangeBrush();
   bool IsInRange(std::size_t Pixel) const;
   void DrawAskedSymbols(Graphics& Gr);
 
@@ -537,8 +541,6 @@ class TZySeries : public TComponent,
   std::unique_ptr<TZyPointSymbolSettings> FPointSymbolSettings, FOutOfRangeSymbolSettings;
   TZyStyleObject<TZyPen> FPen, FSymbolPen;
   TZyStyleObject<Brush> FBrush, FSymbolBrush;
-  TZyPen FOutOfRangePen;
-  SolidBrush FOutOfRangeBrush;
   float FLastSymbolSize = 0;
   float FLastItemHeight = 1;  // of a plain line
   TZyRichCaption FCaption;

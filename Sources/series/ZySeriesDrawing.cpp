@@ -144,6 +144,16 @@ bool TZySeries::CanDoCanvasDraw() const {
 
 // --- Symbols --------------------------------------------------------------------------------------------------------
 
+const TZyPen& TZySeries::OutOfRangePen() {
+  static const TZyPen Pen(Colors::DimGray);
+  return Pen;
+}
+
+const Brush& TZySeries::OutOfRangeBrush() {
+  static const SolidBrush Fill(Colors::LightGray);
+  return Fill;
+}
+
 void TZySeries::DrawSymbols(Graphics& Gr) {
   if (!FVisible || FState.PixelsAreStale() || Graph() == nullptr) return;
   if (mPointSymbol) return DrawAskedSymbols(Gr);
@@ -157,7 +167,7 @@ void TZySeries::DrawSymbols(Graphics& Gr) {
     if (IsInRange(Pixel)) {
       DrawPointSymbol(Gr, *FSymbolPen, *FSymbolBrush, Place.X, Place.Y, Inside.Size(), Inside.PointSymbol());
     } else if (Outside.Visible()) {
-      DrawPointSymbol(Gr, FOutOfRangePen, FOutOfRangeBrush, Place.X, Place.Y, Outside.Size(), Outside.PointSymbol());
+      DrawPointSymbol(Gr, OutOfRangePen(), OutOfRangeBrush(), Place.X, Place.Y, Outside.Size(), Outside.PointSymbol());
     }
   }
 }

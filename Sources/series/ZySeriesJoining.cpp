@@ -19,6 +19,11 @@ double TZySeries::Random() {
   return std::uniform_real_distribution<double>(0, 1)(Generator);
 }
 
+void TZySeries::EnterInput(TZySeriesInput& Input) {
+  if (FInputs.empty()) FInputs.reserve(2);  // X and Y, as most kinds have
+  FInputs.push_back(&Input);
+}
+
 void TZySeries::LeaveInput(TZySeriesInput& Input) {
   if (Input && !Input->IsDestroying() && !Reads(Input.Vector(), &Input)) Input->RemoveRelatedSeries(this);
   std::erase(FInputs, &Input);

@@ -79,7 +79,8 @@ void TZySeries::DrawListItem(const TZyLegendItemDrawArgs& e, LegendItemStyle Sty
   if (OriginalClip) Gr.SetClip(*OriginalClip);
   if (!Inside.Visible()) return;
   DrawPointSymbol(Gr, *FSymbolPen, *FSymbolBrush, P1.X, P1.Y, Inside.Size(), Inside.PointSymbol());
-  if (ShowsBoth) DrawPointSymbol(Gr, FOutOfRangePen, FOutOfRangeBrush, P2.X, P2.Y, Inside.Size(), Inside.PointSymbol());
+  if (ShowsBoth)
+    DrawPointSymbol(Gr, OutOfRangePen(), OutOfRangeBrush(), P2.X, P2.Y, Inside.Size(), Inside.PointSymbol());
 }
 
 void TZySeries::DrawMergedItems(const TZyLegendItemDrawArgs& e) {

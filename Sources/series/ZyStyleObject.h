@@ -15,7 +15,7 @@ class TZyStyleObject {
   /// Whether it follows the settings.
   bool IsOwn() const { return FGiven == nullptr; }
   T* Own() { return FOwn.get(); }
-  void SetOwn(std::unique_ptr<T> Value) { FOwn = std::move(Value); }
+  void SetOwn(std::shared_ptr<T> Value) { FOwn = std::move(Value); }
   /// The own one, for those who draw with it while settings may make another.
   std::shared_ptr<const T> Shared() const { return FOwn; }
   /// Not owned; null goes back to the own one.

@@ -35,6 +35,32 @@ struct TSeries : TZyVariableContainer {
   TZyDependentList FObjectsToUpdate;
 };
 
+/// Enters its variable when somebody looks at the lists.
+struct TLateSeries : TZyVariableContainer {
+  explicit TLateSeries(std::string Ref) : FRef(std::move(Ref)) { RegisterWhenAsked(); }
+  std::string VariablesRef() const override { return FRef; }
+  void RegisterVariables() override {
+    ++Calls;
+    AddVariableToList("V", "", this, GlobalVariableList(), [] { return 1.0; });
+  }
+  inline static int Calls = 0;
+  std::string FRef;
+};
+
+TEST(ZyParseFkt, ContainersEnterTheListsWhenTheyAreAskedInTheOrderOfTheirMaking) {
+  TLateSeries::Calls = 0;
+  const TLateSeries First("F.First");
+  auto Gone = std::make_unique<TLateSeries>("F.Gone");
+  const TLateSeries Third("F.Third");
+  Gone.reset();
+  EXPECT_EQ(TLateSeries::Calls, 0);
+  const TSeries Eager("F.Eager");
+  std::string Names;
+  for (const TZyDoubleGetterRec& Row : GlobalVariableList()) Names += FullName(Row) + ' ';
+  EXPECT_EQ(Names, "F.First.V F.Third.V F.Eager.V ");
+  EXPECT_EQ(TLateSeries::Calls, 2);
+}
+
 TEST(ZyParseFkt, FindsEntriesOfLongListsWhoeverGotAnotherNameOrLeft) {
   std::vector<std::unique_ptr<TSeries>> All;
   const auto Owner = [](const std::string& Name) -> const TZyVariableContainer* {
