@@ -1,12 +1,12 @@
 #include "axes/ZyAxisWatcher.h"
 
-#include <vector>
+#include "platform/data/TListeners.h"
 
 namespace zy {
 namespace {
 
-std::vector<TZyAxisWatcher*>& Watchers() {
-  static std::vector<TZyAxisWatcher*> Result;
+TListeners<TZyAxisWatcher>& Watchers() {
+  static auto& Result = *new TListeners<TZyAxisWatcher>;  // outlives static charts
   return Result;
 }
 
@@ -14,13 +14,16 @@ std::vector<TZyAxisWatcher*>& Watchers() {
 
 TZyAxisWatcher::TZyAxisWatcher(std::function<void(const TWinControl& Parent)> OnLaidOut)
     : FOnLaidOut(std::move(OnLaidOut)) {
-  Watchers().push_back(this);
+  Watchers().Add(this);
 }
 
-TZyAxisWatcher::~TZyAxisWatcher() { std::erase(Watchers(), this); }
+TZyAxisWatcher::~TZyAxisWatcher() { Watchers().Remove(this); }
 
 void TZyAxisWatcher::Tell(const TWinControl& Parent) {
-  for (const TZyAxisWatcher* Watcher : Watchers()) Watcher->FOnLaidOut(Parent);
+  Watchers().ForEach([&Parent](const TZyAxisWatcher& Watcher) {
+    const auto Handler = Watcher.FOnLaidOut;  // which may free the watcher
+    Handler(Parent);
+  });
 }
 
 }  // namespace zy

@@ -10,7 +10,7 @@ class TWinControl;
 /// For the control thread only.
 class TZyAxisWatcher {
  public:
-  /// OnLaidOut runs behind the events of the axes, with their parent. It must not free an axis or a watcher.
+  /// OnLaidOut runs behind the events of the axes, with their parent. It may make and free watchers, but no axis.
   explicit TZyAxisWatcher(std::function<void(const TWinControl& Parent)> OnLaidOut);
   ~TZyAxisWatcher();
   TZyAxisWatcher(const TZyAxisWatcher&) = delete;

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <limits>
 
 #include "axes/ZyAxis.h"
 #include "platform/controls/TTimer.h"
 #include "platform/controls/TWinControl.h"
+#include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
 #include "platform/sql/SqlConnection.h"
 #include "tables/ZyTableSummary.h"
@@ -47,7 +49,7 @@ TZyTableData::TZyTableData(TComponent* Owner) : TDataSet(Owner), FCursorTimer(st
 
 TZyTableData::~TZyTableData() {
   Destroying();
-  FWorker.reset();
+  TZyTableWorker::Retire(std::move(FWorker));
   ShowCursor(false);
 }
 
@@ -100,6 +102,7 @@ std::vector<TFieldDef> TZyTableData::ReadRecords() {
     if (!FFailure.empty()) throw EDatabaseError(FFailure);
     Merge();
   } else {
+    const TScopedValue<bool> Reading(FIsReading, true);
     Start();
   }
   std::vector<TFieldDef> Result{{FFields.X, TFieldType::Float}};
@@ -117,6 +120,7 @@ void TZyTableData::Start() {
     if (Each->empty()) throw EDatabaseError(Format(LoadResString(_sTableUnset), {Title()}));
   const std::shared_ptr<TSqlConnection> Connection = TSqlConnection::Share(FConnectionText);
   TZyTable(*Connection, Names, Title()).Statements();
+  if (FWorker == nullptr) ++FOpenings;
   if (FWorker == nullptr)
     FWorker = std::make_unique<TZyTableWorker>(TZyTableSource{FConnectionText, Names, Summary(), Title()},
                                                [this] { TakeAnswers(); });
@@ -124,13 +128,18 @@ void TZyTableData::Start() {
   Ask({});
 }
 
+/// The first question was asked in the middle of opening, where no handler may run.
+void TZyTableData::RecordsTold() {
+  if (std::exchange(FTellsAsked, false)) TellWaiting();
+}
+
 void TZyTableData::DropRecords() {
-  FWorker.reset();
+  TZyTableWorker::Retire(std::move(FWorker));
   FRecords.clear();
   FWhole = FNewWhole = FRange = {};
   FAsked.clear();
   FTried.clear();
-  FIsWaiting = false;  // without a word, in the middle of closing
+  FIsWaiting = FTellsAsked = false;  // without a word, in the middle of closing
   ShowCursor(false);
 }
 
@@ -240,14 +249,25 @@ bool TZyTableData::WaitForAnswer() {
   return true;
 }
 
+/// A handler may free the data set, close it, or open it anew, which makes what is left of the answers void.
 void TZyTableData::TakeAnswers() {
   if (FWorker == nullptr) return;
   const std::uint64_t Handle = LiveHandle();
+  const auto IsOpen = [this, Handle, Opening = FOpenings] {
+    return FromLiveHandle(Handle) != nullptr && FWorker != nullptr && FOpenings == Opening;
+  };
+  std::exception_ptr Thrown;
   for (TZyTableAnswer& Answer : FWorker->TakeAnswers()) {
-    TakeAnswer(Answer);
-    if (FromLiveHandle(Handle) == nullptr || FWorker == nullptr) return;
+    try {
+      TakeAnswer(Answer);
+    } catch (...) {  // a handler's, which keeps nothing from being taken
+      if (Thrown == nullptr) Thrown = std::current_exception();
+    }
+    if (!IsOpen()) break;
+    FIsTaking = false;
   }
-  if (!FWorker->IsBusy()) SetWaiting(false);
+  if (IsOpen() && !FWorker->IsBusy()) SetWaiting(false);
+  if (Thrown != nullptr) std::rethrow_exception(Thrown);
 }
 
 /// A renewed answer for the whole table waits for that for the range, so that they take effect together.
@@ -261,7 +281,7 @@ void TZyTableData::TakeAnswer(TZyTableAnswer& Answer) {
     FNewWhole = std::move(Answer);
     AskRange();
     if (FRange.Number == 0 || FAsked.empty()) TakeWhole();
-  } else {
+  } else if (Answer.Number > FRange.Number) {  // a handler with an event loop of its own may have had a newer one taken
     FRange = std::move(Answer);
     TakeWhole();
   }
@@ -290,7 +310,12 @@ void TZyTableData::SetWaiting(bool Value) {
   FIsWaiting = Value;
   FCursorTimer->SetEnabled(Value);
   if (!Value) ShowCursor(false);
-  if (const TNotifyEvent Handler = Value ? FOnAsked : FOnAnswered; Handler && !IsDestroying()) Handler(this);
+  FTellsAsked = Value && FIsReading;
+  if (!FTellsAsked) TellWaiting();
+}
+
+void TZyTableData::TellWaiting() {
+  if (const TNotifyEvent Handler = FIsWaiting ? FOnAsked : FOnAnswered; Handler && !IsDestroying()) Handler(this);
 }
 
 /// A cursor that somebody set meanwhile stays.

@@ -85,7 +85,8 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
   void SetXAxis(TZyAxis* Value);
 
   /// A question is under way: it runs when that begins, and OnAnswered when none is any more, whatever the outcome.
-  /// While one takes longer than a moment, the parent of the axis shows the hour glass.
+  /// Most questions begin within the layout of a chart, so that it must not free a chart or an axis. While one takes
+  /// longer than a moment, the parent of the axis shows the hour glass.
   const TNotifyEvent& OnAsked() const { return FOnAsked; }
   void SetOnAsked(TNotifyEvent Value) { FOnAsked = std::move(Value); }
   const TNotifyEvent& OnAnswered() const { return FOnAnswered; }
@@ -117,6 +118,7 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
  protected:
   std::vector<TFieldDef> ReadRecords() override;
   void DropRecords() override;
+  void RecordsTold() override;
   int GetRecordCount() const override { return static_cast<int>(FRecords.size()); }
   TFieldValue GetValue(int Row, int Field) const override;
 
@@ -134,6 +136,7 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
   void TakeWhole();
   void Merge();
   void SetWaiting(bool Value);
+  void TellWaiting();
   void ShowCursor(bool Busy);
 
   std::string FConnectionText, FYField, FSummaryTable;
@@ -150,8 +153,11 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
   std::vector<double> FAsked;  // edges
   std::vector<double> FTried;  // edges at which the whole was asked for once more
   unsigned FQuestions = 0;
+  unsigned FOpenings = 0;
   bool FIsTaking = false;  // an answer becomes the records
   bool FIsWaiting = false;
+  bool FIsReading = false;   // the first question is asked in the middle of opening
+  bool FTellsAsked = false;  // OnAsked is to run as soon as that is over
   std::string FFailure;
   TRef<TWinControl> FBusyControl{this};
   short FOldCursor = 0;

@@ -36,10 +36,16 @@ class TTransaction {
  public:
   explicit TTransaction(TZyTable& Table) : FConnection(Table.Connection()) {
     FConnection.Run(FConnection.IsEmbedded() ? "BEGIN IMMEDIATE" : "BEGIN");
-    if (!FConnection.IsEmbedded()) FConnection.Run(ToQt("LOCK TABLE " + Table.Quoted().Table + " IN SHARE MODE"));
+    if (FConnection.IsEmbedded()) return;
+    try {
+      FConnection.Run(ToQt("LOCK TABLE " + Table.Quoted().Table + " IN SHARE MODE"));
+    } catch (const EDatabaseError&) {
+      RollBack();
+      throw;
+    }
   }
   ~TTransaction() {
-    if (!FIsDone) FConnection.Opened().rollback();
+    if (!FIsDone) RollBack();
   }
   void Commit() {
     FConnection.Run("COMMIT");
@@ -47,6 +53,14 @@ class TTransaction {
   }
 
  private:
+  void RollBack() {
+    try {
+      FConnection.Opened().rollback();
+    } catch (const EDatabaseError&) {
+      // Lost, and the transaction with it.
+    }
+  }
+
   TSqlConnection& FConnection;
   bool FIsDone = false;
 };

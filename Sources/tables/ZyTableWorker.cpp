@@ -2,7 +2,9 @@
 
 #include <cmath>
 
+#include "platform/framework/ScopedFlag.h"
 #include "platform/sql/SqlConnection.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy {
 namespace {
@@ -32,14 +34,34 @@ TZyTableWorker::TZyTableWorker(TZyTableSource Source, std::function<void()> OnAn
 }
 
 TZyTableWorker::~TZyTableWorker() {
-  if (!FThread.joinable()) return;
+  Stop();
+  if (FThread.joinable()) FThread.join();
+}
+
+void TZyTableWorker::Stop() {
   {
     const std::lock_guard Lock(FMutex);
     FStops = true;
     FIsOutdated = true;
   }
   FChanged.notify_all();
-  FThread.join();
+}
+
+void TZyTableWorker::Retire(std::unique_ptr<TZyTableWorker> Worker) {
+  if (Worker == nullptr) return;
+  // Made behind the texts and the toolkit's list of connections, so that they are there when it ends.
+  LoadResString(_sDatabaseLost);
+  static std::vector<std::unique_ptr<TZyTableWorker>> Retired;
+  Worker->Stop();
+  if (!Worker->FThread.joinable()) {  // a database in memory goes with the last who uses it
+    Worker->FReader.reset();
+    Worker->FConnection.reset();
+  }
+  Retired.push_back(std::move(Worker));
+  std::erase_if(Retired, [](const std::unique_ptr<TZyTableWorker>& Each) {
+    const std::lock_guard Lock(Each->FMutex);
+    return (Each->FHasEnded || !Each->FThread.joinable()) && !Each->FIsAnswering;
+  });
 }
 
 void TZyTableWorker::Ask(TZyTableQuestion Question) {
@@ -78,7 +100,9 @@ void TZyTableWorker::Wait() {
 }
 
 void TZyTableWorker::Posted() {
+  if (FStops) return;
   if (!FThread.joinable()) Wait();
+  const TScopedValue<bool> Answering(FIsAnswering, true);
   FOnAnswer();
 }
 
@@ -94,6 +118,8 @@ void TZyTableWorker::Execute() {
   Lock.unlock();
   FReader.reset();  // the connection belongs to this thread
   FConnection.reset();
+  Lock.lock();
+  FHasEnded = true;
 }
 
 /// Answers one of the questions that wait, the one for the whole table first. Whether there was one.

@@ -34,6 +34,9 @@ class TZyTableWorker {
   TZyTableWorker(TZyTableSource Source, std::function<void()> OnAnswer);
   /// Waits for the statement under way.
   ~TZyTableWorker();
+  /// Has nothing answered any more, and does not wait: the worker is freed when its statement has ended and another one
+  /// retires, or with the program, which waits. Until then its connection is open. It may be called by OnAnswer.
+  static void Retire(std::unique_ptr<TZyTableWorker> Worker);
   TZyTableWorker(const TZyTableWorker&) = delete;
   TZyTableWorker& operator=(const TZyTableWorker&) = delete;
 
@@ -46,6 +49,7 @@ class TZyTableWorker {
 
  private:
   std::optional<TZyTableQuestion>& PlaceOf(bool IsWhole) { return IsWhole ? FWhole : FRange; }
+  void Stop();
   void Execute();
   bool Step(std::unique_lock<std::mutex>& Lock);
   std::optional<TZyTableAnswer> Answer(const TZyTableQuestion& Question);
@@ -59,6 +63,8 @@ class TZyTableWorker {
   std::optional<TZyTableQuestion> FWhole, FRange;  // those that wait
   TZyTableQuestion FRunning;                       // the one under way
   bool FIsRunning = false, FStops = false;
+  bool FHasEnded = false;     // the thread
+  bool FIsAnswering = false;  // OnAnswer runs
   std::vector<TZyTableAnswer> FAnswers;
   std::atomic<bool> FIsOutdated = false;  // the one under way is
 

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <bitset>
 #include <charconv>
+#include <forward_list>
 #include <fstream>
 #include <istream>
+#include <mutex>
 #include <utility>
 
 #include "texts/Exceptions.h"
@@ -42,10 +45,29 @@ TTexts EnglishTexts() {
   return Result;
 }
 
+// The tables that were ever in use, each once. A text that somebody has loaded stays where it is, whatever language
+// comes, and every thread may load texts.
+class TTables {
+ public:
+  TTables() { Use(EnglishTexts()); }
+  const TTexts& Current() const { return *FCurrent.load(std::memory_order_acquire); }
+  void Use(TTexts Texts) {
+    const std::lock_guard Lock(FMutex);
+    auto Table = std::find(FTables.begin(), FTables.end(), Texts);
+    if (Table == FTables.end()) Table = FTables.insert_after(FTables.before_begin(), std::move(Texts));
+    FCurrent.store(&*Table, std::memory_order_release);
+  }
+
+ private:
+  std::mutex FMutex;
+  std::forward_list<TTexts> FTables;
+  std::atomic<const TTexts*> FCurrent = nullptr;
+};
+
 // Made at the first use, so that static objects of other units may load texts.
-TTexts& CurrentTexts() {
-  static TTexts Texts = EnglishTexts();
-  return Texts;
+TTables& Tables() {
+  static TTables Tables;
+  return Tables;
 }
 
 std::string_view Trimmed(std::string_view Text) {
@@ -134,7 +156,7 @@ class TLanguageReader {
 
 }  // namespace
 
-const std::string& LoadResString(TZyText Symbol) { return CurrentTexts().at(Symbol); }
+const std::string& LoadResString(TZyText Symbol) { return Tables().Current().at(Symbol); }
 
 std::string_view TextSymbol(TZyText Symbol) { return Rows.at(Symbol).Symbol; }
 
@@ -195,14 +217,8 @@ void LoadLanguage(const std::filesystem::path& File) {
   LoadLanguage(Stream, Name);
 }
 
-void LoadLanguage(std::istream& Stream, std::string_view Name) {
-  TTexts Texts = TLanguageReader(Name).Read(Stream);
-  CurrentTexts().swap(Texts);
-}
+void LoadLanguage(std::istream& Stream, std::string_view Name) { Tables().Use(TLanguageReader(Name).Read(Stream)); }
 
-void ResetLanguage() {
-  TTexts Texts = EnglishTexts();
-  CurrentTexts().swap(Texts);
-}
+void ResetLanguage() { Tables().Use(EnglishTexts()); }
 
 }  // namespace zy

@@ -34,7 +34,7 @@ inline constexpr std::size_t TextCount = ChartTextCount
 #undef ZY_TEXT
 
 /// The text of a row in the loaded language, in English when none is loaded or the language has no such row.
-/// The reference stays valid; the string behind it changes with the language. UTF-8.
+/// It stays where and what it is when another language comes. UTF-8. From any thread.
 const std::string& LoadResString(TZyText Symbol);
 
 /// The name of a row as language files write it, such as "_sAxisStart".

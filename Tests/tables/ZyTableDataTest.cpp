@@ -5,9 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <random>
+#include <thread>
 
 #include "controls/ControlSamples.h"
 #include "framework/Bytes.h"
@@ -406,6 +408,31 @@ TEST_P(ZyTableDataTest, AConnectionThatIsLostOrLockedIsTriedAgain) {
   Chart.FixEnds(Chart.X, 1000, 1200);  // the next zoom asks again
   Answered(Chart);
   EXPECT_EQ(Data.LastError(), "");
+}
+
+TEST_P(ZyTableDataTest, ClosesWhileAStatementRunsAndOpensAnewWithinAnAnswer) {
+  MakeRows(2000, "");
+  int Notices = 0;
+  Data.SetOnNotice([&](TObject*, const std::string&) {
+    if (++Notices > 1) return;
+    Data.Close();
+    Data.Open();
+  });
+  Data.Open();
+  TBoundChart Chart(Data);
+  Data.SetXAxis(Chart.X);
+  Answered(Chart);
+  EXPECT_EQ(Notices, 2);
+  EXPECT_EQ(Data.Total().Count, 1998);
+  if (std::string(GetParam()) == "Postgres") return;
+  Base.ExecSQL("BEGIN EXCLUSIVE");
+  Chart.FixEnds(Chart.X, 100, 200);
+  Chart.Paint();
+  std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  const auto Begin = std::chrono::steady_clock::now();
+  Data.Close();
+  EXPECT_LT(std::chrono::steady_clock::now() - Begin, std::chrono::seconds(3)) << "the lock is waited for five";
+  Base.ExecSQL("COMMIT");
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, ZyTableDataTest, ::testing::Values("Sqlite", "Postgres"),

@@ -89,7 +89,9 @@ void TDataSet::DoOpen() {
   FState = TDataSetState::Browse;
   PlaceCursor(0);
   FBof = true;
+  const std::uint64_t Handle = LiveHandle();
   DataEvents({TDataEvent::UpdateState, TDataEvent::LayoutChange, TDataEvent::UpdateRecord, TDataEvent::DataSetChange});
+  if (FromLiveHandle(Handle) != nullptr) RecordsTold();
 }
 
 void TDataSet::DoClose() {
@@ -107,11 +109,13 @@ void TDataSet::Refresh() {
   CheckBrowseMode();
   const bool OtherLayout = TakeFields(TryRead());
   PlaceCursor(FRow);
+  const std::uint64_t Handle = LiveHandle();
   if (OtherLayout) {
     DataEvents({TDataEvent::LayoutChange, TDataEvent::UpdateRecord, TDataEvent::DataSetChange});
   } else {
     DataEvents({TDataEvent::UpdateRecord, TDataEvent::DataSetChange});
   }
+  if (FromLiveHandle(Handle) != nullptr) RecordsTold();
 }
 
 /// Whether the list of names is another one than before; the fields then are new objects.

@@ -110,6 +110,8 @@ class TDataSet : public TComponent {
   virtual std::vector<TFieldDef> ReadRecords() = 0;
   /// Gives up the records.
   virtual void DropRecords() = 0;
+  /// Runs last of opening and refreshing, when everybody has been told of the records. It may free the data set.
+  virtual void RecordsTold() {}
   virtual int GetRecordCount() const = 0;
   /// The value of a field in a record that exists.
   virtual TFieldValue GetValue(int Row, int Field) const = 0;
