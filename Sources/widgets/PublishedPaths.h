@@ -12,9 +12,8 @@ class TPersistent;
 class TPropInfo;
 
 /// The published properties of a component as the toolkit's editors and forms have them: by paths with points in
-/// between
-/// ("MajorGridVertical.Visible"), with colours as QColor, values of enumerations and sets by their names, reals,
-/// integers, truth values and texts as such.
+/// between ("MajorGridVertical.Visible"), with colours as QColor, values of enumerations and sets by their names,
+/// reals, integers, truth values and texts as such.
 
 /// One that can be edited: no event, no reference, nothing that only a parent decides, such as the bounds.
 struct TPublishedPath {

@@ -42,7 +42,8 @@ class ZyChartWidget : public ZyCustomChartWidget {
   QString yCaption() const;
   void setYCaption(const QString& Value);
 
-  /// A series of the kind TSeries, of the owner, with these data, on the primary axes; null as X takes the index.
+  /// A series of the kind TSeries, of the owner, with these data, on the primary axes; null as X takes the index. It
+  /// has a name, under which it is stored, and the next colour of the look.
   template <class TSeries>
   TSeries* AddSeries(TZyCustomDoubleVector* X, TZyCustomDoubleVector* Y) {
     auto* const Series = new TSeries(&Owner());

@@ -3,6 +3,8 @@
 #include <QEvent>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPointer>
+#include <exception>
 
 #include "graph/parts/ZyGraphParts.h"
 #include "platform/controls/TGraphicControl.h"
@@ -13,8 +15,28 @@
 
 namespace zy {
 
+/// Where the control lies while it is on no chart, which would tell what it throws.
+class ZyPlacedWidget::THost : public TPanel {
+ public:
+  THost(TComponent* Owner, ZyPlacedWidget& Widget) : TPanel(Owner), FWidget(&Widget) {}
+
+ protected:
+  bool WidgetEvent(QEvent& Event) override {
+    const QPointer<ZyPlacedWidget> Widget = FWidget;  // a handler may free both
+    try {
+      return TPanel::WidgetEvent(Event);
+    } catch (const std::exception& Error) {
+      if (Widget == nullptr || !Widget->TellError(Error.what())) throw;
+      return true;
+    }
+  }
+
+ private:
+  QPointer<ZyPlacedWidget> FWidget;
+};
+
 ZyPlacedWidget::ZyPlacedWidget(QWidget* Parent) : ZyControlWidget(Parent) {
-  FHost = new TPanel(&Owner());
+  FHost = new THost(&Owner(), *this);
   FHost->SetName("Host");
   Show(*FHost);
 }

@@ -58,6 +58,8 @@ class ZyPlacedWidget : public ZyControlWidget {
   template <class TControl>
   friend class TZyPlacedControl;
 
+  class THost;
+
   void Join();
   void Follow();
   void TakePlace();

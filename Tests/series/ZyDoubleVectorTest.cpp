@@ -68,6 +68,13 @@ TEST(ZyDoubleVectorTest, OnlyAscendingIsStrictAndNeverComesBack) {
     Vector.SetValue(1, n);
     EXPECT_EQ(Vector.OnlyAscending(), n < 4) << n;
   }
+  // Among those that count, whatever outliers lie between.
+  TZyDoubleVector Marked;
+  Marked.AddRange({1, 2, 3, 5, 0, 6, 7});
+  Marked.AddOutlier(4);
+  ASSERT_TRUE(Marked.OnlyAscending());
+  Marked.SetValue(5, 2.5);
+  EXPECT_FALSE(Marked.OnlyAscending());
 }
 
 /// Values and marks kept in the plainest way.

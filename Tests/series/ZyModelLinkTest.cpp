@@ -435,6 +435,7 @@ TEST(ZyModelLinkTest, AnyPartMayDieFirstAndMarkersGoWithTheirRows) {
   EXPECT_EQ(Link, nullptr);
   Second.reset();
   EXPECT_EQ(Other.Vector(), nullptr);
+  Model->Reverse();
   Other.SetVector(&Values);
   const int Count = Values.Count();
   Model.reset();

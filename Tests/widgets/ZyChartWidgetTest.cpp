@@ -28,6 +28,7 @@
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
 #include "texts/Exceptions.h"
+#include "ui_SampleForm.h"
 #include "widgets/PublishedPaths.h"
 #include "widgets/ZyLegendWidgets.h"
 #include "widgets/ZyMarkerWidgets.h"
@@ -415,6 +416,21 @@ TEST_F(ZyChartWidgetTest, LegendsStandOnChartsOrBesideThem) {
   delete FChart;
   EXPECT_EQ(Beside->Listed(), nullptr);
   Beside->grab();
+}
+
+TEST_F(ZyChartWidgetTest, FormsAreCompiled) {
+  QWidget Window;
+  Ui::SampleForm Form;
+  Form.setupUi(&Window);
+  Window.show();
+  while (!TApplication::Idle()) Settle();
+  EXPECT_EQ(Form.chart->PropertyAt("PrimaryXAxis.Caption"), "Time");
+  EXPECT_EQ(Form.chart->backColor(), QColor("#202124"));
+  EXPECT_EQ(Form.instant->Control()->X(), 2.5);
+  EXPECT_EQ(Form.instant->Control()->XAxis(), Form.chart->Graph().PrimaryXAxis());
+  EXPECT_EQ(Form.legend->Control()->Position(), TZyLegendPosition::TopCenterOfGraph);
+  EXPECT_EQ(Form.segments->Control()->PieChart(), &Form.pie->Graph());
+  EXPECT_EQ(Form.color->color(), Form.chart->backColor());
 }
 
 TEST_F(ZyChartWidgetTest, ControlsAreTiedToChartsByTheirNames) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/drawing/QtText.h"
+#include "platform/framework/ScopedFlag.h"
 #include "platform/framework/TPropInfo.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
@@ -161,7 +162,7 @@ void TApplication::RemoveIdleHandler(const void* Owner) {
 bool TApplication::Idle() {
   TIdleState& State = IdleState();
   if (State.Running) return true;  // a handler waits for events itself
-  State.Running = true;
+  const TScopedValue<bool> Running(State.Running, true);
   bool AllDone = true;
   const auto* const Present = dynamic_cast<TApplication*>(&Application());
   if (Present != nullptr && Present->OnIdle) AllDone = RunIdle(std::function(Present->OnIdle));
@@ -170,7 +171,6 @@ bool TApplication::Idle() {
         std::ranges::any_of(State.Entries, [&](const auto& Other) { return Other.Owner == Entry.Owner; });
     if (IsThere && !RunIdle(Entry.Proc)) AllDone = false;
   }
-  State.Running = false;
   return AllDone;
 }
 

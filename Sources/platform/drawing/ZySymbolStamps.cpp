@@ -106,7 +106,8 @@ void TZySymbolStamps::Draw(const TRasterTarget& Target, const TRasterClip& Clip,
   if (Within.Box.IsEmpty() || !Usable) return;
   TLook& Used = LookOf(Look);
   const bool IsSpread = Places.size() >= FewestSpread && TCrew::Processors() > 1;
-  thread_local std::vector<TQuarters> Spread;  // kept for its memory
+  thread_local std::vector<TQuarters> Kept;         // for its memory
+  std::vector<TQuarters> Spread = std::move(Kept);  // a stamp may be made of stamps
   Spread.clear();
   for (const PointF& Place : Places) {
     if (!MayShow(Within.Box, Place)) continue;
@@ -117,6 +118,7 @@ void TZySymbolStamps::Draw(const TRasterTarget& Target, const TRasterClip& Clip,
     IsSpread ? Spread.push_back(At) : Blit(Target, Within, Stamp, At.X >> 2, At.Y >> 2);
   }
   if (IsSpread) DrawInLanes(Target, Within, Used, Spread);
+  Kept = std::move(Spread);
 }
 
 /// Draws all in their order, each processor in rows of its own.

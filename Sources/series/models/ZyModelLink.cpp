@@ -226,7 +226,7 @@ void TZyModelLink::CheckStructure() {
 }
 
 void TZyModelLink::LayoutChanges() {
-  if (!FFollows || FReading || FUpdating > 0 || FPending > 0) return;
+  if (!FFollows || HeldRows() < 0 || FReading || FUpdating > 0 || FPending > 0) return;
   if (HeldRows() > 0) FAnchor = IndexOf(0);
   NoteOrder();
 }
@@ -272,7 +272,9 @@ void TZyModelLink::ReadAll() {
   FFollows = HasColumn();
   if (FModel == nullptr) return;
   if (!FFollows) {
+    const auto Alive = LiveHandle();
     TakeAll(0);
+    if (TPersistent::FromLiveHandle(Alive) == nullptr) return;
     if (RootIsGone()) return SetError(LoadResString(_sModelRootGone));
     return SetError(FColumn < 0 ? LoadResString(_sModelColumnGone) : Format(LoadResString(_sModelNoColumn), {FColumn}));
   }

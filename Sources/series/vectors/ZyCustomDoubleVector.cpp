@@ -68,10 +68,18 @@ bool TZyCustomDoubleVector::MovesRanges(int i, double n) const {
   return (FIsSorted || FOnlyAscending) && !StandsInOrder(i, n);
 }
 
-/// Whether n at index i would be greater than the value before it and smaller than the scanned one behind it.
+/// Whether n at index i would be greater than the value before it and smaller than the scanned one behind it, among all
+/// values and among those that are no outliers.
 bool TZyCustomDoubleVector::StandsInOrder(int i, double n) const {
-  const auto At = static_cast<std::size_t>(i);
-  return (i == 0 || n > FArray[At - 1]) && (i + 1 >= FLastCount || n < FArray[At + 1]);
+  int Before = i - 1, Behind = i + 1;
+  const auto Fits = [&] {
+    return (Before < 0 || n > FArray[static_cast<std::size_t>(Before)]) &&
+           (Behind >= FLastCount || n < FArray[static_cast<std::size_t>(Behind)]);
+  };
+  if (!Fits()) return false;
+  while (Before >= 0 && IsOutlier(Before)) --Before;
+  while (Behind < FLastCount && IsOutlier(Behind)) ++Behind;
+  return Fits();
 }
 
 int TZyCustomDoubleVector::Add(double n) {
