@@ -68,7 +68,7 @@ TTables AllTables() {
     std::unique_ptr<TComponent> Component(Class->Factory()(nullptr));
     if (dynamic_cast<TZyRecord*>(Component.get()) != nullptr) Components.push_back(std::move(Component));
   }
-  const auto Name = [](const auto& Component) { return Component->ClassInfo().Name(); };
+  const auto Name = [](const auto& Component) { return std::string_view(Component->ClassInfo().Name()); };
   const auto Depth = [](const auto& Component) {
     int Result = 0;
     for (const TClassInfo* Class = &Component->ClassInfo(); Class != nullptr; Class = Class->Parent()) ++Result;

@@ -125,8 +125,8 @@ void MakeControls(TColumn& Column) {
   auto& Group = Column.Add<TZyRadioGroup>("Title stands", "Graph.CaptionAlignment");
   Group.Items().SetText("Left\nRight\nIn the middle");
   Group.SetColumns(3);
-  auto& Distance = Column.Add<TZyIntegerEdit>("Padding of X axis, %", "Graph.PrimaryXAxis.StartPadding");
-  Distance.SetMaxValue(50);
+  auto& Digits = Column.Add<TZyIntegerEdit>("More digits on X axis", "Graph.PrimaryXAxis.ExtraDigits");
+  Digits.SetMaxValue(5);
 }
 
 /// A tool bar with the buttons that take back what the controls did, and do it again.
