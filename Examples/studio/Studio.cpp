@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QPainter>
 #include <QPixmap>
 #include <iostream>
 
@@ -23,21 +24,39 @@ void SaveWindow(QWidget& Window, const std::filesystem::path& FileName) {
   std::cout << FileName.string() << '\n';
 }
 
+/// The window with a dialog before it, as they lie on a screen.
+void SaveBoth(QWidget& Window, QWidget& Dialog, const std::filesystem::path& FileName) {
+  constexpr int Right = 180, Below = 50;
+  QPixmap Screen(Window.width() + Right, Window.height() + Below);
+  Screen.fill(Qt::lightGray);
+  QPainter Painter(&Screen);
+  Painter.drawPixmap(0, 0, Window.grab());
+  const QRect Place(QPoint(Screen.width() - Dialog.width() - 1, Screen.height() - Dialog.height() - 1), Dialog.size());
+  Painter.drawPixmap(Place, Dialog.grab());
+  Painter.setPen(Qt::darkGray);
+  Painter.drawRect(Place.adjusted(-1, -1, 0, 0));
+  Painter.end();
+  Screen.save(QString::fromStdString(FileName.string()));
+  std::cout << FileName.string() << '\n';
+}
+
 /// What a user would do, without one.
 void PlaySession(TStudioWindow& Window, const std::filesystem::path& Folder) {
   std::filesystem::create_directories(Folder);
   Window.Open(ZY_EXAMPLE_DATA "/co2-concentration.csv");
   TZySeries& Measured = Window.AddSeries("TZyLineSeries", 0, 1);
-  Window.AddCurve("TZyPolynomial", Measured);
+  Window.AddCurve("TZyPolynomial", Measured).Line().SetWidth(2);
   Window.AddLegend();
   Window.show();
   SaveWindow(Window, Folder / "studio.png");
-  Window.SaveTo(Folder / "studio.zyx");
-  Window.Open(Folder / "studio.zyx");
-  Window.Menu().ShowSettings(**Window.Graph().RelatedSeries().begin());
+  Window.Menu().ShowSettings(Measured);
   TGraphEdit& Dialog = *Window.Menu().GraphTool().Dialog();
   SaveWindow(*Dialog.Widget(), Folder / "settings.png");
+  SaveBoth(Window, *Dialog.Widget(), Folder / "session.png");
   Dialog.Close();
+  Window.SaveTo(Folder / "studio.zyx");
+  Window.Open(Folder / "studio.zyx");
+  SaveWindow(Window, Folder / "opened.png");
 }
 
 }  // namespace

@@ -110,7 +110,8 @@ double Exp10(double Exponent) {
 
 namespace {
 
-/// The decimal exponent of a number that no rounding of its digits takes into the next decade; nothing for others.
+/// The decimal exponent of a number that no rounding of its digits takes into the next decade; nothing for others. A
+/// number that is less than a decade by no more than the errors in here is rounded up to it anyway.
 std::optional<int> PlainExponent(double Value) {
   const double Size = std::fabs(Value);
   if (!(Size >= 1e-30 && Size <= 1e30)) return {};
@@ -121,8 +122,28 @@ std::optional<int> PlainExponent(double Value) {
   if (Mantissa() >= 10) ++Exponent;
   const double Lead = Mantissa();
   constexpr double Slightly = 1e-5;
-  if (Lead < 1 + Slightly || Lead > 10 - Slightly) return {};
+  if (Lead < 1 || Lead > 10 - Slightly) return {};
   return Exponent;
+}
+
+/// Digits of a number that is one of two digits at most times a power of ten, also in sixteen digits, as steps of axes
+/// are; nothing for others.
+std::optional<int> FewDigits(double Size) {
+  constexpr int Smallest = -20, Greatest = 15;  // for which the powers below are exact
+  const std::optional<int> Exponent = PlainExponent(Size);
+  if (!Exponent || *Exponent < Smallest || *Exponent > Greatest) return {};
+  const int Decimals = 1 - *Exponent;  // of two digits
+  double Number = 0;
+  if (Decimals < 0) {
+    Number = std::nearbyint(Size / PowerOfTen(-Decimals));
+    if (Number * PowerOfTen(-Decimals) != Size) return {};
+  } else {
+    constexpr double Rounded = 4.5e-15;  // below half of the sixteenth digit; a tenth of that below a power of ten
+    Number = std::nearbyint(Size * PowerOfTen(Decimals));
+    const double Rest = std::fma(Size, PowerOfTen(Decimals), -Number);
+    if (Rest > Rounded || Rest < (Number == 10 ? -Rounded / 10 : -Rounded)) return {};
+  }
+  return std::fmod(Number, 10) == 0 ? 1 : 2;
 }
 
 }  // namespace
@@ -154,6 +175,7 @@ double RoundLogDown(double Value, double Decades, double Step) { return RoundLog
 
 int LastSignificant(double Value) {
   if (!std::isfinite(Value)) return 0;
+  if (const std::optional<int> Few = FewDigits(std::fabs(Value))) return *Few;
   const TScientific Number(std::fabs(Value), 15);
   const std::string_view Mantissa = Number.Mantissa();
   const std::size_t Last = Mantissa.find_last_not_of(".0");

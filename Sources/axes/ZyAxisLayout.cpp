@@ -321,9 +321,11 @@ void TZyAxisLayout::PlaceScrollBars() {
   FGraph->SetDoScrollBars(FShowScrollH, FShowScrollV);
 }
 
+/// One that has room in the graph is not cut off for the sake of the axis.
 void TZyAxisLayout::PlaceLegends() {
   if (FGraph == nullptr) return;
   using enum TZyLegendPosition;
+  const auto Within = [](int Place, int Room) { return Room >= 0 ? std::clamp(Place, 0, Room) : Place; };
   const RectF& Area = FGraph->DrawingArea();
   for (IZyGraphLegend* Legend : LegendsAtSides()) {
     TControl& Control = Legend->Control();
@@ -335,7 +337,7 @@ void TZyAxisLayout::PlaceLegends() {
         break;
       case BottomCenterOfAxis:
       case TopCenterOfAxis:
-        Control.SetLeft(Rounded(Area.Width - Width) / 2 + Rounded(Area.X));
+        Control.SetLeft(Within(Rounded(Area.Width - Width) / 2 + Rounded(Area.X), FParent.Width() - Control.Width()));
         break;
       case LeftCenterOfGraph:
       case RightCenterOfGraph:
@@ -343,11 +345,11 @@ void TZyAxisLayout::PlaceLegends() {
         break;
       case LeftCenterOfAxis:
       case RightCenterOfAxis:
-        Control.SetTop(Rounded((Area.Height - Height) / 2 + Area.Y));
+        Control.SetTop(Within(Rounded((Area.Height - Height) / 2 + Area.Y), FParent.Height() - Control.Height()));
         break;
       case LeftTopOfAxis:
       case RightTopOfAxis:
-        Control.SetTop(Rounded(Area.Y));
+        Control.SetTop(Within(Rounded(Area.Y), FParent.Height() - Control.Height()));
         break;
       case FreeFloating:
         break;

@@ -4,7 +4,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
+#include <optional>
+#include <utility>
 
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
@@ -101,8 +104,35 @@ std::string FloatToStr(double Value) {
   return Text;
 }
 
+namespace {
+
+/// The text of a number of moderate size with few decimals, as an integer with a separator in it; nothing where its
+/// rounding is no matter of course.
+std::optional<std::string> PlainFixed(double Value, int Digits) {
+  constexpr double Powers[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};
+  constexpr double Largest = 1e13, AlmostHalf = 0.49;  // so that the error of the product is far below the rest
+  if (Digits < 0 || Digits >= static_cast<int>(std::size(Powers))) return {};
+  const double Scaled = std::fabs(Value) * Powers[Digits], Rounded = std::nearbyint(Scaled);
+  if (!(Scaled < Largest) || std::fabs(Scaled - Rounded) > AlmostHalf) return {};
+  std::array<char, 24> Buffer;
+  char* Last = Buffer.data() + Buffer.size();
+  auto Number = static_cast<std::uint64_t>(Rounded);
+  const bool IsNegative = Value < 0 && Number > 0;
+  int Written = 0;
+  do {
+    if (Written == Digits && Digits > 0) *--Last = FormatSettings().DecimalSeparator;
+    *--Last = static_cast<char>('0' + Number % 10);
+    Number /= 10;
+  } while (++Written <= Digits || Number > 0);
+  if (IsNegative) *--Last = '-';
+  return std::string(Last, Buffer.data() + Buffer.size());
+}
+
+}  // namespace
+
 std::string FloatToStrFixed(double Value, int Digits) {
   if (!std::isfinite(Value)) return SpecialText(Value);
+  if (std::optional<std::string> Plain = PlainFixed(Value, Digits)) return *std::move(Plain);
   std::array<char, 400> Buffer;
   const auto Result = std::to_chars(Buffer.data(), Buffer.data() + Buffer.size(), Value, std::chars_format::fixed,
                                     std::clamp(Digits, 0, 18));

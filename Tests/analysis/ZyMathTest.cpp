@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 #include <cstdio>
@@ -9,6 +10,7 @@
 #include <cstring>
 #include <limits>
 #include <random>
+#include <string_view>
 #include <tuple>
 #include <utility>
 
@@ -61,6 +63,14 @@ TEST(ZyMathTest, ExponentsAndDigitsAreThoseOfThePrintedNumber) {
     char Printed[40];
     std::snprintf(Printed, sizeof Printed, "%.6e", Value);
     ASSERT_EQ(Real10thExponent(Value), std::atoi(std::strchr(Printed, 'e') + 1)) << Printed;
+    // Numbers of few digits and their neighbours.
+    double Few = i / 4 % 120 * Power;
+    if (i % 4 > 1) Few = std::nextafter(Few, i % 4 == 2 ? 0 : Infinity);
+    std::snprintf(Printed, sizeof Printed, "%.15e", Few);
+    const std::string_view Mantissa(Printed, 17);
+    const std::size_t Last = Mantissa.find_last_not_of(".0");
+    ASSERT_EQ(LastSignificant(Few), Last == Mantissa.npos ? 0 : static_cast<int>(std::max<std::size_t>(Last, 1)))
+        << Printed;
   }
 }
 

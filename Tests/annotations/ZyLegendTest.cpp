@@ -197,6 +197,13 @@ TEST_F(ZyLegendTest, StandsBesideTheDataWhereItIsDocked) {
   Legend->SetVisible(false);
   Paint();
   EXPECT_EQ(Graph->DrawingArea(), (RectF{50, 50, 501, 251})) << "a hidden one gives its room back";
+  Legend->SetVisible(true);
+  Legend->SetPosition(TZyLegendPosition::BottomCenterOfAxis);
+  Paint();
+  Graph->SetWidth(Legend->Width() + 4);
+  Graph->SetDistanceBorderAxisLeft(100);
+  Paint();
+  EXPECT_EQ(Legend->Left(), 4) << "where it is not cut off";
 }
 
 TEST_F(ZyLegendTest, APositionIsOneStepOfUndo) {

@@ -100,6 +100,18 @@ TEST(NumberText, ShownRealsFollowTheLocale) {
     EXPECT_EQ(FloatToStrFixed(Row.Value, Row.Digits), Row.Fixed);
   }
   EXPECT_EQ(FloatToStrFixed(std::numeric_limits<double>::max(), 18).size(), 309u + 1 + 18);
+  std::mt19937_64 Random(3);
+  for (int i = 0; i < 20'000; ++i) {  // as the C library prints it, ties and what is nearly one among them
+    const int Digits = i % 9;
+    double Value = (std::floor(std::uniform_real_distribution<double>(1, 1e6)(Random)) + 0.5) / std::pow(10, i % 8);
+    if (i % 3 == 1) Value = std::nextafter(Value, i % 2 * 1e9);
+    char Printed[40];
+    std::snprintf(Printed, sizeof Printed, "%.*f", Digits, -Value);
+    std::string Expected = Printed;
+    if (Expected.find_first_of("123456789") == std::string::npos) Expected.erase(0, 1);
+    if (const auto Point = Expected.find('.'); Point != std::string::npos) Expected[Point] = ',';
+    ASSERT_EQ(FloatToStrFixed(-Value, Digits), Expected);
+  }
   EXPECT_EQ(StrToFloat("-1,25e2"), -125);
   for (const char* Text : {"1.25", "1,2,5", ",", "1.000,5"}) EXPECT_THROW(StrToFloat(Text), EConvertError) << Text;
 }

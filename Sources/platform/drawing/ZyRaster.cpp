@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <optional>
@@ -14,6 +15,7 @@
 #include "platform/drawing/ZyRasterStroke.h"
 #include "platform/drawing/ZyRasterThin.h"
 #include "platform/drawing/ZyRasterThinQueue.h"
+#include "platform/framework/TCrew.h"
 
 namespace zy {
 namespace {
@@ -381,17 +383,33 @@ void TZyRaster::FillBox(double Left, double Top, double Right, double Bottom, co
   if (!IsSolid && !Paint.IsLevel()) return FillUneven(FTarget, {FClip.Box, nullptr, 0}, Columns, Rows, Paint);
   const int FullFrom = Columns.First + (Columns.FirstPart < 1 ? 1 : 0);
   const int FullTo = Columns.Last + (Columns.LastPart < 1 ? 0 : 1);
-  for (int Row = Rows.First; Row <= Rows.Last; ++Row) {
-    if (!IsSolid) Paint.Fetch(Columns.First, Row, 1, &Ink);
+  const auto FillRow = [&](int Row, std::uint32_t Color) {
     std::uint32_t* const Pixels = FTarget.Pixels + Row * FTarget.Stride;
     const double Height = Rows.PartOf(Row);
     const auto Blend = [&](int From, int To, double Part) {
-      if (From < To) BlendEven(Pixels + From, CoverageOfPart(Part * Height), To - From, Ink);
+      if (From < To) BlendEven(Pixels + From, CoverageOfPart(Part * Height), To - From, Color);
     };
     if (Columns.FirstPart < 1) Blend(Columns.First, Columns.First + 1, Columns.FirstPart);
     Blend(FullFrom, FullTo, 1);
     if (Columns.LastPart < 1 && Columns.Last > Columns.First) Blend(Columns.Last, Columns.Last + 1, Columns.LastPart);
+  };
+  if (!IsSolid) {
+    for (int Row = Rows.First; Row <= Rows.Last; ++Row) {
+      Paint.Fetch(Columns.First, Row, 1, &Ink);
+      FillRow(Row, Ink);
+    }
+    return;
   }
+  // The ground of a large picture is spread over the processors.
+  constexpr std::int64_t PixelsOfPiece = 1 << 20;
+  const int Height = Rows.Last + 1 - Rows.First;
+  const std::int64_t Area = std::int64_t{Height} * std::max(FullTo - FullFrom, 1);
+  const int Pieces = static_cast<int>(std::clamp<std::int64_t>(Area / PixelsOfPiece, 1, TCrew::Processors()));
+  const auto FillPiece = [&](int Piece) {
+    const auto Edge = [&](int i) { return Rows.First + static_cast<int>(std::int64_t{Height} * i / Pieces); };
+    for (int Row = Edge(Piece); Row < Edge(Piece + 1); ++Row) FillRow(Row, Ink);
+  };
+  Pieces == 1 ? FillPiece(0) : InParallel(Pieces, FillPiece);
 }
 
 void TZyRaster::FillPolygon(std::span<const PointF> Points, bool Winding, const TRasterPaint& Paint, bool Smooth) {

@@ -15,6 +15,51 @@ namespace {
 
 std::atomic<int> ChosenProcessors = 0;
 
+/// Threads that wait for crews to help: to start one takes longer than most of what a crew does. They are there until
+/// the program ends, and are no hindrance to its end.
+class THelpers {
+ public:
+  static THelpers& Instance() {
+    static auto& Result = *new THelpers;  // never freed, as its threads are in it to the last
+    return Result;
+  }
+
+  /// Has Help called on so many threads, as soon as each is free. Where no thread can be started it is left undone.
+  void Call(int Number, const std::function<void()>& Help) {
+    {
+      const std::lock_guard Lock(FMutex);
+      for (int i = 0; i < Number && FCalls.size() < MostCalls; ++i) FCalls.push_back(Help);
+      try {
+        for (; FThreads < Number; ++FThreads) std::thread([this] { Execute(); }).detach();
+      } catch (const std::system_error&) {
+        // No more threads: the others do it.
+      }
+    }
+    FChanged.notify_all();
+  }
+
+ private:
+  [[noreturn]] void Execute() {
+    std::unique_lock Lock(FMutex);
+    while (true) {
+      FChanged.wait(Lock, [this] { return !FCalls.empty(); });
+      std::function<void()> Help = std::move(FCalls.front());
+      FCalls.pop_front();
+      Lock.unlock();
+      Help();
+      Help = {};
+      Lock.lock();
+    }
+  }
+
+  static constexpr std::size_t MostCalls = 256;  // that wait; further ones would come too late
+
+  std::mutex FMutex;
+  std::condition_variable FChanged;
+  std::deque<std::function<void()>> FCalls;
+  int FThreads = 0;
+};
+
 }  // namespace
 
 int TCrew::Processors() {
@@ -25,16 +70,17 @@ int TCrew::Processors() {
 
 void TCrew::SetProcessors(int Count) { ChosenProcessors.store(Count, std::memory_order_relaxed); }
 
-class TCrew::TState {
+/// Shared with those who help: one that comes late finds the end.
+class TCrew::TState : public std::enable_shared_from_this<TState> {
  public:
   explicit TState(int Lanes) : FLanes(static_cast<std::size_t>(std::max(Lanes, 1))) {}
-  ~TState() {
+
+  void End() {
     {
       const std::lock_guard Lock(FMutex);
       FEnds = true;
     }
     FChanged.notify_all();
-    for (std::thread& Thread : FThreads) Thread.join();
   }
 
   void Post(std::function<void(int)> Job) {
@@ -63,14 +109,10 @@ class TCrew::TState {
 
   void Start() {
     const int Helpers = std::min(static_cast<int>(FLanes.size()), Processors()) - 1;
-    try {
-      while (static_cast<int>(FThreads.size()) < Helpers) FThreads.emplace_back([this] { Execute(); });
-    } catch (const std::system_error&) {
-      // No more threads: the others do it.
-    }
+    if (Helpers > 0) THelpers::Instance().Call(Helpers, [Self = shared_from_this()] { Self->Help(); });
   }
 
-  void Execute() {
+  void Help() {
     std::unique_lock Lock(FMutex);
     while (!FEnds)
       if (!Step(Lock)) FChanged.wait(Lock);
@@ -107,12 +149,14 @@ class TCrew::TState {
   std::vector<TLane> FLanes;
   std::size_t FPosted = 0, FForgotten = 0;
   bool FEnds = false, FHasStarted = false;
-  std::vector<std::thread> FThreads;
 };
 
-TCrew::TCrew(int Lanes) : FState(std::make_unique<TState>(Lanes)) {}
+TCrew::TCrew(int Lanes) : FState(std::make_shared<TState>(Lanes)) {}
 
-TCrew::~TCrew() { Finish(); }
+TCrew::~TCrew() {
+  Finish();
+  FState->End();
+}
 
 void TCrew::Post(std::function<void(int Lane)> Job) { FState->Post(std::move(Job)); }
 

@@ -5,8 +5,8 @@
 
 namespace zy {
 
-/// Spreads work over the machine's processors, for as long as it lives: the threads start with the first job and end
-/// with the crew.
+/// Spreads work over the machine's processors, for as long as it lives. The threads that help are the program's: they
+/// wait from one crew to the next, which is five times as quick as to start them, and are there from the first job on.
 ///
 /// Work comes in jobs, and each is done once for every lane. Jobs of one lane follow each other in the order in which
 /// they were posted, those of different lanes run at the same time: so a lane may be a part of a picture, into which
@@ -36,7 +36,7 @@ class TCrew {
 
  private:
   class TState;
-  std::unique_ptr<TState> FState;
+  std::shared_ptr<TState> FState;
 };
 
 /// Calls Work for each piece of some, 0 to Pieces - 1, at the same time where the machine can; returns when all is

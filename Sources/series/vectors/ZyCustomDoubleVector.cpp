@@ -1,10 +1,12 @@
 #include "series/vectors/ZyCustomDoubleVector.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 
+#include "platform/framework/TCrew.h"
 #include "platform/framework/TPropInfo.h"
 #include "series/vectors/ZyVectors.h"
 #include "texts/Exceptions.h"
@@ -18,6 +20,34 @@ constexpr int LargestReserve = 1 << 20;
 constexpr double LargestDouble = std::numeric_limits<double>::max();
 
 using detail::VectorIndexOutOfRange;
+
+/// Whether each value is greater than the one before it. Most that do not ascend show it at the beginning; the others
+/// are looked at by several processors.
+bool Ascends(std::span<const double> Values) {
+  constexpr std::size_t Few = 1024, ValuesOfPiece = 1 << 17, MostPieces = 64;
+  const auto AscendsFrom = [&](std::size_t From, std::size_t To) {
+    std::int64_t Descents = 0;  // counted without a branch, several at a time
+    for (std::size_t i = From; i < To; ++i) Descents += Values[i] > Values[i - 1] ? 0 : 1;
+    return Descents == 0;
+  };
+  std::atomic<bool> Descends = false;
+  const auto Walk = [&](std::size_t From, std::size_t To) {
+    for (; From < To && !Descends.load(std::memory_order_relaxed); From += Few)
+      if (!AscendsFrom(From, std::min(To, From + Few))) Descends = true;
+  };
+  const std::size_t Count = Values.size(), Pieces = std::min(Count / ValuesOfPiece, MostPieces);
+  if (Pieces <= 1) {
+    Walk(1, Count);
+  } else if (AscendsFrom(1, Few)) {
+    InParallel(static_cast<int>(Pieces), [&](int Piece) {
+      const auto Edge = [&](std::size_t i) { return std::max<std::size_t>(Count * i / Pieces, 1); };
+      Walk(Edge(static_cast<std::size_t>(Piece)), Edge(static_cast<std::size_t>(Piece) + 1));
+    });
+  } else {
+    return false;
+  }
+  return !Descends;
+}
 
 }  // namespace
 
@@ -278,14 +308,9 @@ void TZyCustomDoubleVector::ScanPlain() {
   }
   FHasGaps = FHasGaps || New.HasGaps;
   FAll = FPlain;
-  constexpr int Piece = 1024;
-  for (int First = std::max(FLastCount, 1); First < FCount && (FIsSorted || FOnlyAscending); First += Piece) {
-    const double* const Value = FArray.data() + First;
-    std::int64_t Descents = 0;  // counted without a branch, several at a time
-    for (int i = 0; i < std::min(Piece, FCount - First); ++i) Descents += Value[i] > Value[i - 1] ? 0 : 1;
-    FIsSorted = FIsSorted && Descents == 0;
-    FOnlyAscending = FOnlyAscending && Descents == 0;
-  }
+  if ((FIsSorted || FOnlyAscending) &&
+      !Ascends(Values().subspan(static_cast<std::size_t>(std::max(FLastCount, 1) - 1))))
+    FIsSorted = FOnlyAscending = false;
 }
 
 void TZyCustomDoubleVector::ScanWithOutliers() {

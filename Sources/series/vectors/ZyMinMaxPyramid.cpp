@@ -10,10 +10,9 @@
 namespace zy {
 namespace {
 
-constexpr std::size_t Block = 64;  // values under a node of the lowest level
-constexpr std::size_t Fan = 16;    // nodes under a node of the others
-constexpr std::size_t NodesOfPiece = 1 << 14,
-                      MostPieces = 64;  // a million values, a scan of which takes longer than a thread to start
+constexpr std::size_t Block = 64;                               // values under a node of the lowest level
+constexpr std::size_t Fan = 16;                                 // nodes under a node of the others
+constexpr std::size_t NodesOfPiece = 1 << 11, MostPieces = 64;  // some 100,000 values, which several scan at once
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
 std::size_t NodesFor(std::size_t Count, std::size_t Size) { return (Count + Size - 1) / Size; }

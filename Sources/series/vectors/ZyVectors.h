@@ -37,10 +37,15 @@ class TZyGrowingArray {
   void SetValue(int i, const T& Value) { Element(i) = Value; }
   /// Appends, and returns the new count.
   int Add(const T& Value) {
-    const int i = FCount;
-    CheckCount(i + 1);
-    FArray[static_cast<std::size_t>(i)] = Value;
-    return FCount;
+    const auto i = static_cast<std::size_t>(FCount);
+    if (i >= FArray.size()) {
+      const T Kept = Value;  // which may be one of the elements
+      CheckCount(FCount + 1);
+      FArray[i] = Kept;
+      return FCount;
+    }
+    FArray[i] = Value;
+    return ++FCount;
   }
   /// Forgets the elements and keeps the storage.
   void Clear() { FCount = 0; }
