@@ -3,6 +3,7 @@
 #include "undo/ZyUndoStack.h"
 
 namespace zy {
+
 TZyUndoGroup::TZyUndoGroup(TZyUndoStack* Stack, std::string_view Comment) {
   if (Stack == nullptr) return;
   FLevel = Stack->GroupLevel();
@@ -21,11 +22,14 @@ TZyUndoGroup::TZyUndoGroup(TZyUndoStack* Stack, TPersistent& Instance,
 TZyUndoGroup::~TZyUndoGroup() {
   auto* const Stack = static_cast<TZyUndoStack*>(TPersistent::FromLiveHandle(FStack));
   if (Stack == nullptr || Stack->GroupLevel() <= FLevel) return;
+  const bool WasEnabled = Stack->Enabled();
+  Stack->SetEnabled(true);  // one that stayed open would refuse undo for good
   try {
     Stack->StopGroup();
   } catch (...) {
     // The log could not be written. What is on its way out counts more; the group ends with the outer one.
   }
+  Stack->SetEnabled(WasEnabled);
 }
 
 }  // namespace zy

@@ -12,7 +12,8 @@ class TPersistent;
 class TZyUndoStack;
 
 /// What happens while this object lives is one step that can be undone. Nothing without a stack, and while the stack is
-/// silent. The group is closed however the block is left, unless the stack was cleared or died meanwhile.
+/// silent. The group is closed however the block is left, also while the stack is switched off, unless it was cleared
+/// or died meanwhile.
 class TZyUndoGroup {
  public:
   TZyUndoGroup(TZyUndoStack* Stack, std::string_view Comment);

@@ -72,9 +72,10 @@ class ZyChartWidget::TWatched : public TZyWatchedChart<TZyGraph2D> {
   bool Tell(TZyGestureEvent Event) override {
     constexpr void (ZyChartWidget::*Signals[])() = {&ZyChartWidget::zoomStarted, &ZyChartWidget::zoomed,
                                                     &ZyChartWidget::panStarted, &ZyChartWidget::panned};
+    const auto Signal = Signals[static_cast<int>(Event)];
     const QPointer<ZyChartWidget> Widget = FChartWidget;
     if (!TZyWatchedChart::Tell(Event)) return false;
-    if (Widget != nullptr) emit(Widget->*Signals[static_cast<int>(Event)])();
+    if (Widget != nullptr) emit(Widget->*Signal)();
     return Widget != nullptr;
   }
 

@@ -404,6 +404,14 @@ TEST_F(ZyUndoStackTest, AGroupEndsWithItsBlock) {
     Stack.SetEnabled(true);
   }
   EXPECT_EQ(Stack.UndoCount(), 0);
+  {
+    const TZyUndoGroup Group(&Stack, Line, {"Width"});
+    Stack.SetEnabled(false);
+  }
+  EXPECT_FALSE(Stack.Enabled());
+  EXPECT_EQ(Stack.GroupLevel(), 0) << "an open one would refuse undo for good";
+  Stack.SetEnabled(true);
+  Stack.Clear();
   auto Short = std::make_unique<TZyUndoStack>();
   const TZyUndoGroup Group(Short.get(), _sAxisStart);
   Short.reset();
