@@ -225,8 +225,7 @@ std::vector<double> TZyTableData::PixelEdges() const {
     if (Edge > Low && Edge <= High) Result.push_back(Edge);
   }
   std::ranges::sort(Result);
-  const auto Repeated = std::ranges::unique(Result);
-  Result.erase(Repeated.begin(), Repeated.end());
+  Result.erase(std::unique(Result.begin(), Result.end()), Result.end());
   return Result;
 }
 
