@@ -126,7 +126,7 @@ class DesignerTest : public ::testing::Test {
  protected:
   DesignerTest() {
     FCore->setTopLevel(&FTopLevel);
-    FCore->setPropertyEditor(FEditor);
+    FCore->setPropertyEditor(FEditor.get());
     new QDesignerIntegration(FCore.get(), FCore.get());
     QDesignerComponents::initializePlugins(FCore.get());
     FWindow = FCore->formWindowManager()->createFormWindow();
@@ -170,7 +170,8 @@ class DesignerTest : public ::testing::Test {
 
   QWidget FTopLevel;
   std::unique_ptr<QDesignerFormEditorInterface> FCore{QDesignerComponents::createFormEditor(nullptr)};
-  QDesignerPropertyEditorInterface* FEditor = QDesignerComponents::createPropertyEditor(FCore.get(), nullptr);
+  std::unique_ptr<QDesignerPropertyEditorInterface> FEditor{
+      QDesignerComponents::createPropertyEditor(FCore.get(), nullptr)};
   QDesignerFormWindowInterface* FWindow = nullptr;
 };
 
