@@ -30,6 +30,7 @@
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -126,7 +127,10 @@ class DesignerTest : public ::testing::Test {
  protected:
   DesignerTest() {
     FCore->setTopLevel(&FTopLevel);
-    FCore->setPropertyEditor(FEditor.get());
+    FCore->setPropertyEditor(FEditor);
+    // Never freed: at its end it asks for settings that only the program of the designer has.
+    static auto& Editors = *new std::vector<QWidget*>;
+    Editors.push_back(FEditor);
     new QDesignerIntegration(FCore.get(), FCore.get());
     QDesignerComponents::initializePlugins(FCore.get());
     FWindow = FCore->formWindowManager()->createFormWindow();
@@ -170,8 +174,7 @@ class DesignerTest : public ::testing::Test {
 
   QWidget FTopLevel;
   std::unique_ptr<QDesignerFormEditorInterface> FCore{QDesignerComponents::createFormEditor(nullptr)};
-  std::unique_ptr<QDesignerPropertyEditorInterface> FEditor{
-      QDesignerComponents::createPropertyEditor(FCore.get(), nullptr)};
+  QDesignerPropertyEditorInterface* FEditor = QDesignerComponents::createPropertyEditor(FCore.get(), nullptr);
   QDesignerFormWindowInterface* FWindow = nullptr;
 };
 
