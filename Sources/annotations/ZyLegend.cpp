@@ -70,7 +70,7 @@ void TZyLegend::SetItemsOrderList(const TStringList* Value) {
 }
 
 /// The order of the items follows from the place, and is not always what it was made to be afterwards: undo writes both
-/// back, and the place itself where the legend floated.
+/// back, and the place itself where the legend floated. A stored form tells the order by itself, in front of the place.
 void TZyLegend::SetPosition(TZyLegendPosition Value) {
   using enum TZyLegendPosition;
   if (Value == FPosition) return;
@@ -84,12 +84,9 @@ void TZyLegend::SetPosition(TZyLegendPosition Value) {
     }
   }
   FPosition = Value;
-  if (Value == BottomCenterOfGraph || Value == BottomCenterOfAxis || Value == TopCenterOfGraph ||
-      Value == TopCenterOfAxis) {
-    FItemsOrder = TZyItemsOrder::ByRow;
-  } else if (Value != FreeFloating) {
-    FItemsOrder = TZyItemsOrder::ByColumn;
-  }
+  const bool IsAcross = Value == BottomCenterOfGraph || Value == BottomCenterOfAxis || Value == TopCenterOfGraph ||
+                        Value == TopCenterOfAxis;
+  if (Value != FreeFloating && !IsLoading()) FItemsOrder = IsAcross ? TZyItemsOrder::ByRow : TZyItemsOrder::ByColumn;
   FRecalculate = true;
   if (FGraph != nullptr) FGraph->Modified();
   MakeRoom(true);

@@ -4,6 +4,7 @@
 
 #include <tuple>
 
+#include "controls/ControlSamples.h"
 #include "graph/SampleChart.h"
 #include "persistence/ChartForms.h"
 #include "texts/NumberText.h"
@@ -204,6 +205,19 @@ TEST_F(ZyLegendTest, StandsBesideTheDataWhereItIsDocked) {
   Graph->SetDistanceBorderAxisLeft(100);
   Paint();
   EXPECT_EQ(Legend->Left(), 4) << "where it is not cut off";
+}
+
+TEST_F(ZyLegendTest, AStoredFormKeepsTheOrderOfItemsAtEveryPlace) {
+  Legend->SetName("Legend");
+  for (const auto Position : {TZyLegendPosition::BottomCenterOfGraph, TZyLegendPosition::LeftCenterOfGraph})
+    for (const auto Order : {TZyItemsOrder::ByRow, TZyItemsOrder::ByColumn}) {
+      Legend->SetPosition(TZyLegendPosition::FreeFloating);
+      Legend->SetPosition(Position);
+      Legend->SetItemsOrder(Order);
+      TForm Loaded;
+      ReadBack(Form, Loaded);
+      EXPECT_EQ(dynamic_cast<TZyLegend&>(*Loaded.FindComponent("Legend")).ItemsOrder(), Order);
+    }
 }
 
 TEST_F(ZyLegendTest, APositionIsOneStepOfUndo) {
