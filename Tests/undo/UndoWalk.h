@@ -98,9 +98,9 @@ class TUndoForm {
     return WithoutFollowers(Bytes());
   }
 
-  /// The bytes of a form without the boxes of axes, the ends of curves, and the axis that a phase without one is given:
-  /// what these follow from is undone, but they are those of the last layout or calculation, and none comes while an
-  /// axis is missing.
+  /// The bytes of a form without the boxes of axes, the ends of curves, the axis that a phase without one is given, and
+  /// the size of a pie's labels: what these follow from is undone, but they are those of the last layout or
+  /// calculation, and none comes while an axis, or the values of the pie, are missing.
   static std::string WithoutFollowers(std::string Result) {
     for (const std::string_view Name : {"Left", "Top", "Width", "Height", "CalculationStart", "CalculationStop",
                                         "DisplayStart", "DisplayStop", "Offset"}) {
@@ -110,6 +110,12 @@ class TUndoForm {
         Result.erase(At, Row.size() + 1 + (Tag == 6 ? 8U : 1U << (Tag - 2)));
       }
     }
+    constexpr std::string_view Pie = "\x07\x0bTZyPieChart", Size =
+                                                                "\x07\x09"
+                                                                "Font.Size";
+    for (std::size_t At = Result.find(Pie); At != std::string::npos; At = Result.find(Pie, At + 1))
+      if (const std::size_t Row = Result.find(Size, At); Row != std::string::npos)
+        Result.erase(Row, Size.size() + 9);  // a number of eight bytes
     const std::string Row = "\x07\x0bPhase.YAxis";
     for (std::size_t At = Result.find(Row); At != std::string::npos; At = Result.find(Row, At))
       Result.erase(At, Result.find('\x07', At + Row.size()) - At);
