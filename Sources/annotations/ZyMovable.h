@@ -22,7 +22,11 @@ namespace zy {
 /// by the tabulator key, is one step of undo, logged when it ends, with the point that the marker held on to before.
 ///
 /// An heir says how large it is (SetHotDelta), paints itself (PaintGr), and publishes what it has.
-class TZyMovable : public TZyDraggedControl, public TZyRecord, public IZyGraphMarker, public IZySnappingMarker {
+class TZyMovable : public TZyDraggedControl,
+                   public TZyRecord,
+                   public IZyGraphMarker,
+                   public IZySnappingMarker,
+                   public IZyUndoUser {
   ZY_CLASS(TZyMovable, TZyDraggedControl)
   ~TZyMovable() override;
 
@@ -114,7 +118,7 @@ class TZyMovable : public TZyDraggedControl, public TZyRecord, public IZyGraphMa
   const TNotifyEvent& OnMarkerMoved() const { return FOnMoved; }
   void SetOnMarkerMoved(TNotifyEvent Value) { FOnMoved = std::move(Value); }
 
-  TZyUndoStack* UndoStack() const { return FUndo; }
+  TZyUndoStack* UndoStack() const override { return FUndo; }
   void SetUndoStack(TZyUndoStack* Value) override;
   TControl& Control() override { return *this; }
   /// Size and place follow what is shown. Runs after each layout, and for each change.

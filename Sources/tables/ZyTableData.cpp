@@ -120,10 +120,11 @@ void TZyTableData::Start() {
     if (Each->empty()) throw EDatabaseError(Format(LoadResString(_sTableUnset), {Title()}));
   const std::shared_ptr<TSqlConnection> Connection = TSqlConnection::Share(FConnectionText);
   TZyTable(*Connection, Names, Title()).Statements();
-  if (FWorker == nullptr) ++FOpenings;
-  if (FWorker == nullptr)
+  if (FWorker == nullptr) {
+    ++FOpenings;
     FWorker = std::make_unique<TZyTableWorker>(TZyTableSource{FConnectionText, Names, Summary(), Title()},
                                                [this] { TakeAnswers(); });
+  }
   FAsked.clear();
   Ask({});
 }

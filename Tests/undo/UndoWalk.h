@@ -110,9 +110,7 @@ class TUndoForm {
         Result.erase(At, Row.size() + 1 + (Tag == 6 ? 8U : 1U << (Tag - 2)));
       }
     }
-    constexpr std::string_view Pie = "\x07\x0bTZyPieChart", Size =
-                                                                "\x07\x09"
-                                                                "Font.Size";
+    const std::string Pie = std::string("\x07\x0b") + "TZyPieChart", Size = std::string("\x07\x09") + "Font.Size";
     for (std::size_t At = Result.find(Pie); At != std::string::npos; At = Result.find(Pie, At + 1))
       if (const std::size_t Row = Result.find(Size, At); Row != std::string::npos)
         Result.erase(Row, Size.size() + 9);  // a number of eight bytes

@@ -88,5 +88,20 @@ TEST(ZyChartUndoTest, RandomWalksComeBackToTheFirstBytesInGroupsToo) {
   }
 }
 
+TEST(ZyChartUndoTest, WhatComesBackIsLoggedAgain) {
+  TUndoForm Form;
+  for (TComponent* Component : Form.Form.Components()) {
+    if (dynamic_cast<TZyMovable*>(Component) == nullptr) continue;
+    const std::string Name = Component->Name();
+    Form.Stack.PushComponent(Component, "gone");
+    delete Component;
+    Form.Stack.Undo();
+    auto& Marker = dynamic_cast<TZyMovable&>(*Form.Form.FindComponent(Name));
+    Marker.SetClipToData(!Marker.ClipToData());
+    EXPECT_EQ(Form.Stack.UndoList().Count(), 1) << Name;
+    Form.Stack.Undo();
+  }
+}
+
 }  // namespace
 }  // namespace zy

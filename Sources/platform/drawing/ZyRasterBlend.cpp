@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "platform/framework/WiderAsWell.h"
-
 // Loops over bytes in chunks of fixed size, written for the compiler's vectoriser: channels are never told apart but
 // for the alpha, which is taken from the pixel's value, so byte order does not matter.
 
@@ -203,13 +201,9 @@ void BlendEven(std::uint32_t* Pixels, std::uint8_t Coverage, int Count, std::uin
   for (; I < Count; ++I) Pixels[I] = Packed(Lanes(Part) + Scaled(Lanes(Pixels[I]), Keep));
 }
 
-ZY_WIDER_AS_WELL void BlendRowsOver(std::uint32_t* Pixels, std::ptrdiff_t Stride, const std::uint32_t* Colors,
-                                    int Width, int Height) {
-  for (int Row = 0; Row < Height; ++Row, Pixels += Stride, Colors += Width) {
-    int I = 0;
-    for (; I + 2 * GroupSize <= Width; I += 2 * GroupSize) PutOver<2 * GroupSize>(Pixels + I, Colors + I);
-    for (; I < Width; I += GroupSize) PutOver<GroupSize>(Pixels + I, Colors + I);
-  }
+void BlendRowsOver(std::uint32_t* Pixels, std::ptrdiff_t Stride, const std::uint32_t* Colors, int Width, int Height) {
+  for (int Row = 0; Row < Height; ++Row, Pixels += Stride, Colors += Width)
+    for (int I = 0; I < Width; I += GroupSize) PutOver<GroupSize>(Pixels + I, Colors + I);
 }
 
 void BlendOver(std::uint32_t* Pixels, const std::uint32_t* Colors, int Count) {
