@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/framework/WiderAsWell.h"
+
 // Loops over bytes in chunks of fixed size, written for the compiler's vectoriser: channels are never told apart but
 // for the alpha, which is taken from the pixel's value, so byte order does not matter.
 
@@ -201,7 +203,8 @@ void BlendEven(std::uint32_t* Pixels, std::uint8_t Coverage, int Count, std::uin
   for (; I < Count; ++I) Pixels[I] = Packed(Lanes(Part) + Scaled(Lanes(Pixels[I]), Keep));
 }
 
-void BlendRowsOver(std::uint32_t* Pixels, std::ptrdiff_t Stride, const std::uint32_t* Colors, int Width, int Height) {
+ZY_WIDEST_AS_WELL void BlendRowsOver(std::uint32_t* Pixels, std::ptrdiff_t Stride, const std::uint32_t* Colors,
+                                     int Width, int Height) {
   for (int Row = 0; Row < Height; ++Row, Pixels += Stride, Colors += Width)
     for (int I = 0; I < Width; I += GroupSize) PutOver<GroupSize>(Pixels + I, Colors + I);
 }
