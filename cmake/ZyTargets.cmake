@@ -23,6 +23,26 @@ if(ZYPHOS_CCACHE AND PROJECT_IS_TOP_LEVEL)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${ZYPHOS_CCACHE}")
 endif()
 
+# What makes programs with static libraries small: they leave out what they do not call, and where the C library reads
+# that, they tell in bits which addresses are to be moved.
+set(ZY_LINK_OPTIONS "")
+if(NOT MSVC AND NOT APPLE)
+  set(ZY_LINK_OPTIONS -Wl,--gc-sections)
+  include(CheckCXXSourceCompiles)
+  set(CMAKE_REQUIRED_LINK_OPTIONS -Wl,-z,pack-relative-relocs)
+  check_cxx_source_compiles(
+    "#include <features.h>
+     #if !__GLIBC_PREREQ(2, 36)
+     #error
+     #endif
+     int main() {}"
+    ZY_PACKS_RELOCATIONS)
+  unset(CMAKE_REQUIRED_LINK_OPTIONS)
+  if(ZY_PACKS_RELOCATIONS)
+    list(APPEND ZY_LINK_OPTIONS -Wl,-z,pack-relative-relocs)
+  endif()
+endif()
+
 function(zy_compile_options Target)
   if(NOT MSVC)
     target_compile_options(${Target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
@@ -90,10 +110,9 @@ function(zy_add_library Target)
     add_library(${Target} STATIC ${Arg_SOURCES})
     zy_keep_classes(${Target} ${Arg_SOURCES})
     if(NOT MSVC AND NOT APPLE)
-      # Programs leave out what they do not call.
       target_compile_options(${Target} PRIVATE $<$<CONFIG:Release>:-ffunction-sections> $<$<CONFIG:Release>:-fdata-sections>)
-      target_link_options(${Target} INTERFACE "LINKER:--gc-sections")
     endif()
+    target_link_options(${Target} INTERFACE ${ZY_LINK_OPTIONS})
   endif()
   zy_include_directories(${Target} PUBLIC)
   target_link_libraries(${Target} PUBLIC ${Arg_LINK})
