@@ -96,11 +96,11 @@ inline void PutCovered(std::uint32_t& Pixel, std::uint32_t Color, std::uint8_t C
 
 }  // namespace
 
-void ScaleBytes(std::uint8_t* Values, const std::uint8_t* Factors, int Count) {
+ZY_WIDEST_AS_WELL void ScaleBytes(std::uint8_t* Values, const std::uint8_t* Factors, int Count) {
   for (int I = 0; I < Count; ++I) Values[I] = ScaledByte(Values[I], Factors[I]);
 }
 
-void ScaleBytes(std::uint8_t* Values, std::uint8_t Factor, int Count) {
+ZY_WIDEST_AS_WELL void ScaleBytes(std::uint8_t* Values, std::uint8_t Factor, int Count) {
   for (int I = 0; I < Count; ++I) Values[I] = ScaledByte(Values[I], Factor);
 }
 
@@ -158,7 +158,8 @@ void BlendColor(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count, 
   Blend(Pixels, Coverage, Count, Color >> 24 == 255, [&](int) { return Colors; });
 }
 
-void BlendColors(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count, const std::uint32_t* Colors) {
+ZY_WIDEST_AS_WELL void BlendColors(std::uint32_t* Pixels, const std::uint8_t* Coverage, int Count,
+                                   const std::uint32_t* Colors) {
   std::uint32_t InAll = 0xFF000000;
   for (int I = 0; I < Count; ++I) InAll &= Colors[I];
   Blend(Pixels, Coverage, Count, InAll >> 24 == 255, [&](int I) { return Colors + I; });
@@ -209,7 +210,7 @@ ZY_WIDEST_AS_WELL void BlendRowsOver(std::uint32_t* Pixels, std::ptrdiff_t Strid
     for (int I = 0; I < Width; I += GroupSize) PutOver<GroupSize>(Pixels + I, Colors + I);
 }
 
-void BlendOver(std::uint32_t* Pixels, const std::uint32_t* Colors, int Count) {
+ZY_WIDEST_AS_WELL void BlendOver(std::uint32_t* Pixels, const std::uint32_t* Colors, int Count) {
   int I = 0;
   for (; I + ChunkSize <= Count; I += ChunkSize) PutOver<ChunkSize>(Pixels + I, Colors + I);
   for (; I + GroupSize <= Count; I += GroupSize) PutOver<GroupSize>(Pixels + I, Colors + I);
