@@ -194,6 +194,11 @@ void TZyCustomLegend::SetItemsOrder(TZyItemsOrder Value) {
   Change(this, FItemsOrder, Value, "ItemsOrder", &TZyCustomLegend::Modified);
 }
 
+void TZyCustomLegend::OrderByPlace(bool IsAcross) {
+  const bool IsRestored = FUndo != nullptr && FUndo->Restoring();
+  if (!IsLoading() && !IsRestored) FItemsOrder = IsAcross ? TZyItemsOrder::ByRow : TZyItemsOrder::ByColumn;
+}
+
 void TZyCustomLegend::SetFont(const TZyFont& Value) {
   FFont.PushToUndoStack(FUndo, LoadResString(_sLegendFont));
   FFont.Assign(&Value);

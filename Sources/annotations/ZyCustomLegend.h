@@ -172,6 +172,8 @@ class TZyCustomLegend : public TGraphicControl, public TZyRecord, public IZyGrap
   /// EAbort when the handler freed the legend.
   using TDrawItem = std::function<void(const TZyLegendItemDrawArgs& e)>;
   void PaintItem(Graphics& Gr, std::size_t Place, TObject* Sender, int Index, const TDrawItem& Draw);
+  /// The order that a place asks for. What is loaded or undone has one of its own.
+  void OrderByPlace(bool IsAcross);
   /// Whether the shadow is drawn.
   bool HasShadow() const;
   /// Paints the chart that the legend stands in, or the legend alone in any other parent.

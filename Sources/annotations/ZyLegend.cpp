@@ -86,7 +86,7 @@ void TZyLegend::SetPosition(TZyLegendPosition Value) {
   FPosition = Value;
   const bool IsAcross = Value == BottomCenterOfGraph || Value == BottomCenterOfAxis || Value == TopCenterOfGraph ||
                         Value == TopCenterOfAxis;
-  if (Value != FreeFloating && !IsLoading()) FItemsOrder = IsAcross ? TZyItemsOrder::ByRow : TZyItemsOrder::ByColumn;
+  if (Value != FreeFloating) OrderByPlace(IsAcross);
   FRecalculate = true;
   if (FGraph != nullptr) FGraph->Modified();
   MakeRoom(true);

@@ -60,8 +60,7 @@ void TZyPieLegend::SetPosition(TZyPieLegendPosition Value) {
       for (const char* Name : {"ItemsOrder", "Position"}) UndoStack()->PushProperty(this, Name);
   }
   FPosition = Value;
-  const bool IsAcross = Value == TZyPieLegendPosition::CenterTop || Value == TZyPieLegendPosition::CenterBottom;
-  FItemsOrder = IsAcross ? TZyItemsOrder::ByRow : TZyItemsOrder::ByColumn;
+  OrderByPlace(Value == TZyPieLegendPosition::CenterTop || Value == TZyPieLegendPosition::CenterBottom);
   Modified();
 }
 

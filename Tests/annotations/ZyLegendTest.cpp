@@ -233,6 +233,12 @@ TEST_F(ZyLegendTest, APositionIsOneStepOfUndo) {
   EXPECT_EQ(Legend->Position(), TZyLegendPosition::FreeFloating);
   EXPECT_EQ(Legend->ItemsOrder(), TZyItemsOrder::ByColumn);
   EXPECT_EQ((TPoint{Legend->Left(), Legend->Top()}), (TPoint{33, 44}));
+  Legend->SetPosition(TZyLegendPosition::RightCenterOfGraph);
+  Legend->SetItemsOrder(TZyItemsOrder::ByRow);
+  Legend->SetPosition(TZyLegendPosition::FreeFloating);
+  Stack.Undo();
+  Stack.Redo();
+  EXPECT_EQ(Legend->ItemsOrder(), TZyItemsOrder::ByRow) << "a docked place asks for another one, also in between";
   Stack.Clear();
   Legend->SetBorderRaised(true);
   EXPECT_FALSE(Legend->Frame().Visible());

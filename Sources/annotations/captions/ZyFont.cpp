@@ -105,8 +105,8 @@ std::unique_ptr<TControlFont> TZyFont::AsTFont() const {
 void TZyFont::SetAsTFont(const TControlFont& Value) { Assign(&Value); }
 
 void TZyFont::Assign(const TPersistent* Source) {
-  if (const auto* const Plain = dynamic_cast<const TControlFont*>(Source)) return AssignPlain(*Plain);
   if (const auto* const Other = dynamic_cast<const TZyFont*>(Source)) return AssignFont(*Other);
+  if (const auto* const Plain = dynamic_cast<const TControlFont*>(Source)) return AssignPlain(*Plain);
   TZyStyleSettings::Assign(Source);
   NeedsResize();
 }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <typeinfo>
 
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/QtGeometry.h"
@@ -30,6 +31,7 @@ bool IsSolid(const Brush& Brush) { return dynamic_cast<const SolidBrush*>(&Brush
 bool IsHatch(const Brush& Brush) { return dynamic_cast<const HatchBrush*>(&Brush) != nullptr; }
 
 bool IsGradient(const Brush& Brush) {
+  if (typeid(Brush) == typeid(SolidBrush)) return false;  // most are, and this is quicker told than what follows
   return dynamic_cast<const PathGradientBrush*>(&Brush) != nullptr ||
          dynamic_cast<const LinearGradientBrush*>(&Brush) != nullptr;
 }
