@@ -30,8 +30,14 @@ get_property(ZyLanguageFiles GLOBAL PROPERTY ZY_LANGUAGE_FILES)
 set(ZyLanguagesFolder "${CMAKE_INSTALL_DATADIR}/zyphos/languages")
 install(FILES ${ZyLanguageFiles} DESTINATION "${ZyLanguagesFolder}" COMPONENT development)
 
-configure_package_config_file(cmake/ZyphosConfig.cmake.in "${PROJECT_BINARY_DIR}/ZyphosConfig.cmake"
-                              INSTALL_DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos" PATH_VARS ZyLanguagesFolder)
+set(ZyDesignerFolder "${CMAKE_INSTALL_LIBDIR}/qt6/plugins/designer")
+if(ZYPHOS_DESIGNER_DIR)
+  set(ZyDesignerFolder "${ZYPHOS_DESIGNER_DIR}")
+endif()
+set(ZyDesignerFile "${CMAKE_SHARED_MODULE_PREFIX}zyphos_designer${CMAKE_SHARED_MODULE_SUFFIX}")
+configure_package_config_file(
+  cmake/ZyphosConfig.cmake.in "${PROJECT_BINARY_DIR}/ZyphosConfig.cmake"
+  INSTALL_DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos" PATH_VARS ZyLanguagesFolder ZyDesignerFolder)
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/ZyphosConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/ZyphosConfig.cmake" "${PROJECT_BINARY_DIR}/ZyphosConfigVersion.cmake"
         DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Zyphos" COMPONENT development)

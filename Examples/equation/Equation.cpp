@@ -25,14 +25,11 @@ class TEquationForm : public TForm {
     SetBounds(0, 0, 900, 560);
     FGraph->SetParent(this);
     FGraph->SetAlign(alClient);
-    FGraph->SetBackColor(Colors::White);
-    FGraph->SetDistanceBorderAxisRight(20);
-    FGraph->SetCaptionDistanceBefore(10);
-    FGraph->SetCaptionDistanceAfter(8);
-    FGraph->Font().SetSize(14);
+    FGraph->SetCaptionVisible(true);
     FGraph->TestPrimaryAxis();
     FGraph->PrimaryXAxis()->SetCaption("Elongation in mm");
     FGraph->PrimaryYAxis()->SetCaption("Force in N");
+    ApplyLook(*FGraph, TZyLook::Light());
     Connect(*FPoints);
     FPoints->Line().SetVisible(false);
     FPoints->PointSymbol().SetSize(5);
@@ -43,7 +40,6 @@ class TEquationForm : public TForm {
     FFit->ConfidenceIntervalArea().SetVisible(true);
     FFit->ConfidenceIntervalArea().SetForeColor(0x30B22222);
     Measure(10);
-    FGraph->SetCaptionVisible(true);
     FGraph->SetCaption(R"(\iF\i = (<%Form.Fit.Slope;0.000%> ± <%Form.Fit.DeltaSlope;0.000%>) \ix\i + )"
                        R"((<%Form.Fit.Offset;0.00%> ± <%Form.Fit.DeltaOffset;0.00%>),   )"
                        R"(\ir\i\+2\+ = <%Form.Fit.Probability;0.0000%>)");

@@ -9,6 +9,7 @@
 #include <iostream>
 
 #include "graph/ZyGraph2D.h"
+#include "looks/ZyLook.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
 #include "platform/controls/TFrame.h"
@@ -70,11 +71,6 @@ class TLiveForm : public TForm {
     FGraph = new TZyGraph2D(this);
     FGraph->SetParent(this);
     FGraph->SetAlign(alClient);
-    FGraph->SetBackColor(Colors::White);
-    FGraph->SetDistanceBorderAxisRight(16);
-    FGraph->SetDistanceBorderAxisTop(12);
-    FGraph->MajorGridHorizontal().SetVisible(true);
-    FGraph->MajorGridHorizontal().SetColor(0xFFD0D0D0);
     FGraph->TestPrimaryAxis();
     FGraph->PrimaryXAxis()->SetCaption("Time in s");
     FGraph->PrimaryYAxis()->SetCaption("Signal in V");
@@ -86,9 +82,8 @@ class TLiveForm : public TForm {
     auto* const Series = new TZyLineSeries(this);
     Series->SetXData(FTimes);
     Series->SetYData(FValues);
-    Series->SetXAxis(FGraph->PrimaryXAxis());
-    Series->SetYAxis(FGraph->PrimaryYAxis());
-    Series->Line().SetColor(Colors::DarkRed);
+    FGraph->AddSeries(*Series);
+    ApplyLook(*FGraph, TZyLook::Light());
   }
 
   TZyGraph2D* FGraph = nullptr;

@@ -2,34 +2,30 @@
 
 #include <cctype>
 
+#include "looks/ZyLook.h"
+
 namespace zy::examples {
+namespace {
+
+/// What has axes, but no series yet: those of the gallery have colours and widths of their own.
+void Style(TZyGraph2D& Graph) {
+  ApplyLook(Graph, TZyLook::Light());
+  Graph.MajorGridVertical().SetVisible(false);
+  for (TZyAxis* Axis : Graph.Axes()) Axis->Font().SetStyle({});
+}
+
+}  // namespace
 
 TZyGraph2D& TChartPage::AddGraph(const char* Title, const char* XCaption, const char* YCaption) {
   auto& Graph = Add<TZyGraph2D>("Graph");
   Graph.SetParent(&Document.Page());
   Graph.SetAlign(alClient);
-  Graph.SetBackColor(Colors::White);
   Graph.SetCaption(Title);
   Graph.SetCaptionVisible(*Title != '\0');
-  Graph.SetCaptionDistanceBefore(10);
-  Graph.SetCaptionDistanceAfter(8);
-  Graph.Font().SetSize(14);
-  Graph.SetDistanceBorderAxisLeft(10);
-  Graph.SetDistanceBorderAxisRight(16);
-  Graph.SetDistanceBorderAxisTop(*Title != '\0' ? 0 : 12);
-  Graph.SetDistanceBorderAxisBottom(8);
-  Graph.MajorGridHorizontal().SetVisible(true);
-  for (TZyLineSettings* Grid : {&Graph.MajorGridHorizontal(), &Graph.MajorGridVertical()}) Grid->SetColor(0xFFDDDDDD);
   Graph.TestPrimaryAxis();
   Graph.PrimaryXAxis()->SetCaption(XCaption);
   Graph.PrimaryYAxis()->SetCaption(YCaption);
-  for (TZyAxis* Axis : Graph.Axes()) {
-    Axis->SetDistanceAxisLabels(4);
-    Axis->SetDistanceNumbersCaption(6);
-    Axis->CaptionFont().SetSize(12);
-    Axis->Font().SetSize(10);
-    Axis->Font().SetStyle({});
-  }
+  Style(Graph);
   return Graph;
 }
 
@@ -51,10 +47,7 @@ TZyAxis& TChartPage::AddAxis(TZyGraph2D& Graph, TZyAxisPosition Position, const 
   Axis.SetPosition(Position);
   Axis.SetParent(&Graph);
   Axis.SetCaption(Caption);
-  Axis.SetDistanceAxisLabels(4);
-  Axis.SetDistanceNumbersCaption(6);
-  Axis.CaptionFont().Assign(&Graph.PrimaryYAxis()->CaptionFont());
-  Axis.Font().Assign(&Graph.PrimaryYAxis()->Font());
+  Style(Graph);
   return Axis;
 }
 
@@ -63,11 +56,10 @@ TZyLegend& TChartPage::AddLegend(TZyGraph2D& Graph, TZyLegendPosition Position) 
   Legend.SetParent(&Graph);
   Legend.SetGraph(&Graph);
   Legend.SetPosition(Position);
-  Legend.Font().SetSize(10);
   Legend.SetItemWidth(36);
   Legend.SetDistanceItemCaption(6);
   Legend.SetDistanceBetweenColumns(16);
-  Legend.Frame().SetVisible(false);
+  ApplyLook(Legend, TZyLook::Light());
   return Legend;
 }
 
@@ -112,9 +104,8 @@ TZyPieLegend& TChartPage::AddPieLegend(TZyPieChart& Pie, TZyPieLegendPosition Po
   Legend.SetParent(&Pie);
   Legend.SetPieChart(&Pie);
   Legend.SetPosition(Position);
-  Legend.Font().SetSize(10);
   Legend.SetDistanceToPie(16);
-  Legend.Frame().SetVisible(false);
+  ApplyLook(Legend, TZyLook::Light());
   return Legend;
 }
 

@@ -28,6 +28,7 @@ struct TChartPage {
     TZyGraph2D &Lower, &Upper;
   };
   TStacked AddStacked(const char* LowerCaption, const char* Title, const char* UpperCaption, double Part);
+  /// One more axis, before the series: they would take the colours of the look.
   TZyAxis& AddAxis(TZyGraph2D& Graph, TZyAxisPosition Position, const char* Caption);
   /// A legend of the series of the graph and of those coupled to it.
   TZyLegend& AddLegend(TZyGraph2D& Graph, TZyLegendPosition Position);

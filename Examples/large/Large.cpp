@@ -3,8 +3,9 @@
 //   large [--rows NUMBER] [--show] [FOLDER]
 //
 // The first run makes the table, signal.db in the folder (out/large), and beside it the summary that wide ranges are
-// read from; that takes some minutes for the hundred million rows of a run without --rows. Then pictures of ever
-// smaller ranges go to the folder, with the times that they took. With --show the chart comes up in a window instead.
+// read from; that takes some minutes for the hundred million rows of a run without --rows. Later runs take what is
+// there, or make it anew when --rows asks for another number. Then pictures of ever smaller ranges go to the folder,
+// with the times that they took. With --show the chart comes up in a window instead.
 
 #include <sys/resource.h>
 
@@ -13,11 +14,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 
 #include "common/Pictures.h"
 #include "graph/ZyGraph2D.h"
+#include "looks/ZyLook.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
 #include "platform/data/TDataSource.h"
@@ -88,12 +92,10 @@ class TLargeForm : public TForm {
     SetBounds(0, 0, 1200, 800);
     FGraph->SetParent(this);
     FGraph->SetAlign(alClient);
-    FGraph->SetBackColor(Colors::White);
-    FGraph->SetDistanceBorderAxisRight(20);
-    FGraph->SetDistanceBorderAxisTop(12);
     FGraph->TestPrimaryAxis();
     FGraph->PrimaryXAxis()->SetCaption("Time in s");
     FGraph->PrimaryYAxis()->SetCaption("Temperature in °C");
+    ApplyLook(*FGraph, TZyLook::Light());
     FData->SetConnectionText("sqlite:" + File);
     FData->SetTableName("signal");
     FData->SetXField("t");
@@ -209,12 +211,27 @@ void DrawKinds(const std::string& File, const std::filesystem::path& Folder) {
   }
 }
 
-/// The table and its summary, made where they are missing.
+/// By the time of the last row: counting reads the whole file.
+std::int64_t RowsIn(const std::string& File) {
+  TSqlDataSet Base;
+  Base.SetConnectionText("sqlite:" + File);
+  Base.SetQuery("SELECT MAX(t) AS last FROM signal");
+  Base.Open();
+  return std::llround(Base.FieldByName("last").AsFloat() / SecondsPerRow) + 1;
+}
+
+/// The table and its summary, made where they are missing or have another number of rows; 0 takes any.
 void Prepare(const std::string& File, std::int64_t Rows) {
-  if (std::filesystem::exists(File)) return;
+  if (std::filesystem::exists(File)) {
+    const std::int64_t There = RowsIn(File);
+    const bool IsWanted = Rows == 0 || Rows == There;
+    std::printf("%s has %lld rows%s\n", File.c_str(), static_cast<long long>(There), IsWanted ? "" : ": made anew");
+    if (IsWanted) return;
+  }
+  if (Rows == 0) Rows = 100000000;
   const std::string Unfinished = File + ".making";
   std::filesystem::remove(Unfinished);
-  std::fclose(std::fopen(Unfinished.c_str(), "w"));
+  if (!std::ofstream(Unfinished)) throw std::runtime_error("cannot write " + Unfinished);
   {
     TSqlDataSet Base;
     Base.SetConnectionText("sqlite:" + Unfinished);
@@ -233,7 +250,7 @@ void Prepare(const std::string& File, std::int64_t Rows) {
 int main(int ArgCount, char** Args) {
   TApplication Program(ArgCount, Args);
   try {
-    std::int64_t Rows = 100000000;
+    std::int64_t Rows = 0;
     bool Shows = false;
     std::filesystem::path Folder = "out/large";
     for (int i = 1; i < ArgCount; ++i) {

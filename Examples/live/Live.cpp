@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "graph/ZyGraph2D.h"
+#include "looks/ZyLook.h"
 #include "platform/controls/TApplication.h"
 #include "platform/controls/TForm.h"
 #include "platform/controls/TTimer.h"
@@ -58,17 +59,14 @@ class TLiveForm : public TForm {
     SetBounds(0, 0, 1200, 800);
     FGraph->SetParent(this);
     FGraph->SetAlign(alClient);
-    FGraph->SetBackColor(Colors::White);
-    FGraph->SetDistanceBorderAxisRight(20);
-    FGraph->SetDistanceBorderAxisTop(12);
     FGraph->TestPrimaryAxis();
     FGraph->PrimaryXAxis()->SetCaption("Time in s");
     FGraph->PrimaryYAxis()->SetCaption("Signal in V");
     auto* const Series = new TZyLineSeries(this);
     Series->SetXData(FTimes);
     Series->SetYData(FValues);
-    Series->SetXAxis(FGraph->PrimaryXAxis());
-    Series->SetYAxis(FGraph->PrimaryYAxis());
+    FGraph->AddSeries(*Series);
+    ApplyLook(*FGraph, TZyLook::Light());
     Append(1000000);
   }
 

@@ -29,15 +29,16 @@ class TMeasureForm : public TForm {
     SetBounds(0, 0, 900, 560);
     FGraph->SetParent(this);
     FGraph->SetAlign(alClient);
-    FGraph->SetBackColor(Colors::White);
-    FGraph->SetDistanceBorderAxisTop(30);
-    FGraph->SetDistanceBorderAxisRight(20);
     FGraph->SetShowHint(true);
     FGraph->TestPrimaryAxis();
     FGraph->PrimaryXAxis()->SetCaption("Time in s");
     FGraph->PrimaryYAxis()->SetCaption("Displacement in mm");
-    AddCurve("mass", Colors::SteelBlue, 0);
-    AddCurve("frame", Colors::DarkOrange, 0.8);
+    AddCurve("mass", 0);
+    AddCurve("frame", 0.8);
+    TZyLook Look = TZyLook::Light();
+    Look.LineWidth = 2;
+    ApplyLook(*FGraph, Look);
+    FGraph->SetDistanceBorderAxisTop(30);  // for the captions of the markers
 
     FCross->SetParent(FGraph);
     FCross->SetXAxis(FGraph->PrimaryXAxis());
@@ -82,7 +83,7 @@ class TMeasureForm : public TForm {
   TZyGraph2D& Graph() { return *FGraph; }
 
  private:
-  void AddCurve(const char* Name, TZyColor Color, double Delay) {
+  void AddCurve(const char* Name, double Delay) {
     auto* const Times = new TZyDoubleVector(this);
     auto* const Values = new TZyDoubleVector(this);
     for (int Index = 0; Index <= 400; ++Index) {
@@ -93,11 +94,8 @@ class TMeasureForm : public TForm {
     auto* const Series = new TZyLineSeries(this);
     Series->SetXData(Times);
     Series->SetYData(Values);
-    Series->SetXAxis(FGraph->PrimaryXAxis());
-    Series->SetYAxis(FGraph->PrimaryYAxis());
     Series->SetCaption(Name);
-    Series->Line().SetColor(Color);
-    Series->Line().SetWidth(2);
+    FGraph->AddSeries(*Series);
   }
 
   void Measure() {

@@ -12,6 +12,7 @@
 
 #include "platform/controls/TApplication.h"
 #include "studio/StudioWindow.h"
+#include "texts/ZyLocalize.h"
 
 namespace zy::examples {
 namespace {
@@ -57,6 +58,9 @@ void PlaySession(TStudioWindow& Window, const std::filesystem::path& Folder) {
   Window.SaveTo(Folder / "studio.zyx");
   Window.Open(Folder / "studio.zyx");
   SaveWindow(Window, Folder / "opened.png");
+  LoadLanguage(ZY_LANGUAGES "/de.lng");  // for dialogs that open from now on
+  Window.Menu().ShowSettings(*Window.Graph().PrimaryYAxis());
+  SaveWindow(*Window.Menu().GraphTool().Dialog()->Widget(), Folder / "settings_german.png");
 }
 
 }  // namespace

@@ -224,10 +224,12 @@ void TZyGraph2D::AddSeries(TZySeries& Series) {
 }
 
 std::vector<std::string> TZyGraph2D::Diagnose() {
+  const std::string OwnName = Name().empty() ? std::string(ClassInfo().Name()) : Name();
+  if (Updating()) return {Format(LoadResString(_sDiagUpdating), {OwnName})};
   TestPrimaryAxis();
   BringUpToDate();
   std::vector<std::string> Result;
-  const std::string OwnName = Name().empty() ? std::string(ClassInfo().Name()) : Name();
+  if (!Visible()) Result.push_back(Format(LoadResString(_sDiagHidden), {OwnName}));
   const auto Take = [&Result](const TZySeries& Series) {
     if (std::string Reason = Series.Diagnose(); !Reason.empty()) Result.push_back(std::move(Reason));
   };

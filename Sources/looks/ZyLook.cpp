@@ -4,13 +4,15 @@
 
 #include "annotations/ZyCustomLegend.h"
 #include "annotations/ZyMovable.h"
+#include "annotations/ZyRichLabel.h"
 #include "annotations/captions/ZyFont.h"
 #include "axes/ZyAxis.h"
 #include "graph/ZyGraph2D.h"
 #include "graph/styles/ZyPointSymbolSettings.h"
+#include "pie/ZyPieDonut.h"
 #include "platform/framework/Reflection.h"
 #include "platform/framework/SystemColors.h"
-#include "series/ZySeries.h"
+#include "series/ZyBars.h"
 #include "undo/ZyUndoGroup.h"
 
 namespace zy {
@@ -109,7 +111,7 @@ const TZyLook& TZyLook::HighContrast() {
       .Frame = Colors::White,
       .MajorGrid = 0xFF808080,
       .LineWidth = 3,
-      .SeriesColors = {Yellow, SkyBlue, Colors::White, Orange, 0xFF00E0A0, 0xFFFF9AD0, 0xFFFF7A33}};
+      .SeriesColors = {Yellow, SkyBlue, Colors::White, Orange, BluishGreen, ReddishPurple, Vermilion}};
   return Look;
 }
 
@@ -127,8 +129,15 @@ void SetSeriesColor(TZySeries& Series, TZyColor Color) {
   const TZyUndoGroup Group(Series.UndoStack(), _sSeriesColor);
   Series.Line().SetColor(WithAlphaOf(Color, Series.Line().Color()));
   Series.Area().SetForeColor(WithAlphaOf(Color, Series.Area().ForeColor()));
-  if (GetPropInfo(Series, "PointSymbol") == nullptr) return;
-  if (auto* const Symbol = dynamic_cast<TZyPointSymbolSettings*>(GetObjectProp(Series, "PointSymbol"))) {
+  for (const TPropInfo* Row : Series.ClassInfo().Properties()) {
+    if (!Row->IsOwnedObject) continue;
+    TPersistent* const Part = Row->GetObject(Series);  // of the kind's own
+    if (auto* const Line = dynamic_cast<TZySimpleLineSettings*>(Part))
+      Line->SetColor(WithAlphaOf(Color, Line->Color()));
+    if (auto* const Area = dynamic_cast<TZyAreaSettings*>(Part))
+      Area->SetForeColor(WithAlphaOf(Color, Area->ForeColor()));
+    auto* const Symbol = dynamic_cast<TZyPointSymbolSettings*>(Part);
+    if (Symbol == nullptr || std::string_view(Row->Name) != "PointSymbol") continue;
     Symbol->SetBorderColor(WithAlphaOf(Color, Symbol->BorderColor()));
     Symbol->SetFillColor(WithAlphaOf(Brighten(Color, 1.3), Symbol->FillColor()));
   }
@@ -149,6 +158,25 @@ void ApplyLook(TZyMovable& Marker, const TZyLook& Look) {
   Marker.Line().SetColor(Look.Axis);
 }
 
+void ApplyLook(TZyRichLabel& Label, const TZyLook& Look) {
+  const TLookFont Font(Label.Font(), Look, Look.TextSize);
+  Label.Font().Assign(&Font);
+}
+
+void ApplyLook(TZyPieChart& Pie, const TZyLook& Look) {
+  const TZyUndoGroup Group(Pie.UndoStack(), _sGraphLook);
+  Pie.SetBackColor(Look.Back);
+  Pie.SetCaptionFont(TLookFont(Pie.CaptionFont(), Look, Look.TitleSize));
+  TLookFont Labels(Pie.Font(), Look, Pie.Font().Size());
+  if (Pie.LabelPosition() != TZyPieLabelPosition::Callouts) Labels.SetFillColor(Pie.Font().FillColor());
+  Pie.SetFont(Labels);
+  Pie.SetCalloutBackColor(WithAlphaOf(Look.Back, Pie.CalloutBackColor()));
+  Pie.CalloutArrow().SetColor(Look.Axis);
+  Pie.CalloutFrame().SetColor(Look.Axis);
+  for (IZyGraphLegend* Each : Pie.RelatedLegends())
+    if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(Each)) ApplyLook(*Legend, Look);
+}
+
 void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look) {
   Graph.TestPrimaryAxis();
   const TZyUndoGroup Group(Graph.UndoStack(), _sGraphLook);
@@ -157,12 +185,16 @@ void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look) {
   for (TZyAxis* Axis : Graph.Axes()) Apply(*Axis, Look);
   for (IZyGraphLegend* Each : Graph.RelatedLegends())
     if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(Each)) ApplyLook(*Legend, Look);
-  for (TControl* Control : Graph.Controls())
+  for (TControl* Control : Graph.Controls()) {
     if (auto* const Marker = dynamic_cast<TZyMovable*>(Control)) ApplyLook(*Marker, Look);
+    if (auto* const Label = dynamic_cast<TZyRichLabel*>(Control)) ApplyLook(*Label, Look);
+  }
   std::size_t Next = 0;
   for (TZySeries* Series : Graph.RelatedSeries()) {
     if (!Look.SeriesColors.empty()) SetSeriesColor(*Series, Look.SeriesColors[Next++ % Look.SeriesColors.size()]);
     Series->Line().SetWidth(Look.LineWidth);
+    if (auto* const Bars = dynamic_cast<TZyBars*>(Series))
+      Bars->SetFont(TLookFont(Bars->Font(), Look, Bars->Font().Size()));
   }
 }
 

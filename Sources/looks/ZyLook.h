@@ -10,6 +10,8 @@ namespace zy {
 class TZyCustomLegend;
 class TZyGraph2D;
 class TZyMovable;
+class TZyPieChart;
+class TZyRichLabel;
 class TZySeries;
 
 /// How a chart looks as a whole. A copy of one of those below is where an own look begins:
@@ -29,14 +31,14 @@ struct TZyLook {
   TZyColor MajorGrid = Colors::LightGray;   ///< Transparent for none
   TZyColor MinorGrid = Colors::Transparent;
   float LineWidth = 1;  ///< of series, in pixels
-  /// Of the series in turn.
+  /// Of the series in turn. Those of the looks below are Okabe and Ito's.
   std::vector<TZyColor> SeriesColors;
 
   /// Black on white, a light grid.
   static const TZyLook& Light();
   /// Light on dark gray.
   static const TZyLook& Dark();
-  /// For paper: black lines of axes, no fills, a fine grid, colours that differ in brightness too.
+  /// For paper: black lines of axes, no fills, a fine grid, black as the first colour.
   static const TZyLook& Print();
   /// White and strong colours on black, thicker lines, larger texts.
   static const TZyLook& HighContrast();
@@ -49,13 +51,19 @@ struct TZyLook {
 /// margins become those in which texts keep clear of each other.
 void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look);
 
+/// The same for a pie chart: ground, title, labels, callouts and legends. Labels that lie upon segments keep their
+/// colour, and segments theirs, which are a matter of the palette (TZyFillPalette).
+void ApplyLook(TZyPieChart& Pie, const TZyLook& Look);
+
 /// The same for one legend, as for one that comes later.
 void ApplyLook(TZyCustomLegend& Legend, const TZyLook& Look);
 /// The same for one marker.
 void ApplyLook(TZyMovable& Marker, const TZyLook& Look);
+/// The same for one label. A label has no stack of undo.
+void ApplyLook(TZyRichLabel& Label, const TZyLook& Look);
 
-/// One colour for a series: its line, its area and symbols, whose translucency stays. A series that is added to a chart
-/// which has its look takes the next colour of the look by ApplyLook, or one by this.
+/// One colour for a series: its line, its area and symbols, bars of errors, bands and arrows, whose translucency stays.
+/// A series that is added to a chart which has its look takes the next colour of the look by ApplyLook, or one by this.
 void SetSeriesColor(TZySeries& Series, TZyColor Color);
 
 }  // namespace zy

@@ -130,6 +130,7 @@ class TZyFunctionSeries : public TZyLineSeries {
 
   void TakeNewPixels() override;
   std::string WhyNoRange() const override;
+  std::string WhyNothingDrawn() const override;
 
  private:
   void DisplayModified() { PointsModified(); }

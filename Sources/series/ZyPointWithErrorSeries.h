@@ -58,6 +58,7 @@ class TZyPointWithErrorSeries : public TZyPointSeries {
   void Fields(TZyArchive& Archive) override;
 
  protected:
+  std::string WhyNothingDrawn() const override;
   bool HasTrackedRanges() const override { return !HasBars() && TZyPointSeries::HasTrackedRanges(); }
   void TakeRanges(TRange& X, TRange& Y) override;
   TRange ReachIntoX() const override;

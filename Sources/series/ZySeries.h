@@ -314,6 +314,8 @@ class TZySeries : public TComponent,
   virtual void TakeDefaultAxis(IZyAxisGraph& FromGraph);
   /// What Diagnose says of a visible series in a graph that has no points to show.
   virtual std::string WhyNoRange() const;
+  /// The same of one whose points lie in what its axes show.
+  virtual std::string WhyNothingDrawn() const;
 
   // ---- What hooks are written with ----
 

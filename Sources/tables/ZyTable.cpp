@@ -47,6 +47,17 @@ TZyTableFields InQuotes(TSqlConnection& Connection, const TZyTableFields& Fields
           Field(Fields.Last)};
 }
 
+/// Where the bare name begins in the name of a table of an embedded database: a schema before it is not wanted
+/// everywhere there.
+std::size_t BareStart(const TSqlConnection& Connection, const std::string& Table) {
+  return Connection.IsEmbedded() ? Table.rfind('.') + 1 : 0;
+}
+
+/// The fields of the primary key. The driver of an embedded database finds none behind a schema in quotes.
+QStringList KeyOf(TSqlConnection& Connection, const std::string& QuotedTable) {
+  return Connection.PrimaryKey(ToQt(QuotedTable.substr(BareStart(Connection, QuotedTable))));
+}
+
 }  // namespace
 
 TZyTable::TZyTable(TSqlConnection& Connection, TZyTableFields Fields, std::string Title)
@@ -81,7 +92,10 @@ const std::string& TZyTable::MissingIndex() {
   for (const std::string* Each : {&FQuoted.First, &FQuoted.Max, &FQuoted.Min, &FQuoted.Last})
     if (Columns.find(*Each) == std::string::npos) Columns += ", " + *Each;
   const QString Name = ToQt(FFields.Table).section('.', -1) + "_" + ToQt(FFields.X);
-  return FMissingIndex.emplace("CREATE INDEX " + FConnection.QuotedField(Name).toStdString() + " ON " + FQuoted.Table +
+  // An embedded database wants the schema before the index, a server before the table.
+  const std::size_t Bare = BareStart(FConnection, FQuoted.Table);
+  return FMissingIndex.emplace("CREATE INDEX " + FQuoted.Table.substr(0, Bare) +
+                               FConnection.QuotedField(Name).toStdString() + " ON " + FQuoted.Table.substr(Bare) +
                                " (" + Columns + ")");
 }
 
@@ -90,7 +104,7 @@ const std::string& TZyTable::MissingIndex() {
 /// blocks.
 bool TZyTable::HasIndex() const {
   const QString X = ToQt(FFields.X);
-  const QStringList Key = FConnection.PrimaryKey(ToQt(FQuoted.Table));
+  const QStringList Key = KeyOf(FConnection, FQuoted.Table);
   if (!Key.isEmpty() && Key.front().compare(X, Qt::CaseInsensitive) == 0) return true;
   QString Statement;
   QVariantList Values;
@@ -112,6 +126,18 @@ bool TZyTable::HasIndex() const {
   }
   QSqlQuery Query = FConnection.Run(Statement, Values);
   return !Query.next() || Query.value(0).toInt() > 0;
+}
+
+/// The key by which an embedded database numbers its rows is in no list of indexes.
+bool TZyTable::HasOtherKey() const {
+  const QString X = ToQt(FFields.X);
+  const QStringList Key = KeyOf(FConnection, FQuoted.Table);
+  if (!Key.isEmpty() && !Key.contains(X, Qt::CaseInsensitive)) return true;
+  QSqlQuery Query = FConnection.Run(
+      "SELECT COUNT(*) FROM pragma_index_list(?) l WHERE l.\"unique\" = 1 AND NOT EXISTS (SELECT 1 FROM "
+      "pragma_index_info(l.name) i WHERE lower(i.name) = lower(?))",
+      {ToQt(FFields.Table).section('.', -1), X});
+  return Query.next() && Query.value(0).toInt() > 0;
 }
 
 // --- Rows -----------------------------------------------------------------------------------------------------------

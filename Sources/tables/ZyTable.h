@@ -29,6 +29,9 @@ class TZyTable {
   const TZyTableStatements& Statements();
   /// The statement that makes the index that is missing; empty when there is one, and for a view, which has none.
   const std::string& MissingIndex();
+  /// Whether a row of an embedded database may push another X out by a key that the two have in common: a unique one
+  /// without X.
+  bool HasOtherKey() const;
 
   /// The row of TZyTableStatements::Rows, or the block of BlockFields, on which a query stands. Throws EDatabaseError
   /// for a text.

@@ -275,8 +275,7 @@ void TZyTableData::TakeAnswer(TZyTableAnswer& Answer) {
   FFailure = Answer.Error;
   const std::string Notice = std::exchange(Answer.Notice, {});
   if (!FFailure.empty()) {
-    FNewWhole = {};
-    FAsked.clear();  // so that it is asked for again
+    FNewWhole = {};  // and what was asked for stays noted: not every layout asks once more
   } else if (Answer.IsWhole) {
     FNewWhole = std::move(Answer);
     AskRange();

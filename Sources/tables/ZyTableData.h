@@ -105,6 +105,9 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
 
   /// Makes the summary table, or brings it up to date, on the calling thread; see TZyTableSummary. Progress gets the
   /// number of rows done, and may stop the work, of which what is done stays. Throws EDatabaseError.
+  ///
+  /// On SQLite writers that use REPLACE must set `PRAGMA recursive_triggers = ON`, or use INSERT ... ON CONFLICT DO
+  /// UPDATE: else rows of another X that they push out stay summed up until the next call, which finds them.
   void MakeSummary(const std::function<bool(std::int64_t Rows)>& Progress = {}, bool Anew = false);
   void DropSummary();
   /// All rows in the order of X, some ten thousand at a time, for what has to see them all; Y is YField, or CloseField.

@@ -85,16 +85,22 @@ std::string TZyTableStatements::EachOf(const std::string& Fields, const std::str
                  " ORDER BY ", Order, ") r"});
 }
 
+/// X where it is read. A server writes one of 4 bytes as a short text, which is another number with 8; where it is
+/// compared the column stands alone, for its index.
+std::string TZyTableStatements::XOf(const std::string& Value) const {
+  return FDialect.IsServer && !FDialect.HasWholeX ? "CAST(" + Value + " AS DOUBLE PRECISION)" : Value;
+}
+
 std::string TZyTableStatements::RowFields() const {
-  if (FFields.IsSingle()) return Joined({"t.", FFields.X, ", t.", FFields.First});
-  return Joined(
-      {"t.", FFields.X, ", t.", FFields.First, ", t.", FFields.Max, ", t.", FFields.Min, ", t.", FFields.Last});
+  const std::string X = XOf("t." + FFields.X);
+  if (FFields.IsSingle()) return Joined({X, ", t.", FFields.First});
+  return Joined({X, ", t.", FFields.First, ", t.", FFields.Max, ", t.", FFields.Min, ", t.", FFields.Last});
 }
 
 /// Two statements within one: an engine finds a single extreme by an index, and not both at once.
 std::string TZyTableStatements::Ends() const {
   const auto Of = [this](const char* Extreme) {
-    return Joined({"(SELECT ", Extreme, "(t.", FFields.X, ") FROM ", FFields.Table, " t)"});
+    return XOf(Joined({"(SELECT ", Extreme, "(t.", FFields.X, ") FROM ", FFields.Table, " t)"}));
   };
   return "SELECT " + Of("MIN") + ", " + Of("MAX");
 }
@@ -116,12 +122,13 @@ std::string TZyTableStatements::Blocks(std::span<const TZyTableRange> Ranges) co
         {"(SELECT ", Extreme, "(t.", Field, ") FROM ", Table, " t WHERE t.", X, " = q.", At, " AND ", IsFinite(), ")"});
   };
   const auto PlaceOf = [&](const std::string& Field, const char* Value) {
-    return Joined({"(SELECT MIN(t.", X, ") FROM ", Table, " t WHERE t.", X, " >= q.x0 AND t.", X, " <= q.x1 AND t.",
-                   Field, " = q.", Value, ")"});
+    return XOf(Joined({"(SELECT MIN(t.", X, ") FROM ", Table, " t WHERE t.", X, " >= q.x0 AND t.", X, " <= q.x1 AND t.",
+                       Field, " = q.", Value, ")"}));
   };
-  return Joined({ListOf(Ranges, true), ", q AS (", Grouped, ") SELECT q.x0, ", ValueAt("MIN", FFields.First, "x0"),
-                 ", q.x1, ", ValueAt("MAX", FFields.Last, "x1"), ", ", PlaceOf(FFields.Min, "ylow"), ", q.ylow, ",
-                 PlaceOf(FFields.Max, "yhigh"), ", q.yhigh, q.n, q.s FROM q ORDER BY q.i"});
+  return Joined({ListOf(Ranges, true), ", q AS (", Grouped, ") SELECT ", XOf("q.x0"), ", ",
+                 ValueAt("MIN", FFields.First, "x0"), ", ", XOf("q.x1"), ", ", ValueAt("MAX", FFields.Last, "x1"), ", ",
+                 PlaceOf(FFields.Min, "ylow"), ", q.ylow, ", PlaceOf(FFields.Max, "yhigh"),
+                 ", q.yhigh, q.n, q.s FROM q ORDER BY q.i"});
 }
 
 std::string TZyTableStatements::Rows(std::span<const TZyTableRange> Ranges) const {
@@ -131,6 +138,11 @@ std::string TZyTableStatements::Rows(std::span<const TZyTableRange> Ranges) cons
 std::string TZyTableStatements::Page(double X, std::size_t Most) const {
   return Joined({"SELECT ", RowFields(), " FROM ", FFields.Table, " t WHERE t.", FFields.X, " >= ", LimitOf(X), " AND ",
                  IsFinite(), " ORDER BY t.", FFields.X, " LIMIT ", std::to_string(Most)});
+}
+
+std::string TZyTableStatements::CountBefore(double X) const {
+  return Joined(
+      {"SELECT COUNT(*) FROM ", FFields.Table, " t WHERE t.", FFields.X, " < ", LimitOf(X), " AND ", IsFinite()});
 }
 
 std::string TZyTableStatements::RowAt(const char* Extreme, const char* Relation, double X) const {

@@ -45,6 +45,8 @@ class TZyTableStatements {
   std::string Rows(std::span<const TZyTableRange> Ranges) const;
   /// At most so many rows from X on, in their order.
   std::string Page(double X, std::size_t Most) const;
+  /// Number of rows before X.
+  std::string CountBefore(double X) const;
   /// The last row before X, and the first one from X on, in the same fields.
   std::string RowBefore(double X) const;
   std::string RowFrom(double X) const;
@@ -60,6 +62,7 @@ class TZyTableStatements {
   std::string LimitOf(double X) const;
   std::string ListOf(std::span<const TZyTableRange> Ranges, bool Numbered) const;
   std::string IsFinite() const;
+  std::string XOf(const std::string& Value) const;
   std::string RowFields() const;
   std::string RowAt(const char* Extreme, const char* Relation, double X) const;
   std::string InRange() const;

@@ -18,6 +18,10 @@ namespace zy {
 /// before it change, come or go; Update goes on from there. A summary whose triggers are gone with their table is
 /// ignored. Engines other than SQLite and PostgreSQL get no triggers: there Update is to be called after such a change,
 /// with Anew.
+///
+/// SQLite runs no trigger for the row that REPLACE, or a constraint with that clause, pushes out, unless the connection
+/// that writes has `PRAGMA recursive_triggers = ON`. Where such a row has another X, by a key without it, the summary
+/// has it still until Update counts: writers set the pragma, or write INSERT ... ON CONFLICT DO UPDATE.
 class TZyTableSummary {
  public:
   /// What is told between two pieces of work: the rows done so far. False stops it; what is done stays.
@@ -34,9 +38,10 @@ class TZyTableSummary {
   int Levels() const { return FLevels; }
   const std::string& QuotedName() const { return FQuotedName; }
 
-  /// Makes the summary, or brings it up to date. Anew starts at the first row. Others wait with what they write to the
-  /// table while some ten thousand rows of it are summed up. Throws EDatabaseError, also for a table without an index
-  /// and for another table of the summary's name; what was written until then holds.
+  /// Makes the summary, or brings it up to date, or drops and makes it where it has another number of rows than the
+  /// table, of which SQLite counts the rows when it has a key without X. Anew starts at the first row. Others wait with
+  /// what they write to the table while some ten thousand rows of it are summed up. Throws EDatabaseError, also for a
+  /// table without an index and for another table of the summary's name; what was written until then holds.
   void Update(const TProgress& Progress, bool Anew = false);
   /// Drops the table and its triggers.
   void Drop();
@@ -54,7 +59,9 @@ class TZyTableSummary {
   bool IsThere();
   void TestIsNoOther();
   bool HasTriggers();
+  void Begin();
   double TakeUp();
+  bool HasRowsPushedOut(double LastX);
   void TakeRow(const TZyTableBlock& Row);
   void Close(std::size_t Level);
   void Write(double Until);

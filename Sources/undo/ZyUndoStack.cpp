@@ -341,7 +341,8 @@ void TZyUndoStack::RestorePlace(TReader& Reader, TComponent& Component) {
     Parent->SetChildIndex(Component, IndexInParent);
   }
   SetPlaceOf(&Component, static_cast<int>(Reader.ReadInteger()));
-  if (Reader.ReadBoolean()) dynamic_cast<IZyUndoUser&>(Component).SetUndoStack(this);
+  const bool WasLogged = Reader.ReadBoolean();
+  if (auto* const User = dynamic_cast<IZyUndoUser*>(&Component)) User->SetUndoStack(WasLogged ? this : nullptr);
   const auto ReadHandle = [&Reader](TPersistent* Object) {
     const auto Handle = static_cast<std::uint64_t>(Reader.ReadInteger());
     if (Object != nullptr) Object->TakeLiveHandle(Handle);

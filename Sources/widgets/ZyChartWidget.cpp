@@ -215,6 +215,7 @@ void ZyChartWidget::Join(TZySeries& Series, TZyCustomDoubleVector* X, TZyCustomD
   if (const std::optional<TZyLook> Present = LookOf(FLook); Present && !Present->SeriesColors.empty()) {
     const std::size_t Place = std::max<std::size_t>(Graph().RelatedSeries().size(), 1) - 1;
     SetSeriesColor(Series, Present->SeriesColors[Place % Present->SeriesColors.size()]);
+    Series.Line().SetWidth(Present->LineWidth);
   }
 }
 

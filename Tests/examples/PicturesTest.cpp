@@ -13,8 +13,12 @@
 #include "gallery/Gallery.h"
 #include "graph/SampleChart.h"
 #include "looks/ZyLook.h"
+#include "series/ZyArrows.h"
+#include "series/ZyBubbles.h"
+#include "series/ZyCustomOHLC.h"
 #include "series/ZyFittedLine.h"
 #include "series/ZyLeastSquares.h"
+#include "series/ZyPointWithErrorSeries.h"
 #include "texts/NumberText.h"
 
 namespace zy::examples {
@@ -109,8 +113,17 @@ class TSheet {
   void Put(TSampleChart& Chart) {
     Graphics Gr(FPicture);
     Gr.TranslateTransform(static_cast<float>(FPlace % 4 * Width), static_cast<float>(FPlace / 4 * Height));
-    Chart.Graph->PaintGr(Gr);
+    Chart.Graph->PaintTo(Gr);
     ++FPlace;
+  }
+  /// Whether a chart that was put is another one without a part of it, with the axes as they are.
+  template <class TPart>
+  static bool Shows(TSampleChart& Chart, TPart& Part) {
+    const auto Paint = [&] { return PictureOf(Width, Height, [&](Graphics& Gr) { Chart.Graph->PaintTo(Gr); }).ToQt(); };
+    for (TZyAxis* Axis : {Chart.X, Chart.Y}) TSampleChart::FixEnds(Axis, Axis->Start(), Axis->Stop());
+    const QImage With = Paint();
+    Part.SetVisible(false);
+    return With != Paint();
   }
   const Bitmap& Picture() const { return FPicture; }
 
@@ -121,6 +134,30 @@ class TSheet {
   int FPlace = 0;
 };
 
+/// What a series needs beside X and Y to be drawn.
+void AddInputs(TSampleChart& Chart, TZySeries& Series) {
+  const auto Add = [&](const char* Name, const std::vector<double>& Values) {
+    return Chart.AddVector(Series.Name() + Name, Values);
+  };
+  if (auto* const Arrows = dynamic_cast<TZyArrows*>(&Series)) {
+    Arrows->SetDeltaX(Add("DeltaX", {1, 1, -1, -1}));
+    Arrows->SetDeltaY(Add("DeltaY", {5, -5, 5, -5}));
+  } else if (auto* const Bubbles = dynamic_cast<TZyBubbles*>(&Series)) {
+    Bubbles->SetRadiusData(Add("Radii", {1, 2, 3, 4}));
+  } else if (auto* const Prices = dynamic_cast<TZyCustomOHLC*>(&Series)) {
+    Prices->SetOpenData(Add("Open", {15, 25, 30, 25}));
+    Prices->SetHighData(Add("High", {20, 35, 35, 45}));
+    Prices->SetLowData(Add("Low", {5, 20, 15, 20}));
+  } else if (auto* const Errors = dynamic_cast<TZyPointWithErrorSeries*>(&Series)) {
+    Errors->SetDeltaXPlus(Add("DeltaXPlus", {0.2, 0.4, 0.6, 0.8}));
+    Errors->SetDeltaYMinus(Add("DeltaYMinus", {2, 4, 6, 8}));
+  } else if (auto* const Fit = dynamic_cast<TZyFittedLine*>(&Series)) {
+    Fit->SetExpression("A+B*X");
+  } else if (auto* const Linear = dynamic_cast<TZyGeneralLinearLeastSquares*>(&Series)) {
+    Linear->SetBasisFunction([](TObject*, const TZyGeneralLinearFittingArgs& e) { return std::pow(e.X, e.Index); });
+  }
+}
+
 TEST(KindPictures, AreAsStored) {
   const std::size_t Kinds = TSampleChart().AddOfEachKind("S").size(), Markers = TSampleChart().AddMarkers("M").size();
   ASSERT_GT(Kinds, 16u);
@@ -130,16 +167,15 @@ TEST(KindPictures, AreAsStored) {
     const std::vector<TZySeries*> All = Chart.AddOfEachKind("S");
     for (std::size_t Each = 0; Each < Kinds; ++Each) {
       All[Each]->SetVisible(Each == Kind);
+      AddInputs(Chart, *All[Each]);
       if (auto* const Points = dynamic_cast<TZyPointSeries*>(All[Each]); Points != nullptr) {  // else each has its own
         Points->PointSymbol().SetPointSymbol(TZyPointSymbol::Diamond);
         Points->PointSymbol().SetFillColor(Colors::Orange);
         Points->PointSymbol().SetBorderColor(Colors::Black);
       }
-      if (auto* const Fit = dynamic_cast<TZyFittedLine*>(All[Each]); Fit != nullptr) Fit->SetExpression("A+B*X");
-      if (auto* const Linear = dynamic_cast<TZyGeneralLinearLeastSquares*>(All[Each]); Linear != nullptr)
-        Linear->SetBasisFunction([](TObject*, const TZyGeneralLinearFittingArgs& e) { return std::pow(e.X, e.Index); });
     }
     Sheet.Put(Chart);
+    EXPECT_TRUE(TSheet::Shows(Chart, *All[Kind])) << All[Kind]->Name();
   }
   for (std::size_t Kind = 0; Kind < Markers; ++Kind) {
     TSampleChart Chart(TSheet::Width, TSheet::Height);
@@ -151,6 +187,7 @@ TEST(KindPictures, AreAsStored) {
     All[Kind]->SetCaption("Mark");
     All[Kind]->SetCaptionVisible(true);
     Sheet.Put(Chart);
+    EXPECT_TRUE(TSheet::Shows(Chart, *All[Kind])) << All[Kind]->Name();
   }
   CompareWithStored("kinds", Sheet.Picture());
 }

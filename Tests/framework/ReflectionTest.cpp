@@ -82,24 +82,32 @@ TEST(Reflection, ADescendantPublishesAPropertyAnew) {
   EXPECT_TRUE(GetPropInfo(Sample, "Shade")->IsDefault(Sample));
 }
 
-TEST(Reflection, ARefusalNamesPropertyValueAndWhatIsAllowed) {
-  TDarkSample Sample;
+TEST(Reflection, ARefusalNamesClassPropertyValueAndWhatIsAllowed) {
+  TDarkSample Sample, Named;
+  Named.SetName("Night");
   const std::pair<std::function<void()>, const char*> Cases[] = {
+      {[&] { SetPropValue(Named, "Shade", "Gray"); },
+       R"("Gray" is no value of property "TDarkSample Night.Shade"; allowed are Light, Middle, Dark)"},
       {[&] { SetOrdProp(Sample, "Shade", 3); },
-       R"("3" is no value of property "Shade"; allowed are Light, Middle, Dark)"},
+       R"("3" is no value of property "TDarkSample.Shade"; allowed are Light, Middle, Dark)"},
       {[&] { SetEnumProp(Sample, "Shade", "Pink"); },
-       R"("Pink" is no value of property "Shade"; allowed are Light, Middle, Dark)"},
+       R"("Pink" is no value of property "TDarkSample.Shade"; allowed are Light, Middle, Dark)"},
       {[&] { SetSetProp(Sample, "Shades", "[Pink]"); },
-       R"("Pink" is no value of property "Shades"; allowed are Light, Middle, Dark)"},
+       R"("Pink" is no value of property "TDarkSample.Shades"; allowed are Light, Middle, Dark)"},
       {[&] { SetPropValue(Sample, "Switch", "Yes"); },
-       R"("Yes" is no value of property "Switch"; allowed are False, True)"},
-      {[&] { SetOrdProp(Sample, "Small", 128); }, R"("128" is no value of property "Small"; allowed are -128 to 127)"},
-      {[&] { SetPropValue(Sample, "Whole", 13); }, R"("13" is no value of property "Whole"; allowed are 1 to 12)"},
-      {[&] { SetPropValue(Sample, "Whole", 1.5); }, R"("1.5" is no value of property "Whole"; allowed are 1 to 12)"},
-      {[&] { SetFloatProp(Sample, "Real", 2.75); }, R"("2.75" is no value of property "Real"; allowed are -1 to 2.5)"},
+       R"("Yes" is no value of property "TDarkSample.Switch"; allowed are False, True)"},
+      {[&] { SetOrdProp(Sample, "Small", 128); },
+       R"("128" is no value of property "TDarkSample.Small"; allowed are -128 to 127)"},
+      {[&] { SetPropValue(Sample, "Whole", 13); },
+       R"("13" is no value of property "TDarkSample.Whole"; allowed are 1 to 12)"},
+      {[&] { SetPropValue(Sample, "Whole", 1.5); },
+       R"("1.5" is no value of property "TDarkSample.Whole"; allowed are 1 to 12)"},
+      {[&] { SetFloatProp(Sample, "Real", 2.75); },
+       R"("2.75" is no value of property "TDarkSample.Real"; allowed are -1 to 2.5)"},
       {[&] { SetPropValue(Sample, "Real", "-INF"); },
-       R"("-INF" is no value of property "Real"; allowed are -1 to 2.5)"},
-      {[&] { SetFloatProp(Sample, "Real", NAN); }, R"("NAN" is no value of property "Real"; allowed are -1 to 2.5)"}};
+       R"("-INF" is no value of property "TDarkSample.Real"; allowed are -1 to 2.5)"},
+      {[&] { SetFloatProp(Sample, "Real", NAN); },
+       R"("NAN" is no value of property "TDarkSample.Real"; allowed are -1 to 2.5)"}};
   for (const auto& [Write, Message] : Cases) EXPECT_EQ(MessageOf([&] { Write(); }), Message);
   EXPECT_THROW(SetFloatProp(Sample, "Single", 1e39), ERangeError);
   SetFloatProp(Sample, "Single", HUGE_VAL);  // fits where no limits are told

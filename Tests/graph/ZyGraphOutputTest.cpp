@@ -243,6 +243,7 @@ TEST(GraphImageTest, HasTheSizeAndTheResolutionThatWereAskedFor) {
   const QImage Printed = QImage::fromData(Saved(PNG, TZyPictureSize::Millimeters(160, 100, 300)));
   EXPECT_EQ(Printed.size(), QSize(1890, 1181)) << "160 / 25.4 * 300";
   EXPECT_EQ(Printed.dotsPerMeterX(), 11811);
+  EXPECT_EQ(QImage::fromData(Saved(JPEG, TZyPictureSize::Millimeters(16, 10, 300))).dotsPerMeterX(), 11811);
   EXPECT_TRUE(Saved(SVG, TZyPictureSize::Millimeters(127, 100)).contains("width=\"480\""));  // 5 inches
   // Twice as fine is what a screen of double density shows.
   const QImage Fine = QImage::fromData(Saved(PNG, TZyPictureSize::Pixels(600, 400, 192)));

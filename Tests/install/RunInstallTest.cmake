@@ -1,5 +1,6 @@
 # Installs the build in BUILD into a scratch folder, moves it, and builds and runs programs against it, the first chart of the
-# README among them: with CMake, and with the compiler CXX and pkg-config. SOURCE is the folder of this file.
+# README among them: with CMake, and with the compiler CXX and pkg-config. SOURCE is the folder of this file, STRIP the program
+# that takes symbols out of what was built for release.
 function(run)
   execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
@@ -20,14 +21,22 @@ function(draw_first_chart Program)
   file(REMOVE "${Scratch}/chart.png")
 endfunction()
 
+file(GLOB_RECURSE Plugin "${Scratch}/prefix/*zyphos_designer*")
 run(${CMAKE_COMMAND} -S "${SOURCE}" -B "${Scratch}/cmake" -G Ninja "-DCMAKE_PREFIX_PATH=${Scratch}/prefix"
-    -DCMAKE_CXX_COMPILER=${CXX} "-DFIRST_CHART=${Scratch}/FirstChart.cpp")
+    -DCMAKE_CXX_COMPILER=${CXX} "-DFIRST_CHART=${Scratch}/FirstChart.cpp" "-DPLUGIN=${Plugin}")
 run(${CMAKE_COMMAND} --build "${Scratch}/cmake")
 run("${Scratch}/cmake/consumer")
 run("${Scratch}/cmake/consumer_of_all")
 run("${Scratch}/cmake/qt_consumer")
 draw_first_chart("${Scratch}/cmake/first_chart")
 draw_first_chart("${Scratch}/cmake/small_chart")
+if(STRIP)  # with all classes of a static library; shared ones lie beside the program
+  run("${STRIP}" -o "${Scratch}/stripped" "${Scratch}/cmake/first_chart")
+  file(SIZE "${Scratch}/stripped" Size)
+  if(Size GREATER 3000000)
+    message(FATAL_ERROR "A program with one chart has ${Size} bytes")
+  endif()
+endif()
 
 file(GLOB_RECURSE PcFile "${Scratch}/prefix/zyphos.pc")
 cmake_path(GET PcFile PARENT_PATH PcFolder)

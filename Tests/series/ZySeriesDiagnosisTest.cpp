@@ -103,6 +103,45 @@ TEST_F(SeriesDiagnosis, EachReasonIsTold) {
   EXPECT_EQ(Said(Line), "S lies beside YAxis, which shows 10 to 20: its values go from -2 to -1");
 }
 
+TEST_F(SeriesDiagnosis, PointsThatDrawNothingAreTold) {
+  TZyDoubleVector &X = *Vector({1, 2, 3}), &Y = *Vector({NaN, 1, NaN});
+  auto& Points = Series<TZyPointSeries>(&Y);
+  Points.SetXData(&X);
+  Graph.AddSeries(Points);
+  EXPECT_EQ(Said(Points), "") << "symbols show lone points";
+  Points.PointSymbol().SetVisible(false);
+  EXPECT_EQ(Said(Points),
+            "S draws nothing: no two points follow each other without a gap, and symbols are switched off");
+  Points.PointSymbol().SetVisible(true);
+  Points.Line().SetVisible(false);
+  TZyAxis& Axis = *Graph.PrimaryXAxis();
+  Axis.SetStartEnd(TZyAxisEnd::Fixed);
+  Axis.SetStopEnd(TZyAxisEnd::Fixed);
+  Axis.SetStart(1.2);
+  Axis.SetStop(1.8);
+  for (int i : {0, 2}) Y.SetValue(i, 1);
+  EXPECT_EQ(Said(Points), "S draws nothing: none of its points lies in what its axes show");
+  Points.Line().SetVisible(true);
+  EXPECT_EQ(Said(Points), "") << "a line from point to point crosses it";
+  Points.PointSymbol().SetVisible(false);
+  Points.Line().SetColor(0x00FF0000);
+  EXPECT_EQ(Said(Points), "S draws nothing: its colors are transparent");
+  Points.Line().SetColor(0xFFFF0000);
+  Axis.SetStop(20);
+  const double WithX[] = {-1, -2, 3}, WithY[] = {5, 4, -2};
+  for (int i = 0; i < 3; ++i) X.SetValue(i, WithX[i]), Y.SetValue(i, WithY[i]);
+  for (TZyAxis* Each : Graph.Axes()) Each->SetScaling(TZyAxisScaling::Log);
+  EXPECT_EQ(Said(Points), "S has no point that is above 0 on all of its logarithmic axes");
+  Points.SetName("Second");
+  EXPECT_TRUE(Points.Diagnose().starts_with("S (Second) ")) << "another one may be called S as well";
+  Graph.BeginUpdate();
+  EXPECT_EQ(Graph.Diagnose(),
+            std::vector<std::string>{"Graph takes in nothing new: BeginUpdate was called, and EndUpdate not yet"});
+  Graph.EndUpdate();
+  Graph.SetVisible(false);
+  EXPECT_EQ(Graph.Diagnose().front(), "Graph is hidden: Visible is off");
+}
+
 TEST_F(SeriesDiagnosis, KindsTellWhatTheyLack) {
   auto& Regression = Series<TZyLinearRegression>(Vector({1}));
   Graph.AddSeries(Regression);

@@ -2,9 +2,10 @@
 //
 // One form is edited: objects made, freed and changed, undo and redo, saving and loading. The other one is live: data
 // stream in and out and shrink while it is zoomed and painted, further series, axes and coupled graphs come and go, and
-// handlers throw, and free some of them. A third one is changed in the settings dialogs, as a user does. After each
-// round everything is undone, or taken out again, and the bytes of the forms and the picture of the live one must be
-// those of the beginning; at the end the memory in use must be that of the first rounds.
+// handlers throw, and free some of them. A third one is changed in the settings dialogs, as a user does. Others are
+// stored as records, linked to controls, and shown from a table that stays in its file (Others.h). After each round
+// everything is undone, or taken out again, and the bytes of the forms and the picture of the live one must be those of
+// the beginning; at the end the memory in use must be that of the first rounds.
 
 #include <malloc.h>
 
@@ -28,6 +29,7 @@
 #include "platform/controls/TApplication.h"
 #include "series/ZyPointSeries.h"
 #include "soak/DialogWalk.h"
+#include "soak/Others.h"
 #include "undo/UndoWalk.h"
 
 namespace zy::testing {
@@ -69,7 +71,7 @@ struct TRefusal : std::runtime_error {
 
 class TSoak {
  public:
-  explicit TSoak(unsigned Seed) : FRandom(Seed) {
+  explicit TSoak(unsigned Seed) : FRandom(Seed), FOthers(Seed) {
     FLive.Form.SetName("Live");  // components are found again by the name of their form
     for (const char* Name : {"S1", "S2"}) FOwn.push_back(FLive.AddSeries(Name));
     FFirst = FLive.Form.Components().size();
@@ -82,6 +84,8 @@ class TSoak {
     const QImage Picture = FLive.Paint().ToQt();
     Edit();
     UseDialogs();
+    for (const std::string& Wrong : {FOthers.StoreRecords(), FOthers.UseLinks(), FOthers.UseTable()})
+      if (!Wrong.empty()) Fail(Wrong);
     for (int Action = 0; Action < 300; ++Action) Use();
     Restore();
     ExpectEqual(BytesOf(FLive.Form), Live, "the live chart is not what it was");
@@ -404,6 +408,7 @@ class TSoak {
   }
 
   std::mt19937 FRandom;
+  TOthers FOthers;
   TSampleChart FLive{600, 400};
   std::vector<TZySeries*> FOwn;
   std::size_t FFirst = 0;

@@ -41,7 +41,7 @@ void TZyFont::SetName(const std::string& Value) {
 
 void TZyFont::SetSize(float Value) {
   if (FSize == Value) return;
-  FindPropInfo(*this, "Size").TestFloat(static_cast<double>(Value));
+  FindPropInfo(*this, "Size").TestFloat(*this, static_cast<double>(Value));
   FSize = Value;
   if (Value > 0) FWholeSize = std::max(static_cast<int>(std::lround(Value)), 1);
   NeedsResize();

@@ -111,6 +111,8 @@ QImage WithoutAlpha(const QImage& Picture) {
 QImage OnWhite(const QImage& Picture) {
   QImage Result(Picture.size(), QImage::Format_RGB32);
   Result.setDevicePixelRatio(Picture.devicePixelRatio());
+  Result.setDotsPerMeterX(Picture.dotsPerMeterX());
+  Result.setDotsPerMeterY(Picture.dotsPerMeterY());
   Result.fill(Qt::white);
   QPainter(&Result).drawImage(0, 0, Picture);
   return Result;

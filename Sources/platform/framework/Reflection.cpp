@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/framework/TComponent.h"
 #include "texts/Exceptions.h"
 #include "texts/NumberText.h"
 #include "texts/ZyLocalize.h"
@@ -28,13 +29,13 @@ std::size_t IndexOfName(const TPropInfo& Info, std::string_view Name) {
   return static_cast<std::size_t>(std::find(Names.begin(), Names.end(), Name) - Names.begin());
 }
 
-std::int64_t OrdinalOfNames(const TPropInfo& Info, std::string_view Names) {
+std::int64_t OrdinalOfNames(const TObject& Instance, const TPropInfo& Info, std::string_view Names) {
   std::int64_t Bits = 0;
   std::string_view Rest = Names.substr(1, Names.size() - 2);
   while (!Rest.empty()) {
     const std::string_view Name = Rest.substr(0, Rest.find(','));
     const std::size_t Index = IndexOfName(Info, Name);
-    if (Index == Info.Values->Values.size()) Info.Refuse<EConvertError>(Name);
+    if (Index == Info.Values->Values.size()) Info.Refuse<EConvertError>(Instance, Name);
     Bits |= std::int64_t{1} << Index;
     Rest.remove_prefix(std::min(Rest.size(), Name.size() + 1));
   }
@@ -43,19 +44,28 @@ std::int64_t OrdinalOfNames(const TPropInfo& Info, std::string_view Names) {
 
 /// The number of a value; the error for what is none names the property and what it takes.
 template <class TNumber>
-TNumber Converted(const TPropInfo& Info, const TVariant& Value, TNumber (TVariant::*Conversion)() const) {
+TNumber Converted(const TObject& Instance, const TPropInfo& Info, const TVariant& Value,
+                  TNumber (TVariant::*Conversion)() const) {
   try {
     return (Value.*Conversion)();
   } catch (const EConvertError&) {
-    Info.Refuse<EConvertError>(Value.IsArray() ? std::string("array") : Value.AsText());
+    Info.Refuse<EConvertError>(Instance, Value.IsArray() ? std::string("array") : Value.AsText());
   }
 }
 
 }  // namespace
 
+std::string FullPropName(const TObject& Instance, std::string_view PropName) {
+  std::string Result = Instance.ClassName();
+  if (const auto* const Component = dynamic_cast<const TComponent*>(&Instance);
+      Component != nullptr && !Component->Name().empty())
+    Result += " " + Component->Name();
+  return (Result += ".").append(PropName);
+}
+
 const TPropInfo& FindPropInfo(const TObject& Instance, std::string_view PropName) {
   if (const TPropInfo* Info = GetPropInfo(Instance, PropName)) return *Info;
-  throw EFilerError(Format(LoadResString(_sPropNotFound), {PropName}));
+  throw EFilerError(Format(LoadResString(_sPropNotFound), {FullPropName(Instance, PropName)}));
 }
 
 const TPropInfo& FindPropRow(const TObject& Instance, std::string_view PropName) {
@@ -63,9 +73,9 @@ const TPropInfo& FindPropRow(const TObject& Instance, std::string_view PropName)
   throw EFilerError(Format(LoadResString(_sPropNotFound), {PropName}));
 }
 
-std::int64_t OrdinalFromText(const TPropInfo& Info, std::string_view Text) {
+std::int64_t OrdinalFromText(const TObject& Instance, const TPropInfo& Info, std::string_view Text) {
   if (Info.Kind == TPropKind::Set && Text.size() >= 2 && Text.front() == '[' && Text.back() == ']')
-    return OrdinalOfNames(Info, Text);
+    return OrdinalOfNames(Instance, Info, Text);
   if (Info.Kind == TPropKind::Enumeration) {
     const std::size_t Index = IndexOfName(Info, Text);
     if (Index < Info.Values->Values.size()) return static_cast<std::int64_t>(Index);
@@ -73,7 +83,7 @@ std::int64_t OrdinalFromText(const TPropInfo& Info, std::string_view Text) {
   try {
     return StrToInt(Text);
   } catch (const EConvertError&) {
-    Info.Refuse<EConvertError>(Text);
+    Info.Refuse<EConvertError>(Instance, Text);
   }
 }
 
@@ -87,22 +97,22 @@ TVariant GetPropValue(const TObject& Instance, std::string_view PropName) {
   if (Info.GetFloat != nullptr) return Info.GetFloat(Instance);
   if (Info.GetStr != nullptr) return Info.GetStr(Instance);
   if (Info.GetVariant != nullptr) return Info.GetVariant(Instance);
-  WrongKind(Instance, Info, "value");
+  WrongKind(Instance, Info, "plain");
 }
 
 void SetPropValue(TObject& Instance, std::string_view PropName, const TVariant& Value) {
   const TPropInfo& Info = FindPropInfo(Instance, PropName);
   if (Info.GetOrd != nullptr) {
-    Info.SetOrd(Instance,
-                Value.IsText() ? OrdinalFromText(Info, Value.AsText()) : Converted(Info, Value, &TVariant::AsInteger));
+    Info.SetOrd(Instance, Value.IsText() ? OrdinalFromText(Instance, Info, Value.AsText())
+                                         : Converted(Instance, Info, Value, &TVariant::AsInteger));
   } else if (Info.GetFloat != nullptr) {
-    Info.SetFloat(Instance, Converted(Info, Value, &TVariant::AsReal));
+    Info.SetFloat(Instance, Converted(Instance, Info, Value, &TVariant::AsReal));
   } else if (Info.SetStr != nullptr) {
     Info.SetStr(Instance, Value.AsText());
   } else if (Info.SetVariant != nullptr) {
     Info.SetVariant(Instance, Value);
   } else {
-    WrongKind(Instance, Info, "value");
+    WrongKind(Instance, Info, "plain");
   }
 }
 
@@ -189,7 +199,7 @@ void SetEnumProp(TObject& Instance, std::string_view PropName, std::string_view 
   const TPropInfo& Info = FindPropInfo(Instance, PropName);
   if (Info.Kind != TPropKind::Enumeration) WrongKind(Instance, Info, "enumeration");
   const std::size_t Index = IndexOfName(Info, ValueName);
-  if (Index == Info.Values->Values.size()) Info.Refuse<EConvertError>(ValueName);
+  if (Index == Info.Values->Values.size()) Info.Refuse<EConvertError>(Instance, ValueName);
   Info.SetOrd(Instance, static_cast<std::int64_t>(Index));
 }
 
@@ -209,7 +219,7 @@ std::string GetSetProp(const TObject& Instance, std::string_view PropName) {
 void SetSetProp(TObject& Instance, std::string_view PropName, std::string_view ValueNames) {
   const TPropInfo& Info = FindPropInfo(Instance, PropName);
   if (Info.Kind != TPropKind::Set) WrongKind(Instance, Info, "set");
-  Info.SetOrd(Instance, OrdinalFromText(Info, ValueNames));
+  Info.SetOrd(Instance, OrdinalFromText(Instance, Info, ValueNames));
 }
 
 }  // namespace zy

@@ -53,7 +53,10 @@ void SetEnumProp(TObject& Instance, std::string_view PropName, std::string_view 
 std::string GetSetProp(const TObject& Instance, std::string_view PropName);
 void SetSetProp(TObject& Instance, std::string_view PropName, std::string_view ValueNames);
 
+/// "TZyAxis YAxis.Scaling": class, name of the component if it has one, and property, for messages.
+std::string FullPropName(const TObject& Instance, std::string_view PropName);
+
 /// Ordinal of a value name, of the text form of a set, or of a number in text. Throws EConvertError for anything else.
-std::int64_t OrdinalFromText(const TPropInfo& Info, std::string_view Text);
+std::int64_t OrdinalFromText(const TObject& Instance, const TPropInfo& Info, std::string_view Text);
 
 }  // namespace zy

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "platform/framework/Reflection.h"
 #include "texts/Exceptions.h"
 #include "texts/NumberText.h"
 
@@ -20,6 +21,13 @@ void WrongObject(const char* PropName, const TPersistent* Value) {
 }
 
 }  // namespace detail
+
+/// The limits of floats in few digits.
+static std::string LimitText(double Value) {
+  if (std::fabs(Value) == static_cast<double>(std::numeric_limits<float>::max()))
+    return Value < 0 ? "-3.4E38" : "3.4E38";
+  return RealToText(Value);
+}
 
 bool TPropInfo::IsDefault(const TObject& Instance) const {
   if (!HasDefault()) return false;
@@ -45,28 +53,28 @@ TPropInfo TPropInfo::Limited(double Low, double High) && {
 void TPropInfo::SetOrd(TObject& Instance, std::int64_t Value) const {
   const auto Shown = static_cast<double>(Value);
   if ((Kind != TPropKind::Int64 || FIsLimited) && !(Shown >= FLeast && Shown <= FMost))
-    Refuse<ERangeError>(IntToStr(Value));
+    Refuse<ERangeError>(Instance, IntToStr(Value));
   FSetOrd(Instance, Value);
 }
 
 void TPropInfo::SetFloat(TObject& Instance, double Value) const {
-  TestFloat(Value);
+  TestFloat(Instance, Value);
   FSetFloat(Instance, Value);
 }
 
-void TPropInfo::TestFloat(double Value) const {
+void TPropInfo::TestFloat(const TObject& Instance, double Value) const {
   const bool Fits = Value >= FLeast && Value <= FMost;
-  if (!Fits && (FIsLimited || std::isfinite(Value))) Refuse<ERangeError>(RealToText(Value));
+  if (!Fits && (FIsLimited || std::isfinite(Value))) Refuse<ERangeError>(Instance, RealToText(Value));
 }
 
-std::string TPropInfo::RefusalText(std::string_view Value) const {
+std::string TPropInfo::RefusalText(const TObject& Instance, std::string_view Value) const {
   std::string Allowed;
   if (Values != nullptr) {
     for (const std::string_view ValueName : Values->Values) (Allowed += Allowed.empty() ? "" : ", ") += ValueName;
   } else {
-    Allowed = Format(LoadResString(_sPropLimits), {RealToText(Lowest), RealToText(Highest)});
+    Allowed = Format(LoadResString(_sPropLimits), {LimitText(Lowest), LimitText(Highest)});
   }
-  return Format(LoadResString(_sPropNotAllowed), {Value, Name, Allowed});
+  return Format(LoadResString(_sPropNotAllowed), {Value, FullPropName(Instance, Name), Allowed});
 }
 
 }  // namespace zy

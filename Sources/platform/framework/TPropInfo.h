@@ -87,11 +87,11 @@ class TPropInfo {
   /// Writes a Float, likewise. Where no limits are told, what is no number and infinities are left to the setter.
   void SetFloat(TObject& Instance, double Value) const;
   /// Throws ERangeError, likewise, for a Float that does not fit; for setters that refuse it whoever calls them.
-  void TestFloat(double Value) const;
-  /// Throws TError with property, value and what is allowed: value names or limits.
+  void TestFloat(const TObject& Instance, double Value) const;
+  /// Throws TError with class, object, property, value and what is allowed: value names or limits.
   template <class TError>
-  [[noreturn]] void Refuse(std::string_view Value) const {
-    throw TError(RefusalText(Value));
+  [[noreturn]] void Refuse(const TObject& Instance, std::string_view Value) const {
+    throw TError(RefusalText(Instance, Value));
   }
 
   /// Values equal to the default are not streamed. A property without one is always streamed.
@@ -120,7 +120,7 @@ class TPropInfo {
  private:
   template <auto Getter, auto Setter>
   friend struct detail::TPropRow;
-  std::string RefusalText(std::string_view Value) const;
+  std::string RefusalText(const TObject& Instance, std::string_view Value) const;
 
   void (*FSetOrd)(TObject&, std::int64_t) = nullptr;
   void (*FSetFloat)(TObject&, double) = nullptr;

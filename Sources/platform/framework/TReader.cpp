@@ -406,7 +406,7 @@ void TReader::ReadValue(TPersistent& Instance, const TPropInfo& Info) {
   if (Next == TValueType::False || Next == TValueType::True) {
     Info.SetOrd(Instance, ReadBoolean() ? 1 : 0);
   } else if (Next == TValueType::Ident) {
-    Info.SetOrd(Instance, OrdinalFromText(Info, ReadIdent()));
+    Info.SetOrd(Instance, OrdinalFromText(Instance, Info, ReadIdent()));
   } else {
     Info.SetOrd(Instance, ReadInteger());
   }
