@@ -27,7 +27,7 @@ class TOthers {
     std::fclose(std::fopen((FFolder / "rows.db").c_str(), "w"));
     FBase.ExecSQL("PRAGMA synchronous = OFF");
     FBase.ExecSQL("CREATE TABLE rows (t DOUBLE PRECISION PRIMARY KEY, v DOUBLE PRECISION)");
-    AppendRows(5000);
+    AppendRows(FewRows);
   }
 
   /// A chart of everything through its record, in a stream or as XML.
@@ -89,6 +89,7 @@ class TOthers {
 
   /// A chart over a table that grows, while it is zoomed, waits or does not, and is closed and opened.
   std::string UseTable() {
+    if (FRows > 2 * FewRows) FBase.ExecSQL("DELETE FROM rows WHERE t >= " + std::to_string(FRows = FewRows));
     TSampleChart Chart;
     TZyTableData Data;
     Data.SetConnectionText(FBase.ConnectionText());
@@ -113,7 +114,7 @@ class TOthers {
       if (What == 2) Data.Close(), Data.Open();
       if (What == 3) Data.WaitForAnswer();
       if (What > 3) {
-        const double Start = Roll(FRows), Stop = Start + 1 + Roll(FRows);
+        const double Start = 50 * Roll(100), Stop = Start + 50 * (1 + Roll(100));
         Chart.X->SetStartEnd(TZyAxisEnd::Fixed);
         Chart.X->SetStopEnd(TZyAxisEnd::Fixed);
         Chart.X->SetStart(Start);
@@ -159,6 +160,8 @@ class TOthers {
     }
     for (TZySeries* Series : Graph.RelatedSeries()) Quieten(*Series);
   }
+
+  static constexpr int FewRows = 5000;
 
   std::mt19937 FRandom;
   const TTemporaryFolder FFolder;
