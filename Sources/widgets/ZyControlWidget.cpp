@@ -9,6 +9,7 @@
 #include "platform/controls/TWinControl.h"
 #include "platform/drawing/QtText.h"
 #include "platform/framework/Application.h"
+#include "platform/framework/Reflection.h"
 #include "texts/Exceptions.h"
 #include "texts/NumberText.h"
 #include "widgets/PublishedPaths.h"
@@ -72,12 +73,22 @@ QVariant ZyControlWidget::PropertyAt(const QString& Path) const {
   return Root == nullptr ? QVariant() : ReadPublished(*Root, Rest);
 }
 
+/// Whether a path begins with an object that is published.
+static bool NamesPart(const TPersistent& Root, std::string_view Path) {
+  const std::size_t Point = Path.find('.');
+  const TPropInfo* const Info = GetPropInfo(Root, Path.substr(0, Point));
+  return Point != std::string_view::npos && Info != nullptr && Info->Kind == TPropKind::Class;
+}
+
 bool ZyControlWidget::SetPropertyAt(const QString& Path, const QVariant& Value) {
   bool IsSet = false;
   Guarded([&] {
     std::string Rest = Path.toStdString();
     TPersistent* const Root = RootOf(Rest, true);
     IsSet = Root != nullptr && WritePublished(*Root, Rest, Value);
+    // A name that no part has is somebody's own dynamic property, but not below a part.
+    const bool IsOfPart = Root != nullptr && (Rest.size() < Path.toStdString().size() || NamesPart(*Root, Rest));
+    if (!IsSet && IsOfPart) throw EFilerError(Format(LoadResString(_sPropNotFound), {Path.toStdString()}));
   });
   return IsSet;
 }

@@ -220,10 +220,15 @@ TEST_F(ZyChartWidgetTest, ErrorsAreToldOrGoToTheApplication) {
   FSeries->SetOnGetPen([](TObject*, TZyPenEventArgs&) { throw Exception("no pen"); });
   FWindow.grab();
   FChart->setProperty("PrimaryXAxis.Position", "Nowhere");
-  ASSERT_EQ(Told.size(), 3u);
+  FChart->setProperty("PrimaryXAxis.Positio", "Top");
+  FChart->setProperty("Legend.Positio", "BottomCenterOfGraph");
+  FChart->setProperty("somebody.own", 1);
+  ASSERT_EQ(Told.size(), 5u);
   EXPECT_EQ(Told[0], "no such point");
   EXPECT_EQ(Told[1], "no pen");
   EXPECT_TRUE(Told[2].find("Position") != std::string::npos && Told[2].find("Nowhere") != std::string::npos) << Told[2];
+  EXPECT_EQ(Told[3], "Property: \"PrimaryXAxis.Positio\" not found");
+  EXPECT_EQ(Told[4], "Property: \"Legend.Positio\" not found");
 }
 
 TEST_F(ZyChartWidgetTest, AnyPartMayBeDeletedFromASlot) {
