@@ -187,7 +187,11 @@ void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look) {
     if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(Each)) ApplyLook(*Legend, Look);
   for (TControl* Control : Graph.Controls()) {
     if (auto* const Marker = dynamic_cast<TZyMovable*>(Control)) ApplyLook(*Marker, Look);
-    if (auto* const Label = dynamic_cast<TZyRichLabel*>(Control)) ApplyLook(*Label, Look);
+    auto* const Label = dynamic_cast<TZyRichLabel*>(Control);
+    if (Label == nullptr) continue;
+    if (Graph.UndoStack() != nullptr) Graph.UndoStack()->PushProperty(Label, "ParentFont");
+    Label->Font().PushToUndoStack(Graph.UndoStack(), LoadResString(_sGraphLook));
+    ApplyLook(*Label, Look);
   }
   std::size_t Next = 0;
   for (TZySeries* Series : Graph.RelatedSeries()) {

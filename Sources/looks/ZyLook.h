@@ -59,7 +59,7 @@ void ApplyLook(TZyPieChart& Pie, const TZyLook& Look);
 void ApplyLook(TZyCustomLegend& Legend, const TZyLook& Look);
 /// The same for one marker.
 void ApplyLook(TZyMovable& Marker, const TZyLook& Look);
-/// The same for one label. A label has no stack of undo.
+/// The same for one label, which has no stack of undo: the one above logs what it gives to labels by that of the graph.
 void ApplyLook(TZyRichLabel& Label, const TZyLook& Look);
 
 /// One colour for a series: its line, its area and symbols, bars of errors, bands and arrows, whose translucency stays.

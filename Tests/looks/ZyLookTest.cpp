@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 
+#include "annotations/ZyRichLabel.h"
 #include "graph/SampleChart.h"
 #include "looks/ZyPaletteLook.h"
 #include "pie/ZyPieDonut.h"
@@ -98,13 +99,20 @@ TEST(Look, OneStepOfUndoBringsTheOldLookBack) {
   TZyUndoStack Stack;
   Chart.AddSeries("A", {1, 2, 3}, {1, 4, 2});
   Chart.AddSeries("B", {1, 2, 3}, {3, 1, 2});
+  TZyRichLabel Label(&Chart.Form);
+  Label.SetParent(Chart.Graph);
+  Label.SetCaption("note");
   Chart.Graph->SetUndoStack(&Stack);
   const QImage Before = Chart.Paint().ToQt();
+  const TZyColor LabelBefore = Label.ForeColor();
   ApplyLook(*Chart.Graph, TZyLook::Dark());
   const QImage Dark = Chart.Paint().ToQt();
   EXPECT_EQ(Dark.pixel(1, 1), TZyLook::Dark().Back);
   ASSERT_EQ(Stack.UndoCount(), 1);
+  EXPECT_EQ(Label.ForeColor(), TZyLook::Dark().Text);
   Stack.Undo();
+  EXPECT_EQ(Label.ForeColor(), LabelBefore);
+  EXPECT_TRUE(Label.ParentFont());
   EXPECT_EQ(Chart.Paint().ToQt(), Before);
   Stack.Redo();
   EXPECT_EQ(Chart.Paint().ToQt(), Dark);
