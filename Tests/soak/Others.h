@@ -106,6 +106,7 @@ class TOthers {
       dynamic_cast<TZyDoubleVector&>(*Vector).SetDataSource(&Source);
       dynamic_cast<TZyDoubleVector&>(*Vector).SetDataField(Field);
     }
+    TSampleChart::FixEnds(Chart.X, 0, FewRows);
     Data.Open();
     for (int Action = 0; Action < 20; ++Action) {
       const int What = Roll(8);
@@ -115,16 +116,16 @@ class TOthers {
       if (What == 3) Data.WaitForAnswer();
       if (What > 3) {
         const double Start = 50 * Roll(100), Stop = Start + 50 * (1 + Roll(100));
-        Chart.X->SetStartEnd(TZyAxisEnd::Fixed);
-        Chart.X->SetStopEnd(TZyAxisEnd::Fixed);
         Chart.X->SetStart(Start);
         Chart.X->SetStop(Stop);
       }
       Chart.Paint();
     }
     Data.Refresh();
+    int Questions = 0;
     do Chart.Paint();
-    while (Data.WaitForAnswer());
+    while (Data.WaitForAnswer() && ++Questions < 20);
+    if (Questions == 20) return "the table is asked without an end";
     if (!Data.LastError().empty()) return "the table: " + Data.LastError();
     return Data.Total().Count == FRows ? std::string() : "the table has other rows than were put there";
   }
