@@ -126,6 +126,7 @@ void TZyTableData::Start() {
                                                [this] { TakeAnswers(); });
   }
   FAsked.clear();
+  FAskedBefore.clear();
   Ask({});
 }
 
@@ -139,6 +140,7 @@ void TZyTableData::DropRecords() {
   FRecords.clear();
   FWhole = FNewWhole = FRange = {};
   FAsked.clear();
+  FAskedBefore.clear();
   FTried.clear();
   FIsWaiting = FTellsAsked = false;  // without a word, in the middle of closing
   ShowCursor(false);
@@ -204,11 +206,18 @@ void TZyTableData::Follow(const TWinControl& Parent) {
   if (Edges != std::exchange(FTried, Edges)) Ask({});
 }
 
+/// Whether these columns are those of before the last question, but for some pixels the same: labels beside the axis
+/// that are wider with one answer than with the other would have it ask for ever.
+bool TZyTableData::OnlySways(const std::vector<double>& Edges) const {
+  return Edges == FAskedBefore && !FAsked.empty() && Edges.front() == FAsked.front() && Edges.back() == FAsked.back() &&
+         Edges.size() < FAsked.size() + FAsked.size() / 8 && FAsked.size() < Edges.size() + Edges.size() / 8;
+}
+
 void TZyTableData::AskRange() {
   if (FXAxis == nullptr || FXAxis->Parent() == nullptr || FXAxis->NeedsRecalculate()) return;
   std::vector<double> Edges = PixelEdges();
-  if (Edges.size() < 2 || Edges == FAsked) return;
-  FAsked = Edges;
+  if (Edges.size() < 2 || Edges == FAsked || OnlySways(Edges)) return;
+  FAskedBefore = std::exchange(FAsked, Edges);
   Ask(std::move(Edges));
 }
 

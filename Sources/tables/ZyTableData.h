@@ -134,6 +134,7 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
   std::vector<double> PixelEdges() const;
   void Ask(std::vector<double> Edges);
   void AskRange();
+  bool OnlySways(const std::vector<double>& Edges) const;
   void TakeAnswers();
   void TakeAnswer(TZyTableAnswer& Answer);
   void TakeWhole();
@@ -153,8 +154,8 @@ class TZyTableData : public TDataSet, public IDataExcerpt {
   TZyTableAnswer FWhole, FRange;
   TZyTableAnswer FNewWhole;  // until the answer for the range is there as well
   std::vector<TZyTableBlock> FRecords;
-  std::vector<double> FAsked;  // edges
-  std::vector<double> FTried;  // edges at which the whole was asked for once more
+  std::vector<double> FAsked, FAskedBefore;  // edges
+  std::vector<double> FTried;                // edges at which the whole was asked for once more
   unsigned FQuestions = 0;
   unsigned FOpenings = 0;
   bool FIsTaking = false;  // an answer becomes the records
