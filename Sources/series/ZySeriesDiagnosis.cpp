@@ -77,19 +77,22 @@ std::string TZySeries::WhyNothingDrawn() const {
   if (!IsLine || OnGetPen() || OnGetBrush() || OnGetPointSymbol()) return {};
   const bool HasArea = FAreaSettings->Visible();
   const TZyPointSymbolSettings& Symbol = *FPointSymbolSettings;
-  const bool SeesLine = FLineSettings->Visible() && GetAlpha(FLineSettings->Color()) != 0;
+  const bool SeesLine =
+      FLineSettings->Visible() && (GetAlpha(FLineSettings->Color()) != 0 || FLineSettings->Gradient().Visible());
   const bool SeesSymbol =
       Symbol.Visible() && (GetAlpha(Symbol.FillColor()) != 0 || GetAlpha(Symbol.BorderColor()) != 0);
   if (!SeesLine && !HasArea && !SeesSymbol) return Format(LoadResString(_sDiagTransparent), {TitleOf(*this)});
   const auto HasPlace = [](const TZyAxis& Axis, double Value) { return Value > 0 || !Axis.HasLogScaling(); };
   const auto IsOn = [](const TZyAxis& Axis, double Value) { return Value >= Axis.Start() && Value <= Axis.Stop(); };
   bool AnyPlace = false, AnyInside = false, AnyPair = false;
-  int Before = -2;
+  int Before = -1;
   ForEachPoint(0, Count(), [&](int i) {
     const double AtX = FX.At(i), AtY = FY.At(i);
     if (!HasPlace(*FXAxis, AtX) || !HasPlace(*FYAxis, AtY)) return;
     AnyPlace = true;
-    AnyPair = AnyPair || Before == i - 1;
+    int Next = Before + 1;  // a line goes past outliers
+    while (Before >= 0 && Next < i && NextOutlier(Next) == Next) ++Next;
+    AnyPair = AnyPair || (Before >= 0 && Next == i);
     AnyInside = AnyInside || (IsOn(*FXAxis, AtX) && IsOn(*FYAxis, AtY));
     Before = i;
   });
