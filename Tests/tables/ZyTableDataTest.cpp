@@ -216,6 +216,28 @@ TEST_P(ZyTableDataTest, ASummaryFollowsWhateverHappensToItsTable) {
   Data.DropSummary();
 }
 
+/// A record holds 200 rows or 500, by the pixels that the labels of Y leave: the one with the spike is so high that
+/// those become wider, or not. Which width of records makes them turn is for the font to say.
+TEST_P(ZyTableDataTest, LabelsThatSwayWithTheAnswersAreNotAskedForWithoutAnEnd) {
+  MakeRows(1);
+  Base.ExecSQL("INSERT INTO rows VALUES (10002.5, 3000)");
+  Base.ExecSQL(
+      "INSERT INTO rows WITH RECURSIVE g (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM g WHERE i < 24000) SELECT i, 0 "
+      "FROM g");
+  Data.SetKind(TZyTableKind::Records);
+  TBoundChart Chart(Data, "Mean");
+  Data.SetXAxis(Chart.X);
+  Chart.FixEnds(Chart.X, 0, 22000);
+  for (float Width = 5.6f; Width < 6.4f; Width += 0.04f) {
+    Data.SetRecordWidth(Width);
+    Data.Open();
+    int Questions = 0;
+    do Chart.Paint();
+    while (Data.WaitForAnswer() && ++Questions < 20);
+    EXPECT_LT(Questions, 20) << "records of " << Width << " pixels";
+  }
+}
+
 /// Of an embedded database alone: REPLACE, which tells no trigger of the rows that it pushes out, and a schema that
 /// stands elsewhere in an index and nowhere in a trigger.
 TEST_P(ZyTableDataTest, ASecondSummaryHasNotTheRowsThatReplacePushedOut) {
