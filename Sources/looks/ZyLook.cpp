@@ -202,4 +202,9 @@ void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look) {
   }
 }
 
+void ApplyLook(TZyCustomGraph& Chart, const TZyLook& Look) {
+  if (auto* const Graph = dynamic_cast<TZyGraph2D*>(&Chart)) return ApplyLook(*Graph, Look);
+  if (auto* const Pie = dynamic_cast<TZyPieChart*>(&Chart)) ApplyLook(*Pie, Look);
+}
+
 }  // namespace zy

@@ -7,6 +7,7 @@
 
 namespace zy {
 
+class TZyCustomGraph;
 class TZyCustomLegend;
 class TZyGraph2D;
 class TZyMovable;
@@ -54,6 +55,9 @@ void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look);
 /// The same for a pie chart: ground, title, labels, callouts and legends. Labels that lie upon segments keep their
 /// colour, and segments theirs, which are a matter of the palette (TZyFillPalette).
 void ApplyLook(TZyPieChart& Pie, const TZyLook& Look);
+
+/// One of the two, by the kind of the chart.
+void ApplyLook(TZyCustomGraph& Chart, const TZyLook& Look);
 
 /// The same for one legend, as for one that comes later.
 void ApplyLook(TZyCustomLegend& Legend, const TZyLook& Look);

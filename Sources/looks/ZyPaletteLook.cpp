@@ -10,7 +10,7 @@ ZY_PUBLISHED(TZyPaletteLook, TComponent, Published<&Self::Graph, &Self::SetGraph
 
 TZyPaletteLook::TZyPaletteLook(TComponent* Owner) : TComponent(Owner) {}
 
-void TZyPaletteLook::SetGraph(TZyGraph2D* Value) {
+void TZyPaletteLook::SetGraph(TZyCustomGraph* Value) {
   if (FGraph == Value) return;
   FGraph = Value;
   Follow();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "graph/ZyGraph2D.h"
+#include "graph/ZyCustomGraph.h"
 #include "platform/controls/TPaletteWatch.h"
 #include "platform/framework/TComponent.h"
 #include "platform/framework/TRef.h"
@@ -14,8 +14,8 @@ class TZyPaletteLook : public TComponent {
   ZY_CLASS(TZyPaletteLook, TComponent)
   explicit TZyPaletteLook(TComponent* Owner = nullptr);
 
-  TZyGraph2D* Graph() const { return FGraph; }
-  void SetGraph(TZyGraph2D* Value);
+  TZyCustomGraph* Graph() const { return FGraph; }
+  void SetGraph(TZyCustomGraph* Value);
 
  protected:
   void Loaded() override;
@@ -23,7 +23,7 @@ class TZyPaletteLook : public TComponent {
  private:
   void Follow();
 
-  TRef<TZyGraph2D> FGraph{this};
+  TRef<TZyCustomGraph> FGraph{this};
   TPaletteWatch FWatch{[this] { Follow(); }};
 };
 

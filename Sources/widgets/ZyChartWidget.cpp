@@ -10,7 +10,6 @@
 #include "annotations/ZyLegend.h"
 #include "annotations/ZyMovable.h"
 #include "looks/ZyLook.h"
-#include "looks/ZyPaletteLook.h"
 #include "platform/drawing/QtText.h"
 #include "series/ZyLineSeries.h"
 #include "series/vectors/ZyDoubleVector.h"
@@ -20,7 +19,6 @@ namespace zy {
 namespace {
 
 constexpr const char* LegendName = "Legend";
-constexpr const char* FollowerName = "PaletteLook";
 
 }  // namespace
 
@@ -98,43 +96,6 @@ ZyChartWidget::ZyChartWidget(QWidget* Parent) : ZyCustomChartWidget(Parent) {
 
 ZyChartWidget::~ZyChartWidget() { FreeOwned(); }
 
-namespace {
-
-/// The look itself; none for one that is the application's own.
-std::optional<TZyLook> LookOf(ZyChartWidget::Look Value) {
-  switch (Value) {
-    case ZyChartWidget::LightLook:
-      return TZyLook::Light();
-    case ZyChartWidget::DarkLook:
-      return TZyLook::Dark();
-    case ZyChartWidget::PrintLook:
-      return TZyLook::Print();
-    case ZyChartWidget::HighContrastLook:
-      return TZyLook::HighContrast();
-    case ZyChartWidget::PaletteLook:
-      return TZyLook::OfPalette();
-    default:
-      return std::nullopt;
-  }
-}
-
-}  // namespace
-
-void ZyChartWidget::setLook(Look Value) {
-  if (Value < OwnLook || Value > PaletteLook) return;  // of a form, which may have any number
-  FLook = Value;
-  delete Part(FollowerName);
-  Guarded([&] {
-    if (Value != PaletteLook) {
-      if (const std::optional<TZyLook> Present = LookOf(Value)) ApplyLook(Graph(), *Present);
-      return;
-    }
-    auto* const Follower = new TZyPaletteLook(&Owner());
-    Follower->SetName(FollowerName);
-    Follower->SetGraph(&Graph());
-  });
-}
-
 QString ZyChartWidget::xCaption() const {
   const TZyAxis* const Axis = Graph().PrimaryXAxis();
   return Axis == nullptr ? QString() : ToQString(Axis->Caption());
@@ -171,13 +132,6 @@ TControl* ZyChartWidget::Legend(bool Make) {
   return Result;
 }
 
-void ZyChartWidget::GiveLook(TControl& Part) const {
-  const std::optional<TZyLook> Present = LookOf(FLook);
-  if (!Present) return;
-  if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(&Part)) ApplyLook(*Legend, *Present);
-  if (auto* const Marker = dynamic_cast<TZyMovable*>(&Part)) ApplyLook(*Marker, *Present);
-}
-
 // --- What the mouse is over -----------------------------------------------------------------------------------------
 
 /// The slot of one may delete the series, or the widget.
@@ -212,7 +166,7 @@ void ZyChartWidget::Join(TZySeries& Series, TZyCustomDoubleVector* X, TZyCustomD
   Series.SetXData(X);
   Series.SetYData(Y);
   Graph().AddSeries(Series);
-  if (const std::optional<TZyLook> Present = LookOf(FLook); Present && !Present->SeriesColors.empty()) {
+  if (const std::optional<TZyLook> Present = PresentLook(); Present && !Present->SeriesColors.empty()) {
     const std::size_t Place = std::max<std::size_t>(Graph().RelatedSeries().size(), 1) - 1;
     SetSeriesColor(Series, Present->SeriesColors[Place % Present->SeriesColors.size()]);
     Series.Line().SetWidth(Present->LineWidth);

@@ -18,25 +18,17 @@ namespace zy {
 class ZyChartWidget : public ZyCustomChartWidget {
   Q_OBJECT
   Q_MOC_INCLUDE("series/ZySeries.h")
-  /// Colours, fonts and grid, given to what the chart has at that time; see ApplyLook. PaletteLook follows the palette
-  /// of the application.
-  Q_PROPERTY(Look look READ look WRITE setLook)
   /// Captions of the primary axes, in the markup of captions.
   Q_PROPERTY(QString xCaption READ xCaption WRITE setXCaption)
   Q_PROPERTY(QString yCaption READ yCaption WRITE setYCaption)
 
  public:
-  enum Look { OwnLook, LightLook, DarkLook, PrintLook, HighContrastLook, PaletteLook };
-  Q_ENUM(Look)
-
   Q_INVOKABLE explicit ZyChartWidget(QWidget* Parent = nullptr);
   ~ZyChartWidget() override;
 
   /// The chart. It has its primary axes.
   TZyGraph2D& Graph() const { return static_cast<TZyGraph2D&>(Chart()); }
 
-  Look look() const { return FLook; }
-  void setLook(Look Value);
   QString xCaption() const;
   void setXCaption(const QString& Value);
   QString yCaption() const;
@@ -51,7 +43,6 @@ class ZyChartWidget : public ZyCustomChartWidget {
     return Series;
   }
   void ShowSamples() override;
-  void GiveLook(TControl& Part) const override;
 
  signals:
   /// A gesture of the user that may zoom has begun. A frame that comes to nothing has no end.
@@ -86,7 +77,6 @@ class ZyChartWidget : public ZyCustomChartWidget {
 
   std::uint64_t FHovered = 0;  // the live handle of the series
   int FHoveredIndex = -1;
-  Look FLook = OwnLook;
 };
 
 }  // namespace zy

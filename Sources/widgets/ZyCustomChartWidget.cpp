@@ -10,6 +10,9 @@
 #include <utility>
 
 #include "annotations/ZyCustomLegend.h"
+#include "annotations/ZyMovable.h"
+#include "looks/ZyLook.h"
+#include "looks/ZyPaletteLook.h"
 #include "platform/drawing/QtText.h"
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
@@ -19,6 +22,7 @@ namespace zy {
 namespace {
 
 constexpr std::string_view LegendPart = "Legend.";
+constexpr const char* FollowerName = "PaletteLook";
 
 QColor ToQt(TZyColor Color) { return QColor::fromRgba(Color); }
 
@@ -43,6 +47,45 @@ void ZyCustomChartWidget::setCaption(const QString& Value) {
     Chart().SetCaptionVisible(!Value.isEmpty());
     Chart().SetCaption(Value.toStdString());
   });
+}
+
+void ZyCustomChartWidget::setLook(Look Value) {
+  if (Value < OwnLook || Value > PaletteLook) return;  // of a form, which may have any number
+  FLook = Value;
+  delete Owner().FindComponent(FollowerName);
+  Guarded([&] {
+    if (Value != PaletteLook) {
+      if (const std::optional<TZyLook> Present = PresentLook()) ApplyLook(Chart(), *Present);
+      return;
+    }
+    auto* const Follower = new TZyPaletteLook(&Owner());
+    Follower->SetName(FollowerName);
+    Follower->SetGraph(&Chart());
+  });
+}
+
+std::optional<TZyLook> ZyCustomChartWidget::PresentLook() const {
+  switch (FLook) {
+    case LightLook:
+      return TZyLook::Light();
+    case DarkLook:
+      return TZyLook::Dark();
+    case PrintLook:
+      return TZyLook::Print();
+    case HighContrastLook:
+      return TZyLook::HighContrast();
+    case PaletteLook:
+      return TZyLook::OfPalette();
+    default:
+      return std::nullopt;
+  }
+}
+
+void ZyCustomChartWidget::GiveLook(TControl& Part) const {
+  const std::optional<TZyLook> Present = PresentLook();
+  if (!Present) return;
+  if (auto* const Legend = dynamic_cast<TZyCustomLegend*>(&Part)) ApplyLook(*Legend, *Present);
+  if (auto* const Marker = dynamic_cast<TZyMovable*>(&Part)) ApplyLook(*Marker, *Present);
 }
 
 QColor ZyCustomChartWidget::backColor() const { return ToQt(Chart().BackColor()); }

@@ -15,6 +15,7 @@ class QPrinter;
 namespace zy {
 
 class TZyMovable;
+struct TZyLook;
 template <class TChart>
 class TZyWatchedChart;
 
@@ -25,17 +26,25 @@ class ZyCustomChartWidget : public ZyControlWidget {
   Q_MOC_INCLUDE("annotations/ZyMovable.h")
   /// The title, shown unless it is empty. In the markup of captions.
   Q_PROPERTY(QString caption READ caption WRITE setCaption)
+  /// Colours, fonts and grid, given to what the chart has at that time; see ApplyLook. PaletteLook follows the palette
+  /// of the application.
+  Q_PROPERTY(Look look READ look WRITE setLook)
   /// The ground of the whole chart; what is not opaque lets the window shine through.
   Q_PROPERTY(QColor backColor READ backColor WRITE setBackColor)
   /// Whether there is a legend, at the right at first. Paths to its properties begin with "Legend.".
   Q_PROPERTY(bool legendVisible READ legendVisible WRITE setLegendVisible)
 
  public:
+  enum Look { OwnLook, LightLook, DarkLook, PrintLook, HighContrastLook, PaletteLook };
+  Q_ENUM(Look)
+
   /// The chart as far as all kinds have it in common.
   TZyCustomGraph& Chart() const { return static_cast<TZyCustomGraph&>(Shown()); }
 
   QString caption() const;
   void setCaption(const QString& Value);
+  Look look() const { return FLook; }
+  void setLook(Look Value);
   QColor backColor() const;
   void setBackColor(const QColor& Value);
   bool legendVisible() const;
@@ -44,7 +53,7 @@ class ZyCustomChartWidget : public ZyControlWidget {
   std::vector<std::string> PropertyPaths() const override;
   void MakeParts() override;
   /// Gives a legend or a marker that comes later the look that the chart was given.
-  virtual void GiveLook(TControl& /*Part*/) const {}
+  void GiveLook(TControl& Part) const;
 
   QSize sizeHint() const override { return {480, 320}; }
   QSize minimumSizeHint() const override { return {80, 60}; }
@@ -76,6 +85,8 @@ class ZyCustomChartWidget : public ZyControlWidget {
   void ShowChart(TZyCustomGraph& Value);
   /// The legend, null while there is none and it is not to be made.
   virtual TControl* Legend(bool Make) = 0;
+  /// The look that the chart was given, nothing for its own.
+  std::optional<TZyLook> PresentLook() const;
   TPersistent* RootOf(std::string& Path, bool Make) override;
   void NoteContent();
   /// Tells what was clicked, and what the mouse is over without a button, nothing when it has left. Either may delete
@@ -104,6 +115,7 @@ class ZyCustomChartWidget : public ZyControlWidget {
 
   std::optional<QPoint> FPressed;  // of what may be a click yet
   bool FContentNoted = false;
+  Look FLook = OwnLook;
 };
 
 }  // namespace zy

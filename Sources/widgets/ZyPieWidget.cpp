@@ -64,6 +64,7 @@ TControl* ZyPieWidget::Legend(bool Make) {
   Result->SetName(LegendName);
   Result->SetParent(&Graph());
   Result->SetPieChart(&Graph());
+  GiveLook(*Result);
   return Result;
 }
 

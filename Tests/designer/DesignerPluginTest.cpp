@@ -42,7 +42,7 @@ const char* const Form = R"(<ui version="4.0"><class>Form</class>
 <layout class="QHBoxLayout">
 <item><widget class="zy::ZyChartWidget" name="chart">
 <property name="caption"><string>Voltage</string></property>
-<property name="look"><enum>zy::ZyChartWidget::DarkLook</enum></property>
+<property name="look"><enum>zy::ZyCustomChartWidget::DarkLook</enum></property>
 <property name="BackColor" stdset="0"><color alpha="255"><red>255</red><green>255</green><blue>0</blue></color></property>
 <property name="PrimaryXAxis.Caption" stdset="0"><string>Time</string></property>
 <property name="MajorGridVertical.Visible" stdset="0"><bool>true</bool></property>

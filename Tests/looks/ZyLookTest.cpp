@@ -128,6 +128,9 @@ TEST(Look, FollowsThePaletteWithoutAStepOfUndo) {
   Chart.Graph->SetUndoStack(&Stack);
   TZyPaletteLook Follower;
   Follower.SetGraph(Chart.Graph);
+  TZyPieChart Pie(&Chart.Form);
+  TZyPaletteLook Second;
+  Second.SetGraph(&Pie);
   for (const QRgb Ground : {0xFF101418u, 0xFFFAFAF0u}) {
     QPalette Palette = Kept.Before;
     Palette.setColor(QPalette::Base, QColor(Ground));
@@ -135,6 +138,7 @@ TEST(Look, FollowsThePaletteWithoutAStepOfUndo) {
     QGuiApplication::setPalette(Palette);
     QCoreApplication::processEvents();
     EXPECT_EQ(Chart.Graph->BackColor(), Ground);
+    EXPECT_EQ(Pie.BackColor(), Ground);
     EXPECT_GE(Contrast(Chart.X->NumbersColor(), Chart.Graph->BackColor()), 4.5);
   }
   EXPECT_EQ(Stack.UndoCount(), 0);

@@ -340,6 +340,10 @@ TEST_F(ZyChartWidgetTest, PrintsAndShowsSamplesOnlyInAnEmptyChart) {
   EXPECT_EQ(Hovered, 2);
   Send(QEvent::MouseMove, {1, 1}, Qt::NoButton, Pie.Graph());
   EXPECT_EQ(Hovered, -1);
+  Pie.setLook(ZyPieWidget::DarkLook);
+  Pie.setLegendVisible(true);
+  EXPECT_LT(Pie.backColor().lightness(), 64);
+  EXPECT_EQ(Pie.PropertyAt("Legend.BackColor"), Pie.PropertyAt("BackColor")) << "it came later";
 }
 
 TEST_F(ZyChartWidgetTest, MarkersAreChildrenOfTheChart) {
