@@ -163,14 +163,23 @@ void ApplyLook(TZyRichLabel& Label, const TZyLook& Look) {
   Label.Font().Assign(&Font);
 }
 
+void ApplyLook(TZySeries& Series, const TZyLook& Look, std::size_t Place) {
+  const TZyUndoGroup Group(Series.UndoStack(), _sGraphLook);
+  if (!Look.SeriesColors.empty()) SetSeriesColor(Series, Look.SeriesColors[Place % Look.SeriesColors.size()]);
+  Series.Line().SetWidth(Look.LineWidth);
+  if (auto* const Bars = dynamic_cast<TZyBars*>(&Series))
+    Bars->SetFont(TLookFont(Bars->Font(), Look, Bars->Font().Size()));
+}
+
 void ApplyLook(TZyPieChart& Pie, const TZyLook& Look) {
   const TZyUndoGroup Group(Pie.UndoStack(), _sGraphLook);
   Pie.SetBackColor(Look.Back);
   Pie.SetCaptionFont(TLookFont(Pie.CaptionFont(), Look, Look.TitleSize));
   TLookFont Labels(Pie.Font(), Look, Pie.Font().Size());
-  if (Pie.LabelPosition() != TZyPieLabelPosition::Callouts) Labels.SetFillColor(Pie.Font().FillColor());
+  const bool AreCallouts = Pie.LabelPosition() == TZyPieLabelPosition::Callouts;
+  if (AreCallouts) Pie.SetCalloutBackColor(WithAlphaOf(Look.Back, Pie.CalloutBackColor()));
+  if (!AreCallouts) Labels.SetFillColor(Pie.Font().FillColor());
   Pie.SetFont(Labels);
-  Pie.SetCalloutBackColor(WithAlphaOf(Look.Back, Pie.CalloutBackColor()));
   Pie.CalloutArrow().SetColor(Look.Axis);
   Pie.CalloutFrame().SetColor(Look.Axis);
   for (IZyGraphLegend* Each : Pie.RelatedLegends())
@@ -194,12 +203,7 @@ void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look) {
     ApplyLook(*Label, Look);
   }
   std::size_t Next = 0;
-  for (TZySeries* Series : Graph.RelatedSeries()) {
-    if (!Look.SeriesColors.empty()) SetSeriesColor(*Series, Look.SeriesColors[Next++ % Look.SeriesColors.size()]);
-    Series->Line().SetWidth(Look.LineWidth);
-    if (auto* const Bars = dynamic_cast<TZyBars*>(Series))
-      Bars->SetFont(TLookFont(Bars->Font(), Look, Bars->Font().Size()));
-  }
+  for (TZySeries* Series : Graph.RelatedSeries()) ApplyLook(*Series, Look, Next++);
 }
 
 void ApplyLook(TZyCustomGraph& Chart, const TZyLook& Look) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -52,8 +53,9 @@ struct TZyLook {
 /// margins become those in which texts keep clear of each other.
 void ApplyLook(TZyGraph2D& Graph, const TZyLook& Look);
 
-/// The same for a pie chart: ground, title, labels, callouts and legends. Labels that lie upon segments keep their
-/// colour, and segments theirs, which are a matter of the palette (TZyFillPalette).
+/// The same for a pie chart: ground, title, labels, callouts and legends. Segments keep their colours, which are a
+/// matter of the palette (TZyFillPalette), and so do labels as long as they lie upon segments, and the boxes of
+/// callouts that are none yet: give the look once more when labels have become callouts.
 void ApplyLook(TZyPieChart& Pie, const TZyLook& Look);
 
 /// One of the two, by the kind of the chart.
@@ -66,8 +68,10 @@ void ApplyLook(TZyMovable& Marker, const TZyLook& Look);
 /// The same for one label, which has no stack of undo: the one above logs what it gives to labels by that of the graph.
 void ApplyLook(TZyRichLabel& Label, const TZyLook& Look);
 
+/// The same for one series, the one in place Place of its chart (from 0), whose colour it takes.
+void ApplyLook(TZySeries& Series, const TZyLook& Look, std::size_t Place);
+
 /// One colour for a series: its line, its area and symbols, bars of errors, bands and arrows, whose translucency stays.
-/// A series that is added to a chart which has its look takes the next colour of the look by ApplyLook, or one by this.
 void SetSeriesColor(TZySeries& Series, TZyColor Color);
 
 }  // namespace zy

@@ -71,33 +71,37 @@ std::string TZySeries::Diagnose() const {
 }
 
 /// Of those kinds that draw lines from point to point, and symbols. Looks at all points, as nobody asks while a chart
-/// is shown as it should be. Events may draw what the settings do not.
+/// is shown as it should be. Events, and pens and brushes of the application's own, may draw what the settings do not,
+/// and transformations of values are not run for this.
 std::string TZySeries::WhyNothingDrawn() const {
   const bool IsLine = dynamic_cast<const TZyLineSeries*>(this) != nullptr;
-  if (!IsLine || OnGetPen() || OnGetBrush() || OnGetPointSymbol()) return {};
+  if (!IsLine || OnGetPen() || OnGetBrush() || OnGetPointSymbol() || XValueTransformation() || YValueTransformation())
+    return {};
   const bool HasArea = FAreaSettings->Visible();
   const TZyPointSymbolSettings& Symbol = *FPointSymbolSettings;
-  const bool SeesLine =
-      FLineSettings->Visible() && (GetAlpha(FLineSettings->Color()) != 0 || FLineSettings->Gradient().Visible());
+  const bool SeesLine = FLineSettings->Visible() &&
+                        (!FPen.IsOwn() || GetAlpha(FLineSettings->Color()) != 0 || FLineSettings->Gradient().Visible());
   const bool SeesSymbol =
-      Symbol.Visible() && (GetAlpha(Symbol.FillColor()) != 0 || GetAlpha(Symbol.BorderColor()) != 0);
+      Symbol.Visible() && (!FSymbolPen.IsOwn() || !FSymbolBrush.IsOwn() || FRangeFromFunction != nullptr ||
+                           GetAlpha(Symbol.FillColor()) != 0 || GetAlpha(Symbol.BorderColor()) != 0);
   if (!SeesLine && !HasArea && !SeesSymbol) return Format(LoadResString(_sDiagTransparent), {TitleOf(*this)});
   const auto HasPlace = [](const TZyAxis& Axis, double Value) { return Value > 0 || !Axis.HasLogScaling(); };
-  const auto IsOn = [](const TZyAxis& Axis, double Value) { return Value >= Axis.Start() && Value <= Axis.Stop(); };
-  bool AnyPlace = false, AnyInside = false, AnyPair = false;
-  int Before = -1;
+  const auto IsOn = [&Symbol](const TZyAxis& Axis, double Value) {  // as far as its symbol reaches
+    const auto [Low, High] = std::minmax({Axis.NumberToWorld(Axis.Start()), Axis.NumberToWorld(Axis.Stop())});
+    const float At = Axis.NumberToWorld(Value);
+    return At >= Low - Symbol.Size() && At <= High + Symbol.Size();
+  };
+  bool AnyPlace = false, AnyInside = false;
+  int Number = 0;  // a line goes past gaps and outliers, and to the edge where a logarithm is none
   ForEachPoint(0, Count(), [&](int i) {
+    ++Number;
     const double AtX = FX.At(i), AtY = FY.At(i);
     if (!HasPlace(*FXAxis, AtX) || !HasPlace(*FYAxis, AtY)) return;
     AnyPlace = true;
-    int Next = Before + 1;  // a line goes past outliers
-    while (Before >= 0 && Next < i && NextOutlier(Next) == Next) ++Next;
-    AnyPair = AnyPair || (Before >= 0 && Next == i);
     AnyInside = AnyInside || (IsOn(*FXAxis, AtX) && IsOn(*FYAxis, AtY));
-    Before = i;
   });
   if (!AnyPlace) return Format(LoadResString(_sDiagNoPlace), {TitleOf(*this)});
-  if (!SeesSymbol && !AnyPair) return Format(LoadResString(_sDiagLonePoints), {TitleOf(*this)});
+  if (!SeesSymbol && Number < 2) return Format(LoadResString(_sDiagLonePoints), {TitleOf(*this)});
   if (!SeesLine && !HasArea && !AnyInside) return Format(LoadResString(_sDiagNoneInside), {TitleOf(*this)});
   return {};
 }

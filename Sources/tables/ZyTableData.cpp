@@ -206,10 +206,12 @@ void TZyTableData::Follow(const TWinControl& Parent) {
   if (Edges != std::exchange(FTried, Edges)) Ask({});
 }
 
-/// Whether these columns are those of before the last question, but for some pixels the same: labels beside the axis
-/// that are wider with one answer than with the other would have it ask for ever.
+/// Whether these columns are those of before the last answer, but for some pixels the same. Means and sums of records
+/// are others where these are wider, and labels beside the axis that are wider with one answer than with the other
+/// would have it ask for ever. Records that are a little wider or narrower do as well.
 bool TZyTableData::OnlySways(const std::vector<double>& Edges) const {
-  return Edges == FAskedBefore && !FAsked.empty() && Edges.front() == FAsked.front() && Edges.back() == FAsked.back() &&
+  return FKind == TZyTableKind::Records && FRange.Number == FQuestions && Edges == FAskedBefore && !FAsked.empty() &&
+         Edges.front() == FAsked.front() && Edges.back() == FAsked.back() &&
          Edges.size() < FAsked.size() + FAsked.size() / 8 && FAsked.size() < Edges.size() + Edges.size() / 8;
 }
 

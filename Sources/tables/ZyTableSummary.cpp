@@ -142,7 +142,7 @@ bool TZyTableSummary::Find() {
   QSqlQuery Query = FConnection.Run(
       ToQt("SELECT t.x0, (SELECT MAX(lvl) FROM " + FQuotedName + ") FROM " + FQuotedName + " t WHERE t.lvl = 0"));
   if (!Query.next()) return false;
-  FHoldsUntil = Query.value(0).toDouble();
+  FHoldsUntil = std::max(Query.value(0).toDouble(), Nothing);  // minus infinity is no number in a statement
   FLevels = Query.value(1).toInt();
   return true;
 }

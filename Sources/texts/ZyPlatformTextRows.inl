@@ -79,7 +79,7 @@ ZY_TEXT(_sDiagUpdating, "%s takes in nothing new: BeginUpdate was called, and En
 ZY_TEXT(_sDiagTransparent, "%s draws nothing: its colors are transparent")
 ZY_TEXT(_sDiagNoPlace, "%s has no point that is above 0 on all of its logarithmic axes")
 ZY_TEXT(_sDiagLonePoints,
-        "%s draws nothing: no two points follow each other without a gap, and symbols are switched off")
+        "%s draws nothing: a line needs two points that are no gaps or outliers, and symbols are switched off")
 ZY_TEXT(_sDiagNoneInside, "%s draws nothing: none of its points lies in what its axes show")
 
 // ---- Captions ----

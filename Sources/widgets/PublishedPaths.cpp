@@ -28,10 +28,11 @@ bool IsSimple(const TPropInfo& Info) {
   }
 }
 
-/// What a control has of itself, and what stands in the form already.
+/// What a control has of itself, and what stands in the form already. The font of a chart is another one.
 bool IsOfControls(const TPersistent& Object, const TPropInfo& Info) {
-  return dynamic_cast<const TControl*>(&Object) != nullptr &&
-         TWinControl::StaticClassInfo().FindRow(Info.Name) != nullptr;
+  if (dynamic_cast<const TControl*>(&Object) == nullptr) return false;
+  const TPropInfo* const Row = TWinControl::StaticClassInfo().FindRow(Info.Name);
+  return Row != nullptr && (Info.Kind != TPropKind::Class || &Row->ObjectClass() == &Info.ObjectClass());
 }
 
 void Collect(TPersistent& Object, const std::string& Before, const std::vector<std::string>& Parts,

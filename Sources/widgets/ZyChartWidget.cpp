@@ -125,10 +125,10 @@ TControl* ZyChartWidget::Legend(bool Make) {
   if (Result != nullptr || !Make) return Result;
   Result = new TZyLegend(&Owner());
   Result->SetName(LegendName);
+  GiveLook(*Result);  // as long as it has no stack of undo
   Result->SetParent(&Graph());
   Result->SetGraph(&Graph());
   Result->SetPosition(TZyLegendPosition::RightCenterOfAxis);
-  GiveLook(*Result);
   return Result;
 }
 
@@ -166,11 +166,8 @@ void ZyChartWidget::Join(TZySeries& Series, TZyCustomDoubleVector* X, TZyCustomD
   Series.SetXData(X);
   Series.SetYData(Y);
   Graph().AddSeries(Series);
-  if (const std::optional<TZyLook> Present = PresentLook(); Present && !Present->SeriesColors.empty()) {
-    const std::size_t Place = std::max<std::size_t>(Graph().RelatedSeries().size(), 1) - 1;
-    SetSeriesColor(Series, Present->SeriesColors[Place % Present->SeriesColors.size()]);
-    Series.Line().SetWidth(Present->LineWidth);
-  }
+  if (const std::optional<TZyLook> Present = PresentLook())
+    ApplyLook(Series, *Present, std::max<std::size_t>(Graph().RelatedSeries().size(), 1) - 1);
 }
 
 /// Vectors that are given to series while a form is designed get samples by themselves.

@@ -62,9 +62,9 @@ TControl* ZyPieWidget::Legend(bool Make) {
   if (Result != nullptr || !Make) return Result;
   Result = new TZyPieLegend(&Owner());
   Result->SetName(LegendName);
+  GiveLook(*Result);  // as long as it has no stack of undo
   Result->SetParent(&Graph());
   Result->SetPieChart(&Graph());
-  GiveLook(*Result);
   return Result;
 }
 

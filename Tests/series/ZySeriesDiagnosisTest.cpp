@@ -111,7 +111,15 @@ TEST_F(SeriesDiagnosis, PointsThatDrawNothingAreTold) {
   EXPECT_EQ(Said(Points), "") << "symbols show lone points";
   Points.PointSymbol().SetVisible(false);
   EXPECT_EQ(Said(Points),
-            "S draws nothing: no two points follow each other without a gap, and symbols are switched off");
+            "S draws nothing: a line needs two points that are no gaps or outliers, and symbols are switched off");
+  X.AddRange(std::vector<double>{4});
+  Y.AddRange(std::vector<double>{-3});
+  EXPECT_EQ(Said(Points), "") << "a line goes past gaps";
+  Graph.PrimaryYAxis()->SetScaling(TZyAxisScaling::Log);
+  EXPECT_EQ(Said(Points), "") << "and down to the edge";
+  Graph.PrimaryYAxis()->SetScaling(TZyAxisScaling::Normal);
+  X.Delete(3);
+  Y.Delete(3);
   Points.PointSymbol().SetVisible(true);
   Points.Line().SetVisible(false);
   TZyAxis& Axis = *Graph.PrimaryXAxis();
@@ -126,6 +134,10 @@ TEST_F(SeriesDiagnosis, PointsThatDrawNothingAreTold) {
   Points.PointSymbol().SetVisible(false);
   Points.Line().SetColor(0x00FF0000);
   EXPECT_EQ(Said(Points), "S draws nothing: its colors are transparent");
+  TZyPen Own(Colors::Blue, 3);
+  Points.SetLinePen(&Own);
+  EXPECT_EQ(Said(Points), "");
+  Points.SetLinePen(nullptr);
   Points.Line().SetColor(0xFFFF0000);
   Axis.SetStop(20);
   const double WithX[] = {-1, -2, 3}, WithY[] = {5, 4, -2};

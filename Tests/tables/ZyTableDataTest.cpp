@@ -126,6 +126,11 @@ class ZyTableDataTest : public ::testing::TestWithParam<const char*> {
       for (const float Ratio : {1.0f, 2.0f}) EXPECT_EQ(Differing(Asked.Picture(Ratio), Held.Picture(Ratio)), 0);
       EXPECT_LT(Data.RecordCount(), 25000);
     }
+    for (const int Width : {703, 700}) {  // a window that becomes wider, and is again what it was
+      for (TBoundChart* Chart : {&Held, &Asked}) Chart->Graph->SetBounds(0, 0, Width, 400);
+      Answered(Asked);
+      EXPECT_EQ(Differing(Asked.Picture(1), Held.Picture(1)), 0) << What << ", " << Width << " pixels";
+    }
     Data.Close();
   }
 

@@ -340,10 +340,21 @@ TEST_F(ZyChartWidgetTest, PrintsAndShowsSamplesOnlyInAnEmptyChart) {
   EXPECT_EQ(Hovered, 2);
   Send(QEvent::MouseMove, {1, 1}, Qt::NoButton, Pie.Graph());
   EXPECT_EQ(Hovered, -1);
+  TZyUndoStack Stack;
   Pie.setLook(ZyPieWidget::DarkLook);
+  Pie.Graph().SetUndoStack(&Stack);
   Pie.setLegendVisible(true);
+  EXPECT_EQ(Stack.UndoCount(), 0) << "the look of the legend is no step of its own";
+  EXPECT_TRUE(Pie.SetPropertyAt("Font.Size", 7));
+  EXPECT_EQ(Pie.Graph().Font().Size(), 7) << "of the labels, not of the control";
   EXPECT_LT(Pie.backColor().lightness(), 64);
   EXPECT_EQ(Pie.PropertyAt("Legend.BackColor"), Pie.PropertyAt("BackColor")) << "it came later";
+  Pie.Graph().SetLabelPosition(TZyPieLabelPosition::Callouts);
+  for (int Times = 0; Times < 2; ++Times) {  // callouts that come after the look, and before it
+    const auto Light = [](TZyColor Color) { return QColor::fromRgba(Color).lightness(); };
+    EXPECT_GT(std::abs(Light(Pie.Graph().Font().FillColor()) - Light(Pie.Graph().CalloutBackColor())), 100);
+    Pie.setLook(ZyPieWidget::DarkLook);
+  }
 }
 
 TEST_F(ZyChartWidgetTest, MarkersAreChildrenOfTheChart) {

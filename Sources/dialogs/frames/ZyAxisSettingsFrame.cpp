@@ -247,11 +247,20 @@ std::vector<TPersistent*> TZyAxisSettingsFrame::Targets() const {
 
 // --- What depends on the axis ---------------------------------------------------------------------------------------
 
+bool TZyAxisSettingsFrame::IsPrimary() const {
+  const auto* const Graph = FSelectedAxis == nullptr ? nullptr : dynamic_cast<TZyGraph2D*>(FSelectedAxis->Parent());
+  return Graph != nullptr && (Graph->PrimaryXAxis() == FSelectedAxis || Graph->PrimaryYAxis() == FSelectedAxis);
+}
+
+/// Also when the graph has another primary axis.
+bool TZyAxisSettingsFrame::IsOutdated() {
+  return TZySettingsFrame::IsOutdated() || (FSelectedAxis != nullptr && IsPrimary() != FShowsPrimary);
+}
+
 void TZyAxisSettingsFrame::ControlsUpdated() {
   const TZyAxis& Axis = *FSelectedAxis;
-  const auto* const Graph = dynamic_cast<const TZyGraph2D*>(Axis.Parent());
-  const bool IsPrimary = Graph != nullptr && (Graph->PrimaryXAxis() == &Axis || Graph->PrimaryYAxis() == &Axis);
-  EnablePart("AxVisibleCheck", !IsPrimary);
+  FShowsPrimary = IsPrimary();
+  EnablePart("AxVisibleCheck", !FShowsPrimary);
   EnablePart("AxCaptionHorizontalCheck", !Axis.GetHorizontal());
   if (Axis.GetHorizontal()) Part<TCheckBox>("AxCaptionHorizontalCheck").SetChecked(true);
   Part<TZyCaptionEdit>("AxCaptionEdit").SetAlignment(Axis.CaptionAlignment());
@@ -290,9 +299,7 @@ void TZyAxisSettingsFrame::SetScalingGroup(const TZyAxis& Axis) {
 }
 
 void TZyAxisSettingsFrame::ShowSlaveOptions(const TZyAxis& Axis) {
-  const auto* const Graph = dynamic_cast<const TZyGraph2D*>(Axis.Parent());
-  const bool IsPrimary = Graph != nullptr && (Graph->PrimaryXAxis() == &Axis || Graph->PrimaryYAxis() == &Axis);
-  ShowPart("AxSlaveOptionsGroup", FExtendedAxisOptions && !IsPrimary && SelectedAxes().size() == 1);
+  ShowPart("AxSlaveOptionsGroup", FExtendedAxisOptions && !IsPrimary() && SelectedAxes().size() == 1);
   FillMasters(Axis);
   for (const char* PartName : {"SlaveOffsetEdit", "SlaveSlopeEdit"}) EnablePart(PartName, Axis.IsSlaveAxis());
 }

@@ -21,6 +21,7 @@ class TZyAxisSettingsFrame : public TZySettingsFrame {
   /// Whether the modes of both ends, slave axes and distances can be set.
   bool ExtendedAxisOptions() const { return FExtendedAxisOptions; }
   void SetExtendedAxisOptions(bool Value);
+  bool IsOutdated() override;
 
  protected:
   std::vector<TPersistent*> Targets() const override;
@@ -40,8 +41,10 @@ class TZyAxisSettingsFrame : public TZySettingsFrame {
   void ShowSlaveOptions(const TZyAxis& Axis);
   void FillMasters(const TZyAxis& Axis);
   std::vector<TZyAxis*> SelectedAxes() const;
+  bool IsPrimary() const;
 
   bool FExtendedAxisOptions = false;
+  bool FShowsPrimary = false;
   TRef<TZyAxis> FSelectedAxis{this, &TZyAxisSettingsFrame::SetSelectedAxis};
   TRef<TComponent> FAxesList{this};
 };

@@ -64,7 +64,7 @@ class TZySettingsFrame : public TFrame {
   virtual void UpdateControls();
   /// Whether the object has another value than when its control was filled, as when the program or a calculation sets
   /// one. Settings objects as a whole (fonts, gradients) do not count.
-  bool IsOutdated();
+  virtual bool IsOutdated();
   /// Has the next UpdateControls show the object's own texts where something is being typed.
   void ForgetTyping();
   /// False while the frame fills its own controls.
