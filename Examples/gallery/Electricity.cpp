@@ -32,7 +32,7 @@ void MakeElectricityAs(TChartDocument& Document, TZyBarStyle Style, bool IsHoriz
     for (const auto& [Name, Value] : Latest) Total += Value;
     return "100*" + FloatToStr(Latest[Source]) + "/" + FloatToStr(Total);
   };
-  TZyBars* Last = nullptr;
+  std::vector<TZyBars*> Stacked;
   for (const auto& [Source, Color] : {std::pair{std::string("Fossil Fuels"), 0xFF8C7B6B},
                                       {"Nuclear Energy", 0xFFE8B93A},
                                       {"Renewables", 0xFF4E9F50}}) {
@@ -41,12 +41,13 @@ void MakeElectricityAs(TChartDocument& Document, TZyBarStyle Style, bool IsHoriz
     auto& Bars = Chart.AddSeries<TZyBars>(Graph, &Edges, Values, Colors::White);
     Bars.SetCaption(Source + R"(, \b<%)" + Share(Source) + R"(;0.0%> %\b)");
     Bars.Area().SetForeColor(static_cast<TZyColor>(Color));
-    Last = &Bars;
+    Stacked.push_back(&Bars);
   }
-  Last->SetOverlayStyle(TZyBarsOverlayStyle::Stack);
-  Last->SetBarStyle(Style);
-  Last->SetClassesDistance(Style == TZyBarStyle::Flat ? 20 : 40);
-  Last->SetBarsHorizontal(IsHorizontal);
+  TZyBars& Last = *Stacked.back();
+  Last.SetOverlayStyle(TZyBarsOverlayStyle::Stack);
+  Last.SetBarStyle(Style);
+  Last.SetClassesDistance(Style == TZyBarStyle::Flat ? 20 : 40);
+  Last.SetBarsHorizontal(IsHorizontal);
   TZyLegend& Legend =
       Chart.AddLegend(Graph, IsHorizontal ? TZyLegendPosition::TopCenterOfAxis : TZyLegendPosition::BottomCenterOfAxis);
   Legend.SetCaption("<%" + Graph.VariablesRef() + ".Caption%>: shares in " + IntToStr(ByYear.rbegin()->first));

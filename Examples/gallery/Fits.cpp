@@ -64,6 +64,7 @@ void MakePolynomial(TChartDocument& Document) {
   Left.SetCaption("measured less polynomial");
   Curve.SetOnCalculated([&Curve, &Years, &Measured, &Residuals](TObject*) {
     std::vector<double> Values;
+    Values.reserve(static_cast<std::size_t>(Years.Count()));
     for (int i = 0; i < Years.Count(); ++i) Values.push_back(Measured.GetValue(i) - Curve.GetY(Years.GetValue(i)));
     Residuals.SetInternalArray(std::move(Values));
   });

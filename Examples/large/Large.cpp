@@ -51,6 +51,22 @@ void ShowProgress(const char* What, std::int64_t Done, std::int64_t All) {
   if (Done >= All) std::printf("\n");
 }
 
+/// Rows up to Last, and the state of the generator there, from which the next piece is made.
+void MakePiece(TSqlDataSet& Base, const std::string& Last) {
+  const std::string Noise = "((seed >> 8) / 4194304.0 - 1)";                       // of 31 bits, -1 to 1
+  const std::string Day = "(i * 0.1 / 86400 - CAST(i * 0.1 / 86400 AS INTEGER))";  // part of the day
+  const std::string Generator =
+      "WITH RECURSIVE g (i, seed, drift) AS (SELECT i, seed, drift FROM maker UNION ALL SELECT i + 1, (seed * "
+      "1103515245 + 12345) & 2147483647, drift * 0.99999 + 0.01 * " +
+      Noise + " FROM g WHERE i";
+  Base.ExecSQL(Generator + " + 1 < " + Last + ") INSERT INTO signal SELECT i * 0.1 + 0.02 * " + Noise +
+               ", CASE WHEN i % 1000 = 999 THEN NULL ELSE 20 + drift + 0.4 * " + Noise + " + 24 * " + Day + " * (1 - " +
+               Day + ") + CASE WHEN i % 1234567 = 890 THEN 15 ELSE 0 END END FROM g");
+  // The last state of the generator is computed once more.
+  Base.ExecSQL(Generator + " < " + Last +
+               ") UPDATE maker SET (i, seed, drift) = (SELECT i, seed, drift FROM g WHERE i = " + Last + ")");
+}
+
 /// A sensor read ten times a second: a daily wave, a drift, noise, now and then a spike, every thousandth reading
 /// missing. Made by the database itself, a million rows at a time; the state of drift and noise goes on in `maker`.
 void MakeTable(TSqlDataSet& Base, std::int64_t Rows) {
@@ -60,25 +76,8 @@ void MakeTable(TSqlDataSet& Base, std::int64_t Rows) {
   Base.ExecSQL("CREATE TABLE signal (t REAL PRIMARY KEY, v REAL) WITHOUT ROWID");
   Base.ExecSQL("CREATE TEMP TABLE maker (i INTEGER, seed INTEGER, drift REAL)");
   Base.ExecSQL("INSERT INTO maker VALUES (0, 1, 0)");
-  const std::string Noise = "((seed >> 8) / 4194304.0 - 1)";                       // of 31 bits, -1 to 1
-  const std::string Day = "(i * 0.1 / 86400 - CAST(i * 0.1 / 86400 AS INTEGER))";  // part of the day
   for (std::int64_t First = 0; First < Rows; First += Piece) {
-    const std::string Last = std::to_string(std::min(First + Piece, Rows));
-    Base.ExecSQL(
-        "WITH RECURSIVE g (i, seed, drift) AS (SELECT i, seed, drift FROM maker UNION ALL SELECT i + 1, (seed * "
-        "1103515245 + "
-        "12345) & 2147483647, drift * 0.99999 + 0.01 * " +
-        Noise + " FROM g WHERE i + 1 < " + Last + ") INSERT INTO signal SELECT i * 0.1 + 0.02 * " + Noise +
-        ", CASE WHEN i % 1000 = 999 THEN NULL ELSE 20 + drift + 0.4 * " + Noise + " + 24 * " + Day + " * (1 - " + Day +
-        ") + CASE WHEN i % 1234567 = 890 THEN 15 ELSE 0 END END FROM g");
-    // Where the next piece begins: the last state of the generator is computed once more.
-    Base.ExecSQL(
-        "WITH RECURSIVE g (i, seed, drift) AS (SELECT i, seed, drift FROM maker UNION ALL SELECT i + 1, (seed * "
-        "1103515245 + 12345) & 2147483647, drift * 0.99999 + 0.01 * " +
-        Noise + " FROM g WHERE i < " + Last +
-        ") UPDATE maker SET (i, seed, drift) = (SELECT i, seed, drift FROM g "
-        "WHERE i = " +
-        Last + ")");
+    MakePiece(Base, std::to_string(std::min(First + Piece, Rows)));
     ShowProgress("Making", std::min(First + Piece, Rows), Rows);
   }
 }

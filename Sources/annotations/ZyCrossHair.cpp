@@ -58,6 +58,7 @@ class TZyCrossHair::TLine : public TMarker {
     TMarker::CMVisibleChanged();
     if (FCross != nullptr && FCross->Visible()) FCross->BringToFront();
   }
+  bool StoresClipToData() const override { return FCross != nullptr && this->ClipToData() != FCross->ClipToData(); }
   void TellMoving() override { TellBoth(this->OnMarkerMoving(), &TZyCrossHair::TellMoving); }
   void TellMoved() override { TellBoth(this->OnMarkerMoved(), &TZyCrossHair::TellMoved); }
 

@@ -24,6 +24,7 @@ class TZyLegendRecord : public TZyCustomLegendRecord {
   void ListFields() override {
     const auto Get = [this] {
       std::vector<std::string> Result;
+      Result.reserve(static_cast<std::size_t>(FLegend.ItemsOrderList()->Count()));
       for (int Index = 0; Index < FLegend.ItemsOrderList()->Count(); ++Index)
         Result.push_back(FLegend.ItemsOrderList()->Get(Index));
       return Result;

@@ -22,7 +22,7 @@ ZY_PUBLISHED(
     Published<&T::CaptionDeltaX, &T::SetCaptionDeltaX>("CaptionDeltaX", 0, _sMarkerCaptionDeltaX),
     Published<&T::CaptionDeltaY, &T::SetCaptionDeltaY>("CaptionDeltaY", 0, _sMarkerCaptionDeltaY),
     Published<&T::ForeColor, &T::SetForeColor>("ForeColor", _sMarkerForeColor).NotStored(),
-    Published<&T::ClipToData, &T::SetClipToData>("ClipToData", true, _sMarkerClipToData),
+    Published<&T::ClipToData, &T::SetClipToData>("ClipToData", _sMarkerClipToData).StoredIf<&T::StoresClipToData>(),
     Published<&T::MouseDrag, &T::SetMouseDrag>("MouseDrag", true),
     Published<&T::StartMovingKeys, &T::SetStartMovingKeys>("StartMovingKeys", TShiftState{ssLeft}),
     Published<&T::SnapToSeriesValues, &T::SetSnapToSeriesValues>("SnapToSeriesValues", false),

@@ -43,6 +43,8 @@ class TZyMovable : public TZyDraggedControl,
   /// Whether nothing is shown outside the data area.
   bool ClipToData() const { return FClipToData; }
   virtual void SetClipToData(bool Value);
+  /// Whether it is stored: where it is other than what a marker that is read has before.
+  virtual bool StoresClipToData() const { return !FClipToData; }
 
   /// Whether the mouse and the arrow keys move the marker.
   bool MouseDrag() const { return FMouseDrag; }

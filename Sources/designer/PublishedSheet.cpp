@@ -76,7 +76,7 @@ std::unique_ptr<ZyControlWidget> PublishedSheet::MakeNew(QWidget* On) const {
   std::unique_ptr<QObject> Made(FWidget->metaObject()->newInstance(Q_ARG(QWidget*, On)));
   auto* const Result = qobject_cast<ZyControlWidget*>(Made.get());
   if (Result == nullptr) return nullptr;
-  Made.release();
+  static_cast<void>(Made.release());  // the same object
   Result->ShowSamples();
   Result->MakeParts();
   for (const auto& [Name, Value] : Declared()) Result->setProperty(Name, Value);
@@ -193,7 +193,7 @@ QString PublishedSheet::TextOf(const QVariant& Value) {
   const QVariant Before = FBase.property(Index);
   const bool WasChanged = FBase.isChanged(Index);
   FBase.setProperty(Index, Value);
-  const QString Result = FWidget->statusTip();
+  QString Result = FWidget->statusTip();
   FBase.setProperty(Index, Before);
   FBase.setChanged(Index, WasChanged);
   return Result;

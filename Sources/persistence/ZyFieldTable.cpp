@@ -112,8 +112,11 @@ std::string FieldTableText(const std::vector<TZyFieldRow>& Rows) {
     const std::string Width = Row.InStream && Row.Width > 0 ? IntToStr(Row.Width) : std::string();
     const bool IsNamed = Row.InXml || Row.InIni || Row.Kind.starts_with("continuation");
     const std::string Kind = Row.Kind + (IsNamed ? std::string() : ": " + Row.Xml);
-    Text += "| " + (Row.InStream ? IntToStr(++Number) : std::string()) + " | " + Width + " | " + Kind + " | " +
-            (Row.InXml ? Row.Xml : std::string()) + " | " + (Row.InIni ? Row.Ini : std::string()) + " |\n";
+    Text += '|';
+    for (const std::string& Cell : {Row.InStream ? IntToStr(++Number) : std::string(), Width, Kind,
+                                    Row.InXml ? Row.Xml : std::string(), Row.InIni ? Row.Ini : std::string()})
+      Text.append(" ").append(Cell).append(" |");
+    Text += '\n';
   }
   return Text;
 }

@@ -38,7 +38,7 @@ IXMLNode NodeOf(const IXMLNode& Node, const TZyFieldName& Name, std::string_view
 /// The node of the whole path. Null when the field is a later addition and one on the way is absent.
 IXMLNode WholeNodeOf(const IXMLNode& Node, const TZyFieldName& Name) {
   std::string_view Path = Name.XmlName();
-  const IXMLNode Parent = NodeOf(Node, Name, Path);
+  IXMLNode Parent = NodeOf(Node, Name, Path);
   if (Path.empty()) return Parent;
   return Name.IsLater() ? Parent.FindNode(Path) : Parent.Node(Path);
 }

@@ -125,6 +125,13 @@ void TZyFillPalette::SetUndoStack(TZyUndoStack* Value) {
   for (const auto& Item : FItems) Item->SetUndoStack(Value);
 }
 
+std::vector<TPersistent*> TZyFillPalette::UndoParts() const {
+  std::vector<TPersistent*> Result;
+  Result.reserve(FItems.size());
+  for (const auto& Item : FItems) Result.push_back(Item.get());
+  return Result;
+}
+
 void TZyFillPalette::AddRelatedControl(TControl& Control) { FRelatedControls.Add(&Control); }
 
 void TZyFillPalette::RemoveRelatedControl(TControl& Control) { FRelatedControls.Remove(&Control); }

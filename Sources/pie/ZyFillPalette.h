@@ -43,7 +43,7 @@ class TZyFillSettings : public TZyStyleSettings {
 
 /// The fills of the segments of pies, one after the other; charts share a palette, and begin anew when there are more
 /// segments than entries. All charts of a palette are painted again when an entry changes.
-class TZyFillPalette : public TComponent, public IZyUndoUser {
+class TZyFillPalette : public TComponent, public IZyUndoUser, public IZyUndoParts {
   ZY_CLASS(TZyFillPalette, TComponent)
   explicit TZyFillPalette(TComponent* Owner = nullptr);
   ~TZyFillPalette() override;
@@ -70,6 +70,7 @@ class TZyFillPalette : public TComponent, public IZyUndoUser {
   TZyUndoStack* UndoStack() const override { return FUndo; }
   /// Hands the stack on to all entries.
   void SetUndoStack(TZyUndoStack* Value) override;
+  std::vector<TPersistent*> UndoParts() const override;
 
   /// The charts that use the palette; they enter and leave by themselves.
   void AddRelatedControl(TControl& Control);

@@ -21,7 +21,7 @@ TZyPieChart::TZyPieChart(TComponent* Owner)
       FCalloutArrow([this] { Invalidate(); }),
       FCalloutGradient([this] { CalloutLookModified(); }) {
   constexpr int Extent = 250;
-  TCustomPanel::SetBounds(0, 0, Extent, Extent);
+  TCustomPanel::SetBounds(0, 0, Extent, Extent);  // NOLINT(bugprone-parent-virtual-call): nothing is laid out yet
   FFont.OnNeedsResize = [this] { FontModified(); };
   FSegmentBorder.SetColor(Colors::Black);
   FCalloutFrame.SetColor(ColorToARGB("WindowFrame"));
@@ -111,7 +111,7 @@ void TZyPieChart::FontLookModified() {
 }
 
 void TZyPieChart::ParentFontChanged() {
-  TCustomPanel::ParentFontChanged();
+  TCustomPanel::ParentFontChanged();  // NOLINT(bugprone-parent-virtual-call): the title keeps its font
   {
     const TScopedValue Taking(FCanSet, false);
     FLabelsFont.Take();

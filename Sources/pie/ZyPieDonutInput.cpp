@@ -35,6 +35,7 @@ std::string TZyPieChart::HintAt(TPoint Place) const {
 
 std::vector<std::string> TZyPieChart::AccessibleItems() const {
   std::vector<std::string> Result;
+  Result.reserve(static_cast<std::size_t>(GetCount()));
   for (int Segment = 0; Segment < GetCount(); ++Segment) Result.push_back(SegmentHint(Segment));
   return Result;
 }

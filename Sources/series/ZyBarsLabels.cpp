@@ -165,7 +165,7 @@ float TZyBars::ExtraSpaceAt(TZyAxisPosition Border) const {
 /// The depth, without what the axis leaves free beyond the data and without the half of a gap.
 float TZyBars::DepthBeyond(TZyAxisPosition Border, double ClassWidth) const {
   const bool IsTop = Border == TZyAxisPosition::Top;
-  const TZyAxis& Axis = IsTop ? *FYAxis : *FXAxis;
+  const TZyAxis& Axis = *(IsTop ? FYAxis : FXAxis).Get();
   const double PerPixel = ClassAxis().NormalizeConst();
   const double Low = IsTop ? FYStart : FXStart, High = IsTop ? FYStop : FXStop;
   const bool Twisted = Axis.Twisted();

@@ -212,7 +212,7 @@ void TZyFunctionSeries::CalculateCurve() const {
 bool TZyFunctionSeries::AnyOtherSeries() const {
   if (FYAxis == nullptr) return false;
   return std::ranges::any_of(FYAxis->RelatedSeries(), [](const IZyAxisSeries* Each) {
-    return dynamic_cast<const TZyFunctionSeries*>(Each) == nullptr && Each->SeriesVisible();
+    return Each->SeriesVisible() && dynamic_cast<const TZyFunctionSeries*>(Each) == nullptr;
   });
 }
 

@@ -133,7 +133,7 @@ void TZyOHLC::DrawPoints(Graphics& Gr) {
   const bool HasColors = (!Look.HasFill || Fill != nullptr) && GetAlpha(LinePen()->Color()) > 0;
   if (HasColumns(Look) && HasColors) {
     Look.Colors.fill(Look.HasLine ? LinePen()->Color() : Fill != nullptr ? Fill->GetColor() : Colors::Black);
-    if (Look.HasFill) Look.Colors[TDense::Fill] = Fill->GetColor();
+    if (Look.HasFill && Fill != nullptr) Look.Colors[TDense::Fill] = Fill->GetColor();
     if (Look.IsOpaque()) return DrawColumns(Gr, TDense(*this, Look), Look);
   }
   DrawEach(Gr);
@@ -162,8 +162,9 @@ void TZyOHLC::DrawListItem(const TZyLegendItemDrawArgs& e, LegendItemStyle) {
   const RectF R = TRectToRectF(e.Rect);
   const float Top = R.Height / 2 + R.Y - 1 - BarWidth() / 2, Bottom = Top + BarWidth();
   if (Area().Visible()) {
-    const auto Fitting = AreaBrush() == nullptr ? Area().GetBrush(R) : nullptr;  // before the first paint
-    Gr.FillRectangle(Fitting ? *Fitting : *AreaBrush(), R.X, Top, R.Width, BarWidth());
+    const Brush* const Own = AreaBrush();
+    const auto Fitting = Own == nullptr ? Area().GetBrush(R) : nullptr;  // before the first paint
+    Gr.FillRectangle(Own != nullptr ? *Own : *Fitting, R.X, Top, R.Width, BarWidth());
   }
   if (!Line().Visible()) return;
   const auto Pen = Line().GetPen(R, 0);

@@ -98,7 +98,7 @@ void TZyRecordColumns::End() {
     const auto Place = static_cast<std::size_t>(Column - FFirst);
     const auto [Top, Bottom] = From.Rows[Place];
     if (Top > Bottom) continue;
-    const auto Upper = static_cast<std::size_t>(Top), Length = static_cast<std::size_t>(Bottom - Top + 1);
+    const auto Upper = static_cast<std::size_t>(Top), Length = static_cast<std::size_t>(Bottom - Top) + 1;
     TakeColumn(Column, std::span(From.Inks).subspan(Place * static_cast<std::size_t>(FRows) + Upper, Length), Top);
   }
 }

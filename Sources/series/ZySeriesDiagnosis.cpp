@@ -64,7 +64,7 @@ std::string TZySeries::Diagnose() const {
   if (!FVisible) return Format(LoadResString(_sDiagHidden), {TitleOf(*this)});
   if (!SeriesVisible()) return Format(LoadResString(_sDiagNoLook), {TitleOf(*this)});
   if (!HasGraph()) return WhyNotJoined();
-  if (const std::string Points = WhyNoRange(); !Points.empty()) return Points;
+  if (std::string Points = WhyNoRange(); !Points.empty()) return Points;
   std::string Reason = WhyNotOn(*FXAxis, FXStart, FXStop);
   if (Reason.empty()) Reason = WhyNotOn(*FYAxis, FYStart, FYStop);
   return Reason.empty() ? WhyNothingDrawn() : Reason;

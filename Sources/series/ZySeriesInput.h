@@ -73,7 +73,7 @@ class TZySeriesInput {
   static std::function<TResult(TArgs...)> Watched(std::function<TResult(TArgs...)> Handler) {
     if (!Handler) return {};
     return [Shared = std::make_shared<const std::function<TResult(TArgs...)>>(std::move(Handler))](TArgs... Args) {
-      const auto Kept = Shared;
+      const auto Kept = Shared;  // NOLINT(performance-unnecessary-copy-initialization): it may take itself away
       const unsigned Before = FChanges;
       const TResult Result = (*Kept)(Args...);
       TestUnchanged(Before);

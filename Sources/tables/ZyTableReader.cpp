@@ -37,6 +37,7 @@ std::vector<double> RecordEdges(double Low, double High, double Width) {
   const double Step = RoundWidth(Width), First = std::floor(Low / Step) - 1;
   const auto Count = static_cast<int>(std::min(std::ceil(High / Step) + 2 - First, 1e6));
   std::vector<double> Result;
+  Result.reserve(static_cast<std::size_t>(std::max(Count, 0)));
   for (int i = 0; i < Count; ++i) Result.push_back((First + i) * Step);
   return Result;
 }

@@ -233,6 +233,13 @@ void TZyTableSummary::Begin() {
   Find();
 }
 
+/// The statement for those blocks of a level that are not yet part of one above.
+std::string TZyTableSummary::OpenBlocksOf(int Level) const {
+  return std::string("SELECT ") + TZyTableStatements::BlockFields + " FROM " + FQuotedName +
+         " WHERE lvl = " + std::to_string(Level) + " AND x0 > COALESCE((SELECT MAX(x1) FROM " + FQuotedName +
+         " WHERE lvl = " + std::to_string(Level + 1) + "), " + TZyTableStatements::Literal(Nothing) + ") ORDER BY x0";
+}
+
 /// Blocks that no longer hold go; those that are not yet part of a block above open one there. Gives the X of the last
 /// row that is still summed up.
 double TZyTableSummary::TakeUp() {
@@ -241,11 +248,7 @@ double TZyTableSummary::TakeUp() {
   FConnection.Run(
       ToQt("DELETE FROM " + FQuotedName + " WHERE lvl > 0 AND x1 >= " + TZyTableStatements::Literal(FHoldsUntil)));
   for (int Level = 1; Level <= FLevels; ++Level) {
-    const std::string Above = std::to_string(Level + 1), Here = std::to_string(Level);
-    QSqlQuery Query =
-        FConnection.Run(ToQt(std::string("SELECT ") + TZyTableStatements::BlockFields + " FROM " + FQuotedName +
-                             " WHERE lvl = " + Here + " AND x0 > COALESCE((SELECT MAX(x1) FROM " + FQuotedName +
-                             " WHERE lvl = " + Above + "), " + TZyTableStatements::Literal(Nothing) + ") ORDER BY x0"));
+    QSqlQuery Query = FConnection.Run(ToQt(OpenBlocksOf(Level)));
     FOpen.emplace_back();
     TZyTableBlock Last;
     while (Query.next()) {

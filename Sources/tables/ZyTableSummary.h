@@ -60,6 +60,7 @@ class TZyTableSummary {
   void TestIsNoOther();
   bool HasTriggers();
   void Begin();
+  std::string OpenBlocksOf(int Level) const;
   double TakeUp();
   bool HasRowsPushedOut(double LastX);
   void TakeRow(const TZyTableBlock& Row);

@@ -6,9 +6,11 @@ namespace zy {
 
 TZyUndoGroup::TZyUndoGroup(TZyUndoStack* Stack, std::string_view Comment) {
   if (Stack == nullptr) return;
-  FLevel = Stack->GroupLevel();
+  const int Level = Stack->GroupLevel();
   Stack->StartGroup(Comment);
-  if (Stack->GroupLevel() > FLevel) FStack = Stack->LiveHandle();
+  if (Stack->GroupLevel() <= Level) return;
+  FStack = Stack->LiveHandle();
+  FClears = Stack->Clears();
 }
 
 TZyUndoGroup::TZyUndoGroup(TZyUndoStack* Stack, TPersistent& Instance,
@@ -21,7 +23,7 @@ TZyUndoGroup::TZyUndoGroup(TZyUndoStack* Stack, TPersistent& Instance,
 
 TZyUndoGroup::~TZyUndoGroup() {
   auto* const Stack = static_cast<TZyUndoStack*>(TPersistent::FromLiveHandle(FStack));
-  if (Stack == nullptr || Stack->GroupLevel() <= FLevel) return;
+  if (Stack == nullptr || Stack->Clears() != FClears || Stack->GroupLevel() <= 0) return;
   const bool WasEnabled = Stack->Enabled();
   Stack->SetEnabled(true);  // one that stayed open would refuse undo for good
   try {

@@ -13,7 +13,7 @@ class TZyUndoStack;
 
 /// What happens while this object lives is one step that can be undone. Nothing without a stack, and while the stack is
 /// silent. The group is closed however the block is left, also while the stack is switched off, unless it was cleared
-/// or died meanwhile.
+/// or died meanwhile. Groups that live longer than a block may overlap: the step ends with the last of them.
 class TZyUndoGroup {
  public:
   TZyUndoGroup(TZyUndoStack* Stack, std::string_view Comment);
@@ -27,7 +27,7 @@ class TZyUndoGroup {
 
  private:
   std::uint64_t FStack = 0;  // live handle of the stack, 0 when no group was opened
-  int FLevel = 0;            // groups open outside this one
+  int FClears = 0;           // of the stack, when it was opened
 };
 
 }  // namespace zy

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <vector>
+
 namespace zy {
 
+class TPersistent;
 class TStream;
 class TZyUndoStack;
 
@@ -32,6 +35,15 @@ class IZyUndoPlace {
   virtual int Place() const = 0;
   /// Moves it there, past the others.
   virtual void SetPlace(int Value) = 0;
+};
+
+/// An object with settings objects that are no properties of it, such as the entries of a list. The stack notes how
+/// records name them, so that steps of theirs hold when the object is freed and brought back.
+class IZyUndoParts {
+ public:
+  virtual ~IZyUndoParts() = default;
+  /// In an order that a stored form keeps.
+  virtual std::vector<TPersistent*> UndoParts() const = 0;
 };
 
 /// A chart that takes the first undo stack which is put on its form while that is designed.

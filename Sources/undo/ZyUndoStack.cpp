@@ -182,6 +182,7 @@ void TZyUndoStack::Clear() {
   FMustClear = FRestoring;
   if (FMustClear) return;
   FSavedAt = Saved() ? 0 : NoWayBack;
+  ++FClears;
   InitStreams();
   FUndo.Clear();
   FRedo.Clear();
@@ -278,6 +279,11 @@ static void ForEachPart(TPersistent& Object, const TDo& Do) {
     Do(Part);
     if (Part != nullptr) ForEachPart(*Part, Do);
   }
+  if (const auto* const Parts = dynamic_cast<const IZyUndoParts*>(&Object))
+    for (TPersistent* Part : Parts->UndoParts()) {
+      Do(Part);
+      ForEachPart(*Part, Do);
+    }
 }
 
 static int PlaceOf(const TComponent& Component) {

@@ -94,6 +94,8 @@ class TZyUndoStack : public TComponent {
   void Redo(int ToIndex = 0);
   /// Forgets everything; from inside a replay, at its end.
   void Clear();
+  /// How often everything was forgotten, and open groups with it.
+  int Clears() const { return FClears; }
 
   /// Notes that everything is saved as it is now.
   void MarkSaved() { FSavedAt = FUndo.LiveEntries(); }
@@ -146,6 +148,7 @@ class TZyUndoStack : public TComponent {
   bool FMustClear = false;  // at the end of the replay
   bool FToMemoryStream = true;
   int FLimit = 20;
+  int FClears = 0;
   static constexpr std::int64_t NoWayBack = -1;
   std::int64_t FSavedAt = 0;  // live entries at MarkSaved
   std::filesystem::path FUndoFileName, FRedoFileName, FScratchName;

@@ -314,6 +314,17 @@ TEST_F(ZyMarkersTest, ALineBeyondItsAxisHasNoCaption) {
   EXPECT_EQ(Shown(-0.1, false), TShown(1, 0));
 }
 
+TEST_F(ZyMarkersTest, ALineIsStoredAsItDiffersFromItsCrossHair) {
+  for (const bool Clips : {false, true}) {
+    Cross->SetClipToData(Clips);
+    Cross->HorizontalMarker()->SetClipToData(!Clips);
+    TZyCrossHair Read;
+    ReadBack(*Cross, Read);
+    EXPECT_EQ(Read.HorizontalMarker()->ClipToData(), !Clips);
+    EXPECT_EQ(Read.VerticalMarker()->ClipToData(), Clips);
+  }
+}
+
 TEST_F(ZyMarkersTest, WhatIsShownAgainComesToTheFront) {
   for (TZyMovable* Marker : std::initializer_list<TZyMovable*>{Level, Cross}) {
     Marker->SetVisible(false);

@@ -421,6 +421,21 @@ TEST(ZyFillPalette, HoldsFillsOfItsOwn) {
   for (int i = 0; i < 8; ++i) EXPECT_EQ(Read.Items(i).ForeColor(), Palette.Items(i).ForeColor());
 }
 
+TEST(ZyFillPalette, StepsOfItsFillsHoldWhenItComesBack) {
+  TPieSample Sample;
+  const std::pair Before(Sample.Palette->Items(2).ForeColor(), Sample.Palette->Items(2).BackColor());
+  Sample.Palette->Items(2).SetForeColor(Colors::Blue);
+  Sample.Palette->Items(2).SetBackColor(Colors::Red);
+  Sample.Stack.PushComponent(Sample.Palette, "gone");
+  delete Sample.Palette;
+  Sample.Stack.Undo(Sample.Stack.UndoCount() - 1);
+  ASSERT_NE(Sample.Chart->SegmentSettingsPalette(), nullptr);
+  const TZyFillSettings& Fill = Sample.Chart->SegmentSettingsPalette()->Items(2);
+  EXPECT_EQ(std::pair(Fill.ForeColor(), Fill.BackColor()), Before);
+  Sample.Stack.Redo(1);
+  EXPECT_EQ(std::pair(Fill.ForeColor(), Fill.BackColor()), std::pair(Colors::Blue, Colors::Red));
+}
+
 TEST(ZyPieChart, GetsAPaletteAndDataFromTheDesigner) {
   TForm Form;
   Form.SetDesigning(true);

@@ -24,6 +24,7 @@
 
 #include "controls/ControlSamples.h"
 #include "framework/SampleComponent.h"
+#include "fuzz/FontLeaks.h"
 #include "graph/SampleChart.h"
 #include "persistence/RandomChart.h"
 #include "platform/controls/TApplication.h"

@@ -58,8 +58,11 @@ class TUndoForm {
     Collect(*Sample.Part(), Result);
     for (TComponent* Component : Form.Components())
       if (dynamic_cast<TZyDoubleVector*>(Component) == nullptr && Component != &Stack) Collect(*Component, Result);
-    for (TComponent* Component : Form.Components())
+    for (TComponent* Component : Form.Components()) {
       if (auto* const Cross = dynamic_cast<TZyCrossHair*>(Component)) Collect(*Cross->HorizontalMarker(), Result);
+      if (const auto* const Holder = dynamic_cast<IZyUndoParts*>(Component))
+        for (TPersistent* Part : Holder->UndoParts()) Collect(*Part, Result);
+    }
     return Result;
   }
 

@@ -412,6 +412,17 @@ TEST_F(ZyUndoStackTest, AGroupEndsWithItsBlock) {
   EXPECT_EQ(Stack.GroupLevel(), 0) << "an open one would refuse undo for good";
   Stack.SetEnabled(true);
   Stack.Clear();
+  auto Drag = std::make_unique<TZyUndoGroup>(&Stack, "drag");  // what is dragged is freed within another group
+  auto Gone = std::make_unique<TZyUndoGroup>(&Stack, "gone");
+  Drag.reset();
+  EXPECT_EQ(Stack.GroupLevel(), 1);
+  Gone.reset();
+  EXPECT_EQ(Stack.GroupLevel(), 0);
+  auto Old = std::make_unique<TZyUndoGroup>(&Stack, "old");
+  Stack.Clear();
+  const TZyUndoGroup New(&Stack, "new");
+  Old.reset();
+  EXPECT_EQ(Stack.GroupLevel(), 1) << "of another time";
   auto Short = std::make_unique<TZyUndoStack>();
   const TZyUndoGroup Group(Short.get(), _sAxisStart);
   Short.reset();

@@ -125,7 +125,8 @@ void TransformByChirp(TComplexArray& a) {
   std::size_t Square = 0;  // k^2 modulo 2 n, without the large product
   for (std::size_t k = 0; k < n; ++k) {
     Chirp[k] = Roots.At(Square);
-    Square = (Square + 2 * k + 1) % (2 * n);
+    Square += 2 * k + 1;
+    if (Square >= 2 * n) Square -= 2 * n;
     Data[k] = Product(a[k], Chirp[k]);
     Kernel[k] = Conjugate(Chirp[k]);
     if (k > 0) Kernel[m - k] = Kernel[k];

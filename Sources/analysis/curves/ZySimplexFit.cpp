@@ -240,9 +240,8 @@ void TZySimplexFit::SetFittingFkt(TZyFittingFunctionHandler Value) {
 void TZySimplexFit::PrepareParser() {
   if (FFunctionParser) return;
   FFunctionParser = std::make_unique<TZyFunctionParser>();
-  const auto Add = [this](std::string_view Id, std::string Comment, TZyDoubleGetter Getter) {
-    AddVariableToList(std::string(Id), std::move(Comment), nullptr, FFunctionParser->FObjectsToUpdate,
-                      std::move(Getter));
+  const auto Add = [this](std::string_view Id, const std::string& Comment, TZyDoubleGetter Getter) {
+    AddVariableToList(std::string(Id), Comment, nullptr, FFunctionParser->FObjectsToUpdate, std::move(Getter));
   };
   Add(Argument, LoadResString(_sFitX), [this] { return FX; });
   for (std::size_t k = 0; k < LetterNames.size(); ++k) {

@@ -198,7 +198,8 @@ class TCaptionReader {
 // --- Writing --------------------------------------------------------------------------------------------------------
 
 bool EndsInBackslash(const TZyCaptionRun& Run) {
-  return (Run.Atom != nullptr ? Run.Atom->Value : Run.Text).ends_with('\\');
+  if (Run.Atom != nullptr) return Run.Atom->Value.ends_with('\\');
+  return Run.Text.ends_with('\\');
 }
 
 bool IsOpaque(const TZyCaptionRun& Run) { return Run.Atom != nullptr && Run.Atom->Variable() == Run.Atom->Source; }

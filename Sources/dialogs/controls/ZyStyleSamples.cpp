@@ -42,7 +42,8 @@ void TZyDashSample::Draw(Graphics& Canvas, int Index, const TRect& Box) const {
   const auto* const Settings = static_cast<TZySimpleLineSettings*>(TPersistent::FromLiveHandle(UseLineSettings));
   TZyPen Line = Settings != nullptr ? TZyPen(*Settings->GetPen(Box, 0)) : TZyPen(LineColor, LineWidth);
   Line.SetDashStyle(static_cast<TDashStyle>(Index));
-  const auto Middle = static_cast<float>(Box.Top + Box.Height() / 2);
+  const int MiddleRow = Box.Top + Box.Height() / 2;
+  const auto Middle = static_cast<float>(MiddleRow);
   Canvas.DrawLine(Line, static_cast<float>(Box.Left) + Margin, Middle, static_cast<float>(Box.Right) - Margin, Middle);
 }
 

@@ -44,7 +44,7 @@ TZyTuneColorsForm::~TZyTuneColorsForm() { Destroying(); }
 // --- Controls -------------------------------------------------------------------------------------------------------
 
 TPanel* TZyTuneColorsForm::AddPicture(const char* PartName, int PartWidth, int PartHeight, TZyText PartHint,
-                                      TPaintEvent Paint, std::function<void(int X, int Y)> Drag) {
+                                      TPaintEvent Paint, const std::function<void(int X, int Y)>& Drag) {
   auto* const Picture = AddPart<TPanel>(*this, *this, PartName, PartHint);
   Picture->SetBounds(0, 0, PartWidth, PartHeight);
   Picture->SetOnPaint(std::move(Paint));
@@ -256,7 +256,8 @@ void TZyTuneColorsForm::DrawAlphaBmp(Graphics& Canvas) const {
 }
 
 void TZyTuneColorsForm::DrawSampleBmp(Graphics& Canvas) const {
-  constexpr float Half = SampleWidth / 2, Cell = 12;
+  constexpr int HalfWidth = SampleWidth / 2;
+  constexpr float Half = HalfWidth, Cell = 12;
   DrawChequer(Canvas, {0, 0, SampleWidth, SampleHeight}, Cell);
   Canvas.FillRectangle(SolidBrush(FActiveColor), 0, 0, Half, SampleHeight);
   Canvas.FillRectangle(SolidBrush(CurrentColor()), Half, 0, Half, SampleHeight);

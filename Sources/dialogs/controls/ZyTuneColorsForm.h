@@ -52,7 +52,7 @@ class TZyTuneColorsForm : public TPopupForm {
   void MakeButtons();
   TZyNumericUpDn* AddEdit(const char* Name, TZyText Label, TZyText Hint, double Max, std::function<void(double)> Take);
   TPanel* AddPicture(const char* Name, int Width, int Height, TZyText Hint, TPaintEvent Paint,
-                     std::function<void(int X, int Y)> Drag);
+                     const std::function<void(int X, int Y)>& Drag);
   TTrackBar* AddTrack(const char* Name, int Max, TZyText Hint);
   void UpdateRGB();
   void UpdateHSL();

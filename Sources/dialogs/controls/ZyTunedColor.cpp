@@ -39,7 +39,7 @@ TZyHueSquare::TZyHueSquare(float Hue) : FHue(Hue) {
   Shades.SetSurroundColors(std::array<ARGB, 2>{Colors::White, Colors::Black});
   Graphics Canvas(FPicture);
   Canvas.FillRectangle(Shades, 0, 0, End, End);
-  FShades.reserve(Extent * Extent);
+  FShades.reserve(std::size_t{Extent} * Extent);
   for (int X = 0; X < Extent; ++X)
     for (int Y = 0; Y < Extent; ++Y) FShades.push_back({GetSaturation(ColorAt(X, Y)), GetBrightness(ColorAt(X, Y))});
 }

@@ -81,7 +81,7 @@ void TZyGraphSettingsFrame::AddGrid(bool IsVertical) {
   const std::string Letter = IsVertical ? "V" : "H", Word = IsVertical ? "Vertical" : "Horizontal";
   AddGroup((Word + "GridGroup").c_str(), IsVertical ? _sGroupVerticalGrid : _sGroupHorizontalGrid);
   for (const bool IsMajor : {true, false}) {
-    const std::string Kind = IsMajor ? "Major" : "Minor", Path = Kind + "Grid" + Word, Part = Letter + Kind;
+    const std::string Kind = IsMajor ? "Major" : "Minor", Path = Format("%sGrid%s", {Kind, Word}), Part = Letter + Kind;
     AddCheck((Part + "Check").c_str(), (Path + ".Visible").c_str(), IsMajor ? _sGridMajor : _sGridMinor);
     AddDashes((Part + "DashStyles").c_str(), (Path + ".DashStyle").c_str());
     AddUpDown((Part + "WidthUpDown").c_str(), (Path + ".Width").c_str());

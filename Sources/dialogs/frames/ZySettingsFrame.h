@@ -242,7 +242,7 @@ class TZySettingsFrame : public TFrame {
   template <class T>
   T& AddBound(const char* PartName, const char* Path);
   TBinding& Bind(TWinControl& Control, const char* Path);
-  void BindValue(TWinControl& Control, const char* Path, std::function<TZySettingValue()> Get,
+  void BindValue(TWinControl& Control, const char* Path, const std::function<TZySettingValue()>& Get,
                  std::function<void(const TZySettingValue&)> Show);
   TZyCaptionEdit& AddCaptionEdit(const char* PartName, const char* FontPath, const char* ColorPath,
                                  const TPropInfo& Info, bool ReturnApplies);

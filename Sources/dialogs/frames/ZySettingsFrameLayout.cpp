@@ -97,9 +97,10 @@ void TZySettingsFrame::ArrangeWidgets() {
     if (IsAlone) continue;
     auto* const Controls = new QHBoxLayout;
     for (TWinControl* Each : Line.Controls) {
-      auto* const Panel = dynamic_cast<TPanel*>(Each);
+      TWinControl& Control = *Each;
+      auto* const Panel = dynamic_cast<TPanel*>(&Control);
       if (Panel == nullptr) {
-        Size(*Each, *Controls);
+        Size(Control, *Controls);
         continue;
       }
       if (Line.IsPicture) Panel->Widget()->setFixedHeight(Panel->Height());

@@ -161,7 +161,7 @@ TZySettingsFrame::TBinding& TZySettingsFrame::Bind(TWinControl& Control, const c
   return FBindings.back();
 }
 
-void TZySettingsFrame::BindValue(TWinControl& Control, const char* Path, std::function<TZySettingValue()> Get,
+void TZySettingsFrame::BindValue(TWinControl& Control, const char* Path, const std::function<TZySettingValue()>& Get,
                                  std::function<void(const TZySettingValue&)> Show) {
   TBinding& Binding = Bind(Control, Path);
   Binding.Show = [Get, Show = std::move(Show)](const TZyPropertyPlace& Place) { Show(Place.Get()); };

@@ -90,7 +90,7 @@ void TZyAxisArrowPoint::SetInnerLength(float Value) { SetLength(FInnerLength, Va
 void TZyAxisArrowPoint::SetPointHeight(float Value) { SetLength(FPointHeight, Value, "PointHeight"); }
 
 void TZyAxisArrowPoint::Assign(const TPersistent* Source) {
-  if (!CopyFrom(Source)) TPersistent::Assign(Source);
+  if (!CopyFrom(Source)) TZyStyleSettings::Assign(Source);
 }
 
 std::unique_ptr<CustomLineCap> ArrowPointCap(const TZyArrowSettings& Settings) { return MakeCap(Settings); }

@@ -132,8 +132,8 @@ void TPrinter::StartPage() {
 void TPrinter::NewPage() {
   CheckPrinting();
   FPage.reset();
-  QPagedPaintDevice& Device = FPdf != nullptr ? static_cast<QPagedPaintDevice&>(FPdf->Writer) : *FPrinter;
-  if (!Device.newPage()) Fail();
+  const bool HasPage = FPdf != nullptr ? FPdf->Writer.newPage() : FPrinter->newPage();
+  if (!HasPage) Fail();
   ++FPageNumber;
   StartPage();
 }

@@ -210,10 +210,11 @@ void TWinControl::SetParent(TWinControl* Value) {
 }
 
 void TWinControl::InsertControl(TControl* Control) {
-  Control->FParent = this;
-  FControls.push_back(Control);
-  if (auto* const Inner = dynamic_cast<TWinControl*>(Control)) FTabList.push_back(Inner);
-  Control->Invalidate();
+  TControl& Inserted = *Control;
+  Inserted.FParent = this;
+  FControls.push_back(&Inserted);
+  if (auto* const Inner = dynamic_cast<TWinControl*>(&Inserted)) FTabList.push_back(Inner);
+  Inserted.Invalidate();
 }
 
 void TWinControl::RemoveControl(TControl* Control) {

@@ -103,6 +103,7 @@ QList<QRgb> PaletteOf(const QImage& Picture) {
       if (qAlpha(Row[X]) >= 128) ++Counts[Row[X] | 0xFF000000];
   }
   std::vector<TColorUse> Uses;
+  Uses.reserve(Counts.size());
   for (const auto& [Color, Count] : Counts) Uses.push_back({Color, Count});
   std::sort(Uses.begin(), Uses.end(), [](auto& A, auto& B) { return A.Color < B.Color; });  // the same on each run
   QList<QRgb> Result;

@@ -121,7 +121,8 @@ void TGradientFan::Paint(QImage& Picture, std::span<const ARGB> CornerColors, AR
       ARGB Result = 0;
       for (std::size_t Channel = 0; Channel < 4; ++Channel) {
         const float Value = First[Channel] + Aside[Channel] * PartAside + In[Channel] * PartIn;
-        Result |= static_cast<ARGB>(static_cast<int>(Value + 0.5f)) << (8 * Channel);
+        const auto Rounded = static_cast<int>(Value + 0.5f);  // NOLINT(bugprone-incorrect-roundings): never negative
+        Result |= static_cast<ARGB>(Rounded) << (8 * Channel);
       }
       return Result;
     };

@@ -83,6 +83,7 @@ class TCutOut {
       Group->Path.addPath(Shape);
     }
     std::vector<QPainterPath> Result;
+    Result.reserve(Groups.size() + 1);
     for (TGroup& Group : Groups) Result.push_back(std::move(Group.Path));
     if (!Rest.empty()) Result.emplace_back(Plane()).addPath(JoinedShapes(Rest, Seen));
     std::sort(Result.begin(), Result.end(), [](auto& A, auto& B) { return A.elementCount() < B.elementCount(); });

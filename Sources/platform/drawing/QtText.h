@@ -3,6 +3,7 @@
 #include <QString>
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace zy {
 
@@ -15,13 +16,13 @@ inline QString ToQString(std::string_view Text) {
 /// that lie eight characters apart, any other control character is nothing.
 inline QString ToShownLine(std::string_view Line) {
   constexpr qsizetype TabColumns = 8;
-  const QString Text = ToQString(Line);
+  QString Text = ToQString(Line);
   const auto IsPlain = [](QChar Character) {
     return Character.category() != QChar::Other_Control && Character.unicode() < 0xFFFE;
   };
-  if (std::all_of(Text.begin(), Text.end(), IsPlain)) return Text;
+  if (std::all_of(Text.cbegin(), Text.cend(), IsPlain)) return Text;
   QString Result;
-  for (const QChar Character : Text) {
+  for (const QChar Character : std::as_const(Text)) {
     if (Character == u'\t') Result.append(QString(TabColumns - Result.size() % TabColumns, u' '));
     if (IsPlain(Character)) Result.append(Character);
   }

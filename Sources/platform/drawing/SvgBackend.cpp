@@ -220,7 +220,7 @@ std::string TSvgBackend::MaskOf(const Region& Clip) {
     if (Part.Nested != nullptr) {
       std::string Hole = "<rect" + Page + "/>";
       for (const std::string& Group : GroupsOf(Part.Nested->Transformed(Part.Transform)))
-        Hole = "<g" + Group + ">" + Hole + "</g>";  // whichever of them is the outer one
+        Hole.insert(0, ">").insert(0, Group).insert(0, "<g").append("</g>");  // whichever of them is the outer one
       Holes += Hole;
       continue;
     }

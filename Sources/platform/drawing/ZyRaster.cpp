@@ -362,7 +362,7 @@ void FillUneven(const TRasterTarget& Target, const TRasterClip& Clip, const TTou
   TBlender Blender(Target, Clip, 255, Paint);
   for (int Row = Rows.First; Row <= Rows.Last; ++Row) {
     const double Height = Rows.PartOf(Row);
-    Coverage.assign(static_cast<std::size_t>(Columns.Last - Columns.First + 1), CoverageOfPart(Height));
+    Coverage.assign(static_cast<std::size_t>(Columns.Last - Columns.First) + 1, CoverageOfPart(Height));
     Coverage.back() = CoverageOfPart(Height * Columns.LastPart);
     Coverage.front() = CoverageOfPart(Height * Columns.FirstPart);
     Blender.Rows(Columns.First, Row, static_cast<int>(Coverage.size()), Coverage.data(), 1);

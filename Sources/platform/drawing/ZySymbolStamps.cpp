@@ -164,11 +164,12 @@ void TZySymbolStamps::Make(TStamp& Stamp, const RectF& Extent, PointF Fraction, 
     Stamp.Box = Box;
     Stamp.Stride = Stride;
     Stamp.Pixels = std::move(Pixels);
-  }
-  for (int Y = Ink.Top; !Pixels.empty() && Y < Ink.Bottom; ++Y) {
-    const auto Row = Pixels.begin() + static_cast<std::ptrdiff_t>(Y) * Stride;
-    Stamp.Pixels.insert(Stamp.Pixels.end(), Row + Ink.Left, Row + Ink.Right);
-    Stamp.Pixels.resize(static_cast<std::size_t>(Y + 1 - Ink.Top) * static_cast<std::size_t>(Stamp.Stride));
+  } else {
+    for (int Y = Ink.Top; Y < Ink.Bottom; ++Y) {
+      const auto Row = Pixels.begin() + static_cast<std::ptrdiff_t>(Y) * Stride;
+      Stamp.Pixels.insert(Stamp.Pixels.end(), Row + Ink.Left, Row + Ink.Right);
+      Stamp.Pixels.resize(static_cast<std::size_t>(Y + 1 - Ink.Top) * static_cast<std::size_t>(Stamp.Stride));
+    }
   }
   FPixels += Stamp.Pixels.size();
   while (FPixels > MostPixels && FLooks.size() > 1) DropOldest();  // the one in use comes first

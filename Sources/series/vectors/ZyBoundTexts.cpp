@@ -38,6 +38,7 @@ void TZyBoundTexts::Fields(TZyArchive& Archive, const TZyFieldName& Name) {
       Name,
       [this] {
         std::vector<std::string> Result;
+        Result.reserve(static_cast<std::size_t>(Texts().Count()));
         for (int Index = 0; Index < Texts().Count(); ++Index) Result.push_back(Texts().Get(Index));
         return Result;
       },

@@ -308,7 +308,8 @@ void TZyDropDnButton::PaintFace(Graphics& Canvas) {
 void TZyDropDnButton::PaintArrow(Graphics& Canvas) const {
   const bool IsDown = FRightState == TZyButtonState::Down || FRightState == TZyButtonState::Exclusive;
   const float Shift = IsDown ? 1 : 0;
-  const float X = static_cast<float>(Width() - 9) + Shift, Y = static_cast<float>(Height() / 2 - 2) + Shift;
+  const int Middle = Height() / 2;
+  const float X = static_cast<float>(Width() - 9) + Shift, Y = static_cast<float>(Middle - 2) + Shift;
   Canvas.SetSmoothingMode(SmoothingModeNone);
   const SolidBrush Fill(TextColor());
   for (int Row = 0; Row < 3; ++Row)

@@ -83,7 +83,7 @@ class TZyLevelsList::TView : public QListView {
     FItems->Leave();
     FList = nullptr;
   }
-  void Reset() { FItems->Reset(); }
+  void ShowAnew() { FItems->Reset(); }
   void Mark(int Index) { setCurrentIndex(FItems->index(Index)); }
 
  protected:
@@ -131,7 +131,7 @@ QWidget* TZyLevelsList::CreateWidget() {
 void TZyLevelsList::SetCount(int Value) {
   const int Kept = std::min(FItemIndex, Value - 1);
   FCount = Value;
-  if (TView* const Box = View()) Box->Reset();
+  if (TView* const Box = View()) Box->ShowAnew();
   SetItemIndex(Kept);
 }
 
