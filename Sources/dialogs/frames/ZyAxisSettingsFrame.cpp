@@ -252,15 +252,15 @@ bool TZyAxisSettingsFrame::IsPrimary() const {
   return Graph != nullptr && (Graph->PrimaryXAxis() == FSelectedAxis || Graph->PrimaryYAxis() == FSelectedAxis);
 }
 
-/// Also when the graph has another primary axis.
+/// Also when the graph has another primary axis, or the axis stands on another side.
 bool TZyAxisSettingsFrame::IsOutdated() {
-  return TZySettingsFrame::IsOutdated() || (FSelectedAxis != nullptr && IsPrimary() != FShowsPrimary);
+  return TZySettingsFrame::IsOutdated() || (FSelectedAxis != nullptr && Standing() != FShownStanding);
 }
 
 void TZyAxisSettingsFrame::ControlsUpdated() {
   const TZyAxis& Axis = *FSelectedAxis;
-  FShowsPrimary = IsPrimary();
-  EnablePart("AxVisibleCheck", !FShowsPrimary);
+  FShownStanding = Standing();
+  EnablePart("AxVisibleCheck", !IsPrimary());
   EnablePart("AxCaptionHorizontalCheck", !Axis.GetHorizontal());
   if (Axis.GetHorizontal()) Part<TCheckBox>("AxCaptionHorizontalCheck").SetChecked(true);
   Part<TZyCaptionEdit>("AxCaptionEdit").SetAlignment(Axis.CaptionAlignment());

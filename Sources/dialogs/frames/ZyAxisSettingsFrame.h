@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "axes/ZyAxis.h"
 #include "dialogs/frames/ZySettingsFrame.h"
 
@@ -42,9 +44,11 @@ class TZyAxisSettingsFrame : public TZySettingsFrame {
   void FillMasters(const TZyAxis& Axis);
   std::vector<TZyAxis*> SelectedAxes() const;
   bool IsPrimary() const;
+  /// What no control shows itself, and others depend on.
+  std::pair<bool, TZyAxisPosition> Standing() const { return {IsPrimary(), FSelectedAxis->Position()}; }
 
   bool FExtendedAxisOptions = false;
-  bool FShowsPrimary = false;
+  std::pair<bool, TZyAxisPosition> FShownStanding;
   TRef<TZyAxis> FSelectedAxis{this, &TZyAxisSettingsFrame::SetSelectedAxis};
   TRef<TComponent> FAxesList{this};
 };
