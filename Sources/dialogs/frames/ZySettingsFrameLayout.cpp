@@ -97,15 +97,13 @@ void TZySettingsFrame::ArrangeWidgets() {
     if (IsAlone) continue;
     auto* const Controls = new QHBoxLayout;
     for (TWinControl* Each : Line.Controls) {
-      TWinControl& Control = *Each;
-      auto* const Panel = dynamic_cast<TPanel*>(&Control);
-      if (Panel == nullptr) {
-        Size(Control, *Controls);
-        continue;
+      if (auto* const Panel = dynamic_cast<TPanel*>(Each); Panel != nullptr) {
+        if (Line.IsPicture) Panel->Widget()->setFixedHeight(Panel->Height());
+        if (!Line.IsWide) ArrangeRadios(*Panel);
+        Controls->addWidget(Panel->Widget(), 1);
+      } else if (Each != nullptr) {
+        Size(*Each, *Controls);
       }
-      if (Line.IsPicture) Panel->Widget()->setFixedHeight(Panel->Height());
-      if (!Line.IsWide) ArrangeRadios(*Panel);
-      Controls->addWidget(Panel->Widget(), 1);
     }
     const bool IsShort = std::ranges::all_of(
         Line.Controls, [](TWinControl* Each) { return dynamic_cast<TButtonControl*>(Each) != nullptr; });
