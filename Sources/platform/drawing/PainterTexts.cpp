@@ -3,12 +3,12 @@
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPen>
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <string>
-
-#include <cmath>
 
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Font.h"
@@ -129,6 +129,20 @@ bool TPainterBackend::DrawStringByStamp(const TDrawState& State, std::string_vie
   return true;
 }
 
+namespace {
+
+/// Whether glyphs come to be so wide or so high that only their outlines can be drawn. The toolkit would make pictures
+/// of them as long as they are thin enough, whatever memory these take.
+bool AreVast(const QPainter& Painter, const QFont& Face) {
+  constexpr double Vast = 2048;  // pixels
+  const QTransform Whole = Painter.deviceTransform();
+  return std::max(std::hypot(Whole.m11(), Whole.m12()), std::hypot(Whole.m21(), Whole.m22())) *
+             QFontMetricsF(Face).height() >
+         Vast;
+}
+
+}  // namespace
+
 void TPainterBackend::DrawString(const TDrawState& State, std::string_view Text, const Font& Font, const Brush& Brush,
                                  PointF Origin) {
   Prepare(State);
@@ -143,8 +157,16 @@ void TPainterBackend::DrawString(const TDrawState& State, std::string_view Text,
     if (Scale != 1) Painter.scale(Scale, Scale);
     FHasTransform = FHasTransform && Scale == 1;
     double BaseLine = static_cast<double>(Origin.Y) + static_cast<double>(Font.GetAscent());
+    const bool ByOutlines = AreVast(Painter, Face);
     ForEachLine(Text, [&](std::string_view Line) {
-      Painter.drawText(QPointF(Origin.X, BaseLine) / Scale, ToShownLine(Line));
+      const QPointF Start = QPointF(Origin.X, BaseLine) / Scale;
+      if (ByOutlines) {
+        QPainterPath Outlines;
+        Outlines.addText(Start, Face, ToShownLine(Line));
+        Painter.fillPath(Outlines, Fill);
+      } else {
+        Painter.drawText(Start, ToShownLine(Line));
+      }
       BaseLine += static_cast<double>(Font.GetHeight());
     });
   });
