@@ -21,16 +21,29 @@ TZyUndoGroup::TZyUndoGroup(TZyUndoStack* Stack, TPersistent& Instance,
     Stack->PushProperty(&Instance, TZyUndoStack::LabelOf(Instance, *PropNames.begin()), PropName);
 }
 
+namespace {
+
+/// Where the end of a group cannot be written, what the log has before it would be undone without the group's own
+/// changes: none of it counts any more. What is on its way out of the block counts more than a second failure.
+void StopOrClear(TZyUndoStack& Stack) {
+  try {
+    Stack.StopGroup();
+  } catch (...) {
+    try {
+      Stack.Clear();
+    } catch (...) {
+    }
+  }
+}
+
+}  // namespace
+
 TZyUndoGroup::~TZyUndoGroup() {
   auto* const Stack = static_cast<TZyUndoStack*>(TPersistent::FromLiveHandle(FStack));
   if (Stack == nullptr || Stack->Clears() != FClears || Stack->GroupLevel() <= 0) return;
   const bool WasEnabled = Stack->Enabled();
   Stack->SetEnabled(true);  // one that stayed open would refuse undo for good
-  try {
-    Stack->StopGroup();
-  } catch (...) {
-    // The log could not be written. What is on its way out counts more; the group ends with the outer one.
-  }
+  StopOrClear(*Stack);
   Stack->SetEnabled(WasEnabled);
 }
 

@@ -13,7 +13,8 @@ class TZyUndoStack;
 
 /// What happens while this object lives is one step that can be undone. Nothing without a stack, and while the stack is
 /// silent. The group is closed however the block is left, also while the stack is switched off, unless it was cleared
-/// or died meanwhile. Groups that live longer than a block may overlap: the step ends with the last of them.
+/// or died meanwhile. Groups that live longer than a block may overlap: the step ends with the last of them. Where the
+/// end of the group cannot be written, as on a full disk, the stack is cleared: undo goes on from there.
 class TZyUndoGroup {
  public:
   TZyUndoGroup(TZyUndoStack* Stack, std::string_view Comment);

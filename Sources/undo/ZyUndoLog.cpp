@@ -70,6 +70,7 @@ void TZyUndoLog::Begin(std::string_view Comment) {
 
 void TZyUndoLog::Commit() {
   FWriter->FlushBuffer();
+  FStream->Flush();  // a full disk is heard of now, when the record can be withdrawn, and not with a later one
   FEnd = FWriter->Position() + FStreamStart;
 }
 

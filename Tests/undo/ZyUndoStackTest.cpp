@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <iterator>
 #include <random>
@@ -373,6 +374,27 @@ TEST_F(ZyUndoStackTest, FilesOfALogGoWithTheStack) {
     Log.PushProperty(&Sample, "label", "Whole");
     EXPECT_EQ(Count(), Before + (IsTaken ? 3 : 4));
     EXPECT_FALSE(std::filesystem::exists(Victim)) << "written through a link that somebody laid";
+#ifndef __SANITIZE_ADDRESS__
+    {
+      rlimit Size;
+      getrlimit(RLIMIT_FSIZE, &Size);
+      const rlimit Full{1, Size.rlim_max};
+      const auto Handler = std::signal(SIGXFSZ, SIG_IGN);
+      Log.PushProperty(&Sample, "label", "Whole");
+      {
+        const TZyUndoGroup Group(&Log, "on a full disk");
+        setrlimit(RLIMIT_FSIZE, &Full);
+        const auto PushMany = [&] {
+          for (int Times = 0; Times < 10000; ++Times) Log.PushProperty(&Sample, "label", "Whole");
+        };
+        EXPECT_ANY_THROW(PushMany());
+      }
+      setrlimit(RLIMIT_FSIZE, &Size);
+      std::signal(SIGXFSZ, Handler);
+      EXPECT_EQ(Log.GroupLevel(), 0) << "an open one would refuse undo for good";
+      EXPECT_EQ(Log.UndoCount(), 0);
+    }
+#endif
   }
   if (!IsTaken) std::filesystem::remove(Link);
   EXPECT_EQ(Count(), Before);
