@@ -355,8 +355,8 @@ class TZyAxis : public TGraphicControl, public TZyRecord, public IZyUndoUser {
   void TakeEnds();
   /// Makes ticks and labels anew for the ends and the length as they are, and places the caption.
   void CalculateTicks();
-  /// The layout pass is done with the axis.
-  void LaidOut() { FNeedsRecalculate = false; }
+  /// The layout pass is done with the axis, or was left half way.
+  void SetLaidOut(bool Value) { FNeedsRecalculate = !Value; }
   /// Room in whole pixels across the axis.
   float RoomNeeded() const;
   /// Room that the labels take beyond the ends; negative where they take none, 0 for an axis that shows none.

@@ -117,22 +117,30 @@ TZyAxisRange TZyAxisEnds::Asked() const {
           FShown.Stop == FRounded.Stop ? FAsked.Stop : FShown.Stop};
 }
 
-/// Zooming begins with what is shown, and comes back to it.
+/// Zooming begins with what is shown, and comes back to it. Where a handler of the labels throws nothing is rounded,
+/// and the next layout begins with the same ends.
 void TZyAxisEnds::Round(const TZyEndRounding& Rounding) {
   if (FIsRounded) return;
-  FIsRounded = true;
-  if (Rounding.KeepsEnds()) return Rounding.Round(FShown.Start, FShown.Stop);
-  FAsked = Pads() || Rounding.Zoomed() == FRoundedZoomed ? Asked() : FShown;
-  FShown = FAsked;
-  Rounding.Round(FShown.Start, FShown.Stop);
-  FRounded = FShown;
+  const TZyAxisRange Asks = Rounding.KeepsEnds() || !(Pads() || Rounding.Zoomed() == FRoundedZoomed) ? FShown : Asked();
+  TZyAxisRange Ends = Asks;
+  FIsRounded = true;  // unless a handler changes the axis meanwhile
+  try {
+    Rounding.Round(Ends.Start, Ends.Stop);
+  } catch (...) {
+    FIsRounded = false;
+    throw;
+  }
+  FShown = Ends;
+  if (Rounding.KeepsEnds()) return;
+  FAsked = Asks;
+  FRounded = Ends;
   FRoundedZoomed = Rounding.Zoomed();
 }
 
 void TZyAxisEnds::Follow(const TZyAxisRange& Master, const TZyEndRounding& Rounding) {
   FShown = Master;
-  Rounding.Round(FShown.Start, FShown.Stop);
-  FShown = Master;
+  TZyAxisRange Rounded = Master;
+  Rounding.Round(Rounded.Start, Rounded.Stop);
   Rounding.KeepSteps(FShown.Start, FShown.Stop);
   FIsRounded = true;
 }

@@ -38,7 +38,12 @@ TZyAxisLayout::TZyAxisLayout(TZyAxis& Axis)
     if (auto* const Child = dynamic_cast<TZyAxis*>(Control)) FAxes.push_back(Child);
 }
 
-TZyAxisLayout::~TZyAxisLayout() { TZyAxis::LayoutRunning = false; }
+TZyAxisLayout::~TZyAxisLayout() {
+  TZyAxis::LayoutRunning = false;
+  if (FIsDone) return;
+  for (TControl* Control : FParent.Controls())
+    if (auto* const Axis = dynamic_cast<TZyAxis*>(Control)) Axis->SetLaidOut(false);
+}
 
 void TZyAxisLayout::Run() {
   if (FGraph != nullptr && FGraph->Panning()) {
@@ -60,6 +65,7 @@ void TZyAxisLayout::Run() {
     PlaceLegends();
     ShareCommonArea();
   }
+  FIsDone = true;
   if (FGraph != nullptr) FGraph->SeriesModified();
 }
 
@@ -107,7 +113,7 @@ void TZyAxisLayout::TakePannedTicks() {
   for (TZyAxis* Axis : FAxes) {
     if (!Axis->NeedsRecalculate() && Axis != &FStarter) continue;
     Axis->CalculateTicks();
-    Axis->LaidOut();
+    Axis->SetLaidOut(true);
   }
 }
 

@@ -82,6 +82,7 @@ class TZyAxisLayout {
   TSide FLeft, FRight, FTop, FBottom;
   bool FShowScrollH = false;
   bool FShowScrollV = false;
+  bool FIsDone = false;  // else a handler threw: all axes have to be laid out again
 };
 
 }  // namespace zy

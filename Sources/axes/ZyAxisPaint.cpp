@@ -23,7 +23,8 @@ void TZyAxis::Calculate() {
 std::string TZyAxis::LabelText(std::string Text, double Value) {
   if (!mGetScaleLabel) return Text;
   TZyScaleLabelEventArgs Args{Value, std::move(Text)};
-  mGetScaleLabel(this, Args);
+  const auto Handler = mGetScaleLabel;  // it may be replaced while it runs
+  Handler(this, Args);
   return std::move(Args.Caption);
 }
 
@@ -70,7 +71,7 @@ TZyLabelRoom TZyAxis::LabelRoom() {
 
 void TZyAxis::CalculateTicks() {
   constexpr float LengthWithoutRoom = 100;  // pixels
-  if (mGetTicks) mGetTicks(this);
+  if (const auto Handler = mGetTicks) Handler(this);
   if (!(FGeometry.Length > 0)) FGeometry.Length = LengthWithoutRoom;
   FTicks.Clear();
   FLabels.Clear();

@@ -150,7 +150,13 @@ void TZyAxis::GetNewRanges() {
   if (!Taken) return;
   const TZyAxisSteps Kept = FSteps;
   TZyAxisRange Range = *Taken;
-  Rounding().Round(Range.Start, Range.Stop);
+  try {
+    Rounding().Round(Range.Start, Range.Stop);
+  } catch (...) {  // a handler of the labels refused: these are half chosen, and the data go on to wait
+    FSteps = Kept;
+    FEnds.DataChanged();
+    throw;
+  }
   if (FEnds.ShowTaken(*Taken, Range)) {
     Modified();
   } else {

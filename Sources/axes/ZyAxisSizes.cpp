@@ -115,7 +115,7 @@ void TZyAxisLayout::SizeAxes() {
       Axis.SetAxLength(std::max(ClientExtent(Axis) - Overhang.Low - Overhang.High, SmallestLength));
     }
     Axis.CalculateTicks();
-    Axis.LaidOut();
+    Axis.SetLaidOut(true);
   }
 }
 

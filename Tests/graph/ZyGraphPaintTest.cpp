@@ -217,6 +217,37 @@ TEST_F(ZyGraphPaintTest, AHandlerThatThrowsLeavesNothingBehind) {
   }
 }
 
+TEST_F(ZyGraphPaintTest, ALayoutThatAHandlerRefusesHalfWayLeavesNothingBehind) {
+  TZySeries* const Series = AddSeries("A", {0, 999}, {3, 70});
+  Y->SetStartPadding(0.1);
+  Paint();
+  const auto Swing = [&](double Stop) {
+    Series->YData()->SetValue(1, 7000);  // other steps, and then back to the same ends
+    Paint();
+    Series->YData()->SetValue(1, Stop);
+  };
+  const auto State = [&] { return std::tuple(Calls(), Y->Start(), Y->Stop(), Y->LabelPart(), Y->Width()); };
+  Swing(70);
+  Paint();
+  const auto Before = State();
+  int Made = 0;
+  for (int Refused = 0; Made >= Refused; ++Refused) {
+    Made = 0;
+    const auto Refuse = [&](TObject*, TZyScaleLabelEventArgs&) {
+      if (++Made > Refused) throw EInvalidOperation("no");
+    };
+    Swing(70);
+    Y->SetOnGetScaleLabel(Refuse);
+    try {
+      Paint();
+    } catch (const EInvalidOperation&) {
+    }
+    Y->SetOnGetScaleLabel({});
+    Paint();
+    ASSERT_EQ(State(), Before) << "after " << Refused << " labels";
+  }
+}
+
 TEST_F(ZyGraphPaintTest, ThePollTakesNewDataOnTheControlThread) {
   TZySeries* const Series = AddSeries("A", {0, 1, 2}, {0, 1, 2});
   Paint();
