@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <limits>
 
 #include "axes/ZyAxisWatcher.h"
@@ -69,12 +70,21 @@ void TZyAxisLayout::Run() {
   if (FGraph != nullptr) FGraph->SeriesModified();
 }
 
+/// All are told, also when one of them throws: the axes are laid out, and nothing would tell the others later.
 void TZyAxisLayout::TellListeners(TWinControl& Parent) {
   const std::vector<TControl*> Controls = Parent.Controls();  // a listener may free some of them
+  std::exception_ptr Failure;
+  const auto Try = [&Failure](const auto& Tell) {
+    try {
+      Tell();
+    } catch (...) {
+      if (Failure == nullptr) Failure = std::current_exception();
+    }
+  };
   const auto ForEach = [&](const auto& Tell) {
     for (TControl* Control : Controls)
       if (std::find(Parent.Controls().begin(), Parent.Controls().end(), Control) != Parent.Controls().end())
-        Tell(Control);
+        Try([&] { Tell(Control); });
   };
   ForEach([](TControl* Control) {
     auto* const Axis = dynamic_cast<TZyAxis*>(Control);
@@ -85,7 +95,8 @@ void TZyAxisLayout::TellListeners(TWinControl& Parent) {
   ForEach([](TControl* Control) {
     if (auto* const Marker = dynamic_cast<IZyGraphMarker*>(Control)) Marker->UpdatePosition();
   });
-  TZyAxisWatcher::Tell(Parent);
+  Try([&] { TZyAxisWatcher::Tell(Parent); });
+  if (Failure != nullptr) std::rethrow_exception(Failure);
 }
 
 // --- Ends -----------------------------------------------------------------------------------------------------------

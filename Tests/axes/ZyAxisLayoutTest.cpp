@@ -10,6 +10,7 @@
 #include "axes/AxisSamples.h"
 #include "graph/ChartStubs.h"
 #include "platform/drawing/Font.h"
+#include "texts/Exceptions.h"
 
 namespace zy::testing {
 namespace {
@@ -324,6 +325,9 @@ TEST(ZyAxisLayoutTest, TellsMarkersAndLeavesTheFlagClear) {
   EXPECT_EQ(Marker.After, 1);
   EXPECT_EQ(Marker.Inside, 0);
   EXPECT_EQ(Chart.Y, nullptr);
+  Chart.X->SetOnCalculated([](TObject*) { throw EInvalidOperation("no"); });
+  EXPECT_THROW(Chart.X->Calculate(), EInvalidOperation);
+  EXPECT_EQ(Marker.After, 2) << "nobody would tell it later";
 }
 
 TEST(ZyAxisLayoutTest, PanningMovesTicksOnly) {
