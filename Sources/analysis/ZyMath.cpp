@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
-#include <numbers>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -110,19 +111,35 @@ double Exp10(double Exponent) {
 
 namespace {
 
+constexpr int FarDecade = 31;
+
+/// The least number of a decade, and the largest one that no rounding of its digits takes into the next decade.
+struct TDecade {
+  double First, Last;
+};
+
+const TDecade& DecadeOf(int Exponent) {
+  static const auto Decades = [] {
+    constexpr double Slightly = 1e-5;
+    std::array<TDecade, 2 * FarDecade + 1> Result;
+    for (int Each = -FarDecade; Each <= FarDecade; ++Each) {
+      const double First = Each < 0 ? 1 / PowerOfTen(-Each) : PowerOfTen(Each);
+      Result[static_cast<std::size_t>(Each + FarDecade)] = {First, First * (10 - Slightly)};
+    }
+    return Result;
+  }();
+  return Decades[static_cast<std::size_t>(Exponent + FarDecade)];
+}
+
 /// The decimal exponent of a number that no rounding of its digits takes into the next decade; nothing for others. A
-/// number that is less than a decade by no more than the errors in here is rounded up to it anyway.
+/// layout asks for some hundred of them, so that this looks them up by the binary exponent.
 std::optional<int> PlainExponent(double Value) {
   const double Size = std::fabs(Value);
   if (!(Size >= 1e-30 && Size <= 1e30)) return {};
-  int Binary = 0;
-  std::frexp(Size, &Binary);
-  int Exponent = static_cast<int>(std::floor((Binary - 1) * std::numbers::ln2 / std::numbers::ln10));  // or one more
-  const auto Mantissa = [&] { return Exponent < 0 ? Size * PowerOfTen(-Exponent) : Size / PowerOfTen(Exponent); };
-  if (Mantissa() >= 10) ++Exponent;
-  const double Lead = Mantissa();
-  constexpr double Slightly = 1e-5;
-  if (Lead < 1 || Lead > 10 - Slightly) return {};
+  const int Binary = static_cast<int>(std::bit_cast<std::uint64_t>(Size) >> 52) - 1023;
+  int Exponent = Binary * 1233 >> 12;  // times the logarithm of 2, rounded down: this one, or one more
+  if (Size >= DecadeOf(Exponent + 1).First) ++Exponent;
+  if (Size < DecadeOf(Exponent).First || Size > DecadeOf(Exponent).Last) return {};
   return Exponent;
 }
 
