@@ -117,6 +117,10 @@ TZyAxisRange TZyAxisEnds::Asked() const {
           FShown.Stop == FRounded.Stop ? FAsked.Stop : FShown.Stop};
 }
 
+void TZyAxisEnds::Settle(const TZyEndRounding& Rounding) {
+  FIsRounded = !Pads() && !Rounding.KeepsEnds() && Rounding.Zoomed() == FRoundedZoomed && FShown == FRounded;
+}
+
 /// Zooming begins with what is shown, and comes back to it. Where a handler of the labels throws nothing is rounded,
 /// and the next layout begins with the same ends.
 void TZyAxisEnds::Round(const TZyEndRounding& Rounding) {

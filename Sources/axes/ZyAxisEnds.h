@@ -74,6 +74,9 @@ class TZyAxisEnds {
 
   /// The rounding is out of date.
   void Invalidate() { FIsRounded = false; }
+  /// Rounding has shown ends that follow from data: the next layout, which would begin with the same ones, need not
+  /// round them once more, unless it pads them.
+  void Settle(const TZyEndRounding& Rounding);
   /// Rounds the ends where that was not done. An end that still is what the last rounding, and padding, made of it is
   /// rounded again from where it was asked for: a change of anything else must not make an axis grow.
   void Round(const TZyEndRounding& Rounding);

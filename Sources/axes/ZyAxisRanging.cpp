@@ -149,16 +149,19 @@ void TZyAxis::GetNewRanges() {
   const std::optional<TZyAxisRange> Taken = FEnds.TakeData(Data().Range(), IsDesigning());
   if (!Taken) return;
   const TZyAxisSteps Kept = FSteps;
+  const TZyEndRounding Way = Rounding();
   TZyAxisRange Range = *Taken;
   try {
-    Rounding().Round(Range.Start, Range.Stop);
+    Way.Round(Range.Start, Range.Stop);
   } catch (...) {  // a handler of the labels refused: these are half chosen, and the data go on to wait
     FSteps = Kept;
     FEnds.DataChanged();
     throw;
   }
   if (FEnds.ShowTaken(*Taken, Range)) {
-    Modified();
+    FEnds.Settle(Way);
+    FNeedsRecalculate = true;
+    DoInvalidate();
   } else {
     FSteps = Kept;  // the ends that stand were rounded to these steps
   }

@@ -167,7 +167,7 @@ class TDialogWalk {
       Result += Setting.Control->Name() + (Box.isVisible() ? " " : " hidden ") + (Box.isEnabled() ? "" : "off ");
       if (const auto* const Button = dynamic_cast<const QAbstractButton*>(&Box))
         Result += Button->isChecked() ? "yes" : "no";
-      if (const auto* const Edit = dynamic_cast<const QLineEdit*>(&Box)) Result += Edit->text().toStdString();
+      if (const auto* const Edit = dynamic_cast<const QLineEdit*>(&Box)) Result += Plain(Edit->text()).toStdString();
       if (const auto* const Combo = dynamic_cast<const TCustomComboBox*>(Setting.Control))
         Result += std::to_string(Combo->ItemIndex()) + " of " + std::to_string(Combo->Items().Count());
       if (const auto* const Color = dynamic_cast<const TZyColorPickCombo*>(Setting.Control))
@@ -177,6 +177,13 @@ class TDialogWalk {
       Result += "\n";
     }
     return Result;
+  }
+
+  /// A number in one of its forms: an edit that is entered again shows the one that was typed.
+  static QString Plain(const QString& Text) {
+    bool IsNumber = false;
+    const double Number = Text.toDouble(&IsNumber);
+    return IsNumber ? QString::number(Number, 'g', 17) : Text;
   }
 
   static std::string Difference(const std::string& Shown, const std::string& Anew) {

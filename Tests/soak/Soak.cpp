@@ -28,6 +28,7 @@
 #include "graph/SampleChart.h"
 #include "persistence/RandomChart.h"
 #include "platform/controls/TApplication.h"
+#include "series/ZyFittedLine.h"
 #include "series/ZyPointSeries.h"
 #include "soak/DialogWalk.h"
 #include "soak/Others.h"
@@ -116,9 +117,12 @@ class TSoak {
   }
 
   static void SaveAndLoad(TUndoForm& Edited) {
-    for (TComponent* Component : Edited.Form.Components())
+    for (TComponent* Component : Edited.Form.Components()) {
       if (auto* const Control = dynamic_cast<TControl*>(Component); Control != nullptr && !Control->HasParent())
         return;  // an axis of a graph that is gone lies in the form when it comes back
+      if (auto* const Fit = dynamic_cast<TZyFittedLine*>(Component); Fit != nullptr && Fit->Order() == 0)
+        return;  // one with a formula has the coefficients of that when it comes back
+    }
     TForm Loaded;
     auto& Sample = *new TSample(&Loaded);  // only it makes its part
     Sample.SetName("Sample");
