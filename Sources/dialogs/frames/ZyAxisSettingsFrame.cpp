@@ -252,7 +252,7 @@ bool TZyAxisSettingsFrame::IsPrimary() const {
   return Graph != nullptr && (Graph->PrimaryXAxis() == FSelectedAxis || Graph->PrimaryYAxis() == FSelectedAxis);
 }
 
-/// Also when the graph has another primary axis, or the axis stands on another side.
+/// Also when the graph has another primary axis, or the axis stands on another side or follows another one.
 bool TZyAxisSettingsFrame::IsOutdated() {
   return TZySettingsFrame::IsOutdated() || (FSelectedAxis != nullptr && Standing() != FShownStanding);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <utility>
+#include <tuple>
 
 #include "axes/ZyAxis.h"
 #include "dialogs/frames/ZySettingsFrame.h"
@@ -45,10 +45,11 @@ class TZyAxisSettingsFrame : public TZySettingsFrame {
   std::vector<TZyAxis*> SelectedAxes() const;
   bool IsPrimary() const;
   /// What no control shows itself, and others depend on.
-  std::pair<bool, TZyAxisPosition> Standing() const { return {IsPrimary(), FSelectedAxis->Position()}; }
+  using TStanding = std::tuple<bool, TZyAxisPosition, bool>;
+  TStanding Standing() const { return {IsPrimary(), FSelectedAxis->Position(), FSelectedAxis->IsSlaveAxis()}; }
 
   bool FExtendedAxisOptions = false;
-  std::pair<bool, TZyAxisPosition> FShownStanding;
+  TStanding FShownStanding;
   TRef<TZyAxis> FSelectedAxis{this, &TZyAxisSettingsFrame::SetSelectedAxis};
   TRef<TComponent> FAxesList{this};
 };
