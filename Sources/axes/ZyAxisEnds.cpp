@@ -118,23 +118,22 @@ TZyAxisRange TZyAxisEnds::Asked() const {
 }
 
 void TZyAxisEnds::Settle(const TZyEndRounding& Rounding) {
+  FRoundedLength = Rounding.RoomLength();
   FIsRounded = !Pads() && !Rounding.KeepsEnds() && Rounding.Zoomed() == FRoundedZoomed && FShown == FRounded;
 }
 
 /// Zooming begins with what is shown, and comes back to it. Where a handler of the labels throws nothing is rounded,
-/// and the next layout begins with the same ends.
+/// and the next layout begins with the same ends; where it changes the axis the next layout rounds again.
 void TZyAxisEnds::Round(const TZyEndRounding& Rounding) {
-  if (FIsRounded) return;
+  if (FIsRounded && FRoundedLength == Rounding.RoomLength()) return;
+  FIsRounded = false;
   const TZyAxisRange Asks = Rounding.KeepsEnds() || !(Pads() || Rounding.Zoomed() == FRoundedZoomed) ? FShown : Asked();
+  const unsigned Known = FInvalidations;
   TZyAxisRange Ends = Asks;
-  FIsRounded = true;  // unless a handler changes the axis meanwhile
-  try {
-    Rounding.Round(Ends.Start, Ends.Stop);
-  } catch (...) {
-    FIsRounded = false;
-    throw;
-  }
+  Rounding.Round(Ends.Start, Ends.Stop);
   FShown = Ends;
+  FRoundedLength = Rounding.RoomLength();
+  FIsRounded = FInvalidations == Known;
   if (Rounding.KeepsEnds()) return;
   FAsked = Asks;
   FRounded = Ends;

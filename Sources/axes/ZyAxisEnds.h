@@ -73,12 +73,16 @@ class TZyAxisEnds {
   // ---- Rounding ----
 
   /// The rounding is out of date.
-  void Invalidate() { FIsRounded = false; }
+  void Invalidate() {
+    FIsRounded = false;
+    ++FInvalidations;
+  }
   /// Rounding has shown ends that follow from data: the next layout, which would begin with the same ones, need not
   /// round them once more, unless it pads them.
   void Settle(const TZyEndRounding& Rounding);
-  /// Rounds the ends where that was not done. An end that still is what the last rounding, and padding, made of it is
-  /// rounded again from where it was asked for: a change of anything else must not make an axis grow.
+  /// Rounds the ends where that was not done, or for another length. An end that still is what the last rounding, and
+  /// padding, made of it is rounded again from where it was asked for: a change of anything else must not make an axis
+  /// grow.
   void Round(const TZyEndRounding& Rounding);
   /// Shows the ends of a master, with the steps that rounding finds for them; rounding itself would move them off the
   /// master's.
@@ -102,6 +106,8 @@ class TZyAxisEnds {
   TZyAxisRange FValues{Largest, -Largest};
   bool FWaits = false;
   bool FIsRounded = false;
+  unsigned FInvalidations = 0;
+  double FRoundedLength = 0;  // of the labels' room at the last rounding
 };
 
 }  // namespace zy

@@ -31,6 +31,7 @@ int Rounded(float Value) { return static_cast<int>(std::lround(Value)); }
 TZyAxisLayout::TZyAxisLayout(TZyAxis& Axis)
     : FStarter(Axis),
       FParent(*Axis.Parent()),
+      FParentHandle(FParent.LiveHandle()),
       FGraph(dynamic_cast<IZyAxisGraph*>(&FParent)),
       FWidth(static_cast<float>(FParent.ClientWidth())),
       FHeight(static_cast<float>(FParent.ClientHeight())) {
@@ -41,7 +42,7 @@ TZyAxisLayout::TZyAxisLayout(TZyAxis& Axis)
 
 TZyAxisLayout::~TZyAxisLayout() {
   TZyAxis::LayoutRunning = false;
-  if (FIsDone) return;
+  if (FIsDone || FGraph == nullptr || TPersistent::FromLiveHandle(FParentHandle) == nullptr) return;
   for (TControl* Control : FParent.Controls())
     if (auto* const Axis = dynamic_cast<TZyAxis*>(Control)) Axis->SetLaidOut(false);
 }
@@ -70,11 +71,13 @@ void TZyAxisLayout::Run() {
   if (FGraph != nullptr) FGraph->SeriesModified();
 }
 
-/// All are told, also when one of them throws: the axes are laid out, and nothing would tell the others later.
+/// All controls are told, also when one of them throws: the axes are laid out, and nothing would tell the others later.
 void TZyAxisLayout::TellListeners(TWinControl& Parent) {
-  const std::vector<TControl*> Controls = Parent.Controls();  // a listener may free some of them
+  const std::vector<TControl*> Controls = Parent.Controls();  // a listener may free some of them, and the parent
+  const std::uint64_t Alive = Parent.LiveHandle();
   std::exception_ptr Failure;
-  const auto Try = [&Failure](const auto& Tell) {
+  const auto Try = [&](const auto& Tell) {
+    if (TPersistent::FromLiveHandle(Alive) == nullptr) return;
     try {
       Tell();
     } catch (...) {
@@ -83,8 +86,10 @@ void TZyAxisLayout::TellListeners(TWinControl& Parent) {
   };
   const auto ForEach = [&](const auto& Tell) {
     for (TControl* Control : Controls)
-      if (std::find(Parent.Controls().begin(), Parent.Controls().end(), Control) != Parent.Controls().end())
-        Try([&] { Tell(Control); });
+      Try([&] {
+        if (std::find(Parent.Controls().begin(), Parent.Controls().end(), Control) != Parent.Controls().end())
+          Tell(Control);
+      });
   };
   ForEach([](TControl* Control) {
     auto* const Axis = dynamic_cast<TZyAxis*>(Control);

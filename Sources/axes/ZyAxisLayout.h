@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "axes/ZyAxis.h"
@@ -75,6 +76,7 @@ class TZyAxisLayout {
 
   TZyAxis& FStarter;
   TWinControl& FParent;
+  std::uint64_t FParentHandle;
   IZyAxisGraph* FGraph;
   std::vector<TZyAxis*> FAxes;  // in control order
   float FWidth;                 // of the client area
@@ -82,7 +84,7 @@ class TZyAxisLayout {
   TSide FLeft, FRight, FTop, FBottom;
   bool FShowScrollH = false;
   bool FShowScrollV = false;
-  bool FIsDone = false;  // else a handler threw: all axes have to be laid out again
+  bool FIsDone = false;  // else a handler threw: all axes of a graph have to be laid out again
 };
 
 }  // namespace zy

@@ -1,6 +1,7 @@
 // The ends of an axis: what sets them, and how data, a master, zooming and scrolling move them.
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 #include "axes/ZyAxis.h"
@@ -151,17 +152,19 @@ void TZyAxis::GetNewRanges() {
   const TZyAxisSteps Kept = FSteps;
   const TZyEndRounding Way = Rounding();
   TZyAxisRange Range = *Taken;
+  const std::uint64_t Alive = LiveHandle();
   try {
     Way.Round(Range.Start, Range.Stop);
   } catch (...) {  // a handler of the labels refused: these are half chosen, and the data go on to wait
+    if (FromLiveHandle(Alive) == nullptr) throw;
     FSteps = Kept;
     FEnds.DataChanged();
     throw;
   }
   if (FEnds.ShowTaken(*Taken, Range)) {
-    FEnds.Settle(Way);
-    FNeedsRecalculate = true;
-    DoInvalidate();
+    Modified();
+    // What a handler shows may rest on the ends, and ends of logarithms, and those of slaves, rest on more than these.
+    if (!mGetScaleLabel && !IsSlave() && !FKind->IsLogarithmic()) FEnds.Settle(Way);
   } else {
     FSteps = Kept;  // the ends that stand were rounded to these steps
   }

@@ -46,6 +46,8 @@ class TZyEndRounding {
   /// Whether ends stay as they are.
   bool KeepsEnds() const { return FNow.KeepsEnds; }
   bool Zoomed() const { return FNow.Zoomed; }
+  /// Pixels that the labels have along the axis.
+  double RoomLength() const { return FRoom.Length; }
 
   const TZyScaleKind& Kind() const { return FKind; }
   /// Ends that stand as they are: steps that were chosen for others go on to hold as far as they can.

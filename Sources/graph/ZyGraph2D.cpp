@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "graph/parts/ZyGraphDialogs.h"
 #include "persistence/ZyIO.h"
@@ -179,9 +180,16 @@ void TZyGraph2D::LegendsModified() {
 }
 
 /// Runs on the control thread, some ten times a second: data that came since the last paint move the axes, and so bring
-/// about the next one.
+/// about the next one. What a handler refuses is tried again by that, and not by the next poll.
 void TZyGraph2D::SeriesPoll() {
-  if (!Updating() && !FNeedsRecalculate && !IsDestroying()) TestSeriesAndAxis();
+  if (Updating() || FNeedsRecalculate || IsDestroying()) return;
+  const std::uint64_t Alive = LiveHandle();
+  try {
+    TestSeriesAndAxis();
+  } catch (...) {
+    if (FromLiveHandle(Alive) != nullptr) Modified();
+    throw;
+  }
 }
 
 std::vector<TZyDoubleVector*> TZyGraph2D::GetVectorsList() const {
