@@ -122,13 +122,16 @@ const TDecade& DecadeOf(int Exponent) {
   static const auto Decades = [] {
     constexpr double Slightly = 1e-5;
     std::array<TDecade, 2 * FarDecade + 1> Result;
-    for (int Each = -FarDecade; Each <= FarDecade; ++Each) {
-      const double First = Each < 0 ? 1 / PowerOfTen(-Each) : PowerOfTen(Each);
-      Result[static_cast<std::size_t>(Each + FarDecade)] = {First, First * (10 - Slightly)};
+    int Each = -FarDecade;
+    for (TDecade& Decade : Result) {
+      Decade.First = Each < 0 ? 1 / PowerOfTen(-Each) : PowerOfTen(Each);
+      Decade.Last = Decade.First * (10 - Slightly);
+      ++Each;
     }
     return Result;
   }();
-  return Decades[static_cast<std::size_t>(Exponent + FarDecade)];
+  const int Place = Exponent + FarDecade;
+  return Decades[static_cast<std::size_t>(Place)];
 }
 
 /// The decimal exponent of a number that no rounding of its digits takes into the next decade; nothing for others. A
