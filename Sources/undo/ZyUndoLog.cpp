@@ -75,13 +75,13 @@ void TZyUndoLog::Commit() {
 }
 
 void TZyUndoLog::Withdraw() {
-  FWriter->FlushBuffer();
   FRecords.pop_back();
   --FCurrentRecord;
   if (!FEntries.empty() && FEntries.back() == FFirstRecord + FCurrentRecord + 1) {
     FEntries.pop_back();
     --FCurrentEntry;
   }
+  FWriter->FlushBuffer();  // which a full disk may refuse
 }
 
 void TZyUndoLog::CutOldest(TStream& Scratch) {
