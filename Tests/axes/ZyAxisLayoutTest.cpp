@@ -330,6 +330,25 @@ TEST(ZyAxisLayoutTest, TellsMarkersAndLeavesTheFlagClear) {
   EXPECT_EQ(Marker.After, 2) << "nobody would tell it later";
 }
 
+TEST(ZyAxisLayoutTest, OtherAxesThanThePrimaryOnesAreRoundedForTheirNewLength) {
+  TSampleChart Chart(600, 700);
+  auto* const Axis = new TZyAxis(&Chart.Form);
+  Axis->SetPosition(Right);
+  Axis->SetParent(Chart.Graph);
+  TZySeries* const Series = Chart.AddSeries("A", {0, 1}, {0, 7600});
+  Series->SetYAxis(Axis);
+  Chart.Paint();
+  const auto State = [&] { return std::tuple(Axis->Stop(), Axis->LabelPart(), Axis->Ticks().size()); };
+  const auto High = State();
+  Chart.Graph->SetBounds(0, 0, 600, 160);
+  Chart.Paint();
+  const auto Low = State();
+  EXPECT_NE(Low, High) << "nine labels do not fit any more";
+  Axis->Modified();
+  Chart.Paint();
+  EXPECT_EQ(State(), Low);
+}
+
 TEST(ZyAxisLayoutTest, PanningMovesTicksOnly) {
   TSampleChart Chart;
   Chart.Graph->Calculate();
