@@ -71,7 +71,7 @@ void TZyAxisLayout::Run() {
   if (FGraph != nullptr) FGraph->SeriesModified();
 }
 
-/// All controls are told, also when one of them throws: the axes are laid out, and nothing would tell the others later.
+/// All are told, also when one of them throws: the axes are laid out, and nothing would tell the others later.
 void TZyAxisLayout::TellListeners(TWinControl& Parent) {
   const std::vector<TControl*> Controls = Parent.Controls();  // a listener may free some of them, and the parent
   const std::uint64_t Alive = Parent.LiveHandle();
