@@ -214,6 +214,26 @@ TEST(MetafileTest, GradientsAndClipsAreAlikeInAllFormats) {
   EXPECT_LE(PixelsOff(Direct, FromPdf(Page, Folder)), 10);
 }
 
+TEST(MetafileTest, AGradientOfCountlessPeriodsBecomesTheirAverage) {
+  ZY_NEED_PROGRAM("pdftoppm");
+  const testing::TScratchFolder Folder;
+  for (const float Thin : {1e-30f, 1e-6f, 0.05f}) {
+    Metafile Page(240, 192);
+    {
+      Graphics Canvas(Page);
+      const LinearGradientBrush Ramp({0, 0}, {0, Thin}, 0xFF200040, 0xFF6080C0);
+      Canvas.FillRectangle(Ramp, 20, 20, 60, 60);
+      Canvas.DrawLine(Pen(Ramp, 9), 100, 30, 200, 30);
+      Canvas.DrawString("W", Font("Arial", 9), Ramp, 100, 60);
+    }
+    TMemoryStream File;
+    Page.Save(File, "PDF");
+    EXPECT_LT(File.Bytes().size(), 40'000) << Thin;
+    // The mean of both colours.
+    ExpectSpots(FromPdf(Page, Folder), {{50, 50, 0xFF404080}, {150, 30, 0xFF404080}, {10, 50, 0xFFFFFFFF}}, 2);
+  }
+}
+
 TEST(MetafileTest, HolesThatLieOverEachOtherAreCutOutAtTheCostOfTheirOutline) {
   ZY_NEED_PROGRAM("pdftoppm");
   const testing::TScratchFolder Folder;

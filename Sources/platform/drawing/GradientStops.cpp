@@ -28,6 +28,22 @@ void FillBetween(std::span<std::uint32_t> Colors, std::size_t First, float StepL
   for (std::uint32_t& Color : Colors) Color = qPremultiply(Color);
 }
 
+/// The colour of a whole period, as it looks from afar.
+QColor Average(const QGradientStops& Stops) {
+  double Alpha = 0, Red = 0, Green = 0, Blue = 0;
+  for (qsizetype Index = 1; Index < Stops.size(); ++Index) {
+    const double Share = (Stops[Index].first - Stops[Index - 1].first) / 2;
+    for (const QColor& Color : {Stops[Index - 1].second, Stops[Index].second}) {
+      Alpha += Share * Color.alpha();
+      Red += Share * Color.red();
+      Green += Share * Color.green();
+      Blue += Share * Color.blue();
+    }
+  }
+  const auto Whole = [](double Channel) { return std::clamp(static_cast<int>(std::lround(Channel)), 0, 255); };
+  return {Whole(Red), Whole(Green), Whole(Blue), Whole(Alpha)};
+}
+
 }  // namespace
 
 std::vector<TGradientStop> MakeStops(std::span<const ARGB> Colors, std::span<const float> Positions) {
@@ -84,6 +100,23 @@ QGradientStops AsQt(std::span<const TGradientStop> Stops, double Scale) {
 void SetStops(QGradient& Gradient, const QGradientStops& Stops) {
   Gradient.setInterpolationMode(QGradient::ComponentInterpolation);  // the toolkit's own way mixes premultiplied
   Gradient.setStops(Stops);
+}
+
+QBrush WithCountablePeriods(const QBrush& Brush, const QTransform& ToPage, const QRectF& Page) {
+  constexpr double Most = 1000, Farthest = 1e6;  // periods
+  if (Brush.style() != Qt::LinearGradientPattern || Brush.gradient()->spread() == QGradient::PadSpread) return Brush;
+  const auto& Gradient = *static_cast<const QLinearGradient*>(Brush.gradient());
+  const QPointF Way = Gradient.finalStop() - Gradient.start();
+  const double Square = QPointF::dotProduct(Way, Way);
+  bool IsInvertible = false;
+  const QTransform FromPage = (Brush.transform() * ToPage).inverted(&IsInvertible);
+  std::vector<double> Places;
+  for (const QPointF& Corner : {Page.topLeft(), Page.topRight(), Page.bottomRight(), Page.bottomLeft()})
+    Places.push_back(QPointF::dotProduct(FromPage.map(Corner) - Gradient.start(), Way) / Square);
+  const auto [First, Last] = std::ranges::minmax_element(Places);
+  const bool IsCountable =
+      IsInvertible && std::ranges::all_of(Places, [](double Place) { return std::abs(Place) <= Farthest; });
+  return IsCountable && *Last - *First <= Most ? Brush : QBrush(Average(Gradient.stops()));
 }
 
 }  // namespace zy

@@ -3,6 +3,8 @@
 // Colours along a gradient; for the sources of this folder.
 
 #include <QBrush>
+#include <QRectF>
+#include <QTransform>
 #include <span>
 #include <vector>
 
@@ -27,5 +29,10 @@ QGradientStops AsQt(std::span<const TGradientStop> Stops, double Scale);
 
 /// Gives a gradient of the toolkit its stops, interpolated as ColorAt does it. That is how SVG viewers do it, too.
 void SetStops(QGradient& Gradient, const QGradientStops& Stops);
+
+/// The brush for a page of which ToPage leads from the shapes. The toolkit writes down each period of a gradient on the
+/// whole of a page: one with more of them than anybody could tell apart becomes its colour on average, any other brush
+/// stays as it is.
+QBrush WithCountablePeriods(const QBrush& Brush, const QTransform& ToPage, const QRectF& Page);
 
 }  // namespace zy

@@ -183,7 +183,9 @@ QBrush TPainterBackend::BrushOf(const TDrawState& State, TGrid Grid, const Brush
     const QTransform World = WorldTransform(State, Grid);
     Result.setTransform(FImage != nullptr ? World.inverted() : *FBase * World.inverted());
   }
-  return Result;
+  if (FImage != nullptr) return Result;
+  const QPaintDevice& Page = *FPainter->device();
+  return WithCountablePeriods(Result, WorldTransform(State, Grid), QRectF(0, 0, Page.width(), Page.height()));
 }
 
 /// Fills an empty picture, which lies at ToPicture, seen from the state's coordinates.
