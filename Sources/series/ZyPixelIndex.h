@@ -21,7 +21,9 @@ class TZyPixelIndex {
   };
 
   /// The pixels are others now.
-  void Reset() { FIsBuilt = false; }
+  void Reset() {
+    if (FIsBuilt) *this = {};
+  }
   /// Position of the first pixel that lies at most Delta from a place in x and in y; -1 for none.
   int FirstWithin(std::span<const PointF> Pixels, PointF Place, float Delta);
   /// The nearest pixel among those within Area, its edges included; the first of equally near ones.

@@ -1,6 +1,7 @@
 #include "platform/drawing/Graphics.h"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <QImage>
 #include <QPainter>
@@ -357,6 +358,27 @@ TEST(FontTest, OneBitGlyphsHaveNoGreyPixels) {
     EXPECT_EQ(Rows.find('+') != std::string::npos, Hint == TextRenderingHintSystemDefault);
     EXPECT_GT(InkBox(Picture).Right, 40);
   }
+}
+
+TEST(GraphicsTest, WhatAPosterNeededIsGivenBack) {
+  const auto Megabytes = [] {
+    const struct mallinfo2 Info = mallinfo2();  // nothing under a sanitizer, which then finds nothing here
+    return static_cast<double>(Info.uordblks + Info.hblkhd) / (1 << 20);
+  };
+  const double Before = Megabytes();
+  {
+    Bitmap Poster(5000, 4000);
+    Graphics Canvas(Poster);
+    Canvas.SetSmoothingMode(SmoothingModeAntiAlias);
+    const PointF Corners[] = {{10, 10}, {4990, 1300}, {2500, 3990}};
+    Canvas.FillPolygon(SolidBrush(0x80112233), Corners);
+    GraphicsPath Hole;
+    Hole.AddEllipse({10, 10, 4980, 3980});
+    Canvas.ExcludeClip(Region(Hole));
+    Canvas.FillRectangle(SolidBrush(0xFF445566), 0, 0, 5000, 4000);
+    EXPECT_EQ(Poster.GetPixel(1, 1), 0xFF445566);
+  }
+  EXPECT_LT(Megabytes(), Before + 8);
 }
 
 TEST(FontFamilyTest, KnowsWhatExists) {

@@ -442,6 +442,14 @@ void FillCaches() {
     for (unsigned Look = 0; Look < 512; ++Look)
       Gr.DrawString("text", Font("Arial", 10), SolidBrush(0xFF000000 + Look), 10, 10);
   });
+  PictureOf(2000, 1500, [](Graphics& Gr) {  // larger than any other one, for what is kept for each pixel
+    Gr.SetSmoothingMode(SmoothingModeAntiAlias);
+    GraphicsPath Hole;
+    Hole.AddEllipse({0, 0, 2000, 1500});
+    Gr.FillPath(SolidBrush(0x80000000), Hole);
+    Gr.ExcludeClip(Region(Hole));
+    Gr.FillRectangle(SolidBrush(0x80000000), 0, 0, 2000, 1500);
+  });
 }
 
 int Run(double Seconds, unsigned Seed) {

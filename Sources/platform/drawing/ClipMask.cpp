@@ -31,6 +31,8 @@ TRasterCells& Cells() {
 
 }  // namespace
 
+void TClipMask::ReleaseMemory() { Cells() = {}; }
+
 std::vector<std::vector<PointF>> OutlineOf(const Region::TPart& Part, const QTransform& ToDevice) {
   const QTransform Place = AsQt(Part.Transform);
   if (!Part.IsRect) return Part.Path->Flatten(FromQt(Place * QTransform::fromTranslate(0.5, 0.5) * ToDevice));

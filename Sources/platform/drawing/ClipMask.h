@@ -19,6 +19,8 @@ class TClipMask {
   void Update(const Region& Clip, const QTransform& ToDevice, int Width, int Height);
   const std::uint8_t* Bytes() const { return FBytes.data(); }
   int Stride() const { return FWidth; }
+  /// Gives back what the thread keeps from mask to mask.
+  static void ReleaseMemory();
 
  private:
   void Apply(const Region::TPart& Part, const QTransform& ToDevice);

@@ -14,6 +14,7 @@
 #include "platform/drawing/PainterShapes.h"
 #include "platform/drawing/Pen.h"
 #include "platform/drawing/QtGeometry.h"
+#include "platform/drawing/ZyRasterSum.h"
 #include "platform/framework/WideRegisters.h"
 
 namespace zy {
@@ -39,6 +40,12 @@ TPainterBackend::TPainterBackend(QPainter& Target) : FPainter(&Target) { Begin()
 TPainterBackend::~TPainterBackend() {
   Settle();
   FPainter->restore();
+  // The next paint of a screen is glad of the memory; that of a poster may be many times what the program needs.
+  constexpr std::int64_t LargestScreen = 1 << 24;  // pixels
+  if (std::int64_t{FOuterBox.Right - FOuterBox.Left} * (FOuterBox.Bottom - FOuterBox.Top) <= LargestScreen) return;
+  TZyRaster::ReleaseMemory();
+  TRasterSum::ReleaseMemory();
+  TClipMask::ReleaseMemory();
 }
 
 // The painter as it came stays on its own stack throughout: its clip cannot be widened, only gone back to.

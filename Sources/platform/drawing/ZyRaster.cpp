@@ -298,6 +298,8 @@ void TZyRaster::Paint(TRasterCells& Cells, bool Winding, int Opacity, const TRas
   Cells.Sweep(Winding, Blender);
 }
 
+void TZyRaster::ReleaseMemory() { Scratch() = {}; }
+
 void TZyRaster::StrokeLines(std::span<const PointF> Points, const TRasterStroke& Stroke, const TRasterPaint& Paint) {
   constexpr double WidestLine = 1e6;
   if (Points.empty() || FClip.Box.IsEmpty() || !std::isfinite(Stroke.Width) || !(Stroke.Width > 0)) return;

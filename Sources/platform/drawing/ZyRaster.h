@@ -139,6 +139,8 @@ class TZyRaster {
   /// Several polygons as one shape that does not overlap itself, filled Count times in a colour 0xAARRGGBB, each time
   /// moved on by Step: at the cost of one fill of all that is touched.
   void FillTrail(std::span<const std::span<const PointF>> Polygons, PointF Step, int Count, std::uint32_t Color);
+  /// Gives back what the thread keeps from shape to shape, some bytes a pixel of the largest one. Not within a call.
+  static void ReleaseMemory();
 
  private:
   void Paint(TRasterCells& Cells, bool Winding, int Opacity, const TRasterPaint& Paint);

@@ -27,6 +27,8 @@ class TRasterSum {
   /// Blends a colour, whose alpha the sums have already, as far as sums and clip say; Box lies within the target.
   static void Blend(const TRasterTarget& Target, const TRasterClip& Clip, const TRasterRect& Box,
                     std::span<const std::uint16_t> Sums, std::uint32_t Color);
+  /// Gives back what the thread keeps for the next sums. Not while there are any.
+  static void ReleaseMemory() { Scratch() = {}; }
 
  private:
   struct TScratch {

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t PointsOfBlock = 1 << 14;  // as long to draw as some threads take to start
 constexpr int MostBlocks = 32;                  // that wait
+constexpr std::size_t KeptBlocks = 8;           // for the next lines
 constexpr int MostLanes = 32;
 constexpr int Together = 16;  // columns of a picture that no two processors write at once: a line of their caches
 
@@ -79,6 +80,7 @@ void TRasterThinQueue::Finish() {
   FCrew.reset();
   if (FNext != nullptr) FNext->Draw(FTarget, 0, FTarget.Width);
   FNext = nullptr;
+  if (FBlocks.size() > KeptBlocks) FBlocks.resize(KeptBlocks);  // how many there were depends on the threads' pace
   for (const std::unique_ptr<TBlock>& Block : FBlocks) Block->Clear();
 }
 

@@ -14,7 +14,7 @@ namespace zy {
 /// Thin lines that are gathered and drawn by all processors, while the caller prepares more of them: each draws the
 /// lines, one after the other, in columns of its own. The pixels are those of TZyRaster::ThinLine.
 ///
-/// Short queues are drawn by the caller alone. Memory is kept for the next ones, some megabytes at most.
+/// Short queues are drawn by the caller alone. Some megabytes of memory at most are kept for the next ones.
 class TRasterThinQueue {
  public:
   TRasterThinQueue();
