@@ -103,7 +103,7 @@ void SetStops(QGradient& Gradient, const QGradientStops& Stops) {
 }
 
 QBrush WithCountablePeriods(const QBrush& Brush, const QTransform& ToPage, const QRectF& Page) {
-  constexpr double Most = 1000, Farthest = 1e6;  // periods
+  constexpr double Most = 1000, Farthest = 1e5, Least = 1e-9;  // periods
   if (Brush.style() != Qt::LinearGradientPattern || Brush.gradient()->spread() == QGradient::PadSpread) return Brush;
   const auto& Gradient = *static_cast<const QLinearGradient*>(Brush.gradient());
   const QPointF Way = Gradient.finalStop() - Gradient.start();
@@ -116,7 +116,11 @@ QBrush WithCountablePeriods(const QBrush& Brush, const QTransform& ToPage, const
   const auto [First, Last] = std::ranges::minmax_element(Places);
   const bool IsCountable =
       IsInvertible && std::ranges::all_of(Places, [](double Place) { return std::abs(Place) <= Farthest; });
-  return IsCountable && *Last - *First <= Most ? Brush : QBrush(Average(Gradient.stops()));
+  if (!IsCountable || *Last - *First > Most) return QBrush(Average(Gradient.stops()));
+  if (*Last - *First > Least) return Brush;
+  std::vector<TGradientStop> Stops;
+  for (const auto& [Position, Color] : Gradient.stops()) Stops.push_back({static_cast<float>(Position), Color.rgba()});
+  return QBrush(QColor::fromRgba(ColorAt(Stops, static_cast<float>(*First - std::floor(*First)))));
 }
 
 }  // namespace zy

@@ -30,9 +30,10 @@ QGradientStops AsQt(std::span<const TGradientStop> Stops, double Scale);
 /// Gives a gradient of the toolkit its stops, interpolated as ColorAt does it. That is how SVG viewers do it, too.
 void SetStops(QGradient& Gradient, const QGradientStops& Stops);
 
-/// The brush for a page of which ToPage leads from the shapes. The toolkit writes down each period of a gradient on the
-/// whole of a page: one with more of them than anybody could tell apart becomes its colour on average, any other brush
-/// stays as it is.
+/// The brush for a page to which ToPage leads from the shapes. The toolkit writes down each period of a gradient on the
+/// whole of a page, and fails where it can tell no part of one: one with more of them than anybody could tell apart
+/// becomes its colour on average, one that changes nowhere on the page the colour that it has there, and any other
+/// brush stays as it is.
 QBrush WithCountablePeriods(const QBrush& Brush, const QTransform& ToPage, const QRectF& Page);
 
 }  // namespace zy
