@@ -271,9 +271,11 @@ bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush,
   // Some viewers stretch pictures to whole pixels; this one is some at the page's own size.
   const double Offset = Grid == TGrid::Centers ? 0.5 : 0.0;
   const QTransform ToPage = AsQt(State.Transform) * QTransform::fromTranslate(Offset, Offset);
-  const bool IsNear = QRectF(-1e6, -1e6, 2e6, 2e6).contains(ToPage.mapRect(Box));
+  const QRectF Place = ToPage.mapRect(Box);
+  constexpr double Near = 1e6;  // nor is what is no number
+  const bool IsNear = Place.left() > -Near && Place.right() < Near && Place.top() > -Near && Place.bottom() < Near;
   if (IsNear && ToPage.type() <= QTransform::TxScale && ToPage.isInvertible())
-    Box = ToPage.inverted().mapRect(QRectF(ToPage.mapRect(Box).toAlignedRect()));
+    Box = ToPage.inverted().mapRect(QRectF(Place.toAlignedRect()));
   const double Side = std::max(Box.width(), Box.height());
   if (!(Side > 0)) return true;
   const double Scale = std::min(Finer, LargestSide / Side);
