@@ -59,6 +59,15 @@ TEST_F(SettingsFramesTest, EveryControlOfAxes) {
   Second->SetScaling(TZyAxisScaling::Rubrics);
   Frame.SetSelectedAxis(Second);
   EXPECT_GT(ChangeAll(Frame, *Second), 30) << "with a master axis";
+  Second->SetPosition(TZyAxisPosition::Bottom);
+  Frame.UpdateControls();
+  const auto& Masters = Frame.Part<TZyObjectCombo>("MasterAxisCombo");
+  EXPECT_EQ(Masters.ObjectCount(), 2) << "none and X";
+  FChart.X->SetPosition(TZyAxisPosition::Left);
+  EXPECT_TRUE(Frame.IsOutdated()) << "another axis runs another way";
+  Frame.UpdateControls();
+  EXPECT_EQ(Masters.ObjectCount(), 1);
+  EXPECT_FALSE(Frame.IsOutdated());
 }
 
 TEST_F(SettingsFramesTest, SeveralAxesAreOneStep) {

@@ -252,9 +252,11 @@ bool TZyAxisSettingsFrame::IsPrimary() const {
   return Graph != nullptr && (Graph->PrimaryXAxis() == FSelectedAxis || Graph->PrimaryYAxis() == FSelectedAxis);
 }
 
-/// Also when the graph has another primary axis, or the axis stands on another side or follows another one.
+/// Also when the graph has another primary axis, or the axis stands on another side or follows another one, or others
+/// run the same way now.
 bool TZyAxisSettingsFrame::IsOutdated() {
-  return TZySettingsFrame::IsOutdated() || (FSelectedAxis != nullptr && Standing() != FShownStanding);
+  return TZySettingsFrame::IsOutdated() ||
+         (FSelectedAxis != nullptr && (Standing() != FShownStanding || MastersDiffer(*FSelectedAxis)));
 }
 
 void TZyAxisSettingsFrame::ControlsUpdated() {
@@ -305,19 +307,34 @@ void TZyAxisSettingsFrame::ShowSlaveOptions(const TZyAxis& Axis) {
 }
 
 /// The axes of the list, or of the graph, that run the same way.
+std::vector<TZyAxis*> TZyAxisSettingsFrame::Masters(const TZyAxis& Axis) const {
+  std::vector<TZyAxis*> Result;
+  const auto Offer = [&](TZyAxis& Other) {
+    if (&Other != &Axis && Other.GetHorizontal() == Axis.GetHorizontal()) Result.push_back(&Other);
+  };
+  if (const auto* const List = static_cast<const TZyObjectListBox*>(FAxesList.Get())) {
+    for (int Index = 0; Index < List->ObjectCount(); ++Index)
+      if (auto* const Other = dynamic_cast<TZyAxis*>(List->ObjectAt(Index))) Offer(*Other);
+  } else if (const auto* const Graph = dynamic_cast<const TZyGraph2D*>(Axis.Parent())) {
+    Graph->ForEachAxis(Offer);
+  }
+  return Result;
+}
+
+/// Whether the list offers other axes than there are.
+bool TZyAxisSettingsFrame::MastersDiffer(const TZyAxis& Axis) const {
+  const auto& Combo = Part<TZyObjectCombo>("MasterAxisCombo");
+  int Index = 0;  // of the one before: the first is no axis
+  for (const TZyAxis* Master : Masters(Axis))
+    if (Combo.ObjectAt(++Index) != Master) return true;
+  return Index + 1 != Combo.ObjectCount();
+}
+
 void TZyAxisSettingsFrame::FillMasters(const TZyAxis& Axis) {
   auto& Combo = Part<TZyObjectCombo>("MasterAxisCombo");
   Combo.ClearObjects();
   Combo.AddObject(LoadResString(_sNotASlave), nullptr);
-  const auto Offer = [&](const TZyAxis& Other) {
-    if (&Other != &Axis && Other.GetHorizontal() == Axis.GetHorizontal()) Combo.AddObject("A", &Other);
-  };
-  if (const auto* const List = static_cast<const TZyObjectListBox*>(FAxesList.Get())) {
-    for (int Index = 0; Index < List->ObjectCount(); ++Index)
-      if (const auto* const Other = dynamic_cast<const TZyAxis*>(List->ObjectAt(Index))) Offer(*Other);
-  } else if (const auto* const Graph = dynamic_cast<const TZyGraph2D*>(Axis.Parent())) {
-    Graph->ForEachAxis(Offer);
-  }
+  for (TZyAxis* Master : Masters(Axis)) Combo.AddObject("A", Master);
   Combo.SetItemIndex(Axis.MasterAxis() == nullptr ? 0 : Combo.IndexOfObject(Axis.MasterAxis()));
 }
 

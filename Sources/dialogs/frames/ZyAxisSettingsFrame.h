@@ -1,6 +1,7 @@
 #pragma once
 
 #include <tuple>
+#include <vector>
 
 #include "axes/ZyAxis.h"
 #include "dialogs/frames/ZySettingsFrame.h"
@@ -41,6 +42,8 @@ class TZyAxisSettingsFrame : public TZySettingsFrame {
   void ShowEnds(const TZyAxis& Axis);
   void SetScalingGroup(const TZyAxis& Axis);
   void ShowSlaveOptions(const TZyAxis& Axis);
+  std::vector<TZyAxis*> Masters(const TZyAxis& Axis) const;
+  bool MastersDiffer(const TZyAxis& Axis) const;
   void FillMasters(const TZyAxis& Axis);
   std::vector<TZyAxis*> SelectedAxes() const;
   bool IsPrimary() const;

@@ -175,9 +175,11 @@ class TOutline {
 QPainterPath JoinedShapes(std::span<const QPainterPath> Shapes, const QRectF& Within) {
   QRectF Box;
   for (const QPainterPath& Shape : Shapes) Box |= Shape.boundingRect();
-  const int First = static_cast<int>(std::floor(std::max(Box.top(), Within.top()) * RowsPerUnit));
-  const int End = static_cast<int>(std::ceil(std::min(Box.bottom(), Within.bottom()) * RowsPerUnit));
-  if (First >= End) return {};
+  const double Top = std::max(Within.top(), Box.top());
+  const double Bottom = std::min(Within.bottom(), Box.bottom());
+  if (Top >= Bottom) return {};  // beside it, maybe farther than rows can count
+  const int First = static_cast<int>(std::floor(Top * RowsPerUnit));
+  const int End = static_cast<int>(std::ceil(Bottom * RowsPerUnit));
   std::vector<std::vector<TSpan>> Rows(static_cast<std::size_t>(End - First));
   for (const QPainterPath& Shape : Shapes)
     ForEachSpan(Shape, First, End,
