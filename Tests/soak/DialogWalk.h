@@ -85,6 +85,8 @@ class TDialogWalk {
     if (What < 6) return Choose();
     TZySettingsForm* const Form = AnyOf(Dialogs());
     if (Form == nullptr) return "nothing";
+    Form->Widget()->activateWindow();  // where a user types
+    HandleEvents();
     if (What < 9) return ClickAButton(*Form);
     const std::vector<TZySetting> Settings = ShownSettings(*Form);
     if (Settings.empty()) return "nothing";
