@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
+#include <QPainter>
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -12,6 +14,7 @@
 #include <vector>
 
 #include "drawing/Pixels.h"
+#include "platform/drawing/Graphics.h"
 #include "platform/drawing/GraphicsPath.h"
 #include "platform/drawing/Pen.h"
 #include "texts/Exceptions.h"
@@ -79,6 +82,31 @@ TEST(LinearGradientBrushTest, ColoursLieWhereTheAngleAndTheStopsPutThem) {
   for (const std::vector<float>& Wrong :
        {std::vector<float>{0, 1}, {0.1f, 0.5f, 1}, {0, 0.5f, 0.9f}, {0, 2, 1}, {0, Nan, 1}})
     EXPECT_THROW(Three.SetInterpolationColors(Colors, Wrong), ERangeError);
+}
+
+TEST(LinearGradientBrushTest, BeginsAnewAtNoEdgeOfItsOwnBox) {
+  for (const double Ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0})
+    for (const bool IsUpright : {false, true})
+      for (float Start = 5; Start < 8; Start += 0.25f) {
+        QImage Picture(100, 100, QImage::Format_ARGB32_Premultiplied);
+        Picture.setDevicePixelRatio(Ratio);
+        Picture.fill(Qt::white);
+        const RectF Box = IsUpright ? RectF{2, Start, 25, 20} : RectF{Start, 2, 20, 25};
+        {
+          QPainter Painter(&Picture);
+          Graphics Canvas(Painter);
+          Canvas.SetSmoothingMode(SmoothingModeAntiAlias);
+          const auto Mode = IsUpright ? LinearGradientModeVertical : LinearGradientModeHorizontal;
+          Canvas.FillRectangle(LinearGradientBrush(Box, 0xFFFF0000, 0xFF0000FF, Mode), Box.X, Box.Y, Box.Width,
+                               Box.Height);
+        }
+        const int Middle = static_cast<int>((static_cast<double>(Start) + 10) * Ratio);
+        for (int Place = 0; Place < 100; ++Place) {
+          const QRgb Color = IsUpright ? Picture.pixel(20, Place) : Picture.pixel(Place, 20);
+          const int Redder = Place < Middle ? qRed(Color) - qBlue(Color) : qBlue(Color) - qRed(Color);
+          EXPECT_TRUE(Redder >= 0 || std::abs(Place - Middle) <= 2) << Ratio << ' ' << Start << ' ' << Place;
+        }
+      }
 }
 
 TEST(PathGradientBrushTest, RunsFromTheOutlineToItsCentrePoint) {

@@ -214,6 +214,27 @@ TEST(MetafileTest, GradientsAndClipsAreAlikeInAllFormats) {
   EXPECT_LE(PixelsOff(Direct, FromPdf(Page, Folder)), 10);
 }
 
+TEST(MetafileTest, GradientsBeginAnewAtNoEdgeOfTheirOwnBox) {
+  ZY_NEED_PROGRAM("pdftoppm");
+  const testing::TScratchFolder Folder;
+  Metafile Page(240, 192);
+  {
+    Graphics Canvas(Page);
+    for (const ARGB Opacity : {0xFF000000, 0xFE000000}) {  // the second as a picture
+      const float Top = Opacity == 0xFF000000 ? 20 : 100;
+      const RectF Box{20.5f, Top, 60, 60};
+      Canvas.FillRectangle(LinearGradientBrush(Box, Opacity, Opacity | 0xFFFF00, LinearGradientModeHorizontal), Box.X,
+                           Box.Y, Box.Width, Box.Height);
+    }
+  }
+  // Half a pixel of black on white is a grey, half a pixel of yellow is none.
+  const Bitmap Shown = FromPdf(Page, Folder);
+  for (const int Y : {50, 130}) {
+    const ARGB Color = Shown.GetPixel(20, Y);
+    EXPECT_NEAR(Color >> 16 & 255, Color & 255, 5) << Y;
+  }
+}
+
 TEST(MetafileTest, GradientsThatNobodyCanTellApartArePlain) {
   ZY_NEED_PROGRAM("pdftoppm");
   const testing::TScratchFolder Folder;
@@ -234,7 +255,7 @@ TEST(MetafileTest, GradientsThatNobodyCanTellApartArePlain) {
   }
   Metafile Page(240, 192);
   Graphics(Page).FillRectangle(LinearGradientBrush({-1e24f, 0}, {0, 0}, 0xFF200040, 0xFF6080C0), 20, 20, 60, 60);
-  ExpectSpots(FromPdf(Page, Folder), {{50, 50, 0xFF200040}}, 2);  // where a period ends, and the next one begins
+  ExpectSpots(FromPdf(Page, Folder), {{50, 50, 0xFF6080C0}}, 2);  // beside a period's end
 }
 
 TEST(MetafileTest, HolesThatLieOverEachOtherAreCutOutAtTheCostOfTheirOutline) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <utility>
 
 #include "texts/Exceptions.h"
 #include "texts/ZyLocalize.h"
@@ -102,25 +104,60 @@ void SetStops(QGradient& Gradient, const QGradientStops& Stops) {
   Gradient.setStops(Stops);
 }
 
-QBrush WithCountablePeriods(const QBrush& Brush, const QTransform& ToPage, const QRectF& Page) {
-  constexpr double Most = 1000, Farthest = 1e5, Least = 1e-9;  // periods
-  if (Brush.style() != Qt::LinearGradientPattern || Brush.gradient()->spread() == QGradient::PadSpread) return Brush;
+namespace {
+
+bool IsRepeated(const QBrush& Brush) {
+  return Brush.style() == Qt::LinearGradientPattern && Brush.gradient()->spread() == QGradient::RepeatSpread;
+}
+
+/// Where along a linear gradient a box begins and ends, in periods; infinite where nothing can be said. To leads from
+/// the shapes to the box.
+std::pair<double, double> PlacesOf(const QBrush& Brush, const QTransform& To, const QRectF& Box) {
   const auto& Gradient = *static_cast<const QLinearGradient*>(Brush.gradient());
   const QPointF Way = Gradient.finalStop() - Gradient.start();
   const double Square = QPointF::dotProduct(Way, Way);
+  constexpr double Infinity = std::numeric_limits<double>::infinity();
+  std::pair Result(Infinity, -Infinity);
   bool IsInvertible = false;
-  const QTransform FromPage = (Brush.transform() * ToPage).inverted(&IsInvertible);
-  std::vector<double> Places;
-  for (const QPointF& Corner : {Page.topLeft(), Page.topRight(), Page.bottomRight(), Page.bottomLeft()})
-    Places.push_back(QPointF::dotProduct(FromPage.map(Corner) - Gradient.start(), Way) / Square);
-  const auto [First, Last] = std::ranges::minmax_element(Places);
-  const bool IsCountable =
-      IsInvertible && std::ranges::all_of(Places, [](double Place) { return std::abs(Place) <= Farthest; });
-  if (!IsCountable || *Last - *First > Most) return QBrush(Average(Gradient.stops()));
-  if (*Last - *First > Least) return Brush;
+  const QTransform From = (Brush.transform() * To).inverted(&IsInvertible);
+  for (const QPointF& Corner : {Box.topLeft(), Box.topRight(), Box.bottomRight(), Box.bottomLeft()}) {
+    const double Place = QPointF::dotProduct(From.map(Corner) - Gradient.start(), Way) / Square;
+    if (!IsInvertible || !std::isfinite(Place)) return {-Infinity, Infinity};
+    Result = {std::min(Result.first, Place), std::max(Result.second, Place)};
+  }
+  return Result;
+}
+
+}  // namespace
+
+QBrush WithCountablePeriods(const QBrush& Brush, const QTransform& ToPage, const QRectF& Page) {
+  constexpr double Most = 1000, Farthest = 1e5, Least = 1e-9;  // periods
+  if (Brush.style() != Qt::LinearGradientPattern || Page.isEmpty()) return Brush;
+  const bool Repeats = IsRepeated(Brush);
+  const QGradientStops Colors = Brush.gradient()->stops();
+  const auto [First, Last] = PlacesOf(Brush, ToPage, Page);
+  const bool IsCountable = std::abs(First) <= Farthest && std::abs(Last) <= Farthest;
+  if (!IsCountable || (Repeats && Last - First > Most)) return QBrush(Average(Colors));
+  if (Last - First > Least) return Brush;
   std::vector<TGradientStop> Stops;
-  for (const auto& [Position, Color] : Gradient.stops()) Stops.push_back({static_cast<float>(Position), Color.rgba()});
-  return QBrush(QColor::fromRgba(ColorAt(Stops, static_cast<float>(*First - std::floor(*First)))));
+  for (const auto& [Position, Color] : Colors) Stops.push_back({static_cast<float>(Position), Color.rgba()});
+  const double Middle = (First + Last) / 2;
+  const double Place = Repeats ? Middle - std::floor(Middle) : std::clamp(Middle, 0.0, 1.0);
+  return QBrush(QColor::fromRgba(ColorAt(Stops, static_cast<float>(Place))));
+}
+
+QBrush WithOnePeriod(const QBrush& Brush, const QRectF& Box, const QTransform& ToPixels) {
+  constexpr double HalfPixel = 0.501, Most = 0.25;  // pixels, and periods
+  if (!IsRepeated(Brush) || Box.isEmpty()) return Brush;
+  const auto [First, Last] = PlacesOf(Brush, {}, Box);
+  const auto [Left, Right] = PlacesOf(Brush, ToPixels, QRectF(0, 0, 1, 1));  // of a pixel
+  const double Beside = std::min(HalfPixel * (Right - Left), Most);
+  if (!(First >= -Beside && Last <= 1 + Beside)) return Brush;
+  QLinearGradient Once = *static_cast<const QLinearGradient*>(Brush.gradient());
+  Once.setSpread(QGradient::PadSpread);
+  QBrush Result(Once);
+  Result.setTransform(Brush.transform());
+  return Result;
 }
 
 }  // namespace zy

@@ -36,4 +36,9 @@ void SetStops(QGradient& Gradient, const QGradientStops& Stops);
 /// brush stays as it is.
 QBrush WithCountablePeriods(const QBrush& Brush, const QTransform& ToPage, const QRectF& Page);
 
+/// The brush for a shape within a box, to which it leads, with pixels of ToPixels. A linear gradient of which the shape
+/// has one period at most need not repeat. Where it did, the half pixel by which boxes and gradients lie apart would
+/// be a line of the other end's colour along the shape's edge.
+QBrush WithOnePeriod(const QBrush& Brush, const QRectF& Box, const QTransform& ToPixels);
+
 }  // namespace zy

@@ -4,13 +4,14 @@
 #include <QTransform>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/drawing/GradientStops.h"
 #include "platform/drawing/QtGeometry.h"
 
 namespace zy {
 
-TLinearPaint::TLinearPaint(const LinearGradientBrush& Brush, const QTransform& ToDevice) {
+TLinearPaint::TLinearPaint(const LinearGradientBrush& Brush, const QTransform& ToDevice, const QRectF& Box) {
   const QPointF Start = AsQt(Brush.GetStart()), Way = AsQt(Brush.GetStop()) - Start;
   const double Square = QPointF::dotProduct(Way, Way);
   bool Invertible = false;
@@ -21,8 +22,24 @@ TLinearPaint::TLinearPaint(const LinearGradientBrush& Brush, const QTransform& T
   const auto PlaceOf = [&](const QPointF& Pixel) {
     return QPointF::dotProduct(FromDevice.map(Pixel) - Start, Way) / Square;
   };
-  const double Origin = PlaceOf({0.5, 0.5}), AlongX = PlaceOf({1.5, 0.5}) - Origin;
-  const double AlongY = PlaceOf({0.5, 1.5}) - Origin, Finest = std::hypot(AlongX, AlongY);
+  double Origin = PlaceOf({0.5, 0.5}), AlongX = PlaceOf({1.5, 0.5}) - Origin, AlongY = PlaceOf({0.5, 1.5}) - Origin;
+  const double Pixel = std::min(std::abs(AlongX) + std::abs(AlongY), 0.25);
+  double First = 0, Last = 1;
+  if (!Box.isEmpty()) {
+    const double Left = std::floor(Box.left()), Right = std::ceil(Box.right()) - 1;
+    const double Top = std::floor(Box.top()), Bottom = std::ceil(Box.bottom()) - 1;
+    for (const auto& [X, Y] : {std::pair(Left, Top), {Right, Top}, {Right, Bottom}, {Left, Bottom}}) {
+      const double Place = Origin + X * AlongX + Y * AlongY;
+      First = std::min(First, Place);
+      Last = std::max(Last, Place);
+    }
+  }
+  if (First > -Pixel && Last < 1 + Pixel) {
+    Origin = (Origin - First) / (Last - First);
+    AlongX /= Last - First;
+    AlongY /= Last - First;
+  }
+  const double Finest = std::hypot(AlongX, AlongY);
   constexpr double StepsPerPixel = 8;
   while (FSteps < MostSteps && FSteps * Finest < StepsPerPixel) FSteps *= 2;
   // Stretched by a hair about its middle: pixels whose centres lie on its very ends have its first and its last colour.

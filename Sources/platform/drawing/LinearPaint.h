@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRectF>
 #include <array>
 
 #include "platform/drawing/Brush.h"
@@ -13,8 +14,9 @@ namespace zy {
 /// takes longer than the drawing for all but the largest shapes.
 class TLinearPaint : public TRasterPaint {
  public:
-  /// ToDevice takes the brush's coordinates to stored pixels.
-  TLinearPaint(const LinearGradientBrush& Brush, const QTransform& ToDevice);
+  /// ToDevice takes the brush's coordinates to stored pixels. Where Box, in such pixels, has one period at most, the
+  /// gradient is widened by the part of a pixel by which it would begin anew at an edge.
+  TLinearPaint(const LinearGradientBrush& Brush, const QTransform& ToDevice, const QRectF& Box = {});
   bool IsUpright() const override { return FAlongY == 0; }
   bool IsLevel() const override { return FAlongX == 0; }
   void Fetch(int X, int Y, int Count, std::uint32_t* Pixels) const override;

@@ -10,6 +10,7 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/GradientStops.h"
+#include "platform/drawing/KeptSegments.h"
 #include "platform/drawing/LineCaps.h"
 #include "platform/drawing/PainterShapes.h"
 #include "platform/drawing/Pen.h"
@@ -28,7 +29,24 @@ QPointF WithWholePixel(const QPointF& End, const QPointF& Before) {
   return Longest > 0 ? End + Way * (0.5 / Longest) : End;
 }
 
+thread_local int Painting = 0;  // backends of the thread
+
 }  // namespace
+
+/// Each paint of a window is glad of the memory of the last one. That of a poster may be many times what the program
+/// needs otherwise, and goes as soon as the thread paints something smaller.
+void TPainterBackend::ReleasePoster(const QImage& Picture) {
+  constexpr std::int64_t LargestScreen = 1 << 24;  // pixels
+  thread_local bool WasPoster = false;
+  const bool IsPoster = std::int64_t{Picture.width()} * Picture.height() > LargestScreen;
+  if (WasPoster && !IsPoster) {
+    TZyRaster::ReleaseMemory();
+    TRasterSum::ReleaseMemory();
+    TClipMask::ReleaseMemory();
+    OwnSegments() = {};
+  }
+  WasPoster = IsPoster;
+}
 
 TPainterBackend::TPainterBackend(Bitmap& Target)
     : FOwnPainter(std::make_unique<QPainter>(&Target.ToQt())), FPainter(FOwnPainter.get()) {
@@ -40,16 +58,12 @@ TPainterBackend::TPainterBackend(QPainter& Target) : FPainter(&Target) { Begin()
 TPainterBackend::~TPainterBackend() {
   Settle();
   FPainter->restore();
-  // The next paint of a screen is glad of the memory; that of a poster may be many times what the program needs.
-  constexpr std::int64_t LargestScreen = 1 << 24;  // pixels
-  if (std::int64_t{FOuterBox.Right - FOuterBox.Left} * (FOuterBox.Bottom - FOuterBox.Top) <= LargestScreen) return;
-  TZyRaster::ReleaseMemory();
-  TRasterSum::ReleaseMemory();
-  TClipMask::ReleaseMemory();
+  --Painting;
 }
 
 // The painter as it came stays on its own stack throughout: its clip cannot be widened, only gone back to.
 void TPainterBackend::Begin() {
+  ++Painting;
   FBase = std::make_unique<QTransform>(FPainter->worldTransform());
   FDeviceBase = std::make_unique<QTransform>(FPainter->deviceTransform());
   FPainter->save();
@@ -66,6 +80,7 @@ void TPainterBackend::Begin() {
   }
   FClipBox = FOuterBox;
   FImage = Picture;
+  if (Painting == 1) ReleasePoster(*Picture);  // stamps are made within a paint
 }
 
 QTransform TPainterBackend::WorldTransform(const TDrawState& State, TGrid Grid) const {
@@ -168,15 +183,18 @@ void TPainterBackend::PaintLayer(const TDrawState& State, TGrid Grid, const std:
       .FillPolygon(Corners, true, TPicturePaint(std::move(Layer), FClipBox.Left, FClipBox.Top));
 }
 
-namespace {
-
-/// Moves what has its colours at the centres of pixels to where boxes count from.
-QTransform ToCorners(const TDrawState& State) {
-  const QTransform Transform = AsQt(State.Transform);
-  return Transform * QTransform::fromTranslate(0.5, 0.5) * Transform.inverted();
+/// The same for gradients, which have their colours at the centres of pixels for boxes, too.
+QTransform TPainterBackend::GradientTransform(const TDrawState& State, TGrid Grid) const {
+  if (Grid == TGrid::Centers) return AsQt(DeviceTransform(State, Grid));
+  return AsQt(State.Transform) * *FDeviceBase * QTransform::fromTranslate(0.5, 0.5);
 }
 
-}  // namespace
+/// Moves what has its colours at the centres of pixels to where boxes count from. Pages have the pixels that they show
+/// to the program.
+QTransform TPainterBackend::ToCorners(const TDrawState& State) const {
+  const QTransform Transform = FImage != nullptr ? AsQt(State.Transform) * *FDeviceBase : AsQt(State.Transform);
+  return Transform * QTransform::fromTranslate(0.5, 0.5) * Transform.inverted();
+}
 
 /// The toolkit's brush for a painter under the state's transform, within a box in its coordinates. Hatches keep to the
 /// pixels whatever the transform; gradients have their colours at the centres of pixels for boxes, too.
@@ -192,12 +210,13 @@ QBrush TPainterBackend::BrushOf(const TDrawState& State, TGrid Grid, const Brush
   }
   if (FImage != nullptr) return Result;
   const QPaintDevice& Page = *FPainter->device();
-  return WithCountablePeriods(Result, WorldTransform(State, Grid), QRectF(0, 0, Page.width(), Page.height()));
+  return WithCountablePeriods(WithOnePeriod(Result, AsQt(Box), AsQt(State.Transform)),
+                              AsQt(DeviceTransform(State, Grid)), QRectF(0, 0, Page.width(), Page.height()));
 }
 
-/// Fills an empty picture, which lies at ToPicture, seen from the state's coordinates.
+/// Fills an empty picture, which lies at ToPicture, seen from the state's coordinates. Box is what the brush is for.
 void TPainterBackend::PaintBrush(QImage& Picture, const QTransform& ToPicture, const TDrawState& State, TGrid Grid,
-                                 const Brush& Brush) const {
+                                 const Brush& Brush, const RectF& Box) const {
   bool Invertible = false;
   const QRectF Whole = ToPicture.inverted(&Invertible).mapRect(QRectF(Picture.rect())).adjusted(-1, -1, 1, 1);
   if (!Invertible) return;
@@ -206,7 +225,7 @@ void TPainterBackend::PaintBrush(QImage& Picture, const QTransform& ToPicture, c
   QPainter Painter(&Picture);
   Painter.setRenderHint(QPainter::SmoothPixmapTransform, !IsHatch(Brush));
   Painter.setWorldTransform(ToPicture);
-  Painter.fillRect(Whole, BrushOf(State, Grid, Brush, FromQt(Whole)));
+  Painter.fillRect(Whole, BrushOf(State, Grid, Brush, Box));
 }
 
 void TPainterBackend::Draw(const TDrawState& State, const Pen& Pen, const TShape& Shape) {
@@ -267,7 +286,8 @@ bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush,
   const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
   constexpr double Finer = 3, LargestSide = 3000;  // pixels of the picture
   const QPainterPath Outline = Shape.AsPath().ToQt();
-  QRectF Box = Outline.boundingRect();
+  const QRectF Extent = Outline.boundingRect();
+  QRectF Box = Extent;
   // Some viewers stretch pictures to whole pixels; this one is some at the page's own size.
   const double Offset = Grid == TGrid::Centers ? 0.5 : 0.0;
   const QTransform ToPage = AsQt(State.Transform) * QTransform::fromTranslate(Offset, Offset);
@@ -285,7 +305,7 @@ bool TPainterBackend::FillByPicture(const TDrawState& State, const Brush& Brush,
   const QTransform ToPicture = QTransform::fromTranslate(-Box.left(), -Box.top()) *
                                QTransform::fromScale(Picture.width() / std::max(Box.width(), 1 / Scale),
                                                      Picture.height() / std::max(Box.height(), 1 / Scale));
-  PaintBrush(Picture, ToPicture, State, Grid, Brush);
+  PaintBrush(Picture, ToPicture, State, Grid, Brush, FromQt(Extent));
   PaintWithPainter(State, Grid, [&](QPainter& Painter) {
     Painter.save();
     Painter.setClipPath(Outline, Qt::IntersectClip);
@@ -304,7 +324,8 @@ void TPainterBackend::Fill(const TDrawState& State, const Brush& Brush, const TS
   const TGrid Grid = Shape.Kind == TShape::Rectangle ? TGrid::Corners : TGrid::Centers;
   PaintWithPainter(State, Grid, [&](QPainter& Painter) {
     if (!IsSolid(Brush)) Painter.setRenderHint(QPainter::SmoothPixmapTransform, !IsHatch(Brush));
-    const QBrush Fill = BrushOf(State, Grid, Brush, {});
+    const bool NeedsBox = FImage == nullptr && IsGradient(Brush);
+    const QBrush Fill = BrushOf(State, Grid, Brush, NeedsBox ? FromQt(Shape.AsPath().ToQt().boundingRect()) : RectF{});
     if (Shape.Kind == TShape::Rectangle) return Painter.fillRect(AsQt(Shape.Rect), Fill);
     Painter.setPen(Qt::NoPen);
     Painter.setBrush(Fill);

@@ -78,9 +78,13 @@ class TPainterBackend : public TGraphicsBackend {
     Paint(PreparedPainter(State, Grid));
   }
   void PaintLayer(const TDrawState& State, TGrid Grid, const std::function<void(QPainter&)>& Paint);
+  static void ReleasePoster(const QImage& Picture);
+  static TKeptSegments& OwnSegments();
+  QTransform GradientTransform(const TDrawState& State, TGrid Grid) const;
+  QTransform ToCorners(const TDrawState& State) const;
   QBrush BrushOf(const TDrawState& State, TGrid Grid, const Brush& Brush, const RectF& Box) const;
-  void PaintBrush(QImage& Picture, const QTransform& ToPicture, const TDrawState& State, TGrid Grid,
-                  const Brush& Brush) const;
+  void PaintBrush(QImage& Picture, const QTransform& ToPicture, const TDrawState& State, TGrid Grid, const Brush& Brush,
+                  const RectF& Box) const;
   bool NeedsPicture(const Brush& Brush) const;
   void ClearThroughMask(ARGB Color);
   std::unique_ptr<TRasterPaint> PictureOf(const TDrawState& State, TGrid Grid, const Brush& Brush, TRasterRect Box);

@@ -45,7 +45,7 @@ class TPainterBackend::TInk {
     if (const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush))
       FSolid.emplace(Solid->GetColor());
     else if (const auto* const Linear = dynamic_cast<const LinearGradientBrush*>(&Brush))
-      FOther = std::make_unique<TLinearPaint>(*Linear, AsQt(Backend.DeviceTransform(State, TGrid::Centers)));
+      FOther = std::make_unique<TLinearPaint>(*Linear, Backend.GradientTransform(State, Grid));
     else if (const auto* const Path = dynamic_cast<const PathGradientBrush*>(&Brush); Path != nullptr && !Path->IsFan())
       FOther = std::make_unique<TRadialPaint>(*Path, AsQt(Backend.DeviceTransform(State, Grid)));
     else
@@ -67,7 +67,7 @@ std::unique_ptr<TRasterPaint> TPainterBackend::PictureOf(const TDrawState& State
   Picture.fill(0);
   ClearWideRegisters();
   PaintBrush(Picture, AsQt(DeviceTransform(State, Grid)) * QTransform::fromTranslate(-Box.Left, -Box.Top), State, Grid,
-             Brush);
+             Brush, {});
   return std::make_unique<TPicturePaint>(std::move(Picture), Box.Left, Box.Top);
 }
 
@@ -216,7 +216,7 @@ bool TPainterBackend::FillBox(const TDrawState& State, const Brush& Brush, const
     Raster.FillBox(Box.left(), Box.top(), Box.right(), Box.bottom(), Solid->GetColor());
   else
     Raster.FillBox(Box.left(), Box.top(), Box.right(), Box.bottom(),
-                   TLinearPaint(*Linear, AsQt(DeviceTransform(State, TGrid::Centers))));
+                   TLinearPaint(*Linear, GradientTransform(State, Grid), Box));
   return true;
 }
 

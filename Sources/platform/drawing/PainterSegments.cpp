@@ -175,6 +175,12 @@ bool TKeptSegments::TLook::operator==(const TLook& Other) const {
          Box.Right == Other.Box.Right && Box.Bottom == Other.Box.Bottom && Width == Other.Width && Alpha == Other.Alpha;
 }
 
+/// The thread's, for whoever keeps none: it is there for its memory.
+TKeptSegments& TPainterBackend::OwnSegments() {
+  thread_local TKeptSegments Result;
+  return Result;
+}
+
 bool TPainterBackend::DrawSegments(const TDrawState& State, const Pen& Pen, std::span<const PointF> Ends,
                                    TKeptSegments* Kept) {
   const QTransform Transform = AsQt(DeviceTransform(State, TGrid::Centers));
@@ -205,8 +211,7 @@ bool TPainterBackend::DrawSegments(const TDrawState& State, const Pen& Pen, std:
     DrawAll(Drawer);
     return true;
   }
-  thread_local TKeptSegments Scratch;  // kept for its memory
-  TKeptSegments& Sums = Kept != nullptr ? *Kept : Scratch;
+  TKeptSegments& Sums = Kept != nullptr ? *Kept : OwnSegments();
   if (Kept == nullptr) Sums.Clear();
   const TKeptSegments::TLook Look{FromQt(Transform), Clip.Box, Used->Width,
                                   static_cast<std::uint8_t>(Used->Color >> 24)};

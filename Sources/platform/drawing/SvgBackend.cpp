@@ -11,6 +11,7 @@
 #include "platform/drawing/Bitmap.h"
 #include "platform/drawing/Brush.h"
 #include "platform/drawing/Font.h"
+#include "platform/drawing/GradientStops.h"
 #include "platform/drawing/LineCaps.h"
 #include "platform/drawing/Pen.h"
 #include "platform/drawing/QtGeometry.h"
@@ -143,7 +144,8 @@ std::string TSvgBackend::PaintOf(const TDrawState& State, float Offset, const Br
                                  std::string_view Role) {
   if (const auto* const Solid = dynamic_cast<const SolidBrush*>(&Brush))
     return ColorAttributes(Role, std::string(Role) + "-opacity", Solid->GetColor());
-  QBrush Fill = Brush.ToQt(Box);
+  constexpr double Room = 2;  // for what is painted as a picture
+  QBrush Fill = Brush.ToQt(FromQt(AsQt(Box).adjusted(-Room, -Room, Room, Room)));
   const QTransform Transform = AsQt(State.Transform);
   const bool IsHatch = dynamic_cast<const HatchBrush*>(&Brush) != nullptr;
   if (IsHatch) {
@@ -151,14 +153,17 @@ std::string TSvgBackend::PaintOf(const TDrawState& State, float Offset, const Br
   } else if (Offset == AtCorners) {  // colours lie at the centres of pixels, for boxes too
     Fill.setTransform(Fill.transform() * Transform * QTransform::fromTranslate(0.5, 0.5) * Transform.inverted());
   }
+  Fill = WithOnePeriod(Fill, AsQt(Box), Transform);
   const std::string Space =
       Attribute("gradientUnits", "userSpaceOnUse") + TransformAttribute("gradientTransform", Fill.transform());
   std::string Id;
   if (Fill.style() == Qt::LinearGradientPattern) {
     const auto& Gradient = *static_cast<const QLinearGradient*>(Fill.gradient());
+    const bool Repeats = Gradient.spread() == QGradient::RepeatSpread;
     Id = Define("linearGradient",
-                Space + Attribute("spreadMethod", "repeat") + Attribute("x1", Number(Gradient.start().x())) +
-                    Attribute("y1", Number(Gradient.start().y())) + Attribute("x2", Number(Gradient.finalStop().x())) +
+                Space + Attribute("spreadMethod", Repeats ? "repeat" : "pad") +
+                    Attribute("x1", Number(Gradient.start().x())) + Attribute("y1", Number(Gradient.start().y())) +
+                    Attribute("x2", Number(Gradient.finalStop().x())) +
                     Attribute("y2", Number(Gradient.finalStop().y())),
                 StopsText(Gradient.stops()));
   } else if (Fill.style() == Qt::RadialGradientPattern) {
@@ -260,7 +265,7 @@ void TSvgBackend::Draw(const TDrawState& State, const Pen& Pen, const TShape& Sh
 void TSvgBackend::DrawPlain(const TDrawState& State, const Pen& Pen, const GraphicsPath& Path) {
   constexpr const char* Joins[] = {"miter", "bevel", "round"};
   const float Width = Pen.EffectiveWidth();
-  const float Room = Width * std::max(Pen.GetMiterLimit(), 2.0f) / 2 + 2;  // for caps and mitres
+  const float Room = Width * std::max(Pen.GetMiterLimit(), 2.0f) / 2;  // for caps and mitres
   const QRectF Box = Path.ToQt().boundingRect().adjusted(-Room, -Room, Room, Room);
   std::string Look = Attribute("fill", "none") + PaintOf(State, AtCenters, Pen.GetBrush(), FromQt(Box), "stroke") +
                      Attribute("stroke-width", Number(Width));
@@ -281,8 +286,7 @@ void TSvgBackend::Fill(const TDrawState& State, const Brush& Brush, const TShape
   const QPainterPath Path = Shape.AsPath().ToQt();
   Add(State, "<path" + Attribute("d", PathText(Path)) + FillRule(Path) +
                  TransformAttribute("transform", PlaceOf(State, Offset)) +
-                 PaintOf(State, Offset, Brush, FromQt(Path.boundingRect().adjusted(-2, -2, 2, 2)), "fill") +
-                 Crispness(State) + "/>");
+                 PaintOf(State, Offset, Brush, FromQt(Path.boundingRect()), "fill") + Crispness(State) + "/>");
 }
 
 void TSvgBackend::DrawImage(const TDrawState& State, const Bitmap& Picture, const RectF& To, const RectF& From) {
