@@ -110,19 +110,22 @@ bool IsRepeated(const QBrush& Brush) {
   return Brush.style() == Qt::LinearGradientPattern && Brush.gradient()->spread() == QGradient::RepeatSpread;
 }
 
-/// Where along a linear gradient a box begins and ends, in periods; infinite where nothing can be said. To leads from
-/// the shapes to the box.
+/// Where along a linear gradient a box begins and ends, in periods; infinite where nothing can be said, as under a
+/// transform so steep that there is no way back. To leads from the shapes to the box.
 std::pair<double, double> PlacesOf(const QBrush& Brush, const QTransform& To, const QRectF& Box) {
   const auto& Gradient = *static_cast<const QLinearGradient*>(Brush.gradient());
   const QPointF Way = Gradient.finalStop() - Gradient.start();
   const double Square = QPointF::dotProduct(Way, Way);
-  constexpr double Infinity = std::numeric_limits<double>::infinity();
+  constexpr double Infinity = std::numeric_limits<double>::infinity(), Exact = 1e-3;
   std::pair Result(Infinity, -Infinity);
+  const QTransform There = Brush.transform() * To;
   bool IsInvertible = false;
-  const QTransform From = (Brush.transform() * To).inverted(&IsInvertible);
+  const QTransform Back = There.inverted(&IsInvertible);
   for (const QPointF& Corner : {Box.topLeft(), Box.topRight(), Box.bottomRight(), Box.bottomLeft()}) {
-    const double Place = QPointF::dotProduct(From.map(Corner) - Gradient.start(), Way) / Square;
-    if (!IsInvertible || !std::isfinite(Place)) return {-Infinity, Infinity};
+    const QPointF Point = Back.map(Corner), Missed = There.map(Point) - Corner;
+    const double Place = QPointF::dotProduct(Point - Gradient.start(), Way) / Square;
+    const bool IsBack = IsInvertible && Missed.manhattanLength() <= Exact * (Box.width() + Box.height());
+    if (!IsBack || !std::isfinite(Place)) return {-Infinity, Infinity};
     Result = {std::min(Result.first, Place), std::max(Result.second, Place)};
   }
   return Result;
