@@ -33,7 +33,7 @@ void SetStops(QGradient& Gradient, const QGradientStops& Stops);
 /// The brush for a page to which ToPage leads from the shapes. The toolkit writes down each period of a gradient on the
 /// whole of a page, and fails where it can tell no part of one: one with more of them than anybody could tell apart
 /// becomes its colour on average, one that changes nowhere on the page the colour that it has there, and any other
-/// brush stays as it is.
+/// brush stays as it is, as all do for a page without a size.
 QBrush WithCountablePeriods(const QBrush& Brush, const QTransform& ToPage, const QRectF& Page);
 
 /// The brush for a shape within a box, to which it leads, with pixels of ToPixels. A linear gradient of which the shape

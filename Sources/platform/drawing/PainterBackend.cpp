@@ -183,7 +183,7 @@ void TPainterBackend::PaintLayer(const TDrawState& State, TGrid Grid, const std:
       .FillPolygon(Corners, true, TPicturePaint(std::move(Layer), FClipBox.Left, FClipBox.Top));
 }
 
-/// The same for gradients, which have their colours at the centres of pixels for boxes, too.
+/// DeviceTransform for gradients, which have their colours at the centres of pixels for boxes, too.
 QTransform TPainterBackend::GradientTransform(const TDrawState& State, TGrid Grid) const {
   if (Grid == TGrid::Centers) return AsQt(DeviceTransform(State, Grid));
   return AsQt(State.Transform) * *FDeviceBase * QTransform::fromTranslate(0.5, 0.5);
